@@ -1,0 +1,4 @@
+#pragma once
+
+/// @file
+/// Every public header of the library.

@@ -1,0 +1,131 @@
+#include "camdata/platform/FixedPoint.h"
+
+#include <array>
+#include <charconv>
+#include <cmath>
+#include <limits>
+#include <string>
+
+namespace camdata::detail {
+namespace {
+
+constexpr std::array kPowersOfTen = {1.0, 10.0, 100.0, 1e3, 1e4, 1e5, 1e6};
+constexpr double kFastLimit = 1e9;
+
+/// No double has more decimals than this.
+constexpr int kMostDecimals = 1100;
+
+/// a * b - product, exactly, for a product that neither overflows nor underflows. Not std::fma:
+/// some C libraries compute that with too few bits.
+double ProductError(double a, double b, double product) {
+    constexpr double kSplit = 134217729.0;  // 2^27 + 1
+    const double aHigh = kSplit * a - (kSplit * a - a);
+    const double bHigh = kSplit * b - (kSplit * b - b);
+    const double aLow = a - aHigh;
+    const double bLow = b - bHigh;
+    return ((aHigh * bHigh - product) + aHigh * bLow + aLow * bHigh) + aLow * bLow;
+}
+
+/// The double that a run of digits with at most one point stands for.
+double ReadDigits(const std::string& digits) {
+    double value = 0.0;
+    const auto result = std::from_chars(
+        digits.data(), digits.data() + digits.size(), value, std::chars_format::fixed);
+    if (result.ec != std::errc::result_out_of_range)
+        return value;
+    const bool isLarge = digits.find_first_of("123456789") < digits.find('.');
+    return isLarge ? std::numeric_limits<double>::infinity() : 0.0;
+}
+
+double RoundByText(double value, int decimals) {
+    std::string text(static_cast<std::size_t>(decimals) + 330, '\0');
+    const auto end = std::to_chars(text.data(),
+                                   text.data() + text.size(),
+                                   std::abs(value),
+                                   std::chars_format::fixed,
+                                   decimals);
+    text.resize(static_cast<std::size_t>(end.ptr - text.data()));
+    return std::copysign(ReadDigits(text), value);
+}
+
+wchar_t Lowered(wchar_t c) {
+    return c >= L'A' && c <= L'Z' ? static_cast<wchar_t>(c - L'A' + L'a') : c;
+}
+
+bool BeginsWithWord(std::wstring_view text, std::wstring_view word) {
+    if (text.size() < word.size())
+        return false;
+    for (std::size_t i = 0; i < word.size(); ++i) {
+        if (Lowered(text[i]) != word[i])
+            return false;
+    }
+    return true;
+}
+
+/// The digits and the point at the beginning of `text`.
+std::string TakeDigits(std::wstring_view text) {
+    std::string digits;
+    bool hasPoint = false;
+    for (const wchar_t c : text) {
+        const bool isPoint = c == L'.' && !hasPoint;
+        if (!isPoint && (c < L'0' || c > L'9'))
+            break;
+        hasPoint = hasPoint || isPoint;
+        digits.push_back(static_cast<char>(c));
+    }
+    return digits;
+}
+
+ParsedNumber ParseUnsigned(std::wstring_view text) {
+    if (BeginsWithWord(text, L"nan"))
+        return {std::numeric_limits<double>::quiet_NaN(), 3};
+    if (BeginsWithWord(text, L"inf"))
+        return {std::numeric_limits<double>::infinity(), 3};
+    const std::string digits = TakeDigits(text);
+    if (digits.find_first_not_of('.') == std::string::npos)
+        return {};
+    return {ReadDigits(digits), digits.size()};
+}
+
+}  // namespace
+
+std::optional<double> ScaledToWhole(double value, int decimals) {
+    if (decimals < 0 || decimals >= static_cast<int>(kPowersOfTen.size()) ||
+        !(std::abs(value) < kFastLimit))
+        return std::nullopt;
+    const double scale = kPowersOfTen[static_cast<std::size_t>(decimals)];
+    const double product = value * scale;
+    const double whole = std::nearbyint(product);
+    const double rest = product - whole;
+    if (std::abs(rest) != 0.5)
+        return whole;
+    // The product only looks like a tie: its rounding error tells on which side the exact value
+    // lies.
+    const double error = ProductError(value, scale, product);
+    return error != 0.0 && (error > 0.0) == (rest > 0.0) ? whole + 2.0 * rest : whole;
+}
+
+double RoundToDecimals(double value, int decimals) {
+    if (decimals < 0)
+        decimals = 0;
+    if (const auto whole = ScaledToWhole(value, decimals))
+        return *whole / kPowersOfTen[static_cast<std::size_t>(decimals)];
+    const bool hasFraction = std::abs(value) < 0x1p53;
+    return hasFraction && decimals <= kMostDecimals ? RoundByText(value, decimals) : value;
+}
+
+ParsedNumber ParseNumber(std::wstring_view text) {
+    const std::size_t start = text.find_first_not_of(L' ');
+    if (start == std::wstring_view::npos)
+        return {};
+    const bool hasSign = text[start] == L'-' || text[start] == L'+';
+    ParsedNumber number = ParseUnsigned(text.substr(start + (hasSign ? 1 : 0)));
+    if (number.length == 0)
+        return {};
+    number.length += start + (hasSign ? 1 : 0);
+    if (text[start] == L'-')
+        number.value = -number.value;
+    return number;
+}
+
+}  // namespace camdata::detail

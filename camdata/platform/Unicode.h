@@ -1,0 +1,33 @@
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+/// @file
+/// Conversions between wide text (UTF-16 where wchar_t has two bytes, else UTF-32) and bytes.
+
+namespace camdata::detail {
+
+inline constexpr char32_t kReplacementCharacter = 0xFFFD;
+
+/// One code point and the bytes that it was read from.
+struct DecodedCharacter {
+    char32_t codePoint;
+    std::size_t bytes;
+};
+
+/// Reads the first code point of `bytes`, which must not be empty. What is not UTF-8 (overlong
+/// forms and surrogates included) gives U+FFFD and one byte.
+DecodedCharacter DecodeUtf8(std::string_view bytes);
+
+/// Appends a code point; beyond U+FFFF as two halves where wchar_t has two bytes.
+void AppendWide(std::wstring& text, char32_t codePoint);
+
+std::wstring WideFromUtf8(std::string_view bytes);
+/// Half surrogates become U+FFFD.
+std::string Utf8FromWide(std::wstring_view text);
+/// The platform's narrow characters: the ANSI code page on Windows, UTF-8 elsewhere.
+std::string NarrowFromWide(std::wstring_view text);
+
+}  // namespace camdata::detail

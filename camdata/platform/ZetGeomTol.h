@@ -1,0 +1,15 @@
+#pragma once
+
+#include "camdata/platform/Export.h"
+#include "camdata/platform/ZetGeomVector2d.h"
+#include "camdata/platform/ZetGeomVector3d.h"
+
+/// A relative tolerance of directions. It never reads CMxGeom's current tolerance.
+struct CAMDATA_API ZetGeomTol {
+    double relative = 1e-6;
+
+    /// True when |a x b| <= relative * |a| * |b|. A zero vector is parallel to everything;
+    /// opposite directions are parallel.
+    bool areParallel(const ZetGeomVector2d& a, const ZetGeomVector2d& b) const;
+    bool areParallel(const ZetGeomVector3d& a, const ZetGeomVector3d& b) const;
+};

@@ -1,0 +1,17 @@
+#pragma once
+
+#include "camdata/platform/ZetString.h"
+
+/// The header of one member's NC data. A plain value; lengths in mm.
+struct ZetNCHeaderData {
+    ZetString drawingNumber;
+    ZetString mark;  ///< part number
+    long quantity = 0;
+    ZetString profileName;
+    ZetString profileCode;  ///< the NC format's code of the profile's kind, for example "SO"
+    double length = 0.0;
+    double sawLength = 0.0;  ///< length between the theoretical points of the cuts; 0: not given
+    double height = 0.0;
+    double width = 0.0;
+    double thickness = 0.0;
+};

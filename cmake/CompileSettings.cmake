@@ -1,0 +1,28 @@
+# Warnings and code generation of every target of this project, carried by one interface target.
+add_library(camdata_compile_settings INTERFACE)
+target_compile_features(camdata_compile_settings INTERFACE cxx_std_20)
+target_compile_options(camdata_compile_settings INTERFACE
+    -Wall -Wextra -Wconversion -Wshadow
+    $<$<BOOL:${CAMDATA_WERROR}>:-Werror>
+    # The same bits on every processor: no fused multiply-add behind the program's back.
+    -ffp-contract=off
+    # __FILE__ in assertions is relative to the source tree.
+    -ffile-prefix-map=${PROJECT_SOURCE_DIR}/=)
+if(WIN32)
+    target_compile_definitions(camdata_compile_settings INTERFACE
+        UNICODE _UNICODE _WIN32_WINNT=0x0601 WIN32_LEAN_AND_MEAN NOMINMAX)
+    # Nothing but system DLLs to ship.
+    target_link_options(camdata_compile_settings INTERFACE -static)
+endif()
+
+set(CMAKE_CXX_EXTENSIONS OFF)
+set(CMAKE_CXX_VISIBILITY_PRESET hidden)
+set(CMAKE_VISIBILITY_INLINES_HIDDEN ON)
+set(CMAKE_POSITION_INDEPENDENT_CODE ON)
+set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
+set(CMAKE_RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/bin)
+if(WIN32)
+    set(CMAKE_LIBRARY_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/bin)
+else()
+    set(CMAKE_LIBRARY_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/lib)
+endif()
