@@ -1,0 +1,36 @@
+#pragma once
+
+#include "dstv/NcNote.h"
+#include "dstv/NcPart.h"
+
+#include <cstddef>
+#include <filesystem>
+#include <string_view>
+#include <variant>
+
+namespace dstv {
+
+/// Limits against hostile files; a file beyond one of them is refused with the line.
+inline constexpr std::size_t kMaxFileBytes = 64u << 20;
+/// Magnitude of any number, mm or degrees.
+inline constexpr double kMaxNumber = 1e9;
+/// Points of all outlines of one file, chords of arcs included.
+inline constexpr std::size_t kMaxOutlinePoints = 1'000'000;
+/// En blocks of one file.
+inline constexpr std::size_t kMaxPlanes = 1'000;
+/// Notes of one file; the last one then says that there are more.
+inline constexpr std::size_t kMaxNotes = 1'000;
+
+/// A part, or the first reason why there is none.
+using NcResult = std::variant<NcPart, NcError>;
+
+/// Reads one file. A folder, and a file that cannot be opened or read, is an error with line 0.
+NcResult ReadNcFile(const std::filesystem::path& path);
+
+/// Reads the bytes of a file in one pass; `name` is for messages only. Time grows as n log n.
+NcResult ParseNc(std::string_view bytes, const ZetString& name);
+
+/// A path as text, whatever characters it holds.
+ZetString PathText(const std::filesystem::path& path);
+
+}  // namespace dstv
