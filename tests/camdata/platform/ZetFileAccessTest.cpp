@@ -1,0 +1,112 @@
+#include "support/TempFolder.h"
+
+#include "camdata/platform/ZetFileAccess.h"
+
+#include <cerrno>
+#include <filesystem>
+#include <string>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+using Operation = ZetFileFault::Operation;
+
+class ZetFileAccessTest : public ::testing::Test {
+  protected:
+    TempFolder m_folder;
+};
+
+TEST_F(ZetFileAccessTest, WritesBytesWithoutTranslation) {
+    ZetFileAccess file;
+    ASSERT_TRUE(file.Open(m_folder.NameOf("Maß.txt"), L"w"));
+    EXPECT_TRUE(file.Write(L"Träger\n\r\n"));
+    EXPECT_TRUE(file.WriteFormat(L"%-6s|%.1f\n", L"öß", 2.5));
+    EXPECT_EQ(file.GetPosition(), 23);
+    EXPECT_TRUE(file.Close());
+    EXPECT_FALSE(file.GetFault());
+    EXPECT_EQ(m_folder.Read("Maß.txt"), "Tr\xC3\xA4ger\n\r\n\xC3\xB6\xC3\x9F    |2.5\n");
+
+    ASSERT_TRUE(file.Open(m_folder.NameOf("Maß.txt"), L"a"));
+    EXPECT_EQ(file.GetPosition(), 23);
+    file.Write(L"+");
+    ASSERT_TRUE(file.Open(m_folder.NameOf("Maß.txt"), L"r"));
+    EXPECT_EQ(file.GetName(), m_folder.NameOf("Maß.txt"));
+    std::wstring text;
+    for (wchar_t c = file.ReadChar(); c != ZetFileAccess::kEndOfFile; c = file.ReadChar())
+        text += c;
+    EXPECT_EQ(text, L"Träger\n\r\nöß    |2.5\n+");
+    EXPECT_FALSE(file.GetFault());
+}
+
+TEST_F(ZetFileAccessTest, OverwritesFromAnEarlierPosition) {
+    ZetFileAccess file;
+    ASSERT_TRUE(file.Open(m_folder.NameOf("a.txt"), L"w"));
+    file.Write(L"head\n");
+    const std::int64_t start = file.GetPosition();
+    file.Write(L"0123456789\n");
+    const std::int64_t end = file.GetPosition();
+    EXPECT_TRUE(file.SetPosition(start));
+    file.Write(L"###");
+    EXPECT_TRUE(file.SetPosition(end));
+    file.Write(L"tail");
+    EXPECT_TRUE(file.Close());
+    EXPECT_EQ(m_folder.Read("a.txt"), "head\n###3456789\ntail");
+}
+
+TEST_F(ZetFileAccessTest, ReadsCharactersAcrossItsBufferAndBadBytes) {
+    m_folder.Write("long.txt",
+                   std::string(64 * 1024 - 1, 'x') +
+                       "\xE2\x82\xAC"
+                       "\xE4"
+                       "\xF0\x9F\x94\xA9");
+    ZetFileAccess file;
+    ASSERT_TRUE(file.Open(m_folder.NameOf("long.txt"), L"r"));
+    for (int i = 0; i < 64 * 1024 - 1; ++i)
+        ASSERT_EQ(file.ReadChar(), L'x');
+    EXPECT_EQ(file.ReadChar(), L'\x20AC');
+    EXPECT_EQ(file.GetPosition(), 64 * 1024 + 2);
+    EXPECT_EQ(file.ReadChar(), L'\xFFFD');
+    std::wstring last;
+    for (wchar_t c = file.ReadChar(); c != ZetFileAccess::kEndOfFile; c = file.ReadChar())
+        last += c;
+    EXPECT_EQ(last, L"\U0001F529");
+    EXPECT_TRUE(file.SetPosition(64 * 1024 - 1));
+    EXPECT_EQ(file.ReadChar(), L'\x20AC');
+}
+
+TEST_F(ZetFileAccessTest, KeepsTheFirstFault) {
+    ZetFileAccess file;
+    EXPECT_FALSE(file.Write(L"nowhere"));
+    ASSERT_TRUE(file.GetFault());
+    EXPECT_EQ(file.GetFault()->operation, Operation::kWrite);
+    EXPECT_EQ(file.GetFault()->systemError, 0);
+
+    EXPECT_FALSE(file.Open(m_folder.NameOf("missing.txt"), L"r"));
+    EXPECT_EQ(file.ReadChar(), ZetFileAccess::kEndOfFile);
+    EXPECT_EQ(file.GetFault()->operation, Operation::kOpen);
+    EXPECT_EQ(file.GetFault()->systemError, ENOENT);
+    EXPECT_FALSE(file.Close());
+
+    EXPECT_FALSE(file.Open(m_folder.NameOf("x.txt"), L"rw"));
+    EXPECT_FALSE(std::filesystem::exists(m_folder.PathOf("x.txt")));
+    EXPECT_TRUE(file.Open(m_folder.NameOf("x.txt"), L"w"));
+    EXPECT_FALSE(file.GetFault());
+    EXPECT_TRUE(file.Close());
+    ASSERT_TRUE(file.Open(m_folder.NameOf("x.txt"), L"r"));
+    EXPECT_FALSE(file.Write(L"read only"));
+}
+
+#if defined(__linux__)
+TEST_F(ZetFileAccessTest, AFullDeviceIsAFault) {
+    ZetFileAccess file;
+    ASSERT_TRUE(file.Open(L"/dev/full", L"w"));
+    EXPECT_TRUE(file.Write(L"buffered"));
+    EXPECT_FALSE(file.Close());
+    ASSERT_TRUE(file.GetFault());
+    EXPECT_EQ(file.GetFault()->operation, Operation::kWrite);
+    EXPECT_EQ(file.GetFault()->systemError, ENOSPC);
+}
+#endif
+
+}  // namespace
