@@ -1,0 +1,183 @@
+#include "support/TempFolder.h"
+#include "support/host/FakeHost.h"
+#include "support/host/FakeHostObjects.h"
+
+#include "camdata/platform/HostComError.h"
+#include "camdata/util/CMxUtil.h"
+
+#include <fstream>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+class CMxUtilTest : public ::testing::Test {
+  protected:
+    CMxUtilTest() { ClearHostPrints(); }
+};
+
+// What the fake host printed, as texts.
+std::vector<std::wstring> PrintedTexts() {
+    std::vector<std::wstring> texts;
+    for (const HostPrint& print : HostPrints())
+        texts.push_back(print.text);
+    return texts;
+}
+
+struct RunCase {
+    int count;
+    bool newLine;
+    const wchar_t* spaces;
+    const wchar_t* divider;
+};
+
+TEST_F(CMxUtilTest, RunsOfCharacters) {
+    const RunCase cases[] = {
+        {20, false, L"                    ", L"--------------------"},
+        {5,  true,  L"    \n",               L"----\n"              },
+        {1,  false, L" ",                    L"-"                   },
+        {1,  true,  L"\n",                   L"\n"                  },
+        {0,  true,  L"",                     L""                    },
+        {-3, true,  L"",                     L""                    },
+        {-3, false, L"",                     L""                    },
+    };
+    for (const RunCase& row : cases) {
+        SCOPED_TRACE(row.count);
+        EXPECT_EQ(CMxUtil::GetSpaces(row.count, row.newLine), row.spaces);
+        EXPECT_EQ(CMxUtil::GetLineDivider(row.count, row.newLine), row.divider);
+    }
+}
+
+struct TrialCase {
+    std::vector<std::wstring> modules;  // loaded, in this order
+    HostPrint printed;
+};
+
+// The order of the trials does not depend on the order of loading.
+TEST_F(CMxUtilTest, FirstLoadedModuleOfTheTrialsPrints) {
+    const TrialCase cases[] = {
+        {{},                                                        {"main program", L"a\n", false}},
+        {{L"kwdb19"},                                               {"kwdb19", L"a\n", false}      },
+        {{L"kwdb19", L"kwdb18"},                                    {"kwdb18", L"a\n", false}      },
+        {{L"kwdb18", L"kwutil15"},                                  {"kwutil15", L"a\n", true}     },
+        {{L"kwdb16", L"kwutil15"},                                  {"kwdb16", L"a\n", true}       },
+        {{L"kwutil15", L"kwdb16"},                                  {"kwdb16", L"a\n", true}       },
+        {{L"kwdb16"},                                               {"kwdb16", L"a\n", true}       },
+        {{L"kwdb16", L"kwdb18", L"kwutil15", L"kwdb17", L"kwdb19"}, {"kwdb17", L"a\n", false}      },
+    };
+    for (const TrialCase& row : cases) {
+        SCOPED_TRACE(row.printed.printer);
+        ClearHostPrints();
+        std::vector<std::unique_ptr<FakeModule>> loaded;
+        for (const std::wstring& module : row.modules)
+            loaded.push_back(std::make_unique<FakeModule>(module + L".dll"));
+        EXPECT_EQ(CMxUtil::PrintPrompt(L"a"), 1);
+        EXPECT_EQ(HostPrints(), std::vector<HostPrint>{row.printed});
+    }
+}
+
+// It is linked with a library that has the function, but it has none of its own.
+TEST_F(CMxUtilTest, FoundModuleThatCannotPrintEndsTheTrials) {
+    const FakeModule mute(L"linked/kwdb17.dll");
+    const FakeModule next(L"kwdb16.dll");
+    ASSERT_NE(mute.Function<FakeHostSetPrinted>("linkedSetPrinted"), nullptr);
+    mute.Function<FakeHostSetPrinted>("linkedSetPrinted")(RecordHostPrint);
+    EXPECT_EQ(CMxUtil::PrintPrompt(L"a"), 1);
+    EXPECT_EQ(HostPrints(), std::vector<HostPrint>{});
+    mute.Function<int (*)(const wchar_t*)>("linkedPrint")(L"b");
+    EXPECT_EQ(PrintedTexts(), std::vector<std::wstring>{L"b"});
+}
+
+TEST_F(CMxUtilTest, AddsALineFeedOnlyToATextWithoutAny) {
+    CMxUtil::PrintPrompt(L"100 %d done");
+    CMxUtil::PrintPrompt(L"\nfirst");
+    CMxUtil::PrintPrompt(L"in\nside");
+    CMxUtil::PrintPrompt(L"");
+    EXPECT_EQ(PrintedTexts(),
+              (std::vector<std::wstring>{L"100 %d done\n", L"\nfirst", L"in\nside", L"\n"}));
+}
+
+TEST_F(CMxUtilTest, PrintsCoordinatesWithTwoDecimals) {
+    EXPECT_EQ(CMxUtil::PrintPoint({1.0, -2.345678, 1000.5}, L"Corner"), 1);
+    EXPECT_EQ(CMxUtil::PrintVector({0.0, 0.999, -1.0}, L""), 1);
+    EXPECT_EQ(
+        PrintedTexts(),
+        (std::vector<std::wstring>{L"\nCorner : 1.00,-2.35,1000.50", L"\n : 0.00,1.00,-1.00"}));
+}
+
+TEST_F(CMxUtilTest, PrintsACoordinateSystemOnTheCommandLineWithoutAnOpenFile) {
+    FakeCoordinateSystem cs;
+    ZetFileAccess unopened;
+    const std::vector<std::wstring> lines = {L"The CS output as follows\n",
+                                             L"\nOrigin   10.000,  -20.500, 12345.679",
+                                             L"\nX-Axis    0.000,    1.000,    0.000",
+                                             L"\nY-Axis   -1.000,    0.000,    0.000",
+                                             L"\nZ-Axis    0.000,    0.000,    1.000"};
+    EXPECT_EQ(CMxUtil::PrintCS(&cs), 1);
+    EXPECT_EQ(PrintedTexts(), lines);
+    ClearHostPrints();
+    EXPECT_EQ(CMxUtil::PrintCS(&cs, &unopened), 1);
+    EXPECT_EQ(PrintedTexts(), lines);
+}
+
+TEST_F(CMxUtilTest, PrintsACoordinateSystemToAnOpenFile) {
+    const TempFolder folder;
+    FakeCoordinateSystem cs;
+    ZetFileAccess file;
+    ASSERT_TRUE(file.Open(folder.NameOf("cs.txt"), L"w"));
+    EXPECT_EQ(CMxUtil::PrintCS(&cs, &file), 1);
+    file.Close();
+    EXPECT_EQ(folder.Read("cs.txt"),
+              "The CS output as follows\n"
+              "\nOrigin   10.000,  -20.500, 12345.679\n"
+              "\nX-Axis    0.000,    1.000,    0.000\n"
+              "\nY-Axis   -1.000,    0.000,    0.000\n"
+              "\nZ-Axis    0.000,    0.000,    1.000\n");
+    EXPECT_EQ(HostPrints(), std::vector<HostPrint>{});
+}
+
+TEST_F(CMxUtilTest, CoordinateSystemThatCannotBeReadPrintsNothing) {
+    FakeCoordinateSystem cs;
+    cs.m_zAxisResult = kHostFail;
+    EXPECT_THROW(CMxUtil::PrintCS(&cs), HostComError);
+    EXPECT_EQ(CMxUtil::PrintCS(nullptr), 0);
+    EXPECT_EQ(HostPrints(), std::vector<HostPrint>{});
+}
+
+TEST_F(CMxUtilTest, WritesLinesAsTheyAreOrPrintsThemWithoutAnOpenFile) {
+    const TempFolder folder;
+    const ZetArray<ZetString> lines = {L"one", L"two\n", L"100 %s"};
+    ZetFileAccess file;
+    ASSERT_TRUE(file.Open(folder.NameOf("lines.txt"), L"w"));
+    EXPECT_EQ(CMxUtil::AsArrStrPrint(lines, &file), 1);
+    EXPECT_EQ(HostPrints(), std::vector<HostPrint>{});
+    file.Close();
+    EXPECT_EQ(folder.Read("lines.txt"), "onetwo\n100 %s");
+
+    const std::vector<std::wstring> printed = {L"one\n", L"two\n", L"100 %s\n"};
+    EXPECT_EQ(CMxUtil::AsArrStrPrint(lines, &file), 1);
+    EXPECT_EQ(PrintedTexts(), printed);
+    ClearHostPrints();
+    EXPECT_EQ(CMxUtil::AsArrStrPrint(lines), 1);
+    EXPECT_EQ(PrintedTexts(), printed);
+}
+
+TEST_F(CMxUtilTest, VersionOfTheLibraryIsTheOneOfTheSourceTree) {
+    std::ifstream file(CAMDATA_VERSION_FILE);
+    std::string version;
+    ASSERT_TRUE(std::getline(file, version)) << CAMDATA_VERSION_FILE;
+    EXPECT_EQ(CMxUtil::GetDllVersion(OwnModule()).toUtf8(), version);
+}
+
+TEST_F(CMxUtilTest, VersionOfOtherModules) {
+    const FakeModule with(L"kwdb17.dll");
+    const FakeModule without(L"kwdb16.dll");
+    EXPECT_EQ(CMxUtil::GetDllVersion(FindLoadedModule(L"kwdb17.dll")), L"17.3.0.65535");
+    EXPECT_EQ(CMxUtil::GetDllVersion(FindLoadedModule(L"kwdb16.dll")), L"0.0.0.0");
+    EXPECT_EQ(CMxUtil::GetDllVersion(nullptr), L"0.0.0.0");
+}
+
+}  // namespace

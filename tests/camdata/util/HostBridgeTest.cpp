@@ -1,0 +1,152 @@
+#include "support/host/FakeHost.h"
+#include "support/host/FakeHostObjects.h"
+
+#include "camdata/platform/HostComError.h"
+#include "camdata/platform/HostFunctions.h"
+#include "camdata/util/HostBridge.h"
+
+#include <string>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+struct VariableCase {
+    const char* name;
+    int nameType;  // of PLXNAME; below 0: the host does not know it
+    const wchar_t* nameText;
+    int prefixType;  // of PLXPREFIX
+    const wchar_t* prefixText;
+    const wchar_t* model;
+    const wchar_t* folder;
+};
+
+void PrintTo(const VariableCase& row, std::ostream* out) {
+    *out << row.name;
+}
+
+constexpr int kUnknown = -1;
+constexpr int kNone = HostVariable::eTypeNone;
+constexpr int kText = HostVariable::eTypeText;
+
+class DrawingTest : public ::testing::TestWithParam<VariableCase> {};
+
+TEST_P(DrawingTest, NameAndFolderComeFromTheHostAndStayWithoutIt) {
+    const VariableCase& row = GetParam();
+    const FakeModule core(L"kwcore.dll");
+    const auto setVariable = core.Function<FakeHostSetVariable>("fakeHostSetVariable");
+    ASSERT_NE(setVariable, nullptr);
+    if (row.nameType != kUnknown)
+        setVariable(L"PLXNAME", row.nameType, row.nameText);
+    if (row.prefixType != kUnknown)
+        setVariable(L"PLXPREFIX", row.prefixType, row.prefixText);
+    ZetString model = L"old name";
+    ZetString folder = L"old folder";
+    EXPECT_EQ(GetModelAndDirName(model, folder), 0);
+    EXPECT_EQ(model, row.model);
+    EXPECT_EQ(folder, row.folder);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    HostBridge,
+    DrawingTest,
+    ::testing::Values(
+        VariableCase{"Both", kText, L"Hall.dwg", kText, L"D:\\Jobs\\", L"Hall.dwg", L"D:\\Jobs\\"},
+        VariableCase{"NameUnknown", kUnknown, L"", kText, L"D:\\", L"old name", L"D:\\"},
+        VariableCase{"FolderUnknown", kText, L"a", kUnknown, L"", L"a", L"old folder"},
+        VariableCase{"NotText", kText + 1, L"a", kNone, L"b", L"old name", L"old folder"},
+        VariableCase{"Empty", kText, L"", kText, nullptr, L"", L""}),
+    [](const auto& test) { return test.param.name; });
+
+TEST(HostBridge, DrawingStaysUnknownWithoutTheCoreModule) {
+    ZetString model = L"old name";
+    ZetString folder = L"old folder";
+    EXPECT_EQ(GetModelAndDirName(model, folder), 0);
+    EXPECT_EQ(model, L"old name");
+    EXPECT_EQ(folder, L"old folder");
+}
+
+// How a host may fail on the way to an interface.
+struct HostFault {
+    const char* name;
+    void (*breakEntity)(FakePartEntity& entity);
+    bool isRaised;  // when asked for the profile name
+};
+
+const HostFault kFaults[] = {
+    {"no model object", [](FakePartEntity& e) { e.m_hasModel = false; },               false},
+    {"no interface",    [](FakePartEntity& e) { e.m_model.m_offers.clear(); },         false},
+    {"query raises",    [](FakePartEntity& e) { e.m_model.m_queryRaises = true; },     true },
+    {"name fails",      [](FakePartEntity& e) { e.m_structure.m_result = kHostFail; }, true },
+    {"name raises",     [](FakePartEntity& e) { e.m_structure.m_raises = true; },      true },
+};
+
+ZetNCCreator CreatorOf(FakePartEntity& entity) {
+    ZetNCCreator creator;
+    creator.setNCEntity(&entity);
+    creator.create();
+    return creator;
+}
+
+void ExpectNoReferences(const FakePartEntity& entity) {
+    EXPECT_EQ(entity.m_model.m_references, 0);
+    EXPECT_EQ(entity.m_structure.m_references, 0);
+    EXPECT_EQ(entity.m_equalPart.m_references, 0);
+}
+
+TEST(HostBridge, ProfileNameComesFromTheHeaderExceptOfStructures) {
+    for (const int type : {0, 1, 2, 3}) {
+        SCOPED_TRACE(type);
+        FakePartEntity entity;
+        entity.m_type = static_cast<ZetNCEntity::NCTypes>(type);
+        ZetNCCreator creator = CreatorOf(entity);
+        EXPECT_EQ(GetProfileNameFromCreator(&creator), type == 2 ? L"Z200" : L"C150");
+        ExpectNoReferences(entity);
+    }
+}
+
+TEST(HostBridge, ProfileNameOfABrokenHost) {
+    for (const HostFault& fault : kFaults) {
+        SCOPED_TRACE(fault.name);
+        FakePartEntity entity;
+        fault.breakEntity(entity);
+        ZetNCCreator creator = CreatorOf(entity);
+        if (fault.isRaised)
+            EXPECT_THROW(GetProfileNameFromCreator(&creator), HostComError);
+        else
+            EXPECT_EQ(GetProfileNameFromCreator(&creator), L"");
+        ExpectNoReferences(entity);
+    }
+    ZetNCCreator withoutEntity;
+    EXPECT_EQ(GetProfileNameFromCreator(&withoutEntity), L"");
+    EXPECT_EQ(GetProfileNameFromCreator(nullptr), L"");
+}
+
+TEST(HostBridge, EqualPartComesWithOneReference) {
+    FakePartEntity entity;
+    EXPECT_EQ(GetEqualPartObj(&entity), &entity.m_equalPart);
+    EXPECT_EQ(entity.m_equalPart.m_references, 1);
+    EXPECT_EQ(entity.m_model.m_references, 0);
+}
+
+TEST(HostBridge, NoEqualPartLeavesNoReference) {
+    FakePartEntity noModel;
+    noModel.m_hasModel = false;
+    EXPECT_EQ(GetEqualPartObj(&noModel), nullptr);
+
+    FakePartEntity noInterface;
+    noInterface.m_model.m_offers = {
+        {IStructureObject::kId, &noInterface.m_structure}
+    };
+    EXPECT_EQ(GetEqualPartObj(&noInterface), nullptr);
+    ExpectNoReferences(noInterface);
+
+    FakePartEntity raising;
+    raising.m_model.m_queryRaises = true;
+    EXPECT_THROW(GetEqualPartObj(&raising), HostComError);
+    ExpectNoReferences(raising);
+
+    EXPECT_EQ(GetEqualPartObj(nullptr), nullptr);
+}
+
+}  // namespace
