@@ -47,6 +47,10 @@ struct ZetFileAccess::Buffer {
     std::wstring pendingCharacters;  ///< second half of a character beyond U+FFFF
 };
 
+// A program that takes their address looks for them in the library on Windows.
+constexpr int ZetFileAccess::kEncodingUtf8;
+constexpr wchar_t ZetFileAccess::kEndOfFile;
+
 ZetFileAccess::ZetFileAccess() = default;
 
 ZetFileAccess::~ZetFileAccess() {

@@ -86,6 +86,11 @@ bool IsOpen(const ZetFileAccess* file) {
 
 }  // namespace
 
+// A program that takes their address looks for them in the library on Windows.
+constexpr wchar_t CMxUtil::m_SpaceChar;
+constexpr wchar_t CMxUtil::m_LineDividerChar;
+constexpr long CMxUtil::m_NOT_LIMITED;
+
 ZetString CMxUtil::GetSpaces(int count, bool newLine) {
     return Filled(m_SpaceChar, count, newLine);
 }
