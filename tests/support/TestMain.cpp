@@ -1,6 +1,55 @@
+#include "camdata/holes/CMxGeom.h"
+#include "camdata/platform/Clock.h"
+#include "camdata/platform/MxSettings.h"
+#include "camdata/platform/ZetAssert.h"
+
+#include <array>
+
 #include <gtest/gtest.h>
+
+namespace {
+
+/// A value of CMxGeom that a test may have changed, and what it was when the library was loaded.
+struct GeomValue {
+    void (*set)(double);
+    double initial;
+};
+
+/// Puts the process-wide state back around every test, so that the tests run in any order.
+class ProcessStateReset : public ::testing::EmptyTestEventListener {
+  public:
+    void OnTestStart(const ::testing::TestInfo&) override { Reset(); }
+    void OnTestEnd(const ::testing::TestInfo&) override { Reset(); }
+
+  private:
+    void Reset() const {
+        for (const GeomValue& value : m_geomValues)
+            value.set(value.initial);
+        CMxGeom::SetTol(eTolEPS);
+        SetZetAssertHandler(nullptr);
+        SetClock(nullptr);
+        MxSettings::getInstance().removeAll();
+    }
+
+    const std::array<GeomValue, 8> m_geomValues = {
+        {
+         {CMxGeom::SetEPS, CMxGeom::GetEPS()},
+         {CMxGeom::SetGenTol, CMxGeom::GetGenTol()},
+         {CMxGeom::SetXTol, CMxGeom::GetXTol()},
+         {CMxGeom::SetYTol, CMxGeom::GetYTol()},
+         {CMxGeom::SetAngTol, CMxGeom::GetAngTol()},
+         {CMxGeom::SetMinEdgeDist, CMxGeom::GetMinEdgeDist()},
+         {CMxGeom::SetMinEndDist, CMxGeom::GetMinEndDist()},
+         {CMxGeom::SetMinEdgeDistFromFace, CMxGeom::GetMinEdgeDistFromFace()},
+         }
+    };
+};
+
+}  // namespace
 
 int main(int argc, char** argv) {
     ::testing::InitGoogleTest(&argc, argv);
+    // The listeners own what is appended to them.
+    ::testing::UnitTest::GetInstance()->listeners().Append(new ProcessStateReset);
     return RUN_ALL_TESTS();
 }
