@@ -1,0 +1,67 @@
+#pragma once
+
+#include "dstv/NcNote.h"
+#include "dstv/NcPart.h"
+
+#include "camdata/platform/ZetNCHeaderData.h"
+#include "camdata/platform/ZetString.h"
+
+#include <optional>
+#include <vector>
+
+namespace camjob {
+
+/// A rectangular hole as its file gives it, mm.
+struct RectangleReport {
+    double b = 0.0;  ///< between the corner circles' centres, along the angle
+    double h = 0.0;  ///< the same across
+    double cornerRadius = 0.0;
+};
+
+/// One hole as its record tells it, mm and degrees.
+struct HoleReport {
+    long line = 0;  ///< of the file
+    ZetString face;
+    int viewPosition = 0;
+    double x = 0.0;  ///< of the centre, in output coordinates
+    double y = 0.0;
+    ZetString shape;
+    double size = 0.0;             ///< diameter, or overall width
+    std::optional<double> length;  ///< overall; of a slot or rectangle
+    std::optional<double> angle;   ///< of the length; of a slot or rectangle
+    std::optional<double> depth;   ///< nothing: through
+    std::optional<double> sinkAngle;
+    std::optional<RectangleReport> rectangle;
+    bool isCountersunk = false;
+    bool isCompanion = false;  ///< the countersink of a hole with a line of its own
+    bool isNotProcessed = false;
+    bool hasRightThread = false;
+    bool hasLeftThread = false;
+    bool isInvalid = false;
+    bool isNonStandard = false;
+    std::vector<ZetString> remarks;  ///< short words; none for a plain through hole
+};
+
+/// What else lies on one face.
+struct FaceReport {
+    ZetString face;
+    int viewPosition = 0;
+    std::vector<long> externalPoints;  ///< per external contour: its corners, arcs as chords
+    long internalContours = 0;         ///< without those of rectangular holes
+    long marks = 0;
+    long numerations = 0;
+};
+
+/// All that `camjob check` says of one file. A plain value.
+struct CheckReport {
+    ZetString file;
+    ZetNCHeaderData header;
+    std::vector<dstv::NcNote> notes;
+    std::vector<HoleReport> holes;  ///< in the order of the file's lines
+    std::vector<FaceReport> faces;  ///< in the order of the views; only faces with something
+};
+
+/// Makes the NC data and the hole records of a part, and reports them.
+CheckReport MakeCheckReport(dstv::NcPart part);
+
+}  // namespace camjob

@@ -1,0 +1,187 @@
+#include "camjob/CheckText.h"
+
+#include "camjob/TextTable.h"
+
+#include <algorithm>
+
+namespace camjob {
+
+namespace {
+
+constexpr const wchar_t* kIndent = L"  ";
+
+/// UTF-8 that a terminal can take: what a file holds must not steer it.
+std::string Printable(const ZetString& text) {
+    std::wstring shown(text.view());
+    const auto isControl = [](wchar_t c) {
+        return (c < 0x20 && c != L'\n') || (c >= 0x7F && c < 0xA0);
+    };
+    std::replace_if(shown.begin(), shown.end(), isControl, wchar_t{0xFFFD});
+    return ZetString(shown).toUtf8();
+}
+
+/// One decimal, and no sign before zero.
+ZetString Number(double value) {
+    const ZetString text = ZetString::format(L"%.1f", value);
+    return text == L"-0.0" ? ZetString(L"0.0") : text;
+}
+
+/// "1 note", "2 notes".
+ZetString Count(long count, const ZetString& noun) {
+    return ZetString::format(L"%d %s%s", count, noun, count == 1 ? L"" : L"s");
+}
+
+ZetString Joined(const std::vector<ZetString>& texts, const wchar_t* separator) {
+    ZetString joined;
+    for (const ZetString& text : texts)
+        joined += joined.isEmpty() ? text : separator + text;
+    return joined;
+}
+
+ZetString Labelled(const wchar_t* label, const ZetString& value) {
+    return ZetString::format(L"  %-10s %s\n", label, value);
+}
+
+ZetString HeaderLines(const ZetNCHeaderData& header) {
+    ZetString length = Number(header.length) + L" mm";
+    if (header.sawLength != 0.0)
+        length += L", saw length " + Number(header.sawLength) + L" mm";
+    return Labelled(L"mark", header.mark) + Labelled(L"drawing", header.drawingNumber) +
+           Labelled(L"profile", header.profileName + L", code " + header.profileCode) +
+           Labelled(L"quantity", ZetString::format(L"%d", header.quantity)) +
+           Labelled(L"length", length) +
+           Labelled(L"section",
+                    L"height " + Number(header.height) + L", width " + Number(header.width) +
+                        L", thickness " + Number(header.thickness) + L" mm");
+}
+
+ZetString NoteLines(const std::vector<dstv::NcNote>& notes) {
+    ZetString lines;
+    for (const dstv::NcNote& note : notes) {
+        const bool isWarning = note.severity == dstv::NcNote::Severity::kWarning;
+        lines += ZetString::format(
+            L"  %s line %d: %s\n", isWarning ? L"warning" : L"note   ", note.line, note.text);
+    }
+    return lines;
+}
+
+ZetString SizeText(const HoleReport& hole) {
+    return hole.length ? Number(*hole.length) + L" x " + Number(hole.size) : Number(hole.size);
+}
+
+ZetString HoleTable(const std::vector<HoleReport>& holes) {
+    using Align = TextTable::Align;
+    if (holes.empty())
+        return L"  no holes\n";
+    TextTable table({
+        {L"line",    Align::kRight},
+        {L"face",    Align::kLeft },
+        {L"X mm",    Align::kRight},
+        {L"Y mm",    Align::kRight},
+        {L"size mm", Align::kRight},
+        {L"shape",   Align::kLeft },
+        {L"remarks", Align::kLeft }
+    });
+    for (const HoleReport& hole : holes)
+        table.AddRow({ZetString::format(L"%d", hole.line),
+                      hole.face,
+                      Number(hole.x),
+                      Number(hole.y),
+                      SizeText(hole),
+                      hole.shape,
+                      Joined(hole.remarks, L", ")});
+    return table.Format(kIndent);
+}
+
+ZetString ExternalContours(const std::vector<long>& points) {
+    std::vector<ZetString> counts;
+    for (const long count : points)
+        counts.push_back(ZetString::format(L"%d", count));
+    return Count(static_cast<long>(points.size()), L"external contour") + L" (" +
+           Joined(counts, L" + ") + L" points)";
+}
+
+ZetString FaceLine(const FaceReport& face) {
+    std::vector<ZetString> parts;
+    if (!face.externalPoints.empty())
+        parts.push_back(ExternalContours(face.externalPoints));
+    const auto add = [&parts](long count, const wchar_t* noun) {
+        if (count > 0)
+            parts.push_back(Count(count, noun));
+    };
+    add(face.internalContours, L"internal contour");
+    add(face.marks, L"mark");
+    add(face.numerations, L"numeration");
+    return ZetString::format(L"  %-14s %s\n", face.face, Joined(parts, L", "));
+}
+
+ZetString FaceLines(const std::vector<FaceReport>& faces) {
+    ZetString lines;
+    for (const FaceReport& face : faces)
+        lines += FaceLine(face);
+    return lines;
+}
+
+/// Paragraphs that have anything, a blank line between.
+ZetString Paragraphs(const std::vector<ZetString>& paragraphs) {
+    ZetString text;
+    for (const ZetString& paragraph : paragraphs)
+        if (!paragraph.isEmpty())
+            text += text.isEmpty() ? paragraph : L"\n" + paragraph;
+    return text;
+}
+
+/// "26 holes (22 round, 4 slot)".
+ZetString HoleCounts(const CheckSummary& summary) {
+    std::vector<ZetString> shapes;
+    for (const auto& [shape, count] : summary.holesByShape)
+        shapes.push_back(ZetString::format(L"%d %s", count, shape));
+    const ZetString holes = Count(summary.holes, L"hole");
+    return shapes.empty() ? holes : holes + L" (" + Joined(shapes, L", ") + L")";
+}
+
+ZetString FileCounts(const CheckSummary& summary) {
+    std::vector<ZetString> counts;
+    if (summary.filesRead > 0)
+        counts.push_back(Count(summary.filesRead, L"file") + L" read");
+    if (summary.filesRefused > 0)
+        counts.push_back(Count(summary.filesRefused, L"file") + L" refused");
+    return Joined(counts, L", ");
+}
+
+ZetString RefusedLines(const CheckSummary& summary) {
+    ZetString lines = L"refused:\n";
+    for (const dstv::NcError& error : summary.errors)
+        lines += kIndent + error.describe() + L"\n";
+    const long unlisted = summary.filesRefused - static_cast<long>(summary.errors.size());
+    return unlisted > 0 ? lines + ZetString::format(L"  and %d more\n", unlisted) : lines;
+}
+
+}  // namespace
+
+void CheckTextWriter::AddRead(const CheckReport& report) {
+    m_out.Write(Printable(Paragraphs({report.file + L"\n" + HeaderLines(report.header),
+                                      NoteLines(report.notes),
+                                      HoleTable(report.holes),
+                                      FaceLines(report.faces),
+                                      L"\n"})));
+}
+
+void CheckTextWriter::AddRefused(const dstv::NcError& error) {
+    m_out.Flush();
+    m_err.Write(Printable(error.describe() + L"\n"));
+    m_err.Flush();
+}
+
+void CheckTextWriter::End(const CheckSummary& summary) {
+    ZetString text = FileCounts(summary);
+    if (summary.filesRead > 0)
+        text += L": " + HoleCounts(summary) + L", " + Count(summary.notes, L"note") + L", " +
+                Count(summary.warnings, L"warning");
+    text += L"\n";
+    if (summary.filesRead + summary.filesRefused > 1 && summary.filesRefused > 0)
+        text += RefusedLines(summary);
+    m_out.Write(Printable(text));
+}
+
+}  // namespace camjob

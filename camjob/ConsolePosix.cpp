@@ -1,0 +1,25 @@
+#include "camjob/Console.h"
+
+#include <cerrno>
+#include <unistd.h>
+
+namespace camjob {
+
+std::error_code StandardStream::WriteBytes(std::string_view bytes) {
+    while (!bytes.empty()) {
+        const ssize_t written = ::write(m_descriptor, bytes.data(), bytes.size());
+        if (written < 0 && errno != EINTR)
+            return {errno, std::generic_category()};
+        bytes.remove_prefix(written < 0 ? 0 : static_cast<std::size_t>(written));
+    }
+    return {};
+}
+
+ConsoleMode::ConsoleMode() = default;
+ConsoleMode::~ConsoleMode() = default;
+
+std::string Utf8Argument(const char* argument) {
+    return argument;
+}
+
+}  // namespace camjob

@@ -1,0 +1,32 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <system_error>
+
+namespace camjob {
+
+/// UTF-8 text on its way out: buffered, handed over in whole lines, up to the first failure.
+class OutputStream {
+  public:
+    OutputStream() = default;
+    virtual ~OutputStream() = default;
+    OutputStream(const OutputStream&) = delete;
+    OutputStream& operator=(const OutputStream&) = delete;
+
+    /// Adds text. After a failure nothing is written any more.
+    void Write(std::string_view text);
+    /// Hands over all that is buffered. False when this or anything before it failed.
+    bool Flush();
+    /// The first failure; no error while there is none.
+    const std::error_code& GetFailure() const { return m_failure; }
+
+  private:
+    virtual std::error_code WriteBytes(std::string_view bytes) = 0;
+    void HandOver(std::size_t count);
+
+    std::string m_buffer;
+    std::error_code m_failure;
+};
+
+}  // namespace camjob
