@@ -26,3 +26,5 @@ if(WIN32)
 else()
     set(CMAKE_LIBRARY_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/lib)
 endif()
+# Installed programs find the library beside them, wherever the installed tree is moved to.
+set(CMAKE_INSTALL_RPATH $ORIGIN/../${CMAKE_INSTALL_LIBDIR})

@@ -4,6 +4,8 @@
 #include "camdata/platform/ZetAssert.h"
 
 #include <array>
+#include <cstdlib>
+#include <locale>
 
 #include <gtest/gtest.h>
 
@@ -45,9 +47,17 @@ class ProcessStateReset : public ::testing::EmptyTestEventListener {
     };
 };
 
+/// Takes the locale that CAMDATA_TEST_LOCALE names, for C and C++: no result may depend on it.
+/// Raises an error when there is no locale of that name.
+void TakeLocale() {
+    if (const char* name = std::getenv("CAMDATA_TEST_LOCALE"))
+        std::locale::global(std::locale(name));
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
+    TakeLocale();
     ::testing::InitGoogleTest(&argc, argv);
     // The listeners own what is appended to them.
     ::testing::UnitTest::GetInstance()->listeners().Append(new ProcessStateReset);

@@ -1,0 +1,57 @@
+#!/usr/bin/env bash
+# setup.sh PURPOSE... installs the Debian packages that a purpose needs and this machine lacks.
+# Purposes: build (library, tool and tests), windows (cross build and Wine), ci (all else that CI runs).
+# Installs as root, or through sudo when that asks nothing; otherwise prints the line to run and stops.
+set -euo pipefail
+
+declare -A packages=(
+    [build]="cmake ninja-build g++ googletest libcli11-dev nlohmann-json3-dev"
+    [windows]="g++-mingw-w64-x86-64-posix wine wine64 fonts-wine"
+    [ci]="clang locales tzdata"
+)
+
+is_installed() {
+    [ "$(dpkg-query -W -f='${db:Status-Status}' "$1" 2>/dev/null)" = installed ]
+}
+
+needed=()
+for purpose in "$@"; do
+    if [ -z "${packages[$purpose]:-}" ]; then
+        echo "setup.sh: no purpose '$purpose', only: ${!packages[*]}" >&2
+        exit 2
+    fi
+    for package in ${packages[$purpose]}; do
+        needed+=("$package")
+    done
+done
+
+if ! command -v dpkg-query >/dev/null; then
+    echo "No Debian system: make sure that you have the like of ${needed[*]}"
+    exit 0
+fi
+
+missing=()
+for package in "${needed[@]}"; do
+    is_installed "$package" || missing+=("$package")
+done
+[ ${#missing[@]} -gt 0 ] || exit 0
+
+if [ "$(id -u)" -eq 0 ]; then
+    as_root=(env)
+elif command -v sudo >/dev/null && sudo -n true 2>/dev/null; then
+    as_root=(sudo -n env)
+else
+    echo "These packages are missing. Install them and start again:" >&2
+    echo "    sudo apt-get update && sudo apt-get install -y --no-install-recommends ${missing[*]}" >&2
+    exit 3
+fi
+
+echo "Installing Debian packages: ${missing[*]}"
+log=$(mktemp)
+trap 'rm -f "$log"' EXIT
+as_root+=(DEBIAN_FRONTEND=noninteractive apt-get -q -y)
+if ! "${as_root[@]}" update >"$log" 2>&1 </dev/null ||
+    ! "${as_root[@]}" install --no-install-recommends "${missing[@]}" >"$log" 2>&1 </dev/null; then
+    cat "$log" >&2
+    exit 3
+fi
