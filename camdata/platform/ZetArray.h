@@ -46,7 +46,7 @@ class ZetArray {
         m_items.push_back(std::move(value));
     }
     /// Adds copies of all elements of `other` (which may be this array) at the end, in order.
-    void append(const ZetArray& other) {
+    void appendAll(const ZetArray& other) {
         const std::size_t count = other.m_items.size();
         Grow(m_items.size() + count);
         for (std::size_t i = 0; i < count; ++i)

@@ -9,3 +9,7 @@ bool ZetGeomTol::areParallel(const ZetGeomVector2d& a, const ZetGeomVector2d& b)
 bool ZetGeomTol::areParallel(const ZetGeomVector3d& a, const ZetGeomVector3d& b) const {
     return a.cross(b).length() <= relative * a.length() * b.length();
 }
+
+bool ZetGeomTol::arePerpendicular(const ZetGeomVector2d& a, const ZetGeomVector2d& b) const {
+    return std::abs(a.dot(b)) <= relative * a.length() * b.length();
+}

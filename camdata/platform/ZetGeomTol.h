@@ -12,4 +12,6 @@ struct CAMDATA_API ZetGeomTol {
     /// opposite directions are parallel.
     bool areParallel(const ZetGeomVector2d& a, const ZetGeomVector2d& b) const;
     bool areParallel(const ZetGeomVector3d& a, const ZetGeomVector3d& b) const;
+    /// True when |a . b| <= relative * |a| * |b|. A zero vector is perpendicular to everything.
+    bool arePerpendicular(const ZetGeomVector2d& a, const ZetGeomVector2d& b) const;
 };

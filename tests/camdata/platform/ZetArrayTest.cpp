@@ -46,7 +46,7 @@ TEST(ZetArrayTest, AppendsItsOwnElements) {
     ZetArray<std::string> words = {"purlin", "rail"};
     for (int i = 0; i < 20; ++i)
         words.append(words.first());
-    words.append(words);
+    words.appendAll(words);
     EXPECT_EQ(words.length(), 44);
     EXPECT_EQ(words.last(), "purlin");
     EXPECT_EQ(words[23], "rail");

@@ -1,0 +1,137 @@
+#include "camdata/platform/ZetGeomAugPolygon.h"
+
+#include <algorithm>
+#include <cmath>
+#include <utility>
+
+namespace {
+
+bool AreNear(const ZetGeomPoint2d& a, const ZetGeomPoint2d& b, double tolerance) {
+    return (b - a).length() <= tolerance;
+}
+
+bool IsBefore(const ZetGeomPoint2d& a, const ZetGeomPoint2d& b) {
+    return a.x < b.x || (a.x == b.x && a.y < b.y);
+}
+
+/// The directions from a fixed point whose lines pass within a tolerance of some points.
+class Cone {
+  public:
+    Cone(const ZetGeomPoint2d& apex, double tolerance) : m_apex(apex), m_tolerance(tolerance) {}
+
+    /// True when the line to `point` passes near all points so far.
+    bool Holds(const ZetGeomPoint2d& point) const {
+        const ZetGeomVector2d direction = point - m_apex;
+        return m_isOpen || (m_right.cross(direction) >= 0.0 && direction.cross(m_left) >= 0.0);
+    }
+    void Narrow(const ZetGeomPoint2d& point) {
+        const ZetGeomVector2d direction = point - m_apex;
+        const double length = direction.length();
+        if (length <= m_tolerance)
+            return;
+        const double sine = m_tolerance / length;
+        const double cosine = std::sqrt(1.0 - sine * sine);
+        const ZetGeomVector2d right = Turned(direction, cosine, -sine);
+        const ZetGeomVector2d left = Turned(direction, cosine, sine);
+        if (m_isOpen || m_right.cross(right) > 0.0)
+            m_right = right;
+        if (m_isOpen || left.cross(m_left) > 0.0)
+            m_left = left;
+        m_isOpen = false;
+    }
+
+  private:
+    static ZetGeomVector2d Turned(const ZetGeomVector2d& v, double cosine, double sine) {
+        return {v.x * cosine - v.y * sine, v.x * sine + v.y * cosine};
+    }
+
+    ZetGeomPoint2d m_apex;
+    double m_tolerance;
+    bool m_isOpen = true;
+    ZetGeomVector2d m_right;
+    ZetGeomVector2d m_left;
+};
+
+/// True when the way from `last` over `middle` to `next` does not turn back.
+bool GoesOn(const ZetGeomPoint2d& last, const ZetGeomPoint2d& middle, const ZetGeomPoint2d& next) {
+    return (middle - last).dot(next - middle) > 0.0;
+}
+
+/// The corners of a closed chain that begins with a corner.
+ZetArray<ZetGeomPoint2d> WithoutStraightVertices(const ZetArray<ZetGeomPoint2d>& chain,
+                                                 double tolerance) {
+    ZetArray<ZetGeomPoint2d> corners = {chain.first()};
+    Cone cone(chain.first(), tolerance);
+    for (long i = 1; i < chain.length(); ++i) {
+        const ZetGeomPoint2d& candidate = chain[i];
+        const ZetGeomPoint2d& next = chain[(i + 1) % chain.length()];
+        cone.Narrow(candidate);
+        if (cone.Holds(next) && GoesOn(corners.last(), candidate, next))
+            continue;
+        corners.append(candidate);
+        cone = Cone(candidate, tolerance);
+    }
+    return corners;
+}
+
+/// True when `a` from its vertex 0 and `b` from `start` run alike.
+bool RunAlike(const ZetArray<ZetGeomPoint2d>& a,
+              const ZetArray<ZetGeomPoint2d>& b,
+              long start,
+              double tolerance) {
+    for (long i = 0; i < a.length(); ++i) {
+        if (!AreNear(a[i], b[(start + i) % b.length()], tolerance))
+            return false;
+    }
+    return true;
+}
+
+}  // namespace
+
+ZetGeomAugPolygon::ZetGeomAugPolygon(const ZetArray<ZetGeomPoint2d>& points, double tolerance) {
+    m_vertices.reserve(points.length());
+    for (const ZetGeomPoint2d& point : points) {
+        if (m_vertices.isEmpty() || !AreNear(m_vertices.last(), point, tolerance))
+            m_vertices.append(point);
+    }
+    while (m_vertices.length() > 1 && AreNear(m_vertices.last(), m_vertices.first(), tolerance))
+        m_vertices.removeAt(m_vertices.length() - 1);
+}
+
+double ZetGeomAugPolygon::getArea() const {
+    double twice = 0.0;
+    for (long i = 2; i < getLength(); ++i)
+        twice += (m_vertices[i - 1] - m_vertices[0]).cross(m_vertices[i] - m_vertices[0]);
+    return twice * 0.5;
+}
+
+double ZetGeomAugPolygon::getPerimeter() const {
+    double perimeter = 0.0;
+    for (long i = 0; i < getLength(); ++i)
+        perimeter += (m_vertices[(i + 1) % getLength()] - m_vertices[i]).length();
+    return perimeter;
+}
+
+bool ZetGeomAugPolygon::isEqualTo(const ZetGeomAugPolygon& other, double tolerance) const {
+    const ZetArray<ZetGeomPoint2d> a = getNormalised(tolerance).m_vertices;
+    const ZetArray<ZetGeomPoint2d> b = other.getNormalised(tolerance).m_vertices;
+    if (a.length() != b.length())
+        return false;
+    for (long start = 0; start < b.length(); ++start) {
+        if (RunAlike(a, b, start, tolerance))
+            return true;
+    }
+    return a.isEmpty();
+}
+
+ZetGeomAugPolygon ZetGeomAugPolygon::getNormalised(double tolerance) const {
+    ZetGeomAugPolygon result(m_vertices, tolerance);
+    ZetArray<ZetGeomPoint2d>& chain = result.m_vertices;
+    if (chain.isEmpty())
+        return result;
+    if (getArea() < 0.0)
+        std::reverse(chain.begin(), chain.end());
+    std::rotate(chain.begin(), std::min_element(chain.begin(), chain.end(), IsBefore), chain.end());
+    chain = WithoutStraightVertices(chain, tolerance);
+    return result;
+}

@@ -1,0 +1,385 @@
+#include "support/Outlines.h"
+
+#include "camdata/platform/SelfCrossing.h"
+#include "camdata/platform/ZetGeomAugPolygon.h"
+#include "camdata/platform/ZetString.h"
+
+#include <limits>
+#include <set>
+#include <string>
+#include <tuple>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+using Pieces = ZetArray<ZetGeomAugPolygon>;
+/// The corners of a piece without their order, for comparing pieces that start elsewhere.
+using CornerSet = std::set<std::pair<double, double>>;
+
+constexpr double kOffset = -0.05;
+
+ZetGeomAugPolygon Polygon(const OutlinePoints& points) {
+    return ZetGeomAugPolygon(points, 0.0);
+}
+
+Pieces Cut(const OutlinePoints& points) {
+    const ZetGeomAugPolygon outline(points, 0.1);
+    return outline.getMinRectangle().subtract(outline, kOffset);
+}
+
+CornerSet Corners(const OutlinePoints& points) {
+    CornerSet corners;
+    for (const ZetGeomPoint2d& p : points)
+        corners.insert({p.x + 0.0, p.y + 0.0});  // + 0.0: no negative zero
+    return corners;
+}
+
+std::multiset<CornerSet> Corners(const Pieces& pieces) {
+    std::multiset<CornerSet> all;
+    for (const ZetGeomAugPolygon& piece : pieces)
+        all.insert(Corners(piece.getVertices()));
+    return all;
+}
+
+std::multiset<CornerSet> Corners(const std::vector<OutlinePoints>& outlines) {
+    std::multiset<CornerSet> all;
+    for (const OutlinePoints& outline : outlines)
+        all.insert(Corners(outline));
+    return all;
+}
+
+std::string Text(const Pieces& pieces) {
+    std::string text;
+    for (const ZetGeomAugPolygon& piece : pieces) {
+        for (const ZetGeomPoint2d& p : piece.getVertices())
+            text += ZetString::format(L"(%g,%g)", p.x, p.y).toUtf8();
+        text += " ";
+    }
+    return text;
+}
+
+struct DifferenceCase {
+    const char* name;
+    OutlinePoints outline;
+    const char* pieces;  ///< in order, each from its first vertex
+};
+
+TEST(ZetGeomAugPolygonTest, CutsTheNotchesThatAFabricatorDraws) {
+    // clang-format off
+    const DifferenceCase cases[] = {
+        {"rectangle", {{0, 0}, {100, 0}, {100, 50}, {0, 50}}, ""},
+        {"L", {{0, 0}, {100, 0}, {100, 50}, {40, 50}, {40, 80}, {0, 80}},
+         "(40,50)(100,50)(100,80)(40,80) "},
+        {"T", {{0, 60}, {30, 60}, {30, 0}, {70, 0}, {70, 60}, {100, 60}, {100, 80}, {0, 80}},
+         "(0,0)(30,0)(30,60)(0,60) (70,0)(100,0)(100,60)(70,60) "},
+        {"U", {{0, 0}, {100, 0}, {100, 80}, {70, 80}, {70, 20}, {30, 20}, {30, 80}, {0, 80}},
+         "(30,20)(70,20)(70,80)(30,80) "},
+        {"stepped", {{0, 0}, {100, 0}, {100, 80}, {60, 80}, {60, 60}, {30, 60}, {30, 40}, {0, 40}},
+         "(0,40)(30,40)(30,60)(60,60)(60,80)(0,80) "},
+        {"notched at both ends", {{20, 0}, {80, 0}, {80, 10}, {100, 10}, {100, 50}, {0, 50}, {0, 10}, {20, 10}},
+         "(0,0)(20,0)(20,10)(0,10) (80,0)(100,0)(100,10)(80,10) "},
+        {"sloped ends", {{0, 0}, {100, 0}, {80, 50}, {10, 50}},
+         "(0,0)(10,50)(0,50) (80,50)(100,0)(100,50) "},
+        {"pockets that meet in a point", {{0, 0}, {100, 0}, {100, 40}, {70, 20}, {50, 40}, {30, 20}, {0, 40}},
+         "(0,40)(30,20)(50,40) (50,40)(70,20)(100,40) "},
+        {"joined by a strip of 0.03",
+         {{0, 0}, {100, 0}, {100, 40}, {80, 40}, {80, 20}, {60, 20}, {60, 39.97}, {40, 39.97}, {40, 20}, {20, 20}, {20, 40}, {0, 40}},
+         "(20,20)(40,20)(40,39.97)(20,40) (60,20)(80,20)(80,40)(60,39.97) "},
+        {"ledge of 0.03", {{0, 0}, {100, 0}, {100, 49.97}, {50, 49.97}, {50, 50}, {0, 50}}, ""},
+        {"ledge of 0.15", {{0, 0}, {100, 0}, {100, 49.85}, {50, 49.85}, {50, 50}, {0, 50}},
+         "(50,49.85)(100,49.85)(100,50)(50,50) "},
+        {"corners off by 0.05", {{0.02, 0.03}, {100, -0.02}, {99.96, 50.01}, {0, 50}}, ""},
+        {"chamfer of 0.05", {{0, 0}, {100, 0}, {100, 49.95}, {99.95, 50}, {0, 50}}, ""},
+        {"crossing itself", {{0, 0}, {100, 0}, {100, 80}, {50, -20}, {0, 80}}, ""},
+        {"figure of eight", {{0, 0}, {100, 80}, {100, 0}, {0, 80}}, ""},
+        {"two points", {{0, 0}, {100, 0}}, ""},
+        {"one point", {{5, 5}}, ""},
+        {"nothing", {}, ""},
+        {"not a number", {{0, 0}, {100, std::numeric_limits<double>::quiet_NaN()}, {100, 50}, {40, 50}}, ""},
+    };
+    // clang-format on
+    for (const DifferenceCase& c : cases) {
+        SCOPED_TRACE(c.name);
+        EXPECT_EQ(Text(Cut(c.outline)), c.pieces);
+        EXPECT_EQ(Text(Cut(Reversed(c.outline))), c.pieces);
+    }
+}
+
+TEST(ZetGeomAugPolygonTest, DiscsLeaveFourCornersInAnUprightRectangle) {
+    for (const int chords : {12, 30, 90, 400}) {
+        const Pieces pieces = Cut(Disc(100.0, 50.0, 40.0, chords));
+        ASSERT_EQ(pieces.length(), 4) << chords;
+        for (const ZetGeomAugPolygon& piece : pieces)
+            EXPECT_NEAR(
+                piece.getArea(), 40.0 * 40.0 * (4.0 - 3.14159265) / 4.0, 80.0 * 80.0 / chords);
+    }
+}
+
+struct RectangleCase {
+    const char* name;
+    OutlinePoints outline;
+    double area;
+    bool isUpright;
+};
+
+TEST(ZetGeomAugPolygonTest, TakesTheSmallestRectangleUnlessAnUprightOneIsNearlyAsSmall) {
+    // clang-format off
+    const RectangleCase cases[] = {
+        {"both ends skewed 45 degrees", {{0, 0}, {100, 0}, {300, 200}, {200, 200}}, 25000.0, false},
+        {"right triangle, two equal rectangles", {{0, 0}, {40, 0}, {0, 30}}, 1200.0, true},
+        {"diamond", {{10, 0}, {20, 10}, {10, 20}, {0, 10}}, 200.0, false},
+        {"disc of chords", Disc(0, 0, 50, 72), 10000.0, true},
+        {"line", {{0, 0}, {50, 50}}, 2500.0, true},
+    };
+    // clang-format on
+    for (const RectangleCase& c : cases) {
+        SCOPED_TRACE(c.name);
+        const ZetGeomAugPolygon rectangle = Polygon(c.outline).getMinRectangle();
+        ASSERT_EQ(rectangle.getLength(), 4);
+        EXPECT_NEAR(rectangle.getArea(), c.area, 1e-9 * c.area);
+        EXPECT_EQ(rectangle.getVertices()[0].y == rectangle.getVertices()[1].y, c.isUpright);
+    }
+    EXPECT_EQ(ZetGeomAugPolygon().getMinRectangle().getLength(), 0);
+}
+
+bool IsInside(const ZetGeomPoint2d& p, const OutlinePoints& outline) {
+    bool inside = false;
+    for (long i = 0, j = outline.length() - 1; i < outline.length(); j = i++) {
+        const ZetGeomPoint2d& a = outline[i];
+        const ZetGeomPoint2d& b = outline[j];
+        if ((a.y > p.y) != (b.y > p.y) && p.x < (b.x - a.x) * (p.y - a.y) / (b.y - a.y) + a.x)
+            inside = !inside;
+    }
+    return inside;
+}
+
+/// Points a little inside a polygon, beside the middle of each of its edges.
+OutlinePoints PointsInside(const ZetGeomAugPolygon& polygon) {
+    OutlinePoints points;
+    const OutlinePoints& vertices = polygon.getVertices();
+    for (long i = 0; i < vertices.length(); ++i) {
+        const ZetGeomPoint2d& a = vertices[i];
+        const ZetGeomVector2d edge = vertices[(i + 1) % vertices.length()] - a;
+        const double aside = 1e-3 / edge.length();
+        const ZetGeomPoint2d p = {a.x + 0.5 * edge.x - edge.y * aside,
+                                  a.y + 0.5 * edge.y + edge.x * aside};
+        if (IsInside(p, vertices))
+            points.append(p);
+    }
+    return points;
+}
+
+/// What holds for every outline: areas add up, pieces lie in the rectangle and outside the outline,
+/// and no coordinate was made up.
+void ExpectLaws(const OutlinePoints& outline) {
+    const ZetGeomAugPolygon polygon = Polygon(outline);
+    const ZetGeomAugPolygon rectangle = polygon.getMinRectangle();
+    CornerSet known = Corners(outline);
+    known.merge(Corners(rectangle.getVertices()));
+    double area = std::abs(polygon.getArea());
+    double thinnest = 0.0;
+    for (const ZetGeomAugPolygon& piece : rectangle.subtract(polygon, kOffset)) {
+        area += piece.getArea();
+        thinnest += 0.03 * piece.getPerimeter();
+        for (const ZetGeomPoint2d& vertex : piece.getVertices())
+            EXPECT_TRUE(known.count({vertex.x + 0.0, vertex.y + 0.0}))
+                << vertex.x << ", " << vertex.y;
+        for (const ZetGeomPoint2d& p : PointsInside(piece)) {
+            EXPECT_TRUE(IsInside(p, rectangle.getVertices()));
+            EXPECT_FALSE(IsInside(p, outline)) << p.x << ", " << p.y;
+        }
+    }
+    EXPECT_NEAR(area, rectangle.getArea(), 1e-9 * rectangle.getArea() + thinnest);
+}
+
+TEST(ZetGeomAugPolygonTest, FindsTheNotchesThatAnOutlineWasMadeFrom) {
+    constexpr unsigned kSeed = 12;
+    std::mt19937_64 random(kSeed);
+    int crooked = 0;
+    for (int i = 0; i < 2000; ++i) {
+        SCOPED_TRACE("seed " + std::to_string(kSeed) + ", outline " + std::to_string(i));
+        const NotchedOutline made = RandomNotchedOutline(random);
+        const Pieces pieces = Cut(made.points);
+        ExpectLaws(made.points);
+        ExpectLaws(TurnedBy(made.points, 0.1 * static_cast<double>(random() % 3600)));
+        const OutlinePoints rectangle = Polygon(made.points).getMinRectangle().getVertices();
+        if (rectangle[0].y != rectangle[1].y) {
+            ++crooked;  // long notches at opposite corners: a turned rectangle is really smaller
+            continue;
+        }
+        ASSERT_EQ(Corners(pieces), Corners(made.notches));
+        const long start =
+            static_cast<long>(random() % static_cast<unsigned>(made.points.length()));
+        ASSERT_EQ(Text(Cut(StartingAt(Reversed(made.points), start))), Text(pieces));
+
+        std::vector<OutlinePoints> mirrored;
+        std::vector<OutlinePoints> turned;
+        for (const ZetGeomAugPolygon& piece : pieces) {
+            mirrored.push_back(MirroredInX(piece.getVertices()));
+            turned.push_back(TurnedBy90(piece.getVertices()));
+        }
+        ASSERT_EQ(Corners(Cut(MirroredInX(made.points))), Corners(mirrored));
+        ASSERT_EQ(Corners(Cut(TurnedBy90(made.points))), Corners(turned));
+        const OutlinePoints atAnAngle =
+            TurnedBy(made.points, 0.1 * static_cast<double>(random() % 900));
+        const double area = Polygon(made.points).getMinRectangle().getArea();
+        if (std::abs(Polygon(atAnAngle).getMinRectangle().getArea() - area) < 1e-9 * area)
+            ASSERT_EQ(Cut(atAnAngle).length(), pieces.length());
+        else
+            ++crooked;
+    }
+    EXPECT_LT(crooked, 300);
+}
+
+TEST(ZetGeomAugPolygonTest, LawsHoldForStars) {
+    constexpr unsigned kSeed = 99;
+    std::mt19937_64 random(kSeed);
+    for (int i = 0; i < 2000; ++i) {
+        SCOPED_TRACE("seed " + std::to_string(kSeed) + ", star " + std::to_string(i));
+        ExpectLaws(RandomStar(random));
+    }
+}
+
+TEST(ZetGeomAugPolygonTest, HoldsEachVertexOnce) {
+    EXPECT_EQ(Polygon({
+                          {0,  0},
+                          {10, 0},
+                          {10, 5},
+                          {0,  5},
+                          {0,  0}
+    })
+                  .getLength(),
+              4);
+    const ZetGeomAugPolygon near(
+        {
+            {0,    0   },
+            {0.05, 0   },
+            {10,   0   },
+            {10,   5   },
+            {10,   5.08},
+            {0,    5   },
+            {0.06, 0.06}
+    },
+        0.1);
+    EXPECT_EQ(Corners(near.getVertices()),
+              (CornerSet{
+                  {0,  0},
+                  {10, 0},
+                  {10, 5},
+                  {0,  5}
+    }));
+    EXPECT_EQ(ZetGeomAugPolygon(
+                  {
+                      {1, 1},
+                      {1, 1}
+    },
+                  0.1)
+                  .getLength(),
+              1);
+}
+
+TEST(ZetGeomAugPolygonTest, NormalisingDropsWhatLiesOnStraightEdges) {
+    const OutlinePoints clockwise = {
+        {0,  5    },
+        {4,  5    },
+        {10, 5    },
+        {10, 2.505},
+        {10, 0    },
+        {7,  0.009},
+        {5,  0    },
+        {0,  0    }
+    };
+    EXPECT_EQ(Text({Polygon(clockwise).getNormalised(0.01)}), "(0,0)(10,0)(10,5)(0,5) ");
+    EXPECT_EQ(Polygon(clockwise).getNormalised(0.001).getLength(), 6);
+
+    // So fine a disc that each vertex lies on the line between its neighbours: it must stay a disc.
+    const ZetGeomAugPolygon disc = Polygon(Disc(0, 0, 100, 5000));
+    EXPECT_NEAR(disc.getNormalised(0.01).getArea(), disc.getArea(), 0.01 * disc.getPerimeter());
+    EXPECT_LT(disc.getNormalised(0.01).getLength(), 500);
+}
+
+TEST(ZetGeomAugPolygonTest, EqualityKnowsNoStartDirectionOrStraightVertices) {
+    const OutlinePoints rectangle = {
+        {0,   0 },
+        {100, 0 },
+        {100, 50},
+        {0,   50}
+    };
+    EXPECT_TRUE(Polygon(rectangle).isEqualTo(Polygon(Reversed(StartingAt(rectangle, 2))), 0.001));
+    EXPECT_TRUE(
+        Polygon(rectangle).isEqualTo(Polygon({
+                                         {0,   0      },
+                                         {60,  0      },
+                                         {100, 0      },
+                                         {100, 50     },
+                                         {0,   50.0009}
+    }),
+                                     0.001));
+    EXPECT_FALSE(Polygon(rectangle).isEqualTo(Polygon({
+                                                  {0,   0    },
+                                                  {100, 0    },
+                                                  {100, 50   },
+                                                  {0,   50.01}
+    }),
+                                              0.001));
+    EXPECT_FALSE(Polygon(rectangle).isEqualTo(Polygon({
+                                                  {0,   0 },
+                                                  {100, 0 },
+                                                  {100, 50}
+    }),
+                                              0.001));
+}
+
+struct CrossingCase {
+    const char* name;
+    OutlinePoints outline;
+    bool crosses;
+};
+
+TEST(SelfCrossingTest, TouchingIsNoCrossing) {
+    // clang-format off
+    const CrossingCase cases[] = {
+        {"bow tie", {{0, 0}, {10, 10}, {10, 0}, {0, 10}}, true},
+        {"through a vertex", {{0, 0}, {5, 5}, {10, 10}, {10, 0}, {5, 5}, {0, 10}}, true},
+        {"twice around", {{0, 0}, {10, 0}, {10, 10}, {0, 10}, {0, 0}, {10, 0}, {10, 10}, {0, 10}}, true},
+        {"square", {{0, 0}, {10, 0}, {10, 10}, {0, 10}, {0, 0}}, false},
+        {"pinched", {{0, 0}, {10, 0}, {5, 5}, {10, 10}, {0, 10}, {5, 5}}, false},
+        {"opening joined to the edge",
+         {{0, 0}, {50, 0}, {50, 10}, {40, 10}, {40, 20}, {60, 20}, {60, 10}, {50, 10}, {50, 0}, {100, 0}, {100, 50}, {0, 50}},
+         false},
+        {"too large", {{0, 0}, {1e300, 0}, {0, 1e300}}, true},
+    };
+    // clang-format on
+    for (const CrossingCase& c : cases)
+        EXPECT_EQ(FindSelfCrossing({c.outline.begin(), c.outline.end()}).has_value(), c.crosses)
+            << c.name;
+}
+
+TEST(SelfCrossingTest, AgreesWithComparingAllPairs) {
+    const auto turn = [](const ZetGeomPoint2d& a,
+                         const ZetGeomPoint2d& b,
+                         const ZetGeomPoint2d& c) { return (b - a).cross(c - a); };
+    std::mt19937_64 random(7);
+    for (int i = 0; i < 3000; ++i) {
+        OutlinePoints points;
+        for (int k = 0; k < 4 + i % 9; ++k)
+            points.append(
+                {static_cast<double>(random() % 1000003), static_cast<double>(random() % 1000003)});
+        bool crosses = false;
+        for (long a = 0; a < points.length(); ++a) {
+            for (long b = a + 2; b < points.length() - (a == 0 ? 1 : 0); ++b) {
+                const ZetGeomPoint2d& p = points[a];
+                const ZetGeomPoint2d& q = points[(a + 1) % points.length()];
+                const ZetGeomPoint2d& r = points[b];
+                const ZetGeomPoint2d& s = points[(b + 1) % points.length()];
+                crosses = crosses || (turn(p, q, r) * turn(p, q, s) < 0.0 &&
+                                      turn(r, s, p) * turn(r, s, q) < 0.0);
+            }
+        }
+        ASSERT_EQ(FindSelfCrossing({points.begin(), points.end()}).has_value(), crosses)
+            << "outline " << i;
+    }
+}
+
+}  // namespace
