@@ -130,7 +130,8 @@ struct NcContour {
     long line = 0;  ///< of its first point
     NcPlace place;
     bool isInternal = false;
-    char reference = 0;                  ///< of its first point
+    bool fromHeader = false;  ///< the face has no outline in the file: made from the header's cuts
+    char reference = 0;       ///< of its first point
     std::vector<NcContourPoint> points;  ///< as in the file
     std::vector<NcNotchLine> notchLines;
     std::vector<ZetGeomPoint2d>
@@ -168,8 +169,9 @@ struct NcNumeration {
 /// An En block.
 struct NcPlane {
     long line = 0;
-    int number = 0;      ///< the digit of the block code; may be re-used by a later En
-    ZetGeomPlane plane;  ///< in the frame of the piece
+    int number = 0;                ///< the digit of the block code; may be re-used by a later En
+    ZetGeomPlane plane;            ///< in the frame of the piece
+    NcFace face = NcFace::kPlane;  ///< the standard face that it is parallel to, else kPlane
 };
 
 /// One line of a KA block: a bend of the flat piece.

@@ -15,7 +15,7 @@ inline constexpr std::size_t kMaxFileBytes = 64u << 20;
 /// Magnitude of any number, mm or degrees.
 inline constexpr double kMaxNumber = 1e9;
 /// Points of all outlines of one file, chords of arcs included.
-inline constexpr std::size_t kMaxOutlinePoints = 1'000'000;
+inline constexpr std::size_t kMaxOutlinePoints = 200'000;
 /// En blocks of one file.
 inline constexpr std::size_t kMaxPlanes = 1'000;
 /// Notes of one file; the last one then says that there are more.

@@ -1,0 +1,244 @@
+#include "dstv/NcGeometry.h"
+#include "dstv/NcParser.h"
+#include "dstv/NcPlanes.h"
+#include "dstv/NcText.h"
+
+#include "camdata/platform/SelfCrossing.h"
+
+#include <algorithm>
+#include <cmath>
+#include <string>
+#include <utility>
+
+// Blocks whose lines belong together: contours, marks, sections, planes.
+
+namespace dstv {
+namespace {
+
+constexpr wchar_t kMm[] = L"a number in mm";
+/// Points nearer than this are the same point, mm.
+constexpr double kSamePoint = 0.01;
+/// A plane's axes may miss the right angle by this without a note, degrees.
+constexpr double kSkewSlack = 0.1;
+
+ZetGeomPoint2d PointOf(const NcContourPoint& point) {
+    return {point.x, point.q};
+}
+
+bool AreSame(const NcContourPoint& a, const NcContourPoint& b) {
+    return std::abs(a.x - b.x) <= kSamePoint && std::abs(a.q - b.q) <= kSamePoint;
+}
+
+bool IsBevelled(const NcContourPoint& point) {
+    return point.bevels[0].angle != 0.0 || point.bevels[1].angle != 0.0;
+}
+
+}  // namespace
+
+NcParser::OutlineLine NcParser::TakeOutlineLine(NcTokens& tokens) {
+    OutlineLine read;
+    read.place = TakePlace(tokens);
+    read.point.x = tokens.TakeNumber(L"point X", kMm);
+    read.reference = TakeReference(tokens);
+    read.point.q = tokens.TakeNumber(L"point Y", kMm);
+    read.notch = tokens.TakeLetterOf("tw", L"notch letter", L"t, w or none");
+    read.point.radius = tokens.TakeNumberOr(0.0);
+    for (NcBevel& bevel : read.point.bevels) {
+        bevel.angle = tokens.TakeNumberOr(0.0);
+        bevel.depth = tokens.TakeNumberOr(0.0);
+    }
+    tokens.ExpectEnd();
+    return read;
+}
+
+void NcParser::ReadContourLine(NcTokens& tokens) {
+    const OutlineLine read = TakeOutlineLine(tokens);
+    const bool isNotch = read.notch != 0;
+    // A notch line after the last point still belongs to the contour that it closes.
+    if (m_outline && (m_outline->place != read.place || (m_outline->isClosed && !isNotch)))
+        FinishOutline();
+    if (!m_outline)
+        m_outline.emplace().place = read.place;
+    if (!isNotch)
+        return AddPoint(read, tokens.GetLine());
+    m_outline->notchLines.push_back({tokens.GetLine().number,
+                                     read.point.x,
+                                     read.point.q,
+                                     read.notch,
+                                     read.point.radius,
+                                     static_cast<long>(m_outline->points.size())});
+    CheckNotchLine(m_outline->notchLines.back());
+}
+
+void NcParser::AddPoint(const OutlineLine& read, const NcLine& line) {
+    NcOpenOutline& outline = *m_outline;
+    if (outline.points.empty())
+        outline.reference = read.reference;
+    outline.points.push_back(read.point);
+    outline.lines.push_back(line);
+    outline.isClosed =
+        outline.points.size() > 2 && AreSame(outline.points.front(), outline.points.back());
+    if (!IsBevelled(read.point) || m_hasNotedBevels)
+        return;
+    m_hasNotedBevels = true;
+    m_notes.Note(line.number,
+                 ZetString::format(L"weld preparation: %s", L"kept beside the NC data"));
+}
+
+void NcParser::CheckNotchLine(const NcNotchLine& notch) {
+    // For the round end of a slot the theoretical corner does not exist, and exporters write
+    // anything.
+    const double limit =
+        2.0 * std::max({m_part.header.length, m_part.header.profileHeight, 1000.0});
+    if (std::abs(notch.x) > limit || std::abs(notch.q) > limit)
+        m_notes.Warn(notch.line, L"notch line far outside of the piece: it does not count");
+}
+
+void NcParser::ReadMarkLine(NcTokens& tokens) {
+    const OutlineLine read = TakeOutlineLine(tokens);
+    if (m_outline && m_outline->place != read.place)
+        FinishOutline();
+    if (!m_outline)
+        m_outline.emplace().place = read.place;
+    AddPoint(read, tokens.GetLine());
+}
+
+void NcParser::FinishOutline() {
+    if (!m_outline)
+        return;
+    NcOpenOutline outline = std::move(*m_outline);
+    m_outline.reset();
+    const NcBlockType type = m_block.code.type;
+    if (type == NcBlockType::kPowder || type == NcBlockType::kPunch)
+        FinishMark(std::move(outline));
+    else
+        FinishContour(std::move(outline));
+}
+
+std::vector<ZetGeomPoint2d> NcParser::Chords(const NcOpenOutline& outline,
+                                             std::vector<std::size_t>& sources) {
+    Outline chords = {PointOf(outline.points.front())};
+    for (std::size_t i = 0; i + 1 < outline.points.size(); ++i) {
+        const ZetGeomPoint2d to = PointOf(outline.points[i + 1]);
+        const double radius = outline.points[i].radius;
+        const std::size_t before = chords.size();
+        if (!AppendEdge(to, radius, chords))
+            FailAt(outline.lines[i],
+                   L"radius",
+                   Trimmed(outline.lines[i].text),
+                   ZetString::format(L"at least %.2f, half the distance to the next point",
+                                     (to - chords.back()).length() / 2.0));
+        Spend(chords.size() - before, outline.lines[i]);
+        sources.resize(chords.size() - 1, i);
+    }
+    return chords;
+}
+
+void NcParser::FinishContour(NcOpenOutline outline) {
+    const NcLine first = outline.lines.empty() ? m_block.line : outline.lines.front();
+    if (outline.points.size() < 3)
+        FailAt(first, L"contour", Trimmed(first.text), L"at least 3 points");
+    if (outline.isClosed) {
+        outline.points.back().x = outline.points.front().x;
+        outline.points.back().q = outline.points.front().q;
+    } else {
+        m_notes.Warn(outline.lines.back().number,
+                     L"contour is not closed: closed by a straight edge");
+        outline.points.push_back({outline.points.front().x, outline.points.front().q, 0.0, {}});
+        outline.lines.push_back(outline.lines.back());
+    }
+    std::vector<std::size_t> sources;
+    NcContour contour;
+    contour.outline = Chords(outline, sources);
+    if (contour.outline.size() < 4)
+        FailAt(first, L"contour", Trimmed(first.text), L"at least 3 points that are not the same");
+    if (const auto crossing = FindSelfCrossing(contour.outline)) {
+        const NcLine& line = outline.lines[sources[*crossing]];
+        FailAt(line, L"contour", Trimmed(line.text), L"an outline that does not cross itself");
+    }
+    const auto leftmost = std::min_element(contour.outline.begin(),
+                                           contour.outline.end(),
+                                           [](const auto& a, const auto& b) { return a.x < b.x; });
+    if (leftmost->x < 0.0)
+        m_notes.Warn(first.number, L"contour with a negative X");
+    contour.line = first.number;
+    contour.place = outline.place;
+    contour.isInternal = m_block.code.type == NcBlockType::kInner;
+    contour.reference = outline.reference;
+    contour.points = std::move(outline.points);
+    contour.notchLines = std::move(outline.notchLines);
+    m_part.contours.push_back(std::move(contour));
+}
+
+void NcParser::FinishMark(NcOpenOutline outline) {
+    std::vector<std::size_t> sources;
+    NcMark mark;
+    mark.line = outline.lines.front().number;
+    mark.place = outline.place;
+    mark.kind =
+        m_block.code.type == NcBlockType::kPowder ? NcMarkKind::kPowder : NcMarkKind::kPunch;
+    mark.outline = Chords(outline, sources);
+    mark.points = std::move(outline.points);
+    m_part.marks.push_back(std::move(mark));
+}
+
+void NcParser::ReadSectionLine(NcTokens& tokens) {
+    const char sign = tokens.TakeSign();
+    const bool isInner = sign == 0 ? m_section && m_section->isInner : sign == '-';
+    NcSectionPoint point;
+    point.y = tokens.TakeNumber(L"section y", kMm);
+    point.z = tokens.TakeNumber(L"section z", kMm);
+    point.radius = tokens.TakeNumberOr(0.0);
+    tokens.ExpectEnd();
+    if (m_section && m_section->isInner != isInner)
+        FinishSection();
+    if (!m_section)
+        m_section = NcSection{tokens.GetLine().number, isInner, {}};
+    m_section->points.push_back(point);
+    const NcSectionPoint& first = m_section->points.front();
+    if (m_section->points.size() > 2 && first.y == point.y && first.z == point.z)
+        FinishSection();
+}
+
+void NcParser::FinishSection() {
+    if (m_section)
+        m_part.sections.push_back(std::move(*m_section));
+    m_section.reset();
+}
+
+void NcParser::ReadPlaneLine(NcTokens& tokens) {
+    do
+        m_planeNumbers.push_back(tokens.TakeNumber(L"plane", L"nine numbers in mm"));
+    while (!tokens.IsAtEnd() && m_planeNumbers.size() < 9);
+    if (!tokens.IsAtEnd())
+        tokens.Fail(L"plane", L"no more than nine numbers");
+}
+
+void NcParser::FinishPlane() {
+    if (m_block.code.type != NcBlockType::kPlane)
+        return;
+    const std::vector<double> n = std::exchange(m_planeNumbers, {});
+    const NcLine& line = m_block.line;
+    if (n.size() != 9)
+        FailAt(line, L"plane", m_block.code.text, L"nine numbers: origin, point on x, point on y");
+    const auto plane = PlaneThrough({
+        {{n[0], n[1], n[2]}, {n[3], n[4], n[5]}, {n[6], n[7], n[8]}}
+    });
+    if (!plane)
+        FailAt(line, L"plane", m_block.code.text, L"three points that are not on one line");
+    if (plane->skew > kSkewSlack)
+        m_notes.Warn(line.number,
+                     ZetString::format(L"axes of the plane are %.2f degrees off a right angle: "
+                                       L"the y axis is turned",
+                                       plane->skew));
+    if (m_part.planes.size() == kMaxPlanes)
+        FailAt(line, L"plane", m_block.code.text, L"at most 1000 planes in one file");
+    m_planeOfNumber[static_cast<std::size_t>(m_block.code.plane)] =
+        static_cast<long>(m_part.planes.size());
+    m_part.planes.push_back({line.number,
+                             m_block.code.plane,
+                             plane->plane,
+                             StandardFaceOf(plane->plane, m_part.header)});
+}
+
+}  // namespace dstv

@@ -1,0 +1,345 @@
+#include "dstv/NcHost.h"
+
+#include "dstv/NcGeometry.h"
+#include "dstv/NcPlanes.h"
+
+#include "camdata/platform/IStructureObject.h"
+
+#include <atomic>
+#include <map>
+#include <utility>
+
+namespace dstv {
+namespace {
+
+/// View position of the first inclined plane.
+constexpr int kFirstPlanePosition = 5;
+
+/// The model object of one file: what its header says of the part.
+class FileModelObject final : public IEqualPartObject, public IStructureObject {
+  public:
+    explicit FileModelObject(const NcHeader& header)
+        : m_mark(header.mark),
+          m_profileName(header.profileName),
+          m_material(header.steelQuality),
+          m_remark(header.infoTexts[0]) {}
+    virtual ~FileModelObject() = default;
+
+    HostResult queryInterface(const HostInterfaceId& id, IHostObject** object) override {
+        *object = nullptr;
+        if (id == IEqualPartObject::kId)
+            *object = static_cast<IEqualPartObject*>(this);
+        else if (id == IStructureObject::kId)
+            *object = static_cast<IStructureObject*>(this);
+        else
+            return kHostNoInterface;
+        addRef();
+        return kHostOk;
+    }
+    unsigned long addRef() override { return ++m_references; }
+    unsigned long release() override {
+        const unsigned long left = --m_references;
+        if (left == 0)
+            delete this;
+        return left;
+    }
+
+    HostResult getMainPart(HostBool* isMainPart) override {
+        *isMainPart = 0;
+        return kHostOk;
+    }
+    HostResult getPartNumber(ZetString* text) override { return Give(m_mark, text); }
+    HostResult getAssemblyNumber(ZetString* text) override { return Give({}, text); }
+    HostResult getName(ZetString* text) override { return Give(m_profileName, text); }
+    HostResult getMaterial(ZetString* text) override { return Give(m_material, text); }
+    HostResult getFinish(ZetString* text) override { return Give({}, text); }
+    HostResult getRemark(ZetString* text) override { return Give(m_remark, text); }
+    HostResult getProfileName(ZetString* name) override { return Give(m_profileName, name); }
+
+  private:
+    static HostResult Give(const ZetString& value, ZetString* text) {
+        *text = value;
+        return kHostOk;
+    }
+
+    std::atomic<unsigned long> m_references = 1;
+    ZetString m_mark;
+    ZetString m_profileName;
+    ZetString m_material;
+    ZetString m_remark;
+};
+
+/// Sorts everything on a part into its views.
+class StructureBuilder {
+  public:
+    explicit StructureBuilder(const NcPart& part)
+        : m_part(part), m_positions(part.planes.size(), 0) {}
+
+    void Build();
+    ZetNCStructure TakeStructure();
+    /// Valid after TakeStructure.
+    std::vector<NcHoleTarget> TakeHoleTargets() { return std::move(m_targets); }
+
+  private:
+    struct Draft {
+        ZetGeomPlane plane;
+        ZetArray<ZetNCHoleData> holes;
+        ZetArray<ZetNCContour> externalContours;
+        ZetArray<ZetNCContour> internalContours;
+        ZetArray<ZetNCMark> marks;
+        ZetArray<ZetNCNumeration> numerations;
+    };
+    /// Where a feature goes, and how its coordinates get there.
+    struct Target {
+        int position;
+        Draft& draft;
+        PlaneMap map;
+    };
+
+    template <typename Features>
+    void MarkUsed(const Features& features, std::vector<char>& isUsed) const;
+    void NumberPlanes();
+    int PositionOf(const NcPlace& place) const;
+    Target TargetOf(const NcPlace& place);
+    void AddHole(const NcHole& hole);
+    long AddHoleTo(const NcHole& hole, Target& target);
+    void AddContour(const NcContour& contour);
+    void AddMark(const NcMark& mark);
+    void AddNumeration(const NcNumeration& numeration);
+
+    const NcPart& m_part;
+    std::vector<int> m_positions;  ///< of each plane
+    std::map<int, Draft> m_drafts;
+    std::vector<NcHoleTarget> m_targets;  ///< views by position until TakeStructure
+};
+
+ZetNCContour ContourOf(const Outline& outline, int type, const PlaneMap& map) {
+    ZetNCContour contour;
+    contour.type = type;
+    for (const ZetGeomPoint2d& point : outline) {
+        const ZetGeomPoint2d mapped = map.Point(point);
+        contour.xValues.append(mapped.x);
+        contour.yValues.append(mapped.y);
+    }
+    contour.bulges.setLength(contour.xValues.length());
+    return contour;
+}
+
+ZetNCMark MarkOf(const Outline& points, int kind, const PlaneMap& map) {
+    ZetNCMark mark;
+    mark.kind = kind;
+    for (const ZetGeomPoint2d& point : points)
+        mark.points.append(map.Point(point));
+    return mark;
+}
+
+/// A mark's points: one, or two when its line has a slot, the start circle's centre first.
+Outline MarkedLine(const NcHole& hole) {
+    Outline points = {
+        {hole.x, hole.q}
+    };
+    const ZetGeomVector2d u = DirectionAt(hole.slotAngle);
+    if (hole.slotWidth > 0.0 || hole.slotHeight > 0.0)
+        points.push_back({hole.x + hole.slotWidth * u.x - hole.slotHeight * u.y,
+                          hole.q + hole.slotWidth * u.y + hole.slotHeight * u.x});
+    return points;
+}
+
+int HoleDataKind(NcHoleKind kind) {
+    switch (kind) {
+        case NcHoleKind::kThreadRight:
+            return ZetNCHoleData::eKindThreadRight;
+        case NcHoleKind::kThreadLeft:
+            return ZetNCHoleData::eKindThreadLeft;
+        case NcHoleKind::kCountersunk:
+            return ZetNCHoleData::eKindCountersunk;
+        default:
+            return ZetNCHoleData::eKindPlain;
+    }
+}
+
+ZetNCHoleData HoleDataOf(const NcHole& hole, const PlaneMap& map) {
+    const ZetGeomPoint2d point = map.Point({hole.x, hole.q});
+    ZetNCHoleData data;
+    data.x = point.x;
+    data.y = point.y;
+    data.kind = HoleDataKind(hole.kind);
+    data.size = hole.diameter;
+    data.depth = hole.depth;
+    if (hole.form == NcHoleForm::kSlot) {
+        const bool isAcross = hole.slotHeight > 0.0;
+        data.slot = 1;
+        data.slotLength = isAcross ? hole.slotHeight : hole.slotWidth;
+        data.slotAngle = map.Angle(hole.slotAngle + (isAcross ? 90.0 : 0.0));
+    }
+    return data;
+}
+
+void StructureBuilder::Build() {
+    NumberPlanes();
+    for (const NcHole& hole : m_part.holes)
+        AddHole(hole);
+    for (const NcContour& contour : m_part.contours)
+        AddContour(contour);
+    for (const NcMark& mark : m_part.marks)
+        AddMark(mark);
+    for (const NcNumeration& numeration : m_part.numerations)
+        AddNumeration(numeration);
+}
+
+template <typename Features>
+void StructureBuilder::MarkUsed(const Features& features, std::vector<char>& isUsed) const {
+    for (const auto& feature : features)
+        if (feature.place.plane >= 0)
+            isUsed[static_cast<std::size_t>(feature.place.plane)] = 1;
+}
+
+void StructureBuilder::NumberPlanes() {
+    std::vector<char> isUsed(m_part.planes.size(), 0);
+    MarkUsed(m_part.holes, isUsed);
+    MarkUsed(m_part.contours, isUsed);
+    MarkUsed(m_part.marks, isUsed);
+    MarkUsed(m_part.numerations, isUsed);
+    int next = kFirstPlanePosition;
+    for (std::size_t i = 0; i < m_part.planes.size(); ++i) {
+        const NcPlane& plane = m_part.planes[i];
+        m_positions[i] = static_cast<int>(plane.face);
+        if (plane.face != NcFace::kPlane || isUsed[i] == 0)
+            continue;
+        // The same plane defined again is still one view.
+        std::size_t same = 0;
+        while (!(m_part.planes[same].plane == plane.plane && isUsed[same] != 0))
+            ++same;
+        m_positions[i] = same < i ? m_positions[same] : next++;
+    }
+}
+
+int StructureBuilder::PositionOf(const NcPlace& place) const {
+    return place.plane < 0 ? static_cast<int>(place.face)
+                           : m_positions[static_cast<std::size_t>(place.plane)];
+}
+
+StructureBuilder::Target StructureBuilder::TargetOf(const NcPlace& place) {
+    const int position = PositionOf(place);
+    const bool isFace = position < kFirstPlanePosition;
+    const ZetGeomPlane own = place.plane < 0
+                                 ? ZetGeomPlane()
+                                 : m_part.planes[static_cast<std::size_t>(place.plane)].plane;
+    const ZetGeomPlane view =
+        isFace ? FacePlane(static_cast<NcFace>(position), m_part.header) : own;
+    Draft& draft = m_drafts[position];
+    draft.plane = InMemberFrame(view, m_part.header.profileCode);
+    return {position, draft, isFace && place.plane >= 0 ? PlaneMap(own, view) : PlaneMap()};
+}
+
+void StructureBuilder::AddHole(const NcHole& hole) {
+    Target target = TargetOf(hole.place);
+    m_targets.push_back({target.position, AddHoleTo(hole, target)});
+}
+
+long StructureBuilder::AddHoleTo(const NcHole& hole, Target& target) {
+    Draft& draft = target.draft;
+    if (hole.form == NcHoleForm::kMark) {
+        draft.marks.append(MarkOf(MarkedLine(hole), ZetNCMark::eKindPunch, target.map));
+        return draft.marks.length() - 1;
+    }
+    if (hole.form == NcHoleForm::kRectangle) {
+        draft.internalContours.append(
+            ContourOf(hole.outline, ZetNCContour::eTypeInternal, target.map));
+        return draft.internalContours.length() - 1;
+    }
+    draft.holes.append(HoleDataOf(hole, target.map));
+    return draft.holes.length() - 1;
+}
+
+void StructureBuilder::AddContour(const NcContour& contour) {
+    const Target target = TargetOf(contour.place);
+    ZetArray<ZetNCContour>& contours =
+        contour.isInternal ? target.draft.internalContours : target.draft.externalContours;
+    contours.append(
+        ContourOf(contour.outline,
+                  contour.isInternal ? ZetNCContour::eTypeInternal : ZetNCContour::eTypeExternal,
+                  target.map));
+}
+
+void StructureBuilder::AddMark(const NcMark& mark) {
+    const Target target = TargetOf(mark.place);
+    const int kind =
+        mark.kind == NcMarkKind::kPowder ? ZetNCMark::eKindPowder : ZetNCMark::eKindPunch;
+    target.draft.marks.append(MarkOf(mark.outline, kind, target.map));
+}
+
+void StructureBuilder::AddNumeration(const NcNumeration& numeration) {
+    const Target target = TargetOf(numeration.place);
+    const ZetGeomPoint2d point = target.map.Point({numeration.x, numeration.q});
+    target.draft.numerations.append({point.x,
+                                     point.y,
+                                     target.map.Angle(numeration.angle),
+                                     numeration.textHeight,
+                                     numeration.text});
+}
+
+ZetNCStructure StructureBuilder::TakeStructure() {
+    ZetArray<ZetNCView> views;
+    std::map<long, long> indexOfPosition;
+    for (auto& [position, draft] : m_drafts) {
+        ZetNCView view;
+        view.setViewPos(position);
+        view.setPlane(draft.plane);
+        view.setHoles(std::move(draft.holes));
+        view.setExternalContours(std::move(draft.externalContours));
+        view.setInternalContours(std::move(draft.internalContours));
+        view.setMarks(std::move(draft.marks));
+        view.setNumerations(std::move(draft.numerations));
+        indexOfPosition[position] = views.length();
+        views.append(std::move(view));
+    }
+    for (NcHoleTarget& target : m_targets)
+        target.view = indexOfPosition[target.view];
+    ZetNCStructure structure;
+    structure.setViews(std::move(views));
+    return structure;
+}
+
+}  // namespace
+
+NcFileEntity::NcFileEntity(NcPart part)
+    : m_part(std::move(part)),
+      m_modelObject(HostPtr<IEqualPartObject>::adopt(new FileModelObject(m_part.header))) {
+    StructureBuilder builder(m_part);
+    builder.Build();
+    m_structure = builder.TakeStructure();
+    m_holeTargets = builder.TakeHoleTargets();
+}
+
+ZetNCEntity::NCTypes NcFileEntity::getType() const {
+    return m_part.header.profileCode == L"B" ? eNCTypePlate : eNCTypeBeam;
+}
+
+IHostObject* NcFileEntity::getModelObject() {
+    m_modelObject->addRef();
+    return m_modelObject.get();
+}
+
+ZetNCHeaderData NcFileEntity::getHeader(long) const {
+    const NcHeader& header = m_part.header;
+    const bool isPlate = getType() == eNCTypePlate;
+    ZetNCHeaderData data;
+    data.drawingNumber = header.drawing;
+    data.mark = header.mark;
+    data.quantity = header.quantity;
+    data.profileName = header.profileName;
+    data.profileCode = header.profileCode;
+    data.length = header.length;
+    data.sawLength = header.sawLength;
+    data.height = header.profileHeight;
+    data.width = isPlate ? header.profileHeight : header.flangeWidth;
+    data.thickness = header.webThickness;
+    return data;
+}
+
+ZetNCStructure NcFileEntity::getNCStructure(long) const {
+    return m_structure;
+}
+
+}  // namespace dstv

@@ -1,0 +1,24 @@
+#pragma once
+
+#include "dstv/NcNote.h"
+#include "dstv/NcReader.h"
+
+#include <vector>
+
+namespace dstv {
+
+/// Collects the notes of one file, up to kMaxNotes.
+class NcNotes {
+  public:
+    void Note(long line, ZetString text) { Add(NcNote::Severity::kNote, line, std::move(text)); }
+    void Warn(long line, ZetString text) { Add(NcNote::Severity::kWarning, line, std::move(text)); }
+    /// All notes, ascending by line, those of one line as they came.
+    std::vector<NcNote> Take();
+
+  private:
+    void Add(NcNote::Severity severity, long line, ZetString text);
+
+    std::vector<NcNote> m_notes;
+};
+
+}  // namespace dstv

@@ -1,0 +1,272 @@
+#include "dstv/NcParser.h"
+
+#include "dstv/NcText.h"
+
+#include <algorithm>
+#include <cmath>
+#include <string>
+
+namespace dstv {
+namespace {
+
+constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
+/// The end-of-file character of old systems.
+constexpr char kOldEndOfFile = 0x1A;
+
+constexpr wchar_t kAside[] = L"kept beside the NC data, which have no place for it";
+
+bool IsComment(const NcLine& line) {
+    return line.text.substr(0, 2) == "**";
+}
+
+std::string_view WithoutMarks(std::string_view bytes) {
+    if (bytes.substr(0, kByteOrderMark.size()) == kByteOrderMark)
+        bytes.remove_prefix(kByteOrderMark.size());
+    if (!bytes.empty() && bytes.back() == kOldEndOfFile)
+        bytes.remove_suffix(1);
+    return bytes;
+}
+
+ZetString Quoted(const NcBlockCode& code) {
+    return DecodeText(code.text);
+}
+
+}  // namespace
+
+/// How the lines of one kind of block are read.
+struct NcParser::BlockReader {
+    NcBlockType type;
+    void (NcParser::*read)(NcTokens& tokens);
+    const wchar_t* remark;  ///< what the user is told about the first such block; null: nothing
+};
+
+const std::array<NcParser::BlockReader, 13> NcParser::kReaders = {
+    {
+     {NcBlockType::kHoles, &NcParser::ReadHole, nullptr},
+     {NcBlockType::kNumerations, &NcParser::ReadNumeration, nullptr},
+     {NcBlockType::kOuter, &NcParser::ReadContourLine, nullptr},
+     {NcBlockType::kInner, &NcParser::ReadContourLine, nullptr},
+     {NcBlockType::kPowder, &NcParser::ReadMarkLine, nullptr},
+     {NcBlockType::kPunch, &NcParser::ReadMarkLine, nullptr},
+     {NcBlockType::kPlane, &NcParser::ReadPlaneLine, nullptr},
+     {NcBlockType::kBends, &NcParser::ReadBend, kAside},
+     {NcBlockType::kSawCuts, &NcParser::ReadSawCut, kAside},
+     {NcBlockType::kSection, &NcParser::ReadSectionLine, kAside},
+     {NcBlockType::kTolerance, &NcParser::ReadTolerance, kAside},
+     {NcBlockType::kCamber, &NcParser::ReadCamber, kAside},
+     {NcBlockType::kInformation, &NcParser::ReadInformation, kAside},
+     }
+};
+
+NcPart NcParser::Parse(std::string_view bytes) {
+    NcLines lines(WithoutMarks(bytes));
+    FindStart(lines);
+    ReadHeader(lines);
+    while (const std::optional<NcLine> line = lines.Next())
+        ReadLine(*line);
+    EndBlock();
+    return Finish();
+}
+
+bool NcParser::KeepComment(const NcLine& line) {
+    if (!IsComment(line))
+        return false;
+    m_part.comments.push_back({line.number, {}, DecodeText(Trimmed(line.text.substr(2)))});
+    return true;
+}
+
+void NcParser::FindStart(NcLines& lines) {
+    NcLine line = {1, {}};
+    while (const std::optional<NcLine> next = lines.Next()) {
+        line = *next;
+        if (Trimmed(line.text).empty())
+            continue;
+        if (!KeepComment(line))
+            break;
+        m_notes.Note(line.number, L"comment before ST");
+    }
+    const NcBlockCode code = BlockCodeOf(Trimmed(line.text));
+    if (code.type != NcBlockType::kStart)
+        FailAt(line, L"first line", Trimmed(line.text), L"ST");
+    if (!code.isInCapitals)
+        m_notes.Warn(line.number, L"block code \"st\" is not in capitals");
+    m_part.header.line = line.number;
+}
+
+void NcParser::ReadHeader(NcLines& lines) {
+    long last = m_part.header.line;
+    while (!m_header.IsComplete()) {
+        const std::optional<NcLine> line = lines.Next();
+        if (!line)
+            break;
+        last = line->number;
+        if (KeepComment(*line))
+            continue;
+        if (m_header.CanEnd() && IsKnownBlock(line->text))
+            return ReadLine(*line);
+        m_header.Read(*line);
+    }
+    if (!m_header.CanEnd())
+        FailAt({last, {}},
+               L"header",
+               std::to_string(m_header.GetCount()) + " lines, then the end of the file",
+               L"20 lines");
+}
+
+void NcParser::ReadLine(const NcLine& line) {
+    if (m_isAfterSecondStart || Trimmed(line.text).empty() || KeepComment(line))
+        return;
+    NcBlockCode code = BlockCodeOf(line.text);
+    if (code.text.empty())
+        return ReadDataLine(line);
+    if (!code.isInCapitals)
+        m_notes.Warn(line.number,
+                     ZetString::format(L"block code \"%s\" is not in capitals",
+                                       Quotable(Trimmed(line.text))));
+    EndBlock();
+    StartBlock(std::move(code), line);
+}
+
+void NcParser::StartBlock(NcBlockCode code, const NcLine& line) {
+    m_block = {};
+    m_block.line = line;
+    m_block.code = std::move(code);
+    const NcBlockType type = m_block.code.type;
+    const auto* reader = std::find_if(
+        kReaders.begin(), kReaders.end(), [&](const BlockReader& r) { return r.type == type; });
+    m_block.reader = reader == kReaders.end() ? nullptr : reader;
+    m_isAfterSecondStart = type == NcBlockType::kStart;
+    if (m_isAfterSecondStart)
+        m_notes.Warn(line.number, L"a second part begins here: only the first one is read");
+    if (m_block.reader != nullptr)
+        Remark(line);
+    if (type == NcBlockType::kUnknown)
+        m_notes.Warn(line.number,
+                     ZetString::format(L"block %s is not known: skipped", Quoted(m_block.code)));
+    m_isAfterEnd = m_isAfterEnd || type == NcBlockType::kEnd;
+    if (m_block.code.plane >= 0 && type != NcBlockType::kPlane && m_block.reader != nullptr) {
+        m_block.place = PlaceOfPlane(m_block.code.plane);
+        m_block.hasPlace = true;
+    }
+}
+
+void NcParser::Remark(const NcLine& line) {
+    if (m_isAfterEnd)
+        m_notes.Warn(line.number,
+                     ZetString::format(L"block %s after EN: read", Quoted(m_block.code)));
+    const bool isNew =
+        std::find(m_remarked.begin(), m_remarked.end(), m_block.reader) == m_remarked.end();
+    if (m_block.reader->remark == nullptr || !isNew)
+        return;
+    m_remarked.push_back(m_block.reader);
+    m_notes.Note(line.number,
+                 ZetString::format(L"block %s: %s", Quoted(m_block.code), m_block.reader->remark));
+}
+
+void NcParser::EndBlock() {
+    FinishOutline();
+    FinishSection();
+    FinishPlane();
+}
+
+void NcParser::ReadDataLine(const NcLine& line) {
+    if (m_block.reader == nullptr) {
+        // The lines of an unknown block are covered by its warning.
+        if (m_block.code.type != NcBlockType::kUnknown || m_block.code.text.empty())
+            m_notes.Warn(line.number,
+                         ZetString::format(L"line outside of any block: skipped \"%s\"",
+                                           Quotable(Trimmed(line.text))));
+        return;
+    }
+    NcTokens tokens(line);
+    if (m_block.reader->remark != nullptr)
+        ReadAside(tokens);
+    else
+        (this->*m_block.reader->read)(tokens);
+}
+
+void NcParser::ReadAside(NcTokens& tokens) {
+    // Nothing in the NC data depends on these lines: a bad one is no reason to refuse the part.
+    try {
+        (this->*m_block.reader->read)(tokens);
+    } catch (const NcFailure& failure) {
+        const NcError& error = failure.error;
+        m_notes.Warn(error.line,
+                     ZetString::format(L"block %s: %s \"%s\": expected %s: line skipped",
+                                       Quoted(m_block.code),
+                                       error.what,
+                                       error.found,
+                                       error.expected));
+    }
+}
+
+NcPlace NcParser::PlaceOfPlane(int number) {
+    const long known = m_planeOfNumber[static_cast<std::size_t>(number)];
+    if (known >= 0)
+        return {NcFace::kPlane, known};
+    // Perhaps its En follows: marked by -2 and below until then.
+    m_early.emplace_back(number, m_block.line);
+    return {NcFace::kPlane, -2 - number};
+}
+
+NcPlace NcParser::TakePlace(NcTokens& tokens) {
+    struct FaceLetter {
+        char letter;
+        NcFace face;
+    };
+    constexpr FaceLetter kFaces[] = {
+        {'v', NcFace::kFront },
+        {'o', NcFace::kTop   },
+        {'u', NcFace::kBottom},
+        {'h', NcFace::kBehind}
+    };
+    const char letter = tokens.TakeLetterOf("vouh", L"face", L"v, o, u or h");
+    if (m_block.place.face == NcFace::kPlane && letter != 0)
+        m_notes.Warn(tokens.GetLine().number,
+                     L"face letter in a block on a plane: it does not count");
+    else if (letter != 0)
+        m_block.place = {std::find_if(std::begin(kFaces),
+                                      std::end(kFaces),
+                                      [&](const FaceLetter& row) { return row.letter == letter; })
+                             ->face,
+                         -1};
+    m_block.hasPlace = m_block.hasPlace || letter != 0;
+    if (!m_block.hasPlace)
+        tokens.Fail(L"face", L"v, o, u or h");
+    return m_block.place;
+}
+
+char NcParser::TakeReference(NcTokens& tokens) {
+    if (const char letter = tokens.TakeLetterOf("osu", L"reference", L"o, s, u or none"))
+        m_block.reference = letter;
+    return m_block.reference;
+}
+
+void NcParser::CheckInside(long line,
+                           const NcPlace& place,
+                           const ZetGeomPoint2d& point,
+                           const wchar_t* what) {
+    constexpr double kSlack = 0.5;
+    if (place.face == NcFace::kPlane)
+        return;
+    const NcHeader& header = m_part.header;
+    const bool isRound = header.profileCode == L"RO" || header.profileCode == L"RU";
+    const bool isFlange = place.face == NcFace::kTop || place.face == NcFace::kBottom;
+    const double width = isFlange ? header.flangeWidth : header.profileHeight;
+    // The front view of a round section is its surface unrolled.
+    const double limit = isRound ? std::max(4.0 * width, kSlack) : width;
+    const bool isAlong = point.x <= header.length + kSlack;
+    const bool isAcross = limit == 0.0 || (point.y >= -kSlack && point.y <= limit + kSlack);
+    if (point.x < 0.0)
+        m_notes.Warn(line, ZetString::format(L"%s with a negative X", what));
+    else if (!isAlong || !isAcross)
+        m_notes.Warn(line, ZetString::format(L"%s outside of its face", what));
+}
+
+void NcParser::Spend(std::size_t points, const NcLine& line) {
+    m_outlinePoints += points;
+    if (m_outlinePoints > kMaxOutlinePoints)
+        FailAt(line, L"outline", Trimmed(line.text), L"at most 200000 points in one file");
+}
+
+}  // namespace dstv

@@ -1,0 +1,130 @@
+#pragma once
+
+#include "dstv/NcBlocks.h"
+#include "dstv/NcHeaderReader.h"
+#include "dstv/NcNotes.h"
+#include "dstv/NcPart.h"
+#include "dstv/NcTokens.h"
+
+#include <array>
+#include <cstddef>
+#include <optional>
+#include <string_view>
+#include <vector>
+
+namespace dstv {
+
+/// The lines that make one contour or mark, until it is complete.
+struct NcOpenOutline {
+    NcPlace place;
+    std::vector<NcContourPoint> points;
+    std::vector<NcLine> lines;  ///< of the points
+    std::vector<NcNotchLine> notchLines;
+    char reference = 0;
+    bool isClosed = false;
+};
+
+/// Reads one file, line by line. Raises NcFailure; serves for one file only.
+///
+/// NcParser.cpp holds the walk over the lines, NcFeatures.cpp the blocks whose lines stand for
+/// themselves, NcContours.cpp those whose lines belong together, NcFinish.cpp what needs all lines.
+class NcParser {
+  public:
+    NcParser() { m_planeOfNumber.fill(-1); }
+    NcPart Parse(std::string_view bytes);
+
+  private:
+    struct BlockReader;
+    static const std::array<BlockReader, 13> kReaders;
+
+    /// The block that is being read.
+    struct Block {
+        NcBlockCode code;
+        NcLine line;
+        const BlockReader* reader = nullptr;  ///< null: its lines are skipped
+        NcPlace place;
+        bool hasPlace = false;
+        char reference = 0;
+    };
+
+    /// One line of a contour or mark.
+    struct OutlineLine {
+        NcPlace place;
+        NcContourPoint point;
+        char reference = 0;
+        char notch = 0;  ///< t or w; 0: a point of the contour
+    };
+
+    // The walk over the lines.
+    void FindStart(NcLines& lines);
+    void ReadHeader(NcLines& lines);
+    void ReadLine(const NcLine& line);
+    void StartBlock(NcBlockCode code, const NcLine& line);
+    void EndBlock();
+    void ReadDataLine(const NcLine& line);
+    void ReadAside(NcTokens& tokens);
+    bool KeepComment(const NcLine& line);
+    void Remark(const NcLine& line);
+
+    // What the lines of several blocks share.
+    NcPlace PlaceOfPlane(int number);
+    NcPlace TakePlace(NcTokens& tokens);
+    char TakeReference(NcTokens& tokens);
+    void CheckInside(long line,
+                     const NcPlace& place,
+                     const ZetGeomPoint2d& point,
+                     const wchar_t* what);
+    void Spend(std::size_t points, const NcLine& line);
+
+    // Lines that stand for themselves.
+    void ReadHole(NcTokens& tokens);
+    void ReadSlot(NcTokens& tokens, NcHole& hole);
+    void ReadNumeration(NcTokens& tokens);
+    void ReadBend(NcTokens& tokens);
+    void ReadSawCut(NcTokens& tokens);
+    void ReadTolerance(NcTokens& tokens);
+    void ReadCamber(NcTokens& tokens);
+    void ReadInformation(NcTokens& tokens);
+
+    // Lines that belong together.
+    OutlineLine TakeOutlineLine(NcTokens& tokens);
+    void ReadContourLine(NcTokens& tokens);
+    void ReadMarkLine(NcTokens& tokens);
+    void ReadSectionLine(NcTokens& tokens);
+    void ReadPlaneLine(NcTokens& tokens);
+    void AddPoint(const OutlineLine& read, const NcLine& line);
+    void CheckNotchLine(const NcNotchLine& notch);
+    void FinishOutline();
+    void FinishContour(NcOpenOutline outline);
+    void FinishMark(NcOpenOutline outline);
+    void FinishSection();
+    void FinishPlane();
+    std::vector<ZetGeomPoint2d> Chords(const NcOpenOutline& outline,
+                                       std::vector<std::size_t>& sources);
+
+    // What needs all lines.
+    NcPart Finish();
+    void ResolvePlanes();
+    void TrimFaces();
+    bool HasOutline(NcFace face) const;
+    void TrimFace(NcFace face, std::vector<ZetGeomPoint2d> outline, const NcLine& line);
+    void NoteRepeatedOutlines();
+
+    NcPart m_part;
+    NcNotes m_notes;
+    NcHeaderReader m_header{m_part.header, m_notes};
+    Block m_block;
+    bool m_isAfterEnd = false;
+    bool m_isAfterSecondStart = false;
+    std::vector<const BlockReader*> m_remarked;
+    bool m_hasNotedBevels = false;
+    std::size_t m_outlinePoints = 0;
+
+    std::array<long, 10> m_planeOfNumber{};       ///< index of the latest En; below 0: none yet
+    std::vector<std::pair<int, NcLine>> m_early;  ///< blocks on a plane that comes after them
+    std::optional<NcOpenOutline> m_outline;
+    std::optional<NcSection> m_section;
+    std::vector<double> m_planeNumbers;
+};
+
+}  // namespace dstv

@@ -1,0 +1,73 @@
+#include "dstv/NcReader.h"
+
+#include "dstv/NcParser.h"
+
+#include <cstdio>
+#include <memory>
+#include <string>
+#include <system_error>
+
+namespace dstv {
+namespace {
+
+struct CloseFile {
+    void operator()(std::FILE* file) const { std::fclose(file); }
+};
+using File = std::unique_ptr<std::FILE, CloseFile>;
+
+File Open(const std::filesystem::path& path) {
+#if defined(_WIN32)
+    return File(_wfopen(path.c_str(), L"rb"));
+#else
+    return File(std::fopen(path.c_str(), "rb"));
+#endif
+}
+
+NcError FileError(const std::filesystem::path& path, const ZetString& expected) {
+    return {PathText(path), 0, 0, L"file", PathText(path), expected};
+}
+
+}  // namespace
+
+ZetString PathText(const std::filesystem::path& path) {
+#if defined(_WIN32)
+    return ZetString(path.native());
+#else
+    return ZetString::fromUtf8(path.native());
+#endif
+}
+
+NcResult ReadNcFile(const std::filesystem::path& path) {
+    std::error_code ignored;
+    if (std::filesystem::is_directory(path, ignored))
+        return FileError(path, L"a file, not a folder");
+    const File file = Open(path);
+    if (!file)
+        return FileError(path, L"a file that can be opened");
+    constexpr std::size_t kPiece = 1u << 16;
+    std::string bytes;
+    for (std::size_t count = kPiece; count == kPiece && bytes.size() <= kMaxFileBytes;) {
+        const std::size_t before = bytes.size();
+        bytes.resize(before + kPiece);
+        count = std::fread(bytes.data() + before, 1, kPiece, file.get());
+        bytes.resize(before + count);
+    }
+    if (std::ferror(file.get()) != 0)
+        return FileError(path, L"a file that can be read");
+    if (bytes.size() > kMaxFileBytes)
+        return FileError(path, L"a file of at most 64 MiB");
+    return ParseNc(bytes, PathText(path));
+}
+
+NcResult ParseNc(std::string_view bytes, const ZetString& name) {
+    try {
+        NcPart part = NcParser().Parse(bytes);
+        part.file = name;
+        return part;
+    } catch (NcFailure& failure) {
+        failure.error.file = name;
+        return std::move(failure.error);
+    }
+}
+
+}  // namespace dstv

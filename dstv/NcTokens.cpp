@@ -1,0 +1,186 @@
+#include "dstv/NcTokens.h"
+
+#include "dstv/NcReader.h"
+#include "dstv/NcText.h"
+
+#include <algorithm>
+#include <charconv>
+#include <cmath>
+#include <string>
+#include <system_error>
+
+namespace dstv {
+namespace {
+
+constexpr std::string_view kBlanks = " \t";
+constexpr std::string_view kDigits = "0123456789";
+
+bool IsLetter(char c) {
+    return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z');
+}
+
+char LowerCase(char c) {
+    return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+}
+
+std::size_t DigitsAt(std::string_view text, std::size_t at) {
+    return std::min(text.find_first_not_of(kDigits, std::min(at, text.size())), text.size()) -
+           std::min(at, text.size());
+}
+
+/// Length of the number that `text` begins with: sign, digits, point, digits; 0 when there is none.
+std::size_t NumberLength(std::string_view text) {
+    std::size_t at = !text.empty() && (text[0] == '+' || text[0] == '-') ? 1 : 0;
+    const std::size_t whole = DigitsAt(text, at);
+    at += whole;
+    if (at == text.size() || text[at] != '.')
+        return whole > 0 ? at : 0;
+    const std::size_t fraction = DigitsAt(text, at + 1);
+    return whole + fraction > 0 ? at + 1 + fraction : 0;
+}
+
+/// The value of a text that is one number of NumberLength's form; nothing when it is too large.
+std::optional<double> ValueOf(std::string_view number) {
+    const std::string_view digits = number.front() == '+' ? number.substr(1) : number;
+    double value = 0.0;
+    const auto result = std::from_chars(
+        digits.data(), digits.data() + digits.size(), value, std::chars_format::fixed);
+    if (result.ec != std::errc() || !(std::abs(value) <= kMaxNumber))
+        return std::nullopt;
+    return value;
+}
+
+}  // namespace
+
+void FailAt(const NcLine& line,
+            const ZetString& what,
+            std::string_view found,
+            const ZetString& expected) {
+    const bool isInLine = found.data() >= line.text.data() &&
+                          found.data() <= line.text.data() + line.text.size() && !found.empty();
+    const long column = isInLine ? static_cast<long>(found.data() - line.text.data()) + 1 : 0;
+    throw NcFailure{
+        {{}, line.number, column, what, Quotable(found), expected}
+    };
+}
+
+NcLines::NcLines(std::string_view bytes)
+    : m_rest(bytes), m_end(bytes.find('\n') == std::string_view::npos ? '\r' : '\n') {}
+
+std::optional<NcLine> NcLines::Next() {
+    if (m_rest.empty())
+        return std::nullopt;
+    const std::size_t end = std::min(m_rest.find(m_end), m_rest.size());
+    std::string_view text = m_rest.substr(0, end);
+    m_rest.remove_prefix(std::min(end + 1, m_rest.size()));
+    while (!text.empty() && text.back() == '\r')
+        text.remove_suffix(1);
+    return NcLine{++m_number, text};
+}
+
+NcTokens::NcTokens(const NcLine& line) : m_line(line) {
+    SkipBlanks();
+}
+
+void NcTokens::SkipBlanks() {
+    m_at = std::min(m_line.text.find_first_not_of(kBlanks, m_at), m_line.text.size());
+}
+
+bool NcTokens::IsAtNumber() const {
+    return NumberLength(m_line.text.substr(m_at)) > 0;
+}
+
+char NcTokens::TakeLetter() {
+    if (IsAtEnd() || !IsLetter(m_line.text[m_at]))
+        return 0;
+    const char letter = LowerCase(m_line.text[m_at]);
+    m_tokenEnd = ++m_at;
+    SkipBlanks();
+    return letter;
+}
+
+char NcTokens::TakeLetterOf(std::string_view letters,
+                            const ZetString& what,
+                            const ZetString& expected) {
+    const NcTokens before = *this;
+    const char letter = TakeLetter();
+    if (letter != 0 && letters.find(letter) == std::string_view::npos)
+        before.Fail(what, expected);
+    return letter;
+}
+
+char NcTokens::TakeSign() {
+    if (IsAtEnd() || (m_line.text[m_at] != '+' && m_line.text[m_at] != '-'))
+        return 0;
+    const char sign = m_line.text[m_at];
+    m_tokenEnd = ++m_at;
+    SkipBlanks();
+    return sign;
+}
+
+double NcTokens::Convert(std::string_view number, const ZetString& what) const {
+    const std::optional<double> value = ValueOf(number);
+    const std::size_t end = m_at + number.size();
+    if (!value)
+        FailAt(m_line, what, number, L"a number up to 1000000000");
+    // "12.5.0" and "1,5" are typing faults, not two numbers.
+    if (end < m_line.text.size() && (m_line.text[end] == '.' || m_line.text[end] == ','))
+        Fail(what, L"a number with at most one point");
+    return *value;
+}
+
+double NcTokens::TakeNumber(const ZetString& what, const ZetString& expected) {
+    const std::size_t length = NumberLength(m_line.text.substr(m_at));
+    if (length == 0)
+        Fail(what, expected);
+    const double value = Convert(m_line.text.substr(m_at, length), what);
+    m_tokenEnd = m_at += length;
+    SkipBlanks();
+    return value;
+}
+
+double NcTokens::TakeSize(const ZetString& what, const ZetString& expected) {
+    const NcTokens before = *this;
+    const double value = TakeNumber(what, expected);
+    if (value < 0.0)
+        before.Fail(what, expected);
+    return value;
+}
+
+double NcTokens::TakeNumberOr(double missing) {
+    return IsAtNumber() ? TakeNumber(L"number", L"a number") : missing;
+}
+
+char NcTokens::TakeGlued(std::string_view letters) {
+    if (IsAtEnd() || m_at != m_tokenEnd ||
+        letters.find(m_line.text[m_at]) == std::string_view::npos)
+        return 0;
+    return TakeLetter();
+}
+
+std::string_view NcTokens::GetRest() const {
+    return Trimmed(m_line.text.substr(m_at));
+}
+
+void NcTokens::ExpectEnd() const {
+    if (!IsAtEnd())
+        Fail(L"text", L"the end of the line");
+}
+
+void NcTokens::Fail(const ZetString& what, const ZetString& expected) const {
+    const std::string_view rest = m_line.text.substr(m_at);
+    const std::string_view token = rest.substr(0, rest.find_first_of(kBlanks));
+    // At the end of a line the whole line shows what is missing.
+    FailAt(m_line, what, token.empty() ? Trimmed(m_line.text) : token, expected);
+}
+
+std::optional<double> ParseNumber(std::string_view text, bool allowComma) {
+    std::string number(text);
+    if (allowComma)
+        std::replace(number.begin(), number.end(), ',', '.');
+    if (number.empty() || NumberLength(number) != number.size())
+        return std::nullopt;
+    return ValueOf(number);
+}
+
+}  // namespace dstv

@@ -1,0 +1,85 @@
+#pragma once
+
+#include "dstv/NcNote.h"
+
+#include <optional>
+#include <string_view>
+
+namespace dstv {
+
+/// One line of a file, without its end.
+struct NcLine {
+    long number = 0;  ///< counted from 1
+    std::string_view text;
+};
+
+/// Raised inside the reader; ParseNc hands the error out.
+struct NcFailure {
+    NcError error;
+};
+
+/// Raises an NcFailure about a whole line or the value of one.
+[[noreturn]] void FailAt(const NcLine& line,
+                         const ZetString& what,
+                         std::string_view found,
+                         const ZetString& expected);
+
+/// Cuts bytes into lines. LF and CR LF end a line; CR does when the bytes hold no LF at all.
+class NcLines {
+  public:
+    explicit NcLines(std::string_view bytes);
+
+    /// The next line; nothing at the end.
+    std::optional<NcLine> Next();
+
+  private:
+    std::string_view m_rest;
+    char m_end;
+    long m_number = 0;
+};
+
+/// The tokens of one line of geometry: single letters and numbers.
+///
+/// Blanks and tabs separate; so does every change between letter and number, and a sign after a
+/// digit. Numbers have no exponent, no decimal comma and no thousands separator.
+class NcTokens {
+  public:
+    explicit NcTokens(const NcLine& line);
+
+    const NcLine& GetLine() const { return m_line; }
+    bool IsAtEnd() const { return m_at == m_line.text.size(); }
+    bool IsAtNumber() const;
+    /// Takes the next token when it is a letter, in lower case; 0 when it is none.
+    char TakeLetter();
+    /// Takes the next token when it is a letter of `letters`; fails on another letter, 0 when it is
+    /// none.
+    char TakeLetterOf(std::string_view letters, const ZetString& what, const ZetString& expected);
+    /// Takes a + or -; 0 when neither is next.
+    char TakeSign();
+    /// Takes a number; fails when the next token is none.
+    double TakeNumber(const ZetString& what, const ZetString& expected);
+    /// Takes a number that is not negative.
+    double TakeSize(const ZetString& what, const ZetString& expected);
+    /// Takes the next token when it is a number, else gives `missing`.
+    double TakeNumberOr(double missing);
+    /// The text from the next token to the end of the line, trimmed.
+    std::string_view GetRest() const;
+    /// Takes a letter of `letters` that follows the token taken last without a blank; 0 when there
+    /// is none.
+    char TakeGlued(std::string_view letters);
+    void ExpectEnd() const;
+    [[noreturn]] void Fail(const ZetString& what, const ZetString& expected) const;
+
+  private:
+    void SkipBlanks();
+    double Convert(std::string_view number, const ZetString& what) const;
+
+    NcLine m_line;
+    std::size_t m_at = 0;
+    std::size_t m_tokenEnd = 0;
+};
+
+/// A whole text as one number; nothing when it is none. A decimal comma counts when `allowComma`.
+std::optional<double> ParseNumber(std::string_view text, bool allowComma);
+
+}  // namespace dstv
