@@ -188,15 +188,15 @@ TEST(CHoleAddlInfoTest, MatchesItsCodeWithoutThePairPrefix) {
         bool matches;
     };
     constexpr Case kCases[] = {
-        {L"H18",     L"H18", true },
-        {L"H18",     L"h18", false},
-        {L"H18",     L"H1",  false},
-        {L"  H18",   L"H18", true },
-        {L"y H18",   L"H18", true },
-        {L"y   H18", L"H18", true },
-        {L"a b c",   L"b c", true },
-        {L"H18 ",    L"H18", false},
-        {L"",        L"H18", false},
+        {L"H18",     L"H18",  true },
+        {L"H18",     L"h18",  false},
+        {L"H18",     L"H1",   false},
+        {L"  H18",   L"H18",  true },
+        {L"y H18",   L"H18",  true },
+        {L"y   H18", L"H18",  true },
+        {L"a bb c",  L"bb c", true },
+        {L"H18 ",    L"H18",  false},
+        {L"",        L"H18",  false},
     };
     for (const Case& each : kCases) {
         CHoleAddlInfo hole = HoleAt(100, 30).Round(18);
