@@ -23,11 +23,10 @@ constexpr Word kWords[] = {
     {&HoleReport::isNonStandard,  L"non-standard"     },
 };
 
-ZetString RectangleRemark(const RectangleReport& rectangle) {
-    const ZetString sides = ZetString::format(L"b %.1f x h %.1f", rectangle.b, rectangle.h);
+ZetString CornerRemark(const RectangleReport& rectangle) {
     if (rectangle.cornerRadius > 0.0)
-        return sides + ZetString::format(L", radius %.1f", rectangle.cornerRadius);
-    return sides + L", sharp corners";
+        return ZetString::format(L"radius %.1f", rectangle.cornerRadius);
+    return L"sharp corners";
 }
 
 std::vector<ZetString> Remarks(const HoleReport& hole) {
@@ -35,8 +34,11 @@ std::vector<ZetString> Remarks(const HoleReport& hole) {
     for (const Word& word : kWords)
         if (hole.*word.flag)
             remarks.emplace_back(word.text);
-    if (hole.rectangle)
-        remarks.push_back(RectangleRemark(*hole.rectangle));
+    if (hole.rectangle) {
+        remarks.push_back(
+            ZetString::format(L"b %.1f x h %.1f", hole.rectangle->b, hole.rectangle->h));
+        remarks.push_back(CornerRemark(*hole.rectangle));
+    }
     if (hole.angle)
         remarks.push_back(ZetString::format(L"angle %.1f", *hole.angle));
     if (hole.depth)

@@ -131,40 +131,53 @@ ZetString Paragraphs(const std::vector<ZetString>& paragraphs) {
     return text;
 }
 
-/// "26 holes (22 round, 4 slot)".
-ZetString HoleCounts(const CheckSummary& summary) {
+/// "22 round, 4 slot"; "" without holes.
+ZetString ShapeCounts(const CheckSummary& summary) {
     std::vector<ZetString> shapes;
     for (const auto& [shape, count] : summary.holesByShape)
         shapes.push_back(ZetString::format(L"%d %s", count, shape));
-    const ZetString holes = Count(summary.holes, L"hole");
-    return shapes.empty() ? holes : holes + L" (" + Joined(shapes, L", ") + L")";
+    return Joined(shapes, L", ");
 }
 
-ZetString FileCounts(const CheckSummary& summary) {
-    std::vector<ZetString> counts;
-    if (summary.filesRead > 0)
-        counts.push_back(Count(summary.filesRead, L"file") + L" read");
-    if (summary.filesRefused > 0)
-        counts.push_back(Count(summary.filesRefused, L"file") + L" refused");
-    return Joined(counts, L", ");
+/// What is left to say after the only file.
+ZetString ClosingLine(const CheckSummary& summary) {
+    if (summary.filesRead == 0)
+        return L"1 file refused\n";
+    const ZetString shapes = ShapeCounts(summary);
+    return L"1 file read: " + Count(summary.holes, L"hole") +
+           (shapes.isEmpty() ? ZetString() : L" (" + shapes + L")") + L", " +
+           Count(summary.notes, L"note") + L", " + Count(summary.warnings, L"warning") + L"\n";
+}
+
+ZetString CountLines(const CheckSummary& summary) {
+    const ZetString shapes = ShapeCounts(summary);
+    const auto line = [](const wchar_t* label, long count, const ZetString& more = {}) {
+        return Labelled(label, ZetString::format(L"%d%s", count, more));
+    };
+    return L"summary\n" + line(L"files read", summary.filesRead) +
+           line(L"refused", summary.filesRefused) +
+           line(L"holes", summary.holes, shapes.isEmpty() ? shapes : L": " + shapes) +
+           line(L"notes", summary.notes) + line(L"warnings", summary.warnings);
 }
 
 ZetString RefusedLines(const CheckSummary& summary) {
-    ZetString lines = L"refused:\n";
+    ZetString lines;
     for (const dstv::NcError& error : summary.errors)
         lines += kIndent + error.describe() + L"\n";
     const long unlisted = summary.filesRefused - static_cast<long>(summary.errors.size());
-    return unlisted > 0 ? lines + ZetString::format(L"  and %d more\n", unlisted) : lines;
+    if (unlisted > 0)
+        lines += ZetString::format(L"  and %d more\n", unlisted);
+    return lines.isEmpty() ? lines : L"refused files\n" + lines;
 }
 
 }  // namespace
 
 void CheckTextWriter::AddRead(const CheckReport& report) {
-    m_out.Write(Printable(Paragraphs({report.file + L"\n" + HeaderLines(report.header),
-                                      NoteLines(report.notes),
-                                      HoleTable(report.holes),
-                                      FaceLines(report.faces),
-                                      L"\n"})));
+    const ZetString text = Paragraphs({report.file + L"\n" + HeaderLines(report.header),
+                                       NoteLines(report.notes),
+                                       HoleTable(report.holes),
+                                       FaceLines(report.faces)});
+    m_out.Write(Printable(text + L"\n"));
 }
 
 void CheckTextWriter::AddRefused(const dstv::NcError& error) {
@@ -174,14 +187,9 @@ void CheckTextWriter::AddRefused(const dstv::NcError& error) {
 }
 
 void CheckTextWriter::End(const CheckSummary& summary) {
-    ZetString text = FileCounts(summary);
-    if (summary.filesRead > 0)
-        text += L": " + HoleCounts(summary) + L", " + Count(summary.notes, L"note") + L", " +
-                Count(summary.warnings, L"warning");
-    text += L"\n";
-    if (summary.filesRead + summary.filesRefused > 1 && summary.filesRefused > 0)
-        text += RefusedLines(summary);
-    m_out.Write(Printable(text));
+    const bool isOnlyFile = summary.filesRead + summary.filesRefused == 1;
+    m_out.Write(Printable(isOnlyFile ? ClosingLine(summary)
+                                     : Paragraphs({CountLines(summary), RefusedLines(summary)})));
 }
 
 }  // namespace camjob

@@ -29,7 +29,7 @@ std::string UsageError(const CLI::App* app, const CLI::Error& error) {
 void Describe(CLI::App& app, CheckOptions& options) {
     app.allow_windows_style_options(false);
     app.set_version_flag("--version", Version(), "Print the version and exit");
-    app.require_subcommand(1);
+    app.require_subcommand(0, 1);
     app.failure_message(UsageError);
     app.footer(kExitCodes);
     CLI::App* check =
@@ -48,6 +48,9 @@ std::optional<int> Parse(std::vector<std::string> arguments,
     try {
         std::reverse(arguments.begin(), arguments.end());
         app.parse(std::move(arguments));
+        // Only now: an unknown word on the command line is the better message.
+        if (app.get_subcommands().empty())
+            throw CLI::RequiredError::Subcommand(1);
         return std::nullopt;
     } catch (const CLI::ParseError& error) {
         std::ostringstream help;

@@ -31,7 +31,7 @@ class ConsoleMode {
     ConsoleMode& operator=(const ConsoleMode&) = delete;
 
   private:
-    unsigned m_previousCodePage = 0;  ///< 0: nothing to restore
+    [[maybe_unused]] unsigned m_previousCodePage = 0;  ///< 0: nothing to restore
 };
 
 /// An argument of the program as UTF-8.
