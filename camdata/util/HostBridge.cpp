@@ -1,10 +1,8 @@
 #include "camdata/util/HostBridge.h"
 
-#include "camdata/platform/HostComError.h"
 #include "camdata/platform/HostFunctions.h"
-#include "camdata/platform/HostPtr.h"
-#include "camdata/platform/IStructureObject.h"
 #include "camdata/platform/Modules.h"
+#include "camdata/util/ModelInterface.h"
 
 namespace {
 
@@ -14,23 +12,6 @@ void ReadTextVariable(HostGetVariable getVariable, const wchar_t* name, ZetStrin
     HostVariable value;
     if (getVariable(name, &value) >= 0 && value.type == HostVariable::eTypeText)
         text = value.text;
-}
-
-// The host interface T of an entity's model object; null when there is none.
-template <typename T>
-HostPtr<T> InterfaceOf(ZetNCEntity& entity) {
-    const auto model = HostPtr<IHostObject>::adopt(entity.getModelObject());
-    IHostObject* object = nullptr;
-    if (!model || model->queryInterface(T::kId, &object) < 0)
-        return {};
-    return HostPtr<T>::adopt(static_cast<T*>(object));
-}
-
-ZetString ProfileNameOfStructure(ZetNCEntity& entity) {
-    ZetString name;
-    if (const auto structure = InterfaceOf<IStructureObject>(entity))
-        CheckHostCall(structure->getProfileName(&name));
-    return name;
 }
 
 }  // namespace
@@ -51,10 +32,10 @@ ZetString GetProfileNameFromCreator(ZetNCCreator* creator) {
     if (entity == nullptr)
         return {};
     if (entity->getType() == ZetNCEntity::eNCTypeStructure)
-        return ProfileNameOfStructure(*entity);
+        return camdata::detail::ProfileNameOfStructure(entity);
     return creator->getHeader().profileName;
 }
 
 IEqualPartObject* GetEqualPartObj(ZetNCEntity* entity) {
-    return entity == nullptr ? nullptr : InterfaceOf<IEqualPartObject>(*entity).detach();
+    return camdata::detail::InterfaceOf<IEqualPartObject>(entity).detach();
 }

@@ -1,0 +1,3 @@
+#include "camdata/nesting/CMxNestParts.h"
+
+CMxNestParts::~CMxNestParts() = default;

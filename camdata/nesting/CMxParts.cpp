@@ -1,0 +1,3 @@
+#include "camdata/nesting/CMxParts.h"
+
+CMxParts::~CMxParts() = default;

@@ -1,0 +1,32 @@
+#pragma once
+
+#include "camdata/platform/Export.h"
+#include "camdata/platform/ZetString.h"
+
+#include <utility>
+
+/// One kind of part to be cut from stock bars. A value; mm.
+class CAMDATA_API CMxParts {
+  public:
+    CMxParts() = default;
+    virtual ~CMxParts();
+    CMxParts(const CMxParts&) = default;
+    CMxParts& operator=(const CMxParts&) = default;
+    CMxParts(CMxParts&&) = default;
+    CMxParts& operator=(CMxParts&&) = default;
+
+    /// The member's mark.
+    void SetPartNo(ZetString mark) { m_partNo = std::move(mark); }
+    ZetString GetPartNo() const { return m_partNo; }
+    /// Pieces still to be nested.
+    void SetQty(long qty) { m_qty = qty; }
+    long GetQty() const { return m_qty; }
+    /// Length of one piece.
+    void SetLength(double length) { m_length = length; }
+    double GetLength() const { return m_length; }
+
+  private:
+    ZetString m_partNo;
+    long m_qty = 0;
+    double m_length = 0.0;
+};
