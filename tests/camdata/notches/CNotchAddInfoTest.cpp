@@ -1,0 +1,426 @@
+#include "support/AssertionOf.h"
+#include "support/CurrentTolerance.h"
+#include "support/Outlines.h"
+
+#include "camdata/notches/CNotchAddInfo.h"
+
+#include <cmath>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+constexpr int kExternal = ZetNCContour::eTypeExternal;
+constexpr int kInternal = ZetNCContour::eTypeInternal;
+constexpr double kEPS = 0.1;
+constexpr double kXTol = 0.5;
+constexpr double kOther = 7.0;
+
+// clang-format off
+/// A cut-away corner of 100 x 50 around (50, 175).
+const OutlinePoints kLShape =
+    {{0, 0}, {1000, 0}, {1000, 200}, {100, 200}, {100, 150}, {0, 150}, {0, 0}};
+/// Cut-aways of 100 x 50 around (50, 25) and of 100 x 60 around (950, 30).
+const OutlinePoints kBothEndsNotched =
+    {{100, 0}, {900, 0}, {900, 60}, {1000, 60}, {1000, 200}, {0, 200}, {0, 50}, {100, 50}, {100, 0}};
+/// 20 x 50 around (10, 25).
+const OutlinePoints kSmallRectangle = {{0, 0}, {20, 0}, {20, 50}, {0, 50}, {0, 0}};
+const OutlinePoints kParallelogram = {{0, 0}, {100, 0}, {130, 40}, {30, 40}, {0, 0}};
+/// Around (10, 25), as the small rectangle is; without its last point, around (15, 0).
+const OutlinePoints kTriangle = {{0, 0}, {30, 0}, {0, 75}};
+const OutlinePoints kOnePoint = {{100, 50}};
+// clang-format on
+
+ZetNCContour ContourOf(const OutlinePoints& points, int type = kExternal) {
+    ZetNCContour contour;
+    contour.type = type;
+    for (const ZetGeomPoint2d& point : points) {
+        contour.xValues.append(point.x);
+        contour.yValues.append(point.y);
+        contour.bulges.append(0.0);
+    }
+    return contour;
+}
+
+CViewData ViewOn(eHoleFace face) {
+    CViewData view;
+    view.SetHoleFace(face);
+    return view;
+}
+
+CNotchAddInfo NotchOf(const OutlinePoints& points, int type, eHoleFace face = eHoleFaceWeb) {
+    CNotchAddInfo notch;
+    ZetArray<CNotchAddInfo> extra;
+    notch.SetNotchData(ContourOf(points, type), ViewOn(face), extra);
+    return notch;
+}
+
+/// The small rectangle with its lower left corner at (x, y).
+CNotchAddInfo OpeningAt(double x, double y, eHoleFace face = eHoleFaceWeb) {
+    const auto move = [&](const ZetGeomPoint2d& p) { return ZetGeomPoint2d{p.x + x, p.y + y}; };
+    return NotchOf(Mapped(kSmallRectangle, move), kInternal, face);
+}
+
+struct Expected {
+    double x;
+    double y;
+    long vertices;
+    double length;
+    double width;
+};
+
+void ExpectNotch(const CNotchAddInfo& notch, const Expected& expected) {
+    constexpr double kRounding = 1e-9;
+    EXPECT_NEAR(notch.GetXPos(), expected.x, kRounding);
+    EXPECT_NEAR(notch.GetYPos(), expected.y, kRounding);
+    EXPECT_EQ(notch.GetNoOfVertices(), expected.vertices);
+    EXPECT_NEAR(notch.GetLength(), expected.length, kRounding);
+    EXPECT_NEAR(notch.GetWidth(), expected.width, kRounding);
+}
+
+struct ContourCase {
+    const char* name;
+    int type;
+    OutlinePoints points;
+    eNotchStatus status;
+    Expected notch;
+    std::vector<Expected> extra;
+};
+
+void ExpectNotchesOf(const ContourCase& given, const OutlinePoints& points) {
+    CNotchAddInfo notch;
+    ZetArray<CNotchAddInfo> extra;
+    notch.SetNotchData(ContourOf(points, given.type), ViewOn(eHoleFaceWeb), extra);
+    EXPECT_EQ(notch.GetNotchStatus(), given.status);
+    EXPECT_EQ(notch.GetIsInternal(), given.type == kInternal);
+    ExpectNotch(notch, given.notch);
+    ASSERT_EQ(extra.length(), static_cast<long>(given.extra.size()));
+    for (long i = 0; i < extra.length(); ++i) {
+        EXPECT_EQ(extra[i].GetNotchStatus(), eNotchValid);
+        EXPECT_FALSE(extra[i].GetIsInternal());
+        ExpectNotch(extra[i], given.extra[static_cast<std::size_t>(i)]);
+    }
+}
+
+TEST(CNotchAddInfoTest, TakesWhatAContourCutsOrShows) {
+    // clang-format off
+    const ContourCase cases[] = {
+        {"rectangle", kExternal, {{0, 0}, {1000, 0}, {1000, 200}, {0, 200}, {0, 0}},
+         eNotchNone, {500, 100, 5, 1000, 200}, {}},
+        // Every point of the contour counts for its position, the one in the middle of an edge too.
+        {"rectangle with a straight vertex", kExternal,
+         {{0, 0}, {500, 0}, {1000, 0}, {1000, 200}, {0, 200}, {0, 0}},
+         eNotchNone, {500, 80, 6, 0, 0}, {}},
+        {"step too thin for a notch", kExternal,
+         {{0, 0}, {1000, 0}, {1000, 200}, {500, 200}, {500, 199.96}, {0, 199.96}, {0, 0}},
+         eNotchNone, {500, 799.92 / 6, 7, 0, 0}, {}},
+        {"crossing itself", kExternal, {{0, 0}, {100, 0}, {100, 80}, {50, -20}, {0, 80}, {0, 0}},
+         eNotchNone, {50, 28, 6, 0, 0}, {}},
+        {"L", kExternal, kLShape, eNotchValid, {50, 175, 5, 100, 50}, {}},
+        {"both ends notched", kExternal, kBothEndsNotched,
+         eNotchValid, {50, 25, 5, 100, 50}, {{950, 30, 5, 100, 60}}},
+        {"trapezoid", kExternal, {{0, 0}, {100, 0}, {80, 50}, {20, 50}, {0, 0}},
+         eNotchValid, {20.0 / 3, 100.0 / 3, 4, 0, 0}, {{280.0 / 3, 100.0 / 3, 4, 0, 0}}},
+        // The smallest rectangle stands at 45 degrees: it adds the corners (50, -50) and (250, 250).
+        {"both ends skewed", kExternal, {{0, 0}, {100, 0}, {300, 200}, {200, 200}, {0, 0}},
+         eNotchValid, {50, -50.0 / 3, 4, 0, 0}, {{250, 650.0 / 3, 4, 0, 0}}},
+        {"internal rectangle", kInternal, kSmallRectangle, eNotchValid, {10, 25, 5, 20, 50}, {}},
+        {"internal L", kInternal, kLShape, eNotchValid, {2200.0 / 6, 700.0 / 6, 7, 0, 0}, {}},
+        {"L of another type", 2, kLShape, eNotchValid, {2200.0 / 6, 700.0 / 6, 7, 0, 0}, {}},
+    };
+    // clang-format on
+    for (const ContourCase& each : cases) {
+        SCOPED_TRACE(each.name);
+        ExpectNotchesOf(each, each.points);
+        ExpectNotchesOf(each, Reversed(each.points));
+    }
+}
+
+TEST(CNotchAddInfoTest, UnclosedContourLosesItsLastPoint) {
+    ExpectNotch(NotchOf(kTriangle, kInternal), {15, 0, 3, 0, 0});
+}
+
+TEST(CNotchAddInfoTest, OnlyFurtherPiecesComeCorrected) {
+    CViewData view = ViewOn(eHoleFaceWebBack);
+    view.SetFaceStr(L"BACK");
+    view.SetFaceWidth(200.0);
+    view.SetDimFromOtherFace(-1.0);
+    CNotchAddInfo notch;
+    ZetArray<CNotchAddInfo> notches = {OpeningAt(0, 0)};
+    notch.SetNotchData(ContourOf(kBothEndsNotched), view, notches);
+    EXPECT_TRUE(notch.CheckPosAreaVert(50, 25, 5000, 4));
+    ASSERT_EQ(notches.length(), 2) << "appended to what is there";
+    EXPECT_TRUE(notches[1].CheckPosAreaVert(950, 170, 6000, 4));
+    EXPECT_EQ(notch.GetViewData().GetFaceStr(), L"WEB");
+    EXPECT_EQ(notches[1].GetViewData().GetFaceStr(), L"WEB");
+}
+
+TEST(CNotchAddInfoTest, FewerThanTwoPointsLeaveNoPosition) {
+    for (const int type : {kExternal, kInternal}) {
+        SCOPED_TRACE(type);
+        const CNotchAddInfo onePoint = NotchOf(kOnePoint, type);
+        EXPECT_TRUE(std::isnan(onePoint.GetXPos()));
+        EXPECT_TRUE(std::isnan(onePoint.GetYPos()));
+        EXPECT_EQ(onePoint.GetNoOfVertices(), 0);
+        EXPECT_EQ(onePoint.GetNotchStatus(), type == kExternal ? eNotchNone : eNotchValid);
+        const CNotchAddInfo noPoint = NotchOf({}, type);
+        EXPECT_EQ(noPoint.GetXPos(), 0.0);
+        EXPECT_TRUE(std::signbit(noPoint.GetXPos()));
+        EXPECT_TRUE(std::signbit(noPoint.GetYPos()));
+    }
+}
+
+TEST(CNotchAddInfoTest, ContourWithMissingValuesFailsTheArrayAssertion) {
+    ZetNCContour contour = ContourOf(kLShape);
+    contour.yValues.removeAt(0);
+    CNotchAddInfo notch;
+    ZetArray<CNotchAddInfo> extra;
+    EXPECT_EQ(AssertionOf([&] { notch.SetNotchData(contour, CViewData(), extra); }),
+              "isValid( index )");
+}
+
+TEST(CNotchAddInfoTest, ResetKeepsOutlinePolygonLengthAndWidth) {
+    CNotchAddInfo notch = OpeningAt(100, 0, eHoleFaceTopFlange);
+    notch.SetNotchStatus(eNotchNotAllowed);
+    notch.AppendMsg(eHoleMsgCode, L"out");
+    notch.InitValues();
+    EXPECT_EQ(notch.GetNotchStatus(), eNotchValid);
+    EXPECT_FALSE(notch.GetIsRect() || notch.GetIsSqr() || notch.GetIsParallelToAxis());
+    EXPECT_FALSE(notch.GetIsInternal());
+    EXPECT_EQ(notch.GetViewData().GetHoleFace(), eHoleFaceNone);
+    EXPECT_EQ(notch.GetOutMsg(), L"");
+    EXPECT_TRUE(notch.CheckPosAreaVert(0, 0, 1000, 4));
+    notch.SetIsRect(true);
+    ExpectNotch(notch, {0, 0, 5, 20, 50});
+
+    notch.InitValues();
+    ZetArray<CNotchAddInfo> extra;
+    notch.SetNotchData(ContourOf(kOnePoint, kInternal), CViewData(), extra);
+    EXPECT_TRUE(notch.GetIsRect()) << "judged by the outline that was there";
+}
+
+TEST(CNotchAddInfoTest, ContourResetsNothing) {
+    CNotchAddInfo notch = OpeningAt(0, 0);
+    notch.SetNotchStatus(eNotchNotAllowed);
+    notch.AppendMsg(eHoleMsgCode, L"out");
+    ZetArray<CNotchAddInfo> extra;
+    CMxGeom::SetTol(eTolValue, kOther);
+    notch.SetNotchData(ContourOf(kLShape, kInternal), CViewData(), extra);
+    EXPECT_EQ(notch.GetNotchStatus(), eNotchNotAllowed);
+    EXPECT_EQ(notch.GetOutMsg(), L"out");
+    EXPECT_TRUE(notch.GetIsRect()) << "six corners are not judged";
+    EXPECT_TRUE(CurrentToleranceIs(kOther));
+
+    notch.SetNotchData(ContourOf(kParallelogram, kInternal), CViewData(), extra);
+    EXPECT_FALSE(notch.GetIsRect() || notch.GetIsSqr() || notch.GetIsParallelToAxis());
+    notch.SetIsRect(true);
+    EXPECT_EQ(notch.GetLength(), 20.0) << "that of the rectangle before";
+}
+
+TEST(CNotchAddInfoTest, PolygonResetsTheRecord) {
+    const ZetGeomAugPolygon triangle(kTriangle, 0.0);
+    CViewData view = ViewOn(eHoleFaceWebBack);
+    view.SetFaceStr(L"BACK");
+    for (const int type : {kExternal, kInternal, 2}) {
+        SCOPED_TRACE(type);
+        CNotchAddInfo notch = OpeningAt(0, 0);
+        notch.SetNotchStatus(eNotchNotAllowed);
+        notch.AppendMsg(eHoleMsgCode, L"out");
+        EXPECT_TRUE(notch.setNotchFromPoly(triangle, view, type));
+        ExpectNotch(notch, {10, 25, 4, 0, 0});
+        EXPECT_FALSE(notch.GetIsRect() || notch.GetIsSqr() || notch.GetIsParallelToAxis());
+        EXPECT_EQ(notch.GetIsInternal(), type == kInternal);
+        EXPECT_EQ(notch.GetNotchStatus(), eNotchValid);
+        EXPECT_EQ(notch.GetOutMsg(), L"");
+        EXPECT_EQ(notch.GetViewData().GetFaceStr(), L"BACK");
+        EXPECT_TRUE(notch.CheckPosAreaVert(10, 25, 1125, 3));
+    }
+}
+
+TEST(CNotchAddInfoTest, JudgesTheShapeOfFourCorners) {
+    struct Case {
+        const char* name;
+        OutlinePoints corners;
+        bool isRect;
+        bool isParallel;
+        bool isSquare;
+        double length;
+        double width;
+    };
+    // clang-format off
+    const Case cases[] = {
+        {"first side along X", {{0, 0}, {100, 0}, {100, 50}, {0, 50}}, true, true, false, 100, 50},
+        {"first side along -X", {{100, 0}, {0, 0}, {0, 50}, {100, 50}}, true, true, false, 100, 50},
+        {"second side along X", {{0, 0}, {0, 50}, {100, 50}, {100, 0}}, true, true, false, 100, 50},
+        {"turned", {{0, 0}, {30, 40}, {-50, 100}, {-80, 60}}, true, false, false, 50, 100},
+        {"square", {{0, 0}, {50, 0}, {50, 50}, {0, 50}}, true, true, true, 50, 50},
+        {"square on its corner", {{0, 0}, {30, 40}, {-10, 70}, {-40, 30}}, true, false, true, 50, 50},
+        // No right angles are asked for.
+        {"equal diagonals", {{0, 0}, {100, 0}, {80, 50}, {20, 50}},
+         true, true, false, 100, std::sqrt(2900.0)},
+        {"diagonals within 0.1", {{0, 0}, {100, 0}, {100.1, 50}, {0, 50}},
+         true, true, false, 100, std::sqrt(2500.01)},
+        {"diagonals beyond 0.1", {{0, 0}, {100, 0}, {100.2, 50}, {0, 50}},
+         false, false, false, 0, 0},
+        {"parallelogram", kParallelogram, false, false, false, 0, 0},
+    };
+    // clang-format on
+    for (const Case& each : cases) {
+        SCOPED_TRACE(each.name);
+        CMxGeom::SetTol(eTolValue, kOther);
+        CNotchAddInfo notch;
+        notch.setNotchFromPoly(ZetGeomAugPolygon(each.corners, 0.0), CViewData(), kExternal);
+        EXPECT_EQ(notch.GetIsRect(), each.isRect);
+        EXPECT_EQ(notch.GetIsParallelToAxis(), each.isParallel);
+        EXPECT_EQ(notch.GetIsSqr(), each.isSquare);
+        EXPECT_DOUBLE_EQ(notch.GetLength(), each.length);
+        EXPECT_DOUBLE_EQ(notch.GetWidth(), each.width);
+        EXPECT_TRUE(CurrentToleranceIs(kEPS));
+    }
+}
+
+TEST(CNotchAddInfoTest, CorrectsYOnly) {
+    struct Case {
+        const char* name;
+        double yNegate;
+        double fromOtherFace;
+        double y;
+    };
+    constexpr Case kCases[] = {
+        {"as it stands",     1.0,  1.0,  25.0 },
+        {"negated",          -1.0, 1.0,  -25.0},
+        {"from other edge",  1.0,  -1.0, 175.0},
+        {"both, in order",   -1.0, -1.0, 225.0},
+        {"zero is positive", 0.0,  0.0,  25.0 },
+    };
+    for (const Case& each : kCases) {
+        SCOPED_TRACE(each.name);
+        CViewData view;
+        view.SetFaceWidth(200.0);
+        view.SetDimXNegate(-1.0);
+        view.SetYValOffset(1000.0);
+        view.SetDimYNegate(each.yNegate);
+        view.SetDimFromOtherFace(each.fromOtherFace);
+        CNotchAddInfo notch;
+        ZetArray<CNotchAddInfo> extra;
+        notch.SetNotchData(ContourOf(kSmallRectangle, kInternal), view, extra);
+        notch.CorrectData();
+        EXPECT_EQ(notch.GetXPos(), 10.0);
+        EXPECT_EQ(notch.GetYPos(), each.y);
+    }
+}
+
+TEST(CNotchAddInfoTest, FilesTextsByTypeAndNeverReportsSuccess) {
+    CNotchAddInfo notch;
+    for (const int type : {-1, 0, 1, 2, 3})
+        EXPECT_FALSE(notch.AppendMsg(static_cast<eHoleMsgType>(type), L"first"));
+    EXPECT_EQ(notch.GetOutMsg(), L"first");
+    notch.AppendMsg(eHoleMsgCode, L"second");
+    notch.AppendMsg(eHoleMsgError, L"error");
+    EXPECT_EQ(notch.GetOutMsg(), L"second");
+}
+
+TEST(CNotchAddInfoTest, ChecksVerticesThenPositionThenArea) {
+    struct Case {
+        const char* name;
+        double x;
+        double y;
+        double area;
+        long vertices;
+        bool fits;
+        double toleranceAfter;
+    };
+    constexpr Case kCases[] = {
+        {"exact",                        10.0, 25.0, 1000.0, 4, true,  2.0   },
+        {"count with the closing point", 10.0, 25.0, 1000.0, 5, false, kOther},
+        {"X near",                       10.4, 25.0, 1000.0, 4, true,  2.0   },
+        {"X beyond",                     10.6, 25.0, 1000.0, 4, false, kXTol },
+        {"Y near",                       10.0, 24.6, 1000.0, 4, true,  2.0   },
+        {"Y beyond",                     10.0, 24.4, 1000.0, 4, false, kXTol },
+        {"smaller area near",            10.0, 25.0, 998.5,  4, true,  2.0   },
+        {"smaller area beyond",          10.0, 25.0, 997.5,  4, false, 2.0   },
+        {"larger area near",             10.0, 25.0, 1004.5, 4, true,  5.0   },
+        {"larger area beyond",           10.0, 25.0, 1005.5, 4, false, 5.0   },
+    };
+    const CNotchAddInfo counterClockwise = NotchOf(kSmallRectangle, kInternal);
+    const CNotchAddInfo clockwise = NotchOf(Reversed(kSmallRectangle), kInternal);
+    for (const Case& each : kCases) {
+        for (const CNotchAddInfo& notch : {counterClockwise, clockwise}) {
+            SCOPED_TRACE(each.name);
+            CMxGeom::SetTol(eTolValue, kOther);
+            EXPECT_EQ(notch.CheckPosAreaVert(each.x, each.y, each.area, each.vertices), each.fits);
+            EXPECT_TRUE(CurrentToleranceIs(each.toleranceAfter));
+        }
+    }
+    CMxGeom::SetXTol(3.0);
+    EXPECT_TRUE(counterClockwise.CheckPosAreaVert(12.9, 25.0, 1000.0, 4));
+}
+
+TEST(CNotchAddInfoTest, WebAndItsBackAreOneFace) {
+    struct Case {
+        eHoleFace face;
+        eHoleFace otherFace;
+        bool isFound;  ///< a notch on the face, looked for on the other
+        bool equal;
+    };
+    constexpr Case kCases[] = {
+        {eHoleFaceTopFlange, eHoleFaceTopFlange,    true,  true },
+        {eHoleFaceWebBack,   eHoleFaceWebBack,      true,  true },
+        {eHoleFaceWebBack,   eHoleFaceWeb,          true,  true },
+        {eHoleFaceWeb,       eHoleFaceWebBack,      false, true },
+        {eHoleFaceTopFlange, eHoleFaceWeb,          false, false},
+        {eHoleFaceWebBack,   eHoleFaceBottomFlange, false, false},
+    };
+    for (const Case& each : kCases) {
+        SCOPED_TRACE(testing::Message() << each.face << ", " << each.otherFace);
+        const CNotchAddInfo notch = OpeningAt(0, 0, each.face);
+        EXPECT_EQ(notch.CheckPosAreaVert(10, 25, 1000, 4, each.otherFace, true, eNotchValid),
+                  each.isFound);
+        EXPECT_EQ(notch == OpeningAt(0, 0, each.otherFace), each.equal);
+    }
+}
+
+TEST(CNotchAddInfoTest, KindStatusAndVerticesTellNotchesApart) {
+    const CNotchAddInfo opening = OpeningAt(0, 0);
+    CNotchAddInfo matched = opening;
+    matched.SetNotchStatus(eNotchCornerMatched);
+    const CNotchAddInfo external = NotchOf(kSmallRectangle, 2);
+    CNotchAddInfo triangle;
+    const ZetGeomAugPolygon polygon(kTriangle, 0.0);
+    triangle.setNotchFromPoly(polygon, ViewOn(eHoleFaceWeb), kInternal);
+    for (const CNotchAddInfo& other : {matched, external, triangle}) {
+        EXPECT_FALSE(opening == other);
+        EXPECT_TRUE(other == CNotchAddInfo(other));
+        EXPECT_FALSE(other.CheckPosAreaVert(10, 25, 1000, 4, eHoleFaceWeb, true, eNotchValid));
+    }
+}
+
+TEST(CNotchAddInfoTest, EqualityReadsTheCurrentTolerance) {
+    struct Case {
+        const char* name;
+        double x;
+        double y;
+        double tolerance;
+        bool equal;
+    };
+    constexpr Case kCases[] = {
+        {"X apart, usual tolerance",       100.4,  50.0, 0.1,   false},
+        {"X apart, wider tolerance",       100.4,  50.0, 0.5,   true },
+        {"Y apart, usual tolerance",       100.0,  50.4, 0.1,   false},
+        {"Y apart, wider tolerance",       100.0,  50.4, 0.5,   true },
+        {"equal after rounding",           100.04, 50.0, 0.001, true },
+        {"further apart only by rounding", 100.06, 50.0, 0.09,  false},
+    };
+    const CNotchAddInfo notch = OpeningAt(100, 50);
+    for (const Case& each : kCases) {
+        SCOPED_TRACE(each.name);
+        const CNotchAddInfo other = OpeningAt(each.x, each.y);
+        CMxGeom::SetTol(eTolValue, each.tolerance);
+        EXPECT_EQ(notch == other, each.equal);
+        EXPECT_EQ(other == notch, each.equal);
+        EXPECT_TRUE(CurrentToleranceIs(each.tolerance));
+    }
+}
+
+}  // namespace
