@@ -8,7 +8,9 @@
 #include <windows.h>
 
 // Lets the C runtime expand * and ? in arguments, which shells of this system leave to programs.
-extern "C" int _dowildcard = -1;
+extern "C" {
+int _dowildcard = -1;
+}
 
 namespace camjob {
 
