@@ -1,6 +1,7 @@
 #include "camdata/platform/ZetFormat.h"
 #include "camdata/platform/ZetString.h"
 
+#include <clocale>
 #include <cmath>
 #include <cstdio>
 #include <limits>
@@ -16,7 +17,10 @@ constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
 /// What the C library prints; its numbers are the reference ("C" locale).
 std::string Printed(const char* format, auto value) {
     char text[2000];
+    const std::string locale = std::setlocale(LC_NUMERIC, nullptr);
+    std::setlocale(LC_NUMERIC, "C");
     std::snprintf(text, sizeof text, format, value);
+    std::setlocale(LC_NUMERIC, locale.c_str());
     return text;
 }
 
