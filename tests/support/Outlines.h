@@ -64,7 +64,7 @@ struct NotchedOutline {
 /// side, some of them at the ends. Coordinates are multiples of 0.1.
 inline NotchedOutline RandomNotchedOutline(std::mt19937_64& random) {
     const auto number = [&](int low, int high) {
-        return (low + static_cast<int>(random() % (high - low + 1))) * 0.1;
+        return (low + static_cast<int>(random() % static_cast<unsigned>(high - low + 1))) * 0.1;
     };
     const double length = number(5000, 60000);
     const double height = number(800, 3000);
