@@ -98,7 +98,8 @@ TEST(CheckJson, TellsEachHoleInFull) {
 TEST(CheckJson, SlotAcrossTurnsByARightAngleAboutItsStart) {
     const TempFolder folder;
     folder.Write("z.nc1", nc::AllHoles());
-    const Json hole = HoleOfLine(RunJson(folder, {"z.nc1"}).document["files"][0], 25);
+    const Json file = RunJson(folder, {"z.nc1"}).document["files"][0];
+    const Json& hole = HoleOfLine(file, 25);
     EXPECT_NEAR(hole["x"], 300.0, 1e-6);
     EXPECT_NEAR(hole["y"], 73.0, 1e-6);
     EXPECT_EQ(hole["angle"], 90.0);
@@ -140,7 +141,9 @@ TEST(CheckJson, AgreesWithTheText) {
     const TempFolder folder;
     folder.Write("z.nc1", nc::AllHoles());
     const std::string text = RunTool({"check", ArgumentFor(folder, "z.nc1")}).out;
-    for (const Json& hole : RunJson(folder, {"z.nc1"}).document["files"][0]["holes"]) {
+    const Json holes = RunJson(folder, {"z.nc1"}).document["files"][0]["holes"];
+    EXPECT_EQ(holes.size(), 12u);
+    for (const Json& hole : holes) {
         const std::string line = "\n    " + std::to_string(hole["line"].get<long>()) + "  ";
         const std::size_t start = text.find(line);
         ASSERT_NE(start, std::string::npos) << line;
