@@ -1,20 +1,12 @@
+#include "support/AssertionOf.h"
+
 #include "camdata/platform/ZetArray.h"
 
-#include <functional>
 #include <string>
 
 #include <gtest/gtest.h>
 
 namespace {
-
-std::string AssertionOf(const std::function<void()>& action) {
-    try {
-        action();
-    } catch (const ZetAssertError& error) {
-        return error.GetText();
-    }
-    return "none";
-}
 
 TEST(ZetArrayTest, MisuseFailsTheAssertionOfItsKind) {
     ZetArray<int> empty;

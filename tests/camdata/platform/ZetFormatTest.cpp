@@ -107,6 +107,22 @@ TEST(ZetFormatTest, ForeignFormatsPrintWhatDoesNotFitAsItStands) {
         EXPECT_EQ(ZetString::formatRuntime(c.format, 18.0, ZetString(L"web"), 3), c.expected);
 }
 
+TEST(ZetFormatTest, NoForeignFormatDoesHarm) {
+    constexpr unsigned kSeed = 31;
+    std::mt19937_64 random(kSeed);
+    const std::wstring alphabet = L"%%%%0123456789-+ #.lhsdiufegcnxp*$a";
+    for (int i = 0; i < 50000; ++i) {
+        std::wstring format;
+        for (std::size_t length = random() % 24; format.size() < length;)
+            format += alphabet[random() % alphabet.size()];
+        const ZetString text =
+            ZetString::formatRuntime(ZetString(format), 18.0, ZetString(L"web"), -3, L'c');
+        ASSERT_LE(text.length(), 5L * (kZetFormatMaxField + 400)) << ZetString(format).toUtf8();
+        const bool isPlain = format.find(L'%') == std::wstring::npos;
+        ASSERT_TRUE(!isPlain || text == ZetString(format));
+    }
+}
+
 TEST(ZetFormatTest, FixedFormatsAreCheckedByTheCompiler) {
     using camdata::detail::FormatTakes;
     using Kind = ZetFormatArg::Kind;
