@@ -160,18 +160,23 @@ const CMxPeilaib::ReportEffects& CMxPeilaib::ReportEffects::Of(eReportingTypes t
     static constexpr ReportEffect kWarning = {&CMxPeilaib::m_warnings};
     static constexpr ReportEffect kNonStd = {&CMxPeilaib::m_warnings, true};
     static constexpr ReportEffect kNonStdSilent = {nullptr, true};
-    // A member-level error makes the member valid on purpose: the report settles that at the end.
+    static constexpr ReportEffect kError = {&CMxPeilaib::m_errors, false, Validity::kFalse};
+    // Valid on purpose: the error report, made later, is what makes the member invalid.
+    static constexpr ReportEffect kLaterError = {&CMxPeilaib::m_errors, false, Validity::kTrue};
+    static constexpr ReportEffect kSecondWarning = {&CMxPeilaib::m_secondWarnings};
+    static constexpr ReportEffect kSecondNonStd = {&CMxPeilaib::m_secondWarnings, true};
+    static constexpr ReportEffect kSecondError = {
+        &CMxPeilaib::m_secondErrors, false, Validity::kFalse};
     static constexpr std::array<ReportEffects, 8> kEffects = {
         {
          {kWarning, kWarning},
          {kWarning, kWarning},
          {kNonStd, kNonStd},
          {kNonStdSilent, kNonStdSilent},
-         {{&CMxPeilaib::m_errors, false, Validity::kFalse},
-             {&CMxPeilaib::m_errors, false, Validity::kTrue}},
-         {{&CMxPeilaib::m_secondWarnings}, kWarning},
-         {{&CMxPeilaib::m_secondWarnings, true}, kWarning},
-         {{&CMxPeilaib::m_secondErrors, false, Validity::kFalse}, kWarning},
+         {kError, kLaterError},
+         {kSecondWarning, kWarning},
+         {kSecondNonStd, kWarning},
+         {kSecondError, kWarning},
          }
     };
     static_assert(kEffects.size() == eReportingSecondError + 1);

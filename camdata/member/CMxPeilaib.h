@@ -17,6 +17,7 @@
 #include "camdata/platform/IStraightBeam.h"
 #include "camdata/platform/ZetArray.h"
 #include "camdata/platform/ZetFileAccess.h"
+#include "camdata/platform/ZetFormat.h"
 #include "camdata/platform/ZetGeomPoint3d.h"
 #include "camdata/platform/ZetGeomVector3d.h"
 #include "camdata/platform/ZetNCContour.h"
@@ -280,7 +281,11 @@ class CAMDATA_API CMxPeilaib {
     void CheckCounts();
     void CheckLength();
     void CheckLengthRange(double length);
-    void CheckFixedLength(double length, double fixedLength);
+    template <typename T>
+    void FileFinding(eValidationTypes type,
+                     ZetFormatString<ZetString, T, T> format,
+                     T found,
+                     T limit);
 
     // The record. What has no accessors is for derived classes to read and fill.
   protected:

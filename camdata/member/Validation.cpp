@@ -4,32 +4,42 @@
 
 namespace {
 
-constexpr int kIndentLength = 10;
+/// Blanks before a line.
+constexpr int kIndent = 10;
+
+/// Formats of an excess and a limit.
+using CountFormat = ZetFormatString<ZetString, long, long>;
+constexpr CountFormat kHolesFormat = L"%s%d No of holes exceeded the maximum limit of %d";
+constexpr CountFormat kExternalFormat =
+    L"%s%d No of external contours exceeded the maximum limit of %d";
+constexpr CountFormat kInternalFormat =
+    L"%s%d No of Internal contours exceeded the maximum limit of %d";
+
+/// Formats of the member's length and a limit.
+using LengthFormat = ZetFormatString<ZetString, double, double>;
+constexpr LengthFormat kMaximumFormat = L"%sMember length (%.1f) should not be greater than %.0f";
+constexpr LengthFormat kMinimumFormat = L"%sMember length (%.1f) is less than %.0f";
+constexpr LengthFormat kFixedFormat = L"%sMember length (%-5.1f) should be %-5.0f";
 
 /// One kind of feature whose number is limited.
 struct CountCheck {
     long (CMemberValidations::*limit)() const;
     long (CMxPeilaib::*count)() const;
-    /// Of the indent, the excess and the limit.
-    ZetFormatString<ZetString, long, long> format;
+    CountFormat format;
     eValidationTypes type;
 };
 
 constexpr CountCheck kCountChecks[] = {
     {&CMemberValidations::GetNoOfHoles,
      &CMxPeilaib::GetNoOfHoles,
-     L"%s%d No of holes exceeded the maximum limit of %d",             eValidationNoOfHoles           },
+     kHolesFormat,    eValidationNoOfHoles           },
     {&CMemberValidations::GetNoOfExternalContours,
      &CMxPeilaib::GetNoOfExternalContours,
-     L"%s%d No of external contours exceeded the maximum limit of %d", eValidationNoOfExternalContours},
+     kExternalFormat, eValidationNoOfExternalContours},
     {&CMemberValidations::GetNoOfInternalContours,
      &CMxPeilaib::GetNoOfInternalContours,
-     L"%s%d No of Internal contours exceeded the maximum limit of %d", eValidationNoOfInternalContours},
+     kInternalFormat, eValidationNoOfInternalContours},
 };
-
-ZetString Indent() {
-    return CMxUtil::GetSpaces(kIndentLength, false);
-}
 
 }  // namespace
 
@@ -38,14 +48,21 @@ void CMxPeilaib::ValidateMember() {
     CheckLength();
 }
 
+template <typename T>
+void CMxPeilaib::FileFinding(eValidationTypes type,
+                             ZetFormatString<ZetString, T, T> format,
+                             T found,
+                             T limit) {
+    m_message = ZetString::format(format, CMxUtil::GetSpaces(kIndent, false), found, limit);
+    AppendMsg(type, m_message);
+}
+
 void CMxPeilaib::CheckCounts() {
     for (const CountCheck& check : kCountChecks) {
         const long limit = (m_validations.*check.limit)();
         const long count = (this->*check.count)();
-        if (limit <= CMxUtil::m_NOT_LIMITED || limit >= count)
-            continue;
-        m_message = ZetString::format(check.format, Indent(), count - limit, limit);
-        AppendMsg(check.type, m_message);
+        if (limit > CMxUtil::m_NOT_LIMITED && limit < count)
+            FileFinding(check.type, check.format, count - limit, limit);
     }
 }
 
@@ -55,32 +72,18 @@ void CMxPeilaib::CheckLength() {
     const double fixedLength = m_singleMemValid.GetFixedLength();
     if (CMxGeom::IsEqual_Mx(fixedLength, 0.0))
         CheckLengthRange(length);
-    else
-        CheckFixedLength(length, fixedLength);
+    else if (!CMxGeom::IsEqual_Mx(fixedLength, length))
+        FileFinding(eValidationFixedLength, kFixedFormat, length, fixedLength);
 }
 
-// Both tests on purpose: limits that exclude each other give both lines.
+// Limits that exclude each other give both lines, on purpose.
 void CMxPeilaib::CheckLengthRange(double length) {
     const double maximum = m_validations.GetMaximumLength();
     const double minimum = m_validations.GetMinimumLength();
-    if (CMxGeom::IsLess_Mx(maximum, length)) {
-        m_message = ZetString::format(
-            L"%sMember length (%.1f) should not be greater than %.0f", Indent(), length, maximum);
-        AppendMsg(eValidationMaximumLength, m_message);
-    }
-    if (CMxGeom::IsGreater_Mx(minimum, length)) {
-        m_message = ZetString::format(
-            L"%sMember length (%.1f) is less than %.0f", Indent(), length, minimum);
-        AppendMsg(eValidationMinimumLength, m_message);
-    }
-}
-
-void CMxPeilaib::CheckFixedLength(double length, double fixedLength) {
-    if (CMxGeom::IsEqual_Mx(fixedLength, length))
-        return;
-    m_message = ZetString::format(
-        L"%sMember length (%-5.1f) should be %-5.0f", Indent(), length, fixedLength);
-    AppendMsg(eValidationFixedLength, m_message);
+    if (CMxGeom::IsLess_Mx(maximum, length))
+        FileFinding(eValidationMaximumLength, kMaximumFormat, length, maximum);
+    if (CMxGeom::IsGreater_Mx(minimum, length))
+        FileFinding(eValidationMinimumLength, kMinimumFormat, length, minimum);
 }
 
 void CMxPeilaib::ChangeHolesStatus(eHoleStatus from, eHoleStatus to) {

@@ -3,6 +3,7 @@
 #include "camdata/platform/HostComError.h"
 #include "camdata/platform/ICS3d.h"
 #include "camdata/platform/IEqualPartObject.h"
+#include "camdata/platform/IStraightBeam.h"
 #include "camdata/platform/IStructureObject.h"
 #include "camdata/platform/ZetNCEntity.h"
 
@@ -70,18 +71,48 @@ class FakeStructure final : public FakeHostObject<IStructureObject> {
     bool m_raises = false;
 };
 
+/// An equal part whose texts are the names of its properties.
 class FakeEqualPart final : public FakeHostObject<IEqualPartObject> {
   public:
     HostResult getMainPart(HostBool* isMainPart) override {
-        *isMainPart = kHostTrue;
-        return kHostOk;
+        *isMainPart = m_isMainPart;
+        return m_result;
     }
-    HostResult getPartNumber(ZetString*) override { return kHostOk; }
-    HostResult getAssemblyNumber(ZetString*) override { return kHostOk; }
-    HostResult getName(ZetString*) override { return kHostOk; }
-    HostResult getMaterial(ZetString*) override { return kHostOk; }
-    HostResult getFinish(ZetString*) override { return kHostOk; }
-    HostResult getRemark(ZetString*) override { return kHostOk; }
+    HostResult getPartNumber(ZetString* text) override { return Answer(text, L"part number"); }
+    HostResult getAssemblyNumber(ZetString* text) override {
+        return Answer(text, L"assembly number");
+    }
+    HostResult getName(ZetString* text) override { return Answer(text, L"name"); }
+    HostResult getMaterial(ZetString* text) override { return Answer(text, L"material"); }
+    HostResult getFinish(ZetString* text) override { return Answer(text, L"finish"); }
+    HostResult getRemark(ZetString* text) override { return Answer(text, L"remark"); }
+
+    HostBool m_isMainPart = kHostTrue;
+    HostResult m_result = kHostOk;
+
+  private:
+    HostResult Answer(ZetString* text, const wchar_t* answer) const {
+        *text = answer;
+        return m_result;
+    }
+};
+
+/// A beam from (1, 2, 3); the offset of an axis is its number, in X.
+class FakeBeam final : public FakeHostObject<IStraightBeam> {
+  public:
+    HostResult getEndPoints(ZetGeomPoint3d* start, ZetGeomPoint3d* end) override {
+        *start = {1.0, 2.0, 3.0};
+        *end = {1.0, 2.0, 3.0 + m_length};
+        return m_endPointsResult;
+    }
+    HostResult getAxisOffset(eProfRefAxis axis, ZetGeomVector3d* offset) override {
+        *offset = {static_cast<double>(axis), 0.0, 0.0};
+        return m_offsetResult;
+    }
+
+    double m_length = 10.0;
+    HostResult m_endPointsResult = kHostOk;
+    HostResult m_offsetResult = kHostOk;
 };
 
 /// An entity whose model object offers a structure and an equal part.
@@ -103,10 +134,16 @@ class FakePartEntity final : public ZetNCEntity {
     ZetNCHeaderData getHeader(long) const override {
         ZetNCHeaderData header;
         header.profileName = L"C150";
+        header.profileCode = m_profileCode;
         return header;
     }
-    ZetNCStructure getNCStructure(long) const override { return {}; }
+    ZetNCStructure getNCStructure(long) const override {
+        ZetNCStructure structure;
+        structure.setViews({ZetNCView(), ZetNCView()});
+        return structure;
+    }
 
+    ZetString m_profileCode = L"C";
     NCTypes m_type = eNCTypeStructure;
     bool m_hasModel = true;
     FakeHostObject<IHostObject> m_model;
