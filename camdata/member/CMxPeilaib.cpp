@@ -167,6 +167,7 @@ const CMxPeilaib::ReportEffects& CMxPeilaib::ReportEffects::Of(eReportingTypes t
     static constexpr ReportEffect kSecondNonStd = {&CMxPeilaib::m_secondWarnings, true};
     static constexpr ReportEffect kSecondError = {
         &CMxPeilaib::m_secondErrors, false, Validity::kFalse};
+    // By eReportingTypes.
     static constexpr std::array<ReportEffects, 8> kEffects = {
         {
          {kWarning, kWarning},
