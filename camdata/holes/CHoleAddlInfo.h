@@ -96,6 +96,8 @@ class CAMDATA_API CHoleAddlInfo {
     bool GetIsSlot() const { return m_holeData.slot != 0; }
     /// 0 for a hole that is no slot.
     double GetSlotAngle() const { return GetIsSlot() ? m_holeData.slotAngle : 0.0; }
+    /// From a slot's centre to the end that the NC data gave; (0, 0) for any other hole.
+    const ZetGeomVector2d& GetSlotVector() const { return m_slotVector; }
     double GetProfileFaceWidth() const { return m_viewData.GetProfileFaceWidth(); }
     /// The word of the hole's face for reports.
     ZetString GetHoleFaceStr() const { return m_viewData.GetFaceStrForOutPut(); }

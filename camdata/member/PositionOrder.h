@@ -2,6 +2,7 @@
 
 #include "camdata/platform/ZetArray.h"
 
+#include <algorithm>
 #include <cstddef>
 #include <utility>
 #include <vector>
@@ -32,6 +33,8 @@ void OrderByPosition(ZetArray<Record>& records) {
     for (const Record& record : records)
         keys.push_back({record.GetXPos(), record.GetYPos(), keys.size()});
     const std::vector<std::size_t> order = PositionOrder(std::move(keys));
+    if (std::is_sorted(order.begin(), order.end()))
+        return;
     ZetArray<Record> ordered;
     ordered.reserve(records.length());
     for (const std::size_t from : order)

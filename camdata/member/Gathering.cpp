@@ -1,0 +1,89 @@
+#include "camdata/holes/CMxGeom.h"
+#include "camdata/member/CMxPeilaib.h"
+#include "camdata/member/PositionOrder.h"
+#include "camdata/member/ViewFaces.h"
+
+#include <utility>
+
+namespace {
+
+bool HasContours(const ZetNCView& view) {
+    return !view.getExternalContours().isEmpty() || !view.getInternalContours().isEmpty();
+}
+
+/// The limits allow no notch of this kind at all.
+bool IsForbidden(const CNotchAddInfo& notch, const CMemberValidations& limits) {
+    const long limit =
+        notch.GetIsInternal() ? limits.GetNoOfInternalContours() : limits.GetNoOfExternalContours();
+    return limit == 0;
+}
+
+void RejectForbidden(ZetArray<CNotchAddInfo>& notches, const CMemberValidations& limits) {
+    for (CNotchAddInfo& notch : notches) {
+        if (notch.GetNotchStatus() != eNotchNone && IsForbidden(notch, limits))
+            notch.SetNotchStatus(eNotchNotAllowed);
+    }
+}
+
+template <typename Record>
+void MoveAll(ZetArray<Record>& from, ZetArray<Record>& to) {
+    for (Record& record : from)
+        to.append(std::move(record));
+}
+
+}  // namespace
+
+void CMxPeilaib::GetAndSortHolesNotches() {
+    camdata::detail::ViewFaces faces(m_memType);
+    const ZetArray<ZetNCView> views = m_structure.getViews();
+    for (const ZetNCView& view : views) {
+        const bool hasHoles = !view.getHoles().isEmpty();
+        // Marks and numerations alone are nothing to gather.
+        if (!hasHoles && !HasContours(view))
+            continue;
+        CMxGeom::SetTol(eTolEPS);
+        const CViewData viewData = faces.ViewDataOf(view);
+        if (hasHoles)
+            SetHoleDataArr(view.getHoles(), viewData);
+        SetNotchDataArr(view.getExternalContours(), viewData);
+        SetNotchDataArr(view.getInternalContours(), viewData);
+    }
+    MakeDupHoleArrForHolesInsideSlot();
+    MakeDupNotchArr();
+}
+
+void CMxPeilaib::SetHoleDataArr(ZetArray<ZetNCHoleData> holes, CViewData view) {
+    ZetArray<CHoleAddlInfo> gathered;
+    for (const ZetNCHoleData& holeData : holes) {
+        CHoleAddlInfo hole;
+        hole.SetHoleData(holeData);
+        hole.CorrectData(view);
+        (hole.IsCommented() ? m_duplicateHoles : gathered).append(std::move(hole));
+    }
+    OrderHoles(gathered);
+    MakeCSKHoleArrAndMark(gathered);
+    MakeDupHoleArr(gathered);
+    MoveAll(gathered, m_holes);
+}
+
+void CMxPeilaib::SetNotchDataArr(ZetArray<ZetNCContour> contours, CViewData view) {
+    CNotchAddInfo notch;
+    for (ZetNCContour& contour : contours) {
+        ZetArray<CNotchAddInfo> pieces;
+        notch.InitValues();
+        notch.SetNotchData(std::move(contour), view, pieces);
+        // The further pieces are corrected already.
+        notch.CorrectData();
+        pieces.append(notch);
+        RejectForbidden(pieces, m_validations);
+        MoveAll(pieces, m_notches);
+    }
+}
+
+void CMxPeilaib::OrderHoles(ZetArray<CHoleAddlInfo>& holes) {
+    camdata::detail::OrderByPosition(holes);
+}
+
+void CMxPeilaib::OrderNotches(ZetArray<CNotchAddInfo>& notches) {
+    camdata::detail::OrderByPosition(notches);
+}
