@@ -76,6 +76,20 @@ TEST(CHoleAddlInfoTest, MapsViewToOutputCoordinates) {
     }
 }
 
+TEST(CHoleAddlInfoTest, MapsACutOutFromWhereItLies) {
+    CViewData view;
+    view.SetFaceWidth(200.0);
+    view.SetDimYNegate(-1.0);
+    view.SetDimFromOtherFace(-1.0);
+    view.SetDimXNegate(-1.0);
+    view.SetYValOffset(10.0);
+    CHoleAddlInfo square;
+    square.SetSqrHoleData(22, 300, 30);
+    square.CorrectData(view);
+    EXPECT_EQ(square.GetXPos(), -300.0);
+    EXPECT_EQ(square.GetYPos(), 240.0);
+}
+
 TEST(CHoleAddlInfoTest, XStaysRawUntilSomethingMovesIt) {
     CHoleAddlInfo hole = HoleAt(100, 30).Round(18);
     hole.SetXPos(101.0);
@@ -211,6 +225,9 @@ TEST(CHoleAddlInfoTest, MatchesItsCodeWithoutThePairPrefix) {
     EXPECT_TRUE(hole.CheckHoleCode(100.25, L"H18"));
     EXPECT_FALSE(hole.CheckHoleCode(100.3, L"H18"));
     EXPECT_TRUE(CurrentToleranceIs(0.25));
+    hole.SetXPosFrom(6000.0);
+    EXPECT_TRUE(hole.CheckHoleCode(5900.0, L"H18"));
+    EXPECT_FALSE(hole.CheckHoleCode(100.0, L"H18")) << "the NC position no longer counts";
 }
 
 TEST(CHoleAddlInfoTest, BelongsToItsGroupByPartOfItsCode) {

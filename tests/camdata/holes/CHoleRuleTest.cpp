@@ -43,12 +43,34 @@ TEST(CHoleRuleTest, SetsEachFieldFromItsArgument) {
     EXPECT_EQ(rule.GetOtherFaceArr(), ZetArray<double>{2.0});
     EXPECT_EQ(rule.GetDiameters(), ZetArray<double>{3.0});
     EXPECT_EQ(rule.GetSecondSizes(), ZetArray<double>{4.0});
-    EXPECT_TRUE(rule.GetFirstOption());
-    EXPECT_FALSE(rule.GetSecondOption());
     EXPECT_EQ(rule.GetGroupCode().GetPairCode(), L"G");
-    EXPECT_TRUE(rule.GetLookInAnotherRule());
     EXPECT_EQ(rule.GetLookInAnotherSuffix(), L"_B");
-    EXPECT_TRUE(rule.GetThirdOption());
+}
+
+TEST(CHoleRuleTest, KeepsItsFlagsApart) {
+    for (int set = 0; set < 4; ++set) {
+        SCOPED_TRACE(set);
+        CHoleRule rule;
+        rule.SetValues(eHoleShapeRound,
+                       {},
+                       {},
+                       0,
+                       {},
+                       {},
+                       {},
+                       {},
+                       {},
+                       set == 0,
+                       set == 1,
+                       Code(L"G"),
+                       set == 2,
+                       L"",
+                       set == 3);
+        EXPECT_EQ(rule.GetFirstOption(), set == 0);
+        EXPECT_EQ(rule.GetSecondOption(), set == 1);
+        EXPECT_EQ(rule.GetLookInAnotherRule(), set == 2);
+        EXPECT_EQ(rule.GetThirdOption(), set == 3);
+    }
 }
 
 TEST(CHoleRuleTest, AppliesUnlessTheMemberIsExcluded) {

@@ -120,15 +120,17 @@ TEST_F(HoleComparisonTest, FindsRoundHolesInsideASlot) {
         bool isInside;
     };
     constexpr Case kCases[] = {
-        {"at the centre",                      120.0, 50.0, 14.0, true },
-        {"beside the centre within tolerance", 120.0, 50.4, 14.0, true },
-        {"beside the centre",                  120.0, 50.6, 14.0, false},
-        {"at the given end",                   100.0, 50.0, 14.0, true },
-        {"at the far end, just beyond",        140.4, 50.0, 14.0, true },
-        {"beyond the far end",                 140.6, 50.0, 14.0, false},
-        {"beside the axis",                    130.0, 50.4, 14.0, false},
-        {"slightly larger",                    120.0, 50.0, 14.5, true },
-        {"larger",                             120.0, 50.0, 14.7, false},
+        {"at the centre",                      120.0, 50.0,     14.0, true },
+        {"beside the centre within tolerance", 120.0, 50.4,     14.0, true },
+        {"beside the centre",                  120.0, 50.6,     14.0, false},
+        {"at the given end",                   100.0, 50.0,     14.0, true },
+        {"at the far end, just beyond",        140.4, 50.0,     14.0, true },
+        {"beyond the far end",                 140.6, 50.0,     14.0, false},
+        {"beside the axis",                    130.0, 50.4,     14.0, false},
+        {"a hair beside the axis",             140.0, 50.00001, 14.0, true },
+        {"ten hairs beside the axis",          140.0, 50.0001,  14.0, false},
+        {"slightly larger",                    120.0, 50.0,     14.5, true },
+        {"larger",                             120.0, 50.0,     14.7, false},
     };
     const CHoleAddlInfo slot = HoleAt(100, 50).Slot(14, 40);
     for (const Case& each : kCases) {
@@ -145,6 +147,16 @@ TEST_F(HoleComparisonTest, InsideMeansInASlotOfTheSameFace) {
     const CHoleAddlInfo slot = HoleAt(100, 50).Slot(14, 40);
     EXPECT_TRUE(slot.IsInside(HoleAt(110, 50).Slot(14, 20)));
     EXPECT_FALSE(slot.IsInside(HoleAt(120, 50).Round(14).On(eHoleFaceTopFlange)));
+}
+
+TEST_F(HoleComparisonTest, InsideIsMeasuredBetweenCurrentPositions) {
+    const CHoleAddlInfo slot = HoleAt(100, 50).Slot(14, 40);
+    CHoleAddlInfo movedIn = HoleAt(5880, 50).Round(14);
+    CHoleAddlInfo movedOut = HoleAt(120, 50).Round(14);
+    movedIn.SetXPosFrom(6000.0);
+    movedOut.SetXPosFrom(6000.0);
+    EXPECT_TRUE(slot.IsInside(movedIn));
+    EXPECT_FALSE(slot.IsInside(movedOut));
 }
 
 }  // namespace

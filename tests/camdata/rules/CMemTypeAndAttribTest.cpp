@@ -73,6 +73,61 @@ TEST(CMemTypeAndAttribTest, SetsEachFieldFromItsArgument) {
     EXPECT_EQ(type.GetSearchLenForAttrib(), 16);
 }
 
+TEST(CMemTypeAndAttribTest, EachDimensionHasItsOwnSourceAndPlace) {
+    struct Case {
+        int fixed;  ///< the one of the four dimensions that has a fixed value
+        double height;
+        double width;
+        double thick;
+        double slope;
+    };
+    constexpr Case kCases[] = {
+        {0, 201, 60, 1.5, -12},
+        {1, 200, 61, 1.5, -12},
+        {2, 200, 60, 2.5, -12},
+        {3, 200, 60, 1.5, 7  },
+    };
+    for (const Case& each : kCases) {
+        SCOPED_TRACE(each.fixed);
+        const auto source = [&](int dimension) {
+            return dimension == each.fixed ? eProfPropFixed : eProfPropName;
+        };
+        CMemTypeAndAttrib type;
+        type.SetValues(3,
+                       11,
+                       source(0),
+                       1,
+                       3,
+                       201.0,
+                       source(1),
+                       4,
+                       2,
+                       61.0,
+                       source(2),
+                       6,
+                       2,
+                       2.5,
+                       0.1,
+                       source(3),
+                       8,
+                       2,
+                       7.0,
+                       5.0,
+                       12,
+                       13,
+                       L"Z purlin",
+                       L"Z",
+                       14,
+                       15,
+                       16);
+        type.SetProfileName(L"Z2006015-12");
+        EXPECT_EQ(type.GetProfileHeight(), each.height);
+        EXPECT_EQ(type.GetProfileWidth(), each.width);
+        EXPECT_EQ(type.GetProfileThick(), each.thick);
+        EXPECT_EQ(type.GetTopFlangeSlope(), each.slope);
+    }
+}
+
 TEST(CMemTypeAndAttribTest, DimensionsComeFromTheirSource) {
     struct Case {
         int source;

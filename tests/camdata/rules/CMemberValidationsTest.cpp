@@ -45,17 +45,22 @@ TEST(CMemberValidationsTest, LimitsKeepTheirOrder) {
     EXPECT_EQ(validations.GetMaximumLength(), -1.0);
 
     validations.SetReportType(eValidationNoOfHoles, eReportingNonStd);
-    validations.SetValues(1, 2, 3, 4.0, 5.0, true, false, true, 6);
+    validations.SetValues(1, 2, 3, 4.0, 5.0, false, false, false, 6);
     EXPECT_EQ(validations.GetNoOfHoles(), 1);
     EXPECT_EQ(validations.GetNoOfInternalContours(), 2);
     EXPECT_EQ(validations.GetNoOfExternalContours(), 3);
     EXPECT_EQ(validations.GetMinimumLength(), 4.0);
     EXPECT_EQ(validations.GetMaximumLength(), 5.0);
-    EXPECT_TRUE(validations.GetCutApplicable());
-    EXPECT_FALSE(validations.GetSqrHolesApplicable());
-    EXPECT_TRUE(validations.GetPartofAssy());
     EXPECT_EQ(validations.GetLinearDimOrg(), 6);
     EXPECT_EQ(validations.GetReportType(eValidationNoOfHoles), eReportingNonStd);
+
+    for (int set = 0; set < 3; ++set) {
+        SCOPED_TRACE(set);
+        validations.SetValues(1, 2, 3, 4.0, 5.0, set == 0, set == 1, set == 2, 6);
+        EXPECT_EQ(validations.GetCutApplicable(), set == 0);
+        EXPECT_EQ(validations.GetSqrHolesApplicable(), set == 1);
+        EXPECT_EQ(validations.GetPartofAssy(), set == 2);
+    }
 }
 
 }  // namespace
