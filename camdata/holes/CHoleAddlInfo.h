@@ -64,8 +64,10 @@ class CAMDATA_API CHoleAddlInfo {
     /// True for anything but a slot, and for a slot as long as and parallel to the other.
     /// Sets the current tolerance to m_tol_y.
     bool CheckSlotHole(const CHoleAddlInfo& other) const;
-    /// True when the other hole lies within this slot, on the same face. False unless this is a
-    /// slot. Sets the current tolerance to m_tol_y.
+    /// True when the other hole lies within this slot, on the same face: its centre at the slot's
+    /// centre, or on the slot's axis and no farther out than the slot's ends, and its size no
+    /// larger than the slot's. Within tolerance, but for the direction of the axis (ZetGeomTol).
+    /// False unless this is a slot. Sets the current tolerance to m_tol_y.
     bool IsInside(const CHoleAddlInfo& other) const;
     /// True when the hole lies at `x` and its current code, less leading blanks and a prefix that a
     /// blank ends, is exactly `code`. Sets the current tolerance to m_tol_x.

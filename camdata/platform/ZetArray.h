@@ -12,7 +12,7 @@
 ///
 /// An index outside the array fails the assertion "isValid( index )", a negative length "len>=0",
 /// the first or last element of an empty array "!isEmpty()"; no memory is touched then.
-/// Capacity is a multiple of the grow step and grows by at least half, so that appending n elements
+/// It grows to a multiple of the grow step, and by at least half, so that appending n elements
 /// costs O(n) moves. Any operation that changes the length ends the life of references and
 /// iterators.
 template <typename T>

@@ -208,6 +208,7 @@ TEST(CHoleAddlInfoTest, MatchesItsCodeWithoutThePairPrefix) {
         {L"  H18",   L"H18",  true },
         {L"y H18",   L"H18",  true },
         {L"y   H18", L"H18",  true },
+        {L" y H18",  L"H18",  true },
         {L"a bb c",  L"bb c", true },
         {L"H18 ",    L"H18",  false},
         {L"",        L"H18",  false},

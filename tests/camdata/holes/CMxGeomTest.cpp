@@ -170,7 +170,8 @@ TEST(CMxGeomTest, ConvertsAnglesWithATenDecimalPi) {
     // 7 * (pi / 180) would end in ...112.
     EXPECT_EQ(CMxGeom::dtor(7.0), 0.12217304763611113);
     EXPECT_EQ(CMxGeom::rtod(3.1415926535), 180.0);
-    EXPECT_EQ(CMxGeom::rtod(3.0), 171.88733854415986);
+    // 3.5 * (180 / pi) would end in ...985.
+    EXPECT_EQ(CMxGeom::rtod(3.5), 200.53522830151982);
 }
 
 }  // namespace

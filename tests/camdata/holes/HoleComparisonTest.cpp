@@ -67,6 +67,13 @@ TEST_F(HoleComparisonTest, OverlapIsMeasuredBetweenNcPositions) {
     far.SetXPosFrom(6000.0);
     EXPECT_EQ(far.GetXPos(), other.GetHoleData().x);
     EXPECT_FALSE(hole == far);
+
+    CHoleAddlInfo across = HoleAt(100, 55).Round(18);
+    across.SetYPosFrom(200.0);
+    EXPECT_TRUE(hole == across);
+    CHoleAddlInfo farAcross = HoleAt(100, 145).Round(18);
+    farAcross.SetYPosFrom(200.0);
+    EXPECT_FALSE(hole == farAcross);
 }
 
 TEST_F(HoleComparisonTest, LikeHolesAreEqualWhereverTheyAre) {
@@ -128,7 +135,7 @@ TEST_F(HoleComparisonTest, FindsRoundHolesInsideASlot) {
         {"beyond the far end",                 140.6, 50.0,     14.0, false},
         {"beside the axis",                    130.0, 50.4,     14.0, false},
         {"a hair beside the axis",             140.0, 50.00001, 14.0, true },
-        {"ten hairs beside the axis",          140.0, 50.0001,  14.0, false},
+        {"three hairs beside the axis",        140.0, 50.00003, 14.0, false},
         {"slightly larger",                    120.0, 50.0,     14.5, true },
         {"larger",                             120.0, 50.0,     14.7, false},
     };
@@ -157,6 +164,8 @@ TEST_F(HoleComparisonTest, InsideIsMeasuredBetweenCurrentPositions) {
     movedOut.SetXPosFrom(6000.0);
     EXPECT_TRUE(slot.IsInside(movedIn));
     EXPECT_FALSE(slot.IsInside(movedOut));
+    movedIn.SetYPosFrom(200.0);
+    EXPECT_FALSE(slot.IsInside(movedIn));
 }
 
 }  // namespace
