@@ -33,6 +33,10 @@ ZetString Expected(const NcLine& line, const wchar_t* expected) {
     FailAt(line, what, Trimmed(line.text), Expected(line, expected));
 }
 
+bool IsBlank(char c) {
+    return c == ' ' || c == '\t';
+}
+
 std::string UpperCase(std::string_view text) {
     std::string upper(text);
     std::transform(upper.begin(), upper.end(), upper.begin(), [](char c) {
@@ -81,6 +85,8 @@ void NcHeaderReader::Read(const NcLine& line) {
 
 ZetString NcHeaderReader::TextOf(const NcLine& line) {
     const ZetString text = DecodeText(Trimmed(line.text));
+    if (line.text.size() > 2 && IsBlank(line.text[1]) && !IsBlank(line.text[0]))
+        m_notes.Note(line.number, L"text begins in column 1, where two blanks belong");
     if (text.view().size() > kMaxTextLength)
         m_notes.Warn(line.number, L"text of more than 80 characters");
     return text;
@@ -131,6 +137,11 @@ void NcHeaderReader::ReadLength(const NcLine& line, const Field& field) {
     }
     if (!rest.empty())
         m_notes.Warn(line.number, L"more than two lengths: the first two count");
+    // Skew cuts shorten it by less than that on anything but a scrap.
+    if (lengths[1] != 0.0 && (lengths[1] < lengths[0] / 2.0 || lengths[1] > lengths[0]))
+        m_notes.Warn(line.number, L"saw length that does not fit the length");
+    if (lengths[0] == 0.0)
+        m_notes.Warn(line.number, L"length is 0");
     m_header.length = lengths[0];
     m_header.sawLength = lengths[1];
 }

@@ -1,0 +1,252 @@
+#include "dstv/NcHost.h"
+#include "dstv/NcSample.h"
+
+#include "camdata/platform/HostPtr.h"
+#include "camdata/platform/IStructureObject.h"
+
+namespace {
+
+using dstv::NcFileEntity;
+
+NcFileEntity EntityOf(const NcSample& sample, const std::string& blocks) {
+    return NcFileEntity(ReadPart(sample.With(blocks)));
+}
+
+const ZetNCView* ViewAt(const ZetNCStructure& structure, int position) {
+    for (const ZetNCView& view : structure.getViews())
+        if (view.getViewPos() == position)
+            return &view;
+    return nullptr;
+}
+
+TEST(NcHost, OffersHeaderOfBeamAndPlate) {
+    NcSample sample;
+    sample.length = "2500.40, 2480.00";
+    const NcFileEntity beam = EntityOf(sample, "");
+    const ZetNCHeaderData header = beam.getHeader(0);
+    EXPECT_EQ(beam.getType(), ZetNCEntity::eNCTypeBeam);
+    EXPECT_EQ(header.drawingNumber, L"Z-1");
+    EXPECT_EQ(header.mark, L"P1");
+    EXPECT_EQ(header.quantity, 2);
+    EXPECT_EQ(header.profileName, L"ZS 175*1.5");
+    EXPECT_EQ(header.profileCode, L"SO");
+    EXPECT_EQ(header.length, 2500.4);
+    EXPECT_EQ(header.sawLength, 2480.0);
+    EXPECT_EQ(header.height, 175.0);
+    EXPECT_EQ(header.width, 81.0);
+    EXPECT_EQ(header.thickness, 1.5);
+    sample.code = "B";
+    const NcFileEntity plate = EntityOf(sample, "");
+    EXPECT_EQ(plate.getType(), ZetNCEntity::eNCTypePlate);
+    EXPECT_EQ(plate.getHeader(0).height, 175.0);
+    EXPECT_EQ(plate.getHeader(0).width, 175.0);
+}
+
+TEST(NcHost, SortsFacesIntoViews) {
+    const NcFileEntity entity = EntityOf({},
+                                         "BO\n  h 1 2 3\n  u 4 5 6\n  o 7 8 9\n  v 10 11 12\n"
+                                         "  u 13 14 15\nSI\n  o 1 2 30 10 T\nKO\n  h 1 2\n");
+    const ZetNCStructure structure = entity.getNCStructure(0);
+    struct Expected {
+        int position;
+        double x;
+        double size;
+    };
+    const Expected expected[] = {
+        {0, 7.0,  9.0 },
+        {1, 10.0, 12.0},
+        {2, 4.0,  6.0 },
+        {3, 1.0,  3.0 }
+    };
+    ASSERT_EQ(structure.getViews().length(), 4);
+    for (long i = 0; i < 4; ++i) {
+        EXPECT_EQ(structure.getViews()[i].getViewPos(), expected[i].position);
+        EXPECT_EQ(structure.getViews()[i].getHoles()[0].x, expected[i].x);
+        EXPECT_EQ(structure.getViews()[i].getHoles()[0].size, expected[i].size);
+    }
+    EXPECT_EQ(structure.getViews()[0].getNumerations()[0].text, L"T");
+    EXPECT_EQ(structure.getViews()[0].getNumerations()[0].angle, 30.0);
+    EXPECT_EQ(structure.getViews()[3].getMarks()[0].points[0].y, 2.0);
+    EXPECT_EQ(entity.getHoleTargets()[4].view, 2);
+    EXPECT_EQ(entity.getHoleTargets()[4].index, 1);
+}
+
+TEST(NcHost, MakesHoleData) {
+    struct Case {
+        const char* line;
+        ZetNCHoleData expected;
+    };
+    const Case cases[] = {
+        {"v 100 50 18 12",            {0, 100.0, 50.0, 0, 18.0, 0, 0.0, 0.0, 12.0} },
+        {"v 100 50g18",               {0, 100.0, 50.0, 1, 18.0, 0, 0.0, 0.0, 0.0}  },
+        {"v 100 50l18",               {0, 100.0, 50.0, 2, 18.0, 0, 0.0, 0.0, 0.0}  },
+        {"v 100 50s30 4 0 0 90",      {0, 100.0, 50.0, 4, 30.0, 0, 0.0, 0.0, 4.0}  },
+        {"v 100 50 18 0l 40 0 30",    {0, 100.0, 50.0, 0, 18.0, 1, 40.0, 30.0, 0.0}},
+        {"v 100 50 31.78 0l 0 6.4 5", {0, 100.0, 50.0, 0, 31.78, 1, 6.4, 95.0, 0.0}},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.line);
+        const ZetNCStructure structure =
+            EntityOf({}, "BO\n  " + std::string(c.line) + "\n").getNCStructure(0);
+        ASSERT_EQ(structure.getViews().length(), 1);
+        ASSERT_EQ(structure.getViews()[0].getHoles().length(), 1);
+        EXPECT_EQ(structure.getViews()[0].getHoles()[0], c.expected);
+    }
+}
+
+TEST(NcHost, MakesContoursAndMarksOfOtherHoleLines) {
+    const NcFileEntity entity = EntityOf({},
+                                         "IK\n  v 1 1\n  5 1\n  1 5\n  1 1\n"
+                                         "BO\n  v 100 50 0 0l 20 10 90\n  v 7 8 0\n"
+                                         "  v 10 20 0 0l 30 0 90\n");
+    const ZetNCView view = entity.getNCStructure(0).getViews()[0];
+    EXPECT_TRUE(view.getHoles().isEmpty());
+    ASSERT_EQ(view.getInternalContours().length(), 2);
+    // Holes come first; width 20 and height 10, turned by 90 degrees about (100, 50).
+    const ZetNCContour& sharp = view.getInternalContours()[0];
+    EXPECT_EQ(sharp.type, ZetNCContour::eTypeInternal);
+    EXPECT_EQ(sharp.xValues, (ZetArray<double>{100.0, 100.0, 90.0, 90.0, 100.0}));
+    EXPECT_EQ(sharp.yValues, (ZetArray<double>{50.0, 70.0, 70.0, 50.0, 50.0}));
+    EXPECT_EQ(sharp.bulges.length(), 5);
+    ASSERT_EQ(view.getMarks().length(), 2);
+    EXPECT_EQ(view.getMarks()[0].points,
+              (ZetArray<ZetGeomPoint2d>{
+                  {7.0, 8.0}
+    }));
+    EXPECT_EQ(view.getMarks()[1].points,
+              (ZetArray<ZetGeomPoint2d>{
+                  {10.0, 20.0},
+                  {10.0, 50.0}
+    }));
+}
+
+/// Contours: in the file, from the header where the file has none, none without a skew cut.
+TEST(NcHost, TrimsFacesWithoutAnOutline) {
+    NcSample sample;
+    EXPECT_TRUE(EntityOf(sample, "EN\n").getNCStructure(0).getViews().isEmpty());
+    sample.webStartCut = "45.0";
+    sample.flangeEndCut = "45.0";
+    const ZetNCStructure structure =
+        EntityOf(sample, "AK\n  u 0 0\n  9 0\n  9 9\n  0 0\nEN\n").getNCStructure(0);
+    const ZetNCView* front = ViewAt(structure, 1);
+    const ZetNCView* top = ViewAt(structure, 0);
+    const ZetNCView* bottom = ViewAt(structure, 2);
+    ASSERT_TRUE(front != nullptr && top != nullptr && bottom != nullptr);
+    EXPECT_NEAR(front->getExternalContours()[0].xValues[0], 175.0, 1e-9);
+    EXPECT_EQ(front->getExternalContours()[0].xValues[2], 3000.0);
+    EXPECT_NEAR(top->getExternalContours()[0].xValues[2], 3000.0 - 81.0, 1e-9);
+    ASSERT_EQ(bottom->getExternalContours().length(), 1);
+    EXPECT_EQ(bottom->getExternalContours()[0].xValues[1], 9.0);
+}
+
+struct PlaneCase {
+    const char* name;
+    const char* points;
+    int position;
+    double x;  ///< of the slot that begins at (100, 50) of the plane, at 30 degrees
+    double y;
+    double angle;
+};
+
+/// Faces of a piece 175 high and 81 wide.
+TEST(NcHost, TakesParallelPlanesForStandardFaces) {
+    const PlaneCase cases[] = {
+        {"front",                    "0 0 81 100 0 81 0 100 81",        1, 100.0, 50.0,  30.0 },
+        {"front, moved",             "500 20 40 600 20 40 500 120 40",  1, 600.0, 70.0,  30.0 },
+        {"front, upright",           "0 0 0 0 9 0 -9 0 0",              1, -50.0, 100.0, 120.0},
+        {"behind",                   "500 0 0 400 0 0 500 100 0",       3, 400.0, 50.0,  150.0},
+        {"top from outside",         "0 175 81 100 175 81 0 175 -19",   0, 100.0, 31.0,  -30.0},
+        {"top with the view's axes", "0 175 0 100 175 0 0 175 100",     0, 100.0, 50.0,  30.0 },
+        {"below the top flange",     "0 173.5 0 100 173.5 0 0 173.5 9", 0, 100.0, 50.0,  30.0 },
+        {"bottom, moved",            "100 0 10 200 0 10 100 0 110",     2, 200.0, 60.0,  30.0 },
+        {"rounded to 0.01",          "0 0 81 100 0 81.01 0 100 81",     1, 100.0, 50.0,  30.0 },
+        {"inclined",                 "0 0 90 100 0 90 0 151 41",        5, 100.0, 50.0,  30.0 },
+        {"across the piece",         "0 0 0 0 9 0 0 0 9",               5, 100.0, 50.0,  30.0 },
+    };
+    for (const PlaneCase& c : cases) {
+        SCOPED_TRACE(c.name);
+        const NcFileEntity entity = EntityOf(
+            {}, "E3\n " + std::string(c.points) + "\nB3\n  100.00 50.00 18.0 0.0l 40.0 0.0 30.0\n");
+        const ZetNCStructure structure = entity.getNCStructure(0);
+        ASSERT_EQ(structure.getViews().length(), 1);
+        EXPECT_EQ(structure.getViews()[0].getViewPos(), c.position);
+        const ZetNCHoleData hole = structure.getViews()[0].getHoles()[0];
+        EXPECT_NEAR(hole.x, c.x, 1e-5);
+        EXPECT_NEAR(hole.y, c.y, 1e-5);
+        EXPECT_NEAR(hole.slotAngle, c.angle, 1e-9);
+    }
+}
+
+TEST(NcHost, NumbersInclinedPlanesInOrder) {
+    const std::string first = "E1\n 0 0 90 100 0 90 0 151 41\n";
+    const NcFileEntity entity =
+        EntityOf({},
+                 "B2\n  5 6 7\n" + first + "B1\n  1 2 3\nE2\n 0 0 0 1 0 0 0 1 1\n" + first +
+                     "A1\n 0 0\n 9 0\n 9 9\n 0 0\nBO\n  v 1 2 3\n");
+    const ZetNCStructure structure = entity.getNCStructure(0);
+    ASSERT_EQ(structure.getViews().length(), 3);
+    EXPECT_EQ(structure.getViews()[1].getViewPos(), 5);
+    EXPECT_EQ(structure.getViews()[1].getHoles()[0].size, 3.0);
+    EXPECT_EQ(structure.getViews()[1].getExternalContours().length(), 1);
+    EXPECT_EQ(structure.getViews()[2].getViewPos(), 6);
+    EXPECT_EQ(structure.getViews()[2].getHoles()[0].size, 7.0);
+}
+
+void ExpectVector(const ZetGeomVector3d& actual, const ZetGeomVector3d& expected) {
+    EXPECT_NEAR(actual.x, expected.x, 1e-5);
+    EXPECT_NEAR(actual.y, expected.y, 1e-5);
+    EXPECT_NEAR(actual.z, expected.z, 1e-5);
+}
+
+TEST(NcHost, HandsPlanesOverInTheFrameOfTheCode) {
+    struct Case {
+        const char* code;
+        ZetGeomVector3d origin;
+        ZetGeomVector3d yAxis;
+        ZetGeomVector3d frontNormal;
+        ZetGeomVector3d topOrigin;
+    };
+    // The y axis of the inclined plane is (0, 151, -49) / 158.7514.
+    const Case cases[] = {
+        {"SO", {0, -90, 0}, {0, 0.308659, 0.951173},  {0, -1, 0}, {0, 0, 175}},
+        {"B",  {0, -90, 0}, {0, 0.308659, 0.951173},  {0, -1, 0}, {0, 0, 175}},
+        {"U",  {0, 0, 90},  {0, 0.951173, -0.308659}, {0, 0, 1},  {0, 175, 0}},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.code);
+        NcSample sample;
+        sample.code = c.code;
+        const ZetNCStructure structure =
+            EntityOf(sample, "E1\n 0 0 90 100 0 90 0 151 41\nB1\n 1 2 3\nBO\n v 1 2 3\n o 1 2 3\n")
+                .getNCStructure(0);
+        const ZetGeomPlane plane = ViewAt(structure, 5)->getPlane();
+        ExpectVector(plane.origin.asVector(), c.origin);
+        ExpectVector(plane.xAxis, {1, 0, 0});
+        ExpectVector(plane.yAxis, c.yAxis);
+        ExpectVector(ViewAt(structure, 1)->getPlane().normal(), c.frontNormal);
+        ExpectVector(ViewAt(structure, 0)->getPlane().origin.asVector(), c.topOrigin);
+    }
+}
+
+TEST(NcHost, ModelObjectOutlivesItsEntity) {
+    HostPtr<IHostObject> object;
+    {
+        NcFileEntity entity = EntityOf({}, "");
+        object = HostPtr<IHostObject>::adopt(entity.getModelObject());
+    }
+    IHostObject* found = nullptr;
+    ASSERT_EQ(object->queryInterface(IStructureObject::kId, &found), kHostOk);
+    const auto structure = HostPtr<IStructureObject>::adopt(static_cast<IStructureObject*>(found));
+    ASSERT_EQ(object->queryInterface(IEqualPartObject::kId, &found), kHostOk);
+    const auto part = HostPtr<IEqualPartObject>::adopt(static_cast<IEqualPartObject*>(found));
+    ZetString name;
+    EXPECT_EQ(structure->getProfileName(&name), kHostOk);
+    EXPECT_EQ(name, L"ZS 175*1.5");
+    IEqualPartObject::HostBool isMainPart = IEqualPartObject::kHostTrue;
+    EXPECT_EQ(part->getMainPart(&isMainPart), kHostOk);
+    EXPECT_EQ(isMainPart, 0);
+    EXPECT_EQ(object->queryInterface({1, 2, 3, {}}, &found), kHostNoInterface);
+    EXPECT_EQ(found, nullptr);
+}
+
+}  // namespace

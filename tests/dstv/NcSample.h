@@ -1,0 +1,65 @@
+#pragma once
+
+#include "dstv/NcReader.h"
+
+#include <string>
+#include <variant>
+
+#include <gtest/gtest.h>
+
+/// Makes the text of an NC file; the header takes 24 lines after ST, so blocks begin at line 26.
+struct NcSample {
+    std::string quantity = "2";
+    std::string code = "SO";
+    std::string length = "3000.00";
+    std::string height = "175.00";
+    std::string width = "81.00";
+    std::string web = "1.50";
+    std::string webStartCut = "0.000";
+    std::string webEndCut = "0.000";
+    std::string flangeStartCut = "0.000";
+    std::string flangeEndCut = "0.000";
+
+    std::string Header() const {
+        std::string text = "ST\n";
+        for (const std::string& value : {std::string("Order"),
+                                         std::string("Z-1"),
+                                         std::string("1"),
+                                         std::string("P1"),
+                                         std::string("S350GD"),
+                                         quantity,
+                                         std::string("ZS 175*1.5"),
+                                         code,
+                                         length,
+                                         height,
+                                         width,
+                                         web,
+                                         web,
+                                         std::string("4.00"),
+                                         std::string("4.416"),
+                                         std::string("0.753"),
+                                         webStartCut,
+                                         webEndCut,
+                                         flangeStartCut,
+                                         flangeEndCut})
+            text += "  " + value + "\n";
+        return text + "  Purlin\n\n\n\n";
+    }
+    std::string With(const std::string& blocks) const { return Header() + blocks; }
+};
+
+inline dstv::NcPart ReadPart(const std::string& text) {
+    dstv::NcResult result = dstv::ParseNc(text, L"part.nc1");
+    if (const auto* error = std::get_if<dstv::NcError>(&result)) {
+        ADD_FAILURE() << error->describe().toUtf8();
+        return {};
+    }
+    return std::get<dstv::NcPart>(std::move(result));
+}
+
+/// The error as one line; "read" when there is none.
+inline std::string ReadError(const std::string& text) {
+    const dstv::NcResult result = dstv::ParseNc(text, L"part.nc1");
+    const auto* error = std::get_if<dstv::NcError>(&result);
+    return error == nullptr ? "read" : error->describe().toUtf8();
+}
