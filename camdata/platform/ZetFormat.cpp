@@ -36,31 +36,33 @@ struct NumberText {
     }
 };
 
-void PadTo(std::wstring& text, std::size_t start, const FormatSpec& spec) {
+void PadTo(std::wstring& text, std::size_t start, const FormatConversion& conversion) {
     const std::size_t length = text.size() - start;
-    const auto width = static_cast<std::size_t>(spec.width);
+    const auto width = static_cast<std::size_t>(conversion.width);
     if (length < width)
-        text.insert(spec.leftAligned ? text.size() : start, width - length, L' ');
+        text.insert(conversion.leftAligned ? text.size() : start, width - length, L' ');
 }
 
-void AppendSign(std::wstring& text, bool isNegative, const FormatSpec& spec) {
+void AppendSign(std::wstring& text, bool isNegative, const FormatConversion& conversion) {
     if (isNegative)
         text.push_back(L'-');
-    else if (spec.plusSign)
+    else if (conversion.plusSign)
         text.push_back(L'+');
-    else if (spec.blankSign)
+    else if (conversion.blankSign)
         text.push_back(L' ');
 }
 
-void AppendNumber(std::wstring& text, const NumberText& number, const FormatSpec& spec) {
+void AppendNumber(std::wstring& text,
+                  const NumberText& number,
+                  const FormatConversion& conversion) {
     const std::size_t start = text.size();
-    AppendSign(text, number.isNegative, spec);
+    AppendSign(text, number.isNegative, conversion);
     const std::size_t used = text.size() - start + number.length;
-    const auto width = static_cast<std::size_t>(spec.width);
-    if (number.zeroPadded && !spec.leftAligned && used < width)
+    const auto width = static_cast<std::size_t>(conversion.width);
+    if (number.zeroPadded && !conversion.leftAligned && used < width)
         text.append(width - used, L'0');
     text.append(number.View().begin(), number.View().end());
-    PadTo(text, start, spec);
+    PadTo(text, start, conversion);
 }
 
 /// The value that `%u` prints: a negative number as the bits of 32-bit integer where it fits one.
@@ -70,19 +72,21 @@ std::uint64_t AsUnsigned(const ZetFormatArg& arg) {
     return is32Bit ? static_cast<std::uint32_t>(value) : static_cast<std::uint64_t>(value);
 }
 
-void AppendInteger(std::wstring& text, const ZetFormatArg& arg, const FormatSpec& spec) {
+void AppendInteger(std::wstring& text,
+                   const ZetFormatArg& arg,
+                   const FormatConversion& conversion) {
     NumberText number;
-    const bool printsUnsigned = spec.conversion == L'u';
+    const bool printsUnsigned = conversion.letter == L'u';
     number.isNegative = !printsUnsigned && !arg.IsUnsigned() && arg.GetInteger() < 0;
     const std::uint64_t bits =
         printsUnsigned ? AsUnsigned(arg) : static_cast<std::uint64_t>(arg.GetInteger());
     const std::uint64_t magnitude = number.isNegative ? 0 - bits : bits;
-    if (magnitude != 0 || spec.precision != 0)
+    if (magnitude != 0 || conversion.precision != 0)
         number.Print(magnitude);
-    while (number.length < static_cast<std::size_t>(std::max(spec.precision, 0)))
+    while (number.length < static_cast<std::size_t>(std::max(conversion.precision, 0)))
         number.Insert(0, '0');
-    number.zeroPadded = spec.zeroPadded && spec.precision < 0;
-    FormatSpec signs = spec;
+    number.zeroPadded = conversion.zeroPadded && conversion.precision < 0;
+    FormatConversion signs = conversion;
     if (printsUnsigned)
         signs.plusSign = signs.blankSign = false;
     AppendNumber(text, number, signs);
@@ -136,49 +140,52 @@ void EnsurePoint(NumberText& number) {
     number.Insert(exponent == std::string_view::npos ? number.length : exponent, '.');
 }
 
-void PrintFinite(NumberText& number, double value, const FormatSpec& spec) {
-    const int precision = spec.precision < 0 ? 6 : spec.precision;
-    if (spec.conversion == L'f')
+void PrintFinite(NumberText& number, double value, const FormatConversion& conversion) {
+    const int precision = conversion.precision < 0 ? 6 : conversion.precision;
+    if (conversion.letter == L'f')
         PrintFixed(number, value, precision);
-    else if (spec.conversion == L'e')
+    else if (conversion.letter == L'e')
         number.Print(std::abs(value), std::chars_format::scientific, precision);
     else
-        PrintGeneral(number, std::abs(value), precision, spec.alternate);
-    if (spec.alternate)
+        PrintGeneral(number, std::abs(value), precision, conversion.alternate);
+    if (conversion.alternate)
         EnsurePoint(number);
 }
 
-void AppendDouble(std::wstring& text, double value, const FormatSpec& spec) {
+void AppendDouble(std::wstring& text, double value, const FormatConversion& conversion) {
     NumberText number;
     number.isNegative = std::signbit(value);
     if (std::isfinite(value)) {
-        number.zeroPadded = spec.zeroPadded;
-        PrintFinite(number, value, spec);
+        number.zeroPadded = conversion.zeroPadded;
+        PrintFinite(number, value, conversion);
     } else {
         for (const char c : std::string_view(std::isnan(value) ? "nan" : "inf"))
             number.Append(c);
     }
-    AppendNumber(text, number, spec);
+    AppendNumber(text, number, conversion);
 }
 
-void AppendText(std::wstring& text, std::wstring_view part, const FormatSpec& spec) {
+void AppendText(std::wstring& text, std::wstring_view part, const FormatConversion& conversion) {
     const std::size_t start = text.size();
-    text.append(spec.precision < 0 ? part
-                                   : part.substr(0, static_cast<std::size_t>(spec.precision)));
-    PadTo(text, start, spec);
+    text.append(conversion.precision < 0
+                    ? part
+                    : part.substr(0, static_cast<std::size_t>(conversion.precision)));
+    PadTo(text, start, conversion);
 }
 
-void AppendArgument(std::wstring& text, const ZetFormatArg& arg, const FormatSpec& spec) {
+void AppendArgument(std::wstring& text,
+                    const ZetFormatArg& arg,
+                    const FormatConversion& conversion) {
     switch (arg.GetKind()) {
         case Kind::kInteger:
-            return AppendInteger(text, arg, spec);
+            return AppendInteger(text, arg, conversion);
         case Kind::kDouble:
-            return AppendDouble(text, arg.GetDouble(), spec);
+            return AppendDouble(text, arg.GetDouble(), conversion);
         case Kind::kText:
-            return AppendText(text, arg.GetText(), spec);
+            return AppendText(text, arg.GetText(), conversion);
         case Kind::kCharacter: {
             const wchar_t character = arg.GetCharacter();
-            FormatSpec whole = spec;
+            FormatConversion whole = conversion;
             whole.precision = -1;
             return AppendText(text, {&character, 1}, whole);
         }
@@ -196,14 +203,14 @@ std::wstring Format(std::wstring_view format, std::initializer_list<ZetFormatArg
         if (percent == std::wstring_view::npos)
             return text;
         format.remove_prefix(percent);
-        const FormatSpec spec = ParseFormatSpec(format);
-        const bool takesArgument = spec.conversion != 0 && spec.conversion != L'%';
+        const FormatConversion conversion = ParseFormatConversion(format);
+        const bool takesArgument = conversion.letter != 0 && conversion.letter != L'%';
         const ZetFormatArg* arg = takesArgument && next != args.end() ? next++ : nullptr;
-        if (arg != nullptr && Fits(spec.conversion, arg->GetKind()))
-            AppendArgument(text, *arg, spec);
+        if (arg != nullptr && Fits(conversion.letter, arg->GetKind()))
+            AppendArgument(text, *arg, conversion);
         else
-            text.append(spec.conversion == L'%' ? L"%" : format.substr(0, spec.length));
-        format.remove_prefix(spec.length);
+            text.append(conversion.letter == L'%' ? L"%" : format.substr(0, conversion.length));
+        format.remove_prefix(conversion.length);
     }
 }
 

@@ -90,7 +90,7 @@ class ZetFormatArg {
 namespace camdata::detail {
 
 /// One conversion of a format, taken apart.
-struct FormatSpec {
+struct FormatConversion {
     bool leftAligned = false;
     bool plusSign = false;
     bool blankSign = false;
@@ -98,7 +98,7 @@ struct FormatSpec {
     bool alternate = false;
     int width = 0;
     int precision = -1;      ///< -1: none given
-    wchar_t conversion = 0;  ///< 0: no conversion that this formatter knows
+    wchar_t letter = 0;      ///< 0: no conversion that this formatter knows
     std::size_t length = 0;  ///< characters from "%" to the conversion's letter
 };
 
@@ -114,44 +114,45 @@ constexpr int ReadField(std::wstring_view text, std::size_t& at) {
     return value;
 }
 
-constexpr bool ReadFlag(wchar_t c, FormatSpec& spec) {
+constexpr bool ReadFlag(wchar_t c, FormatConversion& conversion) {
     switch (c) {
         case L'-':
-            return spec.leftAligned = true;
+            return conversion.leftAligned = true;
         case L'+':
-            return spec.plusSign = true;
+            return conversion.plusSign = true;
         case L' ':
-            return spec.blankSign = true;
+            return conversion.blankSign = true;
         case L'0':
-            return spec.zeroPadded = true;
+            return conversion.zeroPadded = true;
         case L'#':
-            return spec.alternate = true;
+            return conversion.alternate = true;
         default:
             return false;
     }
 }
 
 /// Takes apart the conversion that `text` begins with ("%" included).
-constexpr FormatSpec ParseFormatSpec(std::wstring_view text) {
+constexpr FormatConversion ParseFormatConversion(std::wstring_view text) {
     constexpr std::wstring_view kConversions = L"sdiufegc%";
-    FormatSpec spec;
+    FormatConversion conversion;
     std::size_t at = 1;
-    while (at < text.size() && ReadFlag(text[at], spec))
+    while (at < text.size() && ReadFlag(text[at], conversion))
         ++at;
-    spec.width = ReadField(text, at);
+    conversion.width = ReadField(text, at);
     if (at < text.size() && text[at] == L'.')
-        spec.precision = ReadField(text, ++at);
+        conversion.precision = ReadField(text, ++at);
     while (at < text.size() && (text[at] == L'l' || text[at] == L'h'))
         ++at;
-    const bool fields = spec.width <= kZetFormatMaxField && spec.precision <= kZetFormatMaxField;
+    const bool fields =
+        conversion.width <= kZetFormatMaxField && conversion.precision <= kZetFormatMaxField;
     if (at < text.size() && fields && kConversions.find(text[at]) != std::wstring_view::npos)
-        spec.conversion = text[at];
-    spec.length = at < text.size() ? at + 1 : at;
-    return spec;
+        conversion.letter = text[at];
+    conversion.length = at < text.size() ? at + 1 : at;
+    return conversion;
 }
 
-constexpr bool Fits(wchar_t conversion, ZetFormatArg::Kind kind) {
-    switch (conversion) {
+constexpr bool Fits(wchar_t letter, ZetFormatArg::Kind kind) {
+    switch (letter) {
         case L's':
             return kind == ZetFormatArg::Kind::kText;
         case L'd':
@@ -175,11 +176,11 @@ constexpr bool FormatTakes(std::wstring_view format,
     auto next = kinds.begin();
     for (std::size_t at = format.find(L'%'); at != std::wstring_view::npos;
          at = format.find(L'%', at)) {
-        const FormatSpec spec = ParseFormatSpec(format.substr(at));
-        at += spec.length;
-        if (spec.conversion == L'%')
+        const FormatConversion conversion = ParseFormatConversion(format.substr(at));
+        at += conversion.length;
+        if (conversion.letter == L'%')
             continue;
-        if (next == kinds.end() || !Fits(spec.conversion, *next))
+        if (next == kinds.end() || !Fits(conversion.letter, *next))
             return false;
         ++next;
     }
