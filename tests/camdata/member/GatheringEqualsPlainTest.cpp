@@ -1,0 +1,221 @@
+#include "support/PlainGathering.h"
+#include "support/RandomMember.h"
+#include "support/TestMember.h"
+
+#include <bit>
+#include <cstdint>
+#include <limits>
+#include <string>
+#include <tuple>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+constexpr double kOther = 7.0;
+
+/// The current tolerance, found by comparing with it; "none" when it is no number, or negative.
+double ProbedTolerance() {
+    if (!CMxGeom::IsEqual_Mx(0.0, 0.0))
+        return CMxGeom::IsLess_Mx(0.0, 0.0) ? -1.0 : -2.0;
+    std::uint64_t within = 0;
+    auto beyond = std::bit_cast<std::uint64_t>(std::numeric_limits<double>::infinity());
+    while (within + 1 < beyond) {
+        const std::uint64_t middle = (within + beyond) / 2;
+        (CMxGeom::IsEqual_Mx(std::bit_cast<double>(middle), 0.0) ? within : beyond) = middle;
+    }
+    return std::bit_cast<double>(within);
+}
+
+/// All that post-processing can change of a record, numbers as their bits; the first element tells
+/// which record it is.
+using Print = std::vector<std::uint64_t>;
+using Prints = std::vector<Print>;
+
+std::uint64_t BitsOf(double value) {
+    return std::isnan(value) ? 1 : std::bit_cast<std::uint64_t>(value);
+}
+
+Print PrintOf(const CHoleAddlInfo& hole) {
+    return {static_cast<std::uint64_t>(hole.GetHoleData().depth),
+            BitsOf(hole.GetXPos()),
+            BitsOf(hole.GetYPos()),
+            BitsOf(hole.GetHoleData().x),
+            BitsOf(hole.GetHoleData().y),
+            BitsOf(hole.GetSize()),
+            BitsOf(hole.GetSlotVector().x),
+            BitsOf(hole.GetSlotVector().y),
+            static_cast<std::uint64_t>(hole.GetHoleStatus()),
+            static_cast<std::uint64_t>(hole.GetViewData().GetHoleFace()),
+            static_cast<std::uint64_t>(hole.GetCSKPos()),
+            hole.GetIsCSK(),
+            hole.GetValid(),
+            hole.GetIsReqdToProcess()};
+}
+
+Print PrintOf(const CNotchAddInfo& notch) {
+    return {BitsOf(notch.GetXPos()),
+            BitsOf(notch.GetYPos()),
+            BitsOf(notch.GetLength()),
+            BitsOf(notch.GetWidth()),
+            static_cast<std::uint64_t>(notch.GetNoOfVertices()),
+            static_cast<std::uint64_t>(notch.GetNotchStatus()),
+            static_cast<std::uint64_t>(notch.GetViewData().GetHoleFace()),
+            notch.GetIsInternal()};
+}
+
+template <typename Records>
+Prints PrintsOf(const Records& records) {
+    Prints prints;
+    for (const auto& record : records)
+        prints.push_back(PrintOf(record));
+    return prints;
+}
+
+/// What a gathering leaves.
+struct Outcome {
+    Prints holes;
+    Prints cskHoles;
+    Prints duplicateHoles;
+    Prints notches;
+    Prints duplicateNotches;
+    double tolerance;
+
+    bool operator==(const Outcome&) const = default;
+};
+
+/// Tolerances of the process, and how many internal and external contours a member may have.
+struct Settings {
+    double eps;
+    double yTol;
+    long internalLimit;
+    long externalLimit;
+};
+
+Settings RandomSettings(unsigned long long seed) {
+    constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
+    constexpr double kInfinity = std::numeric_limits<double>::infinity();
+    static const Settings kOdd[] = {
+        {0.0,       0.0,       -1, -1},
+        {-0.1,      -0.3,      -1, 0 },
+        {3.0,       5.0,       0,  -1},
+        {kNaN,      0.5,       -1, -1},
+        {0.1,       kNaN,      -1, -1},
+        {kInfinity, kInfinity, -1, -1},
+        {2e15,      2e15,      -1, -1},
+    };
+    constexpr std::size_t kEvery = 6;
+    if (seed % kEvery != 0)
+        return {0.1, 0.5, seed % 5 == 0 ? 0 : -1, seed % 7 == 0 ? 0 : 2};
+    return kOdd[seed / kEvery % std::size(kOdd)];
+}
+
+void Select(const Settings& settings) {
+    CMxGeom::SetEPS(settings.eps);
+    CMxGeom::SetYTol(settings.yTol);
+    CMxGeom::SetTol(eTolValue, kOther);
+}
+
+Outcome OutcomeOfPlain(const std::vector<RandomView>& views, const Settings& settings) {
+    Select(settings);
+    PlainMember member;
+    for (const RandomView& view : views) {
+        member.TakeHoles(view.holes, view.data);
+        member.TakeNotches(
+            view.contours, view.data, settings.internalLimit, settings.externalLimit);
+    }
+    member.Finish();
+    return {PrintsOf(member.holes),
+            PrintsOf(member.cskHoles),
+            PrintsOf(member.duplicateHoles),
+            PrintsOf(member.notches),
+            PrintsOf(member.duplicateNotches),
+            ProbedTolerance()};
+}
+
+Outcome OutcomeOfLibrary(const std::vector<RandomView>& views, const Settings& settings) {
+    Select(settings);
+    TestMember member;
+    member.m_validations.SetNoOfInternalContours(settings.internalLimit);
+    member.m_validations.SetNoOfExternalContours(settings.externalLimit);
+    for (const RandomView& view : views) {
+        member.SetHoleDataArr(view.holes, view.data);
+        member.SetNotchDataArr(view.contours, view.data);
+    }
+    member.MakeDupHoleArrForHolesInsideSlot();
+    member.MakeDupNotchArr();
+    return {PrintsOf(member.m_holes),
+            PrintsOf(member.m_cskHoles),
+            PrintsOf(member.m_duplicateHoles),
+            PrintsOf(member.m_notches),
+            PrintsOf(member.m_duplicateNotches),
+            ProbedTolerance()};
+}
+
+std::string TextOf(const Prints& prints) {
+    std::string text;
+    for (const Print& print : prints)
+        text += std::to_string(print.front()) + " ";
+    return text;
+}
+
+/// Every list and the tolerance left behind, bit for bit.
+TEST(GatheringEqualsPlainTest, RandomMembers) {
+    constexpr unsigned long long kMembers = 10000;
+    std::array<std::size_t, 5> found = {};
+    for (unsigned long long seed = 1; seed <= kMembers; ++seed) {
+        const RandomMember random(seed);
+        const Settings settings = RandomSettings(seed);
+        const Outcome plain = OutcomeOfPlain(random.GetViews(), settings);
+        const Outcome fast = OutcomeOfLibrary(random.GetViews(), settings);
+        ASSERT_TRUE(plain == fast)
+            << "seed " << seed << "\nholes " << TextOf(plain.holes) << "\nnot   "
+            << TextOf(fast.holes) << "\nduplicates " << TextOf(plain.duplicateHoles)
+            << "\nnot        " << TextOf(fast.duplicateHoles) << "\nnotches "
+            << plain.notches.size() << " not " << fast.notches.size() << "\ntolerance "
+            << plain.tolerance << " not " << fast.tolerance;
+        found[0] += plain.holes.size();
+        found[1] += plain.cskHoles.size();
+        found[2] += plain.duplicateHoles.size();
+        found[3] += plain.notches.size();
+        found[4] += plain.duplicateNotches.size();
+    }
+    for (const std::size_t count : found)
+        EXPECT_GT(count, kMembers / 2) << "the members hold too little";
+}
+
+/// Orders the holes of a view both ways.
+TEST(GatheringEqualsPlainTest, OrderOfHolesAndNotches) {
+    constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
+    std::mt19937_64 random(1);
+    for (int round = 0; round < 3000; ++round) {
+        SCOPED_TRACE(round);
+        const auto number = [&] {
+            const auto drawn = random() % (round % 3 == 0 ? 4 : 3);
+            return drawn == 3 ? kNaN : static_cast<double>(drawn);
+        };
+        std::vector<CHoleAddlInfo> records(random() % 12);
+        ZetArray<CNotchAddInfo> notches;
+        for (std::size_t i = 0; i < records.size(); ++i) {
+            records[i].SetSqrHoleData(static_cast<double>(i), number(), number());
+            CNotchAddInfo notch;
+            notch.SetXPosFrom(records[i].GetXPos());
+            notch.SetYPosFrom(records[i].GetYPos());
+            notches.append(notch);
+        }
+        ZetArray<CHoleAddlInfo> fast(records.begin(), records.end());
+        TestMember::OrderHoles(fast);
+        RecordPtrs<CHoleAddlInfo> plain = PtrsTo(records);
+        PlainOrder(plain);
+        TestMember::OrderNotches(notches);
+        for (std::size_t i = 0; i < plain.size(); ++i) {
+            const long at = static_cast<long>(i);
+            ASSERT_EQ(plain[i]->GetSize(), fast[at].GetSize());
+            ASSERT_EQ(BitsOf(plain[i]->GetXPos()), BitsOf(notches[at].GetXPos()));
+            ASSERT_EQ(BitsOf(plain[i]->GetYPos()), BitsOf(notches[at].GetYPos()));
+        }
+    }
+}
+
+}  // namespace
