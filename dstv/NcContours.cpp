@@ -16,6 +16,7 @@ namespace dstv {
 namespace {
 
 constexpr wchar_t kMm[] = L"a number in mm";
+constexpr wchar_t kContour[] = L"contour";
 /// Points nearer than this are the same point, mm.
 constexpr double kSamePoint = 0.01;
 /// A plane's axes may miss the right angle by this without a note, degrees.
@@ -81,8 +82,7 @@ void NcParser::AddPoint(const OutlineLine& read, const NcLine& line) {
     if (!IsBevelled(read.point) || m_hasNotedBevels)
         return;
     m_hasNotedBevels = true;
-    m_notes.Note(line.number,
-                 ZetString::format(L"weld preparation: %s", L"kept beside the NC data"));
+    m_notes.Note(line.number, L"weld preparation: kept beside the NC data");
 }
 
 void NcParser::CheckNotchLine(const NcNotchLine& notch) {
@@ -134,37 +134,44 @@ std::vector<ZetGeomPoint2d> NcParser::Chords(const NcOpenOutline& outline,
     return chords;
 }
 
+void NcParser::CloseContour(NcOpenOutline& outline) {
+    const NcContourPoint& first = outline.points.front();
+    if (outline.isClosed) {
+        outline.points.back().x = first.x;
+        outline.points.back().q = first.q;
+        return;
+    }
+    m_notes.Warn(outline.lines.back().number, L"contour is not closed: closed by a straight edge");
+    outline.points.push_back({first.x, first.q, 0.0, {}});
+    outline.lines.push_back(outline.lines.back());
+}
+
+std::vector<ZetGeomPoint2d> NcParser::CheckedOutline(const NcOpenOutline& outline) {
+    const NcLine& first = outline.lines.front();
+    std::vector<std::size_t> sources;
+    Outline chords = Chords(outline, sources);
+    if (chords.size() < 4)
+        FailAt(first, kContour, Trimmed(first.text), L"at least 3 points that are not the same");
+    if (const auto crossing = FindSelfCrossing(chords)) {
+        const NcLine& line = outline.lines[sources[std::min(*crossing, sources.size() - 1)]];
+        FailAt(line, kContour, Trimmed(line.text), L"an outline that does not cross itself");
+    }
+    if (std::any_of(chords.begin(), chords.end(), [](const auto& point) { return point.x < 0.0; }))
+        m_notes.Warn(first.number, L"contour with a negative X");
+    return chords;
+}
+
 void NcParser::FinishContour(NcOpenOutline outline) {
     const NcLine first = outline.lines.empty() ? m_block.line : outline.lines.front();
     if (outline.points.size() < 3)
-        FailAt(first, L"contour", Trimmed(first.text), L"at least 3 points");
-    if (outline.isClosed) {
-        outline.points.back().x = outline.points.front().x;
-        outline.points.back().q = outline.points.front().q;
-    } else {
-        m_notes.Warn(outline.lines.back().number,
-                     L"contour is not closed: closed by a straight edge");
-        outline.points.push_back({outline.points.front().x, outline.points.front().q, 0.0, {}});
-        outline.lines.push_back(outline.lines.back());
-    }
-    std::vector<std::size_t> sources;
+        FailAt(first, kContour, Trimmed(first.text), L"at least 3 points");
+    CloseContour(outline);
     NcContour contour;
-    contour.outline = Chords(outline, sources);
-    if (contour.outline.size() < 4)
-        FailAt(first, L"contour", Trimmed(first.text), L"at least 3 points that are not the same");
-    if (const auto crossing = FindSelfCrossing(contour.outline)) {
-        const NcLine& line = outline.lines[sources[*crossing]];
-        FailAt(line, L"contour", Trimmed(line.text), L"an outline that does not cross itself");
-    }
-    const auto leftmost = std::min_element(contour.outline.begin(),
-                                           contour.outline.end(),
-                                           [](const auto& a, const auto& b) { return a.x < b.x; });
-    if (leftmost->x < 0.0)
-        m_notes.Warn(first.number, L"contour with a negative X");
     contour.line = first.number;
     contour.place = outline.place;
     contour.isInternal = m_block.code.type == NcBlockType::kInner;
     contour.reference = outline.reference;
+    contour.outline = CheckedOutline(outline);
     contour.points = std::move(outline.points);
     contour.notchLines = std::move(outline.notchLines);
     m_part.contours.push_back(std::move(contour));
@@ -218,27 +225,31 @@ void NcParser::FinishPlane() {
     if (m_block.code.type != NcBlockType::kPlane)
         return;
     const std::vector<double> n = std::exchange(m_planeNumbers, {});
-    const NcLine& line = m_block.line;
+    const auto refuse = [this](const wchar_t* expected) {
+        FailAt(m_block.line, L"plane", Trimmed(m_block.line.text), expected);
+    };
     if (n.size() != 9)
-        FailAt(line, L"plane", m_block.code.text, L"nine numbers: origin, point on x, point on y");
+        refuse(L"nine numbers: origin, point on x, point on y");
+    if (m_part.planes.size() == kMaxPlanes)
+        refuse(L"at most 1000 planes in one file");
     const auto plane = PlaneThrough({
         {{n[0], n[1], n[2]}, {n[3], n[4], n[5]}, {n[6], n[7], n[8]}}
     });
     if (!plane)
-        FailAt(line, L"plane", m_block.code.text, L"three points that are not on one line");
-    if (plane->skew > kSkewSlack)
-        m_notes.Warn(line.number,
+        refuse(L"three points that are not on one line");
+    AddPlane(*plane);
+}
+
+void NcParser::AddPlane(const PlaneOfPoints& made) {
+    const int number = m_block.code.plane;
+    if (made.skew > kSkewSlack)
+        m_notes.Warn(m_block.line.number,
                      ZetString::format(L"axes of the plane are %.2f degrees off a right angle: "
                                        L"the y axis is turned",
-                                       plane->skew));
-    if (m_part.planes.size() == kMaxPlanes)
-        FailAt(line, L"plane", m_block.code.text, L"at most 1000 planes in one file");
-    m_planeOfNumber[static_cast<std::size_t>(m_block.code.plane)] =
-        static_cast<long>(m_part.planes.size());
-    m_part.planes.push_back({line.number,
-                             m_block.code.plane,
-                             plane->plane,
-                             StandardFaceOf(plane->plane, m_part.header)});
+                                       made.skew));
+    m_planeOfNumber[static_cast<std::size_t>(number)] = static_cast<long>(m_part.planes.size());
+    m_part.planes.push_back(
+        {m_block.line.number, number, made.plane, StandardFaceOf(made.plane, m_part.header)});
 }
 
 }  // namespace dstv

@@ -2,7 +2,8 @@
 #include "dstv/NcParser.h"
 #include "dstv/NcText.h"
 
-#include <cmath>
+#include <algorithm>
+#include <utility>
 
 // Blocks whose lines stand for themselves: holes, texts, bends, cuts, tolerances, camber, orders.
 
@@ -47,9 +48,8 @@ ZetGeomPoint2d CentreOf(const NcHole& hole) {
 }  // namespace
 
 void NcParser::ReadHole(NcTokens& tokens) {
-    const NcLine& line = tokens.GetLine();
     NcHole hole;
-    hole.line = line.number;
+    hole.line = tokens.GetLine().number;
     hole.place = TakePlace(tokens);
     hole.x = tokens.TakeNumber(L"hole X", kMm);
     hole.reference = TakeReference(tokens);
@@ -61,11 +61,16 @@ void NcParser::ReadHole(NcTokens& tokens) {
         hole.depth = tokens.TakeSize(L"hole depth", kSize);
     ReadSlot(tokens, hole);
     tokens.ExpectEnd();
+    FinishHole(std::move(hole), tokens.GetLine());
+}
+
+void NcParser::FinishHole(NcHole hole, const NcLine& line) {
     hole.form = FormOf(hole);
-    if (hole.form == NcHoleForm::kMark && hole.kind == NcHoleKind::kPlain)
+    if (hole.form == NcHoleForm::kMark) {
         hole.kind = NcHoleKind::kMark;
-    if (hole.form == NcHoleForm::kMark && hole.slotWidth + hole.slotHeight > 0.0)
-        m_notes.Note(line.number, L"slot without a diameter: read as a line to be marked");
+        if (hole.slotWidth + hole.slotHeight > 0.0)
+            m_notes.Note(line.number, L"slot without a diameter: read as a line to be marked");
+    }
     if (hole.form == NcHoleForm::kRectangle)
         hole.outline = RectangleOutline(
             {hole.x, hole.q}, hole.slotWidth, hole.slotHeight, hole.diameter, hole.slotAngle);

@@ -45,6 +45,7 @@ constexpr std::array<FaceCuts, 3> kFaceCuts = {
 };
 
 constexpr double kSteepestCut = 89.0;
+constexpr wchar_t kCut[] = L"skew cut";
 
 /// True when a face of such a profile is no flat plate that a straight cut trims.
 bool HasNoPlate(const NcHeader& header, NcFace face) {
@@ -118,30 +119,32 @@ void NcParser::TrimFaces() {
         if ((start == 0.0 && end == 0.0) || HasOutline(cuts.face))
             continue;
         const NcLine& line = m_header.LineOf(start != 0.0 ? cuts.startValue : cuts.startValue + 1);
-        if (HasNoPlate(header, cuts.face) || header.*cuts.height == 0.0) {
-            m_notes.Note(line.number,
-                         ZetString::format(L"skew cut of face %s makes no outline", cuts.name));
-            continue;
-        }
-        if (std::max(std::abs(start), std::abs(end)) > kSteepestCut)
-            FailAt(line, L"skew cut", Trimmed(line.text), L"angles from -89 to 89 degrees");
-        TrimFace(cuts.face, TrimmedOutline(header.length, header.*cuts.height, start, end), line);
-        m_notes.Note(
-            line.number,
-            ZetString::format(L"no outline of face %s: made from the skew cuts", cuts.name));
+        const bool isTrimmed = !HasNoPlate(header, cuts.face) && header.*cuts.height > 0.0;
+        if (isTrimmed)
+            TrimFace(cuts.face, header.*cuts.height, {start, end}, line);
+        const wchar_t* outcome =
+            isTrimmed ? L"made from the skew cuts" : L"no plate that a skew cut could trim";
+        m_notes.Note(line.number,
+                     ZetString::format(L"face %s without an outline: %s", cuts.name, outcome));
     }
 }
 
-void NcParser::TrimFace(NcFace face, std::vector<ZetGeomPoint2d> outline, const NcLine& line) {
-    if (outline[0].x > outline[1].x || outline[3].x > outline[2].x)
-        FailAt(line, L"skew cut", Trimmed(line.text), L"an outline that does not cross itself");
+void NcParser::TrimFace(NcFace face,
+                        double height,
+                        const std::array<double, 2>& angles,
+                        const NcLine& line) {
+    if (std::max(std::abs(angles[0]), std::abs(angles[1])) > kSteepestCut)
+        FailAt(line, kCut, Trimmed(line.text), L"angles from -89 to 89 degrees");
     NcContour contour;
+    contour.outline = TrimmedOutline(m_part.header.length, height, angles[0], angles[1]);
+    const Outline& corners = contour.outline;
+    if (corners[0].x > corners[1].x || corners[3].x > corners[2].x)
+        FailAt(line, kCut, Trimmed(line.text), L"an outline that does not cross itself");
     contour.line = line.number;
     contour.place = {face, -1};
     contour.fromHeader = true;
-    contour.outline = std::move(outline);
-    for (const ZetGeomPoint2d& p : contour.outline)
-        contour.points.push_back({p.x, p.y, 0.0, {}});
+    for (const ZetGeomPoint2d& corner : corners)
+        contour.points.push_back({corner.x, corner.y, 0.0, {}});
     m_part.contours.push_back(std::move(contour));
 }
 

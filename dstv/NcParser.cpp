@@ -119,10 +119,6 @@ void NcParser::ReadLine(const NcLine& line) {
     NcBlockCode code = BlockCodeOf(line.text);
     if (code.text.empty())
         return ReadDataLine(line);
-    if (!code.isInCapitals)
-        m_notes.Warn(line.number,
-                     ZetString::format(L"block code \"%s\" is not in capitals",
-                                       Quotable(Trimmed(line.text))));
     EndBlock();
     StartBlock(std::move(code), line);
 }
@@ -136,31 +132,40 @@ void NcParser::StartBlock(NcBlockCode code, const NcLine& line) {
         kReaders.begin(), kReaders.end(), [&](const BlockReader& r) { return r.type == type; });
     m_block.reader = reader == kReaders.end() ? nullptr : reader;
     m_isAfterSecondStart = type == NcBlockType::kStart;
-    if (m_isAfterSecondStart)
-        m_notes.Warn(line.number, L"a second part begins here: only the first one is read");
-    if (m_block.reader != nullptr)
-        Remark(line);
-    if (type == NcBlockType::kUnknown)
-        m_notes.Warn(line.number,
-                     ZetString::format(L"block %s is not known: skipped", Quoted(m_block.code)));
+    NoteBlock();
     m_isAfterEnd = m_isAfterEnd || type == NcBlockType::kEnd;
-    if (m_block.code.plane >= 0 && type != NcBlockType::kPlane && m_block.reader != nullptr) {
+    if (m_block.reader != nullptr && m_block.code.plane >= 0 && type != NcBlockType::kPlane) {
         m_block.place = PlaceOfPlane(m_block.code.plane);
         m_block.hasPlace = true;
     }
 }
 
-void NcParser::Remark(const NcLine& line) {
-    if (m_isAfterEnd)
-        m_notes.Warn(line.number,
-                     ZetString::format(L"block %s after EN: read", Quoted(m_block.code)));
-    const bool isNew =
-        std::find(m_remarked.begin(), m_remarked.end(), m_block.reader) == m_remarked.end();
-    if (m_block.reader->remark == nullptr || !isNew)
+void NcParser::NoteBlock() {
+    const NcBlockCode& code = m_block.code;
+    const long line = m_block.line.number;
+    if (!code.isInCapitals)
+        m_notes.Warn(line,
+                     ZetString::format(L"block code \"%s\" is not in capitals",
+                                       Quotable(Trimmed(m_block.line.text))));
+    if (code.type == NcBlockType::kStart)
+        m_notes.Warn(line, L"a second part begins here: only the first one is read");
+    if (code.type == NcBlockType::kUnknown)
+        m_notes.Warn(line, ZetString::format(L"block %s is not known: skipped", Quoted(code)));
+    if (m_block.reader == nullptr)
         return;
-    m_remarked.push_back(m_block.reader);
-    m_notes.Note(line.number,
-                 ZetString::format(L"block %s: %s", Quoted(m_block.code), m_block.reader->remark));
+    if (m_isAfterEnd)
+        m_notes.Warn(line, ZetString::format(L"block %s after EN: read", Quoted(code)));
+    NotePurpose();
+}
+
+void NcParser::NotePurpose() {
+    const BlockReader* reader = m_block.reader;
+    const bool isNew = std::find(m_remarked.begin(), m_remarked.end(), reader) == m_remarked.end();
+    if (reader->remark == nullptr || !isNew)
+        return;
+    m_remarked.push_back(reader);
+    m_notes.Note(m_block.line.number,
+                 ZetString::format(L"block %s: %s", Quoted(m_block.code), reader->remark));
 }
 
 void NcParser::EndBlock() {

@@ -4,6 +4,7 @@
 #include "dstv/NcHeaderReader.h"
 #include "dstv/NcNotes.h"
 #include "dstv/NcPart.h"
+#include "dstv/NcPlanes.h"
 #include "dstv/NcTokens.h"
 
 #include <array>
@@ -60,11 +61,12 @@ class NcParser {
     void ReadHeader(NcLines& lines);
     void ReadLine(const NcLine& line);
     void StartBlock(NcBlockCode code, const NcLine& line);
+    void NoteBlock();
+    void NotePurpose();
     void EndBlock();
     void ReadDataLine(const NcLine& line);
     void ReadAside(NcTokens& tokens);
     bool KeepComment(const NcLine& line);
-    void Remark(const NcLine& line);
 
     // What the lines of several blocks share.
     NcPlace PlaceOfPlane(int number);
@@ -79,6 +81,7 @@ class NcParser {
     // Lines that stand for themselves.
     void ReadHole(NcTokens& tokens);
     void ReadSlot(NcTokens& tokens, NcHole& hole);
+    void FinishHole(NcHole hole, const NcLine& line);
     void ReadNumeration(NcTokens& tokens);
     void ReadBend(NcTokens& tokens);
     void ReadSawCut(NcTokens& tokens);
@@ -95,10 +98,13 @@ class NcParser {
     void AddPoint(const OutlineLine& read, const NcLine& line);
     void CheckNotchLine(const NcNotchLine& notch);
     void FinishOutline();
+    void CloseContour(NcOpenOutline& outline);
+    std::vector<ZetGeomPoint2d> CheckedOutline(const NcOpenOutline& outline);
     void FinishContour(NcOpenOutline outline);
     void FinishMark(NcOpenOutline outline);
     void FinishSection();
     void FinishPlane();
+    void AddPlane(const PlaneOfPoints& made);
     std::vector<ZetGeomPoint2d> Chords(const NcOpenOutline& outline,
                                        std::vector<std::size_t>& sources);
 
@@ -107,7 +113,10 @@ class NcParser {
     void ResolvePlanes();
     void TrimFaces();
     bool HasOutline(NcFace face) const;
-    void TrimFace(NcFace face, std::vector<ZetGeomPoint2d> outline, const NcLine& line);
+    void TrimFace(NcFace face,
+                  double height,
+                  const std::array<double, 2>& angles,
+                  const NcLine& line);
     void NoteRepeatedOutlines();
 
     NcPart m_part;
