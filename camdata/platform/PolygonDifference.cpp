@@ -17,6 +17,9 @@ using Points = ZetArray<ZetGeomPoint2d>;
 
 constexpr int kSides = 4;
 
+/// What rounding may add to a distance: 200 - 199.95 is a little more than 0.05.
+constexpr double kRounding = 1e-6;
+
 /// Where a vertex lies on the border of the rectangle.
 struct Contact {
     unsigned sides = 0;     ///< bit i: touches the side from corner i to corner i + 1
@@ -27,7 +30,7 @@ struct Contact {
 
 class Border {
   public:
-    Border(const Points& corners, double touch) : m_corners(corners), m_touch(touch) {
+    Border(const Points& corners, double touch) : m_corners(corners), m_touch(touch + kRounding) {
         for (int side = 0; side < kSides; ++side) {
             const ZetGeomVector2d along = corners[(side + 1) % kSides] - corners[side];
             const std::size_t i = static_cast<std::size_t>(side);
@@ -87,6 +90,25 @@ bool IsBefore(const ZetGeomPoint2d& a, const ZetGeomPoint2d& b) {
     return a.x < b.x || (a.x == b.x && a.y < b.y);
 }
 
+/// The vertices of a closed chain without the ways out and back on one line, as the cut is that
+/// joins an opening to the edge. The chain begins on the border.
+Points WithoutSpurs(const Points& chain) {
+    std::vector<ZetGeomPoint2d> kept;
+    for (const ZetGeomPoint2d& point : chain) {
+        if (kept.size() >= 2 && kept[kept.size() - 2] == point)
+            kept.pop_back();
+        else
+            kept.push_back(point);
+    }
+    auto first = kept.begin();
+    auto last = kept.end();
+    while (last - first > 2 && *(first + 1) == *(last - 1)) {
+        ++first;
+        --last;
+    }
+    return Points(first, last);
+}
+
 /// Collects the pieces while the outline is walked.
 class PieceCollector {
   public:
@@ -105,7 +127,7 @@ class PieceCollector {
         points.append(b);
         std::reverse(way.begin(), way.end());
         points.appendAll(way);
-        Keep(std::move(points));
+        Keep(points);
     }
 
     ZetArray<ZetGeomAugPolygon> TakeSorted() {
@@ -126,16 +148,18 @@ class PieceCollector {
         ZetGeomAugPolygon polygon;
     };
 
-    void Keep(Points points) {
-        std::rotate(
-            points.begin(), std::min_element(points.begin(), points.end(), IsBefore), points.end());
-        ZetGeomAugPolygon polygon(points, 0.0);
+    void Keep(const Points& points) {
+        Points corners = WithoutSpurs(ZetGeomAugPolygon(points, 0.0).getVertices());
+        std::rotate(corners.begin(),
+                    std::min_element(corners.begin(), corners.end(), IsBefore),
+                    corners.end());
+        ZetGeomAugPolygon polygon(corners, 0.0);
         if (!(polygon.getArea() > 0.5 * m_offset * polygon.getPerimeter()))
             return;
-        double minY = points.first().y;
-        for (const ZetGeomPoint2d& point : points)
+        double minY = corners.first().y;
+        for (const ZetGeomPoint2d& point : corners)
             minY = std::min(minY, point.y);
-        m_pieces.push_back({points.first().x, minY, points.first().y, std::move(polygon)});
+        m_pieces.push_back({corners.first().x, minY, corners.first().y, std::move(polygon)});
     }
 
     const Border& m_border;

@@ -74,6 +74,16 @@ ZetArray<ZetGeomPoint2d> WithoutStraightVertices(const ZetArray<ZetGeomPoint2d>&
     return corners;
 }
 
+/// The vertex farthest from the lowest one: a corner for certain. The lowest vertex may lie in the
+/// middle of an upright edge, before it by a hair.
+auto SafeCorner(ZetArray<ZetGeomPoint2d>& chain) {
+    const ZetGeomPoint2d lowest = *std::min_element(chain.begin(), chain.end(), IsBefore);
+    return std::max_element(
+        chain.begin(), chain.end(), [&](const ZetGeomPoint2d& a, const ZetGeomPoint2d& b) {
+            return (a - lowest).length() < (b - lowest).length();
+        });
+}
+
 /// True when `a` from its vertex 0 and `b` from `start` run alike.
 bool RunAlike(const ZetArray<ZetGeomPoint2d>& a,
               const ZetArray<ZetGeomPoint2d>& b,
@@ -131,7 +141,8 @@ ZetGeomAugPolygon ZetGeomAugPolygon::getNormalised(double tolerance) const {
         return result;
     if (getArea() < 0.0)
         std::reverse(chain.begin(), chain.end());
-    std::rotate(chain.begin(), std::min_element(chain.begin(), chain.end(), IsBefore), chain.end());
+    std::rotate(chain.begin(), SafeCorner(chain), chain.end());
     chain = WithoutStraightVertices(chain, tolerance);
+    std::rotate(chain.begin(), std::min_element(chain.begin(), chain.end(), IsBefore), chain.end());
     return result;
 }

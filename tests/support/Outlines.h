@@ -61,7 +61,7 @@ struct NotchedOutline {
 };
 
 /// A rectangle with rectangular pockets of random place, width and depth along its lower and upper
-/// side, some of them at the ends. Coordinates are multiples of 0.1.
+/// side, some of them at the ends.
 inline NotchedOutline RandomNotchedOutline(std::mt19937_64& random) {
     const auto number = [&](int low, int high) {
         return (low + static_cast<int>(random() % static_cast<unsigned>(high - low + 1))) * 0.1;

@@ -89,6 +89,14 @@ TEST(ZetGeomAugPolygonTest, CutsTheNotchesThatAFabricatorDraws) {
         {"ledge of 0.03", {{0, 0}, {100, 0}, {100, 49.97}, {50, 49.97}, {50, 50}, {0, 50}}, ""},
         {"ledge of 0.15", {{0, 0}, {100, 0}, {100, 49.85}, {50, 49.85}, {50, 50}, {0, 50}},
          "(50,49.85)(100,49.85)(100,50)(50,50) "},
+        // 200 - 199.95 is a little more than 0.05.
+        {"cut beside a ledge of 0.05",
+         {{0, 0}, {1000, 0}, {1000, 200}, {500, 200}, {499, 199.95}, {100, 199.95}, {100, 150}, {0, 150}},
+         "(0,150)(100,150)(100,199.95)(0,200) "},
+        {"opening joined to the edge by a cut",
+         {{0, 0}, {50, 0}, {50, 10}, {50, 20}, {40, 20}, {40, 30}, {60, 30}, {60, 20}, {50, 20}, {50, 10}, {50, 0}, {100, 0}, {100, 50}, {0, 50}},
+         "(40,20)(50,20)(60,20)(60,30)(40,30) "},
+        {"edge that goes out and back", {{0, 0}, {100, 0}, {100, 50}, {50, 50}, {50, 20}, {50, 50}, {0, 50}}, ""},
         {"corners off by 0.05", {{0.02, 0.03}, {100, -0.02}, {99.96, 50.01}, {0, 50}}, ""},
         {"chamfer of 0.05", {{0, 0}, {100, 0}, {100, 49.95}, {99.95, 50}, {0, 50}}, ""},
         {"crossing itself", {{0, 0}, {100, 0}, {100, 80}, {50, -20}, {0, 80}}, ""},
@@ -107,12 +115,18 @@ TEST(ZetGeomAugPolygonTest, CutsTheNotchesThatAFabricatorDraws) {
 }
 
 TEST(ZetGeomAugPolygonTest, DiscsLeaveFourCornersInAnUprightRectangle) {
-    for (const int chords : {12, 30, 90, 400}) {
-        const Pieces pieces = Cut(Disc(100.0, 50.0, 40.0, chords));
-        ASSERT_EQ(pieces.length(), 4) << chords;
+    constexpr double kRadius = 40.0;
+    constexpr double kSlivers = 2.0;  // where vertices within 0.05 of a side touch it
+    for (const int chords : {64, 100, 400}) {
+        SCOPED_TRACE(chords);
+        const OutlinePoints disc = Disc(100.0, 50.0, kRadius, chords);
+        EXPECT_EQ(Text({Polygon(disc).getMinRectangle()}), "(60,10)(140,10)(140,90)(60,90) ");
+        const Pieces pieces = Cut(disc);
+        ASSERT_EQ(pieces.length(), 4);
+        const double quarter =
+            chords * kRadius * kRadius * std::sin(2.0 * 3.14159265358979323846 / chords) / 8.0;
         for (const ZetGeomAugPolygon& piece : pieces)
-            EXPECT_NEAR(
-                piece.getArea(), 40.0 * 40.0 * (4.0 - 3.14159265) / 4.0, 80.0 * 80.0 / chords);
+            EXPECT_NEAR(piece.getArea(), kRadius * kRadius - quarter, kSlivers);
     }
 }
 
@@ -232,6 +246,32 @@ TEST(ZetGeomAugPolygonTest, FindsTheNotchesThatAnOutlineWasMadeFrom) {
     EXPECT_LT(crooked, 300);
 }
 
+TEST(ZetGeomAugPolygonTest, FindsTheNotchesOfAnOutlineThatIsAHairOff) {
+    constexpr double kOff = 0.024;  // so that no vertex is more than 0.05 from its side
+    std::mt19937_64 random(31);
+    const auto off = [&] { return kOff * (static_cast<double>(random() % 2001) * 0.001 - 1.0); };
+    int checked = 0;
+    for (int i = 0; i < 1000; ++i) {
+        SCOPED_TRACE(i);
+        const NotchedOutline made = RandomNotchedOutline(random);
+        const OutlinePoints outline = Mapped(made.points, [&](const ZetGeomPoint2d& p) {
+            return ZetGeomPoint2d{p.x + off(), p.y + off()};
+        });
+        const OutlinePoints rectangle = Polygon(outline).getMinRectangle().getVertices();
+        if (rectangle[0].y != rectangle[1].y)
+            continue;
+        ++checked;
+        const Pieces pieces = Cut(outline);
+        ASSERT_EQ(pieces.length(), static_cast<long>(made.notches.size()));
+        for (const OutlinePoints& notch : made.notches)
+            ASSERT_TRUE(
+                std::any_of(pieces.begin(), pieces.end(), [&](const ZetGeomAugPolygon& piece) {
+                    return piece.getLength() == 4 && piece.isEqualTo(Polygon(notch), 0.05);
+                }));
+    }
+    EXPECT_GT(checked, 700);
+}
+
 TEST(ZetGeomAugPolygonTest, LawsHoldForStars) {
     constexpr unsigned kSeed = 99;
     std::mt19937_64 random(kSeed);
@@ -292,6 +332,16 @@ TEST(ZetGeomAugPolygonTest, NormalisingDropsWhatLiesOnStraightEdges) {
     };
     EXPECT_EQ(Text({Polygon(clockwise).getNormalised(0.01)}), "(0,0)(10,0)(10,5)(0,5) ");
     EXPECT_EQ(Polygon(clockwise).getNormalised(0.001).getLength(), 6);
+
+    // The vertex of lowest X is no corner.
+    const OutlinePoints bulgingLeft = {
+        {0,      0},
+        {10,     0},
+        {10,     5},
+        {0,      5},
+        {-0.005, 2}
+    };
+    EXPECT_EQ(Text({Polygon(bulgingLeft).getNormalised(0.01)}), "(0,0)(10,0)(10,5)(0,5) ");
 
     // So fine a disc that each vertex lies on the line between its neighbours: it must stay a disc.
     const ZetGeomAugPolygon disc = Polygon(Disc(0, 0, 100, 5000));
