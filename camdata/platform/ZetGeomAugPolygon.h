@@ -32,7 +32,8 @@ class CAMDATA_API ZetGeomAugPolygon {
     ///
     /// This must be the outline's getMinRectangle(). An outline vertex within `-offset` of a side
     /// counts as touching that side; pieces with an area of at most half of `-offset` times their
-    /// perimeter vanish. No pieces when the outline crosses itself. Time O(n log n).
+    /// perimeter vanish, and so does the cut that joins an opening to the edge by the same way out
+    /// and back. No pieces when the outline crosses itself. Time O(n log n).
     ZetArray<ZetGeomAugPolygon> subtract(const ZetGeomAugPolygon& outline, double offset) const;
 
     /// True when both have the same corners, in either direction and from any start, each within
