@@ -42,7 +42,7 @@ class CAMDATA_API ZetGeomAugPolygon {
 
     /// The polygon without the vertices that lie within `tolerance` of their predecessor or of a
     /// straight line between their neighbours, counter-clockwise, from its vertex of lowest X, then
-    /// lowest Y. No dropped vertex is further than `tolerance` from the result.
+    /// lowest Y. No dropped vertex is further than twice `tolerance` from the result.
     ZetGeomAugPolygon getNormalised(double tolerance) const;
 
   private:
