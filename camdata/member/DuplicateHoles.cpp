@@ -5,7 +5,9 @@
 
 #include <algorithm>
 #include <cmath>
+#include <iterator>
 #include <map>
+#include <vector>
 
 namespace camdata::detail {
 namespace {
@@ -13,49 +15,68 @@ namespace {
 /// Below this number comparing each with each is faster.
 constexpr long kFewHoles = 24;
 
-/// What two holes must have in common, or nearly so, to be compared: their current position, which
-/// must be equal, or their NC position, which must be within reach.
+/// What decides where a hole is filed.
+struct HoleKey {
+    double x;
+    double y;
+    double ncX;
+    double ncY;
+    double size;
+    /// Sizes of one class are at most 1 mm, or differ at most by the factor two.
+    double largestOfClass;
+};
+
+double LargestOfClass(double size) {
+    int exponent = 0;
+    std::frexp(std::max(size, 1.0), &exponent);
+    return std::ldexp(1.0, exponent);
+}
+
+HoleKey KeyOf(const CHoleAddlInfo& hole) {
+    const ZetNCHoleData& data = hole.GetHoleData();
+    return {hole.GetXPos(), hole.GetYPos(), data.x, data.y, data.size, LargestOfClass(data.size)};
+}
+
+/// Kept holes by current position, which may be equal to that of another hole, and by NC position,
+/// which may be within reach of another's.
 ///
-/// Holes are filed in one grid per class of sizes, so that a few large holes among many small ones
-/// do not make cells in which many small ones lie.
+/// There is a grid per class of sizes, so that a few large holes among many small ones do not make
+/// cells in which many small ones lie.
 class KeptHoles {
   public:
-    explicit KeptHoles(const ZetArray<CHoleAddlInfo>& holes) : m_holes(holes) {}
+    explicit KeptHoles(const ZetArray<CHoleAddlInfo>& holes) {
+        m_keys.reserve(static_cast<std::size_t>(holes.length()));
+        std::transform(holes.begin(), holes.end(), std::back_inserter(m_keys), KeyOf);
+    }
 
     void Add(long index) {
-        const CHoleAddlInfo& hole = m_holes[index];
-        m_byPosition.Add(HashOfPosition(hole.GetXPos(), hole.GetYPos()), index);
-        const double largest = LargestOfClass(hole);
-        const ZetNCHoleData& data = hole.GetHoleData();
-        m_bySize.try_emplace(largest, largest + m_tolerance)
-            .first->second.Add(index, data.x, data.y);
+        const HoleKey& key = m_keys[static_cast<std::size_t>(index)];
+        m_byPosition.Add(HashOfPosition(key.x, key.y), index);
+        const double cellSize = key.largestOfClass + m_tolerance;
+        m_byClass.try_emplace(key.largestOfClass, cellSize)
+            .first->second.Add(index, key.ncX, key.ncY);
     }
 
     template <typename Visit>
     void ForEachNear(long index, const Visit& visit) const {
-        const CHoleAddlInfo& hole = m_holes[index];
-        m_byPosition.ForEach(HashOfPosition(hole.GetXPos(), hole.GetYPos()), visit);
-        const ZetNCHoleData& data = hole.GetHoleData();
-        for (const auto& [largest, grid] : m_bySize) {
-            const double reach = Reach(hole, largest);
-            grid.ForEachNear(data.x, data.y, reach, reach, visit);
+        const HoleKey& key = m_keys[static_cast<std::size_t>(index)];
+        m_byPosition.ForEach(HashOfPosition(key.x, key.y), visit);
+        for (const auto& [largest, grid] : m_byClass) {
+            const double reach = Reach(key.size, largest);
+            grid.ForEachNear(key.ncX, key.ncY, reach, reach, visit);
         }
     }
 
   private:
-    /// Sizes in a class differ at most by the factor two, or are at most 1 mm.
-    static double LargestOfClass(const CHoleAddlInfo& hole) {
-        return std::exp2(std::ceil(std::log2(std::max(hole.GetSize(), 1.0))));
-    }
     /// No centre of a duplicate is farther away along either axis; the last factor covers rounding.
-    double Reach(const CHoleAddlInfo& hole, double otherSize) const {
-        return ((std::max(hole.GetSize(), 0.0) + otherSize) * 0.5 + m_tolerance) * (1.0 + 1e-9);
+    double Reach(double size, double otherSize) const {
+        return ((std::max(size, 0.0) + otherSize) * 0.5 + m_tolerance) * (1.0 + 1e-9);
     }
 
-    const ZetArray<CHoleAddlInfo>& m_holes;
     const double m_tolerance = std::abs(CMxGeom::GetEPS());
+    std::vector<HoleKey> m_keys;
     HashChains m_byPosition;
-    std::map<double, PositionGrid> m_bySize;
+    std::map<double, PositionGrid> m_byClass;
 };
 
 bool IsFit(const CHoleAddlInfo& hole) {

@@ -1,7 +1,5 @@
 #include "camdata/member/HashChains.h"
 
-#include <algorithm>
-
 namespace camdata::detail {
 
 void HashChains::Add(std::uint64_t hash, long value) {
@@ -20,8 +18,9 @@ void HashChains::Link(long index) {
 }
 
 void HashChains::Grow() {
-    constexpr std::size_t kFirstSize = 64;
-    m_heads.assign(std::max(kFirstSize, m_heads.size() * 2), kEnd);
+    if (!m_heads.empty())
+        --m_shift;
+    m_heads.assign(std::size_t{1} << (64 - m_shift), kEnd);
     for (long i = 0; i < static_cast<long>(m_entries.size()); ++i)
         Link(i);
 }

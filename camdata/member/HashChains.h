@@ -6,15 +6,10 @@
 
 namespace camdata::detail {
 
-/// Spreads every bit of a pair of numbers over the whole result; round doubles, whose low bits are
-/// all zero, spread as well as others.
+/// Hash of a pair of numbers. Its high bits depend on every bit of them, so round doubles, whose
+/// low bits are all zero, spread as well as others.
 inline std::uint64_t HashOfPair(std::uint64_t a, std::uint64_t b) {
-    const auto mix = [](std::uint64_t bits) {
-        bits = (bits ^ (bits >> 30)) * 0xbf58476d1ce4e5b9u;
-        bits = (bits ^ (bits >> 27)) * 0x94d049bb133111ebu;
-        return bits ^ (bits >> 31);
-    };
-    return mix(mix(a) + 0x9e3779b97f4a7c15u + b);
+    return a * 0x9e3779b97f4a7c15u + b * 0xc2b2ae3d27d4eb4fu;
 }
 
 /// Hash of a position; equal for 0.0 and -0.0.
@@ -43,6 +38,7 @@ class HashChains {
 
   private:
     static constexpr long kEnd = -1;
+    static constexpr int kFirstBits = 6;
 
     struct Entry {
         std::uint64_t hash;
@@ -50,13 +46,14 @@ class HashChains {
         long next;
     };
 
-    std::size_t SlotOf(std::uint64_t hash) const { return hash & (m_heads.size() - 1); }
+    std::size_t SlotOf(std::uint64_t hash) const { return hash >> m_shift; }
     void Link(long index);
     void Grow();
 
     std::vector<Entry> m_entries;
-    /// First entry of each chain; their number is a power of two.
+    /// First entry of each chain, by the high bits of the hash.
     std::vector<long> m_heads;
+    int m_shift = 64 - kFirstBits;
 };
 
 }  // namespace camdata::detail

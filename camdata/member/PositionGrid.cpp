@@ -12,7 +12,7 @@ std::uint64_t PositionGrid::HashOfCell(std::int64_t column, std::int64_t row) {
 }
 
 std::int64_t PositionGrid::CellOf(double coordinate) const {
-    return static_cast<std::int64_t>(std::floor(coordinate / m_cellSize));
+    return static_cast<std::int64_t>(std::floor(coordinate * m_cellsPerMm));
 }
 
 PositionGrid::Span PositionGrid::CellsOf(double centre, double reach) const {

@@ -20,7 +20,7 @@ class PositionGrid {
   public:
     static constexpr double kSmallestCell = 1.0 / 1024.0;
 
-    explicit PositionGrid(double cellSize) : m_cellSize(cellSize) {}
+    explicit PositionGrid(double cellSize) : m_cellsPerMm(1.0 / cellSize) {}
 
     void Add(long value, double x, double y);
 
@@ -54,7 +54,7 @@ class PositionGrid {
     /// Rounding keeps the order of numbers, so no cell in reach is missed.
     Span CellsOf(double centre, double reach) const;
 
-    double m_cellSize;
+    double m_cellsPerMm;
     std::vector<long> m_values;
     HashChains m_cells;
 };

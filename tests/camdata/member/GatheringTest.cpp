@@ -63,7 +63,8 @@ ZetNCContour Opening(double x, double y) {
 // clang-format off
 /// 1000 x 200, cut by 100 x 50 at the lower left and by 100 x 60 at the lower right.
 const Points kNotchedAtBothEnds =
-    {{100, 0}, {900, 0}, {900, 60}, {1000, 60}, {1000, 200}, {0, 200}, {0, 50}, {100, 50}, {100, 0}};
+    {{100, 0}, {900, 0}, {900, 60}, {1000, 60}, {1000, 200},
+     {0, 200}, {0, 50}, {100, 50}, {100, 0}};
 const Points kWhole = {{0, 0}, {1000, 0}, {1000, 200}, {0, 200}, {0, 0}};
 // clang-format on
 

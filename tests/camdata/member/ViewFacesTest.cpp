@@ -117,6 +117,11 @@ TEST(ViewFacesTest, StandardPositions) {
 TEST(ViewFacesTest, FacesOfPlanesOfTheirOwn) {
     constexpr ZetGeomVector3d kDownToFront = {0.0, -0.6, 0.8};
     constexpr ZetGeomVector3d kUpToBack = {0.0, 0.6, -0.8};
+    constexpr eHoleFace kWeb = eHoleFaceWeb;
+    constexpr eHoleFace kTop = eHoleFaceTopFlange;
+    constexpr eHoleFace kBottom = eHoleFaceBottomFlange;
+    constexpr eHoleFace kSlopedTop = eHoleFaceSlopedTopFlange;
+    constexpr eHoleFace kSlopedBottom = eHoleFaceSlopedBottomFlange;
     struct Case {
         const char* name;
         ZetGeomPoint3d origin;
@@ -128,19 +133,19 @@ TEST(ViewFacesTest, FacesOfPlanesOfTheirOwn) {
     };
     // clang-format off
     const Case cases[] = {
-        {"web, normal to the front",       {0, 0, 60},   kUp,          eHoleFaceWeb, L"WEB", 200, 200},
-        {"web, normal to the back",        {0, 200, 0},  kDown,        eHoleFaceWeb, L"WEB", 200, 200},
-        {"top flange, normal up",          {0, 200, 60}, kToBack,      eHoleFaceTopFlange, L"TOP", 60, 72},
-        {"top flange, normal down",        {0, 200, 0},  kToFront,     eHoleFaceTopFlange, L"TOP", 60, 72},
-        {"bottom flange, normal up",       {0, 0, 60},   kToBack,      eHoleFaceBottomFlange, L"BOT", 60, 62},
-        {"bottom flange, normal down",     {0, 0, 0},    kToFront,     eHoleFaceBottomFlange, L"BOT", 60, 62},
-        {"below the bottom",               {0, -40, 0},  kToFront,     eHoleFaceBottomFlange, L"BOT", 60, 62},
-        {"bottom flange, inner face",      {0, 2.05, 0}, kToFront,     eHoleFaceBottomFlange, L"BOT", 60, 62},
-        {"above the bottom flange",        {0, 2.2, 0},  kToFront,     eHoleFaceTopFlange, L"TOP", 60, 72},
-        {"sloped top flange, normal down", {0, 200, 0},  kDownToFront, eHoleFaceSlopedTopFlange, L"TOP", 75, 72},
-        {"sloped top flange, normal up",   {0, 155, 60}, kUpToBack,    eHoleFaceSlopedTopFlange, L"TOP", 75, 72},
-        {"sloped bottom flange",           {0, 0, 0},    kDownToFront, eHoleFaceSlopedBottomFlange, L"BOT", 75, 62},
-        {"sloped bottom flange, from far", {0, -45, 60}, kUpToBack,    eHoleFaceSlopedBottomFlange, L"BOT", 75, 62},
+        {"web, normal to the front",   {0, 0, 60},   kUp,          kWeb,          L"WEB", 200, 200},
+        {"web, normal to the back",    {0, 200, 0},  kDown,        kWeb,          L"WEB", 200, 200},
+        {"top flange, normal up",      {0, 200, 60}, kToBack,      kTop,          L"TOP", 60, 72},
+        {"top flange, normal down",    {0, 200, 0},  kToFront,     kTop,          L"TOP", 60, 72},
+        {"bottom flange, normal up",   {0, 0, 60},   kToBack,      kBottom,       L"BOT", 60, 62},
+        {"bottom flange, normal down", {0, 0, 0},    kToFront,     kBottom,       L"BOT", 60, 62},
+        {"below the bottom",           {0, -40, 0},  kToFront,     kBottom,       L"BOT", 60, 62},
+        {"bottom flange, inner face",  {0, 2.05, 0}, kToFront,     kBottom,       L"BOT", 60, 62},
+        {"above the bottom flange",    {0, 2.2, 0},  kToFront,     kTop,          L"TOP", 60, 72},
+        {"sloped top, normal down",    {0, 200, 0},  kDownToFront, kSlopedTop,    L"TOP", 75, 72},
+        {"sloped top, normal up",      {0, 155, 60}, kUpToBack,    kSlopedTop,    L"TOP", 75, 72},
+        {"sloped bottom, normal down", {0, 0, 0},    kDownToFront, kSlopedBottom, L"BOT", 75, 62},
+        {"sloped bottom, normal up",   {0, -45, 60}, kUpToBack,    kSlopedBottom, L"BOT", 75, 62},
     };
     // clang-format on
     for (const wchar_t* code : {L"SO", L"B", L"C"}) {
