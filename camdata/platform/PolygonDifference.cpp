@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 #include <tuple>
 #include <vector>
 
@@ -14,6 +15,7 @@
 namespace {
 
 using Points = ZetArray<ZetGeomPoint2d>;
+using Pieces = ZetArray<ZetGeomAugPolygon>;
 
 constexpr int kSides = 4;
 
@@ -130,11 +132,11 @@ class PieceCollector {
         Keep(points);
     }
 
-    ZetArray<ZetGeomAugPolygon> TakeSorted() {
+    Pieces TakeSorted() {
         std::sort(m_pieces.begin(), m_pieces.end(), [](const Piece& a, const Piece& b) {
             return std::tie(a.minX, a.minY, a.first) < std::tie(b.minX, b.minY, b.first);
         });
-        ZetArray<ZetGeomAugPolygon> polygons;
+        Pieces polygons;
         for (Piece& piece : m_pieces)
             polygons.append(std::move(piece.polygon));
         return polygons;
@@ -182,19 +184,18 @@ Points WalkFromBorder(const ZetGeomAugPolygon& outline, const Border& border) {
     return vertices;
 }
 
-}  // namespace
-
-ZetArray<ZetGeomAugPolygon> ZetGeomAugPolygon::subtract(const ZetGeomAugPolygon& outline,
-                                                        double offset) const {
-    if (getLength() != kSides ||
-        FindSelfCrossing({outline.m_vertices.begin(), outline.m_vertices.end()}))
-        return {};
-    const Border border(m_vertices, -offset);
+/// The pieces that the outline cuts from its rectangle, when a vertex within `touch` of a side lies
+/// on that side and pieces thinner than about `thin` vanish.
+Pieces CutPieces(const Points& corners,
+                 const ZetGeomAugPolygon& outline,
+                 double touch,
+                 double thin) {
+    const Border border(corners, touch);
     Points walk = WalkFromBorder(outline, border);
     if (walk.isEmpty())
         return {};
     walk.append(walk.first());
-    PieceCollector pieces(border, -offset);
+    PieceCollector pieces(border, thin);
     long from = 0;
     Contact contact = border.ContactOf(walk.first());
     for (long to = 1; to < walk.length(); ++to) {
@@ -210,4 +211,29 @@ ZetArray<ZetGeomAugPolygon> ZetGeomAugPolygon::subtract(const ZetGeomAugPolygon&
         contact = next;
     }
     return pieces.TakeSorted();
+}
+
+double TotalArea(const Pieces& pieces) {
+    double area = 0.0;
+    for (const ZetGeomAugPolygon& piece : pieces)
+        area += piece.getArea();
+    return area;
+}
+
+}  // namespace
+
+ZetArray<ZetGeomAugPolygon> ZetGeomAugPolygon::subtract(const ZetGeomAugPolygon& outline,
+                                                        double offset) const {
+    if (getLength() != kSides ||
+        FindSelfCrossing({outline.m_vertices.begin(), outline.m_vertices.end()}))
+        return {};
+    const double most = getArea() - std::abs(outline.getArea()) - offset * getPerimeter();
+    // A notch that ends within the offset of another side would seem to part the outline there, and
+    // its piece to cover one of the parts: then only real contacts count.
+    for (const double touch : {-offset, 0.0}) {
+        Pieces pieces = CutPieces(m_vertices, outline, touch, -offset);
+        if (TotalArea(pieces) <= most)
+            return pieces;
+    }
+    return {};
 }
