@@ -83,7 +83,8 @@ void NcParser::FindStart(NcLines& lines) {
             continue;
         if (!KeepComment(line))
             break;
-        m_notes.Note(line.number, L"comment before ST");
+        if (m_part.comments.size() == 1)
+            m_notes.Note(line.number, L"comment before ST");
     }
     const NcBlockCode code = BlockCodeOf(Trimmed(line.text));
     if (code.type != NcBlockType::kStart)

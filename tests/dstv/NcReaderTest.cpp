@@ -202,7 +202,7 @@ TEST(NcReader, NotesWhatItForgives) {
     // clang-format off
     const TextCase cases[] = {
         {"nothing to say", WithBlocks("BO\n  v 1 2 3\nEN\n"), ""},
-        {"comment before ST", "** c\n" + WithBlocks(""), "note 1: comment before ST\n"},
+        {"comments before ST", "** c\n** d\n" + WithBlocks(""), "note 1: comment before ST\n"},
         {"lower case", "st" + WithBlocks("bo\n v 1 2 3\n").substr(2),
          "warning 1: block code \"st\" is not in capitals\n"
          "warning 26: block code \"bo\" is not in capitals\n"},
