@@ -93,6 +93,9 @@ class RandomMember {
         const Place place = PlaceOf(pattern, i);
         hole.x = place.x;
         hole.y = place.y;
+        // As far apart as holes of this size may be and still touch.
+        if (pattern == kPatterns - 1 && Chance(2))
+            hole.size = 15.95;
         if (Chance(7))
             MakeSlot(hole);
         if (Chance(m_oddOneIn))
@@ -116,7 +119,7 @@ class RandomMember {
     Place OnePlace() { return {Number(7) * 1.0, OneOf({0.0, -0.0, 1.0})}; }
     Place Anywhere() { return {Number(6000000) * 1e-3, Number(200000) * 1e-3}; }
     /// The last comes first.
-    static Place TouchingRow(int i) { return {3000.0 - 14.1 * i, 50.0}; }
+    Place TouchingRow(int i) { return {3000.0 - OneOf({14.1, 16.0, 16.04}) * i, 50.0}; }
 
     void MakeSlot(ZetNCHoleData& hole) {
         hole.slot = 1;
@@ -144,8 +147,8 @@ class RandomMember {
     }
 
     ZetNCContour Opening() {
-        const Place at = {100.0 * Number(4) + OneOf({0, 0.04, 0.06, 0.1, 0.4, 0.6}),
-                          50.0 + OneOf({0, 0.04, 0.3})};
+        const double x = 100.0 * Number(4) + OneOf({0, 0.04, 0.06, 0.1, 0.4, 0.6});
+        const Place at = {Chance(m_oddOneIn) ? Odd() : x, 50.0 + OneOf({0, 0.04, 0.3})};
         const Place left = {at.x - 10, at.y - 10};
         const Place right = {at.x + 10, at.y - 10};
         const Place top = {at.x + 10, at.y + 10};

@@ -185,6 +185,41 @@ TEST(GatheringEqualsPlainTest, RandomMembers) {
         EXPECT_GT(count, kMembers / 2) << "the members hold too little";
 }
 
+/// Holes that were moved after gathering: their current positions say nothing about their NC ones.
+TEST(GatheringEqualsPlainTest, DuplicatesOfMovedHoles) {
+    std::mt19937_64 random(1);
+    const auto number = [&](int below) {
+        return static_cast<double>(random() % static_cast<unsigned long long>(below));
+    };
+    for (int round = 0; round < 300; ++round) {
+        SCOPED_TRACE(round);
+        std::vector<CHoleAddlInfo> records;
+        for (int i = 0; i < 60; ++i) {
+            ZetNCHoleData data;
+            data.depth = i;
+            data.x = number(4000);
+            data.y = number(40);
+            data.size = 1.0 + number(20);
+            CHoleAddlInfo hole;
+            hole.SetHoleData(data);
+            hole.SetXPosFrom(data.x + number(round % 2 == 0 ? 20 : 500));
+            hole.SetYPosFrom(data.y + number(3));
+            records.push_back(hole);
+        }
+        TestMember member;
+        ZetArray<CHoleAddlInfo> fast(records.begin(), records.end());
+        member.MakeDupHoleArr(fast);
+        RecordPtrs<CHoleAddlInfo> plain = PtrsTo(records);
+        std::vector<CHoleAddlInfo> duplicates;
+        PlainDuplicates(plain, duplicates, PlainIsDuplicate);
+        ASSERT_EQ(PrintsOf(duplicates), PrintsOf(member.m_duplicateHoles));
+        Prints kept;
+        for (const CHoleAddlInfo* hole : plain)
+            kept.push_back(PrintOf(*hole));
+        ASSERT_EQ(kept, PrintsOf(fast));
+    }
+}
+
 /// Orders the holes of a view both ways.
 TEST(GatheringEqualsPlainTest, OrderOfHolesAndNotches) {
     constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();

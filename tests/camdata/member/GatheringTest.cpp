@@ -131,6 +131,11 @@ TEST_F(GatheringTest, HolesComeViewByViewInOrder) {
     EXPECT_EQ(member.m_holes.length(), 8) << "what was there stays";
 }
 
+TEST_F(GatheringTest, AViewWithAFeatureSelectsATolerance) {
+    Gather({View(1, {HoleData(500, 90, 1)})});
+    EXPECT_TRUE(CurrentToleranceIs(kEPS));
+}
+
 /// Ordering puts the last of equal holes first, and the first survives.
 TEST_F(GatheringTest, OfHolesAtOnePlaceTheLastSurvives) {
     Gather({View(1, {HoleData(100, 50, 1), HoleData(100, 50, 2), HoleData(100, 50, 3)})});
