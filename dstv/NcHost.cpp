@@ -113,9 +113,10 @@ class StructureBuilder {
     std::vector<NcHoleTarget> m_targets;  ///< views by position until TakeStructure
 };
 
-ZetNCContour ContourOf(const Outline& outline, int type, const PlaneMap& map) {
+ZetNCContour ContourOf(const Outline& outline, int type, long line, const PlaneMap& map) {
     ZetNCContour contour;
     contour.type = type;
+    contour.hostTag = line;
     for (const ZetGeomPoint2d& point : outline) {
         const ZetGeomPoint2d mapped = map.Point(point);
         contour.xValues.append(mapped.x);
@@ -166,6 +167,7 @@ ZetNCHoleData HoleDataOf(const NcHole& hole, const PlaneMap& map) {
     data.kind = HoleDataKind(hole.kind);
     data.size = hole.diameter;
     data.depth = hole.depth;
+    data.hostTag = hole.line;
     if (hole.form == NcHoleForm::kSlot) {
         const bool isAcross = hole.slotHeight > 0.0;
         data.slot = 1;
@@ -245,7 +247,7 @@ long StructureBuilder::AddHoleTo(const NcHole& hole, Target& target) {
     }
     if (hole.form == NcHoleForm::kRectangle) {
         draft.internalContours.append(
-            ContourOf(hole.outline, ZetNCContour::eTypeInternal, target.map));
+            ContourOf(hole.outline, ZetNCContour::eTypeInternal, hole.line, target.map));
         return draft.internalContours.length() - 1;
     }
     draft.holes.append(HoleDataOf(hole, target.map));
@@ -259,6 +261,7 @@ void StructureBuilder::AddContour(const NcContour& contour) {
     contours.append(
         ContourOf(contour.outline,
                   contour.isInternal ? ZetNCContour::eTypeInternal : ZetNCContour::eTypeExternal,
+                  contour.line,
                   target.map));
 }
 

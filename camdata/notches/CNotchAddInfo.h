@@ -70,6 +70,8 @@ class CAMDATA_API CNotchAddInfo {
     /// Points of the outline, the closing repeat included: 5 for four corners.
     long GetNoOfVertices() const { return m_VertexArr.length(); }
     CViewData GetViewData() const { return m_ViewData; }
+    /// The contour that the notch was made from; a further piece of one knows only its type.
+    const ZetNCContour& GetContour() const { return m_Contour; }
 
     void SetIsRect(bool isRectangle) { m_bIsRect = isRectangle; }
     bool GetIsRect() const { return m_bIsRect; }

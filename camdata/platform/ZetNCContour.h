@@ -15,6 +15,9 @@ struct ZetNCContour {
     ZetArray<double> xValues;
     ZetArray<double> yValues;  ///< as long as xValues
     ZetArray<double> bulges;   ///< one per point, of the edge that starts there; 0: straight
+    /// The host's own mark of where the contour comes from, for example a line of a file; only
+    /// carried.
+    long hostTag = 0;
 
     long getPointCount() const { return xValues.length(); }
 };

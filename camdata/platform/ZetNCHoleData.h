@@ -20,6 +20,9 @@ struct ZetNCHoleData {
     double slotLength = 0.0;  ///< between the centres of the slot's ends
     double slotAngle = 0.0;   ///< from the view's X axis, counter-clockwise
     double depth = 0.0;       ///< 0: through
+    /// The host's own mark of where the hole comes from, for example a line of a file; only
+    /// carried.
+    long hostTag = 0;
 
     friend bool operator==(const ZetNCHoleData&, const ZetNCHoleData&) = default;
 };

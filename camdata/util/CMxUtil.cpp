@@ -119,13 +119,8 @@ long CMxUtil::PrintCS(ICS3d* cs) {
 long CMxUtil::PrintCS(ICS3d* cs, ZetFileAccess* file) {
     if (cs == nullptr)
         return kNotDone;
-    const ZetArray<ZetString> lines = LinesOf(*cs);
-    if (!IsOpen(file))
-        return AsArrStrPrint(lines);
-    // The lines begin with a line feed already: blank lines stand between them.
-    for (const ZetString& line : lines)
-        file->Write(line + L"\n");
-    return kDone;
+    // The lines begin with a line feed already: blank lines stand between them in a file.
+    return AsArrStrPrint(LinesOf(*cs), file);
 }
 
 long CMxUtil::AsArrStrPrint(const ZetArray<ZetString>& lines) {
@@ -138,7 +133,7 @@ long CMxUtil::AsArrStrPrint(const ZetArray<ZetString>& lines, ZetFileAccess* fil
     if (!IsOpen(file))
         return AsArrStrPrint(lines);
     for (const ZetString& line : lines)
-        file->Write(line);
+        file->WriteFormat(L"%s\n", line);
     return kDone;
 }
 

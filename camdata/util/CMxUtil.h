@@ -44,7 +44,8 @@ class CAMDATA_API CMxUtil {
 
     /// Prints each line with PrintPrompt, in order.
     static long AsArrStrPrint(const ZetArray<ZetString>& lines);
-    /// Writes the lines to a file as they are, in order; as AsArrStrPrint(lines) unless it is open.
+    /// Writes each line and a line feed to a file, in order; as AsArrStrPrint(lines) unless it is
+    /// open.
     static long AsArrStrPrint(const ZetArray<ZetString>& lines, ZetFileAccess* file);
 
     /// The file version of a loaded module as "1.2.3.4"; "0.0.0.0" for null and for a module

@@ -155,7 +155,7 @@ TEST_F(CMxUtilTest, WritesLinesAsTheyAreOrPrintsThemWithoutAnOpenFile) {
     EXPECT_EQ(CMxUtil::AsArrStrPrint(lines, &file), 1);
     EXPECT_EQ(HostPrints(), std::vector<HostPrint>{});
     file.Close();
-    EXPECT_EQ(folder.Read("lines.txt"), "onetwo\n100 %s");
+    EXPECT_EQ(folder.Read("lines.txt"), "one\ntwo\n\n100 %s\n");
 
     const std::vector<std::wstring> printed = {L"one\n", L"two\n", L"100 %s\n"};
     EXPECT_EQ(CMxUtil::AsArrStrPrint(lines, &file), 1);
