@@ -2,6 +2,7 @@
 
 #include <cerrno>
 #include <fcntl.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 namespace camdata::detail {
@@ -18,12 +19,23 @@ auto Retried(Call call) {
     return result;
 }
 
+bool IsFolder(int file) {
+    struct stat status = {};
+    return fstat(file, &status) == 0 && S_ISDIR(status.st_mode);
+}
+
 }  // namespace
 
 int OsOpen(const ZetString& name, OsOpenMode mode) {
     const std::string path = name.toUtf8();
     const int flags = kOpenFlags[static_cast<int>(mode)] | O_CLOEXEC;
-    return Retried([&] { return open(path.c_str(), flags, 0666); });
+    const int file = Retried([&] { return open(path.c_str(), flags, 0666); });
+    if (file < 0 || !IsFolder(file))
+        return file;
+    // It can be opened for reading, but not be read.
+    close(file);
+    errno = EISDIR;
+    return -1;
 }
 
 std::ptrdiff_t OsRead(int file, char* bytes, std::size_t count) {

@@ -62,7 +62,9 @@ bool ZetFileAccess::Open(const ZetString& name, const ZetString& mode, int encod
     m_fault.reset();
     m_name = name;
     const std::optional<OsOpenMode> openMode = FindMode(mode);
-    if (!openMode || encoding != kEncodingUtf8)
+    // The system would take the part of a name before a null character for the name.
+    const bool isName = name.view().find(L'\0') == std::wstring_view::npos;
+    if (!openMode || encoding != kEncodingUtf8 || !isName)
         return Fail(Operation::kOpen, EINVAL);
     const int file = camdata::detail::OsOpen(name, *openMode);
     if (file < 0)
@@ -100,21 +102,11 @@ bool ZetFileAccess::Write(const ZetString& text) {
 }
 
 wchar_t ZetFileAccess::ReadChar() {
-    if (!IsOpen() || !m_buffer->isForReading) {
+    if (!IsOpen() || !m_buffer->isForReading)
         Fail(Operation::kRead, 0);
+    if (m_fault || !HasNextCharacter())
         return kEndOfFile;
-    }
     std::wstring& pending = m_buffer->pendingCharacters;
-    if (pending.empty()) {
-        if (m_buffer->bytes.size() - m_buffer->next < kLongestCharacter)
-            Fill();
-        if (m_buffer->next == m_buffer->bytes.size())
-            return kEndOfFile;
-        const auto character = camdata::detail::DecodeUtf8(
-            {m_buffer->bytes.data() + m_buffer->next, m_buffer->bytes.size() - m_buffer->next});
-        m_buffer->next += character.bytes;
-        camdata::detail::AppendWide(pending, character.codePoint);
-    }
     const wchar_t next = pending.front();
     pending.erase(0, 1);
     return next;
@@ -160,6 +152,26 @@ bool ZetFileAccess::Flush() {
     return !m_fault;
 }
 
+/// Decodes the next character unless half of one is pending. False at the end and after a fault.
+bool ZetFileAccess::HasNextCharacter() {
+    Buffer& buffer = *m_buffer;
+    if (!buffer.pendingCharacters.empty())
+        return true;
+    if (buffer.bytes.size() - buffer.next < kLongestCharacter && !Fill())
+        return false;
+    if (buffer.next == buffer.bytes.size())
+        return false;
+    const auto character = camdata::detail::DecodeUtf8(
+        {buffer.bytes.data() + buffer.next, buffer.bytes.size() - buffer.next});
+    buffer.next += character.bytes;
+    // A U+FFFF of the file must not pass for its end.
+    camdata::detail::AppendWide(buffer.pendingCharacters,
+                                character.codePoint == kEndOfFile
+                                    ? camdata::detail::kReplacementCharacter
+                                    : character.codePoint);
+    return true;
+}
+
 /// Reads ahead behind the bytes that are still unread.
 bool ZetFileAccess::Fill() {
     Buffer& buffer = *m_buffer;
@@ -171,7 +183,8 @@ bool ZetFileAccess::Fill() {
     std::ptrdiff_t count = 1;
     buffer.bytes.resize(unread + kBufferSize);
     while (count > 0 && unread < kLongestCharacter) {
-        count = camdata::detail::OsRead(buffer.file, buffer.bytes.data() + unread, kBufferSize);
+        count = camdata::detail::OsRead(
+            buffer.file, buffer.bytes.data() + unread, buffer.bytes.size() - unread);
         unread += static_cast<std::size_t>(std::max<std::ptrdiff_t>(count, 0));
     }
     buffer.bytes.resize(unread);

@@ -40,7 +40,8 @@ class CAMDATA_API ZetFileAccess {
     ZetFileAccess& operator=(const ZetFileAccess&) = delete;
 
     /// Opens a file after closing the one that was open. `mode` is "r" (read), "w" (replace) or
-    /// "a" (write at the end). Clears the fault; another mode or encoding is a fault.
+    /// "a" (write at the end). Clears the fault; another mode or encoding and a null character in
+    /// the name are faults.
     bool Open(const ZetString& name, const ZetString& mode, int encoding = kEncodingUtf8);
     bool IsOpen() const;
     /// Writes what is buffered and closes. True when the file was open and all was written.
@@ -53,8 +54,8 @@ class CAMDATA_API ZetFileAccess {
     bool WriteFormat(ZetFormatString<std::type_identity_t<Args>...> format, const Args&... args) {
         return Write(ZetString::format(format, args...));
     }
-    /// The next character, kEndOfFile at the end and after a fault. Bytes that are not UTF-8 read
-    /// as U+FFFD; on Windows a character beyond U+FFFF comes as its two halves.
+    /// The next character, kEndOfFile at the end and after a fault. Bytes that are not UTF-8, and
+    /// U+FFFF, read as U+FFFD; on Windows a character beyond U+FFFF comes as its two halves.
     wchar_t ReadChar();
 
     /// The position of the next write or read, in bytes from the start; -1 when no file is open.
@@ -70,6 +71,7 @@ class CAMDATA_API ZetFileAccess {
 
     bool Fail(ZetFileFault::Operation operation, int systemError);
     bool Flush();
+    bool HasNextCharacter();
     bool Fill();
 
     ZetString m_name;

@@ -8,6 +8,11 @@
 
 #include <gtest/gtest.h>
 
+#if defined(__linux__)
+#include <fcntl.h>
+#include <unistd.h>
+#endif
+
 namespace {
 
 using Operation = ZetFileFault::Operation;
@@ -51,7 +56,14 @@ TEST_F(ZetFileAccessTest, OverwritesFromAnEarlierPosition) {
     EXPECT_TRUE(file.SetPosition(end));
     file.Write(L"tail");
     EXPECT_TRUE(file.Close());
+    EXPECT_FALSE(file.Close());
     EXPECT_EQ(m_folder.Read("a.txt"), "head\n###3456789\ntail");
+
+    ASSERT_TRUE(file.Open(m_folder.NameOf("a.txt"), L"w"));
+    EXPECT_EQ(file.GetPosition(), 0);
+    file.Write(L"new");
+    EXPECT_TRUE(file.Close());
+    EXPECT_EQ(m_folder.Read("a.txt"), "new");
 }
 
 TEST_F(ZetFileAccessTest, ReadsCharactersAcrossItsBufferAndBadBytes) {
@@ -59,6 +71,7 @@ TEST_F(ZetFileAccessTest, ReadsCharactersAcrossItsBufferAndBadBytes) {
                    std::string(64 * 1024 - 1, 'x') +
                        "\xE2\x82\xAC"
                        "\xE4"
+                       "\xEF\xBF\xBF"
                        "\xF0\x9F\x94\xA9");
     ZetFileAccess file;
     ASSERT_TRUE(file.Open(m_folder.NameOf("long.txt"), L"r"));
@@ -67,12 +80,15 @@ TEST_F(ZetFileAccessTest, ReadsCharactersAcrossItsBufferAndBadBytes) {
     EXPECT_EQ(file.ReadChar(), L'\x20AC');
     EXPECT_EQ(file.GetPosition(), 64 * 1024 + 2);
     EXPECT_EQ(file.ReadChar(), L'\xFFFD');
+    EXPECT_EQ(file.ReadChar(), L'\xFFFD');
     std::wstring last;
     for (wchar_t c = file.ReadChar(); c != ZetFileAccess::kEndOfFile; c = file.ReadChar())
         last += c;
     EXPECT_EQ(last, L"\U0001F529");
     EXPECT_TRUE(file.SetPosition(64 * 1024 - 1));
     EXPECT_EQ(file.ReadChar(), L'\x20AC');
+    EXPECT_FALSE(file.SetPosition(-1));
+    EXPECT_EQ(file.ReadChar(), ZetFileAccess::kEndOfFile);
 }
 
 TEST_F(ZetFileAccessTest, KeepsTheFirstFault) {
@@ -89,7 +105,10 @@ TEST_F(ZetFileAccessTest, KeepsTheFirstFault) {
     EXPECT_FALSE(file.Close());
 
     EXPECT_FALSE(file.Open(m_folder.NameOf("x.txt"), L"rw"));
+    EXPECT_FALSE(file.Open(m_folder.NameOf("x.txt") + ZetString(L'\0', 1) + L"y", L"w"));
     EXPECT_FALSE(std::filesystem::exists(m_folder.PathOf("x.txt")));
+    EXPECT_FALSE(file.Open(m_folder.NameOf(""), L"r"));
+    EXPECT_FALSE(file.IsOpen());
     EXPECT_TRUE(file.Open(m_folder.NameOf("x.txt"), L"w"));
     EXPECT_FALSE(file.GetFault());
     EXPECT_TRUE(file.Close());
@@ -106,6 +125,26 @@ TEST_F(ZetFileAccessTest, AFullDeviceIsAFault) {
     ASSERT_TRUE(file.GetFault());
     EXPECT_EQ(file.GetFault()->operation, Operation::kWrite);
     EXPECT_EQ(file.GetFault()->systemError, ENOSPC);
+}
+
+TEST_F(ZetFileAccessTest, ReadsAPipeThatGivesItsBytesInUnevenPieces) {
+    int ends[2];
+    ASSERT_EQ(pipe2(ends, O_DIRECT), 0);
+    ASSERT_GE(fcntl(ends[1], F_SETPIPE_SZ, 1 << 17), 1 << 17);
+    // What is written with O_DIRECT is read as a piece of its own, the rest in one.
+    ASSERT_EQ(write(ends[1], "\xE2", 1), 1);
+    ASSERT_EQ(fcntl(ends[1], F_SETFL, 0), 0);
+    const std::string rest = "\x82\xAC" + std::string(1 << 16, 'x');
+    ASSERT_EQ(write(ends[1], rest.data(), rest.size()), static_cast<ssize_t>(rest.size()));
+    close(ends[1]);
+    ZetFileAccess file;
+    ASSERT_TRUE(file.Open(ZetString::format(L"/proc/self/fd/%d", ends[0]), L"r"));
+    EXPECT_EQ(file.ReadChar(), L'\x20AC');
+    for (int i = 0; i < 1 << 16; ++i)
+        ASSERT_EQ(file.ReadChar(), L'x');
+    EXPECT_EQ(file.ReadChar(), ZetFileAccess::kEndOfFile);
+    EXPECT_FALSE(file.GetFault());
+    close(ends[0]);
 }
 #endif
 
