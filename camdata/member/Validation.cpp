@@ -2,6 +2,8 @@
 #include "camdata/member/CMxPeilaib.h"
 #include "camdata/util/CMxUtil.h"
 
+#include <cmath>
+
 namespace {
 
 /// Blanks before a line.
@@ -70,9 +72,10 @@ void CMxPeilaib::CheckLength() {
     CMxGeom::SetTol(eTolX);
     const double length = m_memType.GetLength();
     const double fixedLength = m_singleMemValid.GetFixedLength();
-    if (CMxGeom::IsEqual_Mx(fixedLength, 0.0))
+    // Not IsEqual_Mx: what is no number must count as no fixed length, and as no difference.
+    if (!CMxGeom::IsGreater_Mx(std::abs(fixedLength), 0.0))
         CheckLengthRange(length);
-    else if (!CMxGeom::IsEqual_Mx(fixedLength, length))
+    else if (CMxGeom::IsGreater_Mx(std::abs(fixedLength - length), 0.0))
         FileFinding(eValidationFixedLength, kFixedFormat, length, fixedLength);
 }
 

@@ -4,6 +4,7 @@
 
 #include "camdata/holes/CMxGeom.h"
 
+#include <cmath>
 #include <string>
 #include <utility>
 
@@ -137,6 +138,12 @@ const MemberCase kCases[] = {
         .Long(2500.0)
         .Fixed(-2500.0)
         .Gets({L"          Member length (2500.0) should be -2500"}),
+    MemberCase("NoNumberAsLength").Long(NAN),
+    MemberCase("NoNumberAsLengthThoughFixed").Long(NAN).Fixed(2500.0),
+    MemberCase("NoNumberAsFixedLengthIsNone")
+        .Fixed(NAN)
+        .Between(1000.0, 2000.0)
+        .Gets({L"          Member length (3000.0) should not be greater than 2000"}),
 };
 
 class ValidationTest : public ::testing::TestWithParam<MemberCase> {};
