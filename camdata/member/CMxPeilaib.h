@@ -119,6 +119,7 @@ class CAMDATA_API CMxPeilaib {
     ZetString GetMark() const { return m_memType.GetMark(); }
     ZetString GetDwgNo() const { return m_memType.GetHeaderData().drawingNumber; }
     ZetString GetProfileName() const { return m_memType.GetProfileName(); }
+    /// The profile height. It and the dimensions below are -0.1 when not available.
     double GetWebWidth() const { return m_memType.GetProfileHeight(); }
     double GetProfileWidth() const { return m_memType.GetProfileWidth(); }
     double GetProfileThick() const { return m_memType.GetProfileThick(); }
@@ -129,6 +130,7 @@ class CAMDATA_API CMxPeilaib {
     /// No error was found.
     void SetValid(bool valid) { m_valid = valid; }
     bool GetValid() const { return m_valid; }
+    /// A mark of the host that attached parts take over.
     void SetHolesMirrored(bool mirrored) { m_holesMirrored = mirrored; }
     bool GetHolesMirrored() const { return m_holesMirrored; }
     void SetNonStd(bool nonStd) { m_nonStd = nonStd; }
@@ -186,7 +188,8 @@ class CAMDATA_API CMxPeilaib {
     /// The member's output as one text. The library does not call it.
     virtual ZetString GetMemOutPutStr() = 0;
     /// Writes the member to the files of its group; called once per member in output order. The
-    /// secondary parts are the members that an assembly may use up.
+    /// secondary parts are the members that an assembly may use up. Files and members are only lent
+    /// for the call.
     virtual void WriteMemOutPut(const ZetArray<ZetFileAccess*>& files,
                                 ZetArray<CMxPeilaib*>& secondaryParts) = 0;
     /// Writes the member's errors. The library does not call it.
@@ -195,9 +198,13 @@ class CAMDATA_API CMxPeilaib {
     virtual void WriteMemWarnings(ZetFileAccess* file) = 0;
 
     /// Checks number of holes, of external contours, of internal contours, and the length, in this
-    /// order, and files each finding by its report type. A limit of -1 or below allows any number.
-    /// A member with a fixed length is checked against that, any other against minimum and maximum.
-    /// Sets the current tolerance to m_tol_x.
+    /// order. A limit of -1 or below allows any number. A member with a fixed length is checked
+    /// against that, any other against minimum and maximum; lengths may be off by the tolerance,
+    /// and a fixed length within it of 0 is none. Sets the current tolerance to m_tol_x.
+    ///
+    /// Each finding is filed by its report type, unlike AppendMsg_VT in this: an error marks the
+    /// member valid, until its error report is made, and what AppendMsg_VT puts into the second
+    /// lists (eReportingSecondWarning and on) is a plain warning.
     virtual void ValidateMember();
     /// Does nothing: for member classes that build output texts of their own.
     virtual void GenerateOutPutStringForHoles();
@@ -219,10 +226,11 @@ class CAMDATA_API CMxPeilaib {
                                  ZetGeomPoint3d& end,
                                  ZetGeomVector3d& dir);
 
-    /// Files a finding by its report type (eReportingTypes). A derived class finds the type of one
-    /// of its own checks with m_validations.GetReportType.
+    /// Files a finding by its report type (eReportingTypes); errors make the member invalid at
+    /// once. A derived class finds the type of one of its own checks with
+    /// m_validations.GetReportType.
     void AppendMsg_VT(eReportingTypes type, ZetString line);
-    /// Files a finding of several lines, in order.
+    /// Files a finding of several lines, in order; they are all dropped, or none.
     void AppendMsg_VT(eReportingTypes type, const ZetArray<ZetString>& lines);
     /// Changes nothing, ever: only a hole for which there is a text would change from status `from`
     /// to status `to`, and there is no text for any.
@@ -289,7 +297,7 @@ class CAMDATA_API CMxPeilaib {
 
     // The record. What has no accessors is for derived classes to read and fill.
   protected:
-    /// The line being formatted.
+    /// The line formatted last.
     ZetString m_message;
     ZetString m_splOutStr;
     /// For derived classes; the library only copies it.
@@ -367,6 +375,6 @@ class CAMDATA_API CMxPeilaib {
     ZetArray<CMxNestParts> m_nests;
     /// The parts to nest.
     ZetArray<CMxParts> m_partsToNest;
-    /// Kept free on every stock bar.
+    /// Kept free on every stock bar; mm.
     double m_reserveLength = 0.0;
 };
