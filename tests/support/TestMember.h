@@ -33,9 +33,12 @@ class TestMember : public CMxPeilaib {
     using CMxPeilaib::TagThisCSKtoMainHole;
 
     using CMxPeilaib::m_attachedParts;
+    using CMxPeilaib::m_creator;
     using CMxPeilaib::m_cskHoles;
     using CMxPeilaib::m_duplicateHoles;
     using CMxPeilaib::m_duplicateNotches;
+    using CMxPeilaib::m_entity;
+    using CMxPeilaib::m_entityType;
     using CMxPeilaib::m_equalPart;
     using CMxPeilaib::m_errors;
     using CMxPeilaib::m_generalMsgs;

@@ -219,6 +219,7 @@ TEST(CMxPeilaibTest, OnlyCodeBTakesItsNameFromTheModel) {
         {L"SO", ZetNCEntity::eNCTypeStructure, L"C150"},
     };
     for (const auto& row : cases) {
+        SCOPED_TRACE(testing::Message() << row.code << ' ' << row.type);
         FakePartEntity entity;
         entity.m_profileCode = row.code;
         entity.m_type = row.type;
@@ -226,13 +227,69 @@ TEST(CMxPeilaibTest, OnlyCodeBTakesItsNameFromTheModel) {
         TestMember member;
         member.SetNCObjects(&creator);
         EXPECT_EQ(member.GetProfileName(), row.name);
-        EXPECT_EQ(member.m_structure.getViews().length(), 2);
-        member.SetNCObjects(nullptr);
-        EXPECT_EQ(member.GetProfileName(), row.name);
-        EXPECT_TRUE(member.getIsMainPart());
-        member.SetEntTypeAndProfileName(ZetNCEntity::eNCTypePlate, L"PL10");
-        EXPECT_EQ(member.GetProfileName(), L"PL10");
     }
+}
+
+TEST(CMxPeilaibTest, KeepsWhatTheCreatorBringsUntilTheNextOne) {
+    FakePartEntity entity;
+    ZetNCCreator creator = CreatorOf(entity);
+    TestMember member;
+    member.SetNCObjects(&creator);
+    member.SetNCObjects(nullptr);
+    EXPECT_EQ(member.m_creator, &creator);
+    EXPECT_EQ(member.m_entity, &entity);
+    EXPECT_EQ(member.m_equalPart.get(), &entity.m_equalPart);
+    EXPECT_EQ(member.m_structure.getViews().length(), 2);
+    EXPECT_EQ(member.GetProfileName(), L"C150");
+    member.SetEntTypeAndProfileName(ZetNCEntity::eNCTypePlate, L"PL10");
+    EXPECT_EQ(member.m_entityType, ZetNCEntity::eNCTypePlate);
+    EXPECT_EQ(member.GetProfileName(), L"PL10");
+
+    ZetNCCreator ofNothing;
+    member.SetNCObjects(&ofNothing);
+    EXPECT_EQ(member.m_creator, &ofNothing);
+    EXPECT_EQ(member.m_entity, nullptr);
+    EXPECT_FALSE(member.getIsMainPart());
+    EXPECT_TRUE(member.m_structure.getViews().isEmpty());
+    EXPECT_EQ(member.GetProfileName(), L"");
+}
+
+/// Dimensions from the header, flange widths from attributes.
+CMemTypeAndAttrib TypeOf(const ZetNCHeaderData& header) {
+    CMemTypeAndAttrib type;
+    // clang-format off
+    type.SetValues(2, 0,
+                   eProfPropHeader, 0, 0, 0.0,
+                   eProfPropHeader, 0, 0, 0.0,
+                   eProfPropHeader, 0, 0, 0.0, 1.0,
+                   eProfPropNone, 0, 0, 0.0, 1.0,
+                   0, 0, L"", L"", 0, 0, 0);
+    // clang-format on
+    CMemAttrib attributes;
+    attributes.SetValues(0.0, 70.0, 80.0, 0.0);
+    type.SetMemAttrib(attributes);
+    type.SetHeaderData(header);
+    return type;
+}
+
+TEST(CMxPeilaibTest, TextsAndDimensionsAreNotTakenForEachOther) {
+    ZetNCHeaderData header;
+    header.drawingNumber = L"D-7";
+    header.mark = L"P12";
+    header.length = 1234.56789;
+    header.height = 200.0;
+    header.width = 75.0;
+    header.thickness = 2.5;
+    TestMember member;
+    member.SetMemObjects(TypeOf(header), CMemberValidations());
+    EXPECT_EQ(member.GetDwgNo(), L"D-7");
+    EXPECT_EQ(member.GetMark(), L"P12");
+    EXPECT_EQ(member.GetLength(), 1234.568);
+    EXPECT_EQ(member.GetWebWidth(), 200.0);
+    EXPECT_EQ(member.GetProfileWidth(), 75.0);
+    EXPECT_EQ(member.GetProfileThick(), 2.5);
+    EXPECT_EQ(member.GetTopFlangeWidth(), 80.0);
+    EXPECT_EQ(member.GetBotFlangeWidth(), 70.0);
 }
 
 TEST(CMxPeilaibTest, EachRecordHoldsOneReferenceToTheEqualPart) {

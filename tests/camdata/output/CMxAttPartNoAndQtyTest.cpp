@@ -1,0 +1,25 @@
+#include "camdata/output/CMxAttPartNoAndQty.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+TEST(CMxAttPartNoAndQtyTest, AHeaderBringsMarkAndQuantityAndLeavesTheRest) {
+    ZetNCHeaderData header;
+    header.mark = L"P12";
+    header.quantity = 3;
+    header.drawingNumber = L"D-7";
+    CMxAttPartNoAndQty part;
+    part.SetMirrored(true);
+    part.SetNonStd(true);
+    part.SetOutStr(L"text");
+    part = header;
+    EXPECT_EQ(part.GetPartNo(), L"P12");
+    EXPECT_EQ(part.GetQty(), 3);
+    EXPECT_EQ(part.GetHeaderData().drawingNumber, L"D-7");
+    EXPECT_TRUE(part.GetMirrored());
+    EXPECT_TRUE(part.GetNonStd());
+    EXPECT_EQ(part.GetOutStr(), L"text");
+}
+
+}  // namespace
