@@ -53,7 +53,7 @@ int RunCheck(const CheckOptions& options, OutputStream& out, OutputStream& err) 
             break;
     }
     writer->End(summary);
-    return summary.filesRefused > 0 ? kExitBadInput : kExitDone;
+    return summary.GetExitCode();
 }
 
 }  // namespace camjob

@@ -1,5 +1,6 @@
 #include "camjob/CheckJson.h"
 
+#include <array>
 #include <nlohmann/json.hpp>
 
 namespace camjob {
@@ -66,6 +67,15 @@ Json ToJson(const std::vector<ZetString>& texts) {
     return array;
 }
 
+/// By the value of SetAside.
+constexpr std::array<const char*, 5> kSetAsideNames = {
+    nullptr, "marked", "insideSlot", "duplicate", "countersink"};
+
+Json ToJson(SetAside setAside) {
+    const char* name = kSetAsideNames[static_cast<std::size_t>(setAside)];
+    return name == nullptr ? Json() : Json(name);
+}
+
 Json ToJson(const HoleReport& hole) {
     return {
         {"line",              hole.line             },
@@ -82,11 +92,35 @@ Json ToJson(const HoleReport& hole) {
         {"rectangle",         ToJson(hole.rectangle)},
         {"thread",            ThreadOf(hole)        },
         {"countersunk",       hole.isCountersunk    },
-        {"companion",         hole.isCompanion      },
+        {"setAside",          ToJson(hole.setAside) },
         {"requiredToProcess", !hole.isNotProcessed  },
         {"valid",             !hole.isInvalid       },
         {"nonStandard",       hole.isNonStandard    },
         {"remarks",           ToJson(hole.remarks)  },
+    };
+}
+
+Json ToJson(const NotchReport& notch) {
+    return {
+        {"face",      notch.face.toUtf8()                            },
+        {"internal",  notch.isInternal                               },
+        {"x",         notch.x                                        },
+        {"y",         notch.y                                        },
+        {"shape",     notch.shape.toUtf8()                           },
+        {"length",    OrNull(notch.length)                           },
+        {"width",     OrNull(notch.width)                            },
+        {"turned",    notch.isTurned                                 },
+        {"corners",   notch.corners                                  },
+        {"status",    notch.status.toUtf8()                          },
+        {"duplicate", notch.isDuplicate                              },
+        {"holeLine",  notch.holeLine ? Json(*notch.holeLine) : Json()},
+    };
+}
+
+Json ToJson(const FindingsReport& findings) {
+    return {
+        {"errors",   ToJson(findings.errors)  },
+        {"warnings", ToJson(findings.warnings)},
     };
 }
 
@@ -136,12 +170,14 @@ void CheckJsonWriter::Begin() {
 
 void CheckJsonWriter::AddRead(const CheckReport& report) {
     AddFile(Dump({
-        {"file",   report.file.toUtf8() },
-        {"status", "read"               },
-        {"header", ToJson(report.header)},
-        {"notes",  ListOf(report.notes) },
-        {"holes",  ListOf(report.holes) },
-        {"faces",  ListOf(report.faces) },
+        {"file",     report.file.toUtf8()   },
+        {"status",   "read"                 },
+        {"header",   ToJson(report.header)  },
+        {"notes",    ListOf(report.notes)   },
+        {"holes",    ListOf(report.holes)   },
+        {"notches",  ListOf(report.notches) },
+        {"findings", ToJson(report.findings)},
+        {"faces",    ListOf(report.faces)   },
     }));
 }
 
@@ -155,12 +191,15 @@ void CheckJsonWriter::AddRefused(const dstv::NcError& error) {
 
 void CheckJsonWriter::End(const CheckSummary& summary) {
     const Json counts = {
-        {"filesRead",    summary.filesRead   },
-        {"filesRefused", summary.filesRefused},
-        {"holes",        summary.holes       },
-        {"holesByShape", ShapesOf(summary)   },
-        {"notes",        summary.notes       },
-        {"warnings",     summary.warnings    },
+        {"filesRead",      summary.filesRead     },
+        {"filesRefused",   summary.filesRefused  },
+        {"holes",          summary.holes         },
+        {"holesByShape",   ShapesOf(summary)     },
+        {"holesSetAside",  summary.holesSetAside },
+        {"notches",        summary.notches       },
+        {"invalidMembers", summary.invalidMembers},
+        {"notes",          summary.notes         },
+        {"warnings",       summary.warnings      },
     };
     m_out.Write("\n],\n\"summary\":" + Dump(counts) + "}\n");
 }

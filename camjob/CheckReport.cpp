@@ -1,7 +1,10 @@
 #include "camjob/CheckReport.h"
 
-#include "camjob/HoleRecords.h"
+#include "camjob/FaceWords.h"
+#include "dstv/NcHost.h"
 
+#include <algorithm>
+#include <unordered_map>
 #include <utility>
 
 namespace camjob {
@@ -15,12 +18,22 @@ struct Word {
 
 /// What is said of a hole without a number, in this order.
 constexpr Word kWords[] = {
-    {&HoleReport::isCompanion,    L"companion"        },
-    {&HoleReport::isNotProcessed, L"not processed"    },
     {&HoleReport::hasRightThread, L"right-hand thread"},
     {&HoleReport::hasLeftThread,  L"left-hand thread" },
     {&HoleReport::isInvalid,      L"invalid"          },
     {&HoleReport::isNonStandard,  L"non-standard"     },
+};
+
+struct SetAsideWord {
+    SetAside setAside;
+    const wchar_t* text;
+};
+
+constexpr SetAsideWord kSetAsideWords[] = {
+    {SetAside::kMarked,      L"set aside: marked in the NC data"},
+    {SetAside::kInsideSlot,  L"set aside: inside a slot"        },
+    {SetAside::kDuplicate,   L"set aside: duplicate"            },
+    {SetAside::kCountersink, L"set aside: countersink companion"},
 };
 
 ZetString CornerRemark(const RectangleReport& rectangle) {
@@ -31,9 +44,15 @@ ZetString CornerRemark(const RectangleReport& rectangle) {
 
 std::vector<ZetString> Remarks(const HoleReport& hole) {
     std::vector<ZetString> remarks;
+    for (const SetAsideWord& word : kSetAsideWords)
+        if (word.setAside == hole.setAside)
+            remarks.emplace_back(word.text);
     for (const Word& word : kWords)
         if (hole.*word.flag)
             remarks.emplace_back(word.text);
+    // A companion never takes part in processing.
+    if (hole.isNotProcessed && hole.setAside != SetAside::kCountersink)
+        remarks.emplace_back(L"not processed");
     if (hole.rectangle) {
         remarks.push_back(
             ZetString::format(L"b %.1f x h %.1f", hole.rectangle->b, hole.rectangle->h));
@@ -72,7 +91,6 @@ void AddRectangle(HoleReport& report, const dstv::NcHole& source, const CHoleAdd
 
 void AddFlags(HoleReport& report, const CHoleAddlInfo& record) {
     report.isCountersunk = record.GetIsCSK();
-    report.isCompanion = record.GetHoleStatus() == eHoleStatusCSK;
     report.isNotProcessed = !record.GetIsReqdToProcess();
     report.hasRightThread = record.GetHoleData().kind == ZetNCHoleData::eKindThreadRight;
     report.hasLeftThread = record.GetHoleData().kind == ZetNCHoleData::eKindThreadLeft;
@@ -80,25 +98,164 @@ void AddFlags(HoleReport& report, const CHoleAddlInfo& record) {
     report.isNonStandard = record.GetNonStd();
 }
 
-HoleReport MakeHoleReport(const HoleRecord& hole) {
+/// The lines of a part's holes, found by their line.
+class HoleSources {
+  public:
+    explicit HoleSources(const dstv::NcFileEntity& entity);
+
+    struct Source {
+        const dstv::NcHole* hole;
+        int viewPosition;
+    };
+    /// Null for a contour or mark.
+    const Source* Find(long line) const;
+
+  private:
+    std::unordered_map<long, Source> m_byLine;
+};
+
+HoleSources::HoleSources(const dstv::NcFileEntity& entity) {
+    const ZetNCStructure structure = entity.getNCStructure(0);
+    const std::vector<dstv::NcHole>& holes = entity.getPart().holes;
+    for (std::size_t i = 0; i < holes.size(); ++i) {
+        const ZetNCView& view = structure.getViews()[entity.getHoleTargets()[i].view];
+        m_byLine.insert({
+            holes[i].line, {&holes[i], view.getViewPos()}
+        });
+    }
+}
+
+const HoleSources::Source* HoleSources::Find(long line) const {
+    const auto at = m_byLine.find(line);
+    return at == m_byLine.end() ? nullptr : &at->second;
+}
+
+HoleReport MakeHoleReport(const MemberHole& hole, const HoleSources::Source& source) {
     const CHoleAddlInfo& record = hole.record;
     HoleReport report;
-    report.line = hole.source->line;
-    report.face = FaceWord(hole.viewPosition);
-    report.viewPosition = hole.viewPosition;
+    report.line = source.hole->line;
+    report.face = ViewWord(source.viewPosition, record.GetViewData().GetHoleFace());
+    report.viewPosition = source.viewPosition;
     report.x = record.GetXPos();
     report.y = record.GetYPos();
     report.size = record.GetSize();
-    report.depth = UnlessZero(hole.source->depth);
-    report.sinkAngle = UnlessZero(hole.source->sinkAngle);
+    report.depth = UnlessZero(source.hole->depth);
+    report.sinkAngle = UnlessZero(source.hole->sinkAngle);
+    report.setAside = hole.setAside;
     AddFlags(report, record);
     report.shape = ShapeWord(record, report.hasRightThread || report.hasLeftThread);
     if (record.GetIsSlot())
         AddSlot(report, record);
-    if (hole.source->form == dstv::NcHoleForm::kRectangle)
-        AddRectangle(report, *hole.source, record);
+    if (source.hole->form == dstv::NcHoleForm::kRectangle)
+        AddRectangle(report, *source.hole, record);
     report.remarks = Remarks(report);
     return report;
+}
+
+/// The record of a rectangular hole, which the NC data holds as an opening.
+CHoleAddlInfo RectangleRecord(const CNotchAddInfo& opening, const dstv::NcHole& hole) {
+    const double length = hole.slotWidth + hole.diameter;
+    const double width = hole.slotHeight + hole.diameter;
+    // The mean of many corners is off by rounding.
+    constexpr int kDecimals = 6;
+    const double x = opening.GetXPos(kDecimals);
+    const double y = opening.GetYPos(kDecimals);
+    CHoleAddlInfo record;
+    record.CorrectData(opening.GetViewData());
+    if (length == width)
+        record.SetSqrHoleData(width, x, y);
+    else
+        record.SetRectHoleData(length, width, x, y, opening.GetViewData());
+    return record;
+}
+
+void AddRectangles(const ZetArray<CNotchAddInfo>& notches,
+                   SetAside setAside,
+                   const HoleSources& sources,
+                   std::vector<HoleReport>& reports) {
+    for (const CNotchAddInfo& notch : notches) {
+        if (const auto* source = sources.Find(notch.GetContour().hostTag))
+            reports.push_back(
+                MakeHoleReport({RectangleRecord(notch, *source->hole), setAside}, *source));
+    }
+}
+
+std::vector<HoleReport> MakeHoleReports(const CheckMember& member, const HoleSources& sources) {
+    std::vector<HoleReport> reports;
+    for (const MemberHole& hole : member.CollectHoles()) {
+        if (const auto* source = sources.Find(hole.record.GetHoleData().hostTag))
+            reports.push_back(MakeHoleReport(hole, *source));
+    }
+    AddRectangles(member.GetNotches(), SetAside::kNot, sources, reports);
+    AddRectangles(member.GetDuplicateNotches(), SetAside::kDuplicate, sources, reports);
+    std::sort(reports.begin(), reports.end(), [](const HoleReport& a, const HoleReport& b) {
+        return a.line < b.line;
+    });
+    return reports;
+}
+
+struct NotchStatusWord {
+    eNotchStatus status;
+    const wchar_t* text;
+};
+
+constexpr NotchStatusWord kNotchStatusWords[] = {
+    {eNotchValid,         L"valid"         },
+    {eNotchCornerMatched, L"corner matched"},
+    {eNotchNotAllowed,    L"not allowed"   },
+};
+
+ZetString StatusWord(eNotchStatus status) {
+    for (const NotchStatusWord& word : kNotchStatusWords)
+        if (word.status == status)
+            return word.text;
+    return L"unknown";
+}
+
+ZetString ShapeWord(const CNotchAddInfo& notch) {
+    if (!notch.GetIsRect())
+        return L"outline";
+    return notch.GetIsSqr() ? L"square" : L"rectangle";
+}
+
+NotchReport MakeNotchReport(const CNotchAddInfo& notch,
+                            bool isDuplicate,
+                            const HoleSources& sources) {
+    NotchReport report;
+    report.face = FaceWord(notch.GetViewData().GetHoleFace());
+    report.isInternal = notch.GetIsInternal();
+    report.x = notch.GetXPos();
+    report.y = notch.GetYPos();
+    report.shape = ShapeWord(notch);
+    if (notch.GetIsRect()) {
+        report.length = notch.GetLength();
+        report.width = notch.GetWidth();
+        report.isTurned = !notch.GetIsParallelToAxis();
+    }
+    report.corners = std::max(notch.GetNoOfVertices() - 1, 0L);
+    report.status = StatusWord(notch.GetNotchStatus());
+    report.isDuplicate = isDuplicate;
+    if (const auto* source = sources.Find(notch.GetContour().hostTag))
+        report.holeLine = source->hole->line;
+    return report;
+}
+
+void AddNotches(const ZetArray<CNotchAddInfo>& notches,
+                bool areDuplicates,
+                const HoleSources& sources,
+                std::vector<NotchReport>& reports) {
+    for (const CNotchAddInfo& notch : notches) {
+        // An outline that cuts nothing is no notch.
+        if (notch.GetNotchStatus() != eNotchNone)
+            reports.push_back(MakeNotchReport(notch, areDuplicates, sources));
+    }
+}
+
+std::vector<ZetString> Trimmed(const ZetArray<ZetString>& lines) {
+    std::vector<ZetString> trimmed;
+    for (const ZetString& line : lines)
+        trimmed.push_back(line.trimmedLeft());
+    return trimmed;
 }
 
 /// A closed contour repeats its first point.
@@ -111,7 +268,7 @@ long CornerCount(const ZetNCContour& contour) {
 
 FaceReport MakeFaceReport(const ZetNCView& view, long rectangles) {
     FaceReport report;
-    report.face = FaceWord(view.getViewPos());
+    report.face = ViewWord(view.getViewPos());
     report.viewPosition = view.getViewPos();
     for (const ZetNCContour& contour : view.getExternalContours())
         report.externalPoints.push_back(CornerCount(contour));
@@ -161,8 +318,12 @@ CheckReport MakeCheckReport(dstv::NcPart part) {
     report.file = entity.getPart().file;
     report.header = creator.getHeader();
     report.notes = entity.getPart().notes;
-    for (const HoleRecord& hole : MakeHoleRecords(entity, creator))
-        report.holes.push_back(MakeHoleReport(hole));
+    const HoleSources sources(entity);
+    const CheckMember member(creator);
+    report.holes = MakeHoleReports(member, sources);
+    AddNotches(member.GetNotches(), false, sources, report.notches);
+    AddNotches(member.GetDuplicateNotches(), true, sources, report.notches);
+    report.findings = {Trimmed(member.GetErrors()), Trimmed(member.GetWarnings())};
     report.faces = MakeFaceReports(entity, creator.getNCStructure());
     return report;
 }

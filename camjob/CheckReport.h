@@ -1,5 +1,6 @@
 #pragma once
 
+#include "camjob/CheckMember.h"
 #include "dstv/NcNote.h"
 #include "dstv/NcPart.h"
 
@@ -33,13 +34,35 @@ struct HoleReport {
     std::optional<double> sinkAngle;
     std::optional<RectangleReport> rectangle;
     bool isCountersunk = false;
-    bool isCompanion = false;  ///< the countersink of a hole with a line of its own
+    SetAside setAside = SetAside::kNot;
     bool isNotProcessed = false;
     bool hasRightThread = false;
     bool hasLeftThread = false;
     bool isInvalid = false;
     bool isNonStandard = false;
     std::vector<ZetString> remarks;  ///< short words; none for a plain through hole
+};
+
+/// One notch or opening as its record tells it, mm.
+struct NotchReport {
+    ZetString face;
+    bool isInternal = false;
+    double x = 0.0;  ///< mean of the corners, in output coordinates
+    double y = 0.0;
+    ZetString shape;               ///< "rectangle", "square" or "outline"
+    std::optional<double> length;  ///< of a rectangle, along X unless it is turned
+    std::optional<double> width;
+    long corners = 0;  ///< of the outline, arcs as chords
+    ZetString status;
+    bool isDuplicate = false;      ///< set aside: equals an earlier one
+    bool isTurned = false;         ///< a rectangle at an angle to X
+    std::optional<long> holeLine;  ///< of the rectangular hole that it is
+};
+
+/// What the member as a whole was found to be; texts of the library.
+struct FindingsReport {
+    std::vector<ZetString> errors;
+    std::vector<ZetString> warnings;
 };
 
 /// What else lies on one face.
@@ -57,11 +80,13 @@ struct CheckReport {
     ZetString file;
     ZetNCHeaderData header;
     std::vector<dstv::NcNote> notes;
-    std::vector<HoleReport> holes;  ///< in the order of the file's lines
+    std::vector<HoleReport> holes;     ///< in the order of the file's lines
+    std::vector<NotchReport> notches;  ///< in the order in which they were gathered
+    FindingsReport findings;
     std::vector<FaceReport> faces;  ///< in the order of the views; only faces with something
 };
 
-/// Makes the NC data and the hole records of a part, and reports them.
+/// Gathers and checks the member that a part is, and reports it.
 CheckReport MakeCheckReport(dstv::NcPart part);
 
 }  // namespace camjob

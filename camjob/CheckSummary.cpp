@@ -1,12 +1,19 @@
 #include "camjob/CheckSummary.h"
 
+#include "camjob/CommandLine.h"
+
 namespace camjob {
 
 void CheckSummary::Add(const CheckReport& report) {
     ++filesRead;
     holes += static_cast<long>(report.holes.size());
-    for (const HoleReport& hole : report.holes)
+    for (const HoleReport& hole : report.holes) {
         ++holesByShape[hole.shape];
+        holesSetAside += hole.setAside == SetAside::kNot ? 0 : 1;
+    }
+    for (const NotchReport& notch : report.notches)
+        notches += notch.isDuplicate ? 0 : 1;
+    invalidMembers += report.findings.errors.empty() ? 0 : 1;
     for (const dstv::NcNote& note : report.notes)
         ++(note.severity == dstv::NcNote::Severity::kWarning ? warnings : notes);
 }
@@ -15,6 +22,12 @@ void CheckSummary::Add(const dstv::NcError& error) {
     ++filesRefused;
     if (errors.size() < kMaxListedErrors)
         errors.push_back(error);
+}
+
+int CheckSummary::GetExitCode() const {
+    if (filesRefused > 0)
+        return kExitBadInput;
+    return invalidMembers > 0 ? kExitInvalidMembers : kExitDone;
 }
 
 }  // namespace camjob

@@ -20,12 +20,17 @@ struct CheckSummary {
     long filesRefused = 0;
     long holes = 0;
     std::map<ZetString, long> holesByShape;
+    long holesSetAside = 0;
+    long notches = 0;  ///< without duplicates
+    long invalidMembers = 0;
     long notes = 0;
     long warnings = 0;
     std::vector<dstv::NcError> errors;  ///< the first kMaxListedErrors
 
     void Add(const CheckReport& report);
     void Add(const dstv::NcError& error);
+    /// The highest of what any file asks for.
+    int GetExitCode() const;
 };
 
 }  // namespace camjob

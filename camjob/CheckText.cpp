@@ -26,6 +26,10 @@ ZetString Number(double value) {
     return text == L"-0.0" ? ZetString(L"0.0") : text;
 }
 
+ZetString CountOf(long count, const wchar_t* one, const wchar_t* many) {
+    return ZetString::format(L"%d %s", count, count == 1 ? one : many);
+}
+
 /// "1 note", "2 notes".
 ZetString Count(long count, const ZetString& noun) {
     return ZetString::format(L"%d %s%s", count, noun, count == 1 ? L"" : L"s");
@@ -93,6 +97,58 @@ ZetString HoleTable(const std::vector<HoleReport>& holes) {
     return table.Format(kIndent);
 }
 
+ZetString SizeText(const NotchReport& notch) {
+    return notch.length ? Number(*notch.length) + L" x " + Number(*notch.width) : L"-";
+}
+
+std::vector<ZetString> Remarks(const NotchReport& notch) {
+    std::vector<ZetString> remarks;
+    if (notch.isDuplicate)
+        remarks.emplace_back(L"set aside: duplicate");
+    if (notch.isTurned)
+        remarks.emplace_back(L"turned");
+    if (!notch.length)
+        remarks.push_back(Count(notch.corners, L"corner"));
+    if (notch.holeLine)
+        remarks.push_back(ZetString::format(L"hole of line %d", *notch.holeLine));
+    return remarks;
+}
+
+ZetString NotchTable(const std::vector<NotchReport>& notches) {
+    using Align = TextTable::Align;
+    if (notches.empty())
+        return {};
+    TextTable table({
+        {L"notch",   Align::kLeft },
+        {L"face",    Align::kLeft },
+        {L"X mm",    Align::kRight},
+        {L"Y mm",    Align::kRight},
+        {L"size mm", Align::kRight},
+        {L"shape",   Align::kLeft },
+        {L"status",  Align::kLeft },
+        {L"remarks", Align::kLeft }
+    });
+    for (const NotchReport& notch : notches)
+        table.AddRow({notch.isInternal ? L"internal" : L"external",
+                      notch.face,
+                      Number(notch.x),
+                      Number(notch.y),
+                      SizeText(notch),
+                      notch.shape,
+                      notch.status,
+                      Joined(Remarks(notch), L", ")});
+    return table.Format(kIndent);
+}
+
+ZetString FindingLines(const FindingsReport& findings) {
+    ZetString lines;
+    for (const ZetString& text : findings.errors)
+        lines += ZetString::format(L"  error   %s\n", text);
+    for (const ZetString& text : findings.warnings)
+        lines += ZetString::format(L"  warning %s\n", text);
+    return lines;
+}
+
 ZetString ExternalContours(const std::vector<long>& points) {
     std::vector<ZetString> counts;
     for (const long count : points)
@@ -139,13 +195,20 @@ ZetString ShapeCounts(const CheckSummary& summary) {
     return Joined(shapes, L", ");
 }
 
+ZetString SetAsideCount(const CheckSummary& summary) {
+    if (summary.holesSetAside == 0)
+        return {};
+    return ZetString::format(L"; %d set aside", summary.holesSetAside);
+}
+
 /// What is left to say after the only file.
 ZetString ClosingLine(const CheckSummary& summary) {
     if (summary.filesRead == 0)
         return L"1 file refused\n";
     const ZetString shapes = ShapeCounts(summary);
     return L"1 file read: " + Count(summary.holes, L"hole") +
-           (shapes.isEmpty() ? ZetString() : L" (" + shapes + L")") + L", " +
+           (shapes.isEmpty() ? ZetString() : L" (" + shapes + L")") + SetAsideCount(summary) +
+           L", " + CountOf(summary.notches, L"notch", L"notches") + L", " +
            Count(summary.notes, L"note") + L", " + Count(summary.warnings, L"warning") + L"\n";
 }
 
@@ -155,9 +218,12 @@ ZetString CountLines(const CheckSummary& summary) {
         return Labelled(label, ZetString::format(L"%d%s", count, more));
     };
     return L"summary\n" + line(L"files read", summary.filesRead) +
-           line(L"refused", summary.filesRefused) +
-           line(L"holes", summary.holes, shapes.isEmpty() ? shapes : L": " + shapes) +
-           line(L"notes", summary.notes) + line(L"warnings", summary.warnings);
+           line(L"refused", summary.filesRefused) + line(L"invalid", summary.invalidMembers) +
+           line(L"holes",
+                summary.holes,
+                shapes.isEmpty() ? shapes : L": " + shapes + SetAsideCount(summary)) +
+           line(L"notches", summary.notches) + line(L"notes", summary.notes) +
+           line(L"warnings", summary.warnings);
 }
 
 ZetString RefusedLines(const CheckSummary& summary) {
@@ -176,6 +242,8 @@ void CheckTextWriter::AddRead(const CheckReport& report) {
     const ZetString text = Paragraphs({report.file + L"\n" + HeaderLines(report.header),
                                        NoteLines(report.notes),
                                        HoleTable(report.holes),
+                                       NotchTable(report.notches),
+                                       FindingLines(report.findings),
                                        FaceLines(report.faces)});
     m_out.Write(Printable(text + L"\n"));
 }

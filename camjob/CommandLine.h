@@ -10,8 +10,9 @@ namespace camjob {
 /// What the program ends with; of several outcomes the highest.
 enum ExitCode : int {
     kExitDone = 0,
-    kExitBadInput = 2,    ///< bad usage, or an input that cannot be read
-    kExitNotWritten = 3,  ///< an output could not be written
+    kExitInvalidMembers = 1,  ///< done, but some members have errors
+    kExitBadInput = 2,        ///< bad usage, or an input that cannot be read
+    kExitNotWritten = 3,      ///< an output could not be written
 };
 
 /// The whole program: `arguments` (UTF-8, without the program's name), report and messages.

@@ -60,10 +60,12 @@ constexpr const char* kHolesOfTheFile[] = {
         "remarks": ["right-hand thread"]})",
     R"({"line": 27, "x": 450.0, "y": 50.0, "size": 12.0, "shape": "threaded", "thread": "left",
         "depth": 8.5, "remarks": ["left-hand thread", "8.5 deep"]})",
-    R"({"line": 28, "x": 500.0, "y": 100.0, "size": 13.0})",
+    R"({"line": 28, "x": 500.0, "y": 100.0, "size": 13.0, "shape": "countersunk",
+        "countersunk": true})",
     R"({"line": 29, "x": 500.0, "y": 100.0, "size": 26.0, "shape": "countersunk", "depth": 6.5,
-        "sinkAngle": 90.0, "countersunk": true, "companion": true, "requiredToProcess": false,
-        "remarks": ["companion", "not processed", "6.5 deep", "sink angle 90.0"]})",
+        "sinkAngle": 90.0, "countersunk": true, "setAside": "countersink",
+        "requiredToProcess": false,
+        "remarks": ["set aside: countersink companion", "6.5 deep", "sink angle 90.0"]})",
     R"({"line": 30, "x": 640.0, "y": 60.0, "size": 60.0, "shape": "rectangular", "length": 100.0,
         "angle": 0.0, "rectangle": {"b": 80.0, "h": 40.0, "cornerRadius": 10.0},
         "remarks": ["b 80.0 x h 40.0", "radius 10.0", "angle 0.0"]})",
@@ -82,7 +84,7 @@ TEST(CheckJson, TellsEachHoleInFull) {
     const Json plain = Json::parse(
         R"({"face": "web", "viewPosition": 1, "shape": "round", "length": null, "angle": null,
             "depth": null, "sinkAngle": null, "rectangle": null, "thread": null,
-            "countersunk": false, "companion": false, "requiredToProcess": true, "valid": true,
+            "countersunk": false, "setAside": null, "requiredToProcess": true, "valid": true,
             "nonStandard": false, "remarks": []})");
     const TempFolder folder;
     folder.Write("z.nc1", nc::AllHoles());
@@ -93,6 +95,22 @@ TEST(CheckJson, TellsEachHoleInFull) {
         expected.update(Json::parse(members));
         EXPECT_EQ(HoleOfLine(file, expected["line"]), expected);
     }
+}
+
+TEST(CheckJson, TellsNotchesAndFindings) {
+    const TempFolder folder;
+    folder.Write("z.nc1", nc::AllHoles());
+    const Json file = RunJson(folder, {"z.nc1"}).document["files"][0];
+    ASSERT_EQ(file["notches"].size(), 3u);
+    EXPECT_EQ(file["notches"][1],
+              Json::parse(R"({"face": "web", "internal": true, "x": 825.0, "y": 65.0,
+                              "shape": "square", "length": 50.0, "width": 50.0, "turned": false,
+                              "corners": 4, "status": "valid", "duplicate": false,
+                              "holeLine": 31})"));
+    EXPECT_EQ(file["notches"][2]["shape"], "outline");
+    EXPECT_EQ(file["notches"][2]["length"], Json());
+    EXPECT_EQ(file["notches"][2]["holeLine"], Json());
+    EXPECT_EQ(file["findings"], Json::parse(R"({"errors": [], "warnings": []})"));
 }
 
 TEST(CheckJson, SlotAcrossTurnsByARightAngleAboutItsStart) {
@@ -126,7 +144,8 @@ TEST(CheckJson, RefusedFilesTellWhatWasExpected) {
     EXPECT_EQ(files[3], files[0]);
     EXPECT_EQ(run.document["summary"],
               Json::parse(R"({"filesRead": 2, "filesRefused": 2, "holes": 4,
-                              "holesByShape": {"round": 4}, "notes": 0, "warnings": 0})"));
+                              "holesByShape": {"round": 4}, "holesSetAside": 0, "notches": 0,
+                              "invalidMembers": 0, "notes": 0, "warnings": 0})"));
 }
 
 TEST(CheckJson, HoldsAnyText) {

@@ -1,4 +1,5 @@
 #include "camjob/CamjobRun.h"
+#include "camjob/CheckSummary.h"
 #include "camjob/Golden.h"
 #include "camjob/NcFiles.h"
 
@@ -71,6 +72,65 @@ std::string Contours() {
            "EN\n";
 }
 
+std::string SetAside() {
+    return nc::Header("A-1") +
+           "BO\n"
+           "  v 100.00u 60.00 18.00\n"
+           "  v 100.00 60.00 14.00\n"  // the same place
+           "  v 112.00 60.00 10.00\n"  // overlaps
+           "  v 1000.00 100.00 18.00 0.00l 60.00 0.00 0.00\n"
+           "  v 1055.00 100.00 14.00\n"        // inside the slot
+           "  v 1055.00 100.00s 20.00 1.00\n"  // its sink
+           "  v 2000.00 100.00s 20.00 1.00\n"  // a sink without a hole
+           "  h 1030.00 100.00 14.00\n"        // behind the slot: another face
+           "EN\n";
+}
+
+std::string Notched() {
+    // Both ends of the web notched, the left one rounded; the top flange cut off at an angle; an
+    // opening given twice; the bottom flange whole.
+    return nc::Header("N-2", "Z200x2.0\n  SO", "3000.00") +
+           "AK\n"
+           "  v 0.00u 0.00 0.00\n"
+           "    3000.00 0.00 0.00\n"
+           "    3000.00 150.00 0.00\n"
+           "    2900.00 150.00 0.00\n"
+           "    2900.00 200.00 0.00\n"
+           "    120.00 200.00 0.00\n"
+           "    120.00 170.00 -20.00\n"
+           "    120.00 150.00t -20.00\n"
+           "    100.00 150.00 0.00\n"
+           "    0.00 150.00 0.00\n"
+           "    0.00 0.00 0.00\n"
+           "AK\n"
+           "  o 0.00s 0.00 0.00\n"
+           "    0.00 65.00 0.00\n"
+           "    2960.00 65.00 0.00\n"
+           "    3000.00 0.00 0.00\n"
+           "    0.00 0.00 0.00\n"
+           "AK\n"
+           "  u 0.00s 0.00 0.00\n"
+           "    3000.00 0.00 0.00\n"
+           "    3000.00 65.00 0.00\n"
+           "    0.00 65.00 0.00\n"
+           "    0.00 0.00 0.00\n"
+           "IK\n"
+           "  v 1500.00u 80.00 0.00\n"
+           "    1500.00 120.00 0.00\n"
+           "    1560.00 120.00 0.00\n"
+           "    1560.00 80.00 0.00\n"
+           "    1500.00 80.00 0.00\n"
+           "IK\n"
+           "  v 1500.00u 80.00 0.00\n"
+           "    1500.00 120.00 0.00\n"
+           "    1560.00 120.00 0.00\n"
+           "    1560.00 80.00 0.00\n"
+           "    1500.00 80.00 0.00\n"
+           "BO\n"
+           "  v 700.00u 90.00 0.00 0.00l 30.00 20.00 30.00\n"
+           "EN\n";
+}
+
 std::string Notes() {
     return nc::Header("N-1", "XY200\n  Q") +
            "BO\n"
@@ -91,6 +151,8 @@ const Case kCases[] = {
     {"no-holes",        {{"bare.nc", nc::Header() + "EN\n"}}},
     {"inclined-plane",  {{"plane.nc1", InclinedPlane()}}    },
     {"contours",        {{"plate.nc", Contours()}}          },
+    {"set-aside",       {{"doubles.nc1", SetAside()}}       },
+    {"notched",         {{"notched.nc1", Notched()}}        },
     {"notes",           {{"notes.nc1", Notes()}}            },
     {"texts",
      {{"Windows.nc1", nc::Plain(kWindows1252Mark)},
@@ -111,6 +173,20 @@ INSTANTIATE_TEST_SUITE_P(Cases, CheckText, ::testing::ValuesIn(kCases), [](const
     std::replace(name.begin(), name.end(), '-', '_');
     return name;
 });
+
+TEST(CheckSummary, ARefusedFileOutranksAnInvalidMember) {
+    camjob::CheckReport invalid;
+    invalid.findings.errors = {L"an error"};
+    camjob::CheckReport warned;
+    warned.findings.warnings = {L"a warning"};
+    camjob::CheckSummary summary;
+    summary.Add(warned);
+    EXPECT_EQ(summary.GetExitCode(), 0);
+    summary.Add(invalid);
+    EXPECT_EQ(summary.GetExitCode(), 1);
+    summary.Add(dstv::NcError{});
+    EXPECT_EQ(summary.GetExitCode(), 2);
+}
 
 TEST(CheckTextSummary, ListsOnlyTheFirstRefusedFiles) {
     const TempFolder folder;
