@@ -1,5 +1,6 @@
 #include "dstv/NcGeometry.h"
 #include "dstv/NcParser.h"
+#include "dstv/NcReader.h"
 #include "dstv/NcText.h"
 
 #include <algorithm>
@@ -75,6 +76,8 @@ void NcParser::FinishHole(NcHole hole, const NcLine& line) {
         hole.outline = RectangleOutline(
             {hole.x, hole.q}, hole.slotWidth, hole.slotHeight, hole.diameter, hole.slotAngle);
     Spend(hole.outline.size(), line);
+    if (m_part.holes.size() == kMaxHoles)
+        FailAt(line, L"hole", Trimmed(line.text), L"at most 100000 holes in one file");
     CheckInside(line.number, hole.place, CentreOf(hole), L"hole");
     m_part.holes.push_back(std::move(hole));
 }

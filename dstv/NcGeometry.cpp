@@ -97,7 +97,8 @@ Outline TrimmedOutline(double length, double height, double startAngle, double e
     const ZetGeomPoint2d lowerLeft = {std::max(start, 0.0), 0.0};
     const ZetGeomPoint2d lowerRight = {length + std::min(end, 0.0), 0.0};
     const ZetGeomPoint2d upperRight = {length - std::max(end, 0.0), height};
-    const ZetGeomPoint2d upperLeft = {-std::min(start, 0.0), height};
+    // No -0.0, which would print as such.
+    const ZetGeomPoint2d upperLeft = {0.0 - std::min(start, 0.0), height};
     return {lowerLeft, lowerRight, upperRight, upperLeft, lowerLeft};
 }
 

@@ -14,6 +14,10 @@ namespace dstv {
 inline constexpr std::size_t kMaxFileBytes = 64u << 20;
 /// Magnitude of any number, mm or degrees.
 inline constexpr double kMaxNumber = 1e9;
+/// Lines of one file, the empty ones included.
+inline constexpr long kMaxLines = 1'000'000;
+/// Holes of one file, marks given as holes included.
+inline constexpr std::size_t kMaxHoles = 100'000;
 /// Points of all outlines of one file, chords of arcs included.
 inline constexpr std::size_t kMaxOutlinePoints = 200'000;
 /// En blocks of one file.

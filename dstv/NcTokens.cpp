@@ -75,7 +75,10 @@ std::optional<NcLine> NcLines::Next() {
     m_rest.remove_prefix(std::min(end + 1, m_rest.size()));
     while (!text.empty() && text.back() == '\r')
         text.remove_suffix(1);
-    return NcLine{++m_number, text};
+    const NcLine line = {++m_number, text};
+    if (line.number > kMaxLines)
+        FailAt(line, L"line", Trimmed(text), L"at most 1000000 lines in one file");
+    return line;
 }
 
 NcTokens::NcTokens(const NcLine& line) : m_line(line) {
@@ -124,8 +127,11 @@ double NcTokens::Convert(std::string_view number, const ZetString& what) const {
     if (!value)
         FailAt(m_line, what, number, L"a number up to 1000000000");
     // "12.5.0" and "1,5" are typing faults, not two numbers.
-    if (end < m_line.text.size() && (m_line.text[end] == '.' || m_line.text[end] == ','))
+    const char next = end < m_line.text.size() ? m_line.text[end] : ' ';
+    if (next == '.')
         Fail(what, L"a number with at most one point");
+    if (next == ',')
+        Fail(what, L"a number with a decimal point, not a comma");
     return *value;
 }
 

@@ -29,7 +29,7 @@ class NcLines {
   public:
     explicit NcLines(std::string_view bytes);
 
-    /// The next line; nothing at the end.
+    /// The next line; nothing at the end. Fails beyond kMaxLines.
     std::optional<NcLine> Next();
 
   private:

@@ -127,6 +127,7 @@ TEST(NcGeometry, TrimsByTheHeaderAngles) {
         EXPECT_NEAR(outline[i].x, expected[i].x, 0.01);
         EXPECT_EQ(outline[i].y, expected[i].y);
     }
+    EXPECT_FALSE(std::signbit(dstv::TrimmedOutline(1000.0, 100.0, 0.0, 15.0)[3].x));
     const Outline mirrored = dstv::TrimmedOutline(1000.0, 100.0, 45.0, -45.0);
     EXPECT_NEAR(mirrored[0].x, 100.0, 1e-9);
     EXPECT_NEAR(mirrored[1].x, 900.0, 1e-9);

@@ -109,8 +109,20 @@ struct TextCase {
     const char* expected;
 };
 
+std::string Replaced(std::string text, const std::string& from, const std::string& to) {
+    EXPECT_NE(text.find(from), std::string::npos);
+    for (std::size_t at = text.find(from); at != std::string::npos;
+         at = text.find(from, at + to.size()))
+        text.replace(at, from.size(), to);
+    return text;
+}
+
 std::string WithBlocks(const char* blocks) {
     return NcSample().With(blocks);
+}
+
+std::string WithMark(const std::string& line) {
+    return Replaced(NcSample().With("EN\n"), "  P1\n", line + "\n");
 }
 
 std::string WithHeader(std::string NcSample::*value, const char* text) {
@@ -155,7 +167,7 @@ TEST(NcReader, RefusesWithLineTextAndExpectation) {
         {"two points", WithBlocks("BO\n  v 1.2.3 2.0 3.0\n"),
          "part.nc1:27: hole X \"1.2.3\": expected a number with at most one point"},
         {"decimal comma", WithBlocks("BO\n  v 1,2 2.0 3.0\n"),
-         "part.nc1:27: hole X \"1,2\": expected a number with at most one point"},
+         "part.nc1:27: hole X \"1,2\": expected a number with a decimal point, not a comma"},
         {"too large", WithBlocks("BO\n  v 1000000001 2.0 3.0\n"),
          "part.nc1:27: hole X \"1000000001\": expected a number up to 1000000000"},
         {"slot needs three", WithBlocks("BO\n  v 1 2 3 0l 5 0\n"),
@@ -210,6 +222,26 @@ TEST(NcReader, NotesWhatItForgives) {
          "warning 9: profile code \"Q\" is not known: read as SO\n"},
         {"three lengths", WithHeader(&NcSample::length, "9, 8,7"),
          "warning 10: more than two lengths: the first two count\n"},
+        {"saw length of a scrap", WithHeader(&NcSample::length, "3000,1499"),
+         "warning 10: saw length that does not fit the length\n"},
+        {"saw length", WithHeader(&NcSample::length, "3000,1500"), ""},
+        {"no length", WithHeader(&NcSample::length, "0"), "warning 10: length is 0\n"},
+        {"80 characters", WithMark("  " + std::string(80, 'x')), ""},
+        {"81 characters", WithMark("  " + std::string(81, 'x')),
+         "warning 5: text of more than 80 characters\n"},
+        {"text in column 1", WithMark("k A992"),
+         "note 5: text begins in column 1, where two blanks belong\n"},
+        {"skew cut", WithHeader(&NcSample::webEndCut, "15"),
+         "note 19: face v without an outline: made from the skew cuts\n"},
+        {"skew cut of a tube", Replaced(WithHeader(&NcSample::webEndCut, "15"), "  SO\n", "  RO\n"),
+         "note 19: face v without an outline: no plate that a skew cut could trim\n"},
+        {"weld preparation", WithBlocks("AK\n  v 0 0 0 0 0 30 2\n  9 0 0 45 1\n  9 9\n  0 0\n"),
+         "note 27: weld preparation: kept beside the NC data\n"},
+        {"slot without its letter", WithBlocks("BO\n  v 1 2 3 0 20 0 0\n"),
+         "warning 27: slot without the letter l: read as a slot\n"},
+        {"slot without a diameter", WithBlocks("BO\n  v 1 2 0 0l 20 0 0\n"),
+         "note 27: slot without a diameter: read as a line to be marked\n"},
+        {"text without a height", WithBlocks("SI\n  v 1 2 0\n"), "note 27: text without a height\n"},
         {"decimal comma", WithHeader(&NcSample::height, "17,5"),
          "note 11: profile height with a decimal comma\n"},
         {"unknown block", WithBlocks("BR\n  what\n  ever\nEN\n"),
@@ -226,6 +258,13 @@ TEST(NcReader, NotesWhatItForgives) {
         {"negative X", WithBlocks("BO\n  v -1 2 3\n"), "warning 27: hole with a negative X\n"},
         {"outside", WithBlocks("BO\n  o 1 90 3\n  v 1 90 3\n"),
          "warning 27: hole outside of its face\n"},
+        {"closed to the rounding", NcSample().With("AK\n" + box + "  0.009 -0.009\n"), ""},
+        {"closed not quite", NcSample().With("AK\n" + box + "  0 0.02\n"),
+         "warning 31: contour is not closed: closed by a straight edge\n"},
+        {"outlines of one face by two names",
+         NcSample().With("E1\n 0 0 81 9 0 81 0 9 81\nA1\n 20 0\n 30 0\n 20 9\n 20 0\nAK\n" + box +
+                         "  0 0\n"),
+         "note 34: another outline of the same face: kept apart\n"},
         {"wild notch line", NcSample().With("AK\n" + box + "  0 0\n  -16611181.71 -90.16t\n"),
          "warning 32: notch line far outside of the piece: it does not count\n"},
         {"bad line aside", WithBlocks("KA\n  1 2 3\n  0 0 9 0 45\n"),
@@ -242,14 +281,6 @@ TEST(NcReader, NotesWhatItForgives) {
         SCOPED_TRACE(c.name);
         EXPECT_EQ(NoteLines(ReadPart(c.text)), c.expected);
     }
-}
-
-std::string Replaced(std::string text, const std::string& from, const std::string& to) {
-    EXPECT_NE(text.find(from), std::string::npos);
-    for (std::size_t at = text.find(from); at != std::string::npos;
-         at = text.find(from, at + to.size()))
-        text.replace(at, from.size(), to);
-    return text;
 }
 
 /// Forms of one file that differ in nothing that counts.
@@ -338,6 +369,16 @@ TEST(NcReader, RefusesMoreThanItsLimits) {
     EXPECT_EQ(ReadError(NcSample().With(rounds)),
               "part.nc1:27: outline \"v 0 0 900000000 0l 1 1 0\": "
               "expected at most 200000 points in one file");
+    std::string holes = "BO\n";
+    for (std::size_t i = 0; i < dstv::kMaxHoles; ++i)
+        holes += "  v 1 2 3\n";
+    EXPECT_EQ(ReadError(NcSample().With(holes)), "read");
+    EXPECT_EQ(ReadError(NcSample().With(holes + "  v 4 5 6\n")),
+              "part.nc1:100027: hole \"v 4 5 6\": expected at most 100000 holes in one file");
+    const std::string blank(static_cast<std::size_t>(dstv::kMaxLines) - 25, '\n');
+    EXPECT_EQ(ReadError(NcSample().With(blank)), "read");
+    EXPECT_EQ(ReadError(NcSample().With(blank + "EN\n")),
+              "part.nc1:1000001: line \"EN\": expected at most 1000000 lines in one file");
     std::string bad = "TO\n";
     for (int i = 0; i < 1500; ++i)
         bad += "  x\n";
