@@ -22,6 +22,7 @@
 #include "camdata/nesting/CMxNestParts.h"
 #include "camdata/nesting/CMxParts.h"
 #include "camdata/notches/CNotchAddInfo.h"
+#include "camdata/notches/SCheckNotch.h"
 #include "camdata/notches/eNotchStatus.h"
 #include "camdata/output/CMxAttPartNoAndQty.h"
 #include "camdata/platform/Clock.h"

@@ -10,6 +10,7 @@
 #include "camdata/platform/ZetGeomVector2d.h"
 #include "camdata/platform/ZetNCHoleData.h"
 #include "camdata/platform/ZetString.h"
+#include "camdata/rules/CMemTypeAndAttrib.h"
 
 #include <utility>
 
@@ -79,6 +80,24 @@ class CAMDATA_API CHoleAddlInfo {
 
     /// Adds a text to the list of `type`; any other type adds nothing. Always false.
     bool AppendMsg(eHoleMsgType type, ZetString text);
+    /// Checks the distances to the edges of the face, to the adjoining faces and to both ends of
+    /// the member against the limits of CMxGeom, and adds a warning for each that is too small;
+    /// status and validity stay. A slot counts from its end. Sets the current tolerance to m_EPS.
+    ///
+    /// The far edge is found from the width of the face, the far end from `memberLength`. One that
+    /// is not above 0 is not known: that distance is then measured from 0, so with an unknown
+    /// length a hole too near the start is warned of twice.
+    void CheckEdgeAndEndDist(const CMemTypeAndAttrib& memType, double memberLength);
+
+    /// The hole in a line of 20 blanks, one more, size (and length of a slot or rectangular hole),
+    /// shape, face and position.
+    ZetString GetHoleMsg() const;
+    /// Appends a line that tells the hole, and its warnings as they stand. False, with nothing
+    /// appended, when it has none.
+    bool GetWarMsg(ZetArray<ZetString>& lines) const;
+    /// Appends size, position and errors between two dividers. False, with nothing appended, when
+    /// it has no errors.
+    bool GetErrMsg(ZetArray<ZetString>& lines) const;
 
     double GetXPos() const { return m_isXRaw ? m_holeData.x : m_correctedX; }
     double GetYPos() const { return m_isYRaw ? m_holeData.y : m_correctedY; }

@@ -3,6 +3,7 @@
 #include "camdata/holes/CViewData.h"
 #include "camdata/holes/eHoleFace.h"
 #include "camdata/holes/eHoleMsgType.h"
+#include "camdata/notches/SCheckNotch.h"
 #include "camdata/notches/eNotchStatus.h"
 #include "camdata/platform/Export.h"
 #include "camdata/platform/ZetArray.h"
@@ -108,7 +109,26 @@ class CAMDATA_API CNotchAddInfo {
     /// positions, rounded to one decimal, agree. Reads the current tolerance as it stands.
     bool operator==(const CNotchAddInfo& other) const;
 
+    /// True when a notch that is still eNotchValid is the one that a definition describes: of its
+    /// face (0 and 5 are two here), vertex count (no closing repeat) and shape, and at its corner.
+    /// The notch then gets the definition's text, filled with its own values, as an output text,
+    /// and becomes eNotchCornerMatched. Reads the current tolerance as it stands.
+    ///
+    /// A matching definition with fewer than two selectors fails the assertion "isValid( index )".
+    bool CheckNotchCorner(const SCheckNotch& definition);
+
+    /// Appends position, face and errors, and a divider. The face is named by this record's own
+    /// words: 3 is "web back", 4 and above are "unknown face". False, with nothing appended, unless
+    /// there are errors or the status is eNotchNotAllowed.
+    bool GetErrMsg(ZetArray<ZetString>& lines) const;
+    /// Appends the lines of GetErrMsg whatever the notch holds: its errors, not its warnings.
+    void GetWarMsgData(ZetArray<ZetString>& lines) const;
+    /// Appends a line with the output text added last, and the warnings as they stand. False, with
+    /// nothing appended, when there are no warnings.
+    bool GetWarMsg(ZetArray<ZetString>& lines) const;
+
   private:
+    bool HasShapeOf(const SCheckNotch& definition) const;
     ZetArray<ZetGeomPoint2d> TakePieces(ZetArray<ZetGeomPoint2d> outline,
                                         ZetArray<CNotchAddInfo>& extra);
     void AppendFurtherPieces(const ZetArray<ZetGeomAugPolygon>& pieces,
