@@ -66,6 +66,18 @@ TEST_F(ZetFileAccessTest, OverwritesFromAnEarlierPosition) {
     EXPECT_EQ(m_folder.Read("a.txt"), "new");
 }
 
+TEST_F(ZetFileAccessTest, KnowsItsPositionBehindMoreThanItsBuffer) {
+    constexpr std::int64_t kLines = 10000;
+    ZetFileAccess file;
+    ASSERT_TRUE(file.Open(m_folder.NameOf("big.txt"), L"w"));
+    for (std::int64_t i = 0; i < kLines; ++i) {
+        ASSERT_EQ(file.GetPosition(), 10 * i);
+        ASSERT_TRUE(file.Write(L"012345678\n"));
+    }
+    EXPECT_TRUE(file.Close());
+    EXPECT_EQ(m_folder.Read("big.txt").size(), 10U * kLines);
+}
+
 TEST_F(ZetFileAccessTest, ReadsCharactersAcrossItsBufferAndBadBytes) {
     m_folder.Write("long.txt",
                    std::string(64 * 1024 - 1, 'x') +
@@ -85,6 +97,9 @@ TEST_F(ZetFileAccessTest, ReadsCharactersAcrossItsBufferAndBadBytes) {
     for (wchar_t c = file.ReadChar(); c != ZetFileAccess::kEndOfFile; c = file.ReadChar())
         last += c;
     EXPECT_EQ(last, L"\U0001F529");
+    // Where a character comes as two halves, the second one is forgotten.
+    EXPECT_TRUE(file.SetPosition(64 * 1024 + 6));
+    EXPECT_EQ(file.ReadChar(), last.front());
     EXPECT_TRUE(file.SetPosition(64 * 1024 - 1));
     EXPECT_EQ(file.ReadChar(), L'\x20AC');
     EXPECT_FALSE(file.SetPosition(-1));

@@ -5,6 +5,10 @@
 
 #include <gtest/gtest.h>
 
+#if defined(_WIN32)
+#include <windows.h>
+#endif
+
 namespace {
 
 TEST(ZetStringTest, PartsOutsideTheTextAreEmpty) {
@@ -117,6 +121,18 @@ TEST(ZetStringTest, ConvertsFromAndToUtf8) {
         EXPECT_EQ(text.toUtf8(), c.back);
     }
     EXPECT_EQ(ZetString(std::wstring(1, static_cast<wchar_t>(0xD800))).toUtf8(), replaced);
+}
+
+TEST(ZetStringTest, NarrowCharactersAreThePlatforms) {
+    EXPECT_EQ(ZetString(L"Z20").toNarrow(), "Z20");
+    EXPECT_EQ(ZetString().toNarrow(), "");
+#if defined(_WIN32)
+    if (GetACP() != 1252)
+        GTEST_SKIP() << "code page " << GetACP();
+    EXPECT_EQ(ZetString(L"Träger \x20AC").toNarrow(), "Tr\xE4ger \x80");
+#else
+    EXPECT_EQ(ZetString(L"Träger \x20AC").toNarrow(), "Tr\xC3\xA4ger \xE2\x82\xAC");
+#endif
 }
 
 }  // namespace

@@ -36,7 +36,8 @@ FAKE_HOST_API void fakeHostSetVariable(const wchar_t* name, int type, const wcha
 }
 
 FAKE_HOST_API int kwedGetVar(const wchar_t* name, HostVariable* value) {
-    std::wcscpy(g_answer, L"stale");
+    // What a host leaves behind when it knows no such variable is nobody's business.
+    *value = {HostVariable::eTypeText, std::wcscpy(g_answer, L"stale")};
     const Variable* variable = Find(name);
     if (variable == nullptr)
         return -1;

@@ -18,7 +18,6 @@ class FakeModule {
     FakeModule& operator=(const FakeModule&) = delete;
     ~FakeModule();
 
-    bool IsLoaded() const { return m_library != nullptr; }
     /// A function of the module, of type T, by the platform's own lookup.
     template <typename T>
     T Function(const char* name) const {
