@@ -43,9 +43,10 @@ TEST(NcHost, OffersHeaderOfBeamAndPlate) {
 }
 
 TEST(NcHost, SortsFacesIntoViews) {
-    const NcFileEntity entity = EntityOf({},
-                                         "BO\n  h 1 2 3\n  u 4 5 6\n  o 7 8 9\n  v 10 11 12\n"
-                                         "  u 13 14 15\nSI\n  o 1 2 30 10 T\nKO\n  h 1 2\n");
+    const NcFileEntity entity =
+        EntityOf({},
+                 "BO\n  h 1 2 3\n  u 4 5 6\n  o 7 8 9\n  v 10 11 12\n"
+                 "  u 13 14 15\nSI\n  o 1 2 30 10 T\nKO\n  h 1 2\nPU\n  h 3 4\n");
     const ZetNCStructure structure = entity.getNCStructure(0);
     struct Expected {
         int position;
@@ -66,7 +67,10 @@ TEST(NcHost, SortsFacesIntoViews) {
     }
     EXPECT_EQ(structure.getViews()[0].getNumerations()[0].text, L"T");
     EXPECT_EQ(structure.getViews()[0].getNumerations()[0].angle, 30.0);
-    EXPECT_EQ(structure.getViews()[3].getMarks()[0].points[0].y, 2.0);
+    const ZetArray<ZetNCMark>& marks = structure.getViews()[3].getMarks();
+    EXPECT_EQ(marks[0].points[0].y, 2.0);
+    EXPECT_EQ(marks[0].kind, ZetNCMark::eKindPunch);
+    EXPECT_EQ(marks[1].kind, ZetNCMark::eKindPowder);
     EXPECT_EQ(entity.getHoleTargets()[4].view, 2);
     EXPECT_EQ(entity.getHoleTargets()[4].index, 1);
 }
@@ -143,7 +147,7 @@ struct PlaneCase {
     const char* name;
     const char* points;
     int position;
-    double x;  ///< of the slot that begins at (100, 50) of the plane, at 30 degrees
+    double x;  ///< of slot, text and mark at (100, 50) of the plane, at 30 degrees
     double y;
     double angle;
 };
@@ -166,7 +170,9 @@ TEST(NcHost, TakesParallelPlanesForStandardFaces) {
     for (const PlaneCase& c : cases) {
         SCOPED_TRACE(c.name);
         const NcFileEntity entity = EntityOf(
-            {}, "E3\n " + std::string(c.points) + "\nB3\n  100.00 50.00 18.0 0.0l 40.0 0.0 30.0\n");
+            {},
+            "E3\n " + std::string(c.points) +
+                "\nB3\n  100.00 50.00 18.0 0.0l 40.0 0.0 30.0\nS3\n 100 50 30 10 T\nP3\n 100 50\n");
         const ZetNCStructure structure = entity.getNCStructure(0);
         ASSERT_EQ(structure.getViews().length(), 1);
         EXPECT_EQ(structure.getViews()[0].getViewPos(), c.position);
@@ -174,6 +180,13 @@ TEST(NcHost, TakesParallelPlanesForStandardFaces) {
         EXPECT_NEAR(hole.x, c.x, 1e-5);
         EXPECT_NEAR(hole.y, c.y, 1e-5);
         EXPECT_NEAR(hole.slotAngle, c.angle, 1e-9);
+        const ZetNCNumeration text = structure.getViews()[0].getNumerations()[0];
+        EXPECT_NEAR(text.x, c.x, 1e-5);
+        EXPECT_NEAR(text.y, c.y, 1e-5);
+        EXPECT_NEAR(text.angle, c.angle, 1e-9);
+        const ZetGeomPoint2d mark = structure.getViews()[0].getMarks()[0].points[0];
+        EXPECT_NEAR(mark.x, c.x, 1e-5);
+        EXPECT_NEAR(mark.y, c.y, 1e-5);
     }
 }
 

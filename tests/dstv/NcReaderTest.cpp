@@ -99,6 +99,7 @@ TEST(NcReader, ReadsHoleLines) {
         const std::array<double, 5> numbers = {
             hole.diameter, hole.depth, hole.slotWidth, hole.slotHeight, hole.slotAngle};
         EXPECT_EQ(numbers, c.numbers);
+        EXPECT_EQ(hole.sinkAngle, c.kind == Kind::kCountersunk ? 90.0 : 0.0);
         EXPECT_EQ(hole.outline.empty(), c.form != kRectangle);
     }
 }
@@ -246,9 +247,9 @@ TEST(NcReader, NotesWhatItForgives) {
          "note 11: profile height with a decimal comma\n"},
         {"unknown block", WithBlocks("BR\n  what\n  ever\nEN\n"),
          "warning 26: block BR is not known: skipped\n"},
-        {"data after EN", WithBlocks("EN\n  1 2\nBO\n  v 1 2 3\nEN\n"),
+        {"data after EN", WithBlocks("EN\n  1 2\nBO\n  v 1 2 3\nSI\n  v 1 2 0 5 A\n"),
          "warning 27: line outside of any block: skipped \"1 2\"\n"
-         "warning 28: block BO after EN: read\n"},
+         "warning 28: block BO after EN: read\nwarning 30: block SI after EN: read\n"},
         {"second part", WithBlocks("ST\n  x\nBO\n  nonsense\n"),
          "warning 26: a second part begins here: only the first one is read\n"},
         {"open contour", NcSample().With("AK\n" + box),
@@ -258,6 +259,8 @@ TEST(NcReader, NotesWhatItForgives) {
         {"negative X", WithBlocks("BO\n  v -1 2 3\n"), "warning 27: hole with a negative X\n"},
         {"outside", WithBlocks("BO\n  o 1 90 3\n  v 1 90 3\n"),
          "warning 27: hole outside of its face\n"},
+        {"outside by its centre", WithBlocks("BO\n  v 2960 90 3 0l 60 0 0\n  v 2990 90 3 0l 40 0 0\n"),
+         "warning 28: hole outside of its face\n"},
         {"closed to the rounding", NcSample().With("AK\n" + box + "  0.009 -0.009\n"), ""},
         {"closed not quite", NcSample().With("AK\n" + box + "  0 0.02\n"),
          "warning 31: contour is not closed: closed by a straight edge\n"},
