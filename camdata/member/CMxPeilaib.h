@@ -240,9 +240,13 @@ class CAMDATA_API CMxPeilaib {
     /// Appends to the lists that are there. Sets the current tolerance to m_EPS when a view has
     /// holes or contours; what it calls may set it again.
     void GetAndSortHolesNotches();
-    /// Gathers the holes of one view; those set aside in the NC data become duplicate holes.
+    /// Gathers the holes of one view. Those set aside in the NC data become duplicate holes at
+    /// once; the others are ordered, then countersinks and then duplicates leave. Sets the current
+    /// tolerance as MakeDupHoleArr does.
     void SetHoleDataArr(ZetArray<ZetNCHoleData> holes, CViewData view);
-    /// Gathers the external or the internal contours of one view.
+    /// Gathers the external or the internal contours of one view, of each the further pieces first.
+    /// A notch of a kind of which the limits allow none gets eNotchNotAllowed, unless it is
+    /// eNotchNone. Sets the current tolerance as CNotchAddInfo::SetNotchData does.
     void SetNotchDataArr(ZetArray<ZetNCContour> contours, CViewData view);
     /// Orders holes by X, at exactly equal X by Y. Not stable: of holes at one place later ones may
     /// come first, and that decides which of them is the duplicate.
@@ -263,8 +267,9 @@ class CAMDATA_API CMxPeilaib {
     /// Moves holes of one view that stand at the place of an earlier one, touch it or overlap it to
     /// the list of duplicate holes. Sets the current tolerance to m_EPS when it compares two holes.
     void MakeDupHoleArr(ZetArray<CHoleAddlInfo>& holes);
-    /// Moves the member's holes that lie inside a slot to the list of duplicate holes. Sets the
-    /// current tolerance to m_tol_y when it compares a slot with another hole.
+    /// Moves the member's holes that lie inside a slot to the list of duplicate holes, once per
+    /// slot that holds them. A hole that has status eHoleStatusInsideSlot already is dropped. Sets
+    /// the current tolerance to m_tol_y when it compares a slot with another hole.
     void MakeDupHoleArrForHolesInsideSlot();
     /// Moves notches that equal an earlier one to the list of duplicate notches. Reads the current
     /// tolerance as it stands.

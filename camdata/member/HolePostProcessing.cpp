@@ -59,9 +59,10 @@ bool CMxPeilaib::TagThisCSKtoMainHole(ZetArray<CHoleAddlInfo>& holes,
 }
 
 long CMxPeilaib::SetWebFaceForCSKHoles(ZetArray<CHoleAddlInfo>& holes) {
-    return static_cast<long>(std::count_if(holes.begin(), holes.end(), [](CHoleAddlInfo& hole) {
-        return hole.SetWebFaceCorrectly();
-    }));
+    long changed = 0;
+    for (CHoleAddlInfo& hole : holes)
+        changed += hole.SetWebFaceCorrectly() ? 1 : 0;
+    return changed;
 }
 
 void CMxPeilaib::MakeDupHoleArr(ZetArray<CHoleAddlInfo>& holes) {

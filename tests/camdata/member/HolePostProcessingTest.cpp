@@ -230,6 +230,14 @@ TEST_F(HolePostProcessingTest, AHoleInsideTwoSlotsIsADuplicateTwice) {
     EXPECT_EQ(member.m_duplicateHoles[1].GetHoleStatus(), eHoleStatusInsideSlot);
 }
 
+TEST_F(HolePostProcessingTest, HolesMarkedAsInsideASlotBeforeAreDropped) {
+    member.m_holes = {WithStatus(HoleAt(100, 50).Round(1), eHoleStatusInsideSlot),
+                      HoleAt(200, 50).Round(2)};
+    member.MakeDupHoleArrForHolesInsideSlot();
+    EXPECT_EQ(SizesOf(member.m_holes), Numbers{2});
+    EXPECT_TRUE(member.m_duplicateHoles.isEmpty());
+}
+
 /// Slots hold each other, and one that is on its way out holds holes still.
 TEST_F(HolePostProcessingTest, EqualSlotsRemoveEachOtherAndWhatTheyHold) {
     member.m_holes = {

@@ -162,6 +162,16 @@ TEST(ViewFacesTest, FacesOfPlanesOfTheirOwn) {
     }
 }
 
+/// Gathering selects the tolerance first: 1 mm above the bottom flange is no bottom flange.
+TEST(ViewFacesTest, PlanesAreJudgedWithTheToleranceOfGathering) {
+    CMxGeom::SetTol(eTolValue, 7.0);
+    const ZetGeomPlane aboveBottom = {
+        {0, 3, 0},
+        kAlong, kToFront
+    };
+    EXPECT_EQ(ViewDataOf(L"SO", aboveBottom).GetHoleFace(), eHoleFaceTopFlange);
+}
+
 TEST(ViewFacesTest, SignAndOffsetOfYInPlanesOfTheirOwn) {
     struct Case {
         const char* name;
