@@ -15,8 +15,8 @@ namespace camjob {
 namespace {
 
 constexpr const char* kExitCodes =
-    "Exit codes: 0 done; 2 bad usage, or a file that cannot be read; 3 the report could not be "
-    "written.";
+    "Exit codes: 0 done; 1 done, but a member has errors; 2 bad usage, or a file that cannot be "
+    "read; 3 the report could not be written. The highest wins.";
 
 std::string Version() {
     return "camjob " + CMxUtil::GetDllVersion(OwnModule()).toUtf8();
