@@ -33,6 +33,10 @@
 
 #include <utility>
 
+namespace camdata::detail {
+struct MemberKeys;
+}
+
 /// How far a member has come; the first that applies of 1, 2, 3 and 0.
 enum eMemProcessStatus : int {
     eMemProcessClean = 0,         ///< processed, nothing to report
@@ -102,6 +106,16 @@ class CAMDATA_API CMxPeilaib {
     int SubtractQty(int n = 1);
     /// There is a warning, or more than one line in the second warning list.
     bool IsWarningExist() const;
+
+    /// Orders two members, given as pointers to elements of an array of CMxPeilaib*: negative when
+    /// the first comes before the second, positive when after, 0 when no key tells them apart. Sets
+    /// the current tolerance to m_EPS.
+    ///
+    /// The keys are the first member's. Numbers that are equal within the tolerance leave the
+    /// decision to the next key, so the order is not transitive, and two numbers as far apart as
+    /// the tolerance may each come after the other: no algorithm that needs a strict order may sort
+    /// by it.
+    static int compare(const void* first, const void* second);
 
     /// Adds a line to the list of `type`. False, with the line dropped, for any other type.
     bool AppendMsg(eMsgType type, ZetString line);
@@ -197,6 +211,12 @@ class CAMDATA_API CMxPeilaib {
     /// Writes the member's warnings. The library does not call it.
     virtual void WriteMemWarnings(ZetFileAccess* file) = 0;
 
+    /// Reports a single part: how many of its quantity were too few or are left over, then its
+    /// error block to the last of the files and, when it is valid, its warning block to the last
+    /// but one. Non-standard messages count as warnings; what was reported before is dropped. A
+    /// file that is not open sends its lines to the host's command line. Without files it fails the
+    /// assertion "!isEmpty()", with one file "isValid( index )".
+    virtual void PrintSinglePartDetail(const ZetArray<ZetFileAccess*>& files);
     /// Checks number of holes, of external contours, of internal contours, and the length, in this
     /// order. A limit of -1 or below allows any number. A member with a fixed length is checked
     /// against that, any other against minimum and maximum; lengths may be off by the tolerance,
@@ -284,13 +304,44 @@ class CAMDATA_API CMxPeilaib {
     /// are not reset first.
     long MakeValidNotches();
 
+    /// Heads the error block, when there are errors, and the warning block, when there are
+    /// warnings, with the lines that tell part number, section and quantity, and enters the blocks
+    /// in the locations of the additional information. Non-standard messages become warnings.
+    /// Decides whether the member is valid: it is when it has no error. Always true.
+    ///
+    /// For once per member: it repeats what it appends.
+    bool CreateErrWarHeader();
+
+    /// Lists the parts attached to the member's entity, unless parts are listed already. When the
+    /// host fails, the list stays empty.
+    void GetAttachedPartNos();
+    /// The NC header of an attached entity, made in the style of the member's creator. The profile
+    /// name of a structure entity is the one that its structure object knows.
+    ZetNCHeaderData GetAttachedEntityHeaderData(ZetNCEntity* entity) const;
+    /// Takes each attached part, once for each piece of this member's quantity, from the first of
+    /// the given members that has its mark, and notes what that member says of it. Files a finding
+    /// for parts that are missing. An invalid member is as good as none left.
+    ///
+    /// A member left with exactly -1 counts as not found: those of the same mark behind it are
+    /// taken from, too. Where no member has the mark, the finding names 1 part.
+    void CheckAttachedPartsSelection(ZetArray<CMxPeilaib*>& members);
+
   private:
+    friend struct camdata::detail::MemberKeys;
+
     struct ReportEffect;
     struct ReportEffects;
 
     /// Files a finding of a check of the member and returns its report type.
     eReportingTypes AppendMsg(eValidationTypes type, ZetString line);
     void ApplyEffect(const ReportEffect& effect, const ZetArray<ZetString>& lines);
+    /// Appends a line and keeps it as the one formatted last.
+    void AppendLine(ZetArray<ZetString>& list, ZetString line);
+    void HeadReport(ZetArray<ZetString>& report, const ZetString& section, long block);
+    void DropReported();
+    void AppendQtyFinding();
+    int TakeFromSelection(CMxAttPartNoAndQty& part, const ZetArray<CMxPeilaib*>& members) const;
+    void FileShortfall(int missing, const ZetString& partNo);
     void CheckCounts();
     void CheckLength();
     void CheckLengthRange(double length);

@@ -1,13 +1,11 @@
 #include "camdata/holes/CMxGeom.h"
 #include "camdata/member/CMxPeilaib.h"
+#include "camdata/member/MemberIndent.h"
 #include "camdata/util/CMxUtil.h"
 
 #include <cmath>
 
 namespace {
-
-/// Blanks before a line.
-constexpr int kIndent = 10;
 
 /// Formats of an excess and a limit.
 using CountFormat = ZetFormatString<ZetString, long, long>;
@@ -55,7 +53,7 @@ void CMxPeilaib::FileFinding(eValidationTypes type,
                              ZetFormatString<ZetString, T, T> format,
                              T found,
                              T limit) {
-    m_message = ZetString::format(format, CMxUtil::GetSpaces(kIndent, false), found, limit);
+    m_message = ZetString::format(format, camdata::detail::MemberIndent(), found, limit);
     AppendMsg(type, m_message);
 }
 
