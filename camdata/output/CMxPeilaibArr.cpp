@@ -1,0 +1,3 @@
+#include "camdata/output/CMxPeilaibArr.h"
+
+CMxPeilaibArr::~CMxPeilaibArr() = default;

@@ -1,0 +1,141 @@
+#include "camdata/project/CProjectInformation.h"
+
+#include "camdata/platform/ZetFileAccess.h"
+
+#include <algorithm>
+#include <iterator>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+using SetText = void (CProjectInformation::*)(ZetString);
+
+namespace {
+
+struct ProjectDatum {
+    ZetNCProjectData::ID id;
+    SetText set;
+};
+
+constexpr ProjectDatum kProjectData[] = {
+    {ZetProjectDataEnums::eZetCProjectName,       &CProjectInformation::SetProjectName      },
+    {ZetProjectDataEnums::eZetCProjectNo,         &CProjectInformation::SetProjectNo        },
+    {ZetProjectDataEnums::eZetCClient,            &CProjectInformation::SetClient           },
+    {ZetProjectDataEnums::eZetCColdRolledCust,    &CProjectInformation::SetColdRolledCust   },
+    {ZetProjectDataEnums::eZetCColdRolledOrderNo, &CProjectInformation::SetColdRolledOrderNo},
+    {ZetProjectDataEnums::eZetCContractor,        &CProjectInformation::SetContractor       },
+    {ZetProjectDataEnums::eZetCDesigner,          &CProjectInformation::SetDesigner         },
+    {ZetProjectDataEnums::eZetCDetailer,          &CProjectInformation::SetDetailer         },
+};
+static_assert(std::size(kProjectData) == 8);
+
+// The entries of the settings file, in the order of the file.
+constexpr SetText kSettings[] = {
+    &CProjectInformation::SetFileName,
+    &CProjectInformation::SetColdRolledOrderNo,
+    &CProjectInformation::SetColdRolledOrderDate,
+    &CProjectInformation::SetMxComments,
+    &CProjectInformation::SetRevision,
+    &CProjectInformation::SetRevisionDate,
+    &CProjectInformation::SetDeliveryDate,
+    &CProjectInformation::SetMxDeliveryAddress,
+};
+static_assert(std::size(kSettings) == 8);
+
+constexpr std::wstring_view kLineEnd = L"\r\n";
+
+/// Puts the characters of a settings file together to entries.
+class SettingsReader {
+  public:
+    void Add(wchar_t c) {
+        const bool beginsLine = std::exchange(m_isAfterLineFeed, c == L'\n');
+        if (m_entry.empty() && c == L'+')
+            return;
+        if (beginsLine)
+            ReopenLastEntry();
+        if (c == L'\n')
+            m_entries.push_back(std::exchange(m_entry, {}));
+        else
+            m_entry += c;
+    }
+    std::vector<std::wstring> Entries() && { return std::move(m_entries); }
+
+  private:
+    /// The line that begins here belongs to the entry before.
+    void ReopenLastEntry() {
+        m_entry = std::move(m_entries.back());
+        m_entries.pop_back();
+        // Meant for the CR of a CR LF line end; any other character goes too.
+        if (!m_entry.empty())
+            m_entry.pop_back();
+        m_entry += kLineEnd;
+    }
+
+    std::vector<std::wstring> m_entries;
+    std::wstring m_entry;
+    bool m_isAfterLineFeed = false;
+};
+
+/// The entries up to the end of the file; nothing when that is not reached.
+std::optional<std::vector<std::wstring>> ReadEntries(ZetFileAccess& file) {
+    SettingsReader reader;
+    wchar_t c = file.ReadChar();
+    for (long length = 0; c != ZetFileAccess::kEndOfFile; c = file.ReadChar()) {
+        if (++length > CProjectInformation::kMaxSettingsLength)
+            return std::nullopt;
+        reader.Add(c);
+    }
+    if (file.GetFault())
+        return std::nullopt;
+    return std::move(reader).Entries();
+}
+
+}  // namespace
+
+// A program that takes their address looks for them in the library on Windows.
+constexpr int CProjectInformation::s_iCharSize;
+constexpr long CProjectInformation::kMaxSettingsLength;
+
+CProjectInformation::~CProjectInformation() = default;
+
+void CProjectInformation::SetProjectData(const ZetNCProjectData& data) {
+    for (const ProjectDatum& row : kProjectData)
+        (this->*row.set)(data.GetData(row.id));
+}
+
+void CProjectInformation::SetOutPuts(const ZetArray<COutPutFiles>& files) {
+    m_fileNameArr = files;
+    m_noOfOutPuts = files.length();
+}
+
+bool CProjectInformation::GetDetailFromFile() {
+    ZetFileAccess file;
+    if (!file.Open(m_location + m_settingFileName, L"r"))
+        return true;
+    auto entries = ReadEntries(file);
+    if (!entries || !std::cmp_equal(entries->size(), m_expectedEntryCount))
+        return false;
+    const std::size_t count = std::min(entries->size(), std::size(kSettings));
+    for (std::size_t i = 0; i < count; ++i)
+        (this->*kSettings[i])(ZetString(std::move((*entries)[i])));
+    return true;
+}
+
+void CProjectInformation::AppendFileHeaderLine(const ZetString& label, const ZetString& value) {
+    const ZetString text = ZetString::format(L"%s%-25s : %s", m_commentStr, label, value);
+    const std::wstring_view whole = text.view();
+    // A line end at the very beginning is none that the text is cut for.
+    if (whole.find(kLineEnd, 1) == std::wstring_view::npos)
+        return m_fileHeaderArr.append(text);
+    std::size_t end = whole.find(kLineEnd);
+    m_fileHeaderArr.append(ZetString(whole.substr(0, end)));
+    while (end != std::wstring_view::npos) {
+        const std::size_t start = end + kLineEnd.size();
+        end = whole.find(kLineEnd, start);
+        const std::wstring_view piece = whole.substr(start, end - start);
+        m_fileHeaderArr.append(ZetString::format(L"%-27s : %s", m_commentStr, piece));
+    }
+}
+
+void CProjectInformation::ShowDialog() {}
