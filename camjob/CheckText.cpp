@@ -3,6 +3,7 @@
 #include "camjob/TextTable.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace camjob {
 
@@ -18,6 +19,13 @@ std::string Printable(const ZetString& text) {
     };
     std::replace_if(shown.begin(), shown.end(), isControl, wchar_t{0xFFFD});
     return ZetString(shown).toUtf8();
+}
+
+/// A file's name may hold line ends, which must not look like lines of the report.
+ZetString OneLine(const ZetString& text) {
+    std::wstring line(text.view());
+    std::replace(line.begin(), line.end(), L'\n', wchar_t{0xFFFD});
+    return ZetString(std::move(line));
 }
 
 /// One decimal, and no sign before zero.
@@ -229,7 +237,7 @@ ZetString CountLines(const CheckSummary& summary) {
 ZetString RefusedLines(const CheckSummary& summary) {
     ZetString lines;
     for (const dstv::NcError& error : summary.errors)
-        lines += kIndent + error.describe() + L"\n";
+        lines += kIndent + OneLine(error.describe()) + L"\n";
     const long unlisted = summary.filesRefused - static_cast<long>(summary.errors.size());
     if (unlisted > 0)
         lines += ZetString::format(L"  and %d more\n", unlisted);
@@ -239,7 +247,7 @@ ZetString RefusedLines(const CheckSummary& summary) {
 }  // namespace
 
 void CheckTextWriter::AddRead(const CheckReport& report) {
-    const ZetString text = Paragraphs({report.file + L"\n" + HeaderLines(report.header),
+    const ZetString text = Paragraphs({OneLine(report.file) + L"\n" + HeaderLines(report.header),
                                        NoteLines(report.notes),
                                        HoleTable(report.holes),
                                        NotchTable(report.notches),
@@ -250,7 +258,7 @@ void CheckTextWriter::AddRead(const CheckReport& report) {
 
 void CheckTextWriter::AddRefused(const dstv::NcError& error) {
     m_out.Flush();
-    m_err.Write(Printable(error.describe() + L"\n"));
+    m_err.Write(Printable(OneLine(error.describe()) + L"\n"));
     m_err.Flush();
 }
 

@@ -58,6 +58,7 @@ const Case kCases[] = {
     {"StandardInput",        {"check", "-"},                        2, "1 file refused\n",                "-: standard input \"-\": expected"  },
     {"JsonAfterFiles",       {"check", "{}good.nc1", "--json"},     0, "\"schema\"",                      ""                                   },
     {"DashInAName",          {"check", "--", "{}-x.nc1"},           0, "1 file read",                     ""                                   },
+    {"LineEndInAName",       {"check", "{}a\nb.nc1"},               2, "1 file refused\n",                "a\uFFFDb.nc1: "                     },
     {"NamedLikeACommand",    {"check", "check"},                    2, "1 file refused\n",                "check: "                            },
 };
 
