@@ -13,7 +13,7 @@ using Operation = ZetFileFault::Operation;
 
 namespace {
 
-constexpr std::size_t kBufferSize = 64 * 1024;
+constexpr std::size_t kBufferSize = std::size_t{64} * 1024;
 constexpr std::size_t kLongestCharacter = 4;  // bytes of UTF-8
 
 struct ModeRow {

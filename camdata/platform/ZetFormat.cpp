@@ -114,7 +114,7 @@ int ExponentOf(double magnitude, int precision) {
     number.Print(magnitude, std::chars_format::scientific, precision);
     number.buffer[number.length] = '\0';
     const std::string_view text = number.View();
-    return std::atoi(text.data() + text.find('e') + 1);
+    return static_cast<int>(std::strtol(text.data() + text.find('e') + 1, nullptr, 10));
 }
 
 /// `%g`: the shorter of both forms, without trailing zeros unless the alternate form asks for them.

@@ -5,6 +5,7 @@
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <random>
 #include <string>
 
 #include <gtest/gtest.h>
@@ -20,7 +21,8 @@ class TempFolder {
             c = c == '/' ? '-' : c;
         m_path = std::filesystem::temp_directory_path() /
                  std::filesystem::path(u8"Träger und Maße") / flat;
-        std::filesystem::remove_all(m_path);
+        // The same tests may run at the same time from another build.
+        m_path += "-" + std::to_string(std::random_device()());
         std::filesystem::create_directories(m_path);
     }
     ~TempFolder() {
