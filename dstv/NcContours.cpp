@@ -30,6 +30,13 @@ bool AreSame(const NcContourPoint& a, const NcContourPoint& b) {
     return std::abs(a.x - b.x) <= kSamePoint && std::abs(a.q - b.q) <= kSamePoint;
 }
 
+/// True when all that follows a contour is its closing point once more.
+bool RepeatsClosingPoint(const NcOpenOutline& outline, const std::vector<NcContour>& contours) {
+    return !contours.empty() && outline.points.size() == 1 && outline.notchLines.empty() &&
+           contours.back().place == outline.place &&
+           AreSame(contours.back().points.back(), outline.points.front());
+}
+
 bool IsBevelled(const NcContourPoint& point) {
     return point.bevels[0].angle != 0.0 || point.bevels[1].angle != 0.0;
 }
@@ -163,6 +170,9 @@ std::vector<ZetGeomPoint2d> NcParser::CheckedOutline(const NcOpenOutline& outlin
 
 void NcParser::FinishContour(NcOpenOutline outline) {
     const NcLine first = outline.lines.empty() ? m_block.line : outline.lines.front();
+    if (RepeatsClosingPoint(outline, m_part.contours))
+        return m_notes.Note(first.number,
+                            L"closing point of a contour repeated: it does not count");
     if (outline.points.size() < 3)
         FailAt(first, kContour, Trimmed(first.text), L"at least 3 points");
     CloseContour(outline);

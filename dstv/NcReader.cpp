@@ -2,6 +2,7 @@
 
 #include "dstv/NcParser.h"
 
+#include <cerrno>
 #include <cstdio>
 #include <memory>
 #include <string>
@@ -27,6 +28,11 @@ NcError FileError(const std::filesystem::path& path, const ZetString& expected) 
     return {PathText(path), 0, 0, L"file", PathText(path), expected};
 }
 
+/// Why a call of the system failed.
+ZetString ErrorText(int systemError) {
+    return ZetString::fromUtf8(std::generic_category().message(systemError));
+}
+
 }  // namespace
 
 ZetString PathText(const std::filesystem::path& path) {
@@ -43,7 +49,7 @@ NcResult ReadNcFile(const std::filesystem::path& path) {
         return FileError(path, L"a file, not a folder");
     const File file = Open(path);
     if (!file)
-        return FileError(path, L"a file that can be opened");
+        return FileError(path, L"a file that can be opened (" + ErrorText(errno) + L")");
     constexpr std::size_t kPiece = 1u << 16;
     std::string bytes;
     for (std::size_t count = kPiece; count == kPiece && bytes.size() <= kMaxFileBytes;) {
