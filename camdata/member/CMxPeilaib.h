@@ -127,6 +127,18 @@ class CAMDATA_API CMxPeilaib {
     /// the current tolerance to m_tol_x, then as IsEqual leaves it.
     long GetPairHole(long index, CHoleCode code, double spacing);
 
+    /// Adds `qty` pieces to the parts to nest.
+    void AppendNestQtyLen(long qty, double length, ZetString mark);
+    /// Cuts the parts to nest from stock bars, and appends the nests to those made. The parts are
+    /// used up then; those of a quantity of 0 or below are dropped.
+    ///
+    /// Each bar begins with the shortest part and is filled from the shortest up, while its off-cut
+    /// is longer than the reserve length. A second bar is cut like it when there are pieces enough:
+    /// a nest stands for one bar or two, so their number grows with the quantities. Sets the
+    /// current tolerance to m_EPS when there are two parts or more, and reads it as it stands when
+    /// there is one. The library does not call it.
+    void Nesting();
+
     long GetQty() const { return m_memType.GetQty(); }
     /// Rounded to three decimals.
     double GetLength() const { return m_memType.GetLength(); }
@@ -431,6 +443,6 @@ class CAMDATA_API CMxPeilaib {
     ZetArray<CMxNestParts> m_nests;
     /// The parts to nest.
     ZetArray<CMxParts> m_partsToNest;
-    /// Kept free on every stock bar; mm.
+    /// An off-cut that is not longer than this stays: Nesting puts nothing more on the bar; mm.
     double m_reserveLength = 0.0;
 };

@@ -1,0 +1,41 @@
+#include "camdata/member/CMxPeilaib.h"
+#include "camdata/nesting/NestMaker.h"
+#include "camdata/util/MergeSort.h"
+
+#include <utility>
+#include <vector>
+
+namespace {
+
+/// The parts that have pieces, by ascending length. Parts without pieces are sorted like the others
+/// before they are dropped: what is sorted decides the order, and whether the tolerance is set.
+ZetArray<CMxParts> PartsByLength(ZetArray<CMxParts> parts) {
+    std::vector<CMxParts*> order;
+    for (CMxParts& part : parts)
+        order.push_back(&part);
+    camdata::detail::MergeSort(
+        order, [](const CMxParts* a, const CMxParts* b) { return CMxParts::compare(a, b); });
+    ZetArray<CMxParts> sorted;
+    for (CMxParts* part : order) {
+        if (part->GetQty() > 0)
+            sorted.append(std::move(*part));
+    }
+    return sorted;
+}
+
+}  // namespace
+
+void CMxPeilaib::AppendNestQtyLen(long qty, double length, ZetString mark) {
+    CMxParts part;
+    part.SetPartNo(std::move(mark));
+    part.SetQty(qty);
+    part.SetLength(length);
+    m_partsToNest.append(std::move(part));
+}
+
+void CMxPeilaib::Nesting() {
+    camdata::detail::NestMaker maker(PartsByLength(std::exchange(m_partsToNest, {})),
+                                     m_reserveLength);
+    while (maker.HasParts())
+        m_nests.append(maker.Next());
+}
