@@ -1,0 +1,132 @@
+#include "camdata/output/CMxCamGlobAcc.h"
+
+#include "camdata/holes/CMxGeom.h"
+#include "camdata/member/CMxPeilaib.h"
+#include "camdata/member/MemberOrder.h"
+#include "camdata/platform/Modules.h"
+#include "camdata/platform/MxSettings.h"
+#include "camdata/project/CProjectInformation.h"
+#include "camdata/util/CMxUtil.h"
+
+#include <algorithm>
+
+namespace {
+
+/// Index in the group table of the group that takes all secondary parts of assemblies.
+constexpr int kSecondaryPartsIndex = 1;
+
+/// Characters of the library's file version that make the product version.
+constexpr long kProductVersionLength = 4;
+
+bool IsSecondaryPart(const CMxPeilaib& member) {
+    return member.getIsPartOfAssy() && !member.getIsMainPart();
+}
+
+}  // namespace
+
+CMxCamGlobAcc::~CMxCamGlobAcc() = default;
+
+bool CMxCamGlobAcc::SetManuFacturerDetails(ZetString prefix,
+                                           ZetString dirName,
+                                           ZetString fullName) {
+    m_prefix = std::move(prefix);
+    m_dirName = std::move(dirName);
+    m_fullName = std::move(fullName);
+    return true;
+}
+
+void CMxCamGlobAcc::appendGroups(ZetArray<int>& groupIndexMap, ZetArray<CMxGroups>& groups) {
+    appendGroups(std::move(groupIndexMap), std::move(groups));
+}
+
+void CMxCamGlobAcc::appendGroups(ZetArray<int>&& groupIndexMap, ZetArray<CMxGroups>&& groups) {
+    m_groupIndexMap = std::exchange(groupIndexMap, {});
+    m_groups = std::exchange(groups, {});
+}
+
+void CMxCamGlobAcc::appendFileGroups(ZetArray<CMxFileGroups>& fileGroups) {
+    appendFileGroups(std::move(fileGroups));
+}
+
+void CMxCamGlobAcc::appendFileGroups(ZetArray<CMxFileGroups>&& fileGroups) {
+    m_fileGroups = std::exchange(fileGroups, {});
+}
+
+void CMxCamGlobAcc::SetGeomEPSs(double eps,
+                                double generalTol,
+                                double xTol,
+                                double yTol,
+                                double angleTol,
+                                double minEdgeDist,
+                                double minEdgeDistFromFace,
+                                double minEndDist) {
+    CMxGeom::SetEPS(eps);
+    CMxGeom::SetGenTol(generalTol);
+    CMxGeom::SetXTol(xTol);
+    CMxGeom::SetYTol(yTol);
+    CMxGeom::SetAngTol(angleTol);
+    CMxGeom::SetMinEdgeDist(minEdgeDist);
+    CMxGeom::SetMinEdgeDistFromFace(minEdgeDistFromFace);
+    CMxGeom::SetMinEndDist(minEndDist);
+}
+
+bool CMxCamGlobAcc::SetGeomEPSsFromDefault(const ZetString&) {
+    return false;
+}
+
+void CMxCamGlobAcc::SetMxProductVersion() {
+    m_productVersion =
+        MxSettings::getInstance().getValue(L"CurrentMxVersion").value_or(L"[Unknown]");
+}
+
+void CMxCamGlobAcc::SetDllVer(ZetString version) {
+    m_libraryVersion = std::move(version);
+    m_baseLibraryVersion = CMxUtil::GetDllVersion(OwnModule());
+    m_productVersion = m_baseLibraryVersion.left(kProductVersionLength);
+}
+
+bool CMxCamGlobAcc::Append(CMxPeilaib* member) {
+    int index = m_groupIndexMap[member->GetGroupID()];
+    if (IsSecondaryPart(*member))
+        index = kSecondaryPartsIndex;
+    const CMxGroups& group = m_groups[index];
+    member->SetSortOrderArr(group.GetSortOrderArr());
+    ++m_count;
+    ListOf(group).Append(member);
+    return true;
+}
+
+/// The first list with the member group ID of `group`; a new one when there is none.
+CMxPeilaibArr& CMxCamGlobAcc::ListOf(const CMxGroups& group) {
+    for (const auto& list : m_memberLists) {
+        if (list->GetGroup().GetMemGroupID() == group.GetMemGroupID())
+            return *list;
+    }
+    m_memberLists.append(std::make_shared<CMxPeilaibArr>(group));
+    return *m_memberLists.last();
+}
+
+void CMxCamGlobAcc::SortPeilaibArr() {
+    // No two lists have one member group ID, so the order is settled whatever the algorithm.
+    std::sort(m_memberLists.begin(), m_memberLists.end(), [](const auto& a, const auto& b) {
+        return a->GetGroup().GetMemGroupID() < b->GetGroup().GetMemGroupID();
+    });
+    for (const auto& list : m_memberLists)
+        camdata::detail::SortMembers(list->GetMembers());
+}
+
+ZetString CMxCamGlobAcc::GetAnyName(ZetNCProjectData::ID id, long width) const {
+    const ZetString name = m_projectData.GetData(id);
+    return name + ZetString(CMxUtil::m_SpaceChar, std::max(width, 0L) - name.length());
+}
+
+void CMxCamGlobAcc::SetProjectInfo(CProjectInformation* info) {
+    // Setting the object that is there already must not end it.
+    if (info != m_projectInfo.get())
+        m_projectInfo.reset(info);
+}
+
+void CMxCamGlobAcc::showProjInfoUID() {
+    if (m_projectInfo)
+        m_projectInfo->ShowDialog();
+}
