@@ -3,6 +3,7 @@
 #include "camdata/platform/ZetFileAccess.h"
 
 #include <algorithm>
+#include <cstddef>
 #include <iterator>
 #include <optional>
 #include <string>
@@ -59,6 +60,7 @@ class SettingsReader {
         else
             m_entry += c;
     }
+    std::ptrdiff_t Count() const { return std::ssize(m_entries); }
     std::vector<std::wstring> Entries() && { return std::move(m_entries); }
 
   private:
@@ -77,14 +79,16 @@ class SettingsReader {
     bool m_isAfterLineFeed = false;
 };
 
-/// The entries up to the end of the file; nothing when that is not reached.
-std::optional<std::vector<std::wstring>> ReadEntries(ZetFileAccess& file) {
+/// The entries up to the end of the file; nothing when that is not reached, or when they are too
+/// many to become the expected number.
+std::optional<std::vector<std::wstring>> ReadEntries(ZetFileAccess& file, std::int64_t expected) {
     SettingsReader reader;
     wchar_t c = file.ReadChar();
     for (long length = 0; c != ZetFileAccess::kEndOfFile; c = file.ReadChar()) {
-        if (++length > CProjectInformation::kMaxSettingsLength)
-            return std::nullopt;
         reader.Add(c);
+        // One too many may be right at the end: a last line without a line feed drops its entry.
+        if (++length > CProjectInformation::kMaxSettingsLength || reader.Count() > expected + 1)
+            return std::nullopt;
     }
     if (file.GetFault())
         return std::nullopt;
@@ -113,7 +117,7 @@ bool CProjectInformation::GetDetailFromFile() {
     ZetFileAccess file;
     if (!file.Open(m_location + m_settingFileName, L"r"))
         return true;
-    auto entries = ReadEntries(file);
+    auto entries = ReadEntries(file, m_expectedEntryCount);
     if (!entries || !std::cmp_equal(entries->size(), m_expectedEntryCount))
         return false;
     const std::size_t count = std::min(entries->size(), std::size(kSettings));

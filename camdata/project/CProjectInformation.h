@@ -45,7 +45,7 @@ class CAMDATA_API CProjectInformation {
     /// file that cannot be opened changes nothing and gives true.
     bool GetDetailFromFile();
     /// The most characters that a settings file may have.
-    static constexpr long kMaxSettingsLength = 16L * 1024 * 1024;
+    static constexpr long kMaxSettingsLength = 4L * 1024 * 1024;
 
     /// Adds a header entry to the gathered header lines: the comment mark, the label filled up to
     /// 25 characters, " : " and the value. If the whole has CR LF after its first character, it is
