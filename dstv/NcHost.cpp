@@ -209,8 +209,9 @@ void StructureBuilder::NumberPlanes() {
         if (plane.face != NcFace::kPlane || isUsed[i] == 0)
             continue;
         // The same plane defined again is still one view.
+        const ZetGeomPlane view = InclinedViewPlane(plane.plane);
         std::size_t same = 0;
-        while (!(m_part.planes[same].plane == plane.plane && isUsed[same] != 0))
+        while (!(InclinedViewPlane(m_part.planes[same].plane) == view && isUsed[same] != 0))
             ++same;
         m_positions[i] = same < i ? m_positions[same] : next++;
     }
@@ -228,10 +229,10 @@ StructureBuilder::Target StructureBuilder::TargetOf(const NcPlace& place) {
                                  ? ZetGeomPlane()
                                  : m_part.planes[static_cast<std::size_t>(place.plane)].plane;
     const ZetGeomPlane view =
-        isFace ? FacePlane(static_cast<NcFace>(position), m_part.header) : own;
+        isFace ? FacePlane(static_cast<NcFace>(position), m_part.header) : InclinedViewPlane(own);
     Draft& draft = m_drafts[position];
     draft.plane = InMemberFrame(view, m_part.header.profileCode);
-    return {position, draft, isFace && place.plane >= 0 ? PlaneMap(own, view) : PlaneMap()};
+    return {position, draft, place.plane >= 0 ? PlaneMap(own, view) : PlaneMap()};
 }
 
 void StructureBuilder::AddHole(const NcHole& hole) {

@@ -25,6 +25,9 @@ struct NcHoleTarget {
 /// q). Across the piece's Y the nearer of o and u is taken, across Z the one that the normal points
 /// to.
 ///
+/// On an inclined plane whose x axis is parallel to the piece, x counts along the piece from its
+/// start, wherever the file has put the plane's origin and whichever way it runs.
+///
 /// Planes of views have the axes of x and q, so the normal points out of the piece on v and u, and
 /// into it on o and h. They are in the frame of the piece (NcPart.h), for profile codes SO and B in
 /// (X, -Z, Y) of it, the frame in which such members are judged. The host's tag of a hole or

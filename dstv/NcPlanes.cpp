@@ -14,6 +14,7 @@ namespace {
 /// Points on axes are given to 0.01 mm at about 100 mm.
 constexpr ZetGeomTol kParallel = {2e-4};
 
+constexpr ZetGeomVector3d kAlong = {1.0, 0.0, 0.0};
 constexpr ZetGeomVector3d kAcrossY = {0.0, 1.0, 0.0};
 constexpr ZetGeomVector3d kAcrossZ = {0.0, 0.0, 1.0};
 
@@ -68,12 +69,24 @@ NcFace StandardFaceOf(const ZetGeomPlane& plane, const NcHeader& header) {
                                                                        : NcFace::kBottom;
 }
 
+ZetGeomPlane InclinedViewPlane(const ZetGeomPlane& plane) {
+    if (!ZetGeomTol().areParallel(plane.xAxis, kAlong))
+        return plane;
+    return {
+        {0.0, plane.origin.y, plane.origin.z},
+        kAlong, plane.yAxis
+    };
+}
+
 PlaneMap::PlaneMap(const ZetGeomPlane& from, const ZetGeomPlane& to) {
     const auto inTarget = [&](const ZetGeomVector3d& v) {
         return ZetGeomVector2d{v.dot(to.xAxis), v.dot(to.yAxis)};
     };
     const ZetGeomVector2d origin = inTarget(from.origin - to.origin);
     m_origin = {origin.x, origin.y};
+    // Coordinates that are only moved keep all their digits.
+    if (from.xAxis == to.xAxis && from.yAxis == to.yAxis)
+        return;
     m_xAxis = inTarget(from.xAxis);
     m_yAxis = inTarget(from.yAxis);
 }

@@ -27,7 +27,11 @@ ZetGeomPlane FacePlane(NcFace face, const NcHeader& header);
 /// top and bottom, across Z the face that the normal points to.
 NcFace StandardFaceOf(const ZetGeomPlane& plane, const NcHeader& header);
 
-/// Takes (x, q) of a plane into (x, q) of the standard face that it is parallel to.
+/// The plane of the view that an inclined plane becomes. Where its x axis is parallel to the piece,
+/// x runs along the piece from its start, as on the standard faces; else it stays as it is.
+ZetGeomPlane InclinedViewPlane(const ZetGeomPlane& plane);
+
+/// Takes (x, q) of a plane into (x, q) of a view in the same or a parallel plane.
 class PlaneMap {
   public:
     /// Leaves everything as it is.

@@ -153,14 +153,16 @@ void ViewFaces::TakeFlange(const Flange& flange, const ZetGeomPlane& plane, CVie
     const ZetGeomVector3d& across = m_rules.directions.acrossFlange;
     const bool isFlat = ZetGeomTol().areParallel(normal, across);
     const double width = m_memType.GetProfileWidth();
+    // Along a slope, distances across the flange grow.
+    const double slope = isFlat ? 1.0 : std::abs(normal.dot(across));
     m_holeFace = isFlat ? flange.flat : flange.sloped;
     data.SetFaceStr(flange.faceStr);
     data.SetDimFromOtherFace(-1.0);
     data.SetProfileFaceWidth((m_memType.*flange.width)());
-    data.SetFaceWidth(isFlat ? width : width / std::abs(normal.dot(across)));
+    data.SetFaceWidth(width / slope);
     data.SetDimYNegate(SignFactor(plane.origin.*m_rules.signOnFlange));
     if (m_rules.hasYOffset)
-        data.SetYValOffset(plane.origin.*m_rules.signOnFlange);
+        data.SetYValOffset(plane.origin.*m_rules.signOnFlange / slope);
 }
 
 void ViewFaces::TakeWeb(const ZetGeomPlane& plane, CViewData& data) const {

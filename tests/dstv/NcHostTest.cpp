@@ -165,6 +165,8 @@ TEST(NcHost, TakesParallelPlanesForStandardFaces) {
         {"bottom, moved",            "100 0 10 200 0 10 100 0 110",     2, 200.0, 60.0,  30.0 },
         {"rounded to 0.01",          "0 0 81 100 0 81.01 0 100 81",     1, 100.0, 50.0,  30.0 },
         {"inclined",                 "0 0 90 100 0 90 0 151 41",        5, 100.0, 50.0,  30.0 },
+        {"inclined, moved",          "500 0 90 600 0 90 500 151 41",    5, 600.0, 50.0,  30.0 },
+        {"inclined, running back",   "500 0 90 400 0 90 500 151 41",    5, 400.0, 50.0,  150.0},
         {"across the piece",         "0 0 0 0 9 0 0 0 9",               5, 100.0, 50.0,  30.0 },
     };
     for (const PlaneCase& c : cases) {

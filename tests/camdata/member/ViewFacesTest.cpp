@@ -182,20 +182,21 @@ TEST(ViewFacesTest, SignAndOffsetOfYInPlanesOfTheirOwn) {
         double yValOffset;
     };
     const Case cases[] = {
-        {"SO flange from behind",        L"SO", {0, 200, 0},   kToFront, 1.0,  0.0  },
-        {"SO flange from the front",     L"SO", {0, 200, 60},  kToBack,  -1.0, -60.0},
-        {"SO flange, just behind",       L"SO", {0, 200, 0.1}, kToFront, 1.0,  -0.1 },
-        {"SO web at the front",          L"SO", {0, 0, 60},    kUp,      1.0,  60.0 },
-        {"SO web, normal to the back",   L"SO", {0, 200, 60},  kDown,    1.0,  -60.0},
-        {"SO web from below the bottom", L"SO", {0, -5, 0},    kUp,      -1.0, 0.0  },
-        {"B flange from the front",      L"B",  {0, 200, 60},  kToBack,  1.0,  0.0  },
-        {"B flange below the bottom",    L"B",  {0, -5, 60},   kToBack,  -1.0, 0.0  },
-        {"B web behind",                 L"B",  {0, 0, 0},     kUp,      1.0,  0.0  },
-        {"B web at the front",           L"B",  {0, 0, 60},    kUp,      -1.0, 0.0  },
-        {"C flange from the front",      L"C",  {0, 200, 60},  kToBack,  1.0,  0.0  },
-        {"C flange, starts behind",      L"C",  {0, 200, -60}, kToFront, -1.0, 0.0  },
-        {"C web at the front",           L"C",  {0, 0, 60},    kUp,      1.0,  0.0  },
-        {"C web from below the bottom",  L"C",  {0, -5, 60},   kUp,      -1.0, 0.0  },
+        {"SO flange from behind",        L"SO", {0, 200, 0},   kToFront,         1.0,  0.0  },
+        {"SO flange from the front",     L"SO", {0, 200, 60},  kToBack,          -1.0, -60.0},
+        {"SO slope from the front",      L"SO", {0, 155, 60},  {0.0, 0.6, -0.8}, -1.0, -75.0},
+        {"SO flange, just behind",       L"SO", {0, 200, 0.1}, kToFront,         1.0,  -0.1 },
+        {"SO web at the front",          L"SO", {0, 0, 60},    kUp,              1.0,  60.0 },
+        {"SO web, normal to the back",   L"SO", {0, 200, 60},  kDown,            1.0,  -60.0},
+        {"SO web from below the bottom", L"SO", {0, -5, 0},    kUp,              -1.0, 0.0  },
+        {"B flange from the front",      L"B",  {0, 200, 60},  kToBack,          1.0,  0.0  },
+        {"B flange below the bottom",    L"B",  {0, -5, 60},   kToBack,          -1.0, 0.0  },
+        {"B web behind",                 L"B",  {0, 0, 0},     kUp,              1.0,  0.0  },
+        {"B web at the front",           L"B",  {0, 0, 60},    kUp,              -1.0, 0.0  },
+        {"C flange from the front",      L"C",  {0, 200, 60},  kToBack,          1.0,  0.0  },
+        {"C flange, starts behind",      L"C",  {0, 200, -60}, kToFront,         -1.0, 0.0  },
+        {"C web at the front",           L"C",  {0, 0, 60},    kUp,              1.0,  0.0  },
+        {"C web from below the bottom",  L"C",  {0, -5, 60},   kUp,              -1.0, 0.0  },
     };
     for (const Case& each : cases) {
         SCOPED_TRACE(each.name);
@@ -221,6 +222,20 @@ TEST(ViewFacesTest, AHoleInEitherPlaneOfAFlangeIsTheSame) {
         EXPECT_EQ(hole.GetXPos(), 900.0);
         EXPECT_EQ(hole.GetYPos(), 40.0);
     }
+}
+
+/// On a slope too, measured along it: 20 from the front edge of a face 75 wide.
+TEST(ViewFacesTest, AHoleInEitherPlaneOfASlopedFlangeIsTheSame) {
+    const ZetGeomPlane fromBehind = {
+        {0,   200,  0  },
+        kAlong, {0.0, -0.6, 0.8}
+    };
+    const ZetGeomPlane fromFront = {
+        {0,   155, 60  },
+        kAlong, {0.0, 0.6, -0.8}
+    };
+    EXPECT_NEAR(HolesOf(L"SO", {ViewIn(fromBehind, L"SO", 900, 55)})[0].GetYPos(), 20.0, 1e-9);
+    EXPECT_NEAR(HolesOf(L"SO", {ViewIn(fromFront, L"SO", 900, 20)})[0].GetYPos(), 20.0, 1e-9);
 }
 
 TEST(ViewFacesTest, XIsNegatedInPlanesThatLookBackAlongThePiece) {
