@@ -27,6 +27,6 @@ struct MemberKeys {
 
 /// Sorts members as MergeSort with CMxPeilaib::compare does. That sets the current tolerance to
 /// m_EPS when there are two members or more.
-void SortMembers(ZetArray<CMxPeilaib*>& members);
+CAMDATA_API void SortMembers(ZetArray<CMxPeilaib*>& members);
 
 }  // namespace camdata::detail

@@ -15,7 +15,11 @@ class TestMember : public CMxPeilaib {
     using CMxPeilaib::AppendMsg_VT;
     using CMxPeilaib::ChangeHolePosition;
     using CMxPeilaib::ChangeHolesStatus;
+    using CMxPeilaib::CheckAttachedPartsSelection;
+    using CMxPeilaib::CreateErrWarHeader;
     using CMxPeilaib::GetAndSortHolesNotches;
+    using CMxPeilaib::GetAttachedEntityHeaderData;
+    using CMxPeilaib::GetAttachedPartNos;
     using CMxPeilaib::GetBeamEndPoints;
     using CMxPeilaib::GetEqualPartObj;
     using CMxPeilaib::GetStBeamObj;
@@ -40,16 +44,40 @@ class TestMember : public CMxPeilaib {
     using CMxPeilaib::m_entity;
     using CMxPeilaib::m_entityType;
     using CMxPeilaib::m_equalPart;
+    using CMxPeilaib::m_errorReport;
     using CMxPeilaib::m_errors;
     using CMxPeilaib::m_generalMsgs;
     using CMxPeilaib::m_holes;
     using CMxPeilaib::m_memType;
     using CMxPeilaib::m_message;
+    using CMxPeilaib::m_nests;
     using CMxPeilaib::m_nonStdMsgs;
     using CMxPeilaib::m_notches;
+    using CMxPeilaib::m_partsToNest;
+    using CMxPeilaib::m_reserveLength;
     using CMxPeilaib::m_secondErrors;
     using CMxPeilaib::m_secondWarnings;
+    using CMxPeilaib::m_shortfallAsWarning;
+    using CMxPeilaib::m_splOutStr;
     using CMxPeilaib::m_structure;
     using CMxPeilaib::m_validations;
+    using CMxPeilaib::m_warningReport;
     using CMxPeilaib::m_warnings;
 };
+
+/// A member with this header and with the dimensions that it gives.
+inline TestMember MemberOf(const ZetNCHeaderData& header) {
+    CMemTypeAndAttrib type;
+    // clang-format off
+    type.SetValues(2, 0,
+                   eProfPropHeader, 0, 0, 0.0,
+                   eProfPropHeader, 0, 0, 0.0,
+                   eProfPropHeader, 0, 0, 0.0, 1.0,
+                   eProfPropNone, 0, 0, 0.0, 1.0,
+                   0, 0, L"", L"", 4, 0, 0);
+    // clang-format on
+    type.SetHeaderData(header);
+    TestMember member;
+    member.SetMemObjects(type, CMemberValidations());
+    return member;
+}

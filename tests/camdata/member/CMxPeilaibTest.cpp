@@ -254,24 +254,6 @@ TEST(CMxPeilaibTest, KeepsWhatTheCreatorBringsUntilTheNextOne) {
     EXPECT_EQ(member.GetProfileName(), L"");
 }
 
-/// Dimensions from the header, flange widths from attributes.
-CMemTypeAndAttrib TypeOf(const ZetNCHeaderData& header) {
-    CMemTypeAndAttrib type;
-    // clang-format off
-    type.SetValues(2, 0,
-                   eProfPropHeader, 0, 0, 0.0,
-                   eProfPropHeader, 0, 0, 0.0,
-                   eProfPropHeader, 0, 0, 0.0, 1.0,
-                   eProfPropNone, 0, 0, 0.0, 1.0,
-                   0, 0, L"", L"", 0, 0, 0);
-    // clang-format on
-    CMemAttrib attributes;
-    attributes.SetValues(0.0, 70.0, 80.0, 0.0);
-    type.SetMemAttrib(attributes);
-    type.SetHeaderData(header);
-    return type;
-}
-
 TEST(CMxPeilaibTest, TextsAndDimensionsAreNotTakenForEachOther) {
     ZetNCHeaderData header;
     header.drawingNumber = L"D-7";
@@ -280,8 +262,10 @@ TEST(CMxPeilaibTest, TextsAndDimensionsAreNotTakenForEachOther) {
     header.height = 200.0;
     header.width = 75.0;
     header.thickness = 2.5;
-    TestMember member;
-    member.SetMemObjects(TypeOf(header), CMemberValidations());
+    CMemAttrib attributes;
+    attributes.SetValues(0.0, 70.0, 80.0, 0.0);
+    TestMember member = MemberOf(header);
+    member.m_memType.SetMemAttrib(attributes);
     EXPECT_EQ(member.GetDwgNo(), L"D-7");
     EXPECT_EQ(member.GetMark(), L"P12");
     EXPECT_EQ(member.GetLength(), 1234.568);

@@ -115,7 +115,8 @@ class FakeBeam final : public FakeHostObject<IStraightBeam> {
     HostResult m_offsetResult = kHostOk;
 };
 
-/// An entity whose model object offers a structure and an equal part.
+/// An entity whose model object offers a structure and an equal part. The style that it was run
+/// with is its drawing number.
 class FakePartEntity final : public ZetNCEntity {
   public:
     FakePartEntity() {
@@ -131,8 +132,11 @@ class FakePartEntity final : public ZetNCEntity {
             m_model.addRef();
         return m_hasModel ? &m_model : nullptr;
     }
-    ZetNCHeaderData getHeader(long) const override {
+    ZetNCHeaderData getHeader(long style) const override {
         ZetNCHeaderData header;
+        header.drawingNumber = ZetString::format(L"style %d", style);
+        header.mark = m_mark;
+        header.quantity = m_quantity;
         header.profileName = L"C150";
         header.profileCode = m_profileCode;
         return header;
@@ -143,8 +147,13 @@ class FakePartEntity final : public ZetNCEntity {
         return structure;
     }
 
+    ZetArray<ZetNCEntity*> getAttachedEntities() const override { return m_attachedEntities; }
+
+    ZetString m_mark;
+    long m_quantity = 0;
     ZetString m_profileCode = L"C";
     NCTypes m_type = eNCTypeStructure;
+    ZetArray<ZetNCEntity*> m_attachedEntities;
     bool m_hasModel = true;
     FakeHostObject<IHostObject> m_model;
     FakeStructure m_structure;

@@ -1,0 +1,249 @@
+#include "support/AssertionOf.h"
+#include "support/TempFolder.h"
+#include "support/TestMember.h"
+#include "support/host/FakeHostObjects.h"
+
+#include <string>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+using Lines = ZetArray<ZetString>;
+
+// What is attached
+
+/// An assembly of a beam and a structure, and the member of its main part.
+struct Assembly {
+    Assembly() {
+        beam.m_type = ZetNCEntity::eNCTypeBeam;
+        beam.m_mark = L"S1";
+        beam.m_quantity = 4;
+        structure.m_mark = L"S2";
+        mainPart.m_attachedEntities = {&beam, &structure};
+        creator.setNCEntity(&mainPart);
+        creator.setStyle(17);
+        creator.create();
+        member.SetNCObjects(&creator);
+    }
+
+    FakePartEntity mainPart;
+    FakePartEntity beam;
+    FakePartEntity structure;
+    ZetNCCreator creator;
+    TestMember member;
+};
+
+TEST(AssemblyPartsTest, AttachedPartsAreListedOnceInTheHostsOrder) {
+    Assembly assembly;
+    assembly.member.GetAttachedPartNos();
+    assembly.beam.m_mark = L"later";
+    assembly.member.GetAttachedPartNos();
+    const ZetArray<CMxAttPartNoAndQty>& parts = assembly.member.m_attachedParts;
+    ASSERT_EQ(parts.length(), 2);
+    EXPECT_EQ(parts[0].GetPartNo(), L"S1");
+    EXPECT_EQ(parts[0].GetQty(), 4);
+    EXPECT_EQ(parts[0].GetHeaderData().profileName, L"C150");
+    EXPECT_EQ(parts[0].GetHeaderData().drawingNumber, L"style 17");
+    EXPECT_EQ(parts[1].GetPartNo(), L"S2");
+    EXPECT_EQ(parts[1].GetHeaderData().profileName, L"Z200");
+}
+
+TEST(AssemblyPartsTest, AfterAHostFailurePartsAreListedAnew) {
+    Assembly assembly;
+    assembly.structure.m_structure.m_result = kHostFail;
+    EXPECT_THROW(assembly.member.GetAttachedPartNos(), HostComError);
+    assembly.structure.m_structure.m_result = kHostOk;
+    assembly.member.GetAttachedPartNos();
+    EXPECT_EQ(assembly.member.m_attachedParts.length(), 2);
+}
+
+TEST(AssemblyPartsTest, WhatAHostMayNotHave) {
+    TestMember member;
+    member.GetAttachedPartNos();
+    EXPECT_TRUE(member.m_attachedParts.isEmpty());
+    EXPECT_EQ(member.GetAttachedEntityHeaderData(nullptr).profileName, L"");
+    FakePartEntity structure;
+    structure.m_hasModel = false;
+    EXPECT_EQ(member.GetAttachedEntityHeaderData(&structure).profileName, L"");
+}
+
+// What was selected
+
+struct Selected {
+    const wchar_t* mark;
+    long qty;
+    bool isValid;
+    long qtyAfter;
+};
+
+/// An assembly of `qty` pieces with one part "S1", and how many the finding names; 0: no finding.
+struct SelectionCase {
+    const char* name;
+    long qty;
+    std::vector<Selected> members;
+    int missing;
+};
+
+// clang-format off
+const SelectionCase kSelections[] = {
+    {"some are left over", 2, {{L"S1", 5, true, 3}}, 0},
+    {"all are used", 2, {{L"S1", 2, true, 0}}, 0},
+    {"too few", 4, {{L"S1", 1, true, -3}}, 3},
+    {"not valid: none is taken", 3, {{L"S1", 9, false, 9}}, 3},
+    {"not selected, whatever is needed", 5, {{L"s1", 9, true, 9}}, 1},
+    {"the first of the mark gives", 2,
+     {{L"S0", 9, true, 9}, {L"S1", 9, true, 7}, {L"S1", 9, true, 9}}, 0},
+    {"also when it has too few", 4, {{L"S1", 1, true, -3}, {L"S1", 9, true, 9}}, 3},
+    {"one too few: the next gives, too", 2,
+     {{L"S1", 1, true, -1}, {L"S1", 9, true, 7}, {L"S1", 9, true, 9}}, 0},
+    {"one too few, and no next", 2, {{L"S1", 1, true, -1}}, 1},
+    {"one is needed, the first is not valid", 1, {{L"S1", 9, false, 9}, {L"S1", 9, true, 8}}, 0},
+};
+// clang-format on
+
+TestMember PartOf(const wchar_t* mark, long qty) {
+    ZetNCHeaderData header;
+    header.mark = mark;
+    header.quantity = qty;
+    header.profileName = L"Z20035-20";
+    return MemberOf(header);
+}
+
+ZetString Shortfall(const wchar_t* kind, int missing) {
+    return ZetString::format(
+        L"          %s %d of the single parts (Part no : S1) are not selected / valid for this "
+        L"assembly",
+        kind,
+        missing);
+}
+
+void CheckSelection(const SelectionCase& row, bool isShortfallWarning) {
+    TestMember mainPart = PartOf(L"A1", row.qty);
+    mainPart.m_shortfallAsWarning = isShortfallWarning;
+    mainPart.m_attachedParts.setLength(1);
+    mainPart.m_attachedParts[0].SetPartNo(L"S1");
+    std::vector<TestMember> members;
+    for (const Selected& selected : row.members) {
+        members.push_back(PartOf(selected.mark, selected.qty));
+        members.back().SetValid(selected.isValid);
+    }
+    ZetArray<CMxPeilaib*> pointers;
+    for (TestMember& member : members)
+        pointers.append(&member);
+    mainPart.CheckAttachedPartsSelection(pointers);
+
+    const wchar_t* const kind = isShortfallWarning ? L"*Warning*:" : L"*Error:";
+    const Lines findings = row.missing > 0 ? Lines{Shortfall(kind, row.missing)} : Lines();
+    EXPECT_EQ(mainPart.m_errors, isShortfallWarning ? Lines() : findings);
+    EXPECT_EQ(mainPart.m_nonStdMsgs, isShortfallWarning ? findings : Lines());
+    for (std::size_t i = 0; i < members.size(); ++i)
+        EXPECT_EQ(members[i].GetQty(), row.members[i].qtyAfter) << i;
+}
+
+TEST(AssemblyPartsTest, SelectedMembersGiveAPieceForEachAssembly) {
+    for (const SelectionCase& row : kSelections) {
+        SCOPED_TRACE(row.name);
+        CheckSelection(row, false);
+        CheckSelection(row, true);
+    }
+}
+
+TEST(AssemblyPartsTest, PartsTakeOverWhatTheLastMemberThatGaveSays) {
+    TestMember mainPart = PartOf(L"A1", 2);
+    mainPart.m_attachedParts.setLength(1);
+    mainPart.m_attachedParts[0].SetPartNo(L"S1");
+    TestMember first = PartOf(L"S1", 1);
+    TestMember last = PartOf(L"S1", 9);
+    last.SetHolesMirrored(true);
+    last.m_nonStdMsgs = {L"odd"};
+    last.m_splOutStr = L"special";
+    ZetArray<CMxPeilaib*> members = {&first, &last};
+    mainPart.CheckAttachedPartsSelection(members);
+    const CMxAttPartNoAndQty& part = mainPart.m_attachedParts[0];
+    EXPECT_TRUE(part.GetMirrored());
+    EXPECT_TRUE(part.GetNonStd());
+    EXPECT_EQ(part.GetOutStr(), L"special");
+}
+
+// Single parts
+
+struct PrintCase {
+    long qty;
+    Lines nonStdMsgs;
+    const char* errors;
+    const char* warnings;
+    ZetArray<long> locations;
+};
+
+// clang-format off
+const PrintCase kPrints[] = {
+    {0, {}, "", "", {}},
+    {3, {L"odd"}, "",
+     "Part Number = S1\n"
+     "          Section    = 35-20\n"
+     "          Quantity   = 3\n"
+     "          3 no of parts are not used in any assemblies\n"
+     "odd\n",
+     {3}},
+    {-3, {},
+     "Part Number = S1\n"
+     "          Section    = 35-20\n"
+     "          Quantity   = -3\n"
+     "          3 no of parts are not selected in selection\n",
+     "", {2}},
+    // The warning block of an invalid part is entered but not printed.
+    {-1, {L"odd"},
+     "Part Number = S1\n"
+     "          Section    = 35-20\n"
+     "          Quantity   = -1\n"
+     "          1 no of parts are not selected in selection\n",
+     "", {2, 3}},
+};
+// clang-format on
+
+/// A single part with a report, of which only the non-standard messages may come back.
+TestMember ReportedPart(const PrintCase& row) {
+    TestMember member = PartOf(L"S1", row.qty);
+    member.SetValid(false);
+    for (auto* lines : {&member.m_errors,
+                        &member.m_secondErrors,
+                        &member.m_errorReport,
+                        &member.m_warnings,
+                        &member.m_secondWarnings,
+                        &member.m_warningReport})
+        lines->append(L"reported before");
+    member.SetAddInfoArrLoc({7});
+    member.m_nonStdMsgs = row.nonStdMsgs;
+    return member;
+}
+
+TEST(AssemblyPartsTest, SinglePartsReportWhatIsLeftOfThem) {
+    const TempFolder folder;
+    for (const PrintCase& row : kPrints) {
+        SCOPED_TRACE(row.qty);
+        ZetFileAccess files[3];
+        const char* const names[] = {"other", "warnings", "errors"};
+        for (int i = 0; i < 3; ++i)
+            files[i].Open(folder.NameOf(names[i]), L"w");
+        TestMember member = ReportedPart(row);
+        member.PrintSinglePartDetail({&files[0], &files[1], &files[2]});
+        for (ZetFileAccess& file : files)
+            file.Close();
+        EXPECT_EQ(folder.Read("other"), "");
+        EXPECT_EQ(folder.Read("warnings"), row.warnings);
+        EXPECT_EQ(folder.Read("errors"), row.errors);
+        EXPECT_EQ(member.GetAddInfoArrLoc(), row.locations);
+        EXPECT_EQ(member.GetValid(), row.qty >= 0);
+    }
+}
+
+TEST(AssemblyPartsTest, SinglePartsNeedTwoFiles) {
+    ZetFileAccess file;
+    TestMember member = PartOf(L"S1", 1);
+    EXPECT_EQ(AssertionOf([&] { member.PrintSinglePartDetail({}); }), "!isEmpty()");
+    EXPECT_EQ(AssertionOf([&] { member.PrintSinglePartDetail({&file}); }), "isValid( index )");
+}
+
+}  // namespace

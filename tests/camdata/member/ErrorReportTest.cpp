@@ -1,0 +1,79 @@
+#include "support/TestMember.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+using Lines = ZetArray<ZetString>;
+using Locations = ZetArray<long>;
+
+/// Findings by the letters of their lists: e and E errors, w and W warnings, the capital in the
+/// second list, n non-standard. Then the sections in the blocks; null: no block.
+struct ReportCase {
+    const wchar_t* profileName;
+    const char* findings;
+    const wchar_t* errorSection;
+    const wchar_t* warningSection;
+    Lines warnings;
+    Locations locations;
+};
+
+// clang-format off
+const ReportCase kReports[] = {
+    {L"Z20035-20",  "",     nullptr,       nullptr,   {},                 {}},
+    {L"Z20035-20",  "e",    L"35-20",      nullptr,   {},                 {2}},
+    {L"Z20035-20",  "E",    L"35-20",      nullptr,   {},                 {2}},
+    {L"Z20035-20",  "w",    nullptr,       L"35-20",  {L"w"},             {3}},
+    {L"Z20035-20",  "W",    nullptr,       L"35-20",  {},                 {3}},
+    {L"Z20035-20",  "n",    nullptr,       L"35-20",  {L"n"},             {3}},
+    {L"Z20035-20",  "nenw", L"35-20",      L"35-20",  {L"w", L"n", L"n"}, {2, 3}},
+    {L"ObsoZ35-20", "ew",   L"ObsoZ35-20", L"Z35-20", {L"w"},             {2, 3}},
+    {L"12 Obso",    "e",    L"12 Obso",    nullptr,   {},                 {2}},
+    {L"OBSOZ35-20", "e",    L"Z35-20",     nullptr,   {},                 {2}},
+    {L"Z20",        "e",    L"",           nullptr,   {},                 {2}},
+};
+// clang-format on
+
+TestMember ReportedMember(const ReportCase& row) {
+    ZetNCHeaderData header;
+    header.mark = L"M1";
+    header.quantity = 3;
+    header.profileName = row.profileName;
+    TestMember member = MemberOf(header);
+    for (const char* at = row.findings; *at != '\0'; ++at) {
+        const ZetString line(static_cast<wchar_t>(*at), 1);
+        Lines& list = *at == 'e'   ? member.m_errors
+                      : *at == 'E' ? member.m_secondErrors
+                      : *at == 'w' ? member.m_warnings
+                      : *at == 'W' ? member.m_secondWarnings
+                                   : member.m_nonStdMsgs;
+        list.append(line);
+    }
+    return member;
+}
+
+Lines Block(const wchar_t* section) {
+    if (section == nullptr)
+        return {};
+    return {L"Part Number = M1",
+            ZetString(L"          Section    = ") + section,
+            L"          Quantity   = 3"};
+}
+
+TEST(ErrorReportTest, BlocksAreHeadedAndErrorsDecideValidity) {
+    for (const ReportCase& row : kReports) {
+        for (const bool wasValid : {false, true}) {
+            SCOPED_TRACE(testing::Message() << row.profileName << ' ' << row.findings);
+            TestMember member = ReportedMember(row);
+            member.SetValid(wasValid);
+            EXPECT_TRUE(member.CreateErrWarHeader());
+            EXPECT_EQ(member.GetValid(), row.errorSection == nullptr);
+            EXPECT_EQ(member.m_errorReport, Block(row.errorSection));
+            EXPECT_EQ(member.m_warningReport, Block(row.warningSection));
+            EXPECT_EQ(member.m_warnings, row.warnings);
+            EXPECT_EQ(member.GetAddInfoArrLoc(), row.locations);
+        }
+    }
+}
+
+}  // namespace

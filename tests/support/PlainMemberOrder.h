@@ -1,0 +1,67 @@
+#pragma once
+
+#include "camdata/holes/CMxGeom.h"
+#include "camdata/member/CMxPeilaib.h"
+
+#include <cmath>
+#include <vector>
+
+// The order of members in plain steps, as a reference for the library's.
+
+inline int PlainNumbers(double a, double b) {
+    const double e = CMxGeom::GetEPS();
+    if (std::abs(a - b) <= e)
+        return 0;
+    return a - (b - e) < 0 ? -1 : 1;
+}
+
+inline int PlainKey(int key, const CMxPeilaib& a, const CMxPeilaib& b) {
+    switch (key) {
+        case 0:
+            return a.GetMark().compare(b.GetMark());
+        case 1:
+            return a.GetProfileName().compare(b.GetProfileName());
+        case 2:
+            return PlainNumbers(a.GetWebWidth(), b.GetWebWidth());
+        case 3:
+            return PlainNumbers(a.GetProfileWidth(), b.GetProfileWidth());
+        case 4:
+            return PlainNumbers(a.GetProfileThick(), b.GetProfileThick());
+        case 5:
+            return PlainNumbers(a.GetLength(), b.GetLength());
+        case 6:
+            return static_cast<int>(a.GetProfileName().length() - b.GetProfileName().length());
+        case 7:
+            return static_cast<int>(a.GetGroupID() - b.GetGroupID());
+        default:
+            return 0;
+    }
+}
+
+inline int PlainCompare(const CMxPeilaib& a, const CMxPeilaib& b) {
+    CMxGeom::SetTol(eTolEPS);
+    int result = 0;
+    for (const eSortOrder key : a.GetSortOrderArr()) {
+        if (result == 0)
+            result = PlainKey(key, a, b);
+    }
+    return result;
+}
+
+/// A merge sort of copies, the first part being the smaller one.
+inline std::vector<CMxPeilaib*> PlainSorted(const std::vector<CMxPeilaib*>& members) {
+    if (members.size() < 2)
+        return members;
+    const auto middle = members.begin() + static_cast<std::ptrdiff_t>(members.size() / 2);
+    const std::vector<CMxPeilaib*> left = PlainSorted({members.begin(), middle});
+    const std::vector<CMxPeilaib*> right = PlainSorted({middle, members.end()});
+    std::vector<CMxPeilaib*> sorted;
+    std::size_t l = 0;
+    std::size_t r = 0;
+    while (sorted.size() < members.size()) {
+        const bool isRight =
+            l == left.size() || (r < right.size() && PlainCompare(*left[l], *right[r]) > 0);
+        sorted.push_back(isRight ? right[r++] : left[l++]);
+    }
+    return sorted;
+}
