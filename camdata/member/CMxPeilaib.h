@@ -332,7 +332,7 @@ class CAMDATA_API CMxPeilaib {
     ZetNCHeaderData GetAttachedEntityHeaderData(ZetNCEntity* entity) const;
     /// Takes each attached part, once for each piece of this member's quantity, from the first of
     /// the given members that has its mark, and notes what that member says of it. Files a finding
-    /// for parts that are missing. An invalid member is as good as none left.
+    /// for parts that are missing. An invalid member gives none of its own.
     ///
     /// A member left with exactly -1 counts as not found: those of the same mark behind it are
     /// taken from, too. Where no member has the mark, the finding names 1 part.
