@@ -1,0 +1,182 @@
+#include "support/AssertionOf.h"
+#include "support/CurrentTolerance.h"
+#include "support/TestMember.h"
+
+#include "camdata/holes/CMxGeom.h"
+#include "camdata/output/CMxCamGlobAcc.h"
+#include "camdata/platform/MxSettings.h"
+#include "camdata/project/CProjectInformation.h"
+
+#include <fstream>
+#include <optional>
+#include <string>
+#include <utility>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+using namespace ZetProjectDataEnums;
+
+/// Two groups of member group IDs 0 and 1, the first one sorted by length; group IDs of members: 0
+/// is in the first, 2 in a group that is not there.
+CMxCamGlobAcc Accumulator() {
+    ZetArray<CMxGroups> groups = {{}, {}};
+    groups[0].setValues(0, ZetArray<long>(), {}, {eSortLength});
+    groups[1].setValues(1, ZetArray<long>(), {}, {eSortMark});
+    ZetArray<int> map = {0, 1, 2};
+    CMxCamGlobAcc accumulator;
+    accumulator.appendGroups(map, groups);
+    EXPECT_TRUE(map.isEmpty() && groups.isEmpty());
+    return accumulator;
+}
+
+TEST(CMxCamGlobAccTest, AppendCountsAndGivesTheSortOrderOfTheGroup) {
+    CMxCamGlobAcc accumulator = Accumulator();
+    TestMember member;
+    member.SetSortOrderArr({eSortGroupID});
+    member.SetGroupID(0);
+    EXPECT_TRUE(accumulator.Append(&member));
+    EXPECT_TRUE(accumulator.Append(&member));
+    EXPECT_EQ(accumulator.GetCount(), 2);
+    EXPECT_EQ(member.GetSortOrderArr(), ZetArray<eSortOrder>{eSortLength});
+    // A part of an assembly that no host object calls the main part.
+    member.m_validations.SetPartofAssy(true);
+    accumulator.Append(&member);
+    EXPECT_EQ(member.GetSortOrderArr(), ZetArray<eSortOrder>{eSortMark});
+}
+
+TEST(CMxCamGlobAccTest, AppendOfAnUnknownGroupChangesNothing) {
+    CMxCamGlobAcc accumulator = Accumulator();
+    const struct {
+        long groupID;
+        bool isSecondaryPart;
+    } cases[] = {
+        {-1, false},
+        {2,  false},
+        {3,  false},
+        {3,  true }
+    };
+    for (const auto& row : cases) {
+        SCOPED_TRACE(row.groupID);
+        TestMember member;
+        member.SetGroupID(row.groupID);
+        member.m_validations.SetPartofAssy(row.isSecondaryPart);
+        EXPECT_EQ(AssertionOf([&] { accumulator.Append(&member); }), "isValid( index )");
+        EXPECT_TRUE(member.GetSortOrderArr().isEmpty());
+    }
+    EXPECT_EQ(accumulator.GetCount(), 0);
+}
+
+TEST(CMxCamGlobAccTest, NamesAreFilledUpButNotCut) {
+    ZetNCProjectData data;
+    data.SetData(eZetCClient, L"AB");
+    CMxCamGlobAcc accumulator;
+    accumulator.SetProjectData(data);
+    data.SetData(eZetCClient, L"later");
+    EXPECT_EQ(accumulator.GetAnyName(eZetCClient, 6), L"AB    ");
+    EXPECT_EQ(accumulator.GetAnyName(eZetCClient, 2), L"AB");
+    EXPECT_EQ(accumulator.GetAnyName(eZetCClient, 1), L"AB");
+    EXPECT_EQ(accumulator.GetAnyName(eZetCClient, 0), L"AB");
+    EXPECT_EQ(accumulator.GetAnyName(eZetCClient, -5), L"AB");
+    EXPECT_EQ(accumulator.GetAnyName(eZetCDesigner, 3), L"   ");
+    EXPECT_EQ(accumulator.GetAnyName(static_cast<eZetCProjectDataID>(99), 0), L"");
+}
+
+TEST(CMxCamGlobAccTest, VersionsOfHostAndLibrary) {
+    CMxCamGlobAcc accumulator;
+    EXPECT_EQ(accumulator.GetBaseDllVersion(), L"");
+    accumulator.SetMxProductVersion();
+    EXPECT_EQ(accumulator.GetMxProductVersion(), L"[Unknown]");
+    MxSettings::getInstance().setValue(L"CurrentMxVersion", L"2024 SP1");
+    accumulator.SetMxProductVersion();
+    EXPECT_EQ(accumulator.GetMxProductVersion(), L"2024 SP1");
+
+    std::ifstream file(CAMDATA_VERSION_FILE);
+    std::string version;
+    ASSERT_TRUE(std::getline(file, version)) << CAMDATA_VERSION_FILE;
+    accumulator.SetDllVer(L"plug-in 9.9");
+    EXPECT_EQ(accumulator.GetCamDllVersion(), L"plug-in 9.9");
+    EXPECT_EQ(accumulator.GetBaseDllVersion().toUtf8(), version);
+    EXPECT_EQ(accumulator.GetMxProductVersion().toUtf8(), version.substr(0, 4));
+}
+
+TEST(CMxCamGlobAccTest, TolerancesAreStoredNotSelected) {
+    CMxCamGlobAcc::SetGeomEPSs(1.0, 2.0, 3.0, 4.0, 5.0, 6.0, 7.0, 8.0);
+    EXPECT_EQ(CMxGeom::GetEPS(), 1.0);
+    EXPECT_EQ(CMxGeom::GetGenTol(), 2.0);
+    EXPECT_EQ(CMxGeom::GetXTol(), 3.0);
+    EXPECT_EQ(CMxGeom::GetYTol(), 4.0);
+    EXPECT_EQ(CMxGeom::GetAngTol(), 5.0);
+    EXPECT_EQ(CMxGeom::GetMinEdgeDist(), 6.0);
+    EXPECT_EQ(CMxGeom::GetMinEdgeDistFromFace(), 7.0);
+    EXPECT_EQ(CMxGeom::GetMinEndDist(), 8.0);
+    EXPECT_FALSE(CMxCamGlobAcc::SetGeomEPSsFromDefault(L"fine"));
+    EXPECT_EQ(CMxGeom::GetEPS(), 1.0);
+    EXPECT_TRUE(CurrentToleranceIs(0.1));
+}
+
+TEST(CMxCamGlobAccTest, SettingsOfAManufacturerInTheirOrder) {
+    CMxCamGlobAcc accumulator;
+    EXPECT_EQ(accumulator.GetHanding(), 0);
+    EXPECT_TRUE(accumulator.SetManuFacturerDetails(L"prefix", L"folder", L"full"));
+    EXPECT_EQ(accumulator.GetPrefix(), L"prefix");
+    EXPECT_EQ(accumulator.GetDirName(), L"folder");
+    EXPECT_EQ(accumulator.GetFullName(), L"full");
+    accumulator.SortPeilaibArr();
+}
+
+// Ownership
+
+/// Project information that counts its ends.
+class CountedInformation final : public CProjectInformation {
+  public:
+    explicit CountedInformation(int& ends) : m_ends(ends) {}
+    CountedInformation(const CountedInformation&) = delete;
+    CountedInformation& operator=(const CountedInformation&) = delete;
+    ~CountedInformation() override { ++m_ends; }
+
+  private:
+    int& m_ends;
+};
+
+TEST(CMxCamGlobAccTest, ProjectInformationEndsWithItsLastOwner) {
+    int ends = 0;
+    std::optional<CMxCamGlobAcc> accumulator(std::in_place);
+    accumulator->showProjInfoUID();
+    auto* information = new CountedInformation(ends);
+    accumulator->SetProjectInfo(information);
+    accumulator->SetProjectInfo(information);
+    accumulator->showProjInfoUID();
+    EXPECT_EQ(ends, 0);
+    std::optional<CMxCamGlobAcc> copy = accumulator;
+    EXPECT_EQ(copy->GetProjectInfo(), information);
+    accumulator->SetProjectInfo(new CountedInformation(ends));
+    EXPECT_EQ(ends, 0);
+    copy.reset();
+    EXPECT_EQ(ends, 1);
+    accumulator->SetProjectInfo(nullptr);
+    EXPECT_EQ(ends, 2);
+    accumulator->SetProjectInfo(new CountedInformation(ends));
+    accumulator.reset();
+    EXPECT_EQ(ends, 3);
+}
+
+TEST(CMxCamGlobAccTest, CopiesShareListsAndCountForThemselves) {
+    TestMember member;
+    member.SetGroupID(0);
+    std::optional<CMxCamGlobAcc> accumulator = Accumulator();
+    accumulator->Append(&member);
+    CMxCamGlobAcc copy;
+    copy = *accumulator;
+    const CMxCamGlobAcc& same = copy;
+    copy = same;
+    accumulator->Append(&member);
+    accumulator.reset();
+    EXPECT_EQ(copy.GetCount(), 1);
+    copy.Append(&member);
+    copy.SortPeilaibArr();
+    EXPECT_EQ(copy.GetCount(), 2);
+}
+
+}  // namespace

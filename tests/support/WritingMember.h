@@ -1,0 +1,124 @@
+#pragma once
+
+#include "support/TestMember.h"
+#include "support/host/FakeHostObjects.h"
+
+#include "camdata/util/CMxUtil.h"
+
+#include <string>
+#include <vector>
+
+/// How a member is to behave in a run: writes one line to the first of its files unless told
+/// otherwise.
+struct MemberRow {
+    explicit MemberRow(const wchar_t* partNo) : mark(partNo) {}
+    MemberRow& Group(long id) { return groupID = id, *this; }
+    MemberRow& Qty(long count) { return quantity = count, *this; }
+    /// Positions in the list of files; each gets one line.
+    MemberRow& WritesTo(std::vector<long> positions) { return writesTo = positions, *this; }
+    MemberRow& Invalid() { return isInvalid = true, *this; }
+    /// A part of an assembly, but not the main part.
+    MemberRow& SecondaryPart() { return isPart = true, *this; }
+    /// The main part of an assembly with one attached part.
+    MemberRow& MainPartWith(const wchar_t* partNo) {
+        return isPart = true, attached = partNo, *this;
+    }
+    MemberRow& ShortfallAsWarning() { return shortfallAsWarning = true, *this; }
+    MemberRow& InfoBlocks(ZetArray<long> positions) { return infoBlocks = positions, *this; }
+
+    const wchar_t* mark;
+    long groupID = 0;
+    long quantity = 1;
+    std::vector<long> writesTo = {0};
+    bool isInvalid = false;
+    bool isPart = false;
+    const wchar_t* attached = nullptr;
+    bool shortfallAsWarning = false;
+    ZetArray<long> infoBlocks;
+};
+
+/// A member that writes as a plug-in's members do: takes attached parts from the secondary ones,
+/// makes its report, and writes a line "MARK xQUANTITY" and the report. Notes what it was handed.
+class WritingMember : public TestMember {
+  public:
+    /// Appends "MARK > FILES | SECONDARY PARTS" to `log` for each writing: "-" is no file, "(NAME)"
+    /// one that is not open.
+    WritingMember(const MemberRow& row, std::vector<std::string>& log)
+        : m_writesTo(row.writesTo), m_log(&log) {
+        ZetNCHeaderData header;
+        header.mark = row.mark;
+        header.profileName = L"Z200";
+        header.quantity = row.quantity;
+        header.length = 1000.0;
+        m_memType.SetHeaderData(header);
+        m_memType.SetNameStartPos(0);
+        SetGroupID(row.groupID);
+        SetNesting(true);
+        SetAddInfoArrLoc(row.infoBlocks);
+        m_shortfallAsWarning = row.shortfallAsWarning;
+        if (row.isInvalid)
+            m_errors.append(L"          is wrong");
+        TakePart(row);
+    }
+
+    void WriteMemOutPut(const ZetArray<ZetFileAccess*>& files,
+                        ZetArray<CMxPeilaib*>& secondaryParts) override {
+        m_log->push_back(Handed(files, secondaryParts));
+        CheckAttachedPartsSelection(secondaryParts);
+        CreateErrWarHeader();
+        for (const long position : m_writesTo) {
+            if (files[position] != nullptr)
+                files[position]->WriteFormat(L"%s x%d\n", GetMark(), GetQty());
+        }
+        CMxUtil::AsArrStrPrint(m_errorReport, files.last());
+        CMxUtil::AsArrStrPrint(m_errors, files.last());
+        CMxUtil::AsArrStrPrint(m_warningReport, files[files.length() - 2]);
+        CMxUtil::AsArrStrPrint(m_warnings, files[files.length() - 2]);
+    }
+
+    /// "MARK holds PART xQUANTITY LENGTH, ..." for a member that holds parts to nest or lost its
+    /// nesting flag, else "".
+    std::string NestText() const {
+        if (m_partsToNest.isEmpty() && GetNesting())
+            return {};
+        ZetString text = GetMark() + L" holds";
+        for (const CMxParts& part : m_partsToNest)
+            text += ZetString::format(
+                L" %s x%d %.1f,", part.GetPartNo(), part.GetQty(), part.GetLength());
+        return text.toUtf8();
+    }
+
+  private:
+    void TakePart(const MemberRow& row) {
+        static FakeEqualPart mainPart;
+        m_validations.SetPartofAssy(row.isPart);
+        if (row.attached == nullptr)
+            return;
+        mainPart.addRef();
+        m_equalPart = HostPtr<IEqualPartObject>::adopt(&mainPart);
+        m_attachedParts.append({});
+        m_attachedParts.last().SetPartNo(row.attached);
+    }
+
+    static std::string NameOf(const ZetFileAccess* file) {
+        if (file == nullptr)
+            return "-";
+        const std::string path = file->GetName().toUtf8();
+        const std::string name = path.substr(path.find_last_of("/\\") + 1);
+        return file->IsOpen() ? name : "(" + name + ")";
+    }
+
+    std::string Handed(const ZetArray<ZetFileAccess*>& files,
+                       const ZetArray<CMxPeilaib*>& secondaryParts) const {
+        std::string text = GetMark().toUtf8() + " >";
+        for (const ZetFileAccess* file : files)
+            text += " " + NameOf(file);
+        text += " |";
+        for (const CMxPeilaib* part : secondaryParts)
+            text += " " + part->GetMark().toUtf8();
+        return text;
+    }
+
+    std::vector<long> m_writesTo;
+    std::vector<std::string>* m_log;
+};
