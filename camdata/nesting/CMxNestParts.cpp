@@ -119,8 +119,8 @@ int CMxNestParts::CountThatFit(const CMxParts& part, long position) const {
         return Fits(part.GetLength(), m_nestLength - taken);
     };
     int low = 0;
-    int high =
-        static_cast<int>(std::min<long>(part.GetQty(), std::numeric_limits<int>::max() - quantity));
+    const int room = std::numeric_limits<int>::max() - quantity;
+    int high = static_cast<int>(std::clamp<long>(part.GetQty(), 0, room));
     while (low < high) {
         const int middle = low + (high - low) / 2;
         if (fitsAfter(middle))

@@ -2,6 +2,10 @@
 
 #include "camdata/nesting/CMxNestParts.h"
 
+#include <limits>
+#include <string>
+#include <vector>
+
 #include <gtest/gtest.h>
 
 namespace {
@@ -96,16 +100,18 @@ TEST(CMxNestPartsTest, InsertsThePiecesThatFit) {
         long left;
         double offCut;
     };
+    constexpr long kFarBelow0 = std::numeric_limits<long>::min() + 5;
     const std::vector<Case> cases = {
-        {"no pieces",                       {L"M2", 0, 100.0},   false, 0,  3000.0},
-        {"below 0 and too long",            {L"M2", -1, 3000.0}, false, -1, 3000.0},
-        {"below 0 and short",               {L"M2", -1, 100.0},  true,  -1, 3000.0},
-        {"below 0, the mark is there",      {L"M1", -1, 100.0},  true,  -1, 3000.0},
-        {"an exact fill does not fit",      {L"M2", 5, 3000.0},  false, 5,  3000.0},
-        {"fits by more than the tolerance", {L"M2", 5, 2999.8},  true,  4,  0.2   },
-        {"as many as fit",                  {L"M2", 5, 1000.0},  true,  3,  1000.0},
-        {"as many as there are",            {L"M2", 2, 500.0},   true,  0,  2000.0},
-        {"a mark keeps its length",         {L"M1", 9, 1500.0},  true,  7,  1000.0},
+        {"no pieces",                       {L"M2", 0, 100.0},          false, 0,          3000.0},
+        {"below 0 and too long",            {L"M2", -1, 3000.0},        false, -1,         3000.0},
+        {"below 0 and short",               {L"M2", -1, 100.0},         true,  -1,         3000.0},
+        {"below 0, the mark is there",      {L"M1", -1, 100.0},         true,  -1,         3000.0},
+        {"far below 0, the mark is there",  {L"M1", kFarBelow0, 100.0}, true,  kFarBelow0, 3000.0},
+        {"an exact fill does not fit",      {L"M2", 5, 3000.0},         false, 5,          3000.0},
+        {"fits by more than the tolerance", {L"M2", 5, 2999.8},         true,  4,          0.2   },
+        {"as many as fit",                  {L"M2", 5, 1000.0},         true,  3,          1000.0},
+        {"as many as there are",            {L"M2", 2, 500.0},          true,  0,          2000.0},
+        {"a mark keeps its length",         {L"M1", 9, 1500.0},         true,  7,          1000.0},
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(c.name);
