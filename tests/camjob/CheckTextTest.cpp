@@ -1,7 +1,7 @@
 #include "camjob/CamjobRun.h"
 #include "camjob/CheckSummary.h"
-#include "camjob/Golden.h"
 #include "camjob/NcFiles.h"
+#include "support/Golden.h"
 
 #include <utility>
 #include <vector>
@@ -32,7 +32,8 @@ TEST_P(CheckText, IsTheApprovedReport) {
     const CamjobRun run = RunTool(arguments);
     const std::string report = "exit code " + std::to_string(run.exitCode) + "\n---- stdout\n" +
                                run.out + "---- stderr\n" + run.err;
-    EXPECT_TRUE(MatchesGolden(GetParam().name, WithoutFolder(report, folder)));
+    EXPECT_TRUE(
+        MatchesGolden(CAMJOB_GOLDEN_FOLDER, GetParam().name, WithoutFolder(report, folder)));
 }
 
 std::string InclinedPlane() {

@@ -76,16 +76,22 @@ class WritingMember : public TestMember {
         CMxUtil::AsArrStrPrint(m_warnings, files[files.length() - 2]);
     }
 
-    /// "MARK holds PART xQUANTITY LENGTH, ..." for a member that holds parts to nest or lost its
-    /// nesting flag, else "".
+    /// A file's name without its folder.
+    static std::string PlainName(const ZetString& fileName) {
+        const std::string name = fileName.toUtf8();
+        return name.substr(name.find_last_of("/\\") + 1);
+    }
+
+    /// A line "MARK holds PART xQUANTITY LENGTH ..." for a member that holds parts to nest or lost
+    /// its nesting flag, else "".
     std::string NestText() const {
         if (m_partsToNest.isEmpty() && GetNesting())
             return {};
         ZetString text = GetMark() + L" holds";
         for (const CMxParts& part : m_partsToNest)
             text += ZetString::format(
-                L" %s x%d %.1f,", part.GetPartNo(), part.GetQty(), part.GetLength());
-        return text.toUtf8();
+                L" %s x%d %.1f", part.GetPartNo(), part.GetQty(), part.GetLength());
+        return text.toUtf8() + "\n";
     }
 
   private:
@@ -100,11 +106,10 @@ class WritingMember : public TestMember {
         m_attachedParts.last().SetPartNo(row.attached);
     }
 
-    static std::string NameOf(const ZetFileAccess* file) {
+    static std::string Shown(const ZetFileAccess* file) {
         if (file == nullptr)
             return "-";
-        const std::string path = file->GetName().toUtf8();
-        const std::string name = path.substr(path.find_last_of("/\\") + 1);
+        const std::string name = PlainName(file->GetName());
         return file->IsOpen() ? name : "(" + name + ")";
     }
 
@@ -112,7 +117,7 @@ class WritingMember : public TestMember {
                        const ZetArray<CMxPeilaib*>& secondaryParts) const {
         std::string text = GetMark().toUtf8() + " >";
         for (const ZetFileAccess* file : files)
-            text += " " + NameOf(file);
+            text += " " + Shown(file);
         text += " |";
         for (const CMxPeilaib* part : secondaryParts)
             text += " " + part->GetMark().toUtf8();

@@ -1,5 +1,6 @@
 #include "support/AssertionOf.h"
 #include "support/CurrentTolerance.h"
+#include "support/Golden.h"
 #include "support/TempFolder.h"
 #include "support/WritingMember.h"
 #include "support/host/FakeHost.h"
@@ -9,8 +10,9 @@
 #include <cerrno>
 #include <deque>
 #include <filesystem>
-#include <map>
+#include <set>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include <gtest/gtest.h>
@@ -18,542 +20,231 @@
 namespace {
 
 using Lines = ZetArray<ZetString>;
-using Texts = std::vector<std::string>;
 
-// What a run is made of
+CMxFileGroups FileGroup(const wchar_t* name, const wchar_t* header) {
+    CMxFileGroups group;
+    group.setValues(7, name, ZetString(name) + L" link", Lines{header}, false, true);
+    return group;
+}
 
-struct FileRow {
-    const char* name;
-    const wchar_t* header;
-    bool create = true;
-};
-
-struct GroupRow {
-    GroupRow(long id, long file, const wchar_t* line)
-        : memGroupID(id), files({file}), header({line}) {}
-
-    long memGroupID;
-    ZetArray<long> files;
-    Lines header;
-    bool nesting = false;
-};
+CMxGroups Group(long id, long file, const wchar_t* header) {
+    CMxGroups group;
+    group.setValues(id, ZetArray<long>{file}, Lines{header}, ZetArray<eSortOrder>{eSortMark});
+    return group;
+}
 
 /// A run with five file groups and three groups, to be changed.
 struct Job {
     explicit Job(std::vector<MemberRow> rows) : members(std::move(rows)) {}
-    Job& FileName(std::size_t file, const char* name) { return files[file].name = name, *this; }
-    Job& NoFile(std::size_t file) { return files[file].create = false, *this; }
-    Job& FileCount(std::size_t count) { return files.resize(count), *this; }
-    Job& GroupFiles(std::size_t group, ZetArray<long> positions) {
-        return groups[group].files = positions, *this;
+    Job& FileName(long file, const wchar_t* name) { return files[file].SetFileName(name), *this; }
+    Job& NoFile(long file) { return files[file].SetCreateFilePointer(false), *this; }
+    Job& FileCount(long count) { return files.setLength(count), *this; }
+    Job& GroupFiles(long group, ZetArray<long> positions) {
+        return groups[group].SetFileGroupIDs(positions), *this;
     }
-    Job& GroupID(std::size_t group, long id) { return groups[group].memGroupID = id, *this; }
-    Job& Header(Lines lines) { return groups[0].header = lines, *this; }
-    Job& Nesting() { return groups[0].nesting = true, *this; }
+    Job& GroupID(long group, long id) { return groups[group].SetMemGroupID(id), *this; }
+    Job& Header(Lines lines) { return groups[0].SetHeaderInfos(lines), *this; }
+    Job& Nesting() { return groups[0].SetNesting(true), *this; }
     Job& IndexMap(ZetArray<int> map) { return groupIndexMap = map, *this; }
     Job& InfoBlocks(ZetArray<Lines> blocks) { return infoBlocks = blocks, *this; }
     Job& InfoOrder(ZetArray<long> order) { return infoOrder = order, *this; }
 
     std::vector<MemberRow> members;
-    std::vector<FileRow> files = {
-        {"a.txt",    L"A"   },
-        {"info.txt", L"INFO"},
-        {"err.txt",  L"ERR" },
-        {"warn.txt", L"WARN"},
-        {"b.txt",    L"B"   },
-    };
-    std::vector<GroupRow> groups = {
-        GroupRow(0, 0, L"G0"),
-        GroupRow(1, 4, L"G1"),
-        GroupRow(2, 0, L"G2"),
-    };
+    ZetArray<CMxFileGroups> files = {FileGroup(L"a.txt", L"A"),
+                                     FileGroup(L"info.txt", L"INFO"),
+                                     FileGroup(L"err.txt", L"ERR"),
+                                     FileGroup(L"warn.txt", L"WARN"),
+                                     FileGroup(L"b.txt", L"B")};
+    ZetArray<CMxGroups> groups = {Group(0, 0, L"G0"), Group(1, 4, L"G1"), Group(2, 0, L"G2")};
     ZetArray<int> groupIndexMap = {0, 1, 2};
-    ZetArray<Lines> infoBlocks = {
-        Lines{L"all"}, Lines{L"one"}, Lines{L"errors"}, Lines{L"warnings"}};
+    ZetArray<Lines> infoBlocks = {Lines{L"all"}, Lines{L"one"}, Lines{L"err"}, Lines{L"warn"}};
     ZetArray<long> infoOrder = {0};
 };
 
-ZetArray<CMxFileGroups> FileGroupsOf(const Job& job, const TempFolder& folder) {
-    ZetArray<CMxFileGroups> groups;
-    for (const FileRow& row : job.files) {
-        const std::string name = row.name;
-        groups.append({});
-        groups.last().setValues(7,
-                                name.empty() ? ZetString() : folder.NameOf(name),
-                                ZetString::fromUtf8(name + " link"),
-                                Lines{row.header},
-                                false,
-                                row.create);
-    }
-    return groups;
-}
-
-ZetArray<CMxGroups> GroupsOf(const Job& job) {
-    ZetArray<CMxGroups> groups;
-    for (const GroupRow& row : job.groups) {
-        groups.append({});
-        groups.last().setValues(row.memGroupID,
-                                ZetArray<long>(row.files),
-                                Lines(row.header),
-                                ZetArray<eSortOrder>{eSortMark});
-        groups.last().SetNesting(row.nesting);
-    }
-    return groups;
-}
-
 class JobRun {
   public:
-    explicit JobRun(const Job& job) {
+    explicit JobRun(Job job) {
         ClearHostPrints();
+        for (CMxFileGroups& group : job.files) {
+            if (!group.GetFileName().isEmpty())
+                group.SetFileName(m_folder.NameOf(group.GetFileName().toUtf8()));
+        }
         CMxAddlInfo info;
-        info.SetAddInfoArr(ZetArray<Lines>(job.infoBlocks), ZetArray<long>(job.infoOrder));
+        info.SetAddInfoArr(job.infoBlocks, job.infoOrder);
         m_accumulator.SetAddInfo(info);
-        m_accumulator.appendGroups(ZetArray<int>(job.groupIndexMap), GroupsOf(job));
-        m_accumulator.appendFileGroups(FileGroupsOf(job, m_folder));
+        m_accumulator.appendGroups(job.groupIndexMap, job.groups);
+        m_accumulator.appendFileGroups(job.files);
         for (const MemberRow& row : job.members) {
             m_members.emplace_back(row, m_log);
             m_accumulator.Append(&m_members.back());
         }
     }
 
-    /// What each file in the folder holds.
-    std::map<std::string, std::string> Files() const {
-        std::map<std::string, std::string> files;
-        for (const auto& entry : std::filesystem::directory_iterator(m_folder.PathOf(""))) {
-            const std::string name = entry.path().filename().string();
-            files[name] = m_folder.Read(name);
-        }
-        return files;
-    }
-    /// What the members were handed, then what they are to nest.
-    Texts Log() const {
-        Texts log = m_log;
-        for (const WritingMember& member : m_members) {
-            if (const std::string text = member.NestText(); !text.empty())
-                log.push_back(text);
-        }
-        return log;
+    /// What comes of it: a failed assertion, what the members were handed and are to nest, what the
+    /// host was told, the faults, and all files; there "$" is a line feed.
+    std::string Outcome() {
+        const std::string assertion = AssertionOf([&] { m_accumulator.WriteOutPut(); });
+        std::string text = assertion == "none" ? "" : "assertion " + assertion + "\n";
+        for (const std::string& line : m_log)
+            text += line + "\n";
+        for (const WritingMember& member : m_members)
+            text += member.NestText();
+        for (const HostPrint& print : HostPrints())
+            text += "host: " + ZetString(print.text).toUtf8();
+        for (const FileFault& fault : m_accumulator.GetFileFaults())
+            text += "cannot open " + WritingMember::PlainName(fault.fileName) + "\n";
+        m_accumulator = CMxCamGlobAcc();
+        return text + Files();
     }
 
     TempFolder m_folder;
-    Texts m_log;
-    std::deque<WritingMember> m_members;
     CMxCamGlobAcc m_accumulator;
+
+  private:
+    std::string Files() const {
+        std::set<std::string> names;
+        for (const auto& entry : std::filesystem::directory_iterator(m_folder.PathOf("")))
+            names.insert(entry.path().filename().string());
+        std::string text;
+        for (const std::string& name : names) {
+            text += "== " + name + "\n";
+            for (const char c : m_folder.Read(name))
+                text += c == '\n' ? "$\n" : std::string(1, c);
+        }
+        return text;
+    }
+
+    std::vector<std::string> m_log;
+    std::deque<WritingMember> m_members;
 };
 
-Texts Prompted() {
-    Texts texts;
-    for (const HostPrint& print : HostPrints())
-        texts.push_back(ZetString(print.text).toUtf8());
-    return texts;
-}
-
-// Expected texts
-
-std::string Padded(const std::string& text, std::size_t width) {
-    return text + std::string(width - text.size(), ' ');
-}
-
-/// A member's line in the additional information.
-std::string Info(const std::string& mark, const std::string& quantity) {
-    return Padded(mark, 20) + Padded("Z200", 20) + Padded(quantity, 4) + "\n";
-}
-
-/// The head of a member's report.
-std::string Report(const std::string& mark, const std::string& quantity) {
-    return "Part Number = " + mark +
-           "\n          Section    = Z200\n          Quantity   = " + quantity + "\n";
-}
-
-const std::string kGap = "  \n  \n  \n";
-const std::string kInfoHead = "INFO\n" + kGap + "all\n";
-const std::string kInfoM1 = kInfoHead + Info("M1", "1");
-const std::string kInfoM1M2 = kInfoM1 + Info("M2", "1");
-const std::string kCover = std::string(100, ' ') + "\n";
-
-/// A run and what comes of it: the bytes of all files, what members were handed, what the host was
-/// told. Each file has its header lines unless told otherwise.
+/// A run, and the golden file that holds what comes of it.
 struct RunCase {
-    RunCase(const char* caseName, Job caseJob) : name(caseName), job(std::move(caseJob)) {}
-    RunCase& Has(const char* file, std::string text) {
-        return files[file] = std::move(text), *this;
-    }
-    RunCase& Lacks(const char* file) { return files.erase(file), *this; }
-    RunCase& Log(Texts texts) { return log = std::move(texts), *this; }
-    RunCase& Prompts(Texts texts) { return prompted = std::move(texts), *this; }
+    RunCase(const char* goldenName, Job theJob) : name(goldenName), job(std::move(theJob)) {}
 
     const char* name;
     Job job;
-    std::map<std::string, std::string> files = {
-        {"a.txt",    "A\n"    },
-        {"b.txt",    "B\n"    },
-        {"err.txt",  "ERR\n"  },
-        {"info.txt", kInfoHead},
-        {"warn.txt", "WARN\n" },
-    };
-    Texts log;
-    Texts prompted;
 };
 
-void Expect(const RunCase& row) {
-    SCOPED_TRACE(row.name);
-    JobRun run(row.job);
-    run.m_accumulator.WriteOutPut();
-    const auto files = run.Files();
-    EXPECT_EQ(files.size(), row.files.size());
-    for (const auto& [name, text] : row.files)
-        EXPECT_EQ(files.contains(name) ? files.at(name) : "no file", text) << name;
-    EXPECT_EQ(run.Log(), row.log);
-    EXPECT_EQ(Prompted(), row.prompted);
-    EXPECT_TRUE(run.m_accumulator.GetFileFaults().isEmpty());
+/// An assembly A1 with one part P1, and other members. The additional information lists errors,
+/// then warnings.
+Job Assembly(MemberRow main, const std::vector<MemberRow>& others) {
+    std::vector<MemberRow> members = {main.MainPartWith(L"P1")};
+    members.insert(members.end(), others.begin(), others.end());
+    return Job(members).InfoOrder({2, 3});
 }
-
-// Files and groups
-
-const MemberRow kM1(L"M1");
-const MemberRow kM2(L"M2");
-const MemberRow kM2InGroup2 = MemberRow(L"M2").Group(2);
-const Texts kLogM1 = {"M1 > a.txt warn.txt err.txt |"};
-const Texts kLogM1M2 = {"M1 > a.txt warn.txt err.txt |", "M2 > a.txt warn.txt err.txt |"};
-
-TEST(OutputWritingTest, GroupsWriteToTheirFiles) {
-    const RunCase cases[] = {
-        RunCase("no members", Job({})),
-        RunCase("one group, ordered by mark", Job({kM2, MemberRow(L"M1").Qty(3)}))
-            .Has("a.txt", "A\nG0\nM1 x3\nM2 x1\n")
-            .Has("info.txt", kInfoHead + Info("M1", "3") + Info("M2", "1"))
-            .Log(kLogM1M2),
-        RunCase("two groups on one file, ordered by their IDs",
-                Job({kM2InGroup2, MemberRow(L"M9"), MemberRow(L"M0").Group(2)}))
-            .Has("a.txt", "A\nG0\nM9 x1\nG2\nM0 x1\nM2 x1\n")
-            .Has("info.txt", kInfoHead + Info("M9", "1") + Info("M0", "1") + Info("M2", "1"))
-            .Log({"M9 > a.txt warn.txt err.txt |",
-                  "M0 > a.txt warn.txt err.txt |",
-                  "M2 > a.txt warn.txt err.txt |"}),
-        RunCase("two files for a group, the first is the main file",
-                Job({MemberRow(L"M1").WritesTo({0, 1})}).GroupFiles(0, {4, 0}))
-            .Has("a.txt", "A\nM1 x1\n")
-            .Has("b.txt", "B\nG0\nM1 x1\n")
-            .Has("info.txt", kInfoM1)
-            .Log({"M1 > b.txt a.txt warn.txt err.txt |"}),
-        RunCase("a file group twice",
-                Job({MemberRow(L"M1").WritesTo({0, 1})}).GroupFiles(0, {0, 0}))
-            .Has("a.txt", "A\nG0\nM1 x1\nM1 x1\n")
-            .Has("info.txt", kInfoM1)
-            .Log({"M1 > a.txt a.txt warn.txt err.txt |"}),
-        RunCase("no file of its own: the main file is that of the warnings",
-                Job({kM1}).GroupFiles(0, {}))
-            .Has("warn.txt", "WARN\nG0\nM1 x1\n")
-            .Has("info.txt", kInfoM1)
-            .Log({"M1 > warn.txt err.txt |"}),
-        RunCase("the additional information follows what members wrote to its file",
-                Job({kM1}).GroupFiles(0, {1}))
-            .Has("info.txt", "INFO\nG0\nM1 x1\n" + kGap + "all\n" + Info("M1", "1"))
-            .Log({"M1 > info.txt warn.txt err.txt |"}),
-        RunCase("header lines as when the list was made, files and nesting by member group ID",
-                Job({kM1, kM2InGroup2}).GroupID(0, 2).Nesting().GroupFiles(2, {4}))
-            .Has("b.txt", "B\nG0\nM1 x1\nM2 x1\n")
-            .Has("info.txt", kInfoM1M2)
-            .Log({"M1 > b.txt warn.txt err.txt |", "M2 > b.txt warn.txt err.txt |"}),
-        RunCase("several group IDs of members for one group",
-                Job({kM1, MemberRow(L"M2").Group(3)}).IndexMap({0, 1, 2, 0}))
-            .Has("a.txt", "A\nG0\nM1 x1\nM2 x1\n")
-            .Has("info.txt", kInfoM1M2)
-            .Log(kLogM1M2),
-    };
-    for (const RunCase& row : cases)
-        Expect(row);
-}
-
-TEST(OutputWritingTest, HeaderLinesWithoutMembersBehindThemAreCovered) {
-    const MemberRow silent = MemberRow(L"M1").WritesTo({});
-    const Lines wide = {ZetString(L'=', 150)};
-    const RunCase cases[] = {
-        RunCase("a shorter header: the file grows", Job({silent}))
-            .Has("a.txt", "A\n" + kCover)
-            .Has("info.txt", kInfoM1)
-            .Log(kLogM1),
-        RunCase("a longer header: its end stays", Job({silent}).Header(wide))
-            .Has("a.txt", "A\n" + kCover + std::string(49, '=') + "\n")
-            .Has("info.txt", kInfoM1)
-            .Log(kLogM1),
-        RunCase("no header, nothing to cover", Job({silent}).Header({}))
-            .Has("info.txt", kInfoM1)
-            .Log(kLogM1),
-        RunCase("a section behind the cover of a shorter header",
-                Job({silent, kM2InGroup2}).Header({L"G0", L"more"}))
-            .Has("a.txt", "A\n" + kCover + "G2\nM2 x1\n")
-            .Has("info.txt", kInfoM1M2)
-            .Log(kLogM1M2),
-        RunCase("a section over the rest of a longer header",
-                Job({silent, kM2InGroup2}).Header(wide))
-            .Has("a.txt", "A\n" + kCover + "G2\nM2 x1\n" + std::string(40, '=') + "\n")
-            .Has("info.txt", kInfoM1M2)
-            .Log(kLogM1M2),
-        RunCase("written to another file than the main file",
-                Job({MemberRow(L"M1").WritesTo({1})}).GroupFiles(0, {0, 4}))
-            .Has("a.txt", "A\n" + kCover)
-            .Has("b.txt", "B\nM1 x1\n")
-            .Has("info.txt", kInfoM1)
-            .Log({"M1 > a.txt b.txt warn.txt err.txt |"}),
-    };
-    for (const RunCase& row : cases)
-        Expect(row);
-}
-
-TEST(OutputWritingTest, FilesThatAreNotMade) {
-    const RunCase cases[] = {
-        RunCase("main file without flag", Job({kM1}).NoFile(0))
-            .Lacks("a.txt")
-            .Has("info.txt", kInfoM1)
-            .Log({"M1 > - warn.txt err.txt |"}),
-        RunCase("main file without name, a second file",
-                Job({MemberRow(L"M1").WritesTo({0, 1})}).FileName(4, "").GroupFiles(0, {4, 0}))
-            .Has("a.txt", "A\nM1 x1\n")
-            .Lacks("b.txt")
-            .Has("info.txt", kInfoM1)
-            .Log({"M1 > - a.txt warn.txt err.txt |"}),
-        RunCase("neither error nor warning file",
-                Job({MemberRow(L"M1").Invalid()}).NoFile(2).FileName(3, ""))
-            .Has("a.txt", "A\nG0\nM1 x1\n")
-            .Lacks("err.txt")
-            .Lacks("warn.txt")
-            .Has("info.txt", kInfoM1)
-            .Log({"M1 > a.txt () () |"})
-            .Prompts({"Part Number = M1\n",
-                      "          Section    = Z200\n",
-                      "          Quantity   = 1\n",
-                      "          is wrong\n"}),
-        RunCase("the main file is that of the warnings, which is not made",
-                Job({kM1}).GroupFiles(0, {}).NoFile(3))
-            .Lacks("warn.txt")
-            .Has("info.txt", kInfoM1)
-            .Log({"M1 > () err.txt |"})
-            .Prompts({"G0\n"}),
-        RunCase("no additional information", Job({kM1}).NoFile(1))
-            .Has("a.txt", "A\nG0\nM1 x1\n")
-            .Lacks("info.txt")
-            .Log(kLogM1),
-    };
-    for (const RunCase& row : cases)
-        Expect(row);
-}
-
-// Assemblies, nests, additional information
 
 MemberRow P1(long quantity) {
     return MemberRow(L"P1").Group(2).Qty(quantity).SecondaryPart();
 }
 
-/// An assembly A1 with one P1, and other members; its additional information lists errors, then
-/// warnings.
-Job Assembly(long quantity, const std::vector<MemberRow>& others) {
-    std::vector<MemberRow> members = {MemberRow(L"A1").Qty(quantity).MainPartWith(L"P1")};
-    members.insert(members.end(), others.begin(), others.end());
-    return Job(members).InfoOrder({2, 3});
+const MemberRow kM1(L"M1");
+const MemberRow kM1Twice = MemberRow(L"M1").WritesTo({0, 1});
+const MemberRow kSilentM1 = MemberRow(L"M1").WritesTo({});
+const MemberRow kM2(L"M2");
+const MemberRow kM2InGroup2 = MemberRow(L"M2").Group(2);
+const MemberRow kWrongM2 = MemberRow(L"M2").Invalid();
+const MemberRow kM3 = MemberRow(L"M3").Qty(4);
+const Lines kWide = {ZetString(L'=', 150)};
+
+const std::vector<RunCase> kRuns = {
+    // Groups and their files.
+    RunCase("no-members", Job({})),
+    RunCase("one-group", Job({kM2, MemberRow(L"M1").Qty(3)})),
+    RunCase("two-groups-on-one-file",
+            Job({kM2InGroup2, MemberRow(L"M9"), MemberRow(L"M0").Group(2)})),
+    RunCase("two-files-of-a-group", Job({kM1Twice}).GroupFiles(0, {4, 0})),
+    RunCase("a-file-twice", Job({kM1Twice}).GroupFiles(0, {0, 0})),
+    RunCase("no-file-of-its-own", Job({kM1}).GroupFiles(0, {})),
+    RunCase("members-in-the-additional-information", Job({kM1}).GroupFiles(0, {1})),
+    RunCase("header-of-the-list-files-by-member-group",
+            Job({kM1, kM2InGroup2}).GroupID(0, 2).Nesting().GroupFiles(2, {4})),
+    RunCase("two-group-ids-in-one-group",
+            Job({kM1, MemberRow(L"M2").Group(3)}).IndexMap({0, 1, 2, 0})),
+    // Header lines with nothing behind them.
+    RunCase("covered-short-header", Job({kSilentM1})),
+    RunCase("covered-long-header", Job({kSilentM1}).Header(kWide)),
+    RunCase("no-header-to-cover", Job({kSilentM1}).Header({})),
+    RunCase("section-behind-a-short-header",
+            Job({kSilentM1, kM2InGroup2}).Header({L"G0", L"more"})),
+    RunCase("section-over-a-long-header", Job({kSilentM1, kM2InGroup2}).Header(kWide)),
+    RunCase("covered-though-another-file-is-written",
+            Job({MemberRow(L"M1").WritesTo({1})}).GroupFiles(0, {0, 4})),
+    // Files that are not made.
+    RunCase("main-file-without-flag", Job({kM1}).NoFile(0)),
+    RunCase("main-file-without-name", Job({kM1Twice}).FileName(4, L"").GroupFiles(0, {4, 0})),
+    RunCase("no-error-and-warning-files",
+            Job({MemberRow(L"M1").Invalid()}).NoFile(2).FileName(3, L"")),
+    RunCase("main-file-is-a-missing-warning-file", Job({kM1}).GroupFiles(0, {}).NoFile(3)),
+    RunCase("no-additional-information", Job({kM1}).NoFile(1)),
+    RunCase("unopenable", Job({kM1}).FileName(0, L"no/a.txt").FileName(1, L"no/info.txt")),
+    // Assemblies.
+    RunCase("too-few-parts", Assembly(MemberRow(L"A1").Qty(4), {P1(1)})),
+    RunCase("enough-parts", Assembly(MemberRow(L"A1").Qty(2), {P1(2)})),
+    RunCase("too-many-parts", Assembly(MemberRow(L"A1").Qty(2), {P1(5)})),
+    RunCase("parts-among-all-members", Assembly(kM1, {P1(1)}).InfoOrder({0})),
+    RunCase("one-too-few-takes-from-the-next", Assembly(MemberRow(L"A1").Qty(2), {P1(1), P1(5)})),
+    RunCase("one-too-few-and-no-other", Assembly(MemberRow(L"A1").Qty(2), {P1(1)})),
+    RunCase("no-part", Assembly(MemberRow(L"A1").Qty(3), {})),
+    RunCase("no-part-as-warning", Assembly(MemberRow(L"A1").ShortfallAsWarning(), {})),
+    RunCase("parts-without-error-file",
+            Assembly(MemberRow(L"A1").Qty(4), {P1(1), kM2InGroup2}).FileName(2, L"")),
+    // Nests.
+    RunCase("nest", Job({kM3, MemberRow(L"M1").Qty(2), kWrongM2}).Nesting()),
+    RunCase("nest-with-an-invalid-holder", Job({kM1, kWrongM2}).Nesting()),
+    RunCase("nesting-of-members-does-not-count", Job({kM3, kM1})),
+    // Additional information.
+    RunCase("repeated-and-missing-blocks",
+            Job({MemberRow(L"M1").InfoBlocks({1, 0, 1}), kM2}).InfoOrder({1, 3, 0, 1})),
+    // Positions that are not there.
+    RunCase("three-file-groups", Job({}).FileCount(3)),
+    RunCase("no-block", Job({}).InfoBlocks({})),
+    RunCase("no-such-block", Job({kM1}).InfoOrder({4})),
+    RunCase("no-such-file-group", Job({kM1}).GroupFiles(0, {0, 5})),
+    RunCase("no-such-group", Job({kM1}).GroupID(0, 3)),
+};
+
+TEST(OutputWritingTest, WholeRuns) {
+    for (const RunCase& row : kRuns)
+        EXPECT_TRUE(MatchesGolden(OUTPUT_GOLDEN_FOLDER, row.name, JobRun(row.job).Outcome()));
 }
 
-std::string ErrorsAndWarnings(const std::string& errors, const std::string& warnings) {
-    return "INFO\n" + kGap + "errors\n" + errors + kGap + "warnings\n" + warnings;
-}
-
-std::string Shortfall(const std::string& count) {
-    return "          *Error: " + count +
-           " of the single parts (Part no : P1) are not selected / valid for this assembly\n";
-}
-
-std::string TooFew(const std::string& count) {
-    return "          " + count + " no of parts are not selected in selection\n";
-}
-
-const std::string kThreeLeftOver = "          3 no of parts are not used in any assemblies\n";
-
-TEST(OutputWritingTest, SecondaryPartsGoToTheSecondGroupAndAreReportedAtTheEnd) {
-    const Texts log = {"A1 > a.txt warn.txt err.txt | P1", "P1 > b.txt warn.txt err.txt | P1"};
-    const RunCase cases[] = {
-        RunCase("too few", Assembly(4, {P1(1)}))
-            .Has("a.txt", "A\nG0\nA1 x4\n")
-            .Has("b.txt", "B\nG1\nP1 x-3\n")
-            .Has("err.txt",
-                 "ERR\n" + Report("A1", "4") + Shortfall("3") + Report("P1", "-3") + TooFew("3"))
-            .Has("info.txt", ErrorsAndWarnings(Info("A1", "4") + Info("P1", "-3"), ""))
-            .Log(log),
-        RunCase("enough", Assembly(2, {P1(2)}))
-            .Has("a.txt", "A\nG0\nA1 x2\n")
-            .Has("b.txt", "B\nG1\nP1 x0\n")
-            .Has("info.txt", ErrorsAndWarnings("", ""))
-            .Log(log),
-        RunCase("too many", Assembly(2, {P1(5)}))
-            .Has("a.txt", "A\nG0\nA1 x2\n")
-            .Has("b.txt", "B\nG1\nP1 x3\n")
-            .Has("warn.txt", "WARN\n" + Report("P1", "3") + kThreeLeftOver)
-            .Has("info.txt", ErrorsAndWarnings("", Info("P1", "3")))
-            .Log(log),
-        RunCase("a part stands twice among all members", Assembly(2, {P1(5)}).InfoOrder({0}))
-            .Has("a.txt", "A\nG0\nA1 x2\n")
-            .Has("b.txt", "B\nG1\nP1 x3\n")
-            .Has("warn.txt", "WARN\n" + Report("P1", "3") + kThreeLeftOver)
-            .Has("info.txt", kInfoHead + Info("A1", "2") + Info("P1", "3") + Info("P1", "3"))
-            .Log(log),
-        RunCase("one too few counts as not found: the next one is taken from, too",
-                Assembly(2, {P1(1), P1(5)}))
-            .Has("a.txt", "A\nG0\nA1 x2\n")
-            .Has("b.txt", "B\nG1\nP1 x-1\nP1 x3\n")
-            .Has("err.txt", "ERR\n" + Report("P1", "-1") + TooFew("1"))
-            .Has("warn.txt", "WARN\n" + Report("P1", "3") + kThreeLeftOver)
-            .Has("info.txt", ErrorsAndWarnings(Info("P1", "-1"), Info("P1", "3")))
-            .Log({"A1 > a.txt warn.txt err.txt | P1 P1",
-                  "P1 > b.txt warn.txt err.txt | P1 P1",
-                  "P1 > b.txt warn.txt err.txt | P1 P1"}),
-        RunCase("one too few, no other", Assembly(2, {P1(1)}))
-            .Has("a.txt", "A\nG0\nA1 x2\n")
-            .Has("b.txt", "B\nG1\nP1 x-1\n")
-            .Has("err.txt",
-                 "ERR\n" + Report("A1", "2") + Shortfall("1") + Report("P1", "-1") + TooFew("1"))
-            .Has("info.txt", ErrorsAndWarnings(Info("A1", "2") + Info("P1", "-1"), ""))
-            .Log(log),
-        RunCase("none at all", Assembly(3, {}))
-            .Has("a.txt", "A\nG0\nA1 x3\n")
-            .Has("err.txt", "ERR\n" + Report("A1", "3") + Shortfall("1"))
-            .Has("info.txt", ErrorsAndWarnings(Info("A1", "3"), ""))
-            .Log({"A1 > a.txt warn.txt err.txt |"}),
-        RunCase("the host is told when there is no file for errors",
-                Assembly(4, {P1(1), kM2InGroup2}).FileName(2, ""))
-            .Has("a.txt", "A\nG0\nA1 x4\nG2\nM2 x1\n")
-            .Has("b.txt", "B\nG1\nP1 x-3\n")
-            .Lacks("err.txt")
-            .Has("info.txt", ErrorsAndWarnings(Info("A1", "4") + Info("P1", "-3"), ""))
-            .Log({"A1 > a.txt warn.txt () | P1",
-                  "P1 > b.txt warn.txt () | P1",
-                  "M2 > a.txt warn.txt () | P1"})
-            .Prompts({"Part Number = A1\n",
-                      "          Section    = Z200\n",
-                      "          Quantity   = 4\n",
-                      Shortfall("3"),
-                      "Part Number = P1\n",
-                      "          Section    = Z200\n",
-                      "          Quantity   = -3\n",
-                      TooFew("3")}),
-    };
-    for (const RunCase& row : cases)
-        Expect(row);
-}
-
-TEST(OutputWritingTest, AMissingPartCanBeAWarning) {
-    Job job = Assembly(3, {});
-    job.members[0].ShortfallAsWarning();
-    Expect(RunCase("warning", job)
-               .Has("a.txt", "A\nG0\nA1 x3\n")
-               .Has("warn.txt",
-                    "WARN\n" + Report("A1", "3") +
-                        "          *Warning*: 1 of the single parts (Part no : P1) are not "
-                        "selected / valid for this assembly\n")
-               .Has("info.txt", ErrorsAndWarnings("", Info("A1", "3")))
-               .Log({"A1 > a.txt warn.txt err.txt |"}));
-}
-
-TEST(OutputWritingTest, TheLastMemberHoldsThePartsToNest) {
-    const MemberRow m1 = MemberRow(L"M1").Qty(2);
-    const MemberRow m2 = MemberRow(L"M2").Invalid();
-    const MemberRow m3 = MemberRow(L"M3").Qty(4);
-    const MemberRow wrongM3 = MemberRow(L"M3").Qty(4).Invalid();
-    const std::string wrongM2 = "ERR\n" + Report("M2", "1") + "          is wrong\n";
-    const auto expect = [](const char* name,
-                           const Job& job,
-                           const std::string& errors,
-                           const Texts& nests) {
-        Texts log = {"M1 > a.txt warn.txt err.txt |",
-                     "M2 > a.txt warn.txt err.txt |",
-                     "M3 > a.txt warn.txt err.txt |"};
-        log.insert(log.end(), nests.begin(), nests.end());
-        Expect(RunCase(name, job)
-                   .Has("a.txt", "A\nG0\nM1 x2\nM2 x1\nM3 x4\n")
-                   .Has("err.txt", errors)
-                   .Has("info.txt", kInfoHead + Info("M1", "2") + Info("M2", "1") + Info("M3", "4"))
-                   .Log(log));
-    };
-    expect("an invalid member is left out, the last in order holds",
-           Job({m3, m1, m2}).Nesting(),
-           wrongM2,
-           {"M3 holds M1 x2 1000.0, M3 x4 1000.0,"});
-    expect("an invalid member holds, too",
-           Job({wrongM3, m1, m2}).Nesting(),
-           wrongM2 + Report("M3", "4") + "          is wrong\n",
-           {"M3 holds M1 x2 1000.0,"});
-    expect("not without the group's flag", Job({m3, m1, m2}), wrongM2, {});
-}
-
-TEST(OutputWritingTest, BlocksOfTheAdditionalInformationInTheirOrder) {
-    const std::string one = kGap + "one\n" + Info("M1", "1") + Info("M1", "1");
-    Expect(RunCase("repeated and missing blocks",
-                   Job({MemberRow(L"M1").InfoBlocks({1, 0, 1}), kM2}).InfoOrder({1, 3, 0, 1}))
-               .Has("a.txt", "A\nG0\nM1 x1\nM2 x1\n")
-               .Has("info.txt",
-                    "INFO\n" + one + kGap + "warnings\n" + kGap + "all\n" + Info("M1", "1") +
-                        Info("M1", "1") + Info("M2", "1") + one)
-               .Log(kLogM1M2));
-}
-
-// What cannot be written
-
-TEST(OutputWritingTest, PositionsThatAreNotThereFailAnAssertion) {
-    // What is in the main file after the accumulator's end.
-    const auto expect = [](const char* name, const Job& job, const std::string& mainFile) {
-        SCOPED_TRACE(name);
-        JobRun run(job);
-        EXPECT_EQ(AssertionOf([&] { run.m_accumulator.WriteOutPut(); }), "isValid( index )");
-        run.m_accumulator = CMxCamGlobAcc();
-        EXPECT_EQ(run.m_folder.Read("a.txt"), mainFile);
-    };
-    expect("three file groups", Job({}).FileCount(3), "A\n");
-    expect("no block", Job({}).InfoBlocks({}), "A\n");
-    expect("block in the order", Job({kM1}).InfoOrder({4}), "A\nG0\nM1 x1\n");
-    expect("file group of a group", Job({kM1}).GroupFiles(0, {0, 5}), "A\n");
-    expect("group by member group ID", Job({kM1}).GroupID(0, 3), "A\n");
-}
-
-TEST(OutputWritingTest, FilesThatCannotBeOpenedAreLentAndListed) {
-    JobRun run(Job({kM1}).FileName(0, "new/a.txt").FileName(1, "new/info.txt"));
-    const auto missing = [&](const char* name) {
-        return FileFault{run.m_folder.NameOf(name), ZetFileFault::Operation::kOpen, ENOENT};
-    };
+TEST(OutputWritingTest, FaultsAreThoseOfTheLastRun) {
+    JobRun run(Job({kM1}).FileName(0, L"new/a.txt"));
     run.m_accumulator.WriteOutPut();
-    EXPECT_EQ(run.Log(), Texts{"M1 > (a.txt) warn.txt err.txt |"});
-    // Each time that a file is asked for it is tried again, with its header lines.
-    EXPECT_EQ(Prompted(), (Texts{"A\n", "INFO\n", "A\n", "G0\n", "INFO\n"}));
-    EXPECT_EQ(run.m_accumulator.GetFileFaults(),
-              (ZetArray<FileFault>{missing("new/a.txt"), missing("new/info.txt")}));
+    const FileFault fault = {
+        run.m_folder.NameOf("new/a.txt"), ZetFileFault::Operation::kOpen, ENOENT};
+    EXPECT_EQ(run.m_accumulator.GetFileFaults(), ZetArray<FileFault>{fault});
 
     std::filesystem::create_directory(run.m_folder.PathOf("new"));
     const CMxCamGlobAcc copy = run.m_accumulator;
     run.m_accumulator.WriteOutPut();
     EXPECT_EQ(run.m_folder.Read("new/a.txt"), "A\nG0\nM1 x1\n");
     EXPECT_TRUE(run.m_accumulator.GetFileFaults().isEmpty());
-    EXPECT_EQ(copy.GetFileFaults().length(), 2);
+    EXPECT_EQ(copy.GetFileFaults(), ZetArray<FileFault>{fault});
 }
 
 #ifndef _WIN32
 TEST(OutputWritingTest, AFullDeviceIsListedOnceTheRunIsOver) {
-    JobRun run(Job({kM1}).FileName(0, "full.txt"));
+    JobRun run(Job({kM1}).FileName(0, L"full.txt"));
     std::filesystem::create_symlink("/dev/full", run.m_folder.PathOf("full.txt"));
     run.m_accumulator.WriteOutPut();
-    const FileFault full = {
+    const FileFault fault = {
         run.m_folder.NameOf("full.txt"), ZetFileFault::Operation::kWrite, ENOSPC};
-    EXPECT_EQ(run.m_accumulator.GetFileFaults(), ZetArray<FileFault>{full});
+    EXPECT_EQ(run.m_accumulator.GetFileFaults(), ZetArray<FileFault>{fault});
 }
 #endif
 
-// Single operations
-
 TEST(OutputWritingTest, AdditionalInformationWrittenLaterReplacesTheFile) {
+    const std::string gap = "  \n  \n  \n";
+    const std::string line = "M1                  Z200                1   \n";
     JobRun run(Job({kM1}));
-    run.m_folder.Write("info.txt", "what was there");
     EXPECT_FALSE(run.m_accumulator.WriteAddInfo());
     run.m_accumulator.WriteOutPut();
-    EXPECT_EQ(run.m_folder.Read("info.txt"), kInfoHead + kGap + "all\n" + Info("M1", "1"));
+    EXPECT_EQ(run.m_folder.Read("info.txt"), "INFO\n" + gap + "all\n" + gap + "all\n" + line);
     EXPECT_FALSE(run.m_accumulator.WriteAddInfo());
     run.m_accumulator = CMxCamGlobAcc();
-    EXPECT_EQ(run.m_folder.Read("info.txt"), kInfoHead + Info("M1", "1"));
+    EXPECT_EQ(run.m_folder.Read("info.txt"), "INFO\n" + gap + "all\n" + line);
     EXPECT_EQ(AssertionOf([&] { run.m_accumulator.WriteAddInfo(); }), "isValid( index )");
 }
 

@@ -1,4 +1,4 @@
-#include "camjob/Golden.h"
+#include "support/Golden.h"
 
 #include <algorithm>
 #include <cstdlib>
@@ -6,10 +6,6 @@
 #include <iterator>
 
 namespace {
-
-std::string PathOf(const std::string& name) {
-    return std::string(CAMJOB_GOLDEN_FOLDER "/") + name + ".txt";
-}
 
 std::string Read(const std::string& path) {
     std::ifstream file(path, std::ios::binary);
@@ -38,8 +34,10 @@ std::string LineAt(const std::string& text, std::size_t lineStart) {
 
 }  // namespace
 
-::testing::AssertionResult MatchesGolden(const std::string& name, const std::string& text) {
-    const std::string path = PathOf(name);
+::testing::AssertionResult MatchesGolden(const std::string& folder,
+                                         const std::string& name,
+                                         const std::string& text) {
+    const std::string path = folder + "/" + name + ".txt";
     if (std::getenv("UPDATE_GOLDEN") != nullptr) {
         std::ofstream(path, std::ios::binary) << text;
         return ::testing::AssertionSuccess();
