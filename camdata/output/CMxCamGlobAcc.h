@@ -95,7 +95,8 @@ class CAMDATA_API CMxCamGlobAcc {
     ///
     /// Sorts the members as SortPeilaibArr. Fewer than four file groups, a member group ID outside
     /// the group table, a file group ID outside the file groups, and additional information without
-    /// any block fail the assertion "isValid( index )". The files that are open then stay open.
+    /// any block fail the assertion "isValid( index )". Then, and when a member raises an
+    /// error, the files stay open.
     void WriteOutPut();
     /// Writes the additional information to the file of the file group at 1, at its write position;
     /// opens the file anew when it was closed. Nothing is written when that file group makes no
