@@ -163,7 +163,9 @@ TEST(HoleChecks, TellsAHoleInOneLine) {
 }
 
 TEST(HoleChecks, ReportsWarningsAndErrorsApart) {
-    CHoleAddlInfo hole = Round18(1000.5, 5);
+    CHoleAddlInfo hole = Round18(1999.5, 195);
+    hole.SetXPosFrom(3000);
+    hole.SetYPosFrom(200);
     hole.AppendMsg(eHoleMsgCode, L"code");
     Lines lines;
     EXPECT_FALSE(hole.GetWarMsg(lines) || hole.GetErrMsg(lines));

@@ -90,6 +90,8 @@ TEST(NotchChecks, MatchesAndFillsTheText) {
         {"left side, rounding decides", NotchAt(20.1, 15), Corner(0, 0), L"old"},
         {"lower side beyond", NotchAt(20, 15.2), Corner(0, 0), L"old"},
         {"upper right", NotchAt(2980, 185), Corner(3000, 200), L"40,30"},
+        {"lower right", NotchAt(2980, 15), Corner(3000, 0), L"40,30"},
+        {"upper left", NotchAt(20, 185), Corner(0, 200), L"40,30"},
         {"any X", NotchAt(500, 15), Corner(-1, 0), L"40,30"},
         {"any X, but Y", NotchAt(500, 16), Corner(-1, 0), L"old"},
         {"any Y", NotchAt(20, 500), Corner(0, -1), L"40,30"},
@@ -112,6 +114,8 @@ TEST(NotchChecks, MatchesAndFillsTheText) {
         {"corner X", notch, Corner(120, 215, three, {4, 5, 1}), L"40,30,120"},
         {"Y", notch, Corner(120, 215, three, {4, 5, 2}), L"40,30,200"},
         {"corner Y", notch, Corner(120, 215, three, {4, 5, 3}), L"40,30,215"},
+        {"any corner X is the left", notch, Corner(-1, -1, three, {4, 5, 1}), L"40,30,80"},
+        {"any corner Y is the lower", notch, Corner(-1, -1, three, {4, 5, 3}), L"40,30,185"},
         {"selectors out of place", notch, Corner(120, 215, three, {3, 0, 4}), L"0,0,0"},
         {"too few values", notch, Corner(-1, -1, three), L"40,30,%.0f"},
         {"values of another type", notch, Corner(-1, -1, L"%s,%d"), L"%s,%d"},
@@ -138,6 +142,7 @@ TEST(NotchChecks, CornersReadTheCurrentTolerance) {
     EXPECT_TRUE(CurrentToleranceIs(0.11));
     CMxGeom::SetTol(eTolValue, 0.3);
     EXPECT_TRUE(notch.CheckNotchCorner(Corner(0, -0.4)));
+    EXPECT_TRUE(CurrentToleranceIs(0.3));
 }
 
 TEST(NotchChecks, AMatchingDefinitionNeedsTwoSelectors) {
