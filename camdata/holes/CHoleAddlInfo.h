@@ -84,6 +84,9 @@ class CAMDATA_API CHoleAddlInfo {
     /// the member against the limits of CMxGeom, and adds a warning for each that is too small;
     /// status and validity stay. A slot counts from its end. Sets the current tolerance to m_EPS.
     ///
+    /// The near side of every face counts as an adjoining face, and the warning names the bottom
+    /// flange on flanges too. The far side of a web counts as one as well, any other as an edge.
+    ///
     /// The far edge is found from the width of the face, the far end from `memberLength`. One that
     /// is not above 0 is not known: that distance is then measured from 0, so with an unknown
     /// length a hole too near the start is warned of twice.

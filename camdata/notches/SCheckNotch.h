@@ -10,8 +10,9 @@
 /// it is output with. A plain value; mm, in the frame of the notch's position.
 ///
 /// A corner coordinate around 0 is that of the notch's lower or left side, one above 0 that of its
-/// upper or right side, one below 0 fits any notch; each by the current tolerance. A notch that is
-/// no rectangle has its corner where its position is.
+/// upper or right side; one below 0 fits any notch, whose corner is then on the lower or left side.
+/// Each by the current tolerance. A notch that is no rectangle has its corner where its position
+/// is.
 struct SCheckNotch {
     std::int64_t id = 0;  ///< the caller's own; the library does not read it
     double cornerX = 0.0;
