@@ -22,7 +22,8 @@ class TempFolder {
         m_path = std::filesystem::temp_directory_path() /
                  std::filesystem::path(u8"Träger und Maße") / flat;
         // The same tests may run at the same time from another build.
-        m_path += "-" + std::to_string(std::random_device()());
+        m_path += "-";
+        m_path += std::to_string(std::random_device()());
         std::filesystem::create_directories(m_path);
     }
     ~TempFolder() {
