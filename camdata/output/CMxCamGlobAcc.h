@@ -152,6 +152,9 @@ class CAMDATA_API CMxCamGlobAcc {
     CMxPeilaibArr& ListOf(const CMxGroups& group);
     ZetFileAccess* OpenFile(long fileGroup, ZetFileAccess* otherwise);
     void OpenAllFiles();
+    ZetArray<ZetFileAccess*> WriteList(CMxPeilaibArr& list,
+                                       const ZetArray<ZetFileAccess*>& fixedFiles,
+                                       ZetArray<CMxPeilaib*>& secondaryParts);
     ZetArray<ZetFileAccess*> OpenFilesOf(const CMxGroups& group,
                                          const ZetArray<ZetFileAccess*>& fixedFiles);
     ZetArray<CMxPeilaib*> SecondaryParts() const;

@@ -76,13 +76,8 @@ void CMxCamGlobAcc::WriteOutPut() {
     SortPeilaibArr();
     ZetArray<CMxPeilaib*> secondaryParts = SecondaryParts();
     ZetArray<ZetFileAccess*> files = fixedFiles;
-    for (const auto& list : m_memberLists) {
-        // The header lines are those of the list's group, all else is the table's.
-        const CMxGroups& group = m_groups[list->GetGroup().GetMemGroupID()];
-        files = OpenFilesOf(group, fixedFiles);
-        WriteGroup(*list, files, secondaryParts, group.GetNesting());
-        m_addInfo.AppendInfo(list.get());
-    }
+    for (const auto& list : m_memberLists)
+        files = WriteList(*list, fixedFiles, secondaryParts);
     for (CMxPeilaib* part : secondaryParts)
         part->PrintSinglePartDetail(files);
     m_addInfo.AppendInfo(secondaryParts);
@@ -106,6 +101,19 @@ void CMxCamGlobAcc::OpenAllFiles() {
     }
 }
 
+/// Writes the members of a list and adds them to the additional information. Returns the files that
+/// they were handed.
+ZetArray<ZetFileAccess*> CMxCamGlobAcc::WriteList(CMxPeilaibArr& list,
+                                                  const ZetArray<ZetFileAccess*>& fixedFiles,
+                                                  ZetArray<CMxPeilaib*>& secondaryParts) {
+    // The header lines are those of the list's group, all else is the table's.
+    const CMxGroups& group = m_groups[list.GetGroup().GetMemGroupID()];
+    ZetArray<ZetFileAccess*> files = OpenFilesOf(group, fixedFiles);
+    WriteGroup(list, files, secondaryParts, group.GetNesting());
+    m_addInfo.AppendInfo(&list);
+    return files;
+}
+
 /// The files that members of a group get: the group's own, null for one that is not there, then the
 /// fixed ones.
 ZetArray<ZetFileAccess*> CMxCamGlobAcc::OpenFilesOf(const CMxGroups& group,
@@ -117,8 +125,7 @@ ZetArray<ZetFileAccess*> CMxCamGlobAcc::OpenFilesOf(const CMxGroups& group,
     return files;
 }
 
-/// The members of the list of secondary parts. Only the first two lists, in sorted order, can be
-/// it.
+/// The members of the list of secondary parts, which can only be one of the first two in order.
 ZetArray<CMxPeilaib*> CMxCamGlobAcc::SecondaryParts() const {
     for (long i = 0; i < std::min(m_memberLists.length(), 2L); ++i) {
         if (m_memberLists[i]->GetGroup().GetMemGroupID() == kSecondaryPartsGroup)

@@ -116,16 +116,6 @@ TEST(CMxCamGlobAccTest, TolerancesAreStoredNotSelected) {
     EXPECT_TRUE(CurrentToleranceIs(0.1));
 }
 
-TEST(CMxCamGlobAccTest, SettingsOfAManufacturerInTheirOrder) {
-    CMxCamGlobAcc accumulator;
-    EXPECT_EQ(accumulator.GetHanding(), 0);
-    EXPECT_TRUE(accumulator.SetManuFacturerDetails(L"prefix", L"folder", L"full"));
-    EXPECT_EQ(accumulator.GetPrefix(), L"prefix");
-    EXPECT_EQ(accumulator.GetDirName(), L"folder");
-    EXPECT_EQ(accumulator.GetFullName(), L"full");
-    accumulator.SortPeilaibArr();
-}
-
 // Ownership
 
 /// Project information that counts its ends.
