@@ -124,6 +124,8 @@ void CheckSelection(const SelectionCase& row, bool isShortfallWarning) {
     mainPart.m_shortfallAsWarning = isShortfallWarning;
     mainPart.m_attachedParts.setLength(1);
     mainPart.m_attachedParts[0].SetPartNo(L"S1");
+    // Of no account: what one assembly holds of the part.
+    mainPart.m_attachedParts[0].SetQty(6);
     std::vector<TestMember> members;
     for (const Selected& selected : row.members) {
         members.push_back(PartOf(selected.mark, selected.qty));

@@ -76,4 +76,25 @@ TEST(ErrorReportTest, BlocksAreHeadedAndErrorsDecideValidity) {
     }
 }
 
+TEST(ErrorReportTest, ASecondReportRepeatsBlocksLinesAndLocations) {
+    ZetNCHeaderData header;
+    header.mark = L"M1";
+    header.quantity = 3;
+    header.profileName = L"Z20035-20";
+    TestMember member = MemberOf(header);
+    member.m_errors = {L"e"};
+    member.m_nonStdMsgs = {L"n"};
+    Lines twice = Block(L"35-20");
+    twice.appendAll(twice);
+    member.CreateErrWarHeader();
+    member.CreateErrWarHeader();
+    EXPECT_EQ(member.m_errorReport, twice);
+    EXPECT_EQ(member.m_warningReport, twice);
+    EXPECT_EQ(member.m_errors, Lines{L"e"});
+    EXPECT_EQ(member.m_warnings, (Lines{L"n", L"n"}));
+    EXPECT_EQ(member.m_nonStdMsgs, Lines{L"n"});
+    EXPECT_EQ(member.GetAddInfoArrLoc(), (Locations{2, 3, 2, 3}));
+    EXPECT_EQ(member.m_message, L"          Quantity   = 3");
+}
+
 }  // namespace
