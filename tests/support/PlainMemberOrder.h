@@ -1,5 +1,7 @@
 #pragma once
 
+#include "support/PlainSort.h"
+
 #include "camdata/holes/CMxGeom.h"
 #include "camdata/member/CMxPeilaib.h"
 
@@ -48,20 +50,7 @@ inline int PlainCompare(const CMxPeilaib& a, const CMxPeilaib& b) {
     return result;
 }
 
-/// A merge sort of copies, the first part being the smaller one.
 inline std::vector<CMxPeilaib*> PlainSorted(const std::vector<CMxPeilaib*>& members) {
-    if (members.size() < 2)
-        return members;
-    const auto middle = members.begin() + static_cast<std::ptrdiff_t>(members.size() / 2);
-    const std::vector<CMxPeilaib*> left = PlainSorted({members.begin(), middle});
-    const std::vector<CMxPeilaib*> right = PlainSorted({middle, members.end()});
-    std::vector<CMxPeilaib*> sorted;
-    std::size_t l = 0;
-    std::size_t r = 0;
-    while (sorted.size() < members.size()) {
-        const bool isRight =
-            l == left.size() || (r < right.size() && PlainCompare(*left[l], *right[r]) > 0);
-        sorted.push_back(isRight ? right[r++] : left[l++]);
-    }
-    return sorted;
+    return PlainSorted(
+        members, [](const CMxPeilaib* a, const CMxPeilaib* b) { return PlainCompare(*a, *b); });
 }

@@ -1,8 +1,9 @@
 #pragma once
 
+#include "support/PlainSort.h"
+
 #include "camdata/holes/CMxGeom.h"
 #include "camdata/platform/ZetString.h"
-#include "camdata/util/MergeSort.h"
 
 #include <cmath>
 #include <vector>
@@ -106,8 +107,9 @@ inline int PlainCompare(const PlainPart& a, const PlainPart& b) {
     return a.length < b.length - eps ? -1 : 1;
 }
 
-inline std::vector<PlainNest> PlainNesting(std::vector<PlainPart> parts, double reserveLength) {
-    camdata::detail::MergeSort(parts, PlainCompare);
+inline std::vector<PlainNest> PlainNesting(const std::vector<PlainPart>& unsorted,
+                                           double reserveLength) {
+    std::vector<PlainPart> parts = PlainSorted(unsorted, PlainCompare);
     std::erase_if(parts, [](const PlainPart& part) { return part.qty <= 0; });
     std::vector<PlainNest> nests;
     while (!parts.empty()) {
