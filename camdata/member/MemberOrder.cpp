@@ -3,6 +3,7 @@
 #include "camdata/holes/CMxGeom.h"
 #include "camdata/util/MergeSort.h"
 
+#include <algorithm>
 #include <array>
 #include <vector>
 
