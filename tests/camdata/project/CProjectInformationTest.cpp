@@ -121,6 +121,25 @@ TEST_F(CProjectInformationTest, WithoutASettingsFileNothingChanges) {
     EXPECT_EQ(SettingsOf(project), Texts(8, L"-"));
 }
 
+TEST_F(CProjectInformationTest, ARecordExpectsNoEntriesUntilADerivedClassSaysHowMany) {
+    CProjectInformation project;
+    project.SetLocation(m_folder.NameOf("s"));
+    project.SetSettingFileName(L"et.txt");
+    m_folder.Write("set.txt", "+a\n+b\n+c\n+d\n+e\n+f\n+g\n+h\n");
+    EXPECT_FALSE(project.GetDetailFromFile());
+    EXPECT_EQ(project.GetFileName(), L"");
+    m_folder.Write("set.txt", "");
+    EXPECT_TRUE(project.GetDetailFromFile());
+
+    m_folder.Write("set.txt", "+a\n");
+    const Project one(1);
+    Project copy = one;
+    copy.SetLocation(m_folder.NameOf("set"));
+    copy.SetSettingFileName(L".txt");
+    EXPECT_TRUE(copy.GetDetailFromFile());
+    EXPECT_EQ(copy.GetFileName(), L"a");
+}
+
 TEST_F(CProjectInformationTest, ASettingsFileOfManyLinesIsRead) {
     std::string lines = "+";
     std::wstring entry;
@@ -137,6 +156,14 @@ TEST_F(CProjectInformationTest, ASettingsFileOfManyLinesIsRead) {
 }
 
 #if defined(__linux__)
+TEST_F(CProjectInformationTest, ASettingsFileThatCannotBeReadIsRefused) {
+    // The memory of a process can be opened, but there is nothing at address 0.
+    Project project(0);
+    project.SetLocation(L"/proc/self/");
+    project.SetSettingFileName(L"mem");
+    EXPECT_FALSE(project.GetDetailFromFile());
+}
+
 TEST_F(CProjectInformationTest, ASettingsFileWithoutAnEndIsRefused) {
     Project project(0);
     project.SetLocation(L"/dev/");
@@ -169,6 +196,9 @@ const HeaderCase kHeaderCases[] = {
      L"x\r\ny",                                                                              {L"",
       L"\r\n                          : L                         : x",
       L"\r\n                          : y"}                                                                                                              },
+    {"CommentOfThreeCharacters",
+     L"REM",                                    L"L",
+     L"x\r\ny",                                                                              {L"REML                         : x", L"REM                         : y"}  },
     {"NoComment",                      L"",     L"",                              L"",       {L"                          : "}                                          },
 };
 
