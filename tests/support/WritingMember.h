@@ -41,8 +41,9 @@ struct MemberRow {
 /// makes its report, and writes a line "MARK xQUANTITY" and the report. Notes what it was handed.
 class WritingMember : public TestMember {
   public:
-    /// Appends "MARK > FILES | SECONDARY PARTS" to `log` for each writing: "-" is no file, "(NAME)"
-    /// one that is not open.
+    /// Appends "MARK > FILES | SECONDARY PARTS" to `log` for each writing ("MARK (holder) > ..."
+    /// once the nesting flag is cleared) and "MARK reports > FILES" for each report as a single
+    /// part. Among the files "-" is none, "(NAME)" one that is not open.
     WritingMember(const MemberRow& row, std::vector<std::string>& log)
         : m_writesTo(row.writesTo), m_log(&log) {
         ZetNCHeaderData header;
@@ -63,7 +64,10 @@ class WritingMember : public TestMember {
 
     void WriteMemOutPut(const ZetArray<ZetFileAccess*>& files,
                         ZetArray<CMxPeilaib*>& secondaryParts) override {
-        m_log->push_back(Handed(files, secondaryParts));
+        std::string handed = Handed(GetNesting() ? "" : " (holder)", files) + " |";
+        for (const CMxPeilaib* part : secondaryParts)
+            handed += " " + part->GetMark().toUtf8();
+        m_log->push_back(handed);
         CheckAttachedPartsSelection(secondaryParts);
         CreateErrWarHeader();
         for (const long position : m_writesTo) {
@@ -76,16 +80,20 @@ class WritingMember : public TestMember {
         CMxUtil::AsArrStrPrint(m_warnings, files[files.length() - 2]);
     }
 
+    void PrintSinglePartDetail(const ZetArray<ZetFileAccess*>& files) override {
+        m_log->push_back(Handed(" reports", files));
+        CMxPeilaib::PrintSinglePartDetail(files);
+    }
+
     /// A file's name without its folder.
     static std::string PlainName(const ZetString& fileName) {
         const std::string name = fileName.toUtf8();
         return name.substr(name.find_last_of("/\\") + 1);
     }
 
-    /// A line "MARK holds PART xQUANTITY LENGTH ..." for a member that holds parts to nest or lost
-    /// its nesting flag, else "".
+    /// A line "MARK holds PART xQUANTITY LENGTH ..." for a member that holds parts; else "".
     std::string NestText() const {
-        if (m_partsToNest.isEmpty() && GetNesting())
+        if (m_partsToNest.isEmpty())
             return {};
         ZetString text = GetMark() + L" holds";
         for (const CMxParts& part : m_partsToNest)
@@ -113,14 +121,10 @@ class WritingMember : public TestMember {
         return file->IsOpen() ? name : "(" + name + ")";
     }
 
-    std::string Handed(const ZetArray<ZetFileAccess*>& files,
-                       const ZetArray<CMxPeilaib*>& secondaryParts) const {
-        std::string text = GetMark().toUtf8() + " >";
+    std::string Handed(const char* role, const ZetArray<ZetFileAccess*>& files) const {
+        std::string text = GetMark().toUtf8() + role + " >";
         for (const ZetFileAccess* file : files)
             text += " " + Shown(file);
-        text += " |";
-        for (const CMxPeilaib* part : secondaryParts)
-            text += " " + part->GetMark().toUtf8();
         return text;
     }
 

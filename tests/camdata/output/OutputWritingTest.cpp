@@ -187,11 +187,13 @@ const std::vector<RunCase> kRuns = {
     RunCase("one-too-few-and-no-other", Assembly(MemberRow(L"A1").Qty(2), {P1(1)})),
     RunCase("no-part", Assembly(MemberRow(L"A1").Qty(3), {})),
     RunCase("no-part-as-warning", Assembly(MemberRow(L"A1").ShortfallAsWarning(), {})),
+    RunCase("parts-only", Job({P1(2)}).InfoOrder({0, 3})),
     RunCase("parts-without-error-file",
             Assembly(MemberRow(L"A1").Qty(4), {P1(1), kM2InGroup2}).FileName(2, L"")),
     // Nests.
     RunCase("nest", Job({kM3, MemberRow(L"M1").Qty(2), kWrongM2}).Nesting()),
     RunCase("nest-with-an-invalid-holder", Job({kM1, kWrongM2}).Nesting()),
+    RunCase("nest-of-nothing", Job({kWrongM2}).Nesting()),
     RunCase("nesting-of-members-does-not-count", Job({kM3, kM1})),
     // Additional information.
     RunCase("repeated-and-missing-blocks",
