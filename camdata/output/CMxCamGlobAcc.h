@@ -100,7 +100,8 @@ class CAMDATA_API CMxCamGlobAcc {
     void WriteOutPut();
     /// Writes the additional information to the file of the file group at 1, at its write position;
     /// opens the file anew when it was closed. Nothing is written when that file group makes no
-    /// file or cannot open it. Always false.
+    /// file or cannot open it. Without a file group at 1 the assertion "isValid( index )" fails.
+    /// Always false.
     bool WriteAddInfo();
     /// Adds the link file name of each file group to `names`, "" too. The ID array is emptied. An
     /// ID outside the file groups fails the assertion "isValid( index )".
