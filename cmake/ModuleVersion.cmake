@@ -16,6 +16,9 @@ function(camdata_module_version target version description)
         set(generated ${target}.rc)
     else()
         set(generated ${target}Version.cpp)
+        # A sanitizer would pad the note.
+        set_source_files_properties(${CMAKE_CURRENT_BINARY_DIR}/${generated}
+                                    PROPERTIES COMPILE_OPTIONS -fno-sanitize=address)
     endif()
     get_filename_component(extension ${generated} LAST_EXT)
     configure_file(${CAMDATA_MODULE_VERSION_TEMPLATES}/ModuleVersion${extension}.in

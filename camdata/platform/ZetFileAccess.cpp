@@ -164,11 +164,7 @@ bool ZetFileAccess::HasNextCharacter() {
     const auto character = camdata::detail::DecodeUtf8(
         {buffer.bytes.data() + buffer.next, buffer.bytes.size() - buffer.next});
     buffer.next += character.bytes;
-    // A U+FFFF of the file must not pass for its end.
-    camdata::detail::AppendWide(buffer.pendingCharacters,
-                                character.codePoint == kEndOfFile
-                                    ? camdata::detail::kReplacementCharacter
-                                    : character.codePoint);
+    camdata::detail::AppendWide(buffer.pendingCharacters, character.codePoint);
     return true;
 }
 

