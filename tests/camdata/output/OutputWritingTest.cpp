@@ -161,6 +161,7 @@ const std::vector<RunCase> kRuns = {
             Job({kM1, kM2InGroup2}).GroupID(0, 2).Nesting().GroupFiles(2, {4})),
     RunCase("two-group-ids-in-one-group",
             Job({kM1, MemberRow(L"M2").Group(3)}).IndexMap({0, 1, 2, 0})),
+    RunCase("index-map-swaps-groups", Job({MemberRow(L"M2").Group(1), P1(2)}).IndexMap({1, 0, 2})),
     // Header lines with nothing behind them.
     RunCase("covered-short-header", Job({kSilentM1})),
     RunCase("covered-long-header", Job({kSilentM1}).Header(kWide)),
