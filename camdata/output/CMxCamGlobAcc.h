@@ -39,6 +39,7 @@ class CAMDATA_API CMxCamGlobAcc {
 
     /// Sets prefix, folder and full name. Always true.
     bool SetManuFacturerDetails(ZetString prefix, ZetString dirName, ZetString fullName);
+    /// Sets what GetAnyName reads.
     void SetProjectData(ZetNCProjectData data) { m_projectData = std::move(data); }
     /// Sets the blocks of the additional information and their order.
     void SetAddInfo(CMxAddlInfo info) { m_addInfo = std::move(info); }
@@ -142,7 +143,9 @@ class CAMDATA_API CMxCamGlobAcc {
     void SetIsCancelled(bool cancelled) { m_isCancelled = cancelled; }
     bool GetIsCancelled() const { return m_isCancelled; }
 
+    /// "" until SetMxProductVersion or SetDllVer; the later one counts.
     ZetString GetMxProductVersion() const { return m_productVersion; }
+    /// What SetDllVer was given.
     ZetString GetCamDllVersion() const { return m_libraryVersion; }
     /// "" until SetDllVer.
     ZetString GetBaseDllVersion() const { return m_baseLibraryVersion; }
