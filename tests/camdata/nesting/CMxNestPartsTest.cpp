@@ -4,6 +4,7 @@
 
 #include <limits>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include <gtest/gtest.h>
@@ -30,22 +31,16 @@ std::string WastageOf(const CMxNestParts& nest) {
 }
 
 TEST(CMxNestPartsTest, TellsTheOffCutWhenItIsLongerThanTheTolerance) {
-    struct Case {
-        std::vector<PlainPart> pieces;
-        std::string text;
-    };
     const PlainPart third = {L"M1", 1, 1333.3};
-    const std::vector<Case> cases = {
+    const std::pair<std::vector<PlainPart>, std::string> cases[] = {
         {{{L"M1", 1, 3800.0}},                     "1 No @   200 long   Cut from Mark M1"},
         {{{L"M1", 1, 1500.4}, {L"M2", 1, 2000.0}}, "1 No @   500 long   Cut from Mark M1"},
         {{third, third, third},                    "1 No @     0 long   Cut from Mark M1"},
         {{{L"M1", 1, 3999.9}},                     ""                                    },
         {{{L"M1", 1, 5000.0}},                     ""                                    },
     };
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.pieces.front().length);
-        EXPECT_EQ(WastageOf(NestOf(c.pieces)), c.text);
-    }
+    for (const auto& [pieces, text] : cases)
+        EXPECT_EQ(WastageOf(NestOf(pieces)), text) << pieces.front().length;
 }
 
 TEST(CMxNestPartsTest, ListsTheMarksOfABar) {
@@ -73,11 +68,12 @@ TEST(CMxNestPartsTest, AnEmptyNestIsAWholeBar) {
 }
 
 TEST(CMxNestPartsTest, AMainPartBeginsTheNestAnew) {
-    CMxNestParts nest = NestOf({
+    const std::vector<PlainPart> pieces = {
         {L"M1", 1, 1000.0},
         {L"M2", 1, 500.0 }
-    });
-    ZetArray<CMxParts> parts = {PartOf({L"M1", 1, 1000.0}), PartOf({L"M2", 1, 500.0})};
+    };
+    CMxNestParts nest = NestOf(pieces);
+    ZetArray<CMxParts> parts = {PartOf(pieces[0]), PartOf(pieces[1])};
     nest.CheckCombinationsAndAdd(parts);
     ASSERT_EQ(nest.GetQty(), 2);
     CMxParts none = PartOf({L"M3", 0, 700.0});
@@ -144,10 +140,10 @@ TEST(CMxNestPartsTest, AnotherBarNeedsEnoughOfTheFirstPartOfEachMark) {
         CMxNestParts nest = NestOf({
             {L"M1", 1, 500.0}
         });
-        CMxParts more = PartOf({L"M1", 1, 500.0});
-        nest.InsertNest(more);
-        more = PartOf({L"M2", 1, 500.0});
-        nest.InsertNest(more);
+        for (const wchar_t* mark : {L"M1", L"M2"}) {
+            CMxParts more = PartOf({mark, 1, 500.0});
+            nest.InsertNest(more);
+        }
         ZetArray<CMxParts> parts;
         for (const long qty : c.quantities)
             parts.append(PartOf({parts.isEmpty() ? L"M1" : L"M2", qty, 500.0}));
@@ -159,11 +155,9 @@ TEST(CMxNestPartsTest, AnotherBarNeedsEnoughOfTheFirstPartOfEachMark) {
 }
 
 TEST(CMxNestPartsTest, AMarkThatIsTwiceOnTheBarTakesFromItsPartWhileThereIsEnough) {
-    CMxNestParts nest = NestOf({
-        {L"M1", 1, 500.0},
-        {L"M1", 1, 500.0}
-    });
-    ZetArray<CMxParts> parts = {PartOf({L"M1", 1, 500.0})};
+    const PlainPart piece = {L"M1", 1, 500.0};
+    CMxNestParts nest = NestOf({piece, piece});
+    ZetArray<CMxParts> parts = {PartOf(piece)};
     EXPECT_FALSE(nest.CheckCombinationsAndAdd(parts));
     EXPECT_EQ(nest.GetQty(), 2);
     EXPECT_EQ(parts[0].GetQty(), 0);

@@ -10,48 +10,37 @@
 namespace {
 
 TEST(CMxPartsTest, SubtractsOnlyWhatIsThere) {
-    struct Case {
-        long qty;
-        long n;
-        bool isTaken;
-        long left;
+    const long cases[][4] = {
+        {3,  5, false, 3 },
+        {3,  3, true,  0 },
+        {0,  1, false, 0 },
+        {-1, 0, false, -1}
     };
-    for (const Case& c : {
-             Case{3,  5, false, 3 },
-             {3,  3, true,  0 },
-             {0,  1, false, 0 },
-             {-1, 0, false, -1}
-    }) {
-        SCOPED_TRACE(c.n);
+    for (const auto& [qty, n, isTaken, left] : cases) {
         CMxParts part;
-        part.SetQty(c.qty);
-        EXPECT_EQ(part.SubtractQty(c.n), c.isTaken);
-        EXPECT_EQ(part.GetQty(), c.left);
+        part.SetQty(qty);
+        EXPECT_EQ(part.SubtractQty(n), isTaken != 0) << n;
+        EXPECT_EQ(part.GetQty(), left) << n;
     }
 }
 
 TEST(CMxPartsTest, ComparesLengthsWithinTheGeneralTolerance) {
     constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
-    struct Case {
-        double a;
-        double b;
-        int forward;
-        int backward;
+    const double cases[][4] = {
+        {3000.0, 3000.1, 0,  0},
+        {3000.0, 3000.2, -1, 1},
+        {1000.0, 1000.1, 1,  1},
+        {1000.0, kNaN,   1,  1}
     };
-    for (const Case& c : {
-             Case{3000.0, 3000.1, 0,  0},
-             {3000.0, 3000.2, -1, 1},
-             {1000.0, 1000.1, 1,  1},
-             {1000.0, kNaN,   1,  1}
-    }) {
-        SCOPED_TRACE(c.b);
+    for (const auto& [lengthA, lengthB, forward, backward] : cases) {
+        SCOPED_TRACE(lengthB);
         CMxGeom::SetTol(eTolValue, 50.0);
         CMxParts a;
-        a.SetLength(c.a);
+        a.SetLength(lengthA);
         CMxParts b;
-        b.SetLength(c.b);
-        EXPECT_EQ(CMxParts::compare(&a, &b), c.forward);
-        EXPECT_EQ(CMxParts::compare(&b, &a), c.backward);
+        b.SetLength(lengthB);
+        EXPECT_EQ(CMxParts::compare(&a, &b), forward);
+        EXPECT_EQ(CMxParts::compare(&b, &a), backward);
         EXPECT_TRUE(CurrentToleranceIs(0.1));
     }
 }

@@ -32,28 +32,15 @@ class RandomParts {
 
   private:
     double Length() {
-        constexpr double kInfinity = std::numeric_limits<double>::infinity();
-        constexpr double kOdd[] = {0.0,
-                                   -0.0,
-                                   -700.0,
-                                   1e-9,
-                                   kInfinity,
-                                   -kInfinity,
-                                   std::numeric_limits<double>::quiet_NaN()};
-        switch (m_kind) {
-            case 0:
-                return 300.0 + Below(36000) * 0.1;
-            case 1:
-                return 50.0 * Below(90);
-            case 2:
-                return 3999.0 + Below(200) * 0.01;
-            case 3:
-                return 1333.0 + Below(60) * 0.01;
-            case 4:
-                return Below(2000) * 0.05;
-            default:
-                return Below(4) == 0 ? kOdd[Below(7)] : 100.0 * Below(45);
-        }
+        constexpr double kInf = std::numeric_limits<double>::infinity();
+        constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
+        constexpr double kOdd[] = {0.0, -0.0, -700.0, 1e-9, kInf, -kInf, kNaN};
+        if (m_kind == 5)
+            return Below(4) == 0 ? kOdd[Below(7)] : 100.0 * Below(45);
+        constexpr double kLeast[] = {300, 0, 3999, 1333, 0};
+        constexpr double kStep[] = {0.1, 50, 0.01, 0.01, 0.05};
+        constexpr int kSteps[] = {36000, 90, 200, 60, 2000};
+        return kLeast[m_kind] + Below(kSteps[m_kind]) * kStep[m_kind];
     }
 
     std::mt19937_64 m_random;
