@@ -36,28 +36,24 @@ void PlainOrder(RecordPtrs<Record>& list) {
     }
 }
 
-inline bool PlainTagMainHole(const RecordPtrs<CHoleAddlInfo>& list, const CHoleAddlInfo& csk) {
+inline void PlainTagMainHole(const RecordPtrs<CHoleAddlInfo>& list, const CHoleAddlInfo& csk) {
     for (CHoleAddlInfo* hole : list) {
         if (hole->GetHoleStatus() != 2 && hole->GetXPos() == csk.GetXPos() &&
             hole->GetYPos() == csk.GetYPos() && !hole->GetIsCSK()) {
             hole->SetIsCSK(true);
-            hole->SetCSKPos(0);
-            return true;
+            return hole->SetCSKPos(0);
         }
     }
-    return false;
 }
 
 inline void PlainCountersinks(RecordPtrs<CHoleAddlInfo>& list, std::vector<CHoleAddlInfo>& csks) {
-    for (std::size_t i = 0; i < list.size();) {
-        if (list[i]->GetHoleStatus() != 2) {
-            ++i;
+    for (const CHoleAddlInfo* hole : list) {
+        if (hole->GetHoleStatus() != 2)
             continue;
-        }
-        PlainTagMainHole(list, *list[i]);
-        csks.push_back(*list[i]);
-        list.erase(list.begin() + static_cast<std::ptrdiff_t>(i));
+        PlainTagMainHole(list, *hole);
+        csks.push_back(*hole);
     }
+    std::erase_if(list, [](CHoleAddlInfo* hole) { return hole->GetHoleStatus() == 2; });
 }
 
 inline bool PlainIsDuplicate(const CHoleAddlInfo& a, const CHoleAddlInfo& b) {

@@ -1,7 +1,8 @@
 #pragma once
 
+#include "support/ContourOf.h"
+
 #include "camdata/holes/CViewData.h"
-#include "camdata/platform/ZetNCContour.h"
 #include "camdata/platform/ZetNCHoleData.h"
 
 #include <cmath>
@@ -35,11 +36,8 @@ class RandomMember {
   private:
     using Values = std::initializer_list<double>;
 
-    struct Place {
-        double x;
-        double y;
-    };
-    using Places = std::vector<Place>;
+    using Place = ZetGeomPoint2d;
+    using Places = ZetArray<Place>;
 
     int Number(int below) {
         return static_cast<int>(m_random() % static_cast<unsigned long long>(below));
@@ -49,12 +47,8 @@ class RandomMember {
         return *(values.begin() + Number(static_cast<int>(values.size())));
     }
     double Odd() {
-        return OneOf({std::numeric_limits<double>::quiet_NaN(),
-                      std::numeric_limits<double>::infinity(),
-                      -std::numeric_limits<double>::infinity(),
-                      1e300,
-                      3e15,
-                      -0.0});
+        constexpr double kInf = std::numeric_limits<double>::infinity();
+        return OneOf({std::numeric_limits<double>::quiet_NaN(), kInf, -kInf, 1e300, 3e15, -0.0});
     }
 
     void AddView() {
@@ -138,12 +132,8 @@ class RandomMember {
 
     void AddContours(ZetArray<ZetNCContour>& contours) {
         const int count = Chance(30) ? 25 : Chance(2) ? 0 : Number(4);
-        for (int i = 0; i < count; ++i) {
-            if (Chance(6))
-                contours.append(CutOutline());
-            else
-                contours.append(Opening());
-        }
+        for (int i = 0; i < count; ++i)
+            contours.append(Chance(6) ? CutOutline() : Opening());
     }
 
     ZetNCContour Opening() {
@@ -157,31 +147,22 @@ class RandomMember {
         const Places points = shape == 0  ? Places{at}
                               : shape < 4 ? Places{left, right, top, left}
                                           : Places{left, right, top, topLeft, left};
-        return Contour(ZetNCContour::eTypeInternal, points);
+        return ContourOf(ZetNCContour::eTypeInternal, points);
     }
 
     /// Notched at its upper right end, or not at all.
     ZetNCContour CutOutline() {
         const double inner = 900.0 - OneOf({0, 40, 40.3});
-        const Place start = {0, 0};
-        const Place right = {900, 0};
-        const Place ledge = {900, 150};
-        const Place corner = {inner, 150};
-        const Place top = {inner, 200};
-        const Place topLeft = {0, 200};
-        return Contour(ZetNCContour::eTypeExternal,
-                       {start, right, ledge, corner, top, topLeft, start});
-    }
-
-    static ZetNCContour Contour(int type, const Places& points) {
-        ZetNCContour contour;
-        contour.type = type;
-        for (const Place& point : points) {
-            contour.xValues.append(point.x);
-            contour.yValues.append(point.y);
-            contour.bulges.append(0.0);
-        }
-        return contour;
+        const Places points = {
+            {0,     0  },
+            {900,   0  },
+            {900,   150},
+            {inner, 150},
+            {inner, 200},
+            {0,     200},
+            {0,     0  }
+        };
+        return ContourOf(ZetNCContour::eTypeExternal, points);
     }
 
     std::mt19937_64 m_random;

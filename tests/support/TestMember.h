@@ -2,9 +2,13 @@
 
 #include "camdata/member/CMxPeilaib.h"
 
+#include <vector>
+
 /// A member whose output is empty, open to the tests: the record and the operations for derived
 /// classes.
 class TestMember : public CMxPeilaib {
+    using M = CMxPeilaib;
+
   public:
     void GenerateMemData() override {}
     ZetString GetMemOutPutStr() override { return {}; }
@@ -12,58 +16,29 @@ class TestMember : public CMxPeilaib {
     void WriteMemErrors(ZetFileAccess*) override {}
     void WriteMemWarnings(ZetFileAccess*) override {}
 
-    using CMxPeilaib::AppendMsg_VT;
-    using CMxPeilaib::ChangeHolePosition;
-    using CMxPeilaib::ChangeHolesStatus;
-    using CMxPeilaib::CheckAttachedPartsSelection;
-    using CMxPeilaib::CreateErrWarHeader;
-    using CMxPeilaib::GetAndSortHolesNotches;
-    using CMxPeilaib::GetAttachedEntityHeaderData;
-    using CMxPeilaib::GetAttachedPartNos;
-    using CMxPeilaib::GetBeamEndPoints;
-    using CMxPeilaib::GetEqualPartObj;
-    using CMxPeilaib::GetStBeamObj;
-    using CMxPeilaib::MakeCSKHoleArrAndMark;
-    using CMxPeilaib::MakeDupHoleArr;
-    using CMxPeilaib::MakeDupHoleArrForHolesInsideSlot;
-    using CMxPeilaib::MakeDupNotchArr;
-    using CMxPeilaib::MakeValidHoles;
-    using CMxPeilaib::MakeValidNotches;
-    using CMxPeilaib::OrderHoles;
-    using CMxPeilaib::OrderNotches;
-    using CMxPeilaib::SetHoleDataArr;
-    using CMxPeilaib::SetNotchDataArr;
-    using CMxPeilaib::SetWebFaceForCSKHoles;
-    using CMxPeilaib::TagThisCSKtoMainHole;
-
-    using CMxPeilaib::m_attachedParts;
-    using CMxPeilaib::m_creator;
-    using CMxPeilaib::m_cskHoles;
-    using CMxPeilaib::m_duplicateHoles;
-    using CMxPeilaib::m_duplicateNotches;
-    using CMxPeilaib::m_entity;
-    using CMxPeilaib::m_entityType;
-    using CMxPeilaib::m_equalPart;
-    using CMxPeilaib::m_errorReport;
-    using CMxPeilaib::m_errors;
-    using CMxPeilaib::m_generalMsgs;
-    using CMxPeilaib::m_holes;
-    using CMxPeilaib::m_memType;
-    using CMxPeilaib::m_message;
-    using CMxPeilaib::m_nests;
-    using CMxPeilaib::m_nonStdMsgs;
-    using CMxPeilaib::m_notches;
-    using CMxPeilaib::m_partsToNest;
-    using CMxPeilaib::m_reserveLength;
-    using CMxPeilaib::m_secondErrors;
-    using CMxPeilaib::m_secondWarnings;
-    using CMxPeilaib::m_shortfallAsWarning;
-    using CMxPeilaib::m_splOutStr;
-    using CMxPeilaib::m_structure;
-    using CMxPeilaib::m_validations;
-    using CMxPeilaib::m_warningReport;
-    using CMxPeilaib::m_warnings;
+    // clang-format off
+    using M::AppendMsg_VT, M::ChangeHolePosition, M::ChangeHolesStatus;
+    using M::CheckAttachedPartsSelection, M::CreateErrWarHeader, M::GetAndSortHolesNotches;
+    using M::GetAttachedEntityHeaderData, M::GetAttachedPartNos, M::GetBeamEndPoints;
+    using M::GetEqualPartObj, M::GetStBeamObj, M::MakeCSKHoleArrAndMark, M::MakeDupHoleArr;
+    using M::MakeDupHoleArrForHolesInsideSlot, M::MakeDupNotchArr, M::MakeValidHoles;
+    using M::MakeValidNotches, M::OrderHoles, M::OrderNotches, M::SetHoleDataArr;
+    using M::SetNotchDataArr, M::SetWebFaceForCSKHoles, M::TagThisCSKtoMainHole;
+    using M::m_attachedParts, M::m_creator, M::m_cskHoles, M::m_duplicateHoles;
+    using M::m_duplicateNotches, M::m_entity, M::m_entityType, M::m_equalPart, M::m_errorReport;
+    using M::m_errors, M::m_generalMsgs, M::m_holes, M::m_memType, M::m_message, M::m_nests;
+    using M::m_nonStdMsgs, M::m_notches, M::m_partsToNest, M::m_reserveLength, M::m_secondErrors;
+    using M::m_secondWarnings, M::m_shortfallAsWarning, M::m_splOutStr, M::m_structure;
+    using M::m_validations, M::m_warningReport, M::m_warnings;
+    // clang-format on
 };
+
+inline std::vector<double> SizesOf(const ZetArray<CHoleAddlInfo>& holes) {
+    std::vector<double> sizes;
+    for (const CHoleAddlInfo& hole : holes)
+        sizes.push_back(hole.GetSize());
+    return sizes;
+}
 
 /// A member with this header and with the dimensions that it gives.
 inline TestMember MemberOf(const ZetNCHeaderData& header) {
@@ -80,4 +55,12 @@ inline TestMember MemberOf(const ZetNCHeaderData& header) {
     TestMember member;
     member.SetMemObjects(type, CMemberValidations());
     return member;
+}
+
+inline TestMember MemberOf(ZetString mark, long qty, ZetString profileName) {
+    ZetNCHeaderData header;
+    header.mark = mark;
+    header.quantity = qty;
+    header.profileName = profileName;
+    return MemberOf(header);
 }

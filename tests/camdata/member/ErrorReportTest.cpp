@@ -1,5 +1,7 @@
 #include "support/TestMember.h"
 
+#include <string_view>
+
 #include <gtest/gtest.h>
 
 namespace {
@@ -12,10 +14,10 @@ using Locations = ZetArray<long>;
 struct ReportCase {
     const wchar_t* profileName;
     const char* findings;
-    const wchar_t* errorSection;
-    const wchar_t* warningSection;
-    Lines warnings;
-    Locations locations;
+    const wchar_t* errorSection = nullptr;
+    const wchar_t* warningSection = nullptr;
+    Lines warnings = {};
+    Locations locations = {};
 };
 
 // clang-format off
@@ -35,19 +37,14 @@ const ReportCase kReports[] = {
 // clang-format on
 
 TestMember ReportedMember(const ReportCase& row) {
-    ZetNCHeaderData header;
-    header.mark = L"M1";
-    header.quantity = 3;
-    header.profileName = row.profileName;
-    TestMember member = MemberOf(header);
+    TestMember member = MemberOf(L"M1", 3, row.profileName);
     for (const char* at = row.findings; *at != '\0'; ++at) {
-        const ZetString line(static_cast<wchar_t>(*at), 1);
-        Lines& list = *at == 'e'   ? member.m_errors
-                      : *at == 'E' ? member.m_secondErrors
-                      : *at == 'w' ? member.m_warnings
-                      : *at == 'W' ? member.m_secondWarnings
-                                   : member.m_nonStdMsgs;
-        list.append(line);
+        Lines* const lists[] = {&member.m_errors,
+                                &member.m_secondErrors,
+                                &member.m_warnings,
+                                &member.m_secondWarnings,
+                                &member.m_nonStdMsgs};
+        lists[std::string_view("eEwWn").find(*at)]->append(ZetString(static_cast<wchar_t>(*at), 1));
     }
     return member;
 }
@@ -55,9 +52,8 @@ TestMember ReportedMember(const ReportCase& row) {
 Lines Block(const wchar_t* section) {
     if (section == nullptr)
         return {};
-    return {L"Part Number = M1",
-            ZetString(L"          Section    = ") + section,
-            L"          Quantity   = 3"};
+    const ZetString line = ZetString(L"          Section    = ") + section;
+    return {L"Part Number = M1", line, L"          Quantity   = 3"};
 }
 
 TEST(ErrorReportTest, BlocksAreHeadedAndErrorsDecideValidity) {
@@ -77,13 +73,7 @@ TEST(ErrorReportTest, BlocksAreHeadedAndErrorsDecideValidity) {
 }
 
 TEST(ErrorReportTest, ASecondReportRepeatsBlocksLinesAndLocations) {
-    ZetNCHeaderData header;
-    header.mark = L"M1";
-    header.quantity = 3;
-    header.profileName = L"Z20035-20";
-    TestMember member = MemberOf(header);
-    member.m_errors = {L"e"};
-    member.m_nonStdMsgs = {L"n"};
+    TestMember member = ReportedMember({L"Z20035-20", "en"});
     Lines twice = Block(L"35-20");
     twice.appendAll(twice);
     member.CreateErrWarHeader();

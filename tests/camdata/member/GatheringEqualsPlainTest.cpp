@@ -2,6 +2,7 @@
 #include "support/RandomMember.h"
 #include "support/TestMember.h"
 
+#include <array>
 #include <bit>
 #include <cstdint>
 #include <limits>
@@ -37,34 +38,26 @@ std::uint64_t BitsOf(double value) {
     return std::isnan(value) ? 1 : std::bit_cast<std::uint64_t>(value);
 }
 
+template <typename... Values>
+Print BitsOfAll(const Values&... values) {
+    return {BitsOf(static_cast<double>(values))...};
+}
+
+// clang-format off
 Print PrintOf(const CHoleAddlInfo& hole) {
-    return {static_cast<std::uint64_t>(hole.GetHoleData().depth),
-            BitsOf(hole.GetXPos()),
-            BitsOf(hole.GetYPos()),
-            BitsOf(hole.GetHoleData().x),
-            BitsOf(hole.GetHoleData().y),
-            BitsOf(hole.GetSize()),
-            BitsOf(hole.GetSlotVector().x),
-            BitsOf(hole.GetSlotVector().y),
-            static_cast<std::uint64_t>(hole.GetHoleStatus()),
-            static_cast<std::uint64_t>(hole.GetViewData().GetHoleFace()),
-            static_cast<std::uint64_t>(hole.GetCSKPos()),
-            hole.GetIsCSK(),
-            hole.GetValid(),
-            hole.GetIsReqdToProcess()};
+    return BitsOfAll(hole.GetHoleData().depth, hole.GetXPos(), hole.GetYPos(), hole.GetHoleData().x,
+                     hole.GetHoleData().y, hole.GetSize(), hole.GetSlotVector().x,
+                     hole.GetSlotVector().y, hole.GetHoleStatus(), hole.GetViewData().GetHoleFace(),
+                     hole.GetCSKPos(), hole.GetIsCSK(), hole.GetValid(), hole.GetIsReqdToProcess());
 }
 
 Print PrintOf(const CNotchAddInfo& notch) {
-    return {BitsOf(notch.GetXPos()),
-            BitsOf(notch.GetYPos()),
-            BitsOf(notch.GetLength()),
-            BitsOf(notch.GetWidth()),
-            static_cast<std::uint64_t>(notch.GetNoOfVertices()),
-            static_cast<std::uint64_t>(notch.GetNotchStatus()),
-            static_cast<std::uint64_t>(notch.GetViewData().GetHoleFace()),
-            notch.GetIsInternal()};
+    return BitsOfAll(notch.GetXPos(), notch.GetYPos(), notch.GetLength(), notch.GetWidth(),
+                     notch.GetNoOfVertices(), notch.GetNotchStatus(),
+                     notch.GetViewData().GetHoleFace(), notch.GetIsInternal());
 }
 
+// clang-format on
 template <typename Records>
 Prints PrintsOf(const Records& records) {
     Prints prints;
@@ -73,13 +66,9 @@ Prints PrintsOf(const Records& records) {
     return prints;
 }
 
-/// What a gathering leaves.
+/// What a gathering leaves: holes, countersinks, duplicate holes, notches, duplicate notches.
 struct Outcome {
-    Prints holes;
-    Prints cskHoles;
-    Prints duplicateHoles;
-    Prints notches;
-    Prints duplicateNotches;
+    std::array<Prints, 5> lists;
     double tolerance;
 
     bool operator==(const Outcome&) const = default;
@@ -126,12 +115,14 @@ Outcome OutcomeOfPlain(const std::vector<RandomView>& views, const Settings& set
             view.contours, view.data, settings.internalLimit, settings.externalLimit);
     }
     member.Finish();
-    return {PrintsOf(member.holes),
-            PrintsOf(member.cskHoles),
-            PrintsOf(member.duplicateHoles),
-            PrintsOf(member.notches),
-            PrintsOf(member.duplicateNotches),
-            ProbedTolerance()};
+    return {
+        {PrintsOf(member.holes),
+         PrintsOf(member.cskHoles),
+         PrintsOf(member.duplicateHoles),
+         PrintsOf(member.notches),
+         PrintsOf(member.duplicateNotches)},
+        ProbedTolerance()
+    };
 }
 
 Outcome OutcomeOfLibrary(const std::vector<RandomView>& views, const Settings& settings) {
@@ -145,18 +136,23 @@ Outcome OutcomeOfLibrary(const std::vector<RandomView>& views, const Settings& s
     }
     member.MakeDupHoleArrForHolesInsideSlot();
     member.MakeDupNotchArr();
-    return {PrintsOf(member.m_holes),
-            PrintsOf(member.m_cskHoles),
-            PrintsOf(member.m_duplicateHoles),
-            PrintsOf(member.m_notches),
-            PrintsOf(member.m_duplicateNotches),
-            ProbedTolerance()};
+    return {
+        {PrintsOf(member.m_holes),
+         PrintsOf(member.m_cskHoles),
+         PrintsOf(member.m_duplicateHoles),
+         PrintsOf(member.m_notches),
+         PrintsOf(member.m_duplicateNotches)},
+        ProbedTolerance()
+    };
 }
 
-std::string TextOf(const Prints& prints) {
-    std::string text;
-    for (const Print& print : prints)
-        text += std::to_string(print.front()) + " ";
+std::string TextOf(const Outcome& outcome) {
+    std::string text = "tolerance " + std::to_string(outcome.tolerance);
+    for (const Prints& prints : outcome.lists) {
+        text += "\n" + std::to_string(prints.size()) + ":";
+        for (const Print& print : prints)
+            text += " " + std::to_string(std::bit_cast<double>(print.front()));
+    }
     return text;
 }
 
@@ -170,16 +166,9 @@ TEST(GatheringEqualsPlainTest, RandomMembers) {
         const Outcome plain = OutcomeOfPlain(random.GetViews(), settings);
         const Outcome fast = OutcomeOfLibrary(random.GetViews(), settings);
         ASSERT_TRUE(plain == fast)
-            << "seed " << seed << "\nholes " << TextOf(plain.holes) << "\nnot   "
-            << TextOf(fast.holes) << "\nduplicates " << TextOf(plain.duplicateHoles)
-            << "\nnot        " << TextOf(fast.duplicateHoles) << "\nnotches "
-            << plain.notches.size() << " not " << fast.notches.size() << "\ntolerance "
-            << plain.tolerance << " not " << fast.tolerance;
-        found[0] += plain.holes.size();
-        found[1] += plain.cskHoles.size();
-        found[2] += plain.duplicateHoles.size();
-        found[3] += plain.notches.size();
-        found[4] += plain.duplicateNotches.size();
+            << "seed " << seed << ' ' << TextOf(plain) << "\nnot " << TextOf(fast);
+        for (std::size_t i = 0; i < found.size(); ++i)
+            found[i] += plain.lists[i].size();
     }
     for (const std::size_t count : found)
         EXPECT_GT(count, kMembers / 2) << "the members hold too little";

@@ -1,9 +1,10 @@
+#include "support/ContourOf.h"
 #include "support/CurrentTolerance.h"
 #include "support/TestMember.h"
 
 #include "camdata/holes/CMxGeom.h"
 
-#include <array>
+#include <tuple>
 #include <vector>
 
 #include <gtest/gtest.h>
@@ -39,25 +40,20 @@ ZetNCHoleData SlotData(double x, double y, double size, double length) {
 
 using Points = ZetArray<ZetGeomPoint2d>;
 
-ZetNCContour Contour(int type, const Points& points) {
-    ZetNCContour contour;
-    contour.type = type;
-    for (const ZetGeomPoint2d& point : points) {
-        contour.xValues.append(point.x);
-        contour.yValues.append(point.y);
-        contour.bulges.append(0.0);
-    }
-    return contour;
-}
-
 /// 20 x 20 around (x, y).
 ZetNCContour Opening(double x, double y) {
-    const ZetGeomPoint2d lowerLeft = {x - 10, y - 10};
-    const ZetGeomPoint2d lowerRight = {x + 10, y - 10};
-    const ZetGeomPoint2d upperRight = {x + 10, y + 10};
-    const ZetGeomPoint2d upperLeft = {x - 10, y + 10};
-    return Contour(ZetNCContour::eTypeInternal,
-                   {lowerLeft, lowerRight, upperRight, upperLeft, lowerLeft});
+    const ZetGeomPoint2d start = {x - 10, y - 10};
+    return ContourOf(ZetNCContour::eTypeInternal,
+                     {
+                         start, {x + 10, y - 10},
+                          {x + 10, y + 10},
+                          {x - 10, y + 10},
+                          start
+    });
+}
+
+ZetNCContour External(const Points& points) {
+    return ContourOf(ZetNCContour::eTypeExternal, points);
 }
 
 // clang-format off
@@ -75,21 +71,14 @@ ZetNCView View(int position, const ZetArray<ZetNCHoleData>& holes) {
     return view;
 }
 
-Numbers SizesOf(const ZetArray<CHoleAddlInfo>& holes) {
-    Numbers sizes;
-    for (const CHoleAddlInfo& hole : holes)
-        sizes.push_back(hole.GetSize());
-    return sizes;
-}
-
-using NotchPlace = std::array<double, 3>;
-
 /// X, Y and status of each notch.
-std::vector<NotchPlace> PlacesOf(const ZetArray<CNotchAddInfo>& notches) {
-    std::vector<NotchPlace> places;
-    for (const CNotchAddInfo& notch : notches)
-        places.push_back(
-            {notch.GetXPos(), notch.GetYPos(), static_cast<double>(notch.GetNotchStatus())});
+ZetString PlacesOf(const ZetArray<CNotchAddInfo>& notches) {
+    ZetString places;
+    for (const CNotchAddInfo& notch : notches) {
+        const int status = notch.GetNotchStatus();
+        places +=
+            ZetString::format(L"(%.15g, %.15g) %d; ", notch.GetXPos(), notch.GetYPos(), status);
+    }
     return places;
 }
 
@@ -121,19 +110,12 @@ TEST_F(GatheringTest, MarksAloneAreNothingToGather) {
 }
 
 TEST_F(GatheringTest, HolesComeViewByViewInOrder) {
-    const ZetNCView web =
-        View(1, {HoleData(500, 90, 1), HoleData(100, 90, 2), HoleData(100, 10, 3)});
-    const ZetNCView top = View(0, {HoleData(50, 30, 4)});
-    Gather({web, top});
+    const auto web = {HoleData(500, 90, 1), HoleData(100, 90, 2), HoleData(100, 10, 3)};
+    Gather({View(1, web), View(0, {HoleData(50, 30, 4)})});
     EXPECT_EQ(SizesOf(member.m_holes), Numbers({3, 2, 1, 4}));
     EXPECT_TRUE(CurrentToleranceIs(kEPS));
     member.GetAndSortHolesNotches();
     EXPECT_EQ(member.m_holes.length(), 8) << "what was there stays";
-}
-
-TEST_F(GatheringTest, AViewWithAFeatureSelectsATolerance) {
-    Gather({View(1, {HoleData(500, 90, 1)})});
-    EXPECT_TRUE(CurrentToleranceIs(kEPS));
 }
 
 /// Ordering puts the last of equal holes first, and the first survives.
@@ -164,11 +146,10 @@ TEST_F(GatheringTest, HolesSetAsideAreDuplicates) {
     CViewData view;
     view.SetFaceWidth(200.0);
     view.SetDimFromOtherFace(-1.0);
-    member.SetHoleDataArr({SetAside(HoleData(500, 30, 1), 1),
-                           SetAside(HoleData(100, 50, 2, 4), 1),
-                           SetAside(HoleData(900, 50, 3), 2),
-                           HoleData(100, 50, 4)},
-                          view);
+    const ZetNCHoleData first = SetAside(HoleData(500, 30, 1), 1);
+    const ZetNCHoleData countersink = SetAside(HoleData(100, 50, 2, 4), 1);
+    const ZetNCHoleData other = SetAside(HoleData(900, 50, 3), 2);
+    member.SetHoleDataArr({first, countersink, other, HoleData(100, 50, 4)}, view);
     EXPECT_EQ(SizesOf(member.m_holes), Numbers({4, 3})) << "only 1 sets a hole aside";
     EXPECT_FALSE(member.m_holes[0].GetIsCSK()) << "a countersink that is set aside marks nothing";
     ASSERT_EQ(SizesOf(member.m_duplicateHoles), Numbers({1, 2}));
@@ -177,9 +158,8 @@ TEST_F(GatheringTest, HolesSetAsideAreDuplicates) {
 }
 
 TEST_F(GatheringTest, SlotsHoldHolesOfOtherViewsOfTheirFace) {
-    Gather({View(1, {SlotData(100, 50, 14, 40)}),
-            View(4, {HoleData(105, 50, 5)}),
-            View(3, {HoleData(110, 50, 6)})});
+    const ZetNCView back = View(3, {HoleData(110, 50, 6)});
+    Gather({View(1, {SlotData(100, 50, 14, 40)}), View(4, {HoleData(105, 50, 5)}), back});
     EXPECT_EQ(SizesOf(member.m_holes), Numbers({14, 6}));
     EXPECT_EQ(SizesOf(member.m_duplicateHoles), Numbers{5});
     EXPECT_TRUE(CurrentToleranceIs(kYTol));
@@ -190,57 +170,37 @@ TEST_F(GatheringTest, PiecesOfAContour) {
     CViewData view;
     view.SetFaceWidth(200.0);
     view.SetDimFromOtherFace(-1.0);
-    member.SetNotchDataArr({Contour(ZetNCContour::eTypeExternal, kNotchedAtBothEnds)}, view);
-    EXPECT_EQ(PlacesOf(member.m_notches),
-              (std::vector<NotchPlace>{
-                  NotchPlace{950, 170, 0},
-                  NotchPlace{50,  175, 0}
-    }));
+    member.SetNotchDataArr({External(kNotchedAtBothEnds)}, view);
+    EXPECT_EQ(PlacesOf(member.m_notches), L"(950, 170) 0; (50, 175) 0; ");
 }
 
 TEST_F(GatheringTest, ExternalContoursComeBeforeInternalOnes) {
     ZetNCView view;
     view.setViewPos(1);
     view.setInternalContours({Opening(500, 100), Opening(300, 100)});
-    view.setExternalContours({Contour(ZetNCContour::eTypeExternal, kWhole)});
+    view.setExternalContours({External(kWhole)});
     Gather({view});
-    EXPECT_EQ(PlacesOf(member.m_notches),
-              (std::vector<NotchPlace>{
-                  NotchPlace{500, 100, 4},
-                  NotchPlace{500, 100, 0},
-                  NotchPlace{300, 100, 0}
-    }));
+    EXPECT_EQ(PlacesOf(member.m_notches), L"(500, 100) 4; (500, 100) 0; (300, 100) 0; ");
     EXPECT_TRUE(CurrentToleranceIs(kEPS));
 }
 
 TEST_F(GatheringTest, ContoursThatTheLimitsForbid) {
-    const ZetArray<ZetNCContour> external = {
-        Contour(ZetNCContour::eTypeExternal, kNotchedAtBothEnds),
-        Contour(ZetNCContour::eTypeExternal, kWhole)};
-    const ZetArray<ZetNCContour> internal = {Opening(500, 100)};
-    struct Case {
-        const char* name;
-        long internalLimit;
-        long externalLimit;
-        std::vector<int> statuses;
+    const std::tuple<long, long, std::vector<int>> cases[] = {
+        {0,  0,  {5, 5, 4, 5}},
+        {0,  1,  {0, 0, 4, 5}},
+        {1,  0,  {5, 5, 4, 0}},
+        {-1, -1, {0, 0, 4, 0}},
     };
-    const Case cases[] = {
-        {"none allowed",  0,  0,  {5, 5, 4, 5}},
-        {"external only", 0,  1,  {0, 0, 4, 5}},
-        {"internal only", 1,  0,  {5, 5, 4, 0}},
-        {"any number",    -1, -1, {0, 0, 4, 0}},
-    };
-    for (const Case& each : cases) {
-        SCOPED_TRACE(each.name);
+    for (const auto& [internalLimit, externalLimit, expected] : cases) {
         TestMember limited;
-        limited.m_validations.SetNoOfInternalContours(each.internalLimit);
-        limited.m_validations.SetNoOfExternalContours(each.externalLimit);
-        limited.SetNotchDataArr(external, CViewData());
-        limited.SetNotchDataArr(internal, CViewData());
+        limited.m_validations.SetNoOfInternalContours(internalLimit);
+        limited.m_validations.SetNoOfExternalContours(externalLimit);
+        limited.SetNotchDataArr({External(kNotchedAtBothEnds), External(kWhole)}, CViewData());
+        limited.SetNotchDataArr({Opening(500, 100)}, CViewData());
         std::vector<int> statuses;
         for (const CNotchAddInfo& notch : limited.m_notches)
             statuses.push_back(notch.GetNotchStatus());
-        EXPECT_EQ(statuses, each.statuses);
+        EXPECT_EQ(statuses, expected) << internalLimit << ' ' << externalLimit;
     }
 }
 
@@ -262,12 +222,7 @@ TEST_F(GatheringTest, ASlotWidensTheSearchForDuplicateNotches) {
 TEST_F(GatheringTest, NotchesAreOrderedOnRequest) {
     member.SetNotchDataArr({Opening(500, 100), Opening(300, 90), Opening(300, 80)}, CViewData());
     TestMember::OrderNotches(member.m_notches);
-    EXPECT_EQ(PlacesOf(member.m_notches),
-              (std::vector<NotchPlace>{
-                  NotchPlace{300, 80,  0},
-                  NotchPlace{300, 90,  0},
-                  NotchPlace{500, 100, 0}
-    }));
+    EXPECT_EQ(PlacesOf(member.m_notches), L"(300, 80) 0; (300, 90) 0; (500, 100) 0; ");
 }
 
 }  // namespace

@@ -26,11 +26,20 @@ Numbers XsOf(const Holes& holes) {
     return xs;
 }
 
-Numbers SizesOf(const Holes& holes) {
-    Numbers sizes;
-    for (const CHoleAddlInfo& hole : holes)
-        sizes.push_back(hole.GetSize());
-    return sizes;
+CHoleAddlInfo Round(double size, double x = 100) {
+    return HoleAt(x, 50).Round(size);
+}
+
+CHoleAddlInfo Countersink(double size, double x = 100) {
+    return HoleAt(x, 50).Countersunk(size);
+}
+
+/// Round holes of diameter 14 in a row.
+Holes Row(const Numbers& xs) {
+    Holes holes;
+    for (const double x : xs)
+        holes.append(Round(14, x));
+    return holes;
 }
 
 CHoleAddlInfo WithStatus(CHoleAddlInfo hole, int status) {
@@ -54,16 +63,11 @@ class HolePostProcessingTest : public ::testing::Test {
 // Countersinks
 
 TEST_F(HolePostProcessingTest, CountersinksMarkTheirHolesAndLeave) {
-    Holes holes = {HoleAt(100, 50).Round(11),
-                   HoleAt(100, 50).Countersunk(22),
-                   HoleAt(200, 50).Round(11),
-                   HoleAt(300, 50).Countersunk(23)};
+    Holes holes = {Round(11), Countersink(22), Round(11, 200), Countersink(23, 300)};
     member.MakeCSKHoleArrAndMark(holes);
     EXPECT_EQ(XsOf(holes), Numbers({100, 200}));
-    EXPECT_TRUE(holes[0].GetIsCSK());
-    EXPECT_EQ(holes[0].GetCSKPos(), 0);
-    EXPECT_FALSE(holes[1].GetIsCSK());
-    EXPECT_EQ(holes[1].GetCSKPos(), -1);
+    EXPECT_TRUE(holes[0].GetIsCSK() && holes[0].GetCSKPos() == 0);
+    EXPECT_TRUE(!holes[1].GetIsCSK() && holes[1].GetCSKPos() == -1);
     EXPECT_EQ(SizesOf(member.m_cskHoles), Numbers({22, 23})) << "with or without a hole";
     EXPECT_EQ(member.m_cskHoles[0].GetHoleStatus(), eHoleStatusCSK);
     EXPECT_TRUE(CurrentToleranceIs(kOther));
@@ -71,16 +75,17 @@ TEST_F(HolePostProcessingTest, CountersinksMarkTheirHolesAndLeave) {
 
 /// Each countersink takes the first hole left at its place; the list need not be ordered.
 TEST_F(HolePostProcessingTest, CountersinksAtOnePlaceMarkOneHoleEach) {
-    CHoleAddlInfo marked = HoleAt(100, 50).Round(1);
+    CHoleAddlInfo marked = Round(1);
     marked.SetIsCSK(true);
-    Holes holes = {HoleAt(100, 50).Countersunk(22),
-                   HoleAt(900, 50).Countersunk(23),
+    const CHoleAddlInfo beside = HoleAt(100, 50.000001).Round(5);
+    Holes holes = {Countersink(22),
+                   Countersink(23, 900),
                    marked,
-                   HoleAt(100, 50).Round(2),
-                   HoleAt(100, 50).Countersunk(24),
-                   HoleAt(100, 50).Round(3),
-                   HoleAt(100, 50).Round(4),
-                   HoleAt(100, 50.000001).Round(5)};
+                   Round(2),
+                   Countersink(24),
+                   Round(3),
+                   Round(4),
+                   beside};
     member.MakeCSKHoleArrAndMark(holes);
     ASSERT_EQ(SizesOf(holes), Numbers({1, 2, 3, 4, 5}));
     EXPECT_EQ(holes[0].GetCSKPos(), -1) << "was marked before";
@@ -90,31 +95,27 @@ TEST_F(HolePostProcessingTest, CountersinksAtOnePlaceMarkOneHoleEach) {
 }
 
 TEST_F(HolePostProcessingTest, TagsTheFirstHoleAtExactlyThePlace) {
-    Holes holes = {
-        HoleAt(100, 50).Countersunk(22), HoleAt(100, 50).Round(11), HoleAt(100, 50).Round(12)};
-    const CHoleAddlInfo countersink = HoleAt(100, 50).Countersunk(22);
+    const CHoleAddlInfo countersink = Countersink(22);
+    Holes holes = {countersink, Round(11), Round(12)};
     EXPECT_TRUE(TestMember::TagThisCSKtoMainHole(holes, countersink, 5));
     EXPECT_TRUE(holes[1].GetIsCSK());
     EXPECT_EQ(holes[1].GetCSKPos(), 0) << "not the position given";
     EXPECT_FALSE(holes[2].GetIsCSK());
     EXPECT_TRUE(TestMember::TagThisCSKtoMainHole(holes, countersink, 6));
     EXPECT_FALSE(TestMember::TagThisCSKtoMainHole(holes, countersink, 7)) << "all are marked";
-    const CHoleAddlInfo beside = HoleAt(100.000001, 50).Countersunk(22);
-    Holes others = {HoleAt(100, 50).Round(11)};
-    EXPECT_FALSE(TestMember::TagThisCSKtoMainHole(others, beside, 0));
+    Holes others = {Round(11)};
+    EXPECT_FALSE(TestMember::TagThisCSKtoMainHole(others, Countersink(22, 100.000001), 0));
 }
 
 TEST_F(HolePostProcessingTest, CountersunkRoundHolesOnTheWebGetTheFaceOfItsBack) {
-    CHoleAddlInfo square = HoleAt(1, 0).Countersunk(20).On(eHoleFaceWeb);
+    const auto onWeb = [](double x) { return HoleAt(x, 0).Countersunk(20).On(eHoleFaceWeb); };
+    CHoleAddlInfo square = onWeb(1);
     square.SetIsSqrHole(true);
-    CHoleAddlInfo rectangular = HoleAt(2, 0).Countersunk(20).On(eHoleFaceWeb);
+    CHoleAddlInfo rectangular = onWeb(2);
     rectangular.SetIsRectHole(true);
-    Holes holes = {HoleAt(0, 0).Countersunk(20).On(eHoleFaceWeb),
-                   square,
-                   rectangular,
-                   HoleAt(3, 0).Round(20).On(eHoleFaceWeb),
-                   HoleAt(4, 0).Countersunk(20).On(eHoleFaceWebBack),
-                   HoleAt(5, 0).Countersunk(20).On(eHoleFaceWeb)};
+    const CHoleAddlInfo plain = HoleAt(3, 0).Round(20).On(eHoleFaceWeb);
+    const CHoleAddlInfo onBack = onWeb(4).On(eHoleFaceWebBack);
+    Holes holes = {onWeb(0), square, rectangular, plain, onBack, onWeb(5)};
     EXPECT_EQ(TestMember::SetWebFaceForCSKHoles(holes), 2);
     for (const CHoleAddlInfo& hole : holes) {
         const bool isChanged = hole.GetXPos() == 0 || hole.GetXPos() == 5;
@@ -148,23 +149,22 @@ TEST_F(HolePostProcessingTest, HolesThatTouchOrOverlapAreDuplicates) {
     for (const Case& each : kCases) {
         SCOPED_TRACE(each.name);
         TestMember other;
-        Holes holes = {HoleAt(each.x, 50).Round(each.size),
-                       HoleAt(each.otherX, 50).Round(each.otherSize)};
+        Holes holes = {Round(each.size, each.x), Round(each.otherSize, each.otherX)};
         other.MakeDupHoleArr(holes);
         EXPECT_EQ(holes.length(), each.isDuplicate ? 1 : 2);
         EXPECT_EQ(holes[0].GetXPos(), each.x) << "the first is kept";
-        EXPECT_EQ(SizesOf(other.m_duplicateHoles),
-                  each.isDuplicate ? Numbers{each.otherSize} : Numbers{});
+        const Numbers removed = each.isDuplicate ? Numbers{each.otherSize} : Numbers{};
+        EXPECT_EQ(SizesOf(other.m_duplicateHoles), removed);
     }
 }
 
 /// Equality is that of current positions, overlap that of NC positions.
 TEST_F(HolePostProcessingTest, DuplicatesByCurrentAndByNcPosition) {
-    CHoleAddlInfo moved = HoleAt(5000, 50).Round(3);
+    CHoleAddlInfo moved = Round(3, 5000);
     moved.SetXPosFrom(5100.0);
-    CHoleAddlInfo movedAway = HoleAt(102, 50).Round(4);
+    CHoleAddlInfo movedAway = Round(4, 102);
     movedAway.SetXPosFrom(6000.0);
-    Holes holes = {HoleAt(100, 50).Round(14), moved, movedAway, HoleAt(5898, 50).Round(5)};
+    Holes holes = {Round(14), moved, movedAway, Round(5, 5898)};
     member.MakeDupHoleArr(holes);
     EXPECT_EQ(SizesOf(holes), Numbers({14, 5}));
     EXPECT_EQ(SizesOf(member.m_duplicateHoles), Numbers({3, 4}));
@@ -172,35 +172,30 @@ TEST_F(HolePostProcessingTest, DuplicatesByCurrentAndByNcPosition) {
 
 /// The slot's NC position is its centre; whichever comes first stays.
 TEST_F(HolePostProcessingTest, AHoleBesideASlotsCentreIsADuplicateLikeAnyOther) {
-    Holes holes = {HoleAt(118, 50).Round(14), HoleAt(100, 50).Slot(14, 40)};
+    Holes holes = {Round(14, 118), HoleAt(100, 50).Slot(14, 40)};
     member.MakeDupHoleArr(holes);
     EXPECT_EQ(XsOf(holes), Numbers{118});
     EXPECT_TRUE(member.m_duplicateHoles[0].GetIsSlot());
 }
 
 TEST_F(HolePostProcessingTest, RemovedHolesRemoveNothing) {
-    Holes holes = {HoleAt(0, 50).Round(14), HoleAt(10, 50).Round(14), HoleAt(20, 50).Round(14)};
+    Holes holes = Row({0, 10, 20});
     member.MakeDupHoleArr(holes);
     EXPECT_EQ(XsOf(holes), Numbers({0, 20}));
 }
 
 TEST_F(HolePostProcessingTest, DuplicatesComeByTheHoleThatRemovesThem) {
-    Holes holes = {HoleAt(0, 50).Round(14),
-                   HoleAt(900, 50).Round(14),
-                   HoleAt(901, 50).Round(14),
-                   HoleAt(2, 50).Round(14),
-                   HoleAt(902, 50).Round(14),
-                   HoleAt(1, 50).Round(14)};
+    Holes holes = Row({0, 900, 901, 2, 902, 1});
     member.MakeDupHoleArr(holes);
     EXPECT_EQ(XsOf(holes), Numbers({0, 900}));
     EXPECT_EQ(XsOf(member.m_duplicateHoles), Numbers({2, 1, 901, 902}));
 }
 
 TEST_F(HolePostProcessingTest, DuplicatesSelectATolerance) {
-    Holes one = {HoleAt(0, 50).Round(14)};
+    Holes one = Row({0});
     member.MakeDupHoleArr(one);
     EXPECT_TRUE(CurrentToleranceIs(kOther)) << "nothing to compare";
-    Holes two = {HoleAt(0, 50).Round(14), HoleAt(0, 50).Round(14)};
+    Holes two = Row({0, 0});
     member.MakeDupHoleArr(two);
     EXPECT_TRUE(CurrentToleranceIs(kEPS));
 }
@@ -208,11 +203,9 @@ TEST_F(HolePostProcessingTest, DuplicatesSelectATolerance) {
 // Holes inside slots
 
 TEST_F(HolePostProcessingTest, HolesInsideASlotLeave) {
-    member.m_holes = {HoleAt(105, 50).Round(1),
-                      HoleAt(100, 50).Slot(14, 40),
-                      HoleAt(135, 50).Round(2),
-                      HoleAt(150, 50).Round(3),
-                      HoleAt(130, 50).Round(4).On(eHoleFaceWebBack)};
+    const CHoleAddlInfo onBack = HoleAt(130, 50).Round(4).On(eHoleFaceWebBack);
+    const CHoleAddlInfo slot = HoleAt(100, 50).Slot(14, 40);
+    member.m_holes = {Round(1, 105), slot, Round(2, 135), Round(3, 150), onBack};
     member.MakeDupHoleArrForHolesInsideSlot();
     EXPECT_EQ(SizesOf(member.m_holes), Numbers({14, 3, 4}));
     EXPECT_EQ(SizesOf(member.m_duplicateHoles), Numbers({1, 2}));
@@ -221,8 +214,8 @@ TEST_F(HolePostProcessingTest, HolesInsideASlotLeave) {
 }
 
 TEST_F(HolePostProcessingTest, AHoleInsideTwoSlotsIsADuplicateTwice) {
-    member.m_holes = {
-        HoleAt(100, 50).Slot(14, 40), HoleAt(110, 50).Round(5), HoleAt(110, 45).Slot(14, 20, 90)};
+    const CHoleAddlInfo upright = HoleAt(110, 45).Slot(14, 20, 90);
+    member.m_holes = {HoleAt(100, 50).Slot(14, 40), Round(5, 110), upright};
     member.MakeDupHoleArrForHolesInsideSlot();
     EXPECT_EQ(SizesOf(member.m_holes), Numbers({14, 14}));
     ASSERT_EQ(SizesOf(member.m_duplicateHoles), Numbers({5, 5}));
@@ -231,8 +224,7 @@ TEST_F(HolePostProcessingTest, AHoleInsideTwoSlotsIsADuplicateTwice) {
 }
 
 TEST_F(HolePostProcessingTest, HolesMarkedAsInsideASlotBeforeAreDropped) {
-    member.m_holes = {WithStatus(HoleAt(100, 50).Round(1), eHoleStatusInsideSlot),
-                      HoleAt(200, 50).Round(2)};
+    member.m_holes = {WithStatus(Round(1), eHoleStatusInsideSlot), Round(2, 200)};
     member.MakeDupHoleArrForHolesInsideSlot();
     EXPECT_EQ(SizesOf(member.m_holes), Numbers{2});
     EXPECT_TRUE(member.m_duplicateHoles.isEmpty());
@@ -240,8 +232,8 @@ TEST_F(HolePostProcessingTest, HolesMarkedAsInsideASlotBeforeAreDropped) {
 
 /// Slots hold each other, and one that is on its way out holds holes still.
 TEST_F(HolePostProcessingTest, EqualSlotsRemoveEachOtherAndWhatTheyHold) {
-    member.m_holes = {
-        HoleAt(100, 50).Slot(14, 40), HoleAt(100, 50).Slot(14.2, 40), HoleAt(110, 50).Round(5)};
+    const HoleAt at(100, 50);
+    member.m_holes = {HoleAt(at).Slot(14, 40), HoleAt(at).Slot(14.2, 40), Round(5, 110)};
     member.MakeDupHoleArrForHolesInsideSlot();
     EXPECT_TRUE(member.m_holes.isEmpty());
     EXPECT_EQ(SizesOf(member.m_duplicateHoles), Numbers({14.2, 5, 14, 5}));
@@ -266,9 +258,9 @@ TEST_F(HolePostProcessingTest, SlotsSelectATolerance) {
 // For derived classes
 
 TEST_F(HolePostProcessingTest, PositionsFromTheOtherEnd) {
-    CHoleAddlInfo corrected = HoleAt(400, 50).Round(14);
+    CHoleAddlInfo corrected = Round(14, 400);
     corrected.SetXPosFrom(1000.0);
-    Holes holes = {HoleAt(400, 50).Round(14), corrected, HoleAt(100, 50).Slot(14, 40)};
+    Holes holes = {Round(14, 400), corrected, HoleAt(100, 50).Slot(14, 40)};
     TestMember::ChangeHolePosition(holes, 3000.0);
     EXPECT_EQ(XsOf(holes), Numbers({2600, 2400, 2880}));
     EXPECT_EQ(holes[0].GetHoleData().x, 400) << "the NC position stays";
@@ -289,19 +281,18 @@ TEST_F(HolePostProcessingTest, HolesThatWaitForAPairBecomeValid) {
 
 TEST_F(HolePostProcessingTest, FindsThePairOfAHole) {
     constexpr double kPairYTol = 0.25;
-    struct Case {
-        const char* name;
-        CHoleAddlInfo other;
-        bool isPair;
-        double toleranceAfter;
-    };
     const auto at = [](double x, const wchar_t* holeCode = L"H14", double size = 14.0) {
-        return WithCode(HoleAt(x, 50).Round(size), holeCode);
+        return WithCode(Round(size, x), holeCode);
     };
     const auto withStatus = [&](int status) { return WithStatus(at(600), status); };
     const CHoleAddlInfo elsewhere = WithCode(HoleAt(600, 9).Round(14).On(eHoleFaceWebBack), L"H14");
     // clang-format off
-    const Case cases[] = {
+    const struct {
+        const char* name;
+        CHoleAddlInfo other;
+        bool isPair;
+        double toleranceAfter;
+    } cases[] = {
         {"not classified",           at(600, L"y H14"),       true,  kPairYTol},
         {"waits for a pair",         withStatus(3),           true,  kPairYTol},
         {"valid",                    withStatus(1),           false, kXTol},
@@ -319,10 +310,10 @@ TEST_F(HolePostProcessingTest, FindsThePairOfAHole) {
     CHoleCode code;
     code.SetPairCode(L"H14");
     CMxGeom::SetYTol(kPairYTol);
-    for (const Case& each : cases) {
+    for (const auto& each : cases) {
         SCOPED_TRACE(each.name);
         TestMember other;
-        other.m_holes = {each.other, WithCode(HoleAt(100, 50).Round(14), L"H14")};
+        other.m_holes = {each.other, at(100)};
         CMxGeom::SetTol(eTolValue, kOther);
         EXPECT_EQ(other.GetPairHole(1, code, 500.0), each.isPair ? 0 : -1);
         const eHoleStatus before = each.other.GetHoleStatus();
@@ -333,17 +324,16 @@ TEST_F(HolePostProcessingTest, FindsThePairOfAHole) {
 
 /// The tolerance is selected once: what a candidate leaves is what the next is measured with.
 TEST_F(HolePostProcessingTest, ACandidateOfOtherSizeNarrowsTheSearch) {
-    member.m_holes = {HoleAt(0, 50).Round(14), HoleAt(500.4, 50).Round(14)};
+    member.m_holes = Row({0, 500.4});
     EXPECT_EQ(member.GetPairHole(0, CHoleCode(), 500.0), 1);
-    member.m_holes = {
-        HoleAt(0, 50).Round(14), HoleAt(500, 50).Round(20), HoleAt(500.4, 50).Round(14)};
+    member.m_holes = {Round(14, 0), Round(20, 500), Round(14, 500.4)};
     EXPECT_EQ(member.GetPairHole(0, CHoleCode(), 500.0), -1);
 }
 
 TEST_F(HolePostProcessingTest, AHoleIsNotItsOwnPair) {
     EXPECT_EQ(member.GetPairHole(0, CHoleCode(), 0.0), -1) << "no holes";
     EXPECT_TRUE(CurrentToleranceIs(kOther));
-    member.m_holes = {HoleAt(100, 50).Round(14), HoleAt(100, 90).Round(14)};
+    member.m_holes = {Round(14), HoleAt(100, 90).Round(14)};
     EXPECT_EQ(member.GetPairHole(0, CHoleCode(), 0.0), 1);
     EXPECT_EQ(member.GetPairHole(0, CHoleCode(), 0.0), -1);
     EXPECT_EQ(AssertionOf([&] { member.GetPairHole(2, CHoleCode(), 0.0); }), "isValid( index )");

@@ -1,10 +1,10 @@
 #include "support/CurrentTolerance.h"
+#include "support/Outlines.h"
 #include "support/TestMember.h"
 
 #include "camdata/holes/CMxGeom.h"
 
-#include <cmath>
-#include <numbers>
+#include <tuple>
 #include <vector>
 
 #include <gtest/gtest.h>
@@ -23,25 +23,16 @@ CNotchAddInfo NotchAt(double x,
                       int corners = 4) {
     CViewData view;
     view.SetHoleFace(face);
-    ZetArray<ZetGeomPoint2d> points;
-    for (int i = 0; i < corners; ++i) {
-        const double angle = 2.0 * std::numbers::pi * i / corners;
-        points.append({x + 5.0 * std::cos(angle), y + 5.0 * std::sin(angle)});
-    }
+    const ZetGeomAugPolygon polygon(Disc(x, y, 5.0, corners), 0.01);
     CNotchAddInfo notch;
-    notch.setNotchFromPoly(ZetGeomAugPolygon(points, 0.01), view, isInternal ? 1 : 0);
+    notch.setNotchFromPoly(polygon, view, isInternal ? 1 : 0);
     notch.SetNotchStatus(static_cast<eNotchStatus>(status));
     return notch;
 }
 
 TEST(NotchPostProcessingTest, DuplicateNotches) {
-    struct Case {
-        const char* name;
-        CNotchAddInfo other;
-        bool isDuplicate;
-    };
     // clang-format off
-    const Case cases[] = {
+    const std::tuple<const char*, CNotchAddInfo, bool> cases[] = {
         {"same",                   NotchAt(100, 50),                                true},
         {"rounds to the same",     NotchAt(100.04, 50),                             true},
         {"X beyond the tolerance", NotchAt(100.26, 50),                             false},
@@ -53,13 +44,12 @@ TEST(NotchPostProcessingTest, DuplicateNotches) {
         {"fewer corners",          NotchAt(100, 50, eHoleFaceWeb, 0, kInternal, 3), false},
     };
     // clang-format on
-    for (const Case& each : cases) {
-        SCOPED_TRACE(each.name);
+    for (const auto& [name, other, isDuplicate] : cases) {
         TestMember member;
-        member.m_notches = {NotchAt(100, 50), each.other};
+        member.m_notches = {NotchAt(100, 50), other};
         member.MakeDupNotchArr();
-        EXPECT_EQ(member.m_notches.length(), each.isDuplicate ? 1 : 2);
-        EXPECT_EQ(member.m_duplicateNotches.length(), each.isDuplicate ? 1 : 0);
+        EXPECT_EQ(member.m_notches.length(), isDuplicate ? 1 : 2) << name;
+        EXPECT_EQ(member.m_duplicateNotches.length(), isDuplicate ? 1 : 0) << name;
     }
 }
 

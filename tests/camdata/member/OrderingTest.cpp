@@ -105,14 +105,16 @@ TEST(OrderingTest, TheFirstMembersKeysCount) {
 
 using Members = std::vector<TestMember>;
 
-std::vector<CMxPeilaib*> PointersTo(Members& members) {
-    std::vector<CMxPeilaib*> pointers;
+using Pointers = std::vector<CMxPeilaib*>;
+
+Pointers PointersTo(Members& members) {
+    Pointers pointers;
     for (TestMember& member : members)
         pointers.push_back(&member);
     return pointers;
 }
 
-std::vector<CMxPeilaib*> Sorted(const std::vector<CMxPeilaib*>& members) {
+Pointers Sorted(const Pointers& members) {
     ZetArray<CMxPeilaib*> list(members.begin(), members.end());
     camdata::detail::SortMembers(list);
     return {list.begin(), list.end()};
@@ -145,12 +147,7 @@ Members RandomMembers(std::mt19937& random) {
     for (int i = 0; i < count; ++i) {
         if (i == 0 || isMixed)
             keys = {number(10) - 1, number(10) - 1, number(10) - 1};
-        const Keyed keyed = {.mark = text(),
-                             .profileName = text(),
-                             .length = value(),
-                             .height = value(),
-                             .width = value(),
-                             .thick = value()};
+        const Keyed keyed = {text(), text(), value(), value(), value(), value()};
         members.push_back(MemberOf(keyed, number(5), keys));
     }
     return members;

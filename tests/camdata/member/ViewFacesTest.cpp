@@ -3,6 +3,7 @@
 #include "camdata/holes/CMxGeom.h"
 
 #include <string>
+#include <tuple>
 #include <vector>
 
 #include <gtest/gtest.h>
@@ -28,21 +29,10 @@ TestMember MemberOfCode(const wchar_t* profileCode) {
     header.height = kHeight;
     header.width = kWidth;
     header.thickness = kThickness;
-    CMemTypeAndAttrib type;
-    // clang-format off
-    type.SetValues(2, 0,
-                   eProfPropHeader, 0, 0, 0.0,
-                   eProfPropHeader, 0, 0, 0.0,
-                   eProfPropHeader, 0, 0, 0.0, 1.0,
-                   eProfPropNone, 0, 0, 0.0, 1.0,
-                   0, 0, L"", L"", 0, 0, 0);
-    // clang-format on
     CMemAttrib attributes;
     attributes.SetValues(0.0, kBottomWidth, kTopWidth, 0.0);
-    type.SetMemAttrib(attributes);
-    type.SetHeaderData(header);
-    TestMember member;
-    member.m_memType = type;
+    TestMember member = MemberOf(header);
+    member.m_memType.SetMemAttrib(attributes);
     return member;
 }
 
@@ -85,29 +75,29 @@ CViewData ViewDataOf(const wchar_t* profileCode, const ZetGeomPlane& plane) {
     return HolesOf(profileCode, {ViewIn(plane, profileCode)})[0].GetViewData();
 }
 
+/// What a view is judged to be: the face and its widths, and how X and Y are turned.
+using Face = std::tuple<eHoleFace, ZetString, double, double, double, double>;
+
+Face FaceOf(const CViewData& data) {
+    return {data.GetHoleFace(),
+            data.GetFaceStr(),
+            data.GetFaceWidth(),
+            data.GetProfileFaceWidth(),
+            data.GetDimFromOtherFace(),
+            data.GetDimXNegate()};
+}
+
 TEST(ViewFacesTest, StandardPositions) {
-    struct Case {
-        int position;
-        eHoleFace face;
-        const wchar_t* faceStr;
-        double width;
+    const Face faces[] = {
+        {eHoleFaceTopFlange,    L"TOP", kTopWidth,    kTopWidth,    1, 1},
+        {eHoleFaceWeb,          L"WEB", kHeight,      kHeight,      1, 1},
+        {eHoleFaceBottomFlange, L"BOT", kBottomWidth, kBottomWidth, 1, 1},
+        {eHoleFaceWebBack,      L"WEB", kHeight,      kHeight,      1, 1},
+        {eHoleFaceWeb,          L"WEB", kHeight,      kHeight,      1, 1},
     };
-    constexpr Case kCases[] = {
-        {0, eHoleFaceTopFlange,    L"TOP", kTopWidth   },
-        {1, eHoleFaceWeb,          L"WEB", kHeight     },
-        {2, eHoleFaceBottomFlange, L"BOT", kBottomWidth},
-        {3, eHoleFaceWebBack,      L"WEB", kHeight     },
-        {4, eHoleFaceWeb,          L"WEB", kHeight     },
-    };
-    for (const Case& each : kCases) {
-        SCOPED_TRACE(each.position);
-        const CViewData data = HolesOf(L"SO", {ViewAt(each.position)})[0].GetViewData();
-        EXPECT_EQ(data.GetHoleFace(), each.face);
-        EXPECT_EQ(data.GetFaceStr(), each.faceStr);
-        EXPECT_EQ(data.GetFaceWidth(), each.width);
-        EXPECT_EQ(data.GetProfileFaceWidth(), each.width);
-        EXPECT_EQ(data.GetDimFromOtherFace(), 1.0);
-        EXPECT_EQ(data.GetDimXNegate(), 1.0);
+    for (int position = 0; position < 5; ++position) {
+        const CViewData data = HolesOf(L"SO", {ViewAt(position)})[0].GetViewData();
+        EXPECT_EQ(FaceOf(data), faces[position]) << position;
         EXPECT_EQ(data.GetDimYNegate(), 1.0);
         EXPECT_EQ(data.GetYValOffset(), 0.0);
     }
@@ -128,8 +118,8 @@ TEST(ViewFacesTest, FacesOfPlanesOfTheirOwn) {
         ZetGeomVector3d yAxis;
         eHoleFace face;
         const wchar_t* faceStr;
-        double faceWidth;
-        double profileFaceWidth;
+        double width;
+        double profileWidth;
     };
     // clang-format off
     const Case cases[] = {
@@ -152,12 +142,15 @@ TEST(ViewFacesTest, FacesOfPlanesOfTheirOwn) {
         for (const Case& each : cases) {
             SCOPED_TRACE(std::string(each.name) + " " + ZetString(code).toUtf8());
             const CViewData data = ViewDataOf(code, {each.origin, kAlong, each.yAxis});
-            EXPECT_EQ(data.GetHoleFace(), each.face);
-            EXPECT_EQ(data.GetFaceStr(), each.faceStr);
-            EXPECT_DOUBLE_EQ(data.GetFaceWidth(), each.faceWidth);
-            EXPECT_EQ(data.GetProfileFaceWidth(), each.profileFaceWidth);
-            EXPECT_EQ(data.GetDimFromOtherFace(), each.face == eHoleFaceWeb ? 1.0 : -1.0);
-            EXPECT_EQ(data.GetDimXNegate(), 1.0);
+            EXPECT_DOUBLE_EQ(data.GetFaceWidth(), each.width);
+            const double fromOther = each.face == kWeb ? 1.0 : -1.0;
+            EXPECT_EQ(FaceOf(data),
+                      Face(each.face,
+                           each.faceStr,
+                           data.GetFaceWidth(),
+                           each.profileWidth,
+                           fromOther,
+                           1.0));
         }
     }
 }
@@ -165,11 +158,8 @@ TEST(ViewFacesTest, FacesOfPlanesOfTheirOwn) {
 /// Gathering selects the tolerance first: 1 mm above the bottom flange is no bottom flange.
 TEST(ViewFacesTest, PlanesAreJudgedWithTheToleranceOfGathering) {
     CMxGeom::SetTol(eTolValue, 7.0);
-    const ZetGeomPlane aboveBottom = {
-        {0, 3, 0},
-        kAlong, kToFront
-    };
-    EXPECT_EQ(ViewDataOf(L"SO", aboveBottom).GetHoleFace(), eHoleFaceTopFlange);
+    const ZetGeomPoint3d aboveBottom = {0, 3, 0};
+    EXPECT_EQ(ViewDataOf(L"SO", {aboveBottom, kAlong, kToFront}).GetHoleFace(), eHoleFaceTopFlange);
 }
 
 TEST(ViewFacesTest, SignAndOffsetOfYInPlanesOfTheirOwn) {
@@ -206,71 +196,50 @@ TEST(ViewFacesTest, SignAndOffsetOfYInPlanesOfTheirOwn) {
     }
 }
 
-/// On a flange of an SO profile Y counts from the front edge, however the plane's axes run.
+/// On a flange of an SO profile Y counts from the front edge, however the plane's axes run; on a
+/// slope along it, on a face 75 wide.
 TEST(ViewFacesTest, AHoleInEitherPlaneOfAFlangeIsTheSame) {
-    const ZetGeomPlane fromBehind = {
-        {0, 200, 0},
-        kAlong, kToFront
+    // clang-format off
+    const struct {
+        ZetGeomPoint3d origin;
+        ZetGeomVector3d yAxis;
+        double ncY;
+        double y;
+    } cases[] = {
+        {{0, 200, 0}, kToFront, 20, 40},        {{0, 200, 60}, kToBack, 40, 40},
+        {{0, 200, 0}, {0.0, -0.6, 0.8}, 55, 20}, {{0, 155, 60}, {0.0, 0.6, -0.8}, 20, 20},
     };
-    const ZetGeomPlane fromFront = {
-        {0, 200, 60},
-        kAlong, kToBack
-    };
-    const CHoleAddlInfo one = HolesOf(L"SO", {ViewIn(fromBehind, L"SO", 900, 20)})[0];
-    const CHoleAddlInfo other = HolesOf(L"SO", {ViewIn(fromFront, L"SO", 900, 40)})[0];
-    for (const CHoleAddlInfo& hole : {one, other}) {
+    // clang-format on
+    for (const auto& [origin, yAxis, ncY, y] : cases) {
+        const ZetNCView view = ViewIn({origin, kAlong, yAxis}, L"SO", 900, ncY);
+        const CHoleAddlInfo hole = HolesOf(L"SO", {view})[0];
         EXPECT_EQ(hole.GetXPos(), 900.0);
-        EXPECT_EQ(hole.GetYPos(), 40.0);
+        EXPECT_NEAR(hole.GetYPos(), y, y == 40.0 ? 0.0 : 1e-9);
     }
 }
 
-/// On a slope too, measured along it: 20 from the front edge of a face 75 wide.
-TEST(ViewFacesTest, AHoleInEitherPlaneOfASlopedFlangeIsTheSame) {
-    const ZetGeomPlane fromBehind = {
-        {0,   200,  0  },
-        kAlong, {0.0, -0.6, 0.8}
-    };
-    const ZetGeomPlane fromFront = {
-        {0,   155, 60  },
-        kAlong, {0.0, 0.6, -0.8}
-    };
-    EXPECT_NEAR(HolesOf(L"SO", {ViewIn(fromBehind, L"SO", 900, 55)})[0].GetYPos(), 20.0, 1e-9);
-    EXPECT_NEAR(HolesOf(L"SO", {ViewIn(fromFront, L"SO", 900, 20)})[0].GetYPos(), 20.0, 1e-9);
-}
-
 TEST(ViewFacesTest, XIsNegatedInPlanesThatLookBackAlongThePiece) {
-    struct Case {
-        const char* name;
-        ZetGeomVector3d xAxis;
-        double xNegate;
-    };
-    const Case cases[] = {
-        {"square to the piece", {1.0, 0.0, 0.0},     1.0 },
-        {"looks forward",       {0.8, -0.6, 0.0},    1.0 },
+    // clang-format off
+    const std::tuple<const char*, ZetGeomVector3d, double> cases[] = {
+        {"square to the piece", {1.0, 0.0, 0.0},     1.0},
+        {"looks forward",       {0.8, -0.6, 0.0},    1.0},
         {"looks back",          {0.8, 0.6, 0.0},     -1.0},
-        {"looks back a little", {0.9968, 0.08, 0.0}, 1.0 },
+        {"looks back a little", {0.9968, 0.08, 0.0}, 1.0},
     };
+    // clang-format on
+    const ZetGeomPoint3d origin = {0, 200, 60};
     for (const wchar_t* code : {L"SO", L"B", L"C"}) {
-        for (const Case& each : cases) {
-            SCOPED_TRACE(each.name);
-            const ZetGeomPlane plane = {
-                {0, 200, 60},
-                each.xAxis, kToBack
-            };
-            const CHoleAddlInfo hole = HolesOf(code, {ViewIn(plane, code, 900, 20)})[0];
-            EXPECT_EQ(hole.GetXPos(), 900.0 * each.xNegate);
+        for (const auto& [name, xAxis, xNegate] : cases) {
+            const ZetNCView view = ViewIn({origin, xAxis, kToBack}, code, 900, 20);
+            EXPECT_EQ(HolesOf(code, {view})[0].GetXPos(), 900.0 * xNegate) << name;
         }
     }
 }
 
 /// Views without holes and contours do not count.
 TEST(ViewFacesTest, AWebInAPlaneOfItsOwnKeepsTheFaceOfTheViewBefore) {
-    const ZetNCView web = ViewIn(
-        {
-            {0, 0, 60},
-            kAlong, kUp
-    },
-        L"C");
+    const ZetGeomPoint3d origin = {0, 0, 60};
+    const ZetNCView web = ViewIn({origin, kAlong, kUp}, L"C");
     ZetNCView marksOnly;
     marksOnly.setViewPos(2);
     marksOnly.setMarks({ZetNCMark()});

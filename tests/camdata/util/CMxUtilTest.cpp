@@ -8,11 +8,15 @@
 #include <fstream>
 #include <memory>
 #include <string>
+#include <tuple>
+#include <utility>
 #include <vector>
 
 #include <gtest/gtest.h>
 
 namespace {
+
+using Texts = std::vector<std::wstring>;
 
 class CMxUtilTest : public ::testing::Test {
   protected:
@@ -20,62 +24,46 @@ class CMxUtilTest : public ::testing::Test {
 };
 
 // What the fake host printed, as texts.
-std::vector<std::wstring> PrintedTexts() {
-    std::vector<std::wstring> texts;
+Texts PrintedTexts() {
+    Texts texts;
     for (const HostPrint& print : HostPrints())
         texts.push_back(print.text);
     return texts;
 }
 
-struct RunCase {
-    int count;
-    bool newLine;
-    const wchar_t* spaces;
-    const wchar_t* divider;
-};
-
 TEST_F(CMxUtilTest, RunsOfCharacters) {
-    const RunCase cases[] = {
+    const std::tuple<int, bool, const wchar_t*, const wchar_t*> cases[] = {
         {20, false, L"                    ", L"--------------------"},
         {5,  true,  L"    \n",               L"----\n"              },
         {1,  false, L" ",                    L"-"                   },
         {1,  true,  L"\n",                   L"\n"                  },
         {0,  true,  L"",                     L""                    },
         {-3, true,  L"",                     L""                    },
-        {-3, false, L"",                     L""                    },
     };
-    for (const RunCase& row : cases) {
-        SCOPED_TRACE(row.count);
-        EXPECT_EQ(CMxUtil::GetSpaces(row.count, row.newLine), row.spaces);
-        EXPECT_EQ(CMxUtil::GetLineDivider(row.count, row.newLine), row.divider);
+    for (const auto& [count, newLine, spaces, divider] : cases) {
+        EXPECT_EQ(CMxUtil::GetSpaces(count, newLine), spaces) << count;
+        EXPECT_EQ(CMxUtil::GetLineDivider(count, newLine), divider) << count;
     }
 }
 
-struct TrialCase {
-    std::vector<std::wstring> modules;  // loaded, in this order
-    HostPrint printed;
-};
-
 // The order of the trials does not depend on the order of loading.
 TEST_F(CMxUtilTest, FirstLoadedModuleOfTheTrialsPrints) {
-    const TrialCase cases[] = {
+    const std::pair<std::vector<std::wstring>, HostPrint> cases[] = {
         {{},                                                        {"main program", L"a\n", false}},
         {{L"kwdb19"},                                               {"kwdb19", L"a\n", false}      },
         {{L"kwdb19", L"kwdb18"},                                    {"kwdb18", L"a\n", false}      },
         {{L"kwdb18", L"kwutil15"},                                  {"kwutil15", L"a\n", true}     },
         {{L"kwdb16", L"kwutil15"},                                  {"kwdb16", L"a\n", true}       },
         {{L"kwutil15", L"kwdb16"},                                  {"kwdb16", L"a\n", true}       },
-        {{L"kwdb16"},                                               {"kwdb16", L"a\n", true}       },
         {{L"kwdb16", L"kwdb18", L"kwutil15", L"kwdb17", L"kwdb19"}, {"kwdb17", L"a\n", false}      },
     };
-    for (const TrialCase& row : cases) {
-        SCOPED_TRACE(row.printed.printer);
+    for (const auto& [modules, printed] : cases) {
         ClearHostPrints();
         std::vector<std::unique_ptr<FakeModule>> loaded;
-        for (const std::wstring& module : row.modules)
+        for (const std::wstring& module : modules)
             loaded.push_back(std::make_unique<FakeModule>(module + L".dll"));
         EXPECT_EQ(CMxUtil::PrintPrompt(L"a"), 1);
-        EXPECT_EQ(HostPrints(), std::vector<HostPrint>{row.printed});
+        EXPECT_EQ(HostPrints(), std::vector<HostPrint>{printed});
     }
 }
 
@@ -88,7 +76,7 @@ TEST_F(CMxUtilTest, FoundModuleThatCannotPrintEndsTheTrials) {
     EXPECT_EQ(CMxUtil::PrintPrompt(L"a"), 1);
     EXPECT_EQ(HostPrints(), std::vector<HostPrint>{});
     mute.Function<int (*)(const wchar_t*)>("linkedPrint")(L"b");
-    EXPECT_EQ(PrintedTexts(), std::vector<std::wstring>{L"b"});
+    EXPECT_EQ(PrintedTexts(), Texts{L"b"});
 }
 
 TEST_F(CMxUtilTest, AddsALineFeedOnlyToATextWithoutAny) {
@@ -96,46 +84,37 @@ TEST_F(CMxUtilTest, AddsALineFeedOnlyToATextWithoutAny) {
     CMxUtil::PrintPrompt(L"\nfirst");
     CMxUtil::PrintPrompt(L"in\nside");
     CMxUtil::PrintPrompt(L"");
-    EXPECT_EQ(PrintedTexts(),
-              (std::vector<std::wstring>{L"100 %d done\n", L"\nfirst", L"in\nside", L"\n"}));
+    EXPECT_EQ(PrintedTexts(), (Texts{L"100 %d done\n", L"\nfirst", L"in\nside", L"\n"}));
 }
 
 TEST_F(CMxUtilTest, PrintsCoordinatesWithTwoDecimals) {
     EXPECT_EQ(CMxUtil::PrintPoint({1.0, -2.345678, 1000.5}, L"Corner"), 1);
     EXPECT_EQ(CMxUtil::PrintVector({0.0, 0.999, -1.0}, L""), 1);
-    EXPECT_EQ(
-        PrintedTexts(),
-        (std::vector<std::wstring>{L"\nCorner : 1.00,-2.35,1000.50", L"\n : 0.00,1.00,-1.00"}));
+    EXPECT_EQ(PrintedTexts(), (Texts{L"\nCorner : 1.00,-2.35,1000.50", L"\n : 0.00,1.00,-1.00"}));
 }
 
-TEST_F(CMxUtilTest, PrintsACoordinateSystemOnTheCommandLineWithoutAnOpenFile) {
+TEST_F(CMxUtilTest, PrintsACoordinateSystemToAnOpenFileOrOnTheCommandLine) {
     FakeCoordinateSystem cs;
-    ZetFileAccess unopened;
-    const std::vector<std::wstring> lines = {L"The CS output as follows\n",
-                                             L"\nOrigin   10.000,  -20.500, 12345.679",
-                                             L"\nX-Axis    0.000,    1.000,    0.000",
-                                             L"\nY-Axis   -1.000,    0.000,    0.000",
-                                             L"\nZ-Axis    0.000,    0.000,    1.000"};
+    ZetFileAccess file;
+    const Texts lines = {L"The CS output as follows\n",
+                         L"\nOrigin   10.000,  -20.500, 12345.679",
+                         L"\nX-Axis    0.000,    1.000,    0.000",
+                         L"\nY-Axis   -1.000,    0.000,    0.000",
+                         L"\nZ-Axis    0.000,    0.000,    1.000"};
     EXPECT_EQ(CMxUtil::PrintCS(&cs), 1);
     EXPECT_EQ(PrintedTexts(), lines);
     ClearHostPrints();
-    EXPECT_EQ(CMxUtil::PrintCS(&cs, &unopened), 1);
+    EXPECT_EQ(CMxUtil::PrintCS(&cs, &file), 1);
     EXPECT_EQ(PrintedTexts(), lines);
-}
 
-TEST_F(CMxUtilTest, PrintsACoordinateSystemToAnOpenFile) {
+    ClearHostPrints();
     const TempFolder folder;
-    FakeCoordinateSystem cs;
-    ZetFileAccess file;
     ASSERT_TRUE(file.Open(folder.NameOf("cs.txt"), L"w"));
     EXPECT_EQ(CMxUtil::PrintCS(&cs, &file), 1);
     file.Close();
-    EXPECT_EQ(folder.Read("cs.txt"),
-              "The CS output as follows\n"
-              "\nOrigin   10.000,  -20.500, 12345.679\n"
-              "\nX-Axis    0.000,    1.000,    0.000\n"
-              "\nY-Axis   -1.000,    0.000,    0.000\n"
-              "\nZ-Axis    0.000,    0.000,    1.000\n");
+    const std::string text = folder.Read("cs.txt");
+    EXPECT_EQ(std::wstring(text.begin(), text.end()),
+              lines[0] + lines[1] + L"\n" + lines[2] + L"\n" + lines[3] + L"\n" + lines[4] + L"\n");
     EXPECT_EQ(HostPrints(), std::vector<HostPrint>{});
 }
 
@@ -157,7 +136,7 @@ TEST_F(CMxUtilTest, WritesLinesAsTheyAreOrPrintsThemWithoutAnOpenFile) {
     file.Close();
     EXPECT_EQ(folder.Read("lines.txt"), "one\ntwo\n\n100 %s\n");
 
-    const std::vector<std::wstring> printed = {L"one\n", L"two\n", L"100 %s\n"};
+    const Texts printed = {L"one\n", L"two\n", L"100 %s\n"};
     EXPECT_EQ(CMxUtil::AsArrStrPrint(lines, &file), 1);
     EXPECT_EQ(PrintedTexts(), printed);
     ClearHostPrints();

@@ -5,14 +5,11 @@
 #include "camdata/platform/HostFunctions.h"
 #include "camdata/util/HostBridge.h"
 
-#include <string>
-
 #include <gtest/gtest.h>
 
 namespace {
 
 struct VariableCase {
-    const char* name;
     int nameType;  // of PLXNAME; below 0: the host does not know it
     const wchar_t* nameText;
     int prefixType;  // of PLXPREFIX
@@ -21,49 +18,34 @@ struct VariableCase {
     const wchar_t* folder;
 };
 
-void PrintTo(const VariableCase& row, std::ostream* out) {
-    *out << row.name;
-}
-
 constexpr int kUnknown = -1;
 constexpr int kNone = HostVariable::eTypeNone;
 constexpr int kText = HostVariable::eTypeText;
 
-class DrawingTest : public ::testing::TestWithParam<VariableCase> {};
+const VariableCase kVariables[] = {
+    {kText,     L"Hall.dwg", kText,    L"D:\\Jobs\\", L"Hall.dwg", L"D:\\Jobs\\"},
+    {kUnknown,  L"",         kText,    L"D:\\",       L"old name", L"D:\\"      },
+    {kText,     L"a",        kUnknown, L"",           L"a",        L"old folder"},
+    {kText + 1, L"a",        kNone,    L"b",          L"old name", L"old folder"},
+    {kText,     L"",         kText,    nullptr,       L"",         L""          },
+};
 
-TEST_P(DrawingTest, NameAndFolderComeFromTheHostAndStayWithoutIt) {
-    const VariableCase& row = GetParam();
-    const FakeModule core(L"kwcore.dll");
-    const auto setVariable = core.Function<FakeHostSetVariable>("fakeHostSetVariable");
-    ASSERT_NE(setVariable, nullptr);
-    if (row.nameType != kUnknown)
-        setVariable(L"PLXNAME", row.nameType, row.nameText);
-    if (row.prefixType != kUnknown)
-        setVariable(L"PLXPREFIX", row.prefixType, row.prefixText);
-    ZetString model = L"old name";
-    ZetString folder = L"old folder";
-    EXPECT_EQ(GetModelAndDirName(model, folder), 0);
-    EXPECT_EQ(model, row.model);
-    EXPECT_EQ(folder, row.folder);
-}
-
-INSTANTIATE_TEST_SUITE_P(
-    HostBridge,
-    DrawingTest,
-    ::testing::Values(
-        VariableCase{"Both", kText, L"Hall.dwg", kText, L"D:\\Jobs\\", L"Hall.dwg", L"D:\\Jobs\\"},
-        VariableCase{"NameUnknown", kUnknown, L"", kText, L"D:\\", L"old name", L"D:\\"},
-        VariableCase{"FolderUnknown", kText, L"a", kUnknown, L"", L"a", L"old folder"},
-        VariableCase{"NotText", kText + 1, L"a", kNone, L"b", L"old name", L"old folder"},
-        VariableCase{"Empty", kText, L"", kText, nullptr, L"", L""}),
-    [](const auto& test) { return test.param.name; });
-
-TEST(HostBridge, DrawingStaysUnknownWithoutTheCoreModule) {
-    ZetString model = L"old name";
-    ZetString folder = L"old folder";
-    EXPECT_EQ(GetModelAndDirName(model, folder), 0);
-    EXPECT_EQ(model, L"old name");
-    EXPECT_EQ(folder, L"old folder");
+TEST(HostBridge, DrawingComesFromTheHostAndStaysWithoutIt) {
+    for (const VariableCase& row : kVariables) {
+        SCOPED_TRACE(::testing::PrintToString(row.model));
+        const FakeModule core(L"kwcore.dll");
+        const auto setVariable = core.Function<FakeHostSetVariable>("fakeHostSetVariable");
+        ASSERT_NE(setVariable, nullptr);
+        if (row.nameType != kUnknown)
+            setVariable(L"PLXNAME", row.nameType, row.nameText);
+        if (row.prefixType != kUnknown)
+            setVariable(L"PLXPREFIX", row.prefixType, row.prefixText);
+        ZetString model = L"old name";
+        ZetString folder = L"old folder";
+        EXPECT_EQ(GetModelAndDirName(model, folder), 0);
+        EXPECT_EQ(model, row.model);
+        EXPECT_EQ(folder, row.folder);
+    }
 }
 
 // How a host may fail on the way to an interface.
@@ -80,13 +62,6 @@ const HostFault kFaults[] = {
     {"name fails",      [](FakePartEntity& e) { e.m_structure.m_result = kHostFail; }, true },
     {"name raises",     [](FakePartEntity& e) { e.m_structure.m_raises = true; },      true },
 };
-
-ZetNCCreator CreatorOf(FakePartEntity& entity) {
-    ZetNCCreator creator;
-    creator.setNCEntity(&entity);
-    creator.create();
-    return creator;
-}
 
 void ExpectNoReferences(const FakePartEntity& entity) {
     EXPECT_EQ(entity.m_model.m_references, 0);
@@ -135,9 +110,7 @@ TEST(HostBridge, NoEqualPartLeavesNoReference) {
     EXPECT_EQ(GetEqualPartObj(&noModel), nullptr);
 
     FakePartEntity noInterface;
-    noInterface.m_model.m_offers = {
-        {IStructureObject::kId, &noInterface.m_structure}
-    };
+    noInterface.m_model.m_offers.assign(1, {IStructureObject::kId, &noInterface.m_structure});
     EXPECT_EQ(GetEqualPartObj(&noInterface), nullptr);
     ExpectNoReferences(noInterface);
 

@@ -5,7 +5,7 @@
 #include "camdata/platform/IEqualPartObject.h"
 #include "camdata/platform/IStraightBeam.h"
 #include "camdata/platform/IStructureObject.h"
-#include "camdata/platform/ZetNCEntity.h"
+#include "camdata/platform/ZetNCCreator.h"
 
 #include <utility>
 #include <vector>
@@ -42,20 +42,20 @@ class FakeCoordinateSystem final : public FakeHostObject<ICS3d> {
         *origin = {10.0, -20.5, 12345.6789};
         return kHostOk;
     }
-    HostResult getXAxis(ZetGeomVector3d* axis) override {
-        *axis = {0.0, 1.0, 0.0};
-        return kHostOk;
-    }
-    HostResult getYAxis(ZetGeomVector3d* axis) override {
-        *axis = {-1.0, 0.0, 0.0};
-        return kHostOk;
-    }
+    HostResult getXAxis(ZetGeomVector3d* axis) override { return Answer(axis, {0, 1, 0}); }
+    HostResult getYAxis(ZetGeomVector3d* axis) override { return Answer(axis, {-1, 0, 0}); }
     HostResult getZAxis(ZetGeomVector3d* axis) override {
-        *axis = {0.0, 0.0, 1.0};
+        Answer(axis, {0, 0, 1});
         return m_zAxisResult;
     }
 
     HostResult m_zAxisResult = kHostOk;
+
+  private:
+    static HostResult Answer(ZetGeomVector3d* axis, const ZetGeomVector3d& answer) {
+        *axis = answer;
+        return kHostOk;
+    }
 };
 
 class FakeStructure final : public FakeHostObject<IStructureObject> {
@@ -78,10 +78,8 @@ class FakeEqualPart final : public FakeHostObject<IEqualPartObject> {
         *isMainPart = m_isMainPart;
         return m_result;
     }
-    HostResult getPartNumber(ZetString* text) override { return Answer(text, L"part number"); }
-    HostResult getAssemblyNumber(ZetString* text) override {
-        return Answer(text, L"assembly number");
-    }
+    HostResult getPartNumber(ZetString* text) override { return Answer(text, L"part"); }
+    HostResult getAssemblyNumber(ZetString* text) override { return Answer(text, L"assembly"); }
     HostResult getName(ZetString* text) override { return Answer(text, L"name"); }
     HostResult getMaterial(ZetString* text) override { return Answer(text, L"material"); }
     HostResult getFinish(ZetString* text) override { return Answer(text, L"finish"); }
@@ -159,3 +157,10 @@ class FakePartEntity final : public ZetNCEntity {
     FakeStructure m_structure;
     FakeEqualPart m_equalPart;
 };
+
+inline ZetNCCreator CreatorOf(FakePartEntity& entity) {
+    ZetNCCreator creator;
+    creator.setNCEntity(&entity);
+    creator.create();
+    return creator;
+}
