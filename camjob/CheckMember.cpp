@@ -49,6 +49,8 @@ CheckMember::CheckMember(ZetNCCreator& creator) {
         else if (notch.GetNotchStatus() != eNotchNone)
             NoOfExternalContours_Increment();
     }
+    for (CHoleAddlInfo& hole : m_holes)
+        hole.CheckEdgeAndEndDist(m_memType, GetLength());
     ValidateMember();
 }
 

@@ -23,7 +23,8 @@ struct MemberHole {
 };
 
 /// A member that is gathered and checked without rules of any machine: all dimensions from the
-/// header, any number of holes and contours, any length.
+/// header, any number of holes and contours, any length, the library's own distances to edges and
+/// ends.
 class CheckMember final : public CMxPeilaib {
   public:
     /// Gathers and validates what the creator holds; the creator must outlive the member.
@@ -31,6 +32,8 @@ class CheckMember final : public CMxPeilaib {
 
     /// Every hole of the NC data once.
     std::vector<MemberHole> CollectHoles() const;
+    /// The holes among the member's holes, with the warnings of their distances.
+    const ZetArray<CHoleAddlInfo>& GetHoles() const { return m_holes; }
     const ZetArray<CNotchAddInfo>& GetNotches() const { return m_notches; }
     const ZetArray<CNotchAddInfo>& GetDuplicateNotches() const { return m_duplicateNotches; }
     const ZetArray<ZetString>& GetErrors() const { return m_errors; }

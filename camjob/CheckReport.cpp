@@ -306,6 +306,27 @@ std::vector<FaceReport> MakeFaceReports(const dstv::NcFileEntity& entity,
     return faces;
 }
 
+/// What the distances of a hole were found to be, each with the hole's line; ordered by line.
+std::vector<ZetString> DistanceWarnings(const ZetArray<CHoleAddlInfo>& holes) {
+    std::vector<std::pair<long, ZetString>> warnings;
+    for (const CHoleAddlInfo& hole : holes) {
+        ZetArray<ZetString> lines;
+        hole.GetWarMsg(lines);
+        const long line = hole.GetHoleData().hostTag;
+        // The first line describes the hole.
+        for (long i = 1; i < lines.length(); ++i)
+            warnings.push_back(
+                {line, ZetString::format(L"line %d: %s", line, lines[i].trimmedLeft())});
+    }
+    std::stable_sort(warnings.begin(), warnings.end(), [](const auto& a, const auto& b) {
+        return a.first < b.first;
+    });
+    std::vector<ZetString> texts;
+    for (auto& [line, text] : warnings)
+        texts.push_back(std::move(text));
+    return texts;
+}
+
 }  // namespace
 
 CheckReport MakeCheckReport(dstv::NcPart part) {
@@ -324,6 +345,8 @@ CheckReport MakeCheckReport(dstv::NcPart part) {
     AddNotches(member.GetNotches(), false, sources, report.notches);
     AddNotches(member.GetDuplicateNotches(), true, sources, report.notches);
     report.findings = {Trimmed(member.GetErrors()), Trimmed(member.GetWarnings())};
+    for (ZetString& text : DistanceWarnings(member.GetHoles()))
+        report.findings.warnings.push_back(std::move(text));
     report.faces = MakeFaceReports(entity, creator.getNCStructure());
     return report;
 }

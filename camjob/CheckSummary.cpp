@@ -13,6 +13,7 @@ void CheckSummary::Add(const CheckReport& report) {
     }
     for (const NotchReport& notch : report.notches)
         notches += notch.isDuplicate ? 0 : 1;
+    warnings += static_cast<long>(report.findings.warnings.size());
     invalidMembers += report.findings.errors.empty() ? 0 : 1;
     for (const dstv::NcNote& note : report.notes)
         ++(note.severity == dstv::NcNote::Severity::kWarning ? warnings : notes);

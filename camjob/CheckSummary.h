@@ -24,7 +24,7 @@ struct CheckSummary {
     long notches = 0;  ///< without duplicates
     long invalidMembers = 0;
     long notes = 0;
-    long warnings = 0;
+    long warnings = 0;                  ///< of reader and library
     std::vector<dstv::NcError> errors;  ///< the first kMaxListedErrors
 
     void Add(const CheckReport& report);

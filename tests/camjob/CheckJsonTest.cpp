@@ -110,7 +110,8 @@ TEST(CheckJson, TellsNotchesAndFindings) {
     EXPECT_EQ(file["notches"][2]["shape"], "outline");
     EXPECT_EQ(file["notches"][2]["length"], Json());
     EXPECT_EQ(file["notches"][2]["holeLine"], Json());
-    EXPECT_EQ(file["findings"], Json::parse(R"({"errors": [], "warnings": []})"));
+    EXPECT_EQ(file["findings"], Json::parse(R"({"errors": [], "warnings":
+                  ["line 35: Distance (-0.0) from bottom flange is insufficient"]})"));
 }
 
 TEST(CheckJson, SlotAcrossTurnsByARightAngleAboutItsStart) {
