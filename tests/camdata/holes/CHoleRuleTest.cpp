@@ -4,106 +4,75 @@
 
 namespace {
 
+using Numbers = ZetArray<double>;
+using Texts = ZetArray<ZetString>;
+
 CHoleCode Code(const wchar_t* text) {
     CHoleCode code;
     code.SetValues(text, 1);
     return code;
 }
 
-CHoleRule RuleFor(long nameLength, const ZetArray<ZetString>& excluded, bool lookInAnother) {
+/// `flag`: the only one of the four that is set, in the order of the arguments.
+CHoleRule RuleFor(long nameLength, const Texts& excluded, int flag) {
     CHoleRule rule;
-    rule.SetValues(eHoleShapeSlot,
-                   {Code(L"A"), Code(L"B")},
-                   {{Code(L"C")}, {}},
-                   nameLength,
-                   excluded,
-                   {1.0},
-                   {2.0},
-                   {3.0},
-                   {4.0},
-                   true,
-                   false,
-                   Code(L"G"),
-                   lookInAnother,
-                   L"_B",
-                   true);
+    // clang-format off
+    rule.SetValues(eHoleShapeSlot, {Code(L"A"), Code(L"B")}, {{Code(L"C")}, {}}, nameLength,
+                   excluded, {1.0}, {2.0}, {3.0}, {4.0}, flag == 0, flag == 1, Code(L"G"),
+                   flag == 2, L"_B", flag == 3);
+    // clang-format on
     return rule;
 }
 
 TEST(CHoleRuleTest, SetsEachFieldFromItsArgument) {
-    const CHoleRule rule = RuleFor(3, {L"Z20"}, true);
-    EXPECT_EQ(rule.GetHoleShapeType(), eHoleShapeSlot);
-    ASSERT_EQ(rule.GetHoleCodes().length(), 2);
-    EXPECT_EQ(rule.GetHoleCodes()[1].GetPairCode(), L"B");
-    ASSERT_EQ(rule.GetHoleCodeTable().length(), 2);
-    EXPECT_EQ(rule.GetHoleCodeTable()[0][0].GetPairCode(), L"C");
-    EXPECT_EQ(rule.GetMemNameLength(), 3);
-    EXPECT_EQ(rule.GetNotAppMem(), ZetArray<ZetString>{L"Z20"});
-    EXPECT_EQ(rule.GetBackMarkArr(), ZetArray<double>{1.0});
-    EXPECT_EQ(rule.GetOtherFaceArr(), ZetArray<double>{2.0});
-    EXPECT_EQ(rule.GetDiameters(), ZetArray<double>{3.0});
-    EXPECT_EQ(rule.GetSecondSizes(), ZetArray<double>{4.0});
-    EXPECT_EQ(rule.GetGroupCode().GetPairCode(), L"G");
-    EXPECT_EQ(rule.GetLookInAnotherSuffix(), L"_B");
-}
-
-TEST(CHoleRuleTest, KeepsItsFlagsApart) {
-    for (int set = 0; set < 4; ++set) {
-        SCOPED_TRACE(set);
-        CHoleRule rule;
-        rule.SetValues(eHoleShapeRound,
-                       {},
-                       {},
-                       0,
-                       {},
-                       {},
-                       {},
-                       {},
-                       {},
-                       set == 0,
-                       set == 1,
-                       Code(L"G"),
-                       set == 2,
-                       L"",
-                       set == 3);
-        EXPECT_EQ(rule.GetFirstOption(), set == 0);
-        EXPECT_EQ(rule.GetSecondOption(), set == 1);
-        EXPECT_EQ(rule.GetLookInAnotherRule(), set == 2);
-        EXPECT_EQ(rule.GetThirdOption(), set == 3);
+    for (int flag = 0; flag < 4; ++flag) {
+        SCOPED_TRACE(flag);
+        const CHoleRule rule = RuleFor(3, {L"Z20"}, flag);
+        EXPECT_EQ(rule.GetHoleShapeType(), eHoleShapeSlot);
+        ASSERT_EQ(rule.GetHoleCodes().length(), 2);
+        ASSERT_EQ(rule.GetHoleCodeTable().length(), 2);
+        // clang-format off
+        const Texts codes = {rule.GetHoleCodes()[1].GetPairCode(),
+                             rule.GetHoleCodeTable()[0][0].GetPairCode(),
+                             rule.GetGroupCode().GetPairCode(), rule.GetLookInAnotherSuffix()};
+        // clang-format on
+        EXPECT_EQ(codes, (Texts{L"B", L"C", L"G", L"_B"}));
+        EXPECT_EQ(rule.GetMemNameLength(), 3);
+        EXPECT_EQ(rule.GetNotAppMem(), Texts{L"Z20"});
+        EXPECT_EQ(rule.GetBackMarkArr(), Numbers{1.0});
+        EXPECT_EQ(rule.GetOtherFaceArr(), Numbers{2.0});
+        EXPECT_EQ(rule.GetDiameters(), Numbers{3.0});
+        EXPECT_EQ(rule.GetSecondSizes(), Numbers{4.0});
+        EXPECT_EQ(rule.GetFirstOption(), flag == 0);
+        EXPECT_EQ(rule.GetSecondOption(), flag == 1);
+        EXPECT_EQ(rule.GetLookInAnotherRule(), flag == 2);
+        EXPECT_EQ(rule.GetThirdOption(), flag == 3);
     }
 }
 
 TEST(CHoleRuleTest, AppliesUnlessTheMemberIsExcluded) {
-    struct Case {
-        const char* name;
-        long nameLength;
-        const wchar_t* member;
-        const wchar_t* excluded;
-        bool lookInAnother;
-        bool applies;
-        const wchar_t* suffix;
+    constexpr int kLook = 2;
+    // clang-format off
+    struct Case { const char* name; long nameLength; const wchar_t* member; Texts excluded;
+                  int flag; bool applies; const wchar_t* suffix; };
+    const Case cases[] = {
+        {"first characters",        3,  L"Z20025", {L"C20", L"Z20"}, kLook, false, L"_B"},
+        {"without last characters", -2, L"Z20025", {L"Z200"},        kLook, false, L"_B"},
+        {"whole name",              0,  L"Z20025", {L"Z20025"},      kLook, false, L"_B"},
+        {"part is not whole",       0,  L"Z20025", {L"Z20"},         kLook, true,  L""  },
+        {"case counts",             3,  L"z20025", {L"Z20"},         kLook, true,  L""  },
+        {"without the flag",        3,  L"Z20025", {L"Z20"},         0,     false, L""  },
+        {"longer than the name",    9,  L"Z20",    {L"Z20"},         kLook, false, L"_B"},
+        {"all characters dropped",  -9, L"Z20",    {L""},            kLook, false, L"_B"},
+        {"none excluded",           0,  L"Z20",    {},               kLook, true,  L""  },
     };
-    constexpr Case kCases[] = {
-        {"first characters",        3,  L"Z20025", L"Z20",    true,  false, L"_B"},
-        {"without last characters", -2, L"Z20025", L"Z200",   true,  false, L"_B"},
-        {"whole name",              0,  L"Z20025", L"Z20025", true,  false, L"_B"},
-        {"part is not whole",       0,  L"Z20025", L"Z20",    true,  true,  L""  },
-        {"case counts",             3,  L"z20025", L"Z20",    true,  true,  L""  },
-        {"without the flag",        3,  L"Z20025", L"Z20",    false, false, L""  },
-        {"longer than the name",    9,  L"Z20",    L"Z20",    true,  false, L"_B"},
-        {"all characters dropped",  -9, L"Z20",    L"",       true,  false, L"_B"},
-    };
-    for (const Case& each : kCases) {
-        SCOPED_TRACE(each.name);
-        const CHoleRule rule =
-            RuleFor(each.nameLength, {L"C20", each.excluded}, each.lookInAnother);
+    // clang-format on
+    for (const Case& each : cases) {
+        const CHoleRule rule = RuleFor(each.nameLength, each.excluded, each.flag);
         ZetString suffix = L"left over";
-        EXPECT_EQ(rule.LookInAnotherRule(each.member, suffix), each.applies);
-        EXPECT_EQ(suffix, each.suffix);
+        EXPECT_EQ(rule.LookInAnotherRule(each.member, suffix), each.applies) << each.name;
+        EXPECT_EQ(suffix, each.suffix) << each.name;
     }
-    ZetString suffix = L"left over";
-    EXPECT_TRUE(RuleFor(0, {}, true).LookInAnotherRule(L"Z20", suffix));
-    EXPECT_EQ(suffix, L"");
 }
 
 }  // namespace

@@ -5,6 +5,7 @@
 #include <cmath>
 #include <limits>
 #include <string>
+#include <vector>
 
 #include <gtest/gtest.h>
 
@@ -13,19 +14,19 @@ namespace {
 constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
 constexpr double kFar = 1e6;
 
+using Numbers = std::vector<double>;
+
 /// Read before main, that is before any test could set a tolerance.
 const bool g_startsWithEPS = CurrentToleranceIs(0.1);
 
 TEST(CMxGeomTest, LoadsWithTheUsualTolerancesAndLimits) {
+    using G = CMxGeom;
     EXPECT_TRUE(g_startsWithEPS);
-    EXPECT_EQ(CMxGeom::GetEPS(), 0.1);
-    EXPECT_EQ(CMxGeom::GetGenTol(), 0.5);
-    EXPECT_EQ(CMxGeom::GetXTol(), 0.5);
-    EXPECT_EQ(CMxGeom::GetYTol(), 0.5);
-    EXPECT_EQ(CMxGeom::GetAngTol(), 0.5);
-    EXPECT_EQ(CMxGeom::GetMinEdgeDist(), -1.5);
-    EXPECT_EQ(CMxGeom::GetMinEndDist(), -1.5);
-    EXPECT_EQ(CMxGeom::GetMinEdgeDistFromFace(), -1.0);
+    const Numbers tolerances = {
+        G::GetEPS(), G::GetGenTol(), G::GetXTol(), G::GetYTol(), G::GetAngTol()};
+    EXPECT_EQ(tolerances, (Numbers{0.1, 0.5, 0.5, 0.5, 0.5}));
+    const Numbers limits = {G::GetMinEdgeDist(), G::GetMinEndDist(), G::GetMinEdgeDistFromFace()};
+    EXPECT_EQ(limits, (Numbers{-1.5, -1.5, -1.0}));
 }
 
 TEST(CMxGeomTest, SelectsAStoredToleranceOrTheGivenOne) {
@@ -35,51 +36,29 @@ TEST(CMxGeomTest, SelectsAStoredToleranceOrTheGivenOne) {
     CMxGeom::SetYTol(4.0);
     CMxGeom::SetAngTol(5.0);
     EXPECT_TRUE(CurrentToleranceIs(0.1)) << "storing a tolerance must not make it current";
-
-    struct Case {
-        int type;
-        double current;
-    };
-    constexpr Case kCases[] = {
-        {0,  1.0},
-        {1,  2.0},
-        {2,  3.0},
-        {3,  4.0},
-        {4,  5.0},
-        {5,  9.0},
-        {-1, 9.0},
-        {99, 9.0}
-    };
-    for (const Case& each : kCases) {
-        SCOPED_TRACE(each.type);
-        CMxGeom::SetTol(static_cast<eToleranceType>(each.type), 9.0);
-        EXPECT_TRUE(CurrentToleranceIs(each.current));
+    for (const int type : {-1, 0, 1, 2, 3, 4, 5, 99}) {
+        CMxGeom::SetTol(static_cast<eToleranceType>(type), 9.0);
+        EXPECT_TRUE(CurrentToleranceIs(type >= 0 && type < 5 ? type + 1.0 : 9.0)) << type;
     }
 }
 
 TEST(CMxGeomTest, ComparesWithinTheCurrentTolerance) {
-    struct Case {
-        const char* name;
-        double a;
-        double b;
-        bool equal;
-        bool less;
-        bool greater;
-        int compare;
-    };
+    // clang-format off
+    struct Case { const char* name; double a, b; bool equal, less, greater; int compare; };
     const Case cases[] = {
-        {"at the tolerance",            10.0,   10.1,   true,  false, false, 0 },
-        {"below",                       9.85,   10.0,   false, true,  false, -1},
-        {"below within",                9.95,   10.0,   true,  false, false, 0 },
-        {"above within",                10.05,  10.0,   true,  false, false, 0 },
-        {"above",                       10.15,  10.0,   false, false, true,  1 },
-        {"long and just within",        3000.0, 3000.1, true,  false, false, 0 },
- // 1000.1 - 1000.0 is a little above 0.1, but 1000.1 - 0.1 rounds to 1000.0.
-        {"rounding decides, upwards",   1000.0, 1000.1, false, false, false, 1 },
-        {"rounding decides, downwards", 1000.1, 1000.0, false, false, false, 1 },
-        {"not a number first",          kNaN,   1.0,    false, false, false, 1 },
-        {"not a number second",         1.0,    kNaN,   false, false, false, 1 },
+        {"at the tolerance", 10.0, 10.1, true, false, false, 0},
+        {"below", 9.85, 10.0, false, true, false, -1},
+        {"below within", 9.95, 10.0, true, false, false, 0},
+        {"above within", 10.05, 10.0, true, false, false, 0},
+        {"above", 10.15, 10.0, false, false, true, 1},
+        {"long and just within", 3000.0, 3000.1, true, false, false, 0},
+        // 1000.1 - 1000.0 is a little above 0.1, but 1000.1 - 0.1 rounds to 1000.0.
+        {"rounding decides, upwards", 1000.0, 1000.1, false, false, false, 1},
+        {"rounding decides, downwards", 1000.1, 1000.0, false, false, false, 1},
+        {"not a number first", kNaN, 1.0, false, false, false, 1},
+        {"not a number second", 1.0, kNaN, false, false, false, 1},
     };
+    // clang-format on
     for (const Case& each : cases) {
         SCOPED_TRACE(each.name);
         EXPECT_EQ(CMxGeom::IsEqual_Mx(each.a, each.b), each.equal);
@@ -97,28 +76,17 @@ TEST(CMxGeomTest, FindsTheFirstElementWithinTolerance) {
     EXPECT_EQ(CMxGeom::find({1.0, kNaN, 5.2}, 5.0), -1);
 }
 
-struct LimitCase {
-    const char* name;
-    double limit;
-    double tolerance;
-    double dist;
-    bool isSufficient;
-};
-
+// clang-format off
+struct LimitCase { const char* name; double limit, tolerance, dist; bool isSufficient; };
 constexpr LimitCase kLimitCases[] = {
-    {"1.5 diameters",                  -1.5,  0.1, 25.0,  false},
-    {"short of it by the tolerance",   -1.5,  0.1, 26.9,  true },
-    {"short of it by more",            -1.5,  0.1, 26.89, false},
-    {"absolute",                       20.0,  0.1, 25.0,  true },
-    {"absolute, short of it",          20.0,  0.1, 19.85, false},
-    {"switched off",                   0.05,  0.1, -kFar, true },
-    {"off at the tolerance",           0.1,   0.1, -kFar, true },
-    {"off at the tolerance, negative", -0.1,  0.1, -kFar, true },
-    {"a small multiple is not off",    -0.11, 0.1, 1.5,   false},
-    {"off by the current tolerance",   0.4,   0.5, -kFar, true },
-    {"even the default is off",        -1.5,  2.0, -kFar, true },
-    {"not a number",                   -1.5,  0.1, kNaN,  false},
+    {"1.5 diameters", -1.5, 0.1, 25.0, false},  {"short by the tolerance", -1.5, 0.1, 26.9, true},
+    {"short by more", -1.5, 0.1, 26.89, false}, {"absolute", 20.0, 0.1, 25.0, true},
+    {"short", 20.0, 0.1, 19.85, false},         {"switched off", 0.05, 0.1, -kFar, true},
+    {"off", 0.1, 0.1, -kFar, true},             {"negative off", -0.1, 0.1, -kFar, true},
+    {"small multiple", -0.11, 0.1, 1.5, false}, {"off, other tolerance", 0.4, 0.5, -kFar, true},
+    {"even the default", -1.5, 2.0, -kFar, true}, {"not a number", -1.5, 0.1, kNaN, false},
 };
+// clang-format on
 
 TEST(CMxGeomTest, ChecksADistanceAgainstItsOwnLimit) {
     struct Check {
@@ -144,21 +112,13 @@ TEST(CMxGeomTest, ChecksADistanceAgainstItsOwnLimit) {
 }
 
 TEST(CMxGeomTest, RoundsToMultiplesOfAStep) {
-    struct Case {
-        double value;
-        double step;
-        double rounded;
-    };
+    // clang-format off
+    struct Case { double value, step, rounded; };
     constexpr Case kCases[] = {
-        {12.26,  0.5,  12.5 },
-        {12.24,  0.5,  12.0 },
-        {12.25,  0.5,  12.0 },
-        {12.75,  0.5,  13.0 },
-        {11.25,  0.5,  11.0 },
-        {12.26,  -0.5, 12.5 },
-        {-12.26, 0.5,  -12.5},
-        {7.26,   1.0,  7.0  }
+        {12.26, 0.5, 12.5},  {12.24, 0.5, 12.0},   {12.25, 0.5, 12.0}, {12.75, 0.5, 13.0},
+        {12.26, -0.5, 12.5}, {-12.26, 0.5, -12.5}, {11.25, 0.5, 11.0}, {7.26, 1.0, 7.0},
     };
+    // clang-format on
     for (const Case& each : kCases)
         EXPECT_EQ(CMxGeom::Round_CAM(each.value, each.step), each.rounded) << each.value;
     EXPECT_TRUE(std::isnan(CMxGeom::Round_CAM(0.0, 0.0)));

@@ -3,18 +3,16 @@
 
 #include "camdata/holes/CMxSingleMemValidation.h"
 
+#include <tuple>
+
 #include <gtest/gtest.h>
 
 namespace {
 
+using Numbers = ZetArray<double>;
+
 constexpr double kEPS = 0.1;
 constexpr double kOther = 7.0;
-
-CMxHoles HoleExpectedAt(double x) {
-    CMxHoles hole;
-    hole.SetHoleXPos(x);
-    return hole;
-}
 
 CMxSingleMemValidation Prescription(double fixedLength, const ZetArray<CMxHoles>& holes) {
     CMxSingleMemValidation validation;
@@ -23,59 +21,47 @@ CMxSingleMemValidation Prescription(double fixedLength, const ZetArray<CMxHoles>
 }
 
 TEST(CMxSingleMemValidationTest, TurnsPositionsIntoDistancesFromTheStart) {
-    struct Case {
-        const char* name;
-        double x;
-        double distance;
-        long converted;
-    };
+    // clang-format off
+    struct Case { const char* name; double length, x, distance; long converted; };
     constexpr Case kCases[] = {
-        {"fraction",                0.5,   3000.0,  1},
-        {"lowest fraction",         0.11,  660.0,   1},
-        {"highest fraction",        0.89,  5340.0,  1},
-        {"from the far end",        -100,  5900.0,  1},
-        {"just from the far end",   -0.11, 5999.89, 1},
-        {"distance",                250.0, 250.0,   0},
-        {"start",                   0.0,   0.0,     0},
-        {"one is a distance",       1.0,   1.0,     0},
-        {"low end of the fraction", 0.1,   0.1,     0},
-        {"high end",                0.9,   0.9,     0},
-        {"not yet the far end",     -0.1,  -0.1,    0},
+        {"fraction",                6000,  0.5,   3000.0,  1},
+        {"lowest fraction",         6000,  0.11,  660.0,   1},
+        {"highest fraction",        6000,  0.89,  5340.0,  1},
+        {"from the far end",        6000,  -100,  5900.0,  1},
+        {"just from the far end",   6000,  -0.11, 5999.89, 1},
+        {"distance",                6000,  250.0, 250.0,   0},
+        {"start",                   6000,  0.0,   0.0,     0},
+        {"one is a distance",       6000,  1.0,   1.0,     0},
+        {"low end of the fraction", 6000,  0.1,   0.1,     0},
+        {"high end",                6000,  0.9,   0.9,     0},
+        {"not yet the far end",     6000,  -0.1,  -0.1,    0},
+        {"no fixed length",         0,     0.5,   0.5,     0},
+        {"hardly a fixed length",   0.1,   -100,  -100.0,  0},
+        {"negative fixed length",   -6000, 0.5,   0.5,     0},
     };
+    // clang-format on
     ZetArray<CMxHoles> holes;
     for (const Case& each : kCases) {
         SCOPED_TRACE(each.name);
         CMxGeom::SetTol(eTolValue, kOther);
-        CMxSingleMemValidation validation = Prescription(6000.0, {HoleExpectedAt(each.x)});
+        CMxHoles hole;
+        hole.SetHoleXPos(each.x);
+        holes.append(hole);
+        CMxSingleMemValidation validation = Prescription(each.length, {hole});
         EXPECT_EQ(validation.setHolesPosition(), each.converted);
         EXPECT_DOUBLE_EQ(validation.GetMxHoles()[0].GetHoleXPos(), each.distance);
         EXPECT_TRUE(CurrentToleranceIs(kEPS));
-        holes.append(HoleExpectedAt(each.x));
     }
-    EXPECT_EQ(Prescription(6000.0, holes).setHolesPosition(), 5);
-}
-
-TEST(CMxSingleMemValidationTest, NeedsAFixedLengthToTurnPositions) {
-    for (const double fixedLength : {0.0, 0.1, -6000.0}) {
-        SCOPED_TRACE(fixedLength);
-        CMxGeom::SetTol(eTolValue, kOther);
-        CMxSingleMemValidation validation =
-            Prescription(fixedLength, {HoleExpectedAt(0.5), HoleExpectedAt(-100.0)});
-        EXPECT_EQ(validation.setHolesPosition(), 0);
-        EXPECT_EQ(validation.GetMxHoles()[0].GetHoleXPos(), 0.5);
-        EXPECT_EQ(validation.GetMxHoles()[1].GetHoleXPos(), -100.0);
-        EXPECT_TRUE(CurrentToleranceIs(kEPS));
-    }
+    EXPECT_EQ(Prescription(6000.0, holes).setHolesPosition(), 8);
 }
 
 TEST(CMxSingleMemValidationTest, AlternativePositionsStayAsStored) {
     CMxHoles hole;
-    hole.SetValues(18, L"P", ZetArray<double>{-100.0, 0.5}, L"%.0f at %.0f", false, false);
+    hole.SetValues(18, L"P", Numbers{-100.0, 0.5}, L"%.0f at %.0f", false, false);
     CMxSingleMemValidation validation = Prescription(6000.0, {hole});
     EXPECT_EQ(validation.setHolesPosition(), 1);
     const CMxHoles turned = validation.GetMxHoles()[0];
-    EXPECT_EQ(turned.GetHoleXPos(), 5900.0);
-    EXPECT_EQ(turned.GetHoleXPosArr(), (ZetArray<double>{-100.0, 0.5}));
+    EXPECT_EQ(turned.GetHoleXPosArr(), (Numbers{-100.0, 0.5}));
     EXPECT_EQ(turned.GetErrMsg(6000.0), L"18 at 5900 or 0.5");
 }
 
@@ -103,46 +89,36 @@ TEST(CMxSingleMemValidationTest, CountsAndRenamesTheExpectedHoles) {
 }
 
 TEST(CMxHolesTest, SetsEachFieldFromItsArgument) {
+    using Fields = std::tuple<double, ZetString, double, bool, bool>;
     CMxHoles hole;
-    hole.SetValues(18, L"P", ZetArray<double>{250.0, 300.0}, L"%.0f", true, false);
-    EXPECT_EQ(hole.GetHoleDia(), 18.0);
-    EXPECT_EQ(hole.GetHoleCode(), L"P");
-    EXPECT_EQ(hole.GetHoleXPos(), 250.0);
-    EXPECT_TRUE(hole.GetIsMirrApplicable());
-    EXPECT_FALSE(hole.GetFound());
+    const auto fields = [&] {
+        // clang-format off
+        return Fields(hole.GetHoleDia(), hole.GetHoleCode(), hole.GetHoleXPos(),
+                      hole.GetIsMirrApplicable(), hole.GetFound());
+        // clang-format on
+    };
+    hole.SetValues(18, L"P", Numbers{250.0, 300.0}, L"%.0f", true, false);
+    EXPECT_EQ(fields(), Fields(18, L"P", 250, true, false));
     hole.SetValues(20, L"Q", 400.0, L"missing", false, true);
-    EXPECT_EQ(hole.GetHoleXPos(), 400.0);
-    EXPECT_FALSE(hole.GetIsMirrApplicable());
-    EXPECT_TRUE(hole.GetFound());
+    EXPECT_EQ(fields(), Fields(20, L"Q", 400, false, true));
     EXPECT_EQ(hole.GetErrMsg(0.0), L"missing or 300.0") << "the alternatives stay";
-}
-
-TEST(CMxHolesTest, AlternativesMustNotBeEmpty) {
-    CMxHoles hole;
-    EXPECT_EQ(AssertionOf([&] { hole.SetValues(18, L"P", ZetArray<double>(), L"", true, true); }),
+    EXPECT_EQ(AssertionOf([&] { hole.SetValues(18, L"P", Numbers(), L"", true, true); }),
               "isValid( index )");
 }
 
 TEST(CMxHolesTest, ReportsAMissingHole) {
-    struct Case {
-        const char* name;
-        const wchar_t* format;
-        ZetArray<double> positions;
-        const wchar_t* text;
-    };
+    // clang-format off
+    struct Case { const char* name; const wchar_t* format; Numbers positions;
+                  const wchar_t* text; };
     const Case cases[] = {
-        {"diameter and position",  L"no hole %.1f at %.1f", {250.0},             L"no hole 18.0 at 250.0"},
-        {"fewer conversions",      L"no hole %.0f",         {250.0},             L"no hole 18"           },
-        {"no conversion",          L"100%% missing",        {250.0},             L"100% missing"         },
-        {"more conversions",       L"%.0f %.0f %.0f",       {250.0},             L"18 250 %.0f"          },
-        {"wrong conversion",       L"%s at %.0f",           {250.0},             L"%s at 250"            },
-        {"from the far end",       L"%.0f at %.0f",         {-100.0},            L"18 at 5900"           },
-        {"within the tolerance",   L"%.0f at %.1f",         {-0.1},              L"18 at -0.1"           },
-        {"fractions stay",         L"%.0f at %.1f",         {0.5},               L"18 at 0.5"            },
-        {"alternatives as stored",
-         L"%.0f at %.0f",                                   {-100, -200.25, 40},
-         L"18 at 5900 or -200.2 or 40.0"                                                                 },
+        {"diameter and position", L"no hole %.1f at %.1f", {250.0}, L"no hole 18.0 at 250.0"},
+        {"wrong conversion", L"%s at %.0f", {250.0}, L"%s at 250"},
+        {"within the tolerance", L"%.0f at %.1f", {-0.1}, L"18 at -0.1"},
+        {"fractions stay", L"%.0f at %.1f", {0.5}, L"18 at 0.5"},
+        {"alternatives as stored", L"%.0f at %.0f", {-100, -200.25, 40},
+         L"18 at 5900 or -200.2 or 40.0"},
     };
+    // clang-format on
     for (const Case& each : cases) {
         SCOPED_TRACE(each.name);
         CMxGeom::SetTol(eTolValue, kOther);

@@ -27,21 +27,13 @@ TEST(CViewDataTest, PrintsEveryField) {
 }
 
 TEST(CViewDataTest, NamesTheFaceForOutput) {
-    struct Case {
-        int face;
-        const char* word;
-    };
+    // clang-format off
+    struct Case { int face; const char* word; };
     constexpr Case kCases[] = {
-        {0,   "web"          },
-        {1,   "top flange"   },
-        {2,   "bottom flange"},
-        {3,   "unknown face" },
-        {4,   "unknown face" },
-        {5,   "web back"     },
-        {6,   "unknown face" },
-        {-1,  "unknown face" },
-        {700, "unknown face" }
+        {0, "web"}, {1, "top flange"}, {2, "bottom flange"}, {5, "web back"}, {3, "unknown face"},
+        {4, "unknown face"}, {6, "unknown face"}, {-1, "unknown face"}, {700, "unknown face"},
     };
+    // clang-format on
     for (const Case& each : kCases) {
         CViewData view;
         view.SetHoleFace(static_cast<eHoleFace>(each.face));

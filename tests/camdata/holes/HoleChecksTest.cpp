@@ -33,7 +33,7 @@ CMemTypeAndAttrib UnequalFlanges() {
     return type;
 }
 
-/// The block of GetWarMsg less its header.
+/// What GetWarMsg appends less its header.
 Lines WarningsOf(const CHoleAddlInfo& hole) {
     Lines lines;
     if (hole.GetWarMsg(lines))
@@ -53,32 +53,26 @@ HoleAt Slot18(double x, double y, double angle, eHoleFace face = eHoleFaceWeb) {
 /// Too near to everything that a hole on a flange can be too near to.
 const CHoleAddlInfo kBadlyPlaced = Slot18(20, 10, 90, eHoleFaceTopFlange);
 constexpr double kShortMember = 45.0;
-const ZetString kEdgeWarning = L"                    Edge distance (10.0) are incorrect";
-const ZetString kFaceWarning =
-    L"                    Distance (10.0) from bottom flange is insufficient";
-const ZetString kStartWarning = L"                    End distance (20.0) is less than standard";
-const ZetString kFarEndWarning = L"                    End distance (25.0) is less than standard";
+const ZetString kIndent = L"                    ";
+const ZetString kEdgeWarning = kIndent + L"Edge distance (10.0) are incorrect";
+const ZetString kFaceWarning = kIndent + L"Distance (10.0) from bottom flange is insufficient";
+const ZetString kStartWarning = kIndent + L"End distance (20.0) is less than standard";
+const ZetString kFarEndWarning = kIndent + L"End distance (25.0) is less than standard";
 
 TEST(HoleChecks, WarnsOfDistancesThatAreTooSmall) {
-    struct Case {
-        const char* name;
-        CHoleAddlInfo hole;
-        CMemTypeAndAttrib type;
-        double length;
-        Lines warnings;
-    };
-    const ZetString slotAtEnd = L"                    End distance (10.0) is less than standard";
-    const ZetString nearTop =
-        L"                    Distance (10.0) from top flange is insufficient";
-    const ZetString noEdge = L"                    Edge distance (0.0) are incorrect";
+    const ZetString slotAtEnd = kIndent + L"End distance (10.0) is less than standard";
+    const ZetString nearTop = kIndent + L"Distance (10.0) from top flange is insufficient";
+    const ZetString noEdge = kIndent + L"Edge distance (0.0) are incorrect";
     const Lines twice = {kStartWarning, kStartWarning};
     const CMemTypeAndAttrib plain = Section();
     const CMemTypeAndAttrib unequal = UnequalFlanges();
     // clang-format off
+    struct Case { const char* name; CHoleAddlInfo hole; CMemTypeAndAttrib type;
+                  double length; Lines warnings; };
     const Case cases[] = {
         {"web, low", Round18(100, 17.9), plain, 3000, {}},
         {"web, lower", Round18(100, 17.8), plain, 3000,
-         {L"                    Distance (17.8) from bottom flange is insufficient"}},
+         {kIndent + L"Distance (17.8) from bottom flange is insufficient"}},
         {"web, high up", Round18(100, 190), plain, 3000, {nearTop}},
         {"web back, one diameter down", Round18(100, 182, eHoleFaceWebBack), plain, 3000, {}},
         {"web back, high up", Round18(100, 190, eHoleFaceWebBack), plain, 3000, {nearTop}},
@@ -91,9 +85,9 @@ TEST(HoleChecks, WarnsOfDistancesThatAreTooSmall) {
         {"narrow bottom", Round18(100, 50, eHoleFaceBottomFlange), unequal, 3000, {noEdge}},
         {"sloped bottom", Round18(100, 50, eHoleFaceSlopedBottomFlange), unequal, 3000, {noEdge}},
         {"unknown face", Round18(100, 20, eHoleFaceNone), plain, 3000,
-         {L"                    Edge distance (20.0) are incorrect"}},
+         {kIndent + L"Edge distance (20.0) are incorrect"}},
         {"beyond the far end", Round18(3005.5, 100), plain, 3000,
-         {L"                    End distance (-5.5) is less than standard"}},
+         {kIndent + L"End distance (-5.5) is less than standard"}},
         {"no length", Round18(20, 100), plain, 0, twice},
         {"no number as length", Round18(20, 100), plain, kNaN, twice},
         {"slot at the start", Slot18(50, 100, 180), plain, 3000, {slotAtEnd}},
@@ -125,57 +119,45 @@ TEST(HoleChecks, EachDistanceHasItsLimit) {
     EXPECT_EQ(WarningsOf(hole), (Lines{kFaceWarning, kStartWarning}));
 }
 
-CHoleAddlInfo SquareHole() {
-    CHoleAddlInfo hole;
-    hole.SetSqrHoleData(20, 100, 50);
-    return hole;
-}
-
-CHoleAddlInfo RectangularHole() {
-    CViewData view;
-    view.SetHoleFace(eHoleFaceWebBack);
-    CHoleAddlInfo hole;
-    hole.SetRectHoleData(60, 20, 300.26, 40, view);
-    return hole;
-}
-
 TEST(HoleChecks, TellsAHoleInOneLine) {
-    struct Case {
-        CHoleAddlInfo hole;
-        ZetString line;
-    };
+    CHoleAddlInfo square;
+    square.SetSqrHoleData(20, 100, 50);
+    CViewData webBack;
+    webBack.SetHoleFace(eHoleFaceWebBack);
+    CHoleAddlInfo rectangle;
+    rectangle.SetRectHoleData(60, 20, 300.26, 40, webBack);
     // clang-format off
+    struct Case { CHoleAddlInfo hole; ZetString line; };
     const Case cases[] = {
-        {Round18(100, 50),
-         L"                     18.0 round holes on web at (X:100.0, Y:50.0)"},
+        {Round18(100, 50), L"18.0 round holes on web at (X:100.0, Y:50.0)"},
         {Slot18(80, 50, 0, eHoleFaceTopFlange),
-         L"                     18.0x40.0 slot holes on top flange at (X:100.0, Y:50.0)"},
+         L"18.0x40.0 slot holes on top flange at (X:100.0, Y:50.0)"},
         {Slot18(80, 50, 0).Countersunk(9.5),
-         L"                     9.5x40.0 countersunk holes on web at (X:100.0, Y:50.0)"},
-        {SquareHole(),
-         L"                     20.0 square holes on unknown face at (X:100.0, Y:50.0)"},
-        {RectangularHole(),
-         L"                     20.0x60.0 rectangular holes on web back at (X:300.3, Y:40.0)"},
+         L"9.5x40.0 countersunk holes on web at (X:100.0, Y:50.0)"},
+        {square, L"20.0 square holes on unknown face at (X:100.0, Y:50.0)"},
+        {rectangle, L"20.0x60.0 rectangular holes on web back at (X:300.3, Y:40.0)"},
     };
     // clang-format on
     for (const Case& each : cases)
-        EXPECT_EQ(each.hole.GetHoleMsg(), each.line);
+        EXPECT_EQ(each.hole.GetHoleMsg(), kIndent + L" " + each.line);
 }
 
 TEST(HoleChecks, ReportsWarningsAndErrorsApart) {
     CHoleAddlInfo hole = Round18(1999.5, 195);
     hole.SetXPosFrom(3000);
     hole.SetYPosFrom(200);
-    hole.AppendMsg(eHoleMsgCode, L"code");
+    for (const int type : {0, 3, -1})
+        EXPECT_FALSE(hole.AppendMsg(static_cast<eHoleMsgType>(type), L"code"));
     Lines lines;
     EXPECT_FALSE(hole.GetWarMsg(lines) || hole.GetErrMsg(lines));
     hole.AppendMsg(eHoleMsgError, L"  error %s");
-    hole.AppendMsg(eHoleMsgError, L"last error");
+    EXPECT_FALSE(hole.AppendMsg(eHoleMsgError, L"last error"));
     EXPECT_FALSE(hole.GetWarMsg(lines));
     EXPECT_TRUE(hole.GetErrMsg(lines));
     hole.AppendMsg(eHoleMsgWarning, L"  warning %s");
-    hole.AppendMsg(eHoleMsgWarning, L"last warning");
+    EXPECT_FALSE(hole.AppendMsg(eHoleMsgWarning, L"last warning"));
     EXPECT_TRUE(hole.GetWarMsg(lines));
+    EXPECT_EQ(hole.GetHoleCode(), L"code");
     const ZetString divider = L"\t-----------------------------------------------------------";
     const Lines expected = {
         divider,
