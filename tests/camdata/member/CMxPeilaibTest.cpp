@@ -85,10 +85,10 @@ TEST(CMxPeilaibTest, AFindingActsByItsReportType) {
     for (const ReportCase& row : kReports) {
         SCOPED_TRACE(row.type);
         const auto type = static_cast<eReportingTypes>(row.type);
-        EXPECT_EQ(EffectOf([&](TestMember& m) { m.AppendMsg_VT(type, L"line"); }, L"line"),
-                  row.ofReportType);
-        EXPECT_EQ(EffectOf([&](TestMember& m) { FindOneHoleTooMany(m, type); }, tooMany),
-                  row.ofValidation);
+        const auto append = [&](TestMember& m) { m.AppendMsg_VT(type, L"line"); };
+        EXPECT_EQ(EffectOf(append, L"line"), row.ofReportType);
+        const auto validate = [&](TestMember& m) { FindOneHoleTooMany(m, type); };
+        EXPECT_EQ(EffectOf(validate, tooMany), row.ofValidation);
     }
 }
 
@@ -105,21 +105,13 @@ TEST(CMxPeilaibTest, ABlockOfLinesStaysTogether) {
 }
 
 TEST(CMxPeilaibTest, AMessageGoesToTheListOfItsType) {
-    const std::pair<int, const char*> cases[] = {
-        {-1, ""                   },
-        {0,  "general "           },
-        {1,  "error "             },
-        {2,  "warning "           },
-        {3,  "nonstd list nonstd "},
-        {4,  ""                   },
-    };
-    for (const auto& [value, expected] : cases) {
+    int value = -1;
+    for (const char* expected : {"", "general ", "error ", "warning ", "nonstd list nonstd ", ""}) {
         SCOPED_TRACE(value);
-        const auto type = static_cast<eMsgType>(value);
+        const auto type = static_cast<eMsgType>(value++);
         const bool isKnown = *expected != '\0';
-        EXPECT_EQ(EffectOf([&](TestMember& m) { EXPECT_EQ(m.AppendMsg(type, L"line"), isKnown); },
-                           L"line"),
-                  expected);
+        const auto append = [&](auto& m) { EXPECT_EQ(m.AppendMsg(type, L"line"), isKnown); };
+        EXPECT_EQ(EffectOf(append, L"line"), expected);
     }
 }
 
