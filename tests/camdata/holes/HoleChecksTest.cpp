@@ -159,17 +159,13 @@ TEST(HoleChecks, ReportsWarningsAndErrorsApart) {
     EXPECT_TRUE(hole.GetWarMsg(lines));
     EXPECT_EQ(hole.GetHoleCode(), L"code");
     const ZetString divider = L"\t-----------------------------------------------------------";
+    // clang-format off
     const Lines expected = {
-        divider,
-        L"\tHole Size/Dia  \t: 18 ",
-        L"\tPosition x     \t: 1000.5",
-        L"\tPosition y     \t: 5.0 ",
-        L"\t\t  error %s",
-        L"\t\tlast error",
-        divider,
+        divider, L"\tHole Size/Dia  \t: 18 ", L"\tPosition x     \t: 1000.5",
+        L"\tPosition y     \t: 5.0 ", L"\t\t  error %s", L"\t\tlast error", divider,
         L"          *Warning in Hole* 18.0 round holes on web at (X:1000.5, Y:5.0)",
-        L"  warning %s",
-        L"last warning"};
+        L"  warning %s", L"last warning"};
+    // clang-format on
     EXPECT_EQ(lines, expected);
 }
 

@@ -49,10 +49,21 @@ CViewData ViewOn(eHoleFace face) {
     return view;
 }
 
+/// Takes a contour and leaves further pieces out.
+void SetData(CNotchAddInfo& notch, const ZetNCContour& contour, const CViewData& view = {}) {
+    ZetArray<CNotchAddInfo> extra;
+    notch.SetNotchData(contour, view, extra);
+}
+
 CNotchAddInfo NotchOf(const OutlinePoints& points, int type, eHoleFace face = eHoleFaceWeb) {
     CNotchAddInfo notch;
-    ZetArray<CNotchAddInfo> extra;
-    notch.SetNotchData(ContourOf(points, type), ViewOn(face), extra);
+    SetData(notch, ContourOf(points, type), ViewOn(face));
+    return notch;
+}
+
+CNotchAddInfo PieceOf(const OutlinePoints& points, int type, const CViewData& view) {
+    CNotchAddInfo notch;
+    EXPECT_TRUE(notch.setNotchFromPoly(ZetGeomAugPolygon(points, 0.0), view, type));
     return notch;
 }
 
@@ -62,13 +73,9 @@ CNotchAddInfo OpeningAt(double x, double y, eHoleFace face = eHoleFaceWeb) {
     return NotchOf(Mapped(kSmallRectangle, move), kInternal, face);
 }
 
-struct Expected {
-    double x;
-    double y;
-    long vertices;
-    double length;
-    double width;
-};
+// clang-format off
+struct Expected { double x, y; long vertices; double length, width; };
+// clang-format on
 
 void ExpectNotch(const CNotchAddInfo& notch, const Expected& expected) {
     constexpr double kRounding = 1e-9;
@@ -79,14 +86,10 @@ void ExpectNotch(const CNotchAddInfo& notch, const Expected& expected) {
     EXPECT_NEAR(notch.GetWidth(), expected.width, kRounding);
 }
 
-struct ContourCase {
-    const char* name;
-    int type;
-    OutlinePoints points;
-    eNotchStatus status;
-    Expected notch;
-    std::vector<Expected> extra;
-};
+// clang-format off
+struct ContourCase { const char* name; int type; OutlinePoints points;
+                     eNotchStatus status; Expected notch; std::vector<Expected> extra; };
+// clang-format on
 
 void ExpectNotchesOf(const ContourCase& given, const OutlinePoints& points) {
     CNotchAddInfo notch;
@@ -160,14 +163,12 @@ TEST(CNotchAddInfoTest, FewerThanTwoPointsLeaveNoPosition) {
     for (const int type : {kExternal, kInternal}) {
         SCOPED_TRACE(type);
         const CNotchAddInfo onePoint = NotchOf(kOnePoint, type);
-        EXPECT_TRUE(std::isnan(onePoint.GetXPos()));
-        EXPECT_TRUE(std::isnan(onePoint.GetYPos()));
+        EXPECT_TRUE(std::isnan(onePoint.GetXPos()) && std::isnan(onePoint.GetYPos()));
         EXPECT_EQ(onePoint.GetNoOfVertices(), 0);
         EXPECT_EQ(onePoint.GetNotchStatus(), type == kExternal ? eNotchNone : eNotchValid);
         const CNotchAddInfo noPoint = NotchOf({}, type);
         EXPECT_EQ(noPoint.GetXPos(), 0.0);
-        EXPECT_TRUE(std::signbit(noPoint.GetXPos()));
-        EXPECT_TRUE(std::signbit(noPoint.GetYPos()));
+        EXPECT_TRUE(std::signbit(noPoint.GetXPos()) && std::signbit(noPoint.GetYPos()));
     }
 }
 
@@ -175,18 +176,26 @@ TEST(CNotchAddInfoTest, ContourWithMissingValuesFailsTheArrayAssertion) {
     ZetNCContour contour = ContourOf(kLShape);
     contour.yValues.removeAt(0);
     CNotchAddInfo notch;
-    ZetArray<CNotchAddInfo> extra;
-    EXPECT_EQ(AssertionOf([&] { notch.SetNotchData(contour, CViewData(), extra); }),
-              "isValid( index )");
+    EXPECT_EQ(AssertionOf([&] { SetData(notch, contour); }), "isValid( index )");
+}
+
+/// The small rectangle with a status and an output text of its own.
+CNotchAddInfo Used() {
+    CNotchAddInfo notch = OpeningAt(0, 0, eHoleFaceTopFlange);
+    notch.SetNotchStatus(eNotchNotAllowed);
+    notch.AppendMsg(eHoleMsgCode, L"out");
+    return notch;
+}
+
+bool HasNoShape(const CNotchAddInfo& notch) {
+    return !notch.GetIsRect() && !notch.GetIsSqr() && !notch.GetIsParallelToAxis();
 }
 
 TEST(CNotchAddInfoTest, ResetKeepsOutlinePolygonLengthAndWidth) {
-    CNotchAddInfo notch = OpeningAt(100, 0, eHoleFaceTopFlange);
-    notch.SetNotchStatus(eNotchNotAllowed);
-    notch.AppendMsg(eHoleMsgCode, L"out");
+    CNotchAddInfo notch = Used();
     notch.InitValues();
     EXPECT_EQ(notch.GetNotchStatus(), eNotchValid);
-    EXPECT_FALSE(notch.GetIsRect() || notch.GetIsSqr() || notch.GetIsParallelToAxis());
+    EXPECT_TRUE(HasNoShape(notch));
     EXPECT_FALSE(notch.GetIsInternal());
     EXPECT_EQ(notch.GetViewData().GetHoleFace(), eHoleFaceNone);
     EXPECT_EQ(notch.GetOutMsg(), L"");
@@ -195,41 +204,34 @@ TEST(CNotchAddInfoTest, ResetKeepsOutlinePolygonLengthAndWidth) {
     ExpectNotch(notch, {0, 0, 5, 20, 50});
 
     notch.InitValues();
-    ZetArray<CNotchAddInfo> extra;
-    notch.SetNotchData(ContourOf(kOnePoint, kInternal), CViewData(), extra);
+    SetData(notch, ContourOf(kOnePoint, kInternal));
     EXPECT_TRUE(notch.GetIsRect()) << "judged by the outline that was there";
 }
 
 TEST(CNotchAddInfoTest, ContourResetsNothing) {
-    CNotchAddInfo notch = OpeningAt(0, 0);
-    notch.SetNotchStatus(eNotchNotAllowed);
-    notch.AppendMsg(eHoleMsgCode, L"out");
-    ZetArray<CNotchAddInfo> extra;
+    CNotchAddInfo notch = Used();
     CMxGeom::SetTol(eTolValue, kOther);
-    notch.SetNotchData(ContourOf(kLShape, kInternal), CViewData(), extra);
+    SetData(notch, ContourOf(kLShape, kInternal));
     EXPECT_EQ(notch.GetNotchStatus(), eNotchNotAllowed);
     EXPECT_EQ(notch.GetOutMsg(), L"out");
     EXPECT_TRUE(notch.GetIsRect()) << "six corners are not judged";
     EXPECT_TRUE(CurrentToleranceIs(kOther));
 
-    notch.SetNotchData(ContourOf(kParallelogram, kInternal), CViewData(), extra);
-    EXPECT_FALSE(notch.GetIsRect() || notch.GetIsSqr() || notch.GetIsParallelToAxis());
+    SetData(notch, ContourOf(kParallelogram, kInternal));
+    EXPECT_TRUE(HasNoShape(notch));
     notch.SetIsRect(true);
     EXPECT_EQ(notch.GetLength(), 20.0) << "that of the rectangle before";
 }
 
 TEST(CNotchAddInfoTest, PolygonResetsTheRecord) {
-    const ZetGeomAugPolygon triangle(kTriangle, 0.0);
     CViewData view = ViewOn(eHoleFaceWebBack);
     view.SetFaceStr(L"BACK");
     for (const int type : {kExternal, kInternal, 2}) {
         SCOPED_TRACE(type);
-        CNotchAddInfo notch = OpeningAt(0, 0);
-        notch.SetNotchStatus(eNotchNotAllowed);
-        notch.AppendMsg(eHoleMsgCode, L"out");
-        EXPECT_TRUE(notch.setNotchFromPoly(triangle, view, type));
+        CNotchAddInfo notch = Used();
+        EXPECT_TRUE(notch.setNotchFromPoly(ZetGeomAugPolygon(kTriangle, 0.0), view, type));
         ExpectNotch(notch, {10, 25, 4, 0, 0});
-        EXPECT_FALSE(notch.GetIsRect() || notch.GetIsSqr() || notch.GetIsParallelToAxis());
+        EXPECT_TRUE(HasNoShape(notch));
         EXPECT_EQ(notch.GetIsInternal(), type == kInternal);
         EXPECT_EQ(notch.GetNotchStatus(), eNotchValid);
         EXPECT_EQ(notch.GetOutMsg(), L"");
@@ -238,42 +240,32 @@ TEST(CNotchAddInfoTest, PolygonResetsTheRecord) {
     }
 }
 
+using Flags = std::vector<bool>;
+
 TEST(CNotchAddInfoTest, JudgesTheShapeOfFourCorners) {
-    struct Case {
-        const char* name;
-        OutlinePoints corners;
-        bool isRect;
-        bool isParallel;
-        bool isSquare;
-        double length;
-        double width;
-    };
     // clang-format off
+    // The flags: rectangle, parallel to an axis, square.
+    struct Case { const char* name; OutlinePoints corners; Flags flags; double length, width; };
     const Case cases[] = {
-        {"first side along X", {{0, 0}, {100, 0}, {100, 50}, {0, 50}}, true, true, false, 100, 50},
-        {"first side along -X", {{100, 0}, {0, 0}, {0, 50}, {100, 50}}, true, true, false, 100, 50},
-        {"second side along X", {{0, 0}, {0, 50}, {100, 50}, {100, 0}}, true, true, false, 100, 50},
-        {"turned", {{0, 0}, {30, 40}, {-50, 100}, {-80, 60}}, true, false, false, 50, 100},
-        {"square", {{0, 0}, {50, 0}, {50, 50}, {0, 50}}, true, true, true, 50, 50},
-        {"square on its corner", {{0, 0}, {30, 40}, {-10, 70}, {-40, 30}}, true, false, true, 50, 50},
+        {"first side along X", {{0, 0}, {100, 0}, {100, 50}, {0, 50}}, {1, 1, 0}, 100, 50},
+        {"first side along -X", {{100, 0}, {0, 0}, {0, 50}, {100, 50}}, {1, 1, 0}, 100, 50},
+        {"second side along X", {{0, 0}, {0, 50}, {100, 50}, {100, 0}}, {1, 1, 0}, 100, 50},
+        {"turned", {{0, 0}, {30, 40}, {-50, 100}, {-80, 60}}, {1, 0, 0}, 50, 100},
+        {"square", {{0, 0}, {50, 0}, {50, 50}, {0, 50}}, {1, 1, 1}, 50, 50},
+        {"square on its corner", {{0, 0}, {30, 40}, {-10, 70}, {-40, 30}}, {1, 0, 1}, 50, 50},
         // No right angles are asked for.
-        {"equal diagonals", {{0, 0}, {100, 0}, {80, 50}, {20, 50}},
-         true, true, false, 100, std::sqrt(2900.0)},
-        {"diagonals within 0.1", {{0, 0}, {100, 0}, {100.1, 50}, {0, 50}},
-         true, true, false, 100, std::sqrt(2500.01)},
-        {"diagonals beyond 0.1", {{0, 0}, {100, 0}, {100.2, 50}, {0, 50}},
-         false, false, false, 0, 0},
-        {"parallelogram", kParallelogram, false, false, false, 0, 0},
+        {"equal diagonals", {{0, 0}, {100, 0}, {80, 50}, {20, 50}}, {1, 1, 0}, 100, std::sqrt(2900.0)},
+        {"diagonals within 0.1", {{0, 0}, {100, 0}, {100.1, 50}, {0, 50}}, {1, 1, 0}, 100, std::sqrt(2500.01)},
+        {"diagonals beyond 0.1", {{0, 0}, {100, 0}, {100.2, 50}, {0, 50}}, {0, 0, 0}, 0, 0},
+        {"parallelogram", kParallelogram, {0, 0, 0}, 0, 0},
     };
     // clang-format on
     for (const Case& each : cases) {
         SCOPED_TRACE(each.name);
         CMxGeom::SetTol(eTolValue, kOther);
-        CNotchAddInfo notch;
-        notch.setNotchFromPoly(ZetGeomAugPolygon(each.corners, 0.0), CViewData(), kExternal);
-        EXPECT_EQ(notch.GetIsRect(), each.isRect);
-        EXPECT_EQ(notch.GetIsParallelToAxis(), each.isParallel);
-        EXPECT_EQ(notch.GetIsSqr(), each.isSquare);
+        const CNotchAddInfo notch = PieceOf(each.corners, kExternal, CViewData());
+        const Flags flags = {notch.GetIsRect(), notch.GetIsParallelToAxis(), notch.GetIsSqr()};
+        EXPECT_EQ(flags, each.flags);
         EXPECT_DOUBLE_EQ(notch.GetLength(), each.length);
         EXPECT_DOUBLE_EQ(notch.GetWidth(), each.width);
         EXPECT_TRUE(CurrentToleranceIs(kEPS));
@@ -281,19 +273,14 @@ TEST(CNotchAddInfoTest, JudgesTheShapeOfFourCorners) {
 }
 
 TEST(CNotchAddInfoTest, CorrectsYOnly) {
-    struct Case {
-        const char* name;
-        double yNegate;
-        double fromOtherFace;
-        double y;
-    };
+    // clang-format off
+    struct Case { const char* name; double yNegate, fromOtherFace, y; };
     constexpr Case kCases[] = {
-        {"as it stands",     1.0,  1.0,  25.0 },
-        {"negated",          -1.0, 1.0,  -25.0},
-        {"from other edge",  1.0,  -1.0, 175.0},
-        {"both, in order",   -1.0, -1.0, 225.0},
-        {"zero is positive", 0.0,  0.0,  25.0 },
+        {"as it stands", 1.0, 1.0, 25.0},      {"negated", -1.0, 1.0, -25.0},
+        {"from other edge", 1.0, -1.0, 175.0}, {"both, in order", -1.0, -1.0, 225.0},
+        {"zero is positive", 0.0, 0.0, 25.0},
     };
+    // clang-format on
     for (const Case& each : kCases) {
         SCOPED_TRACE(each.name);
         CViewData view;
@@ -303,8 +290,7 @@ TEST(CNotchAddInfoTest, CorrectsYOnly) {
         view.SetDimYNegate(each.yNegate);
         view.SetDimFromOtherFace(each.fromOtherFace);
         CNotchAddInfo notch;
-        ZetArray<CNotchAddInfo> extra;
-        notch.SetNotchData(ContourOf(kSmallRectangle, kInternal), view, extra);
+        SetData(notch, ContourOf(kSmallRectangle, kInternal), view);
         notch.CorrectData();
         EXPECT_EQ(notch.GetXPos(), 10.0);
         EXPECT_EQ(notch.GetYPos(), each.y);
@@ -322,15 +308,9 @@ TEST(CNotchAddInfoTest, FilesTextsByTypeAndNeverReportsSuccess) {
 }
 
 TEST(CNotchAddInfoTest, ChecksVerticesThenPositionThenArea) {
-    struct Case {
-        const char* name;
-        double x;
-        double y;
-        double area;
-        long vertices;
-        bool fits;
-        double toleranceAfter;
-    };
+    // clang-format off
+    struct Case { const char* name; double x, y, area; long vertices;
+                  bool fits; double toleranceAfter; };
     constexpr Case kCases[] = {
         {"exact",                        10.0, 25.0, 1000.0, 4, true,  2.0   },
         {"count with the closing point", 10.0, 25.0, 1000.0, 5, false, kOther},
@@ -343,11 +323,12 @@ TEST(CNotchAddInfoTest, ChecksVerticesThenPositionThenArea) {
         {"larger area near",             10.0, 25.0, 1004.5, 4, true,  5.0   },
         {"larger area beyond",           10.0, 25.0, 1005.5, 4, false, 5.0   },
     };
+    // clang-format on
     const CNotchAddInfo counterClockwise = NotchOf(kSmallRectangle, kInternal);
     const CNotchAddInfo clockwise = NotchOf(Reversed(kSmallRectangle), kInternal);
     for (const Case& each : kCases) {
+        SCOPED_TRACE(each.name);
         for (const CNotchAddInfo& notch : {counterClockwise, clockwise}) {
-            SCOPED_TRACE(each.name);
             CMxGeom::SetTol(eTolValue, kOther);
             EXPECT_EQ(notch.CheckPosAreaVert(each.x, each.y, each.area, each.vertices), each.fits);
             EXPECT_TRUE(CurrentToleranceIs(each.toleranceAfter));
@@ -358,12 +339,9 @@ TEST(CNotchAddInfoTest, ChecksVerticesThenPositionThenArea) {
 }
 
 TEST(CNotchAddInfoTest, WebAndItsBackAreOneFace) {
-    struct Case {
-        eHoleFace face;
-        eHoleFace otherFace;
-        bool isFound;  ///< a notch on the face, looked for on the other
-        bool equal;
-    };
+    // A notch on the face is looked for on the other.
+    // clang-format off
+    struct Case { eHoleFace face, otherFace; bool isFound, equal; };
     constexpr Case kCases[] = {
         {eHoleFaceTopFlange, eHoleFaceTopFlange,    true,  true },
         {eHoleFaceWebBack,   eHoleFaceWebBack,      true,  true },
@@ -372,6 +350,7 @@ TEST(CNotchAddInfoTest, WebAndItsBackAreOneFace) {
         {eHoleFaceTopFlange, eHoleFaceWeb,          false, false},
         {eHoleFaceWebBack,   eHoleFaceBottomFlange, false, false},
     };
+    // clang-format on
     for (const Case& each : kCases) {
         SCOPED_TRACE(testing::Message() << each.face << ", " << each.otherFace);
         const CNotchAddInfo notch = OpeningAt(0, 0, each.face);
@@ -386,9 +365,7 @@ TEST(CNotchAddInfoTest, KindStatusAndVerticesTellNotchesApart) {
     CNotchAddInfo matched = opening;
     matched.SetNotchStatus(eNotchCornerMatched);
     const CNotchAddInfo external = NotchOf(kSmallRectangle, 2);
-    CNotchAddInfo triangle;
-    const ZetGeomAugPolygon polygon(kTriangle, 0.0);
-    triangle.setNotchFromPoly(polygon, ViewOn(eHoleFaceWeb), kInternal);
+    const CNotchAddInfo triangle = PieceOf(kTriangle, kInternal, ViewOn(eHoleFaceWeb));
     for (const CNotchAddInfo& other : {matched, external, triangle}) {
         EXPECT_FALSE(opening == other);
         EXPECT_TRUE(other == CNotchAddInfo(other));
@@ -397,13 +374,8 @@ TEST(CNotchAddInfoTest, KindStatusAndVerticesTellNotchesApart) {
 }
 
 TEST(CNotchAddInfoTest, EqualityReadsTheCurrentTolerance) {
-    struct Case {
-        const char* name;
-        double x;
-        double y;
-        double tolerance;
-        bool equal;
-    };
+    // clang-format off
+    struct Case { const char* name; double x, y, tolerance; bool equal; };
     constexpr Case kCases[] = {
         {"X apart, usual tolerance",       100.4,  50.0, 0.1,   false},
         {"X apart, wider tolerance",       100.4,  50.0, 0.5,   true },
@@ -412,6 +384,7 @@ TEST(CNotchAddInfoTest, EqualityReadsTheCurrentTolerance) {
         {"equal after rounding",           100.04, 50.0, 0.001, true },
         {"further apart only by rounding", 100.06, 50.0, 0.09,  false},
     };
+    // clang-format on
     const CNotchAddInfo notch = OpeningAt(100, 50);
     for (const Case& each : kCases) {
         SCOPED_TRACE(each.name);
