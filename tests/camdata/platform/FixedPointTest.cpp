@@ -47,26 +47,12 @@ TEST(FixedPointTest, RoundingIsPrintingAndReadingBack) {
 }
 
 TEST(FixedPointTest, ExtremeValuesRoundAsPrinted) {
-    const double values[] = {0.0,
-                             -0.0,
-                             -0.04,
-                             0.5,
-                             1.5,
-                             2.5,
-                             0.125,
-                             999999999.5,
-                             1e9,
-                             1e15 + 0.5,
-                             1e22,
-                             1e300,
-                             1e-300,
-                             5e-324,
-                             0x1p52 + 0.5,
-                             -2.5,
-                             0x1p53,
-                             0.1,
-                             1.7976931348623157e308,
-                             std::numeric_limits<double>::infinity()};
+    // clang-format off
+    const double values[] = {
+        0.0, -0.0, -0.04, 0.5, 1.5, 2.5, 0.125, 999999999.5, 1e9, 1e15 + 0.5, 1e22, 1e300, 1e-300,
+        5e-324, 0x1p52 + 0.5, -2.5, 0x1p53, 0.1, 1.7976931348623157e308,
+        std::numeric_limits<double>::infinity()};
+    // clang-format on
     for (const double value : values) {
         for (const int decimals : {0, 1, 2, 3, 6, 7, 20, 400, 1000})
             ExpectAsPrinted(value, decimals);

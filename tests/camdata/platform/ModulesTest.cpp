@@ -4,6 +4,7 @@
 #include "camdata/platform/Modules.h"
 
 #include <filesystem>
+#include <string>
 
 #include <gtest/gtest.h>
 
@@ -13,25 +14,21 @@
 
 namespace {
 
-TEST(Modules, FindsALoadedModuleByNameAndLoadsNone) {
-    for (const wchar_t* file : {L"kwdb17.dll", L"kwdb19.dll"}) {
-        SCOPED_TRACE(file);
-        EXPECT_EQ(FindLoadedModule(file), nullptr);
+TEST(Modules, FindsALoadedModuleByItsWholeNameAndLoadsNone) {
+    const auto isFound = [](const std::wstring& name) {
+        return FindLoadedModule(ZetString(name)) != nullptr;
+    };
+    for (const std::wstring number : {L"17", L"19"}) {
+        const std::wstring file = L"kwdb" + number + L".dll";
+        EXPECT_FALSE(isFound(file));
         {
             const FakeModule module(file);
-            EXPECT_NE(FindLoadedModule(file), nullptr);
-            EXPECT_EQ(FindLoadedModule(L"kwdb18.dll"), nullptr);
+            EXPECT_TRUE(isFound(file) && isFound(L"KWdb" + number + L".DLL"));
+            for (const wchar_t* other : {L"kwdb18.dll", L"kwdb1", L"db17.dll", L"db19.dll", L""})
+                EXPECT_FALSE(isFound(other)) << ZetString(other).toUtf8();
         }
-        EXPECT_EQ(FindLoadedModule(file), nullptr);
+        EXPECT_FALSE(isFound(file));
     }
-}
-
-TEST(Modules, NamesAreWholeAndTheirCaseDoesNotCount) {
-    const FakeModule module(L"kwdb17.dll");
-    EXPECT_NE(FindLoadedModule(L"KWdb17.DLL"), nullptr);
-    EXPECT_EQ(FindLoadedModule(L"kwdb1"), nullptr);
-    EXPECT_EQ(FindLoadedModule(L"db17.dll"), nullptr);
-    EXPECT_EQ(FindLoadedModule(L""), nullptr);
 }
 
 #if !defined(_WIN32)
@@ -47,53 +44,41 @@ TEST(Modules, FindsASharedObjectByItsInnerName) {
 }
 #endif
 
-struct FunctionCase {
-    const char* name;
-    const wchar_t* file;    // module that is loaded
-    const wchar_t* module;  // module that is asked; null: the main program
-    const char* function;
-    bool isFound;
-};
-
-void PrintTo(const FunctionCase& row, std::ostream* out) {
-    *out << row.name;
+TEST(Modules, FindsOnlyFunctionsThatTheModuleItselfExports) {
+    // The file of the module that is loaded; the one that is asked, null: the main program.
+    // clang-format off
+    struct Case { const char* name; const wchar_t *file, *module; const char* function; bool isFound; };
+    // clang-format on
+    constexpr const wchar_t* k17 = L"kwdb17.dll";
+    constexpr const wchar_t* kLinking = L"linked/kwdb17.dll";
+    constexpr Case kCases[] = {
+        {"own",                         k17,           k17,            "kwutPrintf",    true },
+        {"own without inner name",      L"kwdb19.dll", L"kwdb19.dll",  "kwutPrintf",    true },
+        {"absent",                      k17,           k17,            "kwutPrint",     false},
+        {"of a linked module",          kLinking,      k17,            "kwutPrintf",    false},
+        {"own of the linking module",   kLinking,      k17,            "linkedPrint",   true },
+        {"in the linked module",        kLinking,      L"printer.dll", "kwutPrintf",    true },
+        {"of the runtime",              k17,           k17,            "toupper",       false},
+        {"main program",                k17,           nullptr,        "icPrintfAsync", true },
+        {"runtime of the main program", k17,           nullptr,        "toupper",       false},
+        {"module of the main program",  k17,           nullptr,        "kwutPrintf",    false},
+        {"main program through module", k17,           k17,            "icPrintfAsync", false},
+    };
+    for (const Case& each : kCases) {
+        const FakeModule loaded(each.file);
+        const ModuleHandle module =
+            each.module == nullptr ? nullptr : FindLoadedModule(each.module);
+        EXPECT_EQ(FindFunction(module, each.function) != nullptr, each.isFound) << each.name;
+    }
 }
-
-class FindFunctionTest : public ::testing::TestWithParam<FunctionCase> {};
-
-TEST_P(FindFunctionTest, FindsOnlyWhatTheModuleItselfExports) {
-    const FakeModule loaded(GetParam().file);
-    const ModuleHandle module =
-        GetParam().module == nullptr ? nullptr : FindLoadedModule(GetParam().module);
-    EXPECT_EQ(FindFunction(module, GetParam().function) != nullptr, GetParam().isFound);
-}
-
-INSTANTIATE_TEST_SUITE_P(
-    Modules,
-    FindFunctionTest,
-    ::testing::Values(
-        FunctionCase{"Own", L"kwdb17.dll", L"kwdb17.dll", "kwutPrintf", true},
-        FunctionCase{"OwnWithoutInnerName", L"kwdb19.dll", L"kwdb19.dll", "kwutPrintf", true},
-        FunctionCase{"Absent", L"kwdb17.dll", L"kwdb17.dll", "kwutPrint", false},
-        FunctionCase{"OfLinkedModule", L"linked/kwdb17.dll", L"kwdb17.dll", "kwutPrintf", false},
-        FunctionCase{
-            "OwnOfLinkingModule", L"linked/kwdb17.dll", L"kwdb17.dll", "linkedPrint", true},
-        FunctionCase{"InTheLinkedModule", L"linked/kwdb17.dll", L"printer.dll", "kwutPrintf", true},
-        FunctionCase{"OfTheRuntime", L"kwdb17.dll", L"kwdb17.dll", "toupper", false},
-        FunctionCase{"MainProgram", L"kwdb17.dll", nullptr, "icPrintfAsync", true},
-        FunctionCase{"RuntimeOfMainProgram", L"kwdb17.dll", nullptr, "toupper", false},
-        FunctionCase{"ModuleOfMainProgram", L"kwdb17.dll", nullptr, "kwutPrintf", false},
-        FunctionCase{
-            "MainProgramThroughModule", L"kwdb17.dll", L"kwdb17.dll", "icPrintfAsync", false}),
-    [](const auto& test) { return test.param.name; });
 
 TEST(Modules, FoundFunctionIsTheOneOfItsModule) {
-    const FakeModule first(L"kwdb17.dll");
-    const FakeModule second(L"kwdb18.dll");
-    EXPECT_EQ(FindFunction(FindLoadedModule(L"kwdb17.dll"), "kwutPrintf"),
-              first.Function<ModuleFunction>("kwutPrintf"));
-    EXPECT_EQ(FindFunction(FindLoadedModule(L"kwdb18.dll"), "kwutPrintf"),
-              second.Function<ModuleFunction>("kwutPrintf"));
+    const FakeModule first(L"kwdb17.dll"), second(L"kwdb18.dll");
+    const auto find = [](const wchar_t* file) {
+        return FindFunction(FindLoadedModule(file), "kwutPrintf");
+    };
+    EXPECT_EQ(find(L"kwdb17.dll"), first.Function<ModuleFunction>("kwutPrintf"));
+    EXPECT_EQ(find(L"kwdb18.dll"), second.Function<ModuleFunction>("kwutPrintf"));
 }
 
 TEST(Modules, OwnModuleIsTheLibraryNotTheProgram) {

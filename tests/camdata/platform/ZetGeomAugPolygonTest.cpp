@@ -35,18 +35,23 @@ CornerSet Corners(const OutlinePoints& points) {
     return corners;
 }
 
-std::multiset<CornerSet> Corners(const Pieces& pieces) {
-    std::multiset<CornerSet> all;
-    for (const ZetGeomAugPolygon& piece : pieces)
-        all.insert(Corners(piece.getVertices()));
-    return all;
-}
-
 std::multiset<CornerSet> Corners(const std::vector<OutlinePoints>& outlines) {
     std::multiset<CornerSet> all;
     for (const OutlinePoints& outline : outlines)
         all.insert(Corners(outline));
     return all;
+}
+
+std::vector<OutlinePoints> OutlinesOf(const Pieces& pieces) {
+    std::vector<OutlinePoints> outlines;
+    for (const ZetGeomAugPolygon& piece : pieces)
+        outlines.push_back(piece.getVertices());
+    return outlines;
+}
+
+/// The corners of what an outline leaves free, against those of the pieces expected.
+void ExpectCut(const OutlinePoints& outline, const std::vector<OutlinePoints>& pieces) {
+    EXPECT_EQ(Corners(OutlinesOf(Cut(outline))), Corners(pieces));
 }
 
 std::string Text(const Pieces& pieces) {
@@ -59,15 +64,11 @@ std::string Text(const Pieces& pieces) {
     return text;
 }
 
-struct DifferenceCase {
-    const char* name;
-    OutlinePoints outline;
-    const char* pieces;  ///< in order, each from its first vertex
-};
-
 TEST(ZetGeomAugPolygonTest, CutsTheNotchesThatAFabricatorDraws) {
     // clang-format off
-    const DifferenceCase cases[] = {
+    // The pieces: in order, each from its first vertex.
+    struct Case { const char* name; OutlinePoints outline; const char* pieces; };
+    const Case cases[] = {
         {"rectangle", {{0, 0}, {100, 0}, {100, 50}, {0, 50}}, ""},
         {"L", {{0, 0}, {100, 0}, {100, 50}, {40, 50}, {40, 80}, {0, 80}},
          "(40,50)(100,50)(100,80)(40,80) "},
@@ -110,7 +111,7 @@ TEST(ZetGeomAugPolygonTest, CutsTheNotchesThatAFabricatorDraws) {
         {"not a number", {{0, 0}, {100, std::numeric_limits<double>::quiet_NaN()}, {100, 50}, {40, 50}}, ""},
     };
     // clang-format on
-    for (const DifferenceCase& c : cases) {
+    for (const Case& c : cases) {
         SCOPED_TRACE(c.name);
         EXPECT_EQ(Text(Cut(c.outline)), c.pieces);
         EXPECT_EQ(Text(Cut(Reversed(c.outline))), c.pieces);
@@ -133,16 +134,10 @@ TEST(ZetGeomAugPolygonTest, DiscsLeaveFourCornersInAnUprightRectangle) {
     }
 }
 
-struct RectangleCase {
-    const char* name;
-    OutlinePoints outline;
-    double area;
-    bool isUpright;
-};
-
 TEST(ZetGeomAugPolygonTest, TakesTheSmallestRectangleUnlessAnUprightOneIsNearlyAsSmall) {
     // clang-format off
-    const RectangleCase cases[] = {
+    struct Case { const char* name; OutlinePoints outline; double area; bool isUpright; };
+    const Case cases[] = {
         {"both ends skewed 45 degrees", {{0, 0}, {100, 0}, {300, 200}, {200, 200}}, 25000.0, false},
         {"right triangle, two equal rectangles", {{0, 0}, {40, 0}, {0, 30}}, 1200.0, true},
         {"diamond", {{10, 0}, {20, 10}, {10, 20}, {0, 10}}, 200.0, false},
@@ -150,7 +145,7 @@ TEST(ZetGeomAugPolygonTest, TakesTheSmallestRectangleUnlessAnUprightOneIsNearlyA
         {"line", {{0, 0}, {50, 50}}, 2500.0, true},
     };
     // clang-format on
-    for (const RectangleCase& c : cases) {
+    for (const Case& c : cases) {
         SCOPED_TRACE(c.name);
         const ZetGeomAugPolygon rectangle = Polygon(c.outline).getMinRectangle();
         ASSERT_EQ(rectangle.getLength(), 4);
@@ -225,19 +220,16 @@ TEST(ZetGeomAugPolygonTest, FindsTheNotchesThatAnOutlineWasMadeFrom) {
             ++crooked;  // long notches at opposite corners: a turned rectangle is really smaller
             continue;
         }
-        ASSERT_EQ(Corners(pieces), Corners(made.notches));
+        ExpectCut(made.points, made.notches);
         const long start =
             static_cast<long>(random() % static_cast<unsigned>(made.points.length()));
         ASSERT_EQ(Text(Cut(StartingAt(Reversed(made.points), start))), Text(pieces));
 
-        std::vector<OutlinePoints> mirrored;
-        std::vector<OutlinePoints> turned;
-        for (const ZetGeomAugPolygon& piece : pieces) {
-            mirrored.push_back(MirroredInX(piece.getVertices()));
-            turned.push_back(TurnedBy90(piece.getVertices()));
+        for (const auto turn : {MirroredInX, TurnedBy90}) {
+            std::vector<OutlinePoints> turned = OutlinesOf(pieces);
+            std::transform(turned.begin(), turned.end(), turned.begin(), turn);
+            ExpectCut(turn(made.points), turned);
         }
-        ASSERT_EQ(Corners(Cut(MirroredInX(made.points))), Corners(mirrored));
-        ASSERT_EQ(Corners(Cut(TurnedBy90(made.points))), Corners(turned));
         const OutlinePoints atAnAngle =
             TurnedBy(made.points, 0.1 * static_cast<double>(random() % 900));
         const double area = Polygon(made.points).getMinRectangle().getArea();
@@ -267,10 +259,9 @@ TEST(ZetGeomAugPolygonTest, FindsTheNotchesOfAnOutlineThatIsAHairOff) {
         const Pieces pieces = Cut(outline);
         ASSERT_EQ(pieces.length(), static_cast<long>(made.notches.size()));
         for (const OutlinePoints& notch : made.notches)
-            ASSERT_TRUE(
-                std::any_of(pieces.begin(), pieces.end(), [&](const ZetGeomAugPolygon& piece) {
-                    return piece.getLength() == 4 && piece.isEqualTo(Polygon(notch), 0.05);
-                }));
+            ASSERT_TRUE(std::any_of(pieces.begin(), pieces.end(), [&](const auto& piece) {
+                return piece.getLength() == 4 && piece.isEqualTo(Polygon(notch), 0.05);
+            }));
     }
     EXPECT_GT(checked, 700);
 }
@@ -285,66 +276,26 @@ TEST(ZetGeomAugPolygonTest, LawsHoldForStars) {
 }
 
 TEST(ZetGeomAugPolygonTest, HoldsEachVertexOnce) {
-    EXPECT_EQ(Polygon({
-                          {0,  0},
-                          {10, 0},
-                          {10, 5},
-                          {0,  5},
-                          {0,  0}
-    })
-                  .getLength(),
-              4);
-    const ZetGeomAugPolygon near(
-        {
-            {0,    0   },
-            {0.05, 0   },
-            {10,   0   },
-            {10,   5   },
-            {10,   5.08},
-            {0,    5   },
-            {0.06, 0.06}
-    },
-        0.1);
-    EXPECT_EQ(Corners(near.getVertices()),
-              (CornerSet{
-                  {0,  0},
-                  {10, 0},
-                  {10, 5},
-                  {0,  5}
-    }));
-    EXPECT_EQ(ZetGeomAugPolygon(
-                  {
-                      {1, 1},
-                      {1, 1}
-    },
-                  0.1)
-                  .getLength(),
-              1);
+    // clang-format off
+    const OutlinePoints closed = {{0, 0}, {10, 0}, {10, 5}, {0, 5}, {0, 0}};
+    const OutlinePoints near = {{0, 0}, {0.05, 0}, {10, 0}, {10, 5}, {10, 5.08}, {0, 5}, {0.06, 0.06}};
+    const OutlinePoints twice = {{1, 1}, {1, 1}};
+    // clang-format on
+    EXPECT_EQ(Text({Polygon(closed)}), "(0,0)(10,0)(10,5)(0,5) ");
+    EXPECT_EQ(Text({ZetGeomAugPolygon(near, 0.1)}), "(0,0)(10,0)(10,5)(0,5) ");
+    EXPECT_EQ(Text({ZetGeomAugPolygon(twice, 0.1)}), "(1,1) ");
 }
 
 TEST(ZetGeomAugPolygonTest, NormalisingDropsWhatLiesOnStraightEdges) {
-    const OutlinePoints clockwise = {
-        {0,  5    },
-        {4,  5    },
-        {10, 5    },
-        {10, 2.505},
-        {10, 0    },
-        {7,  0.009},
-        {5,  0    },
-        {0,  0    }
-    };
-    EXPECT_EQ(Text({Polygon(clockwise).getNormalised(0.01)}), "(0,0)(10,0)(10,5)(0,5) ");
-    EXPECT_EQ(Polygon(clockwise).getNormalised(0.001).getLength(), 6);
-
+    // clang-format off
+    const ZetGeomAugPolygon clockwise = Polygon(
+        {{0, 5}, {4, 5}, {10, 5}, {10, 2.505}, {10, 0}, {7, 0.009}, {5, 0}, {0, 0}});
     // The vertex of lowest X is no corner.
-    const OutlinePoints bulgingLeft = {
-        {0,      0},
-        {10,     0},
-        {10,     5},
-        {0,      5},
-        {-0.005, 2}
-    };
-    EXPECT_EQ(Text({Polygon(bulgingLeft).getNormalised(0.01)}), "(0,0)(10,0)(10,5)(0,5) ");
+    const ZetGeomAugPolygon bulgingLeft = Polygon({{0, 0}, {10, 0}, {10, 5}, {0, 5}, {-0.005, 2}});
+    // clang-format on
+    for (const ZetGeomAugPolygon& polygon : {clockwise, bulgingLeft})
+        EXPECT_EQ(Text({polygon.getNormalised(0.01)}), "(0,0)(10,0)(10,5)(0,5) ");
+    EXPECT_EQ(clockwise.getNormalised(0.001).getLength(), 6);
 
     // So fine a disc that each vertex lies on the line between its neighbours: it must stay a disc.
     const ZetGeomAugPolygon disc = Polygon(Disc(0, 0, 100, 5000));
@@ -353,46 +304,23 @@ TEST(ZetGeomAugPolygonTest, NormalisingDropsWhatLiesOnStraightEdges) {
 }
 
 TEST(ZetGeomAugPolygonTest, EqualityKnowsNoStartDirectionOrStraightVertices) {
-    const OutlinePoints rectangle = {
-        {0,   0 },
-        {100, 0 },
-        {100, 50},
-        {0,   50}
+    // clang-format off
+    const OutlinePoints rectangle = {{0, 0}, {100, 0}, {100, 50}, {0, 50}};
+    const OutlinePoints nearly = {{0, 0}, {60, 0}, {100, 0}, {100, 50}, {0, 50.0009}};
+    const OutlinePoints higher = {{0, 0}, {100, 0}, {100, 50}, {0, 50.01}};
+    const OutlinePoints triangle = {{0, 0}, {100, 0}, {100, 50}};
+    // clang-format on
+    const auto isEqual = [&](const OutlinePoints& other) {
+        return Polygon(rectangle).isEqualTo(Polygon(other), 0.001);
     };
-    EXPECT_TRUE(Polygon(rectangle).isEqualTo(Polygon(Reversed(StartingAt(rectangle, 2))), 0.001));
-    EXPECT_TRUE(
-        Polygon(rectangle).isEqualTo(Polygon({
-                                         {0,   0      },
-                                         {60,  0      },
-                                         {100, 0      },
-                                         {100, 50     },
-                                         {0,   50.0009}
-    }),
-                                     0.001));
-    EXPECT_FALSE(Polygon(rectangle).isEqualTo(Polygon({
-                                                  {0,   0    },
-                                                  {100, 0    },
-                                                  {100, 50   },
-                                                  {0,   50.01}
-    }),
-                                              0.001));
-    EXPECT_FALSE(Polygon(rectangle).isEqualTo(Polygon({
-                                                  {0,   0 },
-                                                  {100, 0 },
-                                                  {100, 50}
-    }),
-                                              0.001));
+    EXPECT_TRUE(isEqual(Reversed(StartingAt(rectangle, 2))) && isEqual(nearly));
+    EXPECT_FALSE(isEqual(higher) || isEqual(triangle));
 }
-
-struct CrossingCase {
-    const char* name;
-    OutlinePoints outline;
-    bool crosses;
-};
 
 TEST(SelfCrossingTest, TouchingIsNoCrossing) {
     // clang-format off
-    const CrossingCase cases[] = {
+    struct Case { const char* name; OutlinePoints outline; bool crosses; };
+    const Case cases[] = {
         {"bow tie", {{0, 0}, {10, 10}, {10, 0}, {0, 10}}, true},
         {"through a vertex", {{0, 0}, {5, 5}, {10, 10}, {10, 0}, {5, 5}, {0, 10}}, true},
         {"twice around", {{0, 0}, {10, 0}, {10, 10}, {0, 10}, {0, 0}, {10, 0}, {10, 10}, {0, 10}}, true},
@@ -404,28 +332,25 @@ TEST(SelfCrossingTest, TouchingIsNoCrossing) {
         {"too large", {{0, 0}, {1e300, 0}, {0, 1e300}}, true},
     };
     // clang-format on
-    for (const CrossingCase& c : cases)
+    for (const Case& c : cases)
         EXPECT_EQ(FindSelfCrossing({c.outline.begin(), c.outline.end()}).has_value(), c.crosses)
             << c.name;
 }
 
 TEST(SelfCrossingTest, AgreesWithComparingAllPairs) {
-    const auto turn = [](const ZetGeomPoint2d& a,
-                         const ZetGeomPoint2d& b,
-                         const ZetGeomPoint2d& c) { return (b - a).cross(c - a); };
+    using Point = ZetGeomPoint2d;
+    const auto turn = [](Point a, Point b, Point c) { return (b - a).cross(c - a); };
     std::mt19937_64 random(7);
+    const auto coordinate = [&] { return static_cast<double>(random() % 1000003); };
     for (int i = 0; i < 3000; ++i) {
         OutlinePoints points;
         for (int k = 0; k < 4 + i % 9; ++k)
-            points.append(
-                {static_cast<double>(random() % 1000003), static_cast<double>(random() % 1000003)});
+            points.append({coordinate(), coordinate()});
         bool crosses = false;
         for (long a = 0; a < points.length(); ++a) {
             for (long b = a + 2; b < points.length() - (a == 0 ? 1 : 0); ++b) {
-                const ZetGeomPoint2d& p = points[a];
-                const ZetGeomPoint2d& q = points[(a + 1) % points.length()];
-                const ZetGeomPoint2d& r = points[b];
-                const ZetGeomPoint2d& s = points[(b + 1) % points.length()];
+                const Point p = points[a], q = points[a + 1];
+                const Point r = points[b], s = points[(b + 1) % points.length()];
                 crosses = crosses || (turn(p, q, r) * turn(p, q, s) < 0.0 &&
                                       turn(r, s, p) * turn(r, s, q) < 0.0);
             }

@@ -12,22 +12,13 @@
 namespace {
 
 TEST(ZetStringTest, PartsOutsideTheTextAreEmpty) {
-    struct Case {
-        long start;
-        long count;
-        const wchar_t* expected;
-    };
+    // clang-format off
+    struct Case { long start, count; const wchar_t* expected; };
     const Case cases[] = {
-        {0,  3,  L"Z20"},
-        {2,  2,  L"0-" },
-        {4,  99, L"15" },
-        {5,  1,  L"5"  },
-        {6,  1,  L""   },
-        {99, 1,  L""   },
-        {-1, 3,  L""   },
-        {1,  0,  L""   },
-        {1,  -5, L""   },
+        {0, 3, L"Z20"}, {2, 2, L"0-"}, {4, 99, L"15"}, {5, 1, L"5"}, {6, 1, L""}, {99, 1, L""},
+        {-1, 3, L""},   {1, 0, L""},   {1, -5, L""},
     };
+    // clang-format on
     const ZetString text = L"Z20-15";
     for (const Case& c : cases)
         EXPECT_EQ(text.mid(c.start, c.count), c.expected) << c.start << ", " << c.count;
@@ -58,31 +49,16 @@ TEST(ZetStringTest, ComparesByCharacterAndWithoutCase) {
 }
 
 TEST(ZetStringTest, ReadsTheNumberAtItsBeginning) {
-    struct Case {
-        const wchar_t* text;
-        double expected;
-    };
+    // clang-format off
+    struct Case { const wchar_t* text; double expected; };
     const Case cases[] = {
-        {L"200",       200.0                                   },
-        {L"  -12.5mm", -12.5                                   },
-        {L"+12",       12.0                                    },
-        {L".5",        0.5                                     },
-        {L"5.",        5.0                                     },
-        {L"1.2.3",     1.2                                     },
-        {L"1e3",       1.0                                     },
-        {L"0x10",      0.0                                     },
-        {L"1,5",       1.0                                     },
-        {L"",          0.0                                     },
-        {L"-",         0.0                                     },
-        {L".",         0.0                                     },
-        {L"- 5",       0.0                                     },
-        {L"--5",       0.0                                     },
-        {L"\t5",       0.0                                     },
-        {L"Z200",      0.0                                     },
-        {L"٣",        0.0                                     },
-        {L"INFinite",  std::numeric_limits<double>::infinity() },
-        {L"-inf",      -std::numeric_limits<double>::infinity()},
+        {L"200", 200.0}, {L"  -12.5mm", -12.5}, {L"+12", 12.0}, {L".5", 0.5}, {L"5.", 5.0},
+        {L"1.2.3", 1.2}, {L"1e3", 1.0}, {L"0x10", 0.0}, {L"1,5", 1.0}, {L"", 0.0}, {L"-", 0.0},
+        {L".", 0.0}, {L"- 5", 0.0}, {L"--5", 0.0}, {L"\t5", 0.0}, {L"Z200", 0.0}, {L"٣", 0.0},
+        {L"INFinite", std::numeric_limits<double>::infinity()},
+        {L"-inf", -std::numeric_limits<double>::infinity()},
     };
+    // clang-format on
     for (const Case& c : cases)
         EXPECT_EQ(ZetString(c.text).toDouble(), c.expected) << ZetString(c.text).toUtf8();
     EXPECT_TRUE(std::isnan(ZetString(L"nan").toDouble()));
@@ -94,26 +70,22 @@ TEST(ZetStringTest, ReadsTheNumberAtItsBeginning) {
 }
 
 TEST(ZetStringTest, ConvertsFromAndToUtf8) {
-    struct Case {
-        const char* name;
-        std::string bytes;
-        std::wstring wide;
-        std::string back;
-    };
     const std::string replaced = "\xEF\xBF\xBD";
+    // clang-format off
+    struct Case { const char* name; std::string bytes; std::wstring wide; std::string back; };
     const Case cases[] = {
-        {"plain",            "Z20",              L"Z20",                      "Z20"                         },
-        {"two bytes",        "Tr\xC3\xA4ger",    L"Träger",                  "Tr\xC3\xA4ger"               },
-        {"three bytes",      "\xE2\x82\xAC",     L"\x20AC",                   "\xE2\x82\xAC"                },
-        {"four bytes",       "\xF0\x9F\x94\xA9", L"\U0001F529",               "\xF0\x9F\x94\xA9"            },
-        {"single byte 1252", "Tr\xE4ger",        L"Tr\xFFFDger",              "Tr" + replaced + "ger"       },
-        {"cut short",        "a\xE2\x82",        L"a\xFFFD\xFFFD",            "a" + replaced + replaced     },
-        {"overlong",         "\xC0\xAF",         L"\xFFFD\xFFFD",             replaced + replaced           },
-        {"coded surrogate",  "\xED\xA0\x80",     L"\xFFFD\xFFFD\xFFFD",       replaced + replaced + replaced},
-        {"beyond the range",
-         "\xF4\x90\x80\x80",                     L"\xFFFD\xFFFD\xFFFD\xFFFD",
-         replaced + replaced + replaced + replaced                                                          },
+        {"plain", "Z20", L"Z20", "Z20"},
+        {"two bytes", "Tr\xC3\xA4ger", L"Träger", "Tr\xC3\xA4ger"},
+        {"three bytes", "\xE2\x82\xAC", L"\x20AC", "\xE2\x82\xAC"},
+        {"four bytes", "\xF0\x9F\x94\xA9", L"\U0001F529", "\xF0\x9F\x94\xA9"},
+        {"single byte 1252", "Tr\xE4ger", L"Tr\xFFFDger", "Tr" + replaced + "ger"},
+        {"cut short", "a\xE2\x82", L"a\xFFFD\xFFFD", "a" + replaced + replaced},
+        {"overlong", "\xC0\xAF", L"\xFFFD\xFFFD", replaced + replaced},
+        {"coded surrogate", "\xED\xA0\x80", L"\xFFFD\xFFFD\xFFFD", replaced + replaced + replaced},
+        {"beyond the range", "\xF4\x90\x80\x80", L"\xFFFD\xFFFD\xFFFD\xFFFD",
+         replaced + replaced + replaced + replaced},
     };
+    // clang-format on
     for (const Case& c : cases) {
         SCOPED_TRACE(c.name);
         const ZetString text = ZetString::fromUtf8(c.bytes);
