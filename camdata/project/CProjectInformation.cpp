@@ -121,8 +121,11 @@ bool CProjectInformation::GetDetailFromFile() {
     if (!entries || !std::cmp_equal(entries->size(), m_expectedEntryCount))
         return false;
     const std::size_t count = std::min(entries->size(), std::size(kSettings));
-    for (std::size_t i = 0; i < count; ++i)
-        (this->*kSettings[i])(ZetString(std::move((*entries)[i])));
+    for (std::size_t i = 0; i < count; ++i) {
+        // Not in one expression: GCC 12 then checks an index that it made up.
+        const SetText set = kSettings[i];
+        (this->*set)(ZetString(std::move((*entries)[i])));
+    }
     return true;
 }
 
