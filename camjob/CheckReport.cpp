@@ -101,7 +101,7 @@ void AddFlags(HoleReport& report, const CHoleAddlInfo& record) {
 /// The lines of a part's holes, found by their line.
 class HoleSources {
   public:
-    explicit HoleSources(const dstv::NcFileEntity& entity);
+    HoleSources(const dstv::NcFileEntity& entity, const ZetNCStructure& structure);
 
     struct Source {
         const dstv::NcHole* hole;
@@ -114,8 +114,7 @@ class HoleSources {
     std::unordered_map<long, Source> m_byLine;
 };
 
-HoleSources::HoleSources(const dstv::NcFileEntity& entity) {
-    const ZetNCStructure structure = entity.getNCStructure(0);
+HoleSources::HoleSources(const dstv::NcFileEntity& entity, const ZetNCStructure& structure) {
     const std::vector<dstv::NcHole>& holes = entity.getPart().holes;
     for (std::size_t i = 0; i < holes.size(); ++i) {
         const ZetNCView& view = structure.getViews()[entity.getHoleTargets()[i].view];
@@ -339,7 +338,7 @@ CheckReport MakeCheckReport(dstv::NcPart part) {
     report.file = entity.getPart().file;
     report.header = creator.getHeader();
     report.notes = entity.getPart().notes;
-    const HoleSources sources(entity);
+    const HoleSources sources(entity, creator.getNCStructure());
     const CheckMember member(creator);
     report.holes = MakeHoleReports(member, sources);
     AddNotches(member.GetNotches(), false, sources, report.notches);

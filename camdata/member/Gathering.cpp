@@ -35,8 +35,7 @@ void MoveAll(ZetArray<Record>& from, ZetArray<Record>& to) {
 
 void CMxPeilaib::GetAndSortHolesNotches() {
     camdata::detail::ViewFaces faces(m_memType);
-    const ZetArray<ZetNCView> views = m_structure.getViews();
-    for (const ZetNCView& view : views) {
+    for (const ZetNCView& view : m_structure.getViews()) {
         const bool hasHoles = !view.getHoles().isEmpty();
         // Marks and numerations alone are nothing to gather.
         if (!hasHoles && !HasContours(view))
