@@ -17,3 +17,5 @@ endfunction()
 
 camdata_header_library(CLI11 CLI libcli11-dev)
 camdata_header_library(json nlohmann nlohmann-json3-dev)
+camdata_header_library(tomlplusplus toml++ libtomlplusplus-dev)
+target_compile_definitions(third_party_tomlplusplus INTERFACE TOML_HEADER_ONLY=1)

@@ -5,7 +5,7 @@
 set -euo pipefail
 
 declare -A packages=(
-    [build]="cmake ninja-build g++ googletest libcli11-dev nlohmann-json3-dev"
+    [build]="cmake ninja-build g++ googletest libcli11-dev libtomlplusplus-dev nlohmann-json3-dev"
     [windows]="g++-mingw-w64-x86-64-posix wine wine64 fonts-wine"
     [ci]="clang locales tzdata"
 )
