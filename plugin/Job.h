@@ -215,11 +215,18 @@ struct ProjectData {
     ZetString commentMarker = L"** ";  ///< before each project header line
 };
 
+/// A name or pattern of NC files, and where the job file has it.
+struct NcFilePattern {
+    std::string text;  ///< relative to the job file's folder, UTF-8
+    long line = 0;     ///< from 1
+    long column = 0;   ///< from 1
+};
+
 /// Everything that one job file says.
 struct Job {
     std::string file;  ///< as the caller named it, UTF-8
     ZetString name;
-    std::vector<std::string> ncFiles;  ///< patterns, relative to the job file's folder, UTF-8
+    std::vector<NcFilePattern> ncFiles;
     std::string outputFolder = "out";  ///< relative to the job file's folder, UTF-8
     std::optional<CalendarDate> date;  ///< counts as today
     long maximumQuantity = 100000;
