@@ -4,6 +4,7 @@
 
 #include <chrono>
 #include <random>
+#include <utility>
 #include <vector>
 
 #include <benchmark/benchmark.h>
@@ -137,11 +138,36 @@ void InSlots(benchmark::State& state, MakeHoles makeHoles) {
     TimeLibrary(state, makeHoles, [](auto& member) { member.MakeDupHoleArrForHolesInsideSlot(); });
 }
 
+/// All of the gathering of a member whose front view has these holes.
+void Gathering(benchmark::State& state, MakeHoles makeHoles) {
+    ZetArray<ZetNCHoleData> holes;
+    for (const CHoleAddlInfo& hole : makeHoles(state.range(0)))
+        holes.append(hole.GetHoleData());
+    ZetArray<ZetNCView> views;
+    views.append({});
+    views.first().setViewPos(1);
+    views.first().setHoles(std::move(holes));
+    TestMember original;
+    original.m_structure.setViews(std::move(views));
+    for (auto _ : state) {
+        TestMember member = original;
+        const auto start = Clock::now();
+        member.GetAndSortHolesNotches();
+        state.SetIterationTime(std::chrono::duration<double>(Clock::now() - start).count());
+    }
+    state.counters["per hole"] =
+        benchmark::Counter(static_cast<double>(state.iterations() * state.range(0)),
+                           benchmark::Counter::kIsRate | benchmark::Counter::kInvert);
+}
+
 void Sizes(benchmark::internal::Benchmark* bench) {
     for (const long count : {20, 200, 2000, 10000})
         bench->Arg(count);
     bench->UseManualTime()->MinTime(0.05)->Unit(benchmark::kMicrosecond);
 }
+
+BENCHMARK_CAPTURE(Gathering, pattern, Pattern)->Arg(10)->Apply(Sizes);
+BENCHMARK_CAPTURE(Gathering, random, Random)->Arg(10)->Apply(Sizes);
 
 BENCHMARK_CAPTURE(OrderPlain, random, Random)->Apply(Sizes);
 BENCHMARK_CAPTURE(Order, random, Random)->Apply(Sizes);

@@ -122,7 +122,7 @@ void Sizes(benchmark::internal::Benchmark* bench) {
 }
 
 BENCHMARK_CAPTURE(NestingPlain, random, Random)->Apply(Sizes);
-BENCHMARK_CAPTURE(Nesting, random, Random)->Apply(Sizes);
+BENCHMARK_CAPTURE(Nesting, random, Random)->Apply(Sizes)->Arg(100000);
 BENCHMARK_CAPTURE(FirstFitDecreasing, random, Random)->Apply(Sizes);
 BENCHMARK_CAPTURE(NestingPlain, alike, Alike)->Apply(Sizes);
 BENCHMARK_CAPTURE(Nesting, alike, Alike)->Apply(Sizes);
