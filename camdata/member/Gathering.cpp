@@ -27,6 +27,10 @@ void RejectForbidden(ZetArray<CNotchAddInfo>& notches, const CMemberValidations&
 
 template <typename Record>
 void MoveAll(ZetArray<Record>& from, ZetArray<Record>& to) {
+    if (to.isEmpty()) {
+        to = std::move(from);
+        return;
+    }
     for (Record& record : from)
         to.append(std::move(record));
 }
@@ -53,6 +57,7 @@ void CMxPeilaib::GetAndSortHolesNotches() {
 
 void CMxPeilaib::SetHoleDataArr(ZetArray<ZetNCHoleData> holes, CViewData view) {
     ZetArray<CHoleAddlInfo> gathered;
+    gathered.reserve(holes.length());
     for (const ZetNCHoleData& holeData : holes) {
         CHoleAddlInfo hole;
         hole.SetHoleData(holeData);
