@@ -31,6 +31,9 @@ enum FileRole : std::size_t {
     kFirstOwnFile = 4,  ///< the job's own from here on
 };
 
+/// Ending of the file that holds the cutting lists, written when some group is nested.
+inline constexpr const wchar_t* kCuttingListEnding = L"-cutting.txt";
+
 /// Groups that every job has, by their position, which is their ID too.
 enum GroupRole : std::size_t {
     kReservedGroup = 0,   ///< takes no members
@@ -155,7 +158,8 @@ struct PatternHole {
     /// Any of them: between 0 and 1 a part of the length, below 0 from the far end, else from the
     /// start.
     std::vector<double> positions;
-    ZetString message;  ///< with conversions for diameter and position
+    /// With conversions for diameter and position.
+    ZetString message = L"hole of diameter %.1f missing at %.1f";
 };
 
 /// The holes that members of one fixed length must have.
