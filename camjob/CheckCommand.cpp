@@ -3,19 +3,15 @@
 #include "camjob/CheckJson.h"
 #include "camjob/CheckText.h"
 #include "camjob/CommandLine.h"
+#include "camjob/Paths.h"
 #include "dstv/NcReader.h"
 
-#include <filesystem>
 #include <memory>
 #include <utility>
 
 namespace camjob {
 
 namespace {
-
-std::filesystem::path PathFromUtf8(const std::string& name) {
-    return std::filesystem::path(std::u8string(name.begin(), name.end()));
-}
 
 dstv::NcResult ReadFile(const std::string& name) {
     if (name == "-")

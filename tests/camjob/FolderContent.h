@@ -1,0 +1,29 @@
+#pragma once
+
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <map>
+#include <string>
+
+/// Bytes by name.
+using Files = std::map<std::string, std::string>;
+
+inline void WriteFiles(const std::filesystem::path& folder, const Files& files) {
+    for (const auto& [name, bytes] : files)
+        std::ofstream(folder / name, std::ios::binary) << bytes;
+}
+
+/// What a user sees in an output folder: all but the folder that the tool keeps for itself.
+inline Files ContentOf(const std::filesystem::path& folder) {
+    Files files;
+    for (const auto& entry : std::filesystem::directory_iterator(folder)) {
+        if (entry.path().filename() == ".camjob")
+            continue;
+        std::string& bytes = files[entry.path().filename().string()];
+        std::ifstream stream(entry.path(), std::ios::binary);
+        bytes = entry.is_directory() ? "(folder)"
+                                     : std::string(std::istreambuf_iterator<char>(stream), {});
+    }
+    return files;
+}
