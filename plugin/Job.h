@@ -108,7 +108,7 @@ struct HoleRule {
     ZetString id;
     eHoleShapeType shape = eHoleShapeRound;
     std::vector<double> diameters;
-    std::vector<double> lengths;  ///< of slots and rectangles
+    std::vector<double> lengths;  ///< overall, of slots and rectangles (those along the member)
     std::vector<eHoleFace> faces;
     /// Y, and face width less Y: a hole that one of either list names is matched.
     std::vector<double> backMarks;

@@ -1,0 +1,169 @@
+#pragma once
+
+#include "plugin/Job.h"
+#include "plugin/JobRules.h"
+#include "plugin/ValidationTypes.h"
+
+#include "camdata/member/CMxPeilaib.h"
+
+#include <set>
+#include <string>
+#include <tuple>
+#include <vector>
+
+namespace plugin {
+
+/// Why a hole is not among the member's holes.
+enum class SetAside {
+    kNot,          ///< it is among them
+    kMarked,       ///< set aside in the NC data
+    kInsideSlot,   ///< lies inside a slot
+    kDuplicate,    ///< stands at the place of another hole, touches it or overlaps it
+    kCountersink,  ///< the countersink of another hole
+};
+
+/// One hole of a member, wherever the member keeps it.
+struct MemberHole {
+    CHoleAddlInfo record;
+    SetAside setAside = SetAside::kNot;
+};
+
+/// What a member was found to be, settled with its report.
+struct MemberOutcome {
+    bool isValid = true;  ///< no error: it is manufactured
+    bool hasWarnings = false;
+    bool isNonStandard = false;
+};
+
+/// A member of a job: judged by the job's rules, written as machine records (MachineRecord.h).
+///
+/// In this order: ValidateMember; SettleReport, unless the member is a part of an assembly;
+/// MakeOutput; then the run's Append and WriteOutPut. Each once.
+///
+/// ValidateMember goes in steps, each in the file named in brackets:
+///
+/// 1. flange coordinates begin where the member type says (FlangeZero.h)
+/// 2. the library gathers holes and notches; what it left out is told (SetAsideHoles.cpp)
+/// 3. rectangular openings that a hole rule covers become holes (RectangularHoles.cpp)
+/// 4. distances of holes to edges and ends (JobMember.cpp)
+/// 5. hole codes (HoleCoding.cpp), pairs (HolePairs.cpp), groups (HoleGroups.cpp)
+/// 6. corner notches, and what is left of the notches (CornerNotches.cpp)
+/// 7. the holes of a fixed pattern (FixedPatterns.cpp)
+/// 8. the library's checks of counts and length, then those of quantity and stock (JobMember.cpp)
+///
+/// A hole or notch that is not manufactured is invalid, or has another status than
+/// eHoleStatusGroup, eHoleStatusIsPair, eNotchValid or eNotchCornerMatched.
+class JobMember : public CMxPeilaib {
+  public:
+    /// Takes over what the creator, which has run, holds of its member. Rules and type must outlive
+    /// the member; creator and entity are needed until MakeOutput is done.
+    JobMember(const JobRules& rules, const MemberType& type, ZetNCCreator& creator);
+
+    void ValidateMember() override;
+    /// Settles whether the member is valid, and makes its error and warning blocks. A second call
+    /// does nothing.
+    void SettleReport();
+    /// Lists the attached parts of a main part, makes the machine records, and lets go of all that
+    /// they were made from: holes, notches, NC data and creator.
+    void MakeOutput();
+
+    /// Every hole of the NC data once. Empty after MakeOutput.
+    std::vector<MemberHole> CollectHoles() const;
+    /// The holes among the member's holes, with the warnings of their distances.
+    const ZetArray<CHoleAddlInfo>& GetHoles() const { return m_holes; }
+    const ZetArray<CNotchAddInfo>& GetNotches() const { return m_notches; }
+    const ZetArray<CNotchAddInfo>& GetDuplicateNotches() const { return m_duplicateNotches; }
+    const ZetArray<ZetString>& GetErrors() const { return m_errors; }
+    const ZetArray<ZetString>& GetWarnings() const { return m_warnings; }
+    /// The error block: header lines and findings, as WriteMemErrors writes them; "" before
+    /// SettleReport, and when there is no error.
+    ZetArray<ZetString> GetErrorBlock() const;
+    ZetArray<ZetString> GetWarningBlock() const;
+
+    /// Settled with the report; what a single part is told later about its quantity does not enter.
+    const MemberOutcome& GetOutcome() const { return m_outcome; }
+    /// A part of an assembly, but not the main part. Its group is kSecondaryGroup.
+    bool IsSecondaryPart() const { return getIsPartOfAssy() && !getIsMainPart(); }
+    bool IsMainPart() const { return getIsPartOfAssy() && getIsMainPart(); }
+    const MemberType& GetMemberType() const { return m_type; }
+
+    /// The parts of its group that the member holds for nesting; MakeNests uses them up.
+    const ZetArray<CMxParts>& GetPartsToNest() const { return m_partsToNest; }
+    const ZetArray<CMxNestParts>& MakeNests();
+
+    void GenerateOutPutStringForHoles() override;
+    void GenerateOutPutStringForNotches() override;
+    void GenerateMemData() override;
+    /// The member's machine records, each with its line end.
+    ZetString GetMemOutPutStr() override;
+    /// Writes the records of a valid member to every file of its group, and its blocks to the error
+    /// and the warning file. A main part takes its attached parts first.
+    void WriteMemOutPut(const ZetArray<ZetFileAccess*>& files,
+                        ZetArray<CMxPeilaib*>& secondaryParts) override;
+    void WriteMemErrors(ZetFileAccess* file) override;
+    void WriteMemWarnings(ZetFileAccess* file) override;
+
+  private:
+    /// Tells one hole of the NC data from another.
+    using HoleKey = std::tuple<long, eHoleFace, double, double, double>;
+
+    static HoleKey KeyOf(const CHoleAddlInfo& hole);
+    const Job& GetJob() const { return m_rules.GetJob(); }
+
+    void FileFinding(ValidationType type, const ZetString& text);
+    void FileHole(ValidationType type, const wchar_t* what, const CHoleAddlInfo& hole);
+    void FileNotch(ValidationType type, const wchar_t* what, CNotchAddInfo notch);
+
+    // SetAsideHoles.cpp
+    void FindHolesInsideSlots();
+    SetAside WhySetAside(const CHoleAddlInfo& hole) const;
+    void FileSetAside();
+
+    // RectangularHoles.cpp
+    void TakeRectangularHoles();
+
+    void CheckDistances();
+
+    // HoleCoding.cpp
+    void CodeHoles();
+    void CodeHole(CHoleAddlInfo& hole, const HoleRule& rule);
+    void HandleUncovered(CHoleAddlInfo& hole);
+    void Refuse(CHoleAddlInfo& hole, ValidationType type, const wchar_t* what);
+
+    // HolePairs.cpp
+    void FindPairs();
+    bool FindPairOf(long index, const HoleRule& rule);
+    void CheckPairs();
+
+    // HoleGroups.cpp
+    void FindGroups();
+    void FormGroup(const std::vector<long>& column, const HoleRule& rule);
+    void LeaveGroup(CHoleAddlInfo& hole, const HoleRule& rule);
+
+    // CornerNotches.cpp
+    void MatchCornerNotches();
+    void SettleNotches();
+    void AcceptNotches();
+    void CountNotches();
+
+    // FixedPatterns.cpp
+    void CheckFixedPattern();
+    bool FindExpected(CMxHoles& expected, std::vector<char>& isTaken, double length) const;
+
+    void CheckQuantity();
+    void CheckStockLength();
+
+    void ReleaseSources();
+
+    const JobRules& m_rules;
+    const MemberType& m_type;
+    /// By hole; null: no rule. Only while the member is validated.
+    std::vector<const HoleRule*> m_ruleOfHole;
+    std::set<HoleKey> m_insideSlots;
+    MemberOutcome m_outcome;
+    bool m_isSettled = false;
+    /// UTF-8: of many members this is most of what is kept.
+    std::string m_records;
+};
+
+}  // namespace plugin

@@ -1,0 +1,38 @@
+#pragma once
+
+#include "plugin/HoleRules.h"
+#include "plugin/Job.h"
+
+#include "camdata/holes/CMxSingleMemValidation.h"
+#include "camdata/platform/ZetNCCreator.h"
+#include "camdata/platform/ZetString.h"
+
+#include <set>
+#include <vector>
+
+namespace plugin {
+
+/// What the members of a run look up in their job, made ready once for all of them. The job must
+/// outlive it.
+class JobRules {
+  public:
+    explicit JobRules(const Job& job);
+
+    const Job& GetJob() const { return m_job; }
+    const HoleRules& GetHoleRules() const { return m_holeRules; }
+    /// The first type whose patterns fit profile name and code of a creator that has run; null when
+    /// none does.
+    const MemberType* FindMemberType(ZetNCCreator& creator) const;
+    /// The prescription of a member type, its positions as distances from the start; null: none.
+    const CMxSingleMemValidation* FindPattern(const MemberType& type) const;
+    /// The job names the mark as a main part or as a single part of an assembly.
+    bool IsPartOfAssembly(const ZetString& mark) const;
+
+  private:
+    const Job& m_job;
+    HoleRules m_holeRules;
+    std::vector<CMxSingleMemValidation> m_patterns;  ///< by position in Job::patterns
+    std::set<ZetString> m_assemblyMarks;
+};
+
+}  // namespace plugin

@@ -1,0 +1,117 @@
+#pragma once
+
+#include "plugin/Job.h"
+#include "plugin/JobMember.h"
+#include "plugin/JobRules.h"
+
+#include "camdata/output/CMxCamGlobAcc.h"
+#include "camdata/output/FileFault.h"
+#include "camdata/platform/ZetNCEntity.h"
+#include "camdata/project/CProjectInformation.h"
+
+#include <cstddef>
+#include <filesystem>
+#include <functional>
+#include <memory>
+#include <vector>
+
+namespace plugin {
+
+/// One member of a run, for its table.
+struct MemberResult {
+    ZetString mark;
+    ZetString profileName;
+    std::size_t group = 0;  ///< position in Job::groups
+    long quantity = 0;      ///< as ordered
+    MemberOutcome outcome;
+};
+
+/// One group of a run that has members.
+struct GroupResult {
+    std::size_t group = 0;  ///< position in Job::groups
+    long members = 0;
+    long pieces = 0;  ///< of the valid members
+    long invalid = 0;
+    long withWarnings = 0;
+    long nonStandard = 0;
+};
+
+/// The bars of one nested group.
+struct NestResult {
+    std::size_t group = 0;     ///< position in Job::groups
+    double pieceLength = 0.0;  ///< of all pieces together, mm
+    long bars = 0;
+    double utilisation = 0.0;  ///< piece length over bar length, 0 to 1
+    long lowerBound = 0;       ///< bars that the length of all pieces fills
+    long firstFit = 0;         ///< bars of a first-fit-decreasing plan
+};
+
+/// One run of a job: takes the members one by one, then writes all files.
+///
+/// Sets the process-wide tolerances and, for a job with a date, the clock; at the end of its life
+/// the clock is the system's again. One at a time. What fails in the host raises HostComError.
+class JobRun {
+  public:
+    /// What became of an entity.
+    enum class Added {
+        kAdded,
+        kSkipped,  ///< the job leaves members of its type out
+        kNoType,   ///< no member type fits
+    };
+
+    /// `folder` is where the output will stand in the end; settings are read from it. Nothing is
+    /// read or written yet. The job must outlive the run.
+    JobRun(const Job& job, const std::filesystem::path& folder);
+    ~JobRun();
+    JobRun(const JobRun&) = delete;
+    JobRun& operator=(const JobRun&) = delete;
+
+    /// Takes over the settings file beside the output, where there is one. False when there is one
+    /// that is damaged: nothing has changed then.
+    bool ReadSettings();
+    /// Lent; for the dialog. The names of the output files begin with its file name.
+    CProjectInformation& GetProjectInfo();
+
+    /// Judges a member and keeps what will be written of it. The entity, and those attached to it,
+    /// are needed during the call only.
+    Added Add(ZetNCEntity& entity);
+    long GetCount() const { return static_cast<long>(m_members.size()); }
+
+    /// Asked before each member that is written; true ends the run.
+    using CancelCheck = std::function<bool()>;
+    /// Writes all files into `folder`, which must be there; the names are those of GetFileNames.
+    /// False when it was cancelled: all files are closed then, and what they hold is of no use.
+    /// Once per run.
+    bool Write(const std::filesystem::path& folder, const CancelCheck& isCancelled = {});
+    /// Names of the files of the run, without folder, by position in Job::files; last the cutting
+    /// list, when a group is nested.
+    std::vector<ZetString> GetFileNames() const;
+    /// What could not be opened, written or closed.
+    const std::vector<FileFault>& GetFileFaults() const { return m_faults; }
+
+    /// In the order in which they were added. After Write.
+    std::vector<MemberResult> GetMemberResults() const;
+    /// By position. After Write.
+    std::vector<GroupResult> GetGroupResults() const;
+    /// By position; empty without nested groups that have valid members. After Write.
+    const std::vector<NestResult>& GetNestResults() const { return m_nestResults; }
+
+  private:
+    class Member;
+
+    void SetUpFiles(const std::filesystem::path& folder);
+    void SetUpGroups();
+    void SetUpAdditionalInfo();
+    void AppendMembers();
+    void WriteCuttingList(const std::filesystem::path& folder);
+
+    const Job& m_job;
+    JobRules m_rules;
+    std::vector<std::unique_ptr<Member>> m_members;
+    std::unique_ptr<CMxCamGlobAcc> m_accumulator;
+    std::vector<FileFault> m_faults;
+    std::vector<NestResult> m_nestResults;
+    CancelCheck m_isCancelled;
+};
+
+}  // namespace plugin
