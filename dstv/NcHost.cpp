@@ -18,8 +18,9 @@ constexpr int kFirstPlanePosition = 5;
 /// The model object of one file: what its header says of the part.
 class FileModelObject final : public IEqualPartObject, public IStructureObject {
   public:
-    explicit FileModelObject(const NcHeader& header)
-        : m_mark(header.mark),
+    FileModelObject(const NcHeader& header, bool isMainPart)
+        : m_isMainPart(isMainPart),
+          m_mark(header.mark),
           m_profileName(header.profileName),
           m_material(header.steelQuality),
           m_remark(header.infoTexts[0]) {}
@@ -45,7 +46,7 @@ class FileModelObject final : public IEqualPartObject, public IStructureObject {
     }
 
     HostResult getMainPart(HostBool* isMainPart) override {
-        *isMainPart = 0;
+        *isMainPart = m_isMainPart ? IEqualPartObject::kHostTrue : 0;
         return kHostOk;
     }
     HostResult getPartNumber(ZetString* text) override { return Give(m_mark, text); }
@@ -63,11 +64,16 @@ class FileModelObject final : public IEqualPartObject, public IStructureObject {
     }
 
     std::atomic<unsigned long> m_references = 1;
+    bool m_isMainPart;
     ZetString m_mark;
     ZetString m_profileName;
     ZetString m_material;
     ZetString m_remark;
 };
+
+HostPtr<IEqualPartObject> MakeModelObject(const NcHeader& header, bool isMainPart) {
+    return HostPtr<IEqualPartObject>::adopt(new FileModelObject(header, isMainPart));
+}
 
 /// Sorts everything on a part into its views.
 class StructureBuilder {
@@ -308,12 +314,25 @@ ZetNCStructure StructureBuilder::TakeStructure() {
 }  // namespace
 
 NcFileEntity::NcFileEntity(NcPart part)
-    : m_part(std::move(part)),
-      m_modelObject(HostPtr<IEqualPartObject>::adopt(new FileModelObject(m_part.header))) {
+    : m_part(std::move(part)), m_modelObject(MakeModelObject(m_part.header, false)) {
     StructureBuilder builder(m_part);
     builder.Build();
     m_structure = builder.TakeStructure();
     m_holeTargets = builder.TakeHoleTargets();
+}
+
+void NcFileEntity::releaseFeatures() {
+    NcPart rest;
+    rest.file = std::move(m_part.file);
+    rest.header = std::move(m_part.header);
+    m_part = std::move(rest);
+    m_structure = {};
+    m_holeTargets = {};
+}
+
+void NcFileEntity::setAssembly(ZetArray<ZetNCEntity*> attachedEntities) {
+    m_attachedEntities = std::move(attachedEntities);
+    m_modelObject = MakeModelObject(m_part.header, true);
 }
 
 ZetNCEntity::NCTypes NcFileEntity::getType() const {

@@ -16,8 +16,10 @@ struct NcHoleTarget {
     long index = 0;  ///< into that view's holes, or by NcHole::form its internal contours or marks
 };
 
-/// One NC file as the platform's NC interfaces offer a part. Immutable; copies share nothing but
-/// the model object.
+/// One NC file as the platform's NC interfaces offer a part. Copies share nothing but the model
+/// object.
+///
+/// No NC file tells what is fixed to its part: a caller that knows says so (NcAssemblies.h).
 ///
 /// Views come in the order of their positions: 0 (o), 1 (v), 2 (u), 3 (h), then 5, 6, ... for
 /// inclined planes in the order in which the file defines them. A face without anything has no
@@ -39,21 +41,30 @@ class NcFileEntity : public ZetNCEntity {
     const NcPart& getPart() const { return m_part; }
     /// One per hole of the part, in the same order.
     const std::vector<NcHoleTarget>& getHoleTargets() const { return m_holeTargets; }
+    /// Lets go of all but the header: the NC structure is empty then, and so are the lists of the
+    /// part.
+    void releaseFeatures();
+    /// Makes this the main part of an assembly, with the parts that are fixed to it, once per
+    /// piece; they must outlive this entity. A model object that was handed out before does not
+    /// change.
+    void setAssembly(ZetArray<ZetNCEntity*> attachedEntities);
 
     /// eNCTypePlate for profile code B, else eNCTypeBeam.
     NCTypes getType() const override;
-    /// Answers as IEqualPartObject (never a main part) and IStructureObject; lives as long as its
-    /// references, also longer than this entity.
+    /// Answers as IEqualPartObject (a main part after setAssembly) and IStructureObject; lives as
+    /// long as its references, also longer than this entity.
     IHostObject* getModelObject() override;
     /// `style` has no meaning here. Plate: height and width are header value 10.
     ZetNCHeaderData getHeader(long style) const override;
     ZetNCStructure getNCStructure(long style) const override;
+    ZetArray<ZetNCEntity*> getAttachedEntities() const override { return m_attachedEntities; }
 
   private:
     NcPart m_part;
     ZetNCStructure m_structure;
     std::vector<NcHoleTarget> m_holeTargets;
     HostPtr<IEqualPartObject> m_modelObject;
+    ZetArray<ZetNCEntity*> m_attachedEntities;
 };
 
 }  // namespace dstv

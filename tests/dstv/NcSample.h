@@ -19,13 +19,14 @@ struct NcSample {
     std::string webEndCut = "0.000";
     std::string flangeStartCut = "0.000";
     std::string flangeEndCut = "0.000";
+    std::string mark = "P1";
 
     std::string Header() const {
         std::string text = "ST\n";
         for (const std::string& value : {std::string("Order"),
                                          std::string("Z-1"),
                                          std::string("1"),
-                                         std::string("P1"),
+                                         mark,
                                          std::string("S350GD"),
                                          quantity,
                                          std::string("ZS 175*1.5"),
