@@ -34,6 +34,8 @@
 #include "camdata/output/FileFault.h"
 #include "camdata/output/eHanding.h"
 #include "camdata/platform/Clock.h"
+#include "camdata/platform/DialogResult.h"
+#include "camdata/platform/DialogWindow.h"
 #include "camdata/platform/Export.h"
 #include "camdata/platform/HostComError.h"
 #include "camdata/platform/HostFunctions.h"

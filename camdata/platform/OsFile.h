@@ -26,5 +26,7 @@ bool OsWriteAll(int file, std::string_view bytes);
 std::int64_t OsSeek(int file, std::int64_t position);
 std::int64_t OsSeekEnd(int file);
 bool OsClose(int file);
+/// Something of that name exists and is no folder.
+bool OsIsFile(const ZetString& name);
 
 }  // namespace camdata::detail

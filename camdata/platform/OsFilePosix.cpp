@@ -65,4 +65,9 @@ bool OsClose(int file) {
     return close(file) == 0 || errno == EINTR;
 }
 
+bool OsIsFile(const ZetString& name) {
+    struct stat status = {};
+    return stat(name.toUtf8().c_str(), &status) == 0 && !S_ISDIR(status.st_mode);
+}
+
 }  // namespace camdata::detail

@@ -50,4 +50,9 @@ bool OsClose(int file) {
     return _close(file) == 0;
 }
 
+bool OsIsFile(const ZetString& name) {
+    struct _stat64 status = {};
+    return _wstat64(name.c_str(), &status) == 0 && (status.st_mode & _S_IFDIR) == 0;
+}
+
 }  // namespace camdata::detail

@@ -1,6 +1,7 @@
 #include "camdata/project/CProjectInformation.h"
 
 #include "camdata/platform/ZetFileAccess.h"
+#include "camdata/project/CProjectInformationDlg.h"
 
 #include <algorithm>
 #include <cstddef>
@@ -31,16 +32,24 @@ constexpr ProjectDatum kProjectData[] = {
 };
 static_assert(std::size(kProjectData) == 8);
 
+using GetText = ZetString (CProjectInformation::*)() const;
+
+struct Setting {
+    SetText set;
+    GetText get;
+};
+
 // The entries of the settings file, in the order of the file.
-constexpr SetText kSettings[] = {
-    &CProjectInformation::SetFileName,
-    &CProjectInformation::SetColdRolledOrderNo,
-    &CProjectInformation::SetColdRolledOrderDate,
-    &CProjectInformation::SetMxComments,
-    &CProjectInformation::SetRevision,
-    &CProjectInformation::SetRevisionDate,
-    &CProjectInformation::SetDeliveryDate,
-    &CProjectInformation::SetMxDeliveryAddress,
+using Info = CProjectInformation;
+constexpr Setting kSettings[] = {
+    {&Info::SetFileName,            &Info::GetFileName           },
+    {&Info::SetColdRolledOrderNo,   &Info::GetColdRolledOrderNo  },
+    {&Info::SetColdRolledOrderDate, &Info::GetColdRolledOrderDate},
+    {&Info::SetMxComments,          &Info::GetMxComments         },
+    {&Info::SetRevision,            &Info::GetRevision           },
+    {&Info::SetRevisionDate,        &Info::GetRevisionDate       },
+    {&Info::SetDeliveryDate,        &Info::GetDeliveryDate       },
+    {&Info::SetMxDeliveryAddress,   &Info::GetMxDeliveryAddress  },
 };
 static_assert(std::size(kSettings) == 8);
 
@@ -123,7 +132,7 @@ bool CProjectInformation::GetDetailFromFile() {
     const std::size_t count = std::min(entries->size(), std::size(kSettings));
     for (std::size_t i = 0; i < count; ++i) {
         // Not in one expression: GCC 12 then checks an index that it made up.
-        const SetText set = kSettings[i];
+        const SetText set = kSettings[i].set;
         (this->*set)(ZetString(std::move((*entries)[i])));
     }
     return true;
@@ -145,4 +154,29 @@ void CProjectInformation::AppendFileHeaderLine(const ZetString& label, const Zet
     }
 }
 
-void CProjectInformation::ShowDialog() {}
+std::optional<FileFault> CProjectInformation::WriteSettings() const {
+    ZetString lines;
+    long entry = 0;
+    for (const Setting& setting : kSettings)
+        lines += ZetString::format(L"%s%s\n", m_projInfoArrInFile[entry++], (this->*setting.get)());
+    ZetFileAccess file;
+    if (file.Open(m_projFileName, L"w")) {
+        file.Write(lines);
+        file.Close();
+    }
+    if (const auto& fault = file.GetFault())
+        return FileFault{m_projFileName, fault->operation, fault->systemError};
+    return std::nullopt;
+}
+
+void CProjectInformation::ShowDialog() {
+    CProjectInformationDlg dialog;
+    dialog.Init(*this);
+    m_dialogResult = dialog.DoModal();
+    if (m_dialogResult.outcome != DialogOutcome::kConfirmed) {
+        m_isCancelled = true;
+        return;
+    }
+    m_settingsFault = dialog.WriteSettings();
+    dialog.CopyBack(*this);
+}

@@ -1,13 +1,16 @@
 #pragma once
 
 #include "camdata/output/COutPutFiles.h"
+#include "camdata/output/FileFault.h"
 #include "camdata/platform/Clock.h"
+#include "camdata/platform/DialogResult.h"
 #include "camdata/platform/Export.h"
 #include "camdata/platform/ZetArray.h"
 #include "camdata/platform/ZetNCProjectData.h"
 #include "camdata/platform/ZetString.h"
 
 #include <cstdint>
+#include <optional>
 #include <utility>
 
 /// The project and delivery data that heads the output files of a run. A value; plug-ins may derive
@@ -46,14 +49,31 @@ class CAMDATA_API CProjectInformation {
     bool GetDetailFromFile();
     /// The most characters that a settings file may have.
     static constexpr long kMaxSettingsLength = 4L * 1024 * 1024;
+    /// Writes the settings file that GetProjFileName names: a line per entry, its prefix and its
+    /// value, in the order in which GetDetailFromFile reads them. What went wrong; nothing: all was
+    /// written. Fewer than eight prefixes fail the assertion "isValid( index )", and nothing is
+    /// written.
+    std::optional<FileFault> WriteSettings() const;
 
     /// Adds a header entry to the gathered header lines: the comment mark, the label filled up to
     /// 25 characters, " : " and the value. If the whole has CR LF after its first character, it is
     /// cut into lines at every CR LF, and the further lines begin with the comment mark filled up
     /// to 27 characters and " : ".
     void AppendFileHeaderLine(const ZetString& label, const ZetString& value);
-    /// Returns at once and changes nothing: there is no dialog yet.
+    /// Shows the project information dialog until the user closes it.
+    ///
+    /// Confirmed: the settings file is written (WriteSettings) from the dialog's fields, and then
+    /// the record gets file name, cold-rolled order number and date, comments, revision and its
+    /// date, delivery date and address; comments and address also as lines (none for an empty
+    /// text). Cancelled, and when the dialog cannot be shown: IsCancelled becomes true, and no
+    /// other field of the record changes. GetDialogResult tells the two apart.
+    ///
+    /// A date that is none in the platform's form is shown, and confirmed, as today.
     void ShowDialog();
+    /// How the last ShowDialog ended, and why it could not show the dialog.
+    const DialogResult& GetDialogResult() const { return m_dialogResult; }
+    /// Why the last confirmed dialog left no complete settings file; nothing: it did.
+    const std::optional<FileFault>& GetSettingsFault() const { return m_settingsFault; }
 
     /// Prefix of the output files' names.
     void SetPrefix(ZetString prefix) { m_prefix = std::move(prefix); }
@@ -200,4 +220,6 @@ class CAMDATA_API CProjectInformation {
     ZetString m_projFileName;
     ZetArray<ZetString> m_projInfoArrInFile;
     ZetString m_commentStr;
+    DialogResult m_dialogResult;
+    std::optional<FileFault> m_settingsFault;
 };

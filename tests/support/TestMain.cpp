@@ -1,11 +1,13 @@
 #include "camdata/holes/CMxGeom.h"
 #include "camdata/platform/Clock.h"
+#include "camdata/platform/DialogWindow.h"
 #include "camdata/platform/MxSettings.h"
 #include "camdata/platform/ZetAssert.h"
 
 #include <array>
 #include <cstdlib>
 #include <locale>
+#include <optional>
 
 #include <gtest/gtest.h>
 
@@ -30,6 +32,7 @@ class ProcessStateReset : public ::testing::EmptyTestEventListener {
         CMxGeom::SetTol(eTolEPS);
         SetZetAssertHandler(nullptr);
         SetClock(nullptr);
+        SetDialogDriver(std::nullopt);
         MxSettings::getInstance().removeAll();
     }
 
@@ -54,10 +57,25 @@ void TakeLocale() {
         std::locale::global(std::locale(name));
 }
 
+/// Dialogs are drawn without a display.
+void DrawNowhere() {
+#if !defined(_WIN32)
+    setenv("QT_QPA_PLATFORM", "offscreen", 0);
+#endif
+}
+
 }  // namespace
+
+#if !defined(_WIN32)
+/// What the leak check finds in the libraries behind the dialogs is not ours to mend.
+extern "C" __attribute__((visibility("default"))) const char* __lsan_default_suppressions() {
+    return "leak:libfontconfig\n";
+}
+#endif
 
 int main(int argc, char** argv) {
     TakeLocale();
+    DrawNowhere();
     ::testing::InitGoogleTest(&argc, argv);
     // The listeners own what is appended to them.
     ::testing::UnitTest::GetInstance()->listeners().Append(new ProcessStateReset);

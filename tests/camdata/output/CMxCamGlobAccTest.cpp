@@ -137,7 +137,6 @@ TEST(CMxCamGlobAccTest, ProjectInformationEndsWithItsLastOwner) {
     auto* information = new CountedInformation(ends);
     accumulator->SetProjectInfo(information);
     accumulator->SetProjectInfo(information);
-    accumulator->showProjInfoUID();
     EXPECT_EQ(ends, 0);
     std::optional<CMxCamGlobAcc> copy = accumulator;
     EXPECT_EQ(copy->GetProjectInfo(), information);

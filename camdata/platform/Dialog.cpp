@@ -1,0 +1,123 @@
+#include "camdata/platform/Dialog.h"
+
+#include "camdata/platform/ZetAssert.h"
+
+#include <algorithm>
+#include <exception>
+#include <string>
+#include <utility>
+
+namespace {
+
+std::optional<DialogDriver> g_driver;
+
+/// The text with CR LF at every line end, whichever it had.
+ZetString WithCrLf(const ZetString& text) {
+    std::wstring lines;
+    for (long i = 0; i < text.length(); ++i) {
+        const bool isLineFeed = text[i] == L'\n';
+        if (isLineFeed && (i == 0 || text[i - 1] != L'\r'))
+            lines += L'\r';
+        lines += text[i];
+        if (text[i] == L'\r' && text[i + 1] != L'\n')
+            lines += L'\n';
+    }
+    return ZetString(std::move(lines));
+}
+
+}  // namespace
+
+void SetDialogDriver(std::optional<DialogDriver> driver) {
+    g_driver = std::move(driver);
+}
+
+/// Runs a dialog once, and keeps exceptions away from the backend.
+class Dialog::Session final : public DialogEvents {
+  public:
+    explicit Session(Dialog& dialog) : m_dialog(dialog), m_driver(g_driver) {}
+
+    DialogResult Run() {
+        const bool inMemory = m_driver && m_driver->backend == DialogDriver::Backend::kMemory;
+        const auto show =
+            inMemory ? camdata::detail::ShowMemoryDialog : camdata::detail::ShowNativeDialog;
+        DialogResult result = show(m_dialog.m_template, *this);
+        m_dialog.m_window = nullptr;
+        if (m_error)
+            std::rethrow_exception(m_error);
+        return result;
+    }
+
+    void OnCreated(DialogWindow& window) noexcept override {
+        m_dialog.m_window = &window;
+        Guard([&] { m_dialog.OnInitDialog(); });
+    }
+    void OnShown() noexcept override {
+        Guard([&] { m_driver->onShown(m_dialog.Window()); });
+        m_dialog.Window().Close(false);
+    }
+    void OnButton(int id) noexcept override {
+        Guard([&] { Press(id); });
+    }
+    void OnTabChanged(int id, int index) noexcept override {
+        Guard([&] { m_dialog.OnTabChanged(id, index); });
+    }
+    bool IsDriven() const noexcept override { return m_driver.has_value(); }
+    bool AnswersBoxes() const noexcept override { return m_driver && m_driver->onBox; }
+    bool Answer(const ZetString& caption, const ZetString& text) noexcept override {
+        bool answer = false;
+        Guard([&] { answer = m_driver->onBox(caption, text); });
+        return answer;
+    }
+
+  private:
+    void Press(int id) {
+        if (id == m_dialog.m_template.okButton)
+            m_dialog.OnOK();
+        else if (id == m_dialog.m_template.cancelButton)
+            m_dialog.OnCancel();
+        else
+            m_dialog.OnCommand(id);
+    }
+
+    template <typename Action>
+    void Guard(Action action) noexcept {
+        if (m_error)
+            return;
+        try {
+            action();
+        } catch (...) {
+            m_error = std::current_exception();
+            m_dialog.Window().Close(false);
+        }
+    }
+
+    Dialog& m_dialog;
+    const std::optional<DialogDriver> m_driver;
+    std::exception_ptr m_error;
+};
+
+DialogResult Dialog::DoModal() {
+    return Session(*this).Run();
+}
+
+ControlKind Dialog::KindOf(int id) const {
+    const auto& controls = m_template.controls;
+    const auto row = std::find_if(
+        controls.begin(), controls.end(), [id](const ControlDef& each) { return each.id == id; });
+    ZET_ASSERT(row != controls.end(), "control exists");
+    return row->kind;
+}
+
+ZetString Dialog::ControlText(int id) const {
+    if (KindOf(id) == ControlKind::kDate)
+        return FormatDate(Window().Date(id));
+    return Window().Text(id);
+}
+
+void Dialog::SetControlText(int id, const ZetString& text) {
+    const ControlKind kind = KindOf(id);
+    if (kind == ControlKind::kDate)
+        Window().SetDate(id, ParseDate(text).value_or(Today()));
+    else
+        Window().SetText(id, kind == ControlKind::kLines ? WithCrLf(text) : text);
+}
