@@ -3,6 +3,7 @@
 #include "plugin/Job.h"
 
 #include "camdata/holes/CHoleAddlInfo.h"
+#include "camdata/holes/CHoleOutPutCode.h"
 #include "camdata/holes/CHoleRule.h"
 #include "camdata/platform/ZetString.h"
 
@@ -10,14 +11,20 @@
 
 namespace plugin {
 
-/// The hole rules of a job, and the one that a hole falls under. The job's rules must outlive it.
+/// The hole rules of a job as the library has them, and which of them a hole falls under. The job's
+/// rules must outlive it.
 class HoleRules {
   public:
+    struct Entry {
+        const HoleRule* job;
+        CHoleRule rule;
+        CHoleOutPutCode code;  ///< of each hole under the rule
+    };
+
     /// What became of the search for a hole's rule.
     struct Match {
-        const HoleRule* rule = nullptr;  ///< null: the hole gets no code
-        bool isExcluded = false;         ///< the rule that fits excludes the member, and names no
-                                         ///< other
+        const Entry* entry = nullptr;  ///< null: no code for the hole
+        bool isExcluded = false;       ///< a rule fits, but excludes the member and names no other
     };
 
     explicit HoleRules(const std::vector<HoleRule>& rules);
@@ -29,16 +36,13 @@ class HoleRules {
     bool HasRectangles() const { return m_hasRectangles; }
 
   private:
-    struct Entry {
-        const HoleRule* source;
-        CHoleRule rule;
-    };
-
     const Entry* FindById(const ZetString& id) const;
-    Match Follow(const Entry& entry, const CHoleAddlInfo& hole, const ZetString& profileName) const;
 
     std::vector<Entry> m_entries;
     bool m_hasRectangles = false;
 };
+
+/// The size of a slot or rectangle along its length, from end to end; of any other hole its size.
+double OverallLength(const CHoleAddlInfo& hole);
 
 }  // namespace plugin

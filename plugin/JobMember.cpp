@@ -1,1 +1,205 @@
-#include "plugin/Job.h"
+#include "plugin/JobMember.h"
+
+#include "plugin/FlangeZero.h"
+
+#include "camdata/holes/CMxGeom.h"
+#include "camdata/util/CMxUtil.h"
+#include "camdata/util/HostBridge.h"
+
+#include <utility>
+
+namespace plugin {
+
+namespace {
+
+constexpr int kIndent = 10;  ///< as the library's own lines of a member
+
+ZetString Indented(const ZetString& text) {
+    return CMxUtil::GetSpaces(kIndent, false) + text;
+}
+
+}  // namespace
+
+JobMember::JobMember(const JobRules& rules, const MemberType& type, ZetNCCreator& creator)
+    : m_rules(rules), m_type(type) {
+    CMemberValidations limits = type.limits;
+    limits.SetPartofAssy(rules.IsPartOfAssembly(creator.getHeader().mark));
+    SetMemObjects(type.type, std::move(limits));
+    SetNCObjects(&creator);
+    SetEntTypeAndProfileName(creator.getNCEntity()->getType(), GetProfileNameFromCreator(&creator));
+    SetNesting(GetGroup().isNested);
+    m_reserveLength = GetGroup().reserveLength;
+}
+
+std::size_t JobMember::GetGroupPosition() const {
+    return IsSecondaryPart() ? std::size_t{kSecondaryGroup} : m_type.group;
+}
+
+// ---- judging ------------------------------------------------------------------------------------
+
+void JobMember::ValidateMember() {
+    ApplyFlangeZeros(m_structure, m_type);
+    GetAndSortHolesNotches();
+    FileSetAside();
+    TakeRectangularHoles();
+    CheckDistances();
+    CodeHoles();
+    FindPairs();
+    FindGroups();
+    MatchCornerNotches();
+    SetNoOfHoles(MakeValidHoles());
+    SettleNotches();
+    CheckFixedPattern();
+    CMxPeilaib::ValidateMember();
+    CheckQuantity();
+    CheckStockLength();
+}
+
+void JobMember::CheckDistances() {
+    if (!GetJob().areDistancesChecked)
+        return;
+    const double length = GetLength();
+    for (CHoleAddlInfo& hole : m_holes) {
+        ZetArray<ZetString> lines;
+        hole.CheckEdgeAndEndDist(m_memType, length);
+        // Not without lines: they would make the member invalid or non-standard too.
+        if (hole.GetWarMsg(lines))
+            AppendMsg_VT(ReportTypeOf(kHoleDistance), lines);
+    }
+}
+
+void JobMember::CheckQuantity() {
+    const long most = GetJob().maximumQuantity;
+    if (GetQty() > most)
+        FileFinding(kQuantity, ZetString::format(L"Quantity (%d) is above %d", GetQty(), most));
+}
+
+void JobMember::CheckStockLength() {
+    const double stockLength = CMxNestParts().GetNestLength();
+    CMxGeom::SetTol(eTolEPS);
+    if (GetGroup().isNested && CMxGeom::IsGreater_Mx(GetLength(), stockLength))
+        FileFinding(kLongerThanStock,
+                    ZetString::format(L"Member length (%.1f) is greater than the stock length %.0f",
+                                      GetLength(),
+                                      stockLength));
+}
+
+eReportingTypes JobMember::ReportTypeOf(ValidationType type) const {
+    return m_validations.GetReportType(static_cast<eValidationTypes>(type));
+}
+
+void JobMember::FileFinding(ValidationType type, const ZetString& text) {
+    AppendMsg_VT(ReportTypeOf(type), Indented(text));
+}
+
+void JobMember::FileHole(ValidationType type, const wchar_t* what, const CHoleAddlInfo& hole) {
+    FileFinding(type, ZetString::format(L"%s: %s", what, hole.GetHoleMsg().trimmedLeft()));
+}
+
+/// In the lines of the library, with this finding as the notch's error.
+void JobMember::FileNotch(ValidationType type, const wchar_t* what, CNotchAddInfo notch) {
+    ZetArray<ZetString> lines;
+    notch.AppendMsg(eHoleMsgError, what);
+    notch.GetErrMsg(lines);
+    AppendMsg_VT(ReportTypeOf(type), lines);
+}
+
+// ---- report -------------------------------------------------------------------------------------
+
+void JobMember::SettleReport() {
+    if (std::exchange(m_isSettled, true))
+        return;
+    CreateErrWarHeader();
+    m_outcome = {GetValid(), !m_warningReport.isEmpty(), GetNonStd()};
+    if (!m_outcome.isNonStandard)
+        return;
+    ZetArray<long> blocks = GetAddInfoArrLoc();
+    blocks.append(kNonStandardBlock);
+    SetAddInfoArrLoc(std::move(blocks));
+}
+
+ZetArray<ZetString> JobMember::GetErrorBlock() const {
+    ZetArray<ZetString> lines = m_errorReport;
+    if (!lines.isEmpty()) {
+        lines.appendAll(m_errors);
+        lines.appendAll(m_secondErrors);
+    }
+    return lines;
+}
+
+ZetArray<ZetString> JobMember::GetWarningBlock() const {
+    ZetArray<ZetString> lines = m_warningReport;
+    if (!lines.isEmpty()) {
+        lines.appendAll(m_warnings);
+        lines.appendAll(m_secondWarnings);
+    }
+    return lines;
+}
+
+// ---- output -------------------------------------------------------------------------------------
+
+void JobMember::MakeOutput() {
+    if (IsMainPart())
+        GetAttachedPartNos();
+    GenerateOutPutStringForHoles();
+    GenerateOutPutStringForNotches();
+    GenerateMemData();
+    m_records = GetMemOutPutStr().toUtf8();
+    ReleaseSources();
+}
+
+/// Of a hundred thousand members only what is written or asked for later may stay.
+void JobMember::ReleaseSources() {
+    m_creator = nullptr;
+    m_entity = nullptr;
+    m_structure = {};
+    m_holes = {};
+    m_cskHoles = {};
+    m_duplicateHoles = {};
+    m_notches = {};
+    m_duplicateNotches = {};
+    m_textList1 = {};
+    m_textList2 = {};
+    m_textList3 = {};
+    SetSingleMemValid({});
+    m_entryOfHole = {};
+    m_insideSlots.clear();
+}
+
+void JobMember::WriteMemOutPut(const ZetArray<ZetFileAccess*>& files,
+                               ZetArray<CMxPeilaib*>& secondaryParts) {
+    // The last two are the warning and the error file, whatever the group's own are.
+    const long ownFiles = files.length() - 2;
+    if (IsMainPart())
+        CheckAttachedPartsSelection(secondaryParts);
+    SettleReport();
+    for (long i = 0; i < ownFiles && GetValid(); ++i)
+        WriteRecords(files[i]);
+    m_records = {};
+    WriteMemErrors(files[ownFiles + 1]);
+    WriteMemWarnings(files[ownFiles]);
+}
+
+void JobMember::WriteRecords(ZetFileAccess* file) const {
+    if (file != nullptr && file->IsOpen())
+        file->Write(ZetString::fromUtf8(m_records));
+}
+
+void JobMember::WriteMemErrors(ZetFileAccess* file) {
+    CMxUtil::AsArrStrPrint(GetErrorBlock(), file);
+}
+
+void JobMember::WriteMemWarnings(ZetFileAccess* file) {
+    CMxUtil::AsArrStrPrint(GetWarningBlock(), file);
+}
+
+// ---- nesting ------------------------------------------------------------------------------------
+
+ZetArray<CMxNestParts> JobMember::MakeNests() {
+    // With one kind of part, nesting reads what is there.
+    CMxGeom::SetTol(eTolEPS);
+    Nesting();
+    return std::exchange(m_nests, {});
+}
+
+}  // namespace plugin

@@ -6,6 +6,7 @@
 
 #include "camdata/member/CMxPeilaib.h"
 
+#include <map>
 #include <set>
 #include <string>
 #include <tuple>
@@ -53,6 +54,7 @@ struct MemberOutcome {
 ///
 /// A hole or notch that is not manufactured is invalid, or has another status than
 /// eHoleStatusGroup, eHoleStatusIsPair, eNotchValid or eNotchCornerMatched.
+/// Records and statuses are settled by the library wherever it has an operation for it.
 class JobMember : public CMxPeilaib {
   public:
     /// Takes over what the creator, which has run, holds of its member. Rules and type must outlive
@@ -85,11 +87,12 @@ class JobMember : public CMxPeilaib {
     /// A part of an assembly, but not the main part. Its group is kSecondaryGroup.
     bool IsSecondaryPart() const { return getIsPartOfAssy() && !getIsMainPart(); }
     bool IsMainPart() const { return getIsPartOfAssy() && getIsMainPart(); }
-    const MemberType& GetMemberType() const { return m_type; }
+    /// Position in Job::groups of the group that it is written with.
+    std::size_t GetGroupPosition() const;
 
     /// The parts of its group that the member holds for nesting; MakeNests uses them up.
     const ZetArray<CMxParts>& GetPartsToNest() const { return m_partsToNest; }
-    const ZetArray<CMxNestParts>& MakeNests();
+    ZetArray<CMxNestParts> MakeNests();
 
     void GenerateOutPutStringForHoles() override;
     void GenerateOutPutStringForNotches() override;
@@ -106,60 +109,70 @@ class JobMember : public CMxPeilaib {
   private:
     /// Tells one hole of the NC data from another.
     using HoleKey = std::tuple<long, eHoleFace, double, double, double>;
+    /// Face and position.
+    using HolePlace = std::tuple<eHoleFace, double, double>;
 
-    static HoleKey KeyOf(const CHoleAddlInfo& hole);
     const Job& GetJob() const { return m_rules.GetJob(); }
+    const Group& GetGroup() const { return GetJob().groups[GetGroupPosition()]; }
+    /// The rule that a hole falls under; null: none.
+    const HoleRules::Entry* EntryOfHole(long index) const {
+        return m_entryOfHole[static_cast<std::size_t>(index)];
+    }
 
+    eReportingTypes ReportTypeOf(ValidationType type) const;
     void FileFinding(ValidationType type, const ZetString& text);
     void FileHole(ValidationType type, const wchar_t* what, const CHoleAddlInfo& hole);
     void FileNotch(ValidationType type, const wchar_t* what, CNotchAddInfo notch);
 
-    // SetAsideHoles.cpp
+    void FileSetAside();
     void FindHolesInsideSlots();
     SetAside WhySetAside(const CHoleAddlInfo& hole) const;
-    void FileSetAside();
+    static HoleKey KeyOf(const CHoleAddlInfo& hole);
 
-    // RectangularHoles.cpp
     void TakeRectangularHoles();
 
     void CheckDistances();
 
-    // HoleCoding.cpp
     void CodeHoles();
-    void CodeHole(CHoleAddlInfo& hole, const HoleRule& rule);
-    void HandleUncovered(CHoleAddlInfo& hole);
-    void Refuse(CHoleAddlInfo& hole, ValidationType type, const wchar_t* what);
+    static void CodeHole(CHoleAddlInfo& hole, const HoleRules::Entry& entry);
+    void HandleUncoveredHole(CHoleAddlInfo& hole);
+    void RefuseHole(ValidationType type, const wchar_t* what, CHoleAddlInfo& hole);
 
-    // HolePairs.cpp
     void FindPairs();
-    bool FindPairOf(long index, const HoleRule& rule);
-    void CheckPairs();
+    void FindPairOf(long index, const HoleRules::Entry& entry);
 
-    // HoleGroups.cpp
     void FindGroups();
-    void FormGroup(const std::vector<long>& column, const HoleRule& rule);
-    void LeaveGroup(CHoleAddlInfo& hole, const HoleRule& rule);
+    std::vector<long> GroupCandidates() const;
+    bool IsSameColumn(long a, long b) const;
+    void FormGroup(const std::vector<long>& column);
+    static void PutIntoGroup(CHoleAddlInfo& hole, const GroupRule& group);
+    void LeaveAlone(CHoleAddlInfo& hole, const GroupRule& group);
 
-    // CornerNotches.cpp
     void MatchCornerNotches();
+    void MatchCornerNotch(CNotchAddInfo& notch) const;
     void SettleNotches();
-    void AcceptNotches();
-    void CountNotches();
+    void FileNotches(eNotchStatus status, const wchar_t* what);
+    void CodeUncoveredNotches(eNotchStatus status);
+    void CountContours();
 
-    // FixedPatterns.cpp
     void CheckFixedPattern();
-    bool FindExpected(CMxHoles& expected, std::vector<char>& isTaken, double length) const;
+    bool FindExpected(CMxHoles& expected, double length, std::vector<char>& isTaken) const;
+    bool TakeHoleOf(const CMxHoles& expected, double mirrorAt, std::vector<char>& isTaken) const;
+    static bool IsExpectedHole(const CHoleAddlInfo& hole, const CMxHoles& expected, double x);
 
     void CheckQuantity();
     void CheckStockLength();
 
+    std::map<HolePlace, const CHoleAddlInfo*> SinksByPlace() const;
+    static HolePlace PlaceOf(const CHoleAddlInfo& hole);
+    void WriteRecords(ZetFileAccess* file) const;
     void ReleaseSources();
 
     const JobRules& m_rules;
     const MemberType& m_type;
     /// By hole; null: no rule. Only while the member is validated.
-    std::vector<const HoleRule*> m_ruleOfHole;
-    std::set<HoleKey> m_insideSlots;
+    std::vector<const HoleRules::Entry*> m_entryOfHole;
+    std::set<HoleKey> m_insideSlots;  ///< those of the duplicate holes
     MemberOutcome m_outcome;
     bool m_isSettled = false;
     /// UTF-8: of many members this is most of what is kept.

@@ -1,7 +1,9 @@
 #pragma once
 
+#include "plugin/CuttingList.h"
 #include "plugin/Job.h"
 #include "plugin/JobMember.h"
+#include "plugin/JobProjectInformation.h"
 #include "plugin/JobRules.h"
 
 #include "camdata/output/CMxCamGlobAcc.h"
@@ -37,13 +39,8 @@ struct GroupResult {
 };
 
 /// The bars of one nested group.
-struct NestResult {
-    std::size_t group = 0;     ///< position in Job::groups
-    double pieceLength = 0.0;  ///< of all pieces together, mm
-    long bars = 0;
-    double utilisation = 0.0;  ///< piece length over bar length, 0 to 1
-    long lowerBound = 0;       ///< bars that the length of all pieces fills
-    long firstFit = 0;         ///< bars of a first-fit-decreasing plan
+struct NestResult : NestFigures {
+    std::size_t group = 0;  ///< position in Job::groups
 };
 
 /// One run of a job: takes the members one by one, then writes all files.
@@ -85,9 +82,9 @@ class JobRun {
     bool Write(const std::filesystem::path& folder, const CancelCheck& isCancelled = {});
     /// Names of the files of the run, without folder, by position in Job::files; last the cutting
     /// list, when a group is nested.
-    std::vector<ZetString> GetFileNames() const;
+    std::vector<ZetString> GetFileNames();
     /// What could not be opened, written or closed.
-    const std::vector<FileFault>& GetFileFaults() const { return m_faults; }
+    const ZetArray<FileFault>& GetFileFaults() const { return m_faults; }
 
     /// In the order in which they were added. After Write.
     std::vector<MemberResult> GetMemberResults() const;
@@ -98,18 +95,23 @@ class JobRun {
 
   private:
     class Member;
+    struct Cancelled {};
 
-    void SetUpFiles(const std::filesystem::path& folder);
+    JobProjectInformation& GetJobProjectInfo();
+    ZetString GetFileName(const ZetString& ending);
+    void SetUpFiles(const ZetString& folder);
     void SetUpGroups();
     void SetUpAdditionalInfo();
-    void AppendMembers();
-    void WriteCuttingList(const std::filesystem::path& folder);
+    void WriteCuttingList(const ZetString& folder);
+    bool IsAnyGroupNested() const;
+    Member* FindNestHolder(std::size_t group) const;
+    ZetArray<ZetString> CutGroup(std::size_t group);
 
     const Job& m_job;
     JobRules m_rules;
     std::vector<std::unique_ptr<Member>> m_members;
-    std::unique_ptr<CMxCamGlobAcc> m_accumulator;
-    std::vector<FileFault> m_faults;
+    CMxCamGlobAcc m_accumulator;
+    ZetArray<FileFault> m_faults;
     std::vector<NestResult> m_nestResults;
     CancelCheck m_isCancelled;
 };

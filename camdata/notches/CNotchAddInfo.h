@@ -70,6 +70,8 @@ class CAMDATA_API CNotchAddInfo {
     bool GetIsInternal() const { return m_Contour.type == ZetNCContour::eTypeInternal; }
     /// Points of the outline, the closing repeat included: 5 for four corners.
     long GetNoOfVertices() const { return m_VertexArr.length(); }
+    /// These points, in the view's coordinates.
+    const ZetArray<ZetGeomPoint2d>& GetOutline() const { return m_VertexArr; }
     CViewData GetViewData() const { return m_ViewData; }
     /// The contour that the notch was made from; a further piece of one knows only its type.
     const ZetNCContour& GetContour() const { return m_Contour; }

@@ -1,0 +1,92 @@
+#include "plugin/JobMember.h"
+
+#include "camdata/holes/CMxGeom.h"
+
+#include <algorithm>
+
+namespace plugin {
+
+namespace {
+
+constexpr const wchar_t* kUncoveredText = L"No corner notch describes it";
+constexpr const wchar_t* kNotAllowedText = L"Members of this type may have no such notch";
+
+/// A corner coordinate that fits any notch.
+constexpr double kAnywhere = -1.0;
+
+double CornerAt(NotchCorner corner, double farEnd) {
+    if (corner == NotchCorner::kAny)
+        return kAnywhere;
+    return corner == NotchCorner::kStart ? 0.0 : farEnd;
+}
+
+}  // namespace
+
+void JobMember::MatchCornerNotches() {
+    CMxGeom::SetTol(eTolGeneral);
+    for (CNotchAddInfo& notch : m_notches)
+        MatchCornerNotch(notch);
+}
+
+/// The first definition that fits counts.
+void JobMember::MatchCornerNotch(CNotchAddInfo& notch) const {
+    const double faceWidth = notch.GetViewData().GetFaceWidth();
+    for (const CornerNotch& corner : GetJob().cornerNotches) {
+        SCheckNotch definition = corner.definition;
+        definition.cornerX = CornerAt(corner.along, GetLength());
+        definition.cornerY = CornerAt(corner.across, faceWidth);
+        if (notch.CheckNotchCorner(definition))
+            return;
+    }
+}
+
+/// Settles what becomes of the notches that no definition describes, and counts the contours.
+void JobMember::SettleNotches() {
+    switch (GetJob().uncoveredNotches.action) {
+        case Uncovered::kReport:
+            FileNotches(eNotchValid, kUncoveredText);
+            FileNotches(eNotchNotAllowed, kNotAllowedText);
+            MakeValidNotches();
+            break;
+        case Uncovered::kOutput:
+            FileNotches(eNotchValid, kUncoveredText);
+            FileNotches(eNotchNotAllowed, kNotAllowedText);
+            CodeUncoveredNotches(eNotchCornerMatched);
+            MakeValidNotches();
+            break;
+        case Uncovered::kAccept:
+            CodeUncoveredNotches(eNotchValid);
+            CountContours();
+            break;
+    }
+}
+
+void JobMember::FileNotches(eNotchStatus status, const wchar_t* what) {
+    for (const CNotchAddInfo& notch : m_notches) {
+        if (notch.GetNotchStatus() == status)
+            FileNotch(kUncoveredNotch, what, notch);
+    }
+}
+
+/// Gives every notch without a definition the fallback code, and a status.
+void JobMember::CodeUncoveredNotches(eNotchStatus status) {
+    for (CNotchAddInfo& notch : m_notches) {
+        if (notch.GetNotchStatus() != eNotchValid)
+            continue;
+        notch.AppendMsg(eHoleMsgCode, GetJob().uncoveredNotches.code);
+        notch.SetNotchStatus(status);
+    }
+}
+
+/// Counts all contours that cut anything: also those that the type does not allow, so that the
+/// check of their number tells them.
+void JobMember::CountContours() {
+    for (const CNotchAddInfo& notch : m_notches) {
+        if (notch.GetIsInternal())
+            NoOfInternalContours_Increment();
+        else if (notch.GetNotchStatus() != eNotchNone)
+            NoOfExternalContours_Increment();
+    }
+}
+
+}  // namespace plugin

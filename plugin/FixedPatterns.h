@@ -1,0 +1,13 @@
+#pragma once
+
+#include "plugin/Job.h"
+
+#include "camdata/holes/CMxSingleMemValidation.h"
+
+namespace plugin {
+
+/// A fixed pattern as the library has it, none of its holes found yet. All positions are distances
+/// from the start. Sets the current tolerance to m_EPS.
+CMxSingleMemValidation MakePrescription(const FixedPattern& pattern);
+
+}  // namespace plugin

@@ -1,0 +1,14 @@
+#pragma once
+
+#include "plugin/Job.h"
+
+#include "camdata/platform/ZetNCStructure.h"
+
+namespace plugin {
+
+/// Moves what lies on the top and the bottom flange of a member (views at 0 and 2) to where the
+/// member type's zero lines say: Y less the zero line, or the zero line less Y, with all angles and
+/// bulges mirrored.
+void ApplyFlangeZeros(ZetNCStructure& structure, const MemberType& type);
+
+}  // namespace plugin

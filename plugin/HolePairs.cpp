@@ -1,0 +1,44 @@
+#include "plugin/JobMember.h"
+
+namespace plugin {
+
+namespace {
+
+constexpr const wchar_t* kMissingPairText = L"It has no second hole";
+
+bool IsUnsettled(const CHoleAddlInfo& hole) {
+    return hole.GetHoleStatus() == eHoleStatusWaitsForPair;
+}
+
+}  // namespace
+
+void JobMember::FindPairs() {
+    for (long i = 0; i < m_holes.length(); ++i) {
+        const HoleRules::Entry* entry = EntryOfHole(i);
+        if (entry != nullptr && !entry->job->pairs.empty() && IsUnsettled(m_holes[i]))
+            FindPairOf(i, *entry);
+    }
+    // Only now: a hole without a second one may itself be the second of a later one.
+    for (long i = 0; i < m_holes.length(); ++i) {
+        const HoleRules::Entry* entry = EntryOfHole(i);
+        if (entry != nullptr && entry->job->isPairMust && IsUnsettled(m_holes[i]))
+            RefuseHole(kMissingPair, kMissingPairText, m_holes[i]);
+    }
+}
+
+/// Makes a pair with the first hole that one of the rule's pairs names. The pair counts as one
+/// hole: the second has a status of its own.
+void JobMember::FindPairOf(long index, const HoleRules::Entry& entry) {
+    const ZetArray<CHoleCode> codes = entry.code.GetPairCodes();
+    for (std::size_t i = 0; i < entry.job->pairs.size(); ++i) {
+        const CHoleCode& code = codes[static_cast<long>(i)];
+        const long second = GetPairHole(index, code, entry.job->pairs[i].spacing);
+        if (second < 0)
+            continue;
+        m_holes[second].SetHoleCode(code.GetPairReplaceStr() + m_holes[second].GetHoleCode());
+        m_holes[index].SetHoleStatus(eHoleStatusGroup);
+        return;
+    }
+}
+
+}  // namespace plugin

@@ -1,0 +1,144 @@
+#include "plugin/HoleRules.h"
+
+#include "camdata/holes/CMxGeom.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace plugin {
+
+namespace {
+
+/// Status of codes that pair: any but "not set" will do, the library only keeps it.
+constexpr long kPairs = 0;
+
+template <typename T>
+ZetArray<T> ToArray(const std::vector<T>& values) {
+    return ZetArray<T>(values.begin(), values.end());
+}
+
+CHoleCode StandardCode(const ZetString& text) {
+    CHoleCode code;
+    code.SetValues(text, kPairs);
+    return code;
+}
+
+CHoleCode CodeOf(const PairRule& pair) {
+    CHoleCode code = StandardCode(pair.code);
+    code.SetPairReplaceStr(pair.prefix);
+    return code;
+}
+
+CHoleRule LibraryRule(const HoleRule& rule) {
+    CHoleRule result;
+    result.SetValues(rule.shape,
+                     {StandardCode(rule.code)},
+                     {},
+                     rule.memberNameLength,
+                     ToArray(rule.excludedMembers),
+                     ToArray(rule.backMarks),
+                     ToArray(rule.otherFaceDistances),
+                     ToArray(rule.diameters),
+                     ToArray(rule.lengths),
+                     false,
+                     false,
+                     StandardCode(rule.group.code),
+                     !rule.otherwiseSuffix.isEmpty(),
+                     rule.otherwiseSuffix,
+                     false);
+    return result;
+}
+
+CHoleOutPutCode OutPutCode(const HoleRule& rule) {
+    CHoleOutPutCode code;
+    ZetArray<CHoleCode> pairs;
+    for (const PairRule& pair : rule.pairs)
+        pairs.append(CodeOf(pair));
+    code.SetHoleCode(StandardCode(rule.code));
+    code.SetPairCodes(std::move(pairs));
+    code.SetGroupCode(StandardCode(rule.group.code));
+    code.SetIsGroupMust(rule.group.isMust);
+    return code;
+}
+
+/// Not CMxGeom::find, which takes a copy of the array.
+bool Contains(const ZetArray<double>& values, double value) {
+    return std::any_of(values.begin(), values.end(), [value](double listed) {
+        return CMxGeom::IsEqual_Mx(listed, value);
+    });
+}
+
+bool AllowsSize(const ZetArray<double>& sizes, double size) {
+    return sizes.isEmpty() || Contains(sizes, size);
+}
+
+bool AllowsFace(const HoleRule& rule, const CHoleAddlInfo& hole) {
+    const eHoleFace face = hole.GetViewData().GetHoleFace();
+    return rule.faces.empty() ||
+           std::find(rule.faces.begin(), rule.faces.end(), face) != rule.faces.end();
+}
+
+bool AllowsRow(const CHoleRule& rule, const CHoleAddlInfo& hole) {
+    if (rule.GetBackMarkArr().isEmpty() && rule.GetOtherFaceArr().isEmpty())
+        return true;
+    const double y = hole.GetYPos();
+    return Contains(rule.GetBackMarkArr(), y) ||
+           Contains(rule.GetOtherFaceArr(), hole.GetViewData().GetFaceWidth() - y);
+}
+
+bool HasPlace(const CHoleAddlInfo& hole) {
+    return std::isfinite(hole.GetXPos()) && std::isfinite(hole.GetYPos());
+}
+
+bool Fits(const HoleRules::Entry& entry, const CHoleAddlInfo& hole) {
+    const CHoleRule& rule = entry.rule;
+    return rule.GetHoleShapeType() == hole.GetHoleShapeType() &&
+           AllowsSize(rule.GetDiameters(), hole.GetSize()) &&
+           AllowsSize(rule.GetSecondSizes(), OverallLength(hole)) && AllowsFace(*entry.job, hole) &&
+           AllowsRow(rule, hole);
+}
+
+bool IsRectangular(const HoleRule& rule) {
+    return rule.shape == eHoleShapeSquare || rule.shape == eHoleShapeRectangular;
+}
+
+}  // namespace
+
+HoleRules::HoleRules(const std::vector<HoleRule>& rules)
+    : m_hasRectangles(std::any_of(rules.begin(), rules.end(), IsRectangular)) {
+    m_entries.reserve(rules.size());
+    for (const HoleRule& rule : rules)
+        m_entries.push_back({&rule, LibraryRule(rule), OutPutCode(rule)});
+}
+
+HoleRules::Match HoleRules::Find(const CHoleAddlInfo& hole, const ZetString& profileName) const {
+    CMxGeom::SetTol(eTolY);
+    const auto first = std::find_if(m_entries.begin(), m_entries.end(), [&](const Entry& entry) {
+        return HasPlace(hole) && Fits(entry, hole);
+    });
+    const Entry* entry = first == m_entries.end() ? nullptr : &*first;
+    ZetString suffix;
+    while (entry != nullptr && !entry->rule.LookInAnotherRule(profileName, suffix)) {
+        if (suffix.isEmpty())
+            return {nullptr, true};
+        entry = FindById(entry->job->id + suffix);
+        if (entry != nullptr && !Fits(*entry, hole))
+            entry = nullptr;
+    }
+    return {entry, false};
+}
+
+const HoleRules::Entry* HoleRules::FindById(const ZetString& id) const {
+    const auto at = std::find_if(m_entries.begin(), m_entries.end(), [&](const Entry& entry) {
+        return entry.job->id == id;
+    });
+    return at == m_entries.end() ? nullptr : &*at;
+}
+
+double OverallLength(const CHoleAddlInfo& hole) {
+    if (hole.GetIsRectHole())
+        return hole.GetHoleData().slotLength;
+    return hole.GetIsSlot() ? hole.GetHoleData().slotLength + hole.GetSize() : hole.GetSize();
+}
+
+}  // namespace plugin

@@ -1,0 +1,148 @@
+#include "plugin/JobProjectInformation.h"
+
+#include <cstdint>
+#include <iterator>
+
+namespace plugin {
+
+namespace {
+
+using SetText = void (CProjectInformation::*)(ZetString);
+using GetText = ZetString (CProjectInformation::*)() const;
+
+constexpr std::int32_t kSettingsEntries = 8;
+/// The mark that reading takes away again.
+constexpr const wchar_t* kEntryMark = L"+";
+
+struct TextRow {
+    ZetString ProjectData::*text;
+    SetText set;
+};
+
+constexpr TextRow kTexts[] = {
+    {&ProjectData::caption,            &CProjectInformation::SetDialogCaption    },
+    {&ProjectData::fileName,           &CProjectInformation::SetFileName         },
+    {&ProjectData::settingsFile,       &CProjectInformation::SetSettingFileName  },
+    {&ProjectData::modelName,          &CProjectInformation::SetModelName        },
+    {&ProjectData::modelRef,           &CProjectInformation::SetModelRef         },
+    {&ProjectData::name,               &CProjectInformation::SetProjectName      },
+    {&ProjectData::number,             &CProjectInformation::SetProjectNo        },
+    {&ProjectData::client,             &CProjectInformation::SetClient           },
+    {&ProjectData::coldRolledCustomer, &CProjectInformation::SetColdRolledCust   },
+    {&ProjectData::coldRolledOrderNo,  &CProjectInformation::SetColdRolledOrderNo},
+    {&ProjectData::contractor,         &CProjectInformation::SetContractor       },
+    {&ProjectData::designer,           &CProjectInformation::SetDesigner         },
+    {&ProjectData::detailer,           &CProjectInformation::SetDetailer         },
+    {&ProjectData::revision,           &CProjectInformation::SetRevision         },
+    {&ProjectData::commentMarker,      &CProjectInformation::SetCommentStr       },
+};
+
+constexpr TextRow kDates[] = {
+    {&ProjectData::coldRolledOrderDate, &CProjectInformation::SetColdRolledOrderDate},
+    {&ProjectData::revisionDate,        &CProjectInformation::SetRevisionDate       },
+    {&ProjectData::deliveryDate,        &CProjectInformation::SetDeliveryDate       },
+};
+
+struct HeaderRow {
+    const wchar_t* label;
+    GetText get;
+};
+
+constexpr HeaderRow kHeaderRows[] = {
+    {L"Model Ref",              &CProjectInformation::GetModelRef           },
+    {L"Project",                &CProjectInformation::GetProjectName        },
+    {L"Project No",             &CProjectInformation::GetProjectNo          },
+    {L"Client",                 &CProjectInformation::GetClient             },
+    {L"Cold Rolled Customer",   &CProjectInformation::GetColdRolledCust     },
+    {L"Cold Rolled Order No",   &CProjectInformation::GetColdRolledOrderNo  },
+    {L"Cold Rolled Order Date", &CProjectInformation::GetColdRolledOrderDate},
+    {L"Contractor",             &CProjectInformation::GetContractor         },
+    {L"Designer",               &CProjectInformation::GetDesigner           },
+    {L"Detailer",               &CProjectInformation::GetDetailer           },
+    {L"Comments",               &CProjectInformation::GetMxComments         },
+    {L"Revision",               &CProjectInformation::GetRevision           },
+    {L"Revision Date",          &CProjectInformation::GetRevisionDate       },
+    {L"Delivery Date",          &CProjectInformation::GetDeliveryDate       },
+    {L"Delivery Address",       &CProjectInformation::GetMxDeliveryAddress  },
+};
+
+ZetArray<ZetString> ToArray(const std::vector<ZetString>& lines) {
+    return ZetArray<ZetString>(lines.begin(), lines.end());
+}
+
+ZetString Joined(const std::vector<ZetString>& lines) {
+    ZetString text;
+    for (std::size_t i = 0; i < lines.size(); ++i)
+        text += (i == 0 ? ZetString() : ZetString(L"\r\n")) + lines[i];
+    return text;
+}
+
+/// The same on every system, unlike the platform's short date.
+ZetString IsoDate(const CalendarDate& date) {
+    return ZetString::format(L"%04d-%02d-%02d", date.year, date.month, date.day);
+}
+
+}  // namespace
+
+JobProjectInformation::JobProjectInformation(const Job& job, const ZetString& location) {
+    m_expectedEntryCount = kSettingsEntries;
+    ZetArray<ZetString> marks;
+    for (std::int32_t i = 0; i < kSettingsEntries; ++i)
+        marks.append(kEntryMark);
+    SetProjInfoArrInFile(std::move(marks));
+    SetTexts(job.project);
+    SetDates(job);
+    SetLocation(location);
+    SetProjFileName(location + job.project.settingsFile);
+    SetOutputFiles(job);
+}
+
+void JobProjectInformation::SetTexts(const ProjectData& project) {
+    for (const TextRow& row : kTexts)
+        (this->*row.set)(project.*row.text);
+    SetComments(ToArray(project.comments));
+    SetMxComments(Joined(project.comments));
+    SetDeliveryAddress(ToArray(project.deliveryAddress));
+    SetMxDeliveryAddress(Joined(project.deliveryAddress));
+}
+
+void JobProjectInformation::SetDates(const Job& job) {
+    for (const TextRow& row : kDates) {
+        const ZetString& text = job.project.*row.text;
+        if (!text.isEmpty())
+            (this->*row.set)(text);
+        else if (job.date)
+            (this->*row.set)(IsoDate(*job.date));
+    }
+}
+
+void JobProjectInformation::SetOutputFiles(const Job& job) {
+    ZetArray<COutPutFiles> files;
+    for (const OutputFile& file : job.files) {
+        COutPutFiles entry;
+        // The dialog joins location, file name and caption to find out whether the file is there.
+        entry.SetValues(job.project.fileName + file.ending, file.ending);
+        files.append(entry);
+    }
+    SetOutPuts(files);
+}
+
+bool JobProjectInformation::ReadSettings() {
+    const ZetString fileName = GetFileName();
+    const bool isSound = GetDetailFromFile();
+    if (GetFileName().isEmpty())
+        SetFileName(fileName);
+    return isSound;
+}
+
+ZetArray<ZetString> JobProjectInformation::MakeHeaderLines() {
+    SetFileHeaderArr({});
+    for (const HeaderRow& row : kHeaderRows) {
+        const ZetString text = (this->*row.get)();
+        if (!text.isEmpty())
+            AppendFileHeaderLine(row.label, text);
+    }
+    return GetFileHeaderArr();
+}
+
+}  // namespace plugin

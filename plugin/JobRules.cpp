@@ -1,0 +1,48 @@
+#include "plugin/JobRules.h"
+
+#include "plugin/FixedPatterns.h"
+#include "plugin/TextPattern.h"
+
+#include "camdata/util/HostBridge.h"
+
+#include <algorithm>
+
+namespace plugin {
+
+namespace {
+
+bool Fits(const ZetString& text, const ZetString& pattern) {
+    return pattern.isEmpty() || MatchesPattern(text.view(), pattern.view());
+}
+
+}  // namespace
+
+JobRules::JobRules(const Job& job) : m_job(job), m_holeRules(job.holeRules) {
+    for (const FixedPattern& pattern : job.patterns)
+        m_patterns.push_back(MakePrescription(pattern));
+    for (const Assembly& assembly : job.assemblies) {
+        m_assemblyMarks.insert(assembly.mark);
+        for (const AssemblyPart& part : assembly.parts)
+            m_assemblyMarks.insert(part.mark);
+    }
+}
+
+const MemberType* JobRules::FindMemberType(ZetNCCreator& creator) const {
+    const ZetString profileName = GetProfileNameFromCreator(&creator);
+    const std::vector<MemberType>& types = m_job.memberTypes;
+    const auto at = std::find_if(types.begin(), types.end(), [&](const MemberType& type) {
+        return Fits(profileName, type.profilePattern) &&
+               Fits(creator.getHeader().profileCode, type.codePattern);
+    });
+    return at == types.end() ? nullptr : &*at;
+}
+
+const CMxSingleMemValidation* JobRules::FindPattern(const MemberType& type) const {
+    return type.pattern ? &m_patterns[*type.pattern] : nullptr;
+}
+
+bool JobRules::IsPartOfAssembly(const ZetString& mark) const {
+    return m_assemblyMarks.count(mark) > 0;
+}
+
+}  // namespace plugin

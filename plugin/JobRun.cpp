@@ -1,0 +1,280 @@
+#include "plugin/JobRun.h"
+
+#include "camdata/holes/CMxGeom.h"
+#include "camdata/platform/Clock.h"
+#include "camdata/util/CMxUtil.h"
+
+#include <algorithm>
+#include <map>
+#include <optional>
+#include <string>
+#include <utility>
+
+namespace plugin {
+
+namespace {
+
+template <typename T>
+ZetArray<T> ToArray(const std::vector<T>& values) {
+    return ZetArray<T>(values.begin(), values.end());
+}
+
+/// Text of a path, with a separator at the end when it is that of a folder ("" as its last name).
+ZetString TextOf(const std::filesystem::path& path) {
+    const std::u8string text = path.u8string();
+    return ZetString::fromUtf8(std::string(text.begin(), text.end()));
+}
+
+/// The day that counts as today while a run of a job with a date lives.
+CalendarDate g_dateOfRun;
+
+CalendarDate DateOfRun() {
+    return g_dateOfRun;
+}
+
+void SetDateOfRun(const std::optional<CalendarDate>& date) {
+    if (date)
+        g_dateOfRun = *date;
+    SetClock(date ? DateOfRun : nullptr);
+}
+
+void SetTolerances(const Tolerances& tolerances) {
+    CMxCamGlobAcc::SetGeomEPSs(tolerances.eps,
+                               tolerances.general,
+                               tolerances.x,
+                               tolerances.y,
+                               tolerances.angle,
+                               tolerances.edgeDistance,
+                               tolerances.distanceFromFace,
+                               tolerances.endDistance);
+}
+
+CMxGroups GroupOf(const Group& source, std::size_t position) {
+    ZetArray<long> files;
+    for (const std::size_t file : source.files)
+        files.append(static_cast<long>(file));
+    CMxGroups group;
+    group.setValues(static_cast<long>(position),
+                    std::move(files),
+                    ToArray(source.headerLines),
+                    ToArray(source.sortKeys));
+    group.SetNesting(source.isNested);
+    return group;
+}
+
+void Count(const MemberResult& member, GroupResult& group) {
+    ++group.members;
+    group.pieces += member.outcome.isValid ? member.quantity : 0;
+    group.invalid += member.outcome.isValid ? 0 : 1;
+    group.withWarnings += member.outcome.hasWarnings ? 1 : 0;
+    group.nonStandard += member.outcome.isNonStandard ? 1 : 0;
+}
+
+}  // namespace
+
+/// A member of a run. Knows what was ordered, which assemblies use up, and lets the run be
+/// cancelled before each member that is written.
+class JobRun::Member final : public JobMember {
+  public:
+    Member(const JobRun& run, const MemberType& type, ZetNCCreator& creator)
+        : JobMember(run.m_rules, type, creator), m_run(run), m_ordered(GetQty()) {}
+
+    void WriteMemOutPut(const ZetArray<ZetFileAccess*>& files,
+                        ZetArray<CMxPeilaib*>& secondaryParts) override {
+        if (m_run.m_isCancelled && m_run.m_isCancelled())
+            throw Cancelled();
+        JobMember::WriteMemOutPut(files, secondaryParts);
+    }
+
+    MemberResult GetResult() const {
+        return {GetMark(), GetProfileName(), GetGroupPosition(), m_ordered, GetOutcome()};
+    }
+
+  private:
+    const JobRun& m_run;
+    long m_ordered;
+};
+
+JobRun::JobRun(const Job& job, const std::filesystem::path& folder) : m_job(job), m_rules(job) {
+    SetTolerances(job.tolerances);
+    SetDateOfRun(job.date);
+    m_accumulator.SetProjectInfo(new JobProjectInformation(job, TextOf(folder / "")));
+    m_accumulator.SetManuFacturerDetails(
+        job.project.fileName, TextOf(folder / ""), TextOf(folder / "") + job.project.fileName);
+}
+
+JobRun::~JobRun() {
+    SetDateOfRun(std::nullopt);
+}
+
+JobProjectInformation& JobRun::GetJobProjectInfo() {
+    return static_cast<JobProjectInformation&>(*m_accumulator.GetProjectInfo());
+}
+
+CProjectInformation& JobRun::GetProjectInfo() {
+    return GetJobProjectInfo();
+}
+
+bool JobRun::ReadSettings() {
+    return GetJobProjectInfo().ReadSettings();
+}
+
+JobRun::Added JobRun::Add(ZetNCEntity& entity) {
+    ZetNCCreator creator;
+    creator.setNCEntity(&entity);
+    creator.create();
+    const MemberType* type = m_rules.FindMemberType(creator);
+    if (type == nullptr)
+        return Added::kNoType;
+    if (type->isSkipped)
+        return Added::kSkipped;
+    auto member = std::make_unique<Member>(*this, *type, creator);
+    member->ValidateMember();
+    // Parts of assemblies are settled as they are written: a main part lacks what was not selected.
+    if (!member->getIsPartOfAssy())
+        member->SettleReport();
+    member->MakeOutput();
+    m_members.push_back(std::move(member));
+    return Added::kAdded;
+}
+
+// ---- writing ------------------------------------------------------------------------------------
+
+bool JobRun::Write(const std::filesystem::path& folder, const CancelCheck& isCancelled) {
+    const ZetString folderText = TextOf(folder / "");
+    m_isCancelled = isCancelled;
+    SetUpFiles(folderText);
+    SetUpGroups();
+    SetUpAdditionalInfo();
+    for (const auto& member : m_members)
+        m_accumulator.Append(member.get());
+    try {
+        m_accumulator.WriteOutPut();
+    } catch (const Cancelled&) {
+        // The files end with their groups.
+        m_accumulator.appendFileGroups({});
+        return false;
+    }
+    m_faults = m_accumulator.GetFileFaults();
+    WriteCuttingList(folderText);
+    return true;
+}
+
+ZetString JobRun::GetFileName(const ZetString& ending) {
+    return GetProjectInfo().GetFileName() + ending;
+}
+
+std::vector<ZetString> JobRun::GetFileNames() {
+    std::vector<ZetString> names;
+    for (const OutputFile& file : m_job.files)
+        names.push_back(GetFileName(file.ending));
+    if (IsAnyGroupNested())
+        names.push_back(GetFileName(kCuttingListEnding));
+    return names;
+}
+
+void JobRun::SetUpFiles(const ZetString& folder) {
+    const ZetArray<ZetString> projectHeader = GetJobProjectInfo().MakeHeaderLines();
+    ZetArray<CMxFileGroups> files;
+    for (const OutputFile& source : m_job.files) {
+        ZetArray<ZetString> header = ToArray(source.headerLines);
+        if (source.hasProjectHeader)
+            header.appendAll(projectHeader);
+        const ZetString name = GetFileName(source.ending);
+        CMxFileGroups file;
+        file.setValues(files.length(), folder + name, name, std::move(header), false, true);
+        files.append(std::move(file));
+    }
+    m_accumulator.appendFileGroups(std::move(files));
+}
+
+/// A group's ID is its position everywhere.
+void JobRun::SetUpGroups() {
+    ZetArray<int> indexMap;
+    ZetArray<CMxGroups> groups;
+    for (std::size_t i = 0; i < m_job.groups.size(); ++i) {
+        indexMap.append(static_cast<int>(i));
+        groups.append(GroupOf(m_job.groups[i], i));
+    }
+    m_accumulator.appendGroups(std::move(indexMap), std::move(groups));
+}
+
+void JobRun::SetUpAdditionalInfo() {
+    ZetArray<ZetArray<ZetString>> blocks;
+    for (const std::vector<ZetString>& header : m_job.infoHeaders)
+        blocks.append(ToArray(header));
+    ZetArray<long> order;
+    for (const std::size_t block : m_job.infoOrder)
+        order.append(static_cast<long>(block));
+    CMxAddlInfo info;
+    info.SetAddInfoArr(std::move(blocks), std::move(order));
+    m_accumulator.SetAddInfo(std::move(info));
+}
+
+// ---- cutting list -------------------------------------------------------------------------------
+
+bool JobRun::IsAnyGroupNested() const {
+    return std::any_of(m_job.groups.begin(), m_job.groups.end(), [](const Group& group) {
+        return group.isNested;
+    });
+}
+
+void JobRun::WriteCuttingList(const ZetString& folder) {
+    if (!IsAnyGroupNested())
+        return;
+    ZetFileAccess file;
+    const ZetString name = folder + GetFileName(kCuttingListEnding);
+    file.Open(name, L"w");
+    for (std::size_t group = 0; group < m_job.groups.size(); ++group)
+        CMxUtil::AsArrStrPrint(CutGroup(group), &file);
+    file.Close();
+    if (file.GetFault())
+        m_faults.append({name, file.GetFault()->operation, file.GetFault()->systemError});
+}
+
+/// Nests the parts of a group; the lines of its cutting list.
+ZetArray<ZetString> JobRun::CutGroup(std::size_t group) {
+    Member* const holder = FindNestHolder(group);
+    if (holder == nullptr)
+        return {};
+    const ZetArray<CMxParts> parts = holder->GetPartsToNest();
+    const CuttingList list(parts, holder->MakeNests());
+    m_nestResults.push_back({list.GetFigures(), group});
+    ZetArray<ZetString> lines =
+        list.MakeLines(ZetString::format(L"Cutting list of group %s", m_job.groups[group].id));
+    lines.append(L"");
+    return lines;
+}
+
+/// The member that the library has made the holder of its group's parts.
+JobRun::Member* JobRun::FindNestHolder(std::size_t group) const {
+    const auto at = std::find_if(m_members.begin(), m_members.end(), [&](const auto& member) {
+        return member->GetGroupPosition() == group && !member->GetPartsToNest().isEmpty();
+    });
+    return at == m_members.end() ? nullptr : at->get();
+}
+
+// ---- results ------------------------------------------------------------------------------------
+
+std::vector<MemberResult> JobRun::GetMemberResults() const {
+    std::vector<MemberResult> results;
+    for (const auto& member : m_members)
+        results.push_back(member->GetResult());
+    return results;
+}
+
+std::vector<GroupResult> JobRun::GetGroupResults() const {
+    std::map<std::size_t, GroupResult> groups;
+    for (const auto& member : m_members) {
+        const MemberResult result = member->GetResult();
+        GroupResult& group = groups[result.group];
+        group.group = result.group;
+        Count(result, group);
+    }
+    std::vector<GroupResult> results;
+    for (const auto& [position, group] : groups)
+        results.push_back(group);
+    return results;
+}
+
+}  // namespace plugin

@@ -1,0 +1,377 @@
+#include "plugin/MachineRecord.h"
+
+#include "camdata/holes/CMxGeom.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <cstddef>
+#include <iterator>
+#include <limits>
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+#include <utility>
+
+namespace plugin {
+
+namespace {
+
+constexpr int kDecimals = 3;
+constexpr std::wstring_view kMemberWord = L"member";
+constexpr std::wstring_view kEndWord = L"end";
+
+// ---- fields -------------------------------------------------------------------------------------
+
+using Words = std::span<const std::wstring_view>;
+
+/// By eHoleFace.
+constexpr std::array<std::wstring_view, 7> kFaceWords = {L"web",
+                                                         L"top_flange",
+                                                         L"bottom_flange",
+                                                         L"sloped_top_flange",
+                                                         L"sloped_bottom_flange",
+                                                         L"web_back",
+                                                         L"none"};
+static_assert(kFaceWords.size() == eHoleFaceNone + 1);
+/// By MachineCut.
+constexpr std::array<std::wstring_view, 2> kCutWords = {L"external", L"internal"};
+/// By ZetNCHoleData::Kind.
+constexpr std::array<std::wstring_view, 3> kThreadWords = {L"none", L"right", L"left"};
+
+/// A field that holds one of some words, as the position of its word.
+template <typename Record>
+struct WordField {
+    int Record::*value;
+    Words words;
+};
+
+template <typename Record>
+struct Field {
+    std::wstring_view name;
+    std::variant<double Record::*,
+                 long Record::*,
+                 ZetString Record::*,
+                 ZetArray<ZetGeomPoint2d> Record::*,
+                 WordField<Record>>
+        value;
+};
+
+constexpr Field<MachineMember> kMemberFields[] = {
+    {L"mark",     &MachineMember::mark    },
+    {L"quantity", &MachineMember::quantity},
+    {L"profile",  &MachineMember::profile },
+    {L"length",   &MachineMember::length  },
+};
+
+using Operation = MachineOperation;
+using OperationField = Field<Operation>;
+
+constexpr OperationField kFace = {
+    L"face", WordField<Operation>{&Operation::face, kFaceWords}
+};
+constexpr OperationField kCut = {
+    L"cut", WordField<Operation>{&Operation::cut, kCutWords}
+};
+constexpr OperationField kX = {L"x", &Operation::x};
+constexpr OperationField kY = {L"y", &Operation::y};
+constexpr OperationField kDiameter = {L"diameter", &Operation::diameter};
+constexpr OperationField kLength = {L"length", &Operation::length};
+constexpr OperationField kWidth = {L"width", &Operation::width};
+constexpr OperationField kAngle = {L"angle", &Operation::angle};
+constexpr OperationField kDepth = {L"depth", &Operation::depth};
+constexpr OperationField kSinkDiameter = {L"sink_diameter", &Operation::sinkDiameter};
+constexpr OperationField kSinkDepth = {L"sink_depth", &Operation::sinkDepth};
+constexpr OperationField kThread = {
+    L"thread", WordField<Operation>{&Operation::thread, kThreadWords}
+};
+constexpr OperationField kPoints = {L"points", &Operation::points};
+constexpr OperationField kCode = {L"code", &Operation::code};
+
+constexpr OperationField kHole[] = {kFace, kX, kY, kDiameter, kDepth, kThread, kCode};
+constexpr OperationField kCountersunk[] = {
+    kFace, kX, kY, kDiameter, kDepth, kSinkDiameter, kSinkDepth, kCode};
+constexpr OperationField kSlot[] = {kFace, kX, kY, kWidth, kLength, kAngle, kDepth, kCode};
+constexpr OperationField kRectangle[] = {kFace, kX, kY, kLength, kWidth, kCode};
+constexpr OperationField kNotch[] = {kFace, kCut, kX, kY, kLength, kWidth, kCode};
+constexpr OperationField kOutline[] = {kFace, kCut, kX, kY, kPoints, kCode};
+
+struct OperationType {
+    std::wstring_view word;
+    std::span<const OperationField> fields;
+};
+
+/// By MachineOperationKind.
+constexpr std::array<OperationType, 6> kOperations = {
+    {
+     {L"hole", kHole},
+     {L"countersunk", kCountersunk},
+     {L"slot", kSlot},
+     {L"rectangle", kRectangle},
+     {L"notch", kNotch},
+     {L"outline", kOutline},
+     }
+};
+static_assert(kOperations.size() == static_cast<std::size_t>(MachineOperationKind::kOutline) + 1);
+
+// ---- values -------------------------------------------------------------------------------------
+
+struct Escape {
+    wchar_t character;
+    wchar_t letter;  ///< behind the backslash
+};
+
+/// Characters that a text in quotes may not hold as they are.
+constexpr Escape kEscapes[] = {
+    {L'"',  L'"' },
+    {L'\\', L'\\'},
+    {L'\n', L'n' },
+    {L'\r', L'r' },
+};
+
+const Escape* FindEscape(wchar_t Escape::*part, wchar_t c) {
+    const auto* const at = std::find_if(
+        std::begin(kEscapes), std::end(kEscapes), [&](const Escape& e) { return e.*part == c; });
+    return at == std::end(kEscapes) ? nullptr : at;
+}
+
+ZetString Quoted(const ZetString& text) {
+    std::wstring quoted = L"\"";
+    for (const wchar_t c : text.view()) {
+        const Escape* const escape = FindEscape(&Escape::character, c);
+        if (escape != nullptr)
+            quoted += L'\\';
+        quoted += escape != nullptr ? escape->letter : c;
+    }
+    return ZetString(quoted + L'"');
+}
+
+/// What stands in quotes at the beginning of `text`, which is then what follows; nothing when there
+/// is no such text.
+std::optional<ZetString> TakeQuoted(std::wstring_view& text) {
+    std::wstring value;
+    for (std::size_t at = 1; !text.empty() && text[0] == L'"' && at < text.size(); ++at) {
+        if (text[at] == L'"') {
+            text.remove_prefix(at + 1);
+            return ZetString(std::move(value));
+        }
+        if (text[at] != L'\\') {
+            value += text[at];
+            continue;
+        }
+        const Escape* const escape =
+            ++at < text.size() ? FindEscape(&Escape::letter, text[at]) : nullptr;
+        if (escape == nullptr)
+            break;
+        value += escape->character;
+    }
+    return std::nullopt;
+}
+
+/// What stands before the first of `separators`, or all; `text` is then what follows that.
+std::wstring_view TakeUntil(std::wstring_view& text, std::wstring_view separators) {
+    const std::wstring_view taken = text.substr(0, text.find_first_of(separators));
+    text.remove_prefix(taken.size());
+    return taken;
+}
+
+/// No sign before a zero.
+ZetString FormatNumber(double value) {
+    return ZetString::format(L"%.3f", CMxGeom::Round_CAM(value, kDecimals) + 0.0);
+}
+
+std::optional<double> ParseNumber(std::wstring_view text) {
+    const bool isNumber =
+        !text.empty() && text.find_first_not_of(L"-0123456789.") == std::wstring_view::npos;
+    return isNumber ? std::optional(ZetString(text).toDouble(true)) : std::nullopt;
+}
+
+std::optional<long> ParseCount(std::wstring_view text) {
+    constexpr auto kTooMany = static_cast<double>(std::numeric_limits<long>::max());
+    const std::optional<double> number = ParseNumber(text);
+    const bool isCount = number && std::abs(*number) < kTooMany && std::trunc(*number) == *number;
+    return isCount ? std::optional(static_cast<long>(*number)) : std::nullopt;
+}
+
+ZetString FormatPoints(const ZetArray<ZetGeomPoint2d>& points) {
+    ZetString text;
+    for (const ZetGeomPoint2d& point : points)
+        text += ZetString(text.isEmpty() ? L"" : L" ") + FormatNumber(point.x) + L"," +
+                FormatNumber(point.y);
+    return Quoted(text);
+}
+
+std::optional<ZetArray<ZetGeomPoint2d>> ParsePoints(std::wstring_view text) {
+    ZetArray<ZetGeomPoint2d> points;
+    while (!text.empty()) {
+        std::wstring_view pair = TakeUntil(text, L" ");
+        text.remove_prefix(text.empty() ? 0 : 1);
+        const std::optional<double> x = ParseNumber(TakeUntil(pair, L","));
+        const std::optional<double> y = ParseNumber(pair.substr(pair.empty() ? 0 : 1));
+        if (!x || !y)
+            return std::nullopt;
+        points.append({*x, *y});
+    }
+    return points;
+}
+
+// ---- lines --------------------------------------------------------------------------------------
+
+/// Writes one field of a record.
+template <typename Record>
+struct FieldFormatter {
+    const Record& record;
+
+    ZetString operator()(double Record::*value) const { return FormatNumber(record.*value); }
+    ZetString operator()(long Record::*value) const {
+        return ZetString::format(L"%d", record.*value);
+    }
+    ZetString operator()(ZetString Record::*value) const { return Quoted(record.*value); }
+    ZetString operator()(ZetArray<ZetGeomPoint2d> Record::*value) const {
+        return FormatPoints(record.*value);
+    }
+    ZetString operator()(const WordField<Record>& field) const {
+        return ZetString(field.words[static_cast<std::size_t>(record.*field.value)]);
+    }
+};
+
+/// Takes one field of a record from the beginning of `text`. False when it does not stand there.
+template <typename Record>
+struct FieldParser {
+    Record& record;
+    std::wstring_view& text;
+
+    bool operator()(double Record::*value) const {
+        return Set(value, ParseNumber(TakeUntil(text, L" ")));
+    }
+    bool operator()(long Record::*value) const {
+        return Set(value, ParseCount(TakeUntil(text, L" ")));
+    }
+    bool operator()(ZetString Record::*value) const { return Set(value, TakeQuoted(text)); }
+    bool operator()(ZetArray<ZetGeomPoint2d> Record::*value) const {
+        const std::optional<ZetString> points = TakeQuoted(text);
+        return points && Set(value, ParsePoints(points->view()));
+    }
+    bool operator()(const WordField<Record>& field) const {
+        const auto at = std::find(field.words.begin(), field.words.end(), TakeUntil(text, L" "));
+        record.*field.value = static_cast<int>(at - field.words.begin());
+        return at != field.words.end();
+    }
+
+  private:
+    template <typename T>
+    bool Set(T Record::*value, std::optional<T> read) const {
+        if (read)
+            record.*value = std::move(*read);
+        return read.has_value();
+    }
+};
+
+template <typename Record>
+ZetString FormatLine(std::wstring_view word,
+                     std::span<const Field<Record>> fields,
+                     const Record& record) {
+    ZetString line(word);
+    for (const Field<Record>& field : fields)
+        line += L" " + ZetString(field.name) + L"=" +
+                std::visit(FieldFormatter<Record>{record}, field.value);
+    return line;
+}
+
+bool TakePrefix(std::wstring_view& text, std::wstring_view prefix) {
+    const bool isThere = text.substr(0, prefix.size()) == prefix;
+    text.remove_prefix(isThere ? prefix.size() : 0);
+    return isThere;
+}
+
+/// Reads what follows the word of a line. The fault, "" when there is none.
+template <typename Record>
+ZetString ParseFields(std::wstring_view text,
+                      std::span<const Field<Record>> fields,
+                      Record& record) {
+    for (const Field<Record>& field : fields) {
+        const bool isThere =
+            TakePrefix(text, L" ") && TakePrefix(text, field.name) && TakePrefix(text, L"=");
+        if (!isThere)
+            return ZetString::format(L"the field %s is missing", field.name);
+        if (!std::visit(FieldParser<Record>{record, text}, field.value))
+            return ZetString::format(L"the field %s has no valid value", field.name);
+    }
+    return text.empty() ? L"" : L"there is more in the line than its fields";
+}
+
+/// Puts a text together to members, line by line.
+class RecordReader {
+  public:
+    /// The fault of the line, "" when there is none.
+    ZetString Add(std::wstring_view line) {
+        if (m_isInBlock)
+            return AddToBlock(line);
+        return IsMember(line) ? Begin(line) : ZetString();
+    }
+    ZetString End() const { return m_isInBlock ? L"the member has no end" : L""; }
+    std::vector<MachineMember> TakeMembers() { return std::move(m_members); }
+
+  private:
+    static bool IsMember(std::wstring_view line) {
+        return TakePrefix(line, kMemberWord) && TakePrefix(line, L" ");
+    }
+
+    ZetString Begin(std::wstring_view line) {
+        m_isInBlock = true;
+        line.remove_prefix(kMemberWord.size());
+        return ParseFields<MachineMember>(line, kMemberFields, m_members.emplace_back());
+    }
+
+    ZetString AddToBlock(std::wstring_view line) {
+        if (line == kEndWord) {
+            m_isInBlock = false;
+            return {};
+        }
+        const std::wstring_view word = TakeUntil(line, L" ");
+        const auto* const type =
+            std::find_if(kOperations.begin(), kOperations.end(), [&](const OperationType& known) {
+                return known.word == word;
+            });
+        if (type == kOperations.end())
+            return L"no operation of that name is known";
+        MachineOperation& operation = m_members.back().operations.emplace_back();
+        operation.kind = static_cast<MachineOperationKind>(type - kOperations.begin());
+        return ParseFields(line, type->fields, operation);
+    }
+
+    bool m_isInBlock = false;
+    std::vector<MachineMember> m_members;
+};
+
+}  // namespace
+
+ZetString FormatMemberLine(const MachineMember& member) {
+    return FormatLine<MachineMember>(kMemberWord, kMemberFields, member);
+}
+
+ZetString FormatOperationLine(const MachineOperation& operation) {
+    const OperationType& type = kOperations[static_cast<std::size_t>(operation.kind)];
+    return FormatLine(type.word, type.fields, operation);
+}
+
+ZetString MemberEndLine() {
+    return ZetString(kEndWord);
+}
+
+std::variant<std::vector<MachineMember>, MachineFault> ReadMachineRecords(const ZetString& text) {
+    RecordReader reader;
+    std::wstring_view rest = text.view();
+    for (long line = 1; !rest.empty(); ++line) {
+        ZetString fault = reader.Add(TakeUntil(rest, L"\n"));
+        rest.remove_prefix(rest.empty() ? 0 : 1);
+        if (fault.isEmpty() && rest.empty())
+            fault = reader.End();
+        if (!fault.isEmpty())
+            return MachineFault{line, std::move(fault)};
+    }
+    return reader.TakeMembers();
+}
+
+}  // namespace plugin

@@ -1,0 +1,79 @@
+#pragma once
+
+#include "camdata/holes/eHoleFace.h"
+#include "camdata/platform/ZetArray.h"
+#include "camdata/platform/ZetGeomPoint2d.h"
+#include "camdata/platform/ZetNCHoleData.h"
+#include "camdata/platform/ZetString.h"
+
+#include <variant>
+#include <vector>
+
+/// @file
+/// The machine records: plain text with a block for each member and a line for each operation, as
+/// docs/machine-file.md tells. One table of fields is what both the writer and the reader follow.
+
+namespace plugin {
+
+/// What is done to a member in one place.
+enum class MachineOperationKind {
+    kHole,         ///< round, or threaded
+    kCountersunk,  ///< round, with a countersink
+    kSlot,         ///< with round ends
+    kRectangle,    ///< a rectangular or square hole
+    kNotch,        ///< a rectangle along the member, cut from the outline or out of the face
+    kOutline,      ///< any other shape, cut from the outline or out of the face
+};
+
+/// Where a notch is cut.
+enum MachineCut : int {
+    kExternalCut = 0,  ///< from the outline of the face
+    kInternalCut = 1,  ///< out of the face
+};
+
+/// One operation on a member, mm and degrees, in the frame of its face: X along the member from its
+/// start, Y across the face. Fields that the kind does not have stay as they are here.
+struct MachineOperation {
+    MachineOperationKind kind = MachineOperationKind::kHole;
+    int face = eHoleFaceNone;  ///< eHoleFace
+    int cut = kExternalCut;
+    double x = 0.0;  ///< of the centre
+    double y = 0.0;
+    double diameter = 0.0;
+    double length = 0.0;  ///< overall
+    double width = 0.0;
+    double angle = 0.0;  ///< of a slot, from X; from 0 to below 180
+    double depth = 0.0;  ///< 0: through
+    double sinkDiameter = 0.0;
+    double sinkDepth = 0.0;
+    int thread = ZetNCHoleData::eKindPlain;  ///< ZetNCHoleData::Kind without countersunk
+    ZetArray<ZetGeomPoint2d> points;         ///< corners of an outline, each once
+    ZetString code;
+};
+
+/// One member with its operations.
+struct MachineMember {
+    ZetString mark;
+    long quantity = 0;
+    ZetString profile;
+    double length = 0.0;
+    std::vector<MachineOperation> operations;
+};
+
+/// The line that begins a member's block; its operations are not looked at.
+ZetString FormatMemberLine(const MachineMember& member);
+ZetString FormatOperationLine(const MachineOperation& operation);
+/// The line that ends a member's block.
+ZetString MemberEndLine();
+
+/// The first fault of a text that should hold machine records.
+struct MachineFault {
+    long line = 0;  ///< from 1
+    ZetString text;
+};
+
+/// Reads all members of a text. Outside of blocks, lines that do not begin one are headings and are
+/// passed over.
+std::variant<std::vector<MachineMember>, MachineFault> ReadMachineRecords(const ZetString& text);
+
+}  // namespace plugin

@@ -1,0 +1,165 @@
+#include "plugin/JobMember.h"
+#include "plugin/MachineRecord.h"
+
+#include "camdata/holes/CMxGeom.h"
+
+#include <cmath>
+
+namespace plugin {
+
+namespace {
+
+constexpr int kDecimals = 3;  ///< of what the records hold
+
+bool IsManufactured(const CHoleAddlInfo& hole) {
+    const eHoleStatus status = hole.GetHoleStatus();
+    return hole.GetValid() && (status == eHoleStatusGroup || status == eHoleStatusIsPair);
+}
+
+bool IsManufactured(const CNotchAddInfo& notch) {
+    const eNotchStatus status = notch.GetNotchStatus();
+    return status == eNotchValid || status == eNotchCornerMatched;
+}
+
+// ---- holes --------------------------------------------------------------------------------------
+
+MachineOperationKind KindOf(const CHoleAddlInfo& hole) {
+    switch (hole.GetHoleShapeType()) {
+        case eHoleShapeRectangular:
+        case eHoleShapeSquare:
+            return MachineOperationKind::kRectangle;
+        case eHoleShapeCountersunk:
+            return MachineOperationKind::kCountersunk;
+        case eHoleShapeSlot:
+            return MachineOperationKind::kSlot;
+        default:
+            return MachineOperationKind::kHole;
+    }
+}
+
+int ThreadOf(const CHoleAddlInfo& hole) {
+    const int kind = hole.GetHoleData().kind;
+    const bool isThread =
+        kind == ZetNCHoleData::eKindThreadRight || kind == ZetNCHoleData::eKindThreadLeft;
+    return isThread ? kind : int{ZetNCHoleData::eKindPlain};
+}
+
+/// The angle of a slot in the frame of its face: each axis that the view turns round mirrors it.
+double AngleOf(const CHoleAddlInfo& hole) {
+    const CViewData& view = hole.GetViewData();
+    double angle = hole.GetSlotAngle();
+    for (const double factor :
+         {view.GetDimXNegate(), view.GetDimYNegate(), view.GetDimFromOtherFace()})
+        angle = factor < 0.0 ? -angle : angle;
+    angle = std::fmod(CMxGeom::Round_CAM(angle, kDecimals), 180.0);
+    return angle < 0.0 ? angle + 180.0 : angle;
+}
+
+MachineOperation OperationOf(const CHoleAddlInfo& hole) {
+    MachineOperation operation;
+    operation.kind = KindOf(hole);
+    operation.face = hole.GetViewData().GetHoleFace();
+    operation.x = hole.GetXPos();
+    operation.y = hole.GetYPos();
+    operation.diameter = hole.GetSize();
+    operation.width = hole.GetSize();
+    operation.length = OverallLength(hole);
+    operation.angle = AngleOf(hole);
+    operation.depth = hole.GetHoleData().depth;
+    operation.thread = ThreadOf(hole);
+    operation.code = hole.GetHoleCode();
+    return operation;
+}
+
+// ---- notches ------------------------------------------------------------------------------------
+
+/// A point of a view in the frame of its face, as CNotchAddInfo::CorrectData turns positions.
+ZetGeomPoint2d OnFace(ZetGeomPoint2d point, const CViewData& view) {
+    if (view.GetDimYNegate() < 0.0)
+        point.y = -point.y;
+    if (view.GetDimFromOtherFace() < 0.0)
+        point.y = view.GetFaceWidth() - point.y;
+    return point;
+}
+
+/// The corners, without the closing repeat.
+ZetArray<ZetGeomPoint2d> CornersOf(const CNotchAddInfo& notch) {
+    const CViewData view = notch.GetViewData();
+    ZetArray<ZetGeomPoint2d> corners;
+    for (const ZetGeomPoint2d& point : notch.GetOutline())
+        corners.append(OnFace(point, view));
+    if (!corners.isEmpty())
+        corners.setLength(corners.length() - 1);
+    return corners;
+}
+
+MachineOperation OperationOf(const CNotchAddInfo& notch) {
+    const bool isRectangle = notch.GetIsRect() && notch.GetIsParallelToAxis();
+    MachineOperation operation;
+    operation.kind = isRectangle ? MachineOperationKind::kNotch : MachineOperationKind::kOutline;
+    operation.face = notch.GetViewData().GetHoleFace();
+    operation.cut = notch.GetIsInternal() ? kInternalCut : kExternalCut;
+    operation.x = notch.GetXPos();
+    operation.y = notch.GetYPos();
+    operation.length = notch.GetLength();
+    operation.width = notch.GetWidth();
+    if (!isRectangle)
+        operation.points = CornersOf(notch);
+    operation.code = notch.GetOutMsg();
+    return operation;
+}
+
+}  // namespace
+
+void JobMember::GenerateOutPutStringForHoles() {
+    const std::map<HolePlace, const CHoleAddlInfo*> sinks = SinksByPlace();
+    for (const CHoleAddlInfo& hole : m_holes) {
+        if (!IsManufactured(hole))
+            continue;
+        MachineOperation operation = OperationOf(hole);
+        const auto sink = sinks.find(PlaceOf(hole));
+        if (hole.GetIsCSK() && sink != sinks.end()) {
+            operation.sinkDiameter = sink->second->GetSize();
+            operation.sinkDepth = sink->second->GetHoleData().depth;
+        }
+        m_textList1.append(FormatOperationLine(operation));
+    }
+}
+
+/// The countersinks; the library finds the hole of one at exactly its place.
+std::map<JobMember::HolePlace, const CHoleAddlInfo*> JobMember::SinksByPlace() const {
+    std::map<HolePlace, const CHoleAddlInfo*> sinks;
+    for (const CHoleAddlInfo& sink : m_cskHoles)
+        sinks.insert({PlaceOf(sink), &sink});
+    return sinks;
+}
+
+JobMember::HolePlace JobMember::PlaceOf(const CHoleAddlInfo& hole) {
+    return {hole.GetViewData().GetHoleFace(), hole.GetXPos(), hole.GetYPos()};
+}
+
+void JobMember::GenerateOutPutStringForNotches() {
+    for (const CNotchAddInfo& notch : m_notches) {
+        if (IsManufactured(notch))
+            m_textList2.append(FormatOperationLine(OperationOf(notch)));
+    }
+}
+
+void JobMember::GenerateMemData() {
+    MachineMember member;
+    member.mark = GetMark();
+    member.quantity = GetQty();
+    member.profile = GetProfileName();
+    member.length = GetLength();
+    m_textList3.append(FormatMemberLine(member));
+}
+
+ZetString JobMember::GetMemOutPutStr() {
+    ZetString text;
+    for (const auto* lines : {&m_textList3, &m_textList1, &m_textList2})
+        for (const ZetString& line : *lines)
+            text += line + L"\n";
+    return text + MemberEndLine() + L"\n";
+}
+
+}  // namespace plugin
