@@ -1,5 +1,5 @@
-// Compiled for its debug information, from which the binary interface is read. That tells of classes
-// by themselves, but of functions outside of classes only when they are used.
+// Compiled for its debug information, from which the binary interface is read. That tells of
+// classes by themselves, but of functions outside of classes only when they are used.
 #include "camdata/camdata.h"
 
 extern const void* const g_freeFunctions[];
@@ -15,7 +15,9 @@ const void* const g_freeFunctions[] = {
     USED(GetProfileNameFromCreator),
     USED(ModuleFileVersion),
     USED(OwnModule),
+    USED(ParseDate),
     USED(SetClock),
+    USED(SetDialogDriver),
     USED(SetZetAssertHandler),
     USED(Today),
     USED(camdata::detail::FailAssertion),

@@ -40,7 +40,7 @@ if [ -n "${UPDATE_GOLDEN:-}" ]; then
     exit 0
 fi
 if ! diff -u --label "$list" --label "$library" "$list" "$scratch/list"; then
-    echo "Plug-ins that were built before no longer fit the library. If this is meant to be, accept it with"
-    echo "UPDATE_GOLDEN=1 ctest -R '^abi$' and say so in CHANGELOG.md."
+    echo "Plug-ins that were built before may no longer fit the library. If this is meant to be, accept it"
+    echo "(UPDATE_GOLDEN=1 ctest -R '^abi$' for either system) and say so in CHANGELOG.md."
     exit 1
 fi
