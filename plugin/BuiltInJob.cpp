@@ -12,6 +12,10 @@ namespace {
 
 constexpr double kAnyLength = 1e9;
 
+/// Findings that stand with the records of holes and notches, and need no lines of the member.
+constexpr ValidationType kToldByRecords[] = {
+    kHoleDistance, kHoleInsideSlot, kDuplicateHole, kDuplicateNotch};
+
 CMemTypeAndAttrib TypeFromHeader() {
     constexpr eProfPropType kSource = eProfPropHeader;
     constexpr eProfPropType kNone = eProfPropNone;
@@ -35,6 +39,8 @@ CMemberValidations NoLimits() {
     limits.SetMaximumLength(kAnyLength);
     for (int type = kUncoveredHole; type <= kLongerThanStock; ++type)
         limits.SetReportType(static_cast<eValidationTypes>(type), eReportingWarning);
+    for (const ValidationType type : kToldByRecords)
+        limits.SetReportType(static_cast<eValidationTypes>(type), eReportingNonStdSilent);
     return limits;
 }
 

@@ -9,7 +9,8 @@ Job MakeEmptyJob();
 
 /// A job that judges members without rules of any machine: all dimensions from the NC header, no
 /// limits, one group "members", every hole and notch accepted. Distances to edges and ends are
-/// checked against the usual limits; that, like every other finding of the plug-in, is a warning.
+/// checked against the usual limits. Findings of the plug-in are warnings; those of distances and
+/// of what was set aside give no lines, the records of holes and notches tell them.
 Job BuiltInJob();
 
 }  // namespace plugin
