@@ -33,8 +33,9 @@ using NcFilesResult = std::variant<std::vector<std::filesystem::path>, std::vect
 JobResult ReadJobFile(const std::filesystem::path& file);
 
 /// The NC files that the patterns of a job name, each once, in the order of the bytes of their
-/// UTF-8 names. * stands for any text and ? for one character, neither for a slash; capitals and
-/// small letters differ on every system. A pattern without a file is a fault.
+/// UTF-8 names. * stands for any text and ? for one character, neither for a slash nor
+/// for a dot that a name begins with; capitals and small letters differ on every system. A pattern
+/// without a file is a fault.
 NcFilesResult ExpandNcFiles(const Job& job);
 
 /// The folder of the output, as the job names it.
