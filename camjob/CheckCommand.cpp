@@ -4,10 +4,17 @@
 #include "camjob/CheckText.h"
 #include "camjob/CommandLine.h"
 #include "camjob/Paths.h"
+#include "camjob/ReportText.h"
 #include "dstv/NcReader.h"
+#include "plugin/BuiltInJob.h"
+#include "plugin/JobFile.h"
+
+#include "camdata/output/CMxCamGlobAcc.h"
 
 #include <memory>
 #include <utility>
+#include <variant>
+#include <vector>
 
 namespace camjob {
 
@@ -19,16 +26,21 @@ dstv::NcResult ReadFile(const std::string& name) {
     return dstv::ReadNcFile(PathFromUtf8(name));
 }
 
-void CheckFile(const std::string& name, CheckWriter& writer, CheckSummary& summary) {
+CheckResult CheckFile(const std::string& name, const CheckRules& rules) {
     dstv::NcResult result = ReadFile(name);
+    if (auto* error = std::get_if<dstv::NcError>(&result))
+        return std::move(*error);
+    return MakeCheckReport(std::get<dstv::NcPart>(std::move(result)), rules);
+}
+
+void ReportFile(const CheckResult& result, CheckWriter& writer, CheckSummary& summary) {
     if (const auto* error = std::get_if<dstv::NcError>(&result)) {
         summary.Add(*error);
         writer.AddRefused(*error);
         return;
     }
-    const CheckReport report = MakeCheckReport(std::get<dstv::NcPart>(std::move(result)));
-    summary.Add(report);
-    writer.AddRead(report);
+    summary.Add(std::get<CheckReport>(result));
+    writer.AddRead(std::get<CheckReport>(result));
 }
 
 std::unique_ptr<CheckWriter> MakeWriter(bool asJson, OutputStream& out, OutputStream& err) {
@@ -37,14 +49,40 @@ std::unique_ptr<CheckWriter> MakeWriter(bool asJson, OutputStream& out, OutputSt
     return std::make_unique<CheckTextWriter>(out, err);
 }
 
+void SetTolerances(const plugin::Tolerances& tolerances) {
+    CMxCamGlobAcc::SetGeomEPSs(tolerances.eps,
+                               tolerances.general,
+                               tolerances.x,
+                               tolerances.y,
+                               tolerances.angle,
+                               tolerances.edgeDistance,
+                               tolerances.distanceFromFace,
+                               tolerances.endDistance);
+}
+
+plugin::JobResult ReadRules(const std::string& job) {
+    return job.empty() ? plugin::BuiltInJob() : plugin::ReadJobFile(PathFromUtf8(job));
+}
+
+int Refuse(const std::vector<plugin::JobError>& errors, OutputStream& err) {
+    for (const plugin::JobError& error : errors)
+        err.Write(Printable(OneLine(ZetString::fromUtf8(plugin::DescribeJobError(error)))) + "\n");
+    return kExitBadInput;
+}
+
 }  // namespace
 
 int RunCheck(const CheckOptions& options, OutputStream& out, OutputStream& err) {
+    const plugin::JobResult job = ReadRules(options.job);
+    if (const auto* errors = std::get_if<std::vector<plugin::JobError>>(&job))
+        return Refuse(*errors, err);
+    SetTolerances(std::get<plugin::Job>(job).tolerances);
+    const plugin::JobRules rules(std::get<plugin::Job>(job));
     CheckSummary summary;
     const std::unique_ptr<CheckWriter> writer = MakeWriter(options.asJson, out, err);
     writer->Begin();
     for (const std::string& name : options.files) {
-        CheckFile(name, *writer, summary);
+        ReportFile(CheckFile(name, {rules, !options.job.empty()}), *writer, summary);
         if (!out.Flush())
             break;
     }

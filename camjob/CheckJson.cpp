@@ -20,6 +20,10 @@ Json OrNull(const std::optional<double>& value) {
     return value ? Json(*value) : Json();
 }
 
+Json OrNull(const ZetString& text) {
+    return text.isEmpty() ? Json() : Json(text.toUtf8());
+}
+
 Json ToJson(const ZetNCHeaderData& header) {
     return {
         {"mark",        header.mark.toUtf8()                                     },
@@ -96,6 +100,7 @@ Json ToJson(const HoleReport& hole) {
         {"requiredToProcess", !hole.isNotProcessed  },
         {"valid",             !hole.isInvalid       },
         {"nonStandard",       hole.isNonStandard    },
+        {"code",              OrNull(hole.code)     },
         {"remarks",           ToJson(hole.remarks)  },
     };
 }
@@ -121,6 +126,18 @@ Json ToJson(const FindingsReport& findings) {
     return {
         {"errors",   ToJson(findings.errors)  },
         {"warnings", ToJson(findings.warnings)},
+    };
+}
+
+Json ToJson(const std::optional<JudgementReport>& judgement) {
+    if (!judgement)
+        return {};
+    return {
+        {"memberType",   judgement->memberType.toUtf8() },
+        {"skipped",      judgement->isSkipped           },
+        {"valid",        judgement->isValid             },
+        {"errorBlock",   ToJson(judgement->errorBlock)  },
+        {"warningBlock", ToJson(judgement->warningBlock)},
     };
 }
 
@@ -170,14 +187,15 @@ void CheckJsonWriter::Begin() {
 
 void CheckJsonWriter::AddRead(const CheckReport& report) {
     AddFile(Dump({
-        {"file",     report.file.toUtf8()   },
-        {"status",   "read"                 },
-        {"header",   ToJson(report.header)  },
-        {"notes",    ListOf(report.notes)   },
-        {"holes",    ListOf(report.holes)   },
-        {"notches",  ListOf(report.notches) },
-        {"findings", ToJson(report.findings)},
-        {"faces",    ListOf(report.faces)   },
+        {"file",      report.file.toUtf8()    },
+        {"status",    "read"                  },
+        {"header",    ToJson(report.header)   },
+        {"notes",     ListOf(report.notes)    },
+        {"holes",     ListOf(report.holes)    },
+        {"notches",   ListOf(report.notches)  },
+        {"findings",  ToJson(report.findings) },
+        {"judgement", ToJson(report.judgement)},
+        {"faces",     ListOf(report.faces)    },
     }));
 }
 

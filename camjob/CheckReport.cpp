@@ -129,7 +129,7 @@ const HoleSources::Source* HoleSources::Find(long line) const {
     return at == m_byLine.end() ? nullptr : &at->second;
 }
 
-HoleReport MakeHoleReport(const MemberHole& hole, const HoleSources::Source& source) {
+HoleReport MakeHoleReport(const plugin::MemberHole& hole, const HoleSources::Source& source) {
     const CHoleAddlInfo& record = hole.record;
     HoleReport report;
     report.line = source.hole->line;
@@ -141,6 +141,7 @@ HoleReport MakeHoleReport(const MemberHole& hole, const HoleSources::Source& sou
     report.depth = UnlessZero(source.hole->depth);
     report.sinkAngle = UnlessZero(source.hole->sinkAngle);
     report.setAside = hole.setAside;
+    report.code = record.GetHoleCode();
     AddFlags(report, record);
     report.shape = ShapeWord(record, report.hasRightThread || report.hasLeftThread);
     if (record.GetIsSlot())
@@ -179,9 +180,10 @@ void AddRectangles(const ZetArray<CNotchAddInfo>& notches,
     }
 }
 
-std::vector<HoleReport> MakeHoleReports(const CheckMember& member, const HoleSources& sources) {
+std::vector<HoleReport> MakeHoleReports(const plugin::JobMember& member,
+                                        const HoleSources& sources) {
     std::vector<HoleReport> reports;
-    for (const MemberHole& hole : member.CollectHoles()) {
+    for (const plugin::MemberHole& hole : member.CollectHoles()) {
         if (const auto* source = sources.Find(hole.record.GetHoleData().hostTag))
             reports.push_back(MakeHoleReport(hole, *source));
     }
@@ -326,27 +328,72 @@ std::vector<ZetString> DistanceWarnings(const ZetArray<CHoleAddlInfo>& holes) {
     return texts;
 }
 
-}  // namespace
+std::vector<ZetString> ListOf(const ZetArray<ZetString>& lines) {
+    return {lines.begin(), lines.end()};
+}
 
-CheckReport MakeCheckReport(dstv::NcPart part) {
-    dstv::NcFileEntity entity(std::move(part));
-    ZetNCCreator creator;
-    creator.setNCEntity(&entity);
-    creator.create();
+JudgementReport MakeJudgement(plugin::JobMember& member, const plugin::MemberType& type) {
+    member.SettleReport();
+    return {type.id,
+            type.isSkipped,
+            member.GetOutcome().isValid,
+            ListOf(member.GetErrorBlock()),
+            ListOf(member.GetWarningBlock())};
+}
 
+/// The member's part in the report; it is judged already.
+CheckReport ReportOf(const dstv::NcFileEntity& entity,
+                     const ZetNCCreator& creator,
+                     const plugin::JobMember& member) {
     CheckReport report;
     report.file = entity.getPart().file;
     report.header = creator.getHeader();
     report.notes = entity.getPart().notes;
     const HoleSources sources(entity, creator.getNCStructure());
-    const CheckMember member(creator);
     report.holes = MakeHoleReports(member, sources);
     AddNotches(member.GetNotches(), false, sources, report.notches);
     AddNotches(member.GetDuplicateNotches(), true, sources, report.notches);
     report.findings = {Trimmed(member.GetErrors()), Trimmed(member.GetWarnings())};
+    report.faces = MakeFaceReports(entity, creator.getNCStructure());
+    return report;
+}
+
+dstv::NcError NoMemberType(const dstv::NcPart& part) {
+    return {part.file,
+            0,
+            0,
+            L"profile",
+            part.header.profileName,
+            L"one that a member type of the job takes (code " + part.header.profileCode + L")"};
+}
+
+/// Main parts answer as such, so that they are not judged as single parts.
+void TellAssemblies(dstv::NcFileEntity& entity, const plugin::Job& job) {
+    for (const plugin::Assembly& assembly : job.assemblies)
+        if (assembly.mark == entity.getPart().header.mark)
+            entity.setAssembly({});
+}
+
+}  // namespace
+
+CheckResult MakeCheckReport(dstv::NcPart part, const CheckRules& rules) {
+    dstv::NcFileEntity entity(std::move(part));
+    TellAssemblies(entity, rules.rules.GetJob());
+    ZetNCCreator creator;
+    creator.setNCEntity(&entity);
+    creator.create();
+    const plugin::MemberType* type = rules.rules.FindMemberType(creator);
+    if (type == nullptr)
+        return NoMemberType(entity.getPart());
+    plugin::JobMember member(rules.rules, *type, creator);
+    member.ValidateMember();
+    CheckReport report = ReportOf(entity, creator, member);
+    if (rules.isJob) {
+        report.judgement = MakeJudgement(member, *type);
+        return report;
+    }
     for (ZetString& text : DistanceWarnings(member.GetHoles()))
         report.findings.warnings.push_back(std::move(text));
-    report.faces = MakeFaceReports(entity, creator.getNCStructure());
     return report;
 }
 

@@ -1,16 +1,20 @@
 #pragma once
 
-#include "camjob/CheckMember.h"
 #include "dstv/NcNote.h"
 #include "dstv/NcPart.h"
+#include "plugin/JobMember.h"
+#include "plugin/JobRules.h"
 
 #include "camdata/platform/ZetNCHeaderData.h"
 #include "camdata/platform/ZetString.h"
 
 #include <optional>
+#include <variant>
 #include <vector>
 
 namespace camjob {
+
+using plugin::SetAside;
 
 /// A rectangular hole as its file gives it, mm.
 struct RectangleReport {
@@ -40,6 +44,7 @@ struct HoleReport {
     bool hasLeftThread = false;
     bool isInvalid = false;
     bool isNonStandard = false;
+    ZetString code;                  ///< of the job's rules; "": none
     std::vector<ZetString> remarks;  ///< short words; none for a plain through hole
 };
 
@@ -65,6 +70,15 @@ struct FindingsReport {
     std::vector<ZetString> warnings;
 };
 
+/// What a job makes of the member.
+struct JudgementReport {
+    ZetString memberType;    ///< its id in the job
+    bool isSkipped = false;  ///< the job leaves members of its type out
+    bool isValid = true;
+    std::vector<ZetString> errorBlock;  ///< lines as the library writes them; empty: no errors
+    std::vector<ZetString> warningBlock;
+};
+
 /// What else lies on one face.
 struct FaceReport {
     ZetString face;
@@ -83,10 +97,21 @@ struct CheckReport {
     std::vector<HoleReport> holes;     ///< in the order of the file's lines
     std::vector<NotchReport> notches;  ///< in the order in which they were gathered
     FindingsReport findings;
+    std::optional<JudgementReport> judgement;  ///< nothing: checked without a job
     std::vector<FaceReport> faces;  ///< in the order of the views; only faces with something
 };
 
-/// Gathers and checks the member that a part is, and reports it.
-CheckReport MakeCheckReport(dstv::NcPart part);
+/// A report, or why there is none.
+using CheckResult = std::variant<CheckReport, dstv::NcError>;
+
+/// By which rules members are judged.
+struct CheckRules {
+    const plugin::JobRules& rules;
+    bool isJob;  ///< of the user's job; else those that every member passes
+};
+
+/// Gathers and checks the member that a part is, and reports it. A part that no member type of the
+/// rules takes is an error.
+CheckResult MakeCheckReport(dstv::NcPart part, const CheckRules& rules);
 
 }  // namespace camjob

@@ -14,7 +14,9 @@ void CheckSummary::Add(const CheckReport& report) {
     for (const NotchReport& notch : report.notches)
         notches += notch.isDuplicate ? 0 : 1;
     warnings += static_cast<long>(report.findings.warnings.size());
-    invalidMembers += report.findings.errors.empty() ? 0 : 1;
+    const bool isValid =
+        report.judgement ? report.judgement->isValid : report.findings.errors.empty();
+    invalidMembers += isValid ? 0 : 1;
     for (const dstv::NcNote& note : report.notes)
         ++(note.severity == dstv::NcNote::Severity::kWarning ? warnings : notes);
 }

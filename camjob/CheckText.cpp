@@ -1,5 +1,6 @@
 #include "camjob/CheckText.h"
 
+#include "camjob/ReportText.h"
 #include "camjob/TextTable.h"
 
 #include <algorithm>
@@ -11,47 +12,24 @@ namespace {
 
 constexpr const wchar_t* kIndent = L"  ";
 
-/// UTF-8 that a terminal can take: what a file holds must not steer it.
-std::string Printable(const ZetString& text) {
-    std::wstring shown(text.view());
-    const auto isControl = [](wchar_t c) {
-        return (c < 0x20 && c != L'\n') || (c >= 0x7F && c < 0xA0);
-    };
-    std::replace_if(shown.begin(), shown.end(), isControl, wchar_t{0xFFFD});
-    return ZetString(shown).toUtf8();
-}
-
-/// A file's name may hold line ends, which must not look like lines of the report.
-ZetString OneLine(const ZetString& text) {
-    std::wstring line(text.view());
-    std::replace(line.begin(), line.end(), L'\n', wchar_t{0xFFFD});
-    return ZetString(std::move(line));
-}
-
-/// One decimal, and no sign before zero.
-ZetString Number(double value) {
-    const ZetString text = ZetString::format(L"%.1f", value);
-    return text == L"-0.0" ? ZetString(L"0.0") : text;
-}
-
-ZetString CountOf(long count, const wchar_t* one, const wchar_t* many) {
-    return ZetString::format(L"%d %s", count, count == 1 ? one : many);
-}
-
-/// "1 note", "2 notes".
-ZetString Count(long count, const ZetString& noun) {
-    return ZetString::format(L"%d %s%s", count, noun, count == 1 ? L"" : L"s");
-}
-
-ZetString Joined(const std::vector<ZetString>& texts, const wchar_t* separator) {
-    ZetString joined;
-    for (const ZetString& text : texts)
-        joined += joined.isEmpty() ? text : separator + text;
-    return joined;
-}
-
 ZetString Labelled(const wchar_t* label, const ZetString& value) {
     return ZetString::format(L"  %-10s %s\n", label, value);
+}
+
+ZetString Lines(const std::vector<ZetString>& lines) {
+    ZetString text;
+    for (const ZetString& line : lines)
+        text += line + L"\n";
+    return text;
+}
+
+/// What the job makes of the member; "" without a job.
+ZetString JudgementLine(const std::optional<JudgementReport>& judgement) {
+    if (!judgement)
+        return {};
+    const wchar_t* verdict = judgement->isValid ? L"valid" : L"invalid";
+    return Labelled(L"type", judgement->memberType) +
+           Labelled(L"judgement", judgement->isSkipped ? L"left out of the job's runs" : verdict);
 }
 
 ZetString HeaderLines(const ZetNCHeaderData& header) {
@@ -81,27 +59,35 @@ ZetString SizeText(const HoleReport& hole) {
     return hole.length ? Number(*hole.length) + L" x " + Number(hole.size) : Number(hole.size);
 }
 
-ZetString HoleTable(const std::vector<HoleReport>& holes) {
+/// With the codes of the job's rules, when there is a job.
+ZetString HoleTable(const std::vector<HoleReport>& holes, bool hasCodes) {
     using Align = TextTable::Align;
     if (holes.empty())
         return L"  no holes\n";
-    TextTable table({
+    std::vector<TextTable::Column> columns = {
         {L"line",    Align::kRight},
         {L"face",    Align::kLeft },
         {L"X mm",    Align::kRight},
         {L"Y mm",    Align::kRight},
         {L"size mm", Align::kRight},
         {L"shape",   Align::kLeft },
-        {L"remarks", Align::kLeft }
-    });
-    for (const HoleReport& hole : holes)
-        table.AddRow({ZetString::format(L"%d", hole.line),
-                      hole.face,
-                      Number(hole.x),
-                      Number(hole.y),
-                      SizeText(hole),
-                      hole.shape,
-                      Joined(hole.remarks, L", ")});
+    };
+    if (hasCodes)
+        columns.push_back({L"code", Align::kLeft});
+    columns.push_back({L"remarks", Align::kLeft});
+    TextTable table(std::move(columns));
+    for (const HoleReport& hole : holes) {
+        std::vector<ZetString> cells = {ZetString::format(L"%d", hole.line),
+                                        hole.face,
+                                        Number(hole.x),
+                                        Number(hole.y),
+                                        SizeText(hole),
+                                        hole.shape};
+        if (hasCodes)
+            cells.push_back(hole.code);
+        cells.push_back(Joined(hole.remarks, L", "));
+        table.AddRow(std::move(cells));
+    }
     return table.Format(kIndent);
 }
 
@@ -157,6 +143,11 @@ ZetString FindingLines(const FindingsReport& findings) {
     return lines;
 }
 
+/// As they will stand in the job's files.
+ZetString BlockLines(const JudgementReport& judgement) {
+    return Paragraphs({Lines(judgement.errorBlock), Lines(judgement.warningBlock)});
+}
+
 ZetString ExternalContours(const std::vector<long>& points) {
     std::vector<ZetString> counts;
     for (const long count : points)
@@ -184,15 +175,6 @@ ZetString FaceLines(const std::vector<FaceReport>& faces) {
     for (const FaceReport& face : faces)
         lines += FaceLine(face);
     return lines;
-}
-
-/// Paragraphs that have anything, a blank line between.
-ZetString Paragraphs(const std::vector<ZetString>& paragraphs) {
-    ZetString text;
-    for (const ZetString& paragraph : paragraphs)
-        if (!paragraph.isEmpty())
-            text += text.isEmpty() ? paragraph : L"\n" + paragraph;
-    return text;
 }
 
 /// "22 round, 4 slot"; "" without holes.
@@ -247,12 +229,14 @@ ZetString RefusedLines(const CheckSummary& summary) {
 }  // namespace
 
 void CheckTextWriter::AddRead(const CheckReport& report) {
-    const ZetString text = Paragraphs({OneLine(report.file) + L"\n" + HeaderLines(report.header),
-                                       NoteLines(report.notes),
-                                       HoleTable(report.holes),
-                                       NotchTable(report.notches),
-                                       FindingLines(report.findings),
-                                       FaceLines(report.faces)});
+    const ZetString text = Paragraphs(
+        {OneLine(report.file) + L"\n" + HeaderLines(report.header) +
+             JudgementLine(report.judgement),
+         NoteLines(report.notes),
+         HoleTable(report.holes, report.judgement.has_value()),
+         NotchTable(report.notches),
+         report.judgement ? BlockLines(*report.judgement) : FindingLines(report.findings),
+         FaceLines(report.faces)});
     m_out.Write(Printable(text + L"\n"));
 }
 

@@ -1,13 +1,17 @@
 #include "camjob/CommandLine.h"
 
 #include "camjob/CheckCommand.h"
+#include "camjob/InitCommand.h"
+#include "camjob/Interrupt.h"
+#include "camjob/OutputDisk.h"
+#include "camjob/RunCommand.h"
 
 #include "camdata/platform/Modules.h"
 #include "camdata/util/CMxUtil.h"
 
 #include <CLI/CLI.hpp>
 #include <algorithm>
-#include <optional>
+#include <iterator>
 #include <sstream>
 
 namespace camjob {
@@ -16,7 +20,7 @@ namespace {
 
 constexpr const char* kExitCodes =
     "Exit codes: 0 done; 1 done, but a member has errors; 2 bad usage, or a file that cannot be "
-    "read; 3 the report could not be written. The highest wins.";
+    "read; 3 a file or the report could not be written; 130 stopped by Ctrl-C. The highest wins.";
 
 std::string Version() {
     return "camjob " + CMxUtil::GetDllVersion(OwnModule()).toUtf8();
@@ -26,24 +30,79 @@ std::string UsageError(const CLI::App* app, const CLI::Error& error) {
     return std::string("camjob: ") + error.what() + "\n" + app->help();
 }
 
-void Describe(CLI::App& app, CheckOptions& options) {
+/// The command line of each command.
+struct Options {
+    CheckOptions check;
+    RunOptions run;
+    InitOptions init;
+};
+
+void DescribeCheck(CLI::App& command, Options& options) {
+    command.add_option("FILE", options.check.files, "DSTV NC files, each reported in turn")
+        ->required();
+    command.add_option(
+        "--job", options.check.job, "Judge the members by the rules of this job file");
+    command.add_flag("--json", options.check.asJson, "Write one JSON document instead of tables");
+}
+
+int Check(const Options& options, OutputStream& out, OutputStream& err) {
+    return RunCheck(options.check, out, err);
+}
+
+void DescribeRun(CLI::App& command, Options& options) {
+    command.add_option("JOB", options.run.job, "The job file")->required();
+    command.add_option("--out", options.run.folder, "Folder of the output, instead of the job's");
+    command.add_flag("--json", options.run.asJson, "Write one JSON document instead of tables");
+}
+
+int Run(const Options& options, OutputStream& out, OutputStream& err) {
+    OutputDisk disk;
+    const Interrupt interrupt;
+    return RunJob(options.run, {disk, [&] { return interrupt.WasRequested(); }}, out, err);
+}
+
+void DescribeInit(CLI::App& command, Options& options) {
+    command.add_option("DIR", options.init.folder, "Folder for the job; made when missing")
+        ->required();
+}
+
+int Init(const Options& options, OutputStream& out, OutputStream& err) {
+    return RunInit(options.init, out, err);
+}
+
+struct Command {
+    const char* name;
+    const char* meaning;
+    void (*describe)(CLI::App& command, Options& options);
+    int (*run)(const Options& options, OutputStream& out, OutputStream& err);
+};
+
+constexpr Command kCommands[] = {
+    {"check", "Show what is in NC files and what is wrong with them", &DescribeCheck, &Check},
+    {"run",   "Make the manufacturing files of a job",                &DescribeRun,   &Run  },
+    {"init",  "Write a commented job to start from",                  &DescribeInit,  &Init },
+};
+
+void Describe(CLI::App& app, Options& options) {
     app.allow_windows_style_options(false);
     app.set_version_flag("--version", Version(), "Print the version and exit");
     app.require_subcommand(0, 1);
     app.failure_message(UsageError);
     app.footer(kExitCodes);
-    CLI::App* check =
-        app.add_subcommand("check", "Show what is in NC files and what is wrong with them");
-    check->add_option("FILE", options.files, "DSTV NC files, each reported in turn")->required();
-    check->add_flag("--json", options.asJson, "Write one JSON document instead of tables");
+    for (const Command& command : kCommands)
+        command.describe(*app.add_subcommand(command.name, command.meaning), options);
 }
 
-/// Fills `options`, or says what the program ends with at once.
-std::optional<int> Parse(std::vector<std::string> arguments,
-                         CheckOptions& options,
-                         OutputStream& out,
-                         OutputStream& err) {
-    CLI::App app("NC files of steel members, checked and reported", "camjob");
+const Command& Chosen(const CLI::App& app) {
+    return *std::find_if(std::begin(kCommands), std::end(kCommands), [&](const Command& command) {
+        return app.got_subcommand(command.name);
+    });
+}
+
+int Execute(std::vector<std::string> arguments, OutputStream& out, OutputStream& err) {
+    Options options;
+    CLI::App app("NC files of steel members: checked, reported, made into manufacturing files",
+                 "camjob");
     Describe(app, options);
     try {
         std::reverse(arguments.begin(), arguments.end());
@@ -51,7 +110,6 @@ std::optional<int> Parse(std::vector<std::string> arguments,
         // Only now: an unknown word on the command line is the better message.
         if (app.get_subcommands().empty())
             throw CLI::RequiredError::Subcommand(1);
-        return std::nullopt;
     } catch (const CLI::ParseError& error) {
         std::ostringstream help;
         std::ostringstream usage;
@@ -60,19 +118,13 @@ std::optional<int> Parse(std::vector<std::string> arguments,
         err.Write(usage.str());
         return code == 0 ? kExitDone : kExitBadInput;
     }
-}
-
-int Run(std::vector<std::string> arguments, OutputStream& out, OutputStream& err) {
-    CheckOptions options;
-    if (const std::optional<int> code = Parse(std::move(arguments), options, out, err))
-        return *code;
-    return RunCheck(options, out, err);
+    return Chosen(app).run(options, out, err);
 }
 
 }  // namespace
 
 int RunCamjob(std::vector<std::string> arguments, OutputStream& out, OutputStream& err) {
-    int code = Run(std::move(arguments), out, err);
+    int code = Execute(std::move(arguments), out, err);
     if (!out.Flush()) {
         err.Write("camjob: the output could not be written: " + out.GetFailure().message() + "\n");
         code = kExitNotWritten;

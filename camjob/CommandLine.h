@@ -13,6 +13,7 @@ enum ExitCode : int {
     kExitInvalidMembers = 1,  ///< done, but some members have errors
     kExitBadInput = 2,        ///< bad usage, or an input that cannot be read
     kExitNotWritten = 3,      ///< an output could not be written
+    kExitCancelled = 130,     ///< stopped by Ctrl-C, as shells tell it
 };
 
 /// The whole program: `arguments` (UTF-8, without the program's name), report and messages.

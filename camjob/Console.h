@@ -16,6 +16,8 @@ class StandardStream : public OutputStream {
   public:
     explicit StandardStream(StandardOutput output) : m_descriptor(static_cast<int>(output)) {}
 
+    bool IsTerminal() const override;
+
   private:
     std::error_code WriteBytes(std::string_view bytes) override;
 

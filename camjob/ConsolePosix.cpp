@@ -15,6 +15,10 @@ std::error_code StandardStream::WriteBytes(std::string_view bytes) {
     return {};
 }
 
+bool StandardStream::IsTerminal() const {
+    return ::isatty(m_descriptor) == 1;
+}
+
 ConsoleMode::ConsoleMode() = default;
 ConsoleMode::~ConsoleMode() = default;
 

@@ -25,6 +25,13 @@ std::error_code StandardStream::WriteBytes(std::string_view bytes) {
     return {};
 }
 
+bool StandardStream::IsTerminal() const {
+    // A file or pipe has no console mode; the runtime's own test takes every device for a terminal.
+    DWORD mode = 0;
+    const auto handle = reinterpret_cast<HANDLE>(::_get_osfhandle(m_descriptor));
+    return ::GetConsoleMode(handle, &mode) != 0;
+}
+
 ConsoleMode::ConsoleMode() : m_previousCodePage(::GetConsoleOutputCP()) {
     ::SetConsoleOutputCP(CP_UTF8);
     ::_setmode(static_cast<int>(StandardOutput::kReport), _O_BINARY);

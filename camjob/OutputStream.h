@@ -18,6 +18,8 @@ class OutputStream {
     void Write(std::string_view text);
     /// Hands over all that is buffered. False when this or anything before it failed.
     bool Flush();
+    /// Somebody is looking: lines may be drawn over.
+    virtual bool IsTerminal() const { return false; }
     /// The first failure; no error while there is none.
     const std::error_code& GetFailure() const { return m_failure; }
 

@@ -78,7 +78,7 @@ Job BuiltInJob() {
     job.maximumQuantity = std::numeric_limits<long>::max();
     job.groups.push_back(MakeGroup(L"members", {kOrderFile}));
     job.memberTypes = {AnyMember()};
-    job.uncoveredHoles.action = Uncovered::kAccept;
+    job.uncoveredHoles = {Uncovered::kAccept, L""};
     job.uncoveredNotches.action = Uncovered::kAccept;
     return job;
 }

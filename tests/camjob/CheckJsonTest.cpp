@@ -85,7 +85,7 @@ TEST(CheckJson, TellsEachHoleInFull) {
         R"({"face": "web", "viewPosition": 1, "shape": "round", "length": null, "angle": null,
             "depth": null, "sinkAngle": null, "rectangle": null, "thread": null,
             "countersunk": false, "setAside": null, "requiredToProcess": true, "valid": true,
-            "nonStandard": false, "remarks": []})");
+            "nonStandard": false, "code": null, "remarks": []})");
     const TempFolder folder;
     folder.Write("z.nc1", nc::AllHoles());
     const Json file = RunJson(folder, {"z.nc1"}).document["files"][0];

@@ -1,0 +1,26 @@
+#pragma once
+
+#include "camdata/platform/ZetString.h"
+
+#include <string>
+#include <vector>
+
+/// @file
+/// Words and numbers of the reports for people.
+
+namespace camjob {
+
+/// UTF-8 that a terminal can take: what a file holds must not steer it.
+std::string Printable(const ZetString& text);
+/// A file's name may hold line ends, which must not look like lines of the report.
+ZetString OneLine(const ZetString& text);
+/// One decimal, and no sign before zero.
+ZetString Number(double value);
+ZetString CountOf(long count, const wchar_t* one, const wchar_t* many);
+/// "1 note", "2 notes".
+ZetString Count(long count, const ZetString& noun);
+ZetString Joined(const std::vector<ZetString>& texts, const wchar_t* separator);
+/// Paragraphs that have anything, a blank line between.
+ZetString Paragraphs(const std::vector<ZetString>& paragraphs);
+
+}  // namespace camjob

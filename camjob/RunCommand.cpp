@@ -1,0 +1,225 @@
+#include "camjob/RunCommand.h"
+
+#include "camjob/JobInput.h"
+#include "camjob/Paths.h"
+#include "camjob/Progress.h"
+#include "camjob/RunJson.h"
+#include "camjob/RunReport.h"
+#include "camjob/RunText.h"
+#include "camjob/StagedOutput.h"
+#include "plugin/JobFile.h"
+
+#include <algorithm>
+#include <filesystem>
+#include <system_error>
+#include <utility>
+#include <variant>
+#include <vector>
+
+namespace camjob {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+/// One run, step by step. A step that finds the run at its end says so in the report and returns
+/// false.
+class JobRunner {
+  public:
+    JobRunner(const RunOptions& options, const RunSystem& system, OutputStream& err)
+        : m_options(options), m_system(system), m_progress(err) {
+        m_report.job = options.job;
+    }
+
+    RunReport Run();
+
+  private:
+    bool ReadJob();
+    void RunIn(const fs::path& folder);
+    bool ReadInput(plugin::JobRun& run, const fs::path& folder);
+    bool ReadFiles(JobInput& input);
+    void CheckNames(const std::vector<fs::path>& outputs);
+    bool Write(plugin::JobRun& run, const StagedOutput& output);
+    void TakeResults(plugin::JobRun& run, const fs::path& folder);
+
+    bool Refuse(const std::vector<plugin::JobError>& errors);
+    bool Refuse();
+    bool IsCancelled();
+    void Fail(const std::string& message);
+
+    const RunOptions& m_options;
+    const RunSystem& m_system;
+    Progress m_progress;
+    RunReport m_report;
+    plugin::Job m_job;
+    std::vector<fs::path> m_ncFiles;
+    std::vector<std::string> m_memberFiles;
+};
+
+RunReport JobRunner::Run() {
+    if (!ReadJob())
+        return std::move(m_report);
+    const fs::path folder =
+        m_options.folder.empty() ? plugin::GetOutputFolder(m_job) : PathFromUtf8(m_options.folder);
+    m_report.folder = Utf8FromPath(folder);
+    try {
+        RunIn(folder);
+    } catch (const OutputFailure& failure) {
+        Fail(failure.what());
+    }
+    m_progress.Erase();
+    return std::move(m_report);
+}
+
+bool JobRunner::ReadJob() {
+    plugin::JobResult job = plugin::ReadJobFile(PathFromUtf8(m_options.job));
+    if (const auto* errors = std::get_if<std::vector<plugin::JobError>>(&job))
+        return Refuse(*errors);
+    m_job = std::get<plugin::Job>(std::move(job));
+    m_report.name = m_job.name;
+    plugin::NcFilesResult files = plugin::ExpandNcFiles(m_job);
+    if (const auto* errors = std::get_if<std::vector<plugin::JobError>>(&files))
+        return Refuse(*errors);
+    m_ncFiles = std::get<std::vector<fs::path>>(std::move(files));
+    return true;
+}
+
+void JobRunner::RunIn(const fs::path& folder) {
+    StagedOutput output(folder, m_system.disk);
+    m_report.hasFinishedEarlierOutput = output.Recover();
+    plugin::JobRun run(m_job, folder);
+    if (!ReadInput(run, folder))
+        return;
+    output.Begin();
+    if (!Write(run, output))
+        return;
+    output.Commit();
+    TakeResults(run, folder);
+}
+
+bool JobRunner::ReadInput(plugin::JobRun& run, const fs::path& folder) {
+    JobInput input(m_job, run);
+    if (!run.ReadSettings()) {
+        const std::string file =
+            Utf8FromPath(folder / PathFromUtf8(m_job.project.settingsFile.toUtf8()));
+        m_report.faults.push_back({file, 0, 0, file + ": the settings cannot be read"});
+    }
+    if (!ReadFiles(input))
+        return false;
+    input.Finish();
+    m_report.input = input.GetCounts();
+    m_memberFiles = input.TakeMemberFiles();
+    for (RunFault& fault : input.TakeFaults())
+        m_report.faults.push_back(std::move(fault));
+    std::vector<fs::path> outputs;
+    for (const ZetString& name : run.GetFileNames())
+        outputs.push_back(folder / PathFromUtf8(name.toUtf8()));
+    CheckNames(outputs);
+    return m_report.faults.empty() || Refuse();
+}
+
+bool JobRunner::ReadFiles(JobInput& input) {
+    m_progress.Begin("reading", static_cast<long>(m_ncFiles.size()), "files");
+    for (const fs::path& file : m_ncFiles) {
+        if (IsCancelled())
+            return false;
+        m_progress.Step(Utf8FromPath(file));
+        input.Read(file);
+    }
+    return true;
+}
+
+/// An output must not take the place of what it is made from.
+void JobRunner::CheckNames(const std::vector<fs::path>& outputs) {
+    const auto check = [&](const fs::path& input) {
+        for (const fs::path& output : outputs) {
+            std::error_code ignored;
+            if (input.filename() == output.filename() && fs::equivalent(input, output, ignored))
+                m_report.faults.push_back(
+                    {Utf8FromPath(input),
+                     0,
+                     0,
+                     Utf8FromPath(input) + ": the output would replace this file"});
+        }
+    };
+    check(PathFromUtf8(m_options.job));
+    std::for_each(m_ncFiles.begin(), m_ncFiles.end(), check);
+}
+
+std::string FaultText(const FileFault& fault, const fs::path& folder) {
+    const fs::path name = PathFromUtf8(fault.fileName.toUtf8()).filename();
+    const std::error_code reason(fault.systemError, std::generic_category());
+    return Utf8FromPath(folder / name) + ": cannot be written" +
+           (reason ? " (" + reason.message() + ")" : "");
+}
+
+bool JobRunner::Write(plugin::JobRun& run, const StagedOutput& output) {
+    m_progress.Begin("writing", run.GetCount(), "members");
+    std::size_t written = 0;
+    const bool isWritten = run.Write(output.GetStagingFolder(), [&] {
+        m_progress.Step(written < m_memberFiles.size() ? m_memberFiles[written++] : "");
+        return m_system.isCancelled();
+    });
+    if (!isWritten || IsCancelled()) {
+        m_report.status = RunStatus::kCancelled;
+        return false;
+    }
+    for (const FileFault& fault : run.GetFileFaults())
+        Fail(FaultText(fault, PathFromUtf8(m_report.folder)));
+    return m_report.status == RunStatus::kDone;
+}
+
+void JobRunner::TakeResults(plugin::JobRun& run, const fs::path& folder) {
+    std::vector<plugin::MemberResult> members = run.GetMemberResults();
+    for (std::size_t i = 0; i < members.size(); ++i)
+        m_report.members.push_back({std::move(members[i]), std::move(m_memberFiles[i])});
+    for (const plugin::GroupResult& group : run.GetGroupResults())
+        m_report.groups.push_back({m_job.groups[group.group].id, group});
+    for (const plugin::NestResult& nest : run.GetNestResults())
+        m_report.nests.push_back({m_job.groups[nest.group].id, nest});
+    for (const ZetString& name : run.GetFileNames()) {
+        const fs::path file = folder / PathFromUtf8(name.toUtf8());
+        std::error_code ignored;
+        m_report.files.push_back({Utf8FromPath(file), fs::file_size(file, ignored)});
+    }
+}
+
+bool JobRunner::Refuse(const std::vector<plugin::JobError>& errors) {
+    for (const plugin::JobError& error : errors)
+        m_report.faults.push_back(
+            {error.file, error.line, error.column, plugin::DescribeJobError(error)});
+    return Refuse();
+}
+
+bool JobRunner::Refuse() {
+    m_report.status = RunStatus::kRefused;
+    return false;
+}
+
+bool JobRunner::IsCancelled() {
+    if (!m_system.isCancelled())
+        return false;
+    m_report.status = RunStatus::kCancelled;
+    return true;
+}
+
+void JobRunner::Fail(const std::string& message) {
+    m_report.status = RunStatus::kFailed;
+    m_report.faults.push_back({"", 0, 0, message});
+}
+
+}  // namespace
+
+int RunJob(const RunOptions& options,
+           const RunSystem& system,
+           OutputStream& out,
+           OutputStream& err) {
+    const RunReport report = JobRunner(options, system, err).Run();
+    if (options.asJson)
+        WriteRunJson(report, out);
+    else
+        WriteRunText(report, out, err);
+    return report.GetExitCode();
+}
+
+}  // namespace camjob

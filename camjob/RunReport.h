@@ -1,0 +1,77 @@
+#pragma once
+
+#include "plugin/JobRun.h"
+
+#include "camdata/platform/ZetString.h"
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+namespace camjob {
+
+/// How a run ended.
+enum class RunStatus {
+    kDone,       ///< the output is the run's
+    kRefused,    ///< the job or an input is faulty; nothing was written
+    kCancelled,  ///< stopped by the user; the last output is as it was
+    kFailed,     ///< a file could not be written; the last output is as it was, or the text tells
+};
+
+/// Why a run was refused or failed, in one line.
+struct RunFault {
+    std::string file;     ///< UTF-8, as the user named it; "": none
+    long line = 0;        ///< from 1; 0: the file as a whole
+    long column = 0;      ///< from 1; 0: the line or the file as a whole
+    std::string message;  ///< with the place, as people read it
+};
+
+/// The NC files of a run.
+struct RunInput {
+    long filesRead = 0;
+    long skipped = 0;  ///< their member type is left out
+    long notes = 0;    ///< of the reader
+    long warnings = 0;
+};
+
+/// A member and its file.
+struct RunMember {
+    plugin::MemberResult result;
+    std::string file;  ///< UTF-8
+};
+
+/// A group or its bars, by its name in the job.
+struct RunGroup {
+    ZetString name;
+    plugin::GroupResult result;
+};
+struct RunNest {
+    ZetString name;
+    plugin::NestResult result;
+};
+
+/// A file of the output.
+struct RunFile {
+    std::string name;  ///< UTF-8, with the output folder as the user named it
+    std::uintmax_t bytes = 0;
+};
+
+/// All that `camjob run` says. A plain value.
+struct RunReport {
+    RunStatus status = RunStatus::kDone;
+    std::string job;                        ///< UTF-8, as the user named it
+    std::string folder;                     ///< the same; "" when the job could not be read
+    ZetString name;                         ///< of the job
+    bool hasFinishedEarlierOutput = false;  ///< of a run in the folder that was cut off
+    std::vector<RunFault> faults;
+    RunInput input;
+    std::vector<RunMember> members;  ///< in the order of the files
+    std::vector<RunGroup> groups;
+    std::vector<RunNest> nests;
+    std::vector<RunFile> files;
+
+    long CountInvalid() const;
+    int GetExitCode() const;
+};
+
+}  // namespace camjob
