@@ -44,6 +44,7 @@ Json ToJson(const RunMember& member) {
         {"valid",       result.outcome.isValid      },
         {"warnings",    result.outcome.hasWarnings  },
         {"nonStandard", result.outcome.isNonStandard},
+        {"left",        result.left                 },
     };
 }
 

@@ -3,6 +3,7 @@
 #include "camjob/ReportText.h"
 #include "camjob/TextTable.h"
 
+#include <algorithm>
 #include <cstddef>
 
 namespace camjob {
@@ -95,17 +96,44 @@ ZetString NestTable(const RunReport& report) {
            L"first-fit-decreasing plan\n";
 }
 
+/// Single parts that assemblies do not come out even with.
+ZetString SinglePartTable(const RunReport& report) {
+    TextTable table({
+        {L"single part", Align::kLeft },
+        {L"ordered",     Align::kRight},
+        {L"left over",   Align::kRight},
+        {L"missing",     Align::kRight}
+    });
+    bool hasRows = false;
+    for (const RunMember& member : report.members) {
+        const long left = member.result.left;
+        if (left == 0)
+            continue;
+        hasRows = true;
+        table.AddRow({OneLine(member.result.mark),
+                      Integer(member.result.quantity),
+                      Integer(std::max(left, 0L)),
+                      Integer(std::max(-left, 0L))});
+    }
+    return hasRows ? table.Format(kIndent) : ZetString();
+}
+
 ZetString InvalidMembers(const RunReport& report) {
-    ZetString lines;
+    TextTable table({
+        {L"invalid", Align::kLeft},
+        {L"file",    Align::kLeft}
+    });
     std::size_t count = 0;
     for (const RunMember& member : report.members)
         if (!member.result.outcome.isValid && ++count <= kMaxListedMembers)
-            lines += ZetString::format(L"  invalid: %s (%s)\n",
-                                       OneLine(member.result.mark),
-                                       OneLine(ZetString::fromUtf8(member.file)));
+            table.AddRow({OneLine(member.result.mark), OneLine(ZetString::fromUtf8(member.file))});
+    if (count == 0)
+        return {};
+    ZetString more;
     if (count > kMaxListedMembers)
-        lines += ZetString::format(L"  and %d more\n", count - kMaxListedMembers);
-    return lines;
+        more = ZetString::format(L"  and %d more\n", count - kMaxListedMembers);
+    const ZetString errorFile = OneLine(ZetString::fromUtf8(report.files[plugin::kErrorFile].name));
+    return table.Format(kIndent) + more + ZetString::format(L"  why: see %s\n", errorFile);
 }
 
 ZetString FileTable(const RunReport& report) {
@@ -145,6 +173,7 @@ void WriteRunText(const RunReport& report, OutputStream& out, OutputStream& err)
         out.Write(Printable(Paragraphs({InputLine(report),
                                         GroupTable(report),
                                         InvalidMembers(report),
+                                        SinglePartTable(report),
                                         NestTable(report),
                                         FileTable(report)})));
     else if (const std::string closing = ClosingMessage(report); !closing.empty())

@@ -87,7 +87,8 @@ class JobRun::Member final : public JobMember {
     }
 
     MemberResult GetResult() const {
-        return {GetMark(), GetProfileName(), GetGroupPosition(), m_ordered, GetOutcome()};
+        const long left = IsSecondaryPart() ? GetQty() : 0;
+        return {GetMark(), GetProfileName(), GetGroupPosition(), m_ordered, GetOutcome(), left};
     }
 
   private:

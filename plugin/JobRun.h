@@ -26,6 +26,9 @@ struct MemberResult {
     std::size_t group = 0;  ///< position in Job::groups
     long quantity = 0;      ///< as ordered
     MemberOutcome outcome;
+    /// Of a single part: the pieces that no assembly takes; below 0: the pieces that assemblies
+    /// lack. 0 for all others.
+    long left = 0;
 };
 
 /// One group of a run that has members.
