@@ -90,7 +90,8 @@ std::set<fs::path> NamesIn(const fs::path& folder) {
     std::set<fs::path> names;
     std::error_code ignored;
     for (const auto& entry : fs::directory_iterator(folder, ignored))
-        names.insert(entry.path().filename());
+        if (entry.is_regular_file())
+            names.insert(entry.path().filename());
     return names;
 }
 

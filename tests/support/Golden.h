@@ -13,6 +13,6 @@
                                          const std::string& text);
 
 /// The same for all files of a folder, which are the golden folder's by name and by byte: a file
-/// too many or too few is a failure, too.
+/// too many or too few is a failure, too. Folders inside are not looked at.
 ::testing::AssertionResult MatchesGoldenFolder(const std::filesystem::path& goldenFolder,
                                                const std::filesystem::path& folder);
