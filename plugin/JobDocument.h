@@ -32,11 +32,18 @@ class JobFaults {
 
     void Add(Position at, std::string text) { m_faults.push_back({at, std::move(text)}); }
     bool IsEmpty() const { return m_faults.empty(); }
+    std::size_t GetCount() const { return m_faults.size(); }
     /// By line and column; those of one place as they were found.
     std::vector<Fault> TakeSorted();
 
   private:
     std::vector<Fault> m_faults;
+};
+
+/// Where a table stands.
+struct PlacedTable {
+    Position at;
+    bool isSound = false;  ///< no fault in it so far: what its keys say together can be judged
 };
 
 /// A text that refers to something, or that must be unlike others.
@@ -85,25 +92,22 @@ struct TolerancesTable : Tolerances {
     bool areDistancesChecked = true;
 };
 
-struct FileTable : OutputFile {
-    Position at;
+struct FileTable : OutputFile, PlacedTable {
     PlacedText id;
     PlacedText ending;
 };
 
-struct SecondaryPartsTable : Group {
+struct SecondaryPartsTable : Group, PlacedTable {
     std::vector<PlacedText> files = {
         {L"order", {}}
     };
 };
 
 struct GroupTable : SecondaryPartsTable {
-    Position at;
     PlacedText id;
 };
 
-struct DimensionTable {
-    Position at;
+struct DimensionTable : PlacedTable {
     std::optional<long> start;
     std::optional<long> length;
     std::optional<double> value;
@@ -129,8 +133,7 @@ struct AttributesTable {
 };
 
 /// What is missing does not limit.
-struct LimitsTable {
-    Position at;
+struct LimitsTable : PlacedTable {
     std::optional<long> maxHoles;
     std::optional<long> maxInternalContours;
     std::optional<long> maxExternalContours;
@@ -143,8 +146,7 @@ struct ReportTable {
     std::array<std::optional<eReportingTypes>, kLongerThanStock + 1> types;
 };
 
-struct MemberTypeTable {
-    Position at;
+struct MemberTypeTable : PlacedTable {
     PlacedText id;
     ZetString profile;
     ZetString code;
@@ -166,14 +168,12 @@ struct MemberTypeTable {
     PlacedText pattern;
 };
 
-struct HoleRuleTable : HoleRule {
-    Position at;
+struct HoleRuleTable : HoleRule, PlacedTable {
     PlacedText id;
     PlacedText otherwiseSuffix;
 };
 
-struct CornerNotchTable : CornerNotch {
-    Position at;
+struct CornerNotchTable : CornerNotch, PlacedTable {
     PlacedText id;
     NotchAcross across = NotchAcross::kLower;
     eHoleFace face = eHoleFaceWeb;
@@ -184,8 +184,7 @@ struct CornerNotchTable : CornerNotch {
     std::vector<NotchValue> values;
 };
 
-struct PatternHoleTable : PatternHole {
-    Position at;
+struct PatternHoleTable : PatternHole, PlacedTable {
     PlacedText message{PatternHole().message, {}};
 };
 

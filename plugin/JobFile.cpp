@@ -16,8 +16,8 @@ namespace {
 
 constexpr std::size_t kMostBytes = std::size_t{4} * 1024 * 1024;
 constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
-/// Dots in one line before its "=": more than any job needs, and each may be one table in another.
-constexpr long kMostDots = 100;
+/// Dots in one key: more than any job needs, and each may be one table in another.
+constexpr int kMostDots = 20;
 
 /// Reasons of the parser, in other words.
 struct SyntaxWords {
@@ -33,10 +33,11 @@ constexpr SyntaxWords kSyntaxWords[] = {
     {"leading zeroes",         "a number must not begin with 0"                            },
     {"escape sequence",        "a backslash in a text stands twice, or the text in '...'"  },
     {"expected '='",           "a line is key = value, or [table]"                         },
-    {"parsing string",         "a text must end with its quote on the line that it began"  },
+    {"parsing string",         "a text must end with its quote on the line where it begins"},
     {"closing ']'",            "a list is [value, value, ...]"                             },
     {"inline table",           "a table on one line is { key = value, key = value }"       },
     {"parsing date",           "a date is written 2026-03-31"                              },
+    {"nested value depth",     "too many brackets in each other"                           },
     {"",                       "a job file has lines of key = value under lines of [table]"},
 };
 
@@ -71,17 +72,33 @@ Bytes ReadBytes(const std::filesystem::path& file) {
     return bytes;
 }
 
-/// The parser and its tables call themselves for each table in another.
-bool NestsTooDeeply(std::string_view line) {
-    const std::string_view key = line.substr(0, line.find('='));
-    return !line.starts_with('#') && std::count(key.begin(), key.end(), '.') > kMostDots;
+/// The most dots of one key in a line, outside texts and comments.
+int CountDotsOfKey(std::string_view line) {
+    constexpr std::string_view kKeyEnds = "=,{}[]";
+    int most = 0;
+    int dots = 0;
+    char quote = 0;
+    for (const char c : line) {
+        if (quote != 0)
+            quote = c == quote ? '\0' : quote;
+        else if (c == '#')
+            break;
+        else if (c == '"' || c == '\'')
+            quote = c;
+        else if (kKeyEnds.find(c) != std::string_view::npos)
+            dots = 0;
+        else if (c == '.')
+            most = std::max(most, ++dots);
+    }
+    return most;
 }
 
 /// What the parser would not tell well, or not survive.
 void CheckLine(std::string_view line, long number, JobFaults& faults) {
     if (ZetString::fromUtf8(line).toUtf8() != line)
         faults.Add({number, 0}, "this line is not UTF-8: save the file with the encoding UTF-8");
-    else if (NestsTooDeeply(line))
+    // The parser and its tables call themselves for each table in another.
+    else if (CountDotsOfKey(line) > kMostDots)
         faults.Add({number, 0}, "too many dots: no table of a job lies so deep");
 }
 

@@ -9,6 +9,7 @@
 #include <algorithm>
 #include <initializer_list>
 #include <iterator>
+#include <optional>
 #include <utility>
 
 namespace plugin {
@@ -41,9 +42,8 @@ class Ids {
             faults.Add(id.at, "the id " + Quoted(id.text) + " " + DescribeFirst(position));
         m_ids.push_back(id);
     }
-    /// The position of what a reference names. 0 for one that could not be read, and, told, for
-    /// one that points nowhere.
-    std::size_t Find(const PlacedText& reference, JobFaults& faults) const {
+    /// The position of what a reference names; nothing, and told, when it points nowhere.
+    std::optional<std::size_t> Find(const PlacedText& reference, JobFaults& faults) const {
         const std::size_t position = PositionOf(reference.text);
         if (position < m_ids.size())
             return position;
@@ -51,7 +51,7 @@ class Ids {
             faults.Add(reference.at,
                        "there is no " + m_table + " with the id " + Quoted(reference.text) +
                            Suggest(reference.text.toUtf8(), Names()));
-        return 0;
+        return std::nullopt;
     }
     /// The number of ids when there is no such one; "" is none.
     std::size_t PositionOf(const ZetString& id) const {
@@ -65,7 +65,7 @@ class Ids {
     std::string DescribeFirst(std::size_t position) const {
         const long line = m_ids[position].at.line;
         if (line == 0)
-            return "is that of a " + m_table + " that is always there";
+            return "belongs to a " + m_table + " that is always there";
         return "stands a second time; first in line " + std::to_string(line);
     }
     std::vector<std::string> Names() const {
@@ -179,6 +179,7 @@ class JobMaker {
     void CheckFileNames();
     void TakeGroups();
     void TakeGroup(const SecondaryPartsTable& table, const PlacedText& id, Group& group);
+    void TakeGroupFile(const PlacedText& reference, std::size_t file, Group& group);
     void TakePatterns();
     void CheckPatternHole(const FixedPattern& pattern, const PatternHoleTable& hole);
     void TakeMemberTypes();
@@ -202,6 +203,10 @@ class JobMaker {
     void Require(bool isGood, Position at, const std::string& text) {
         if (!isGood)
             m_faults.Add(at, text);
+    }
+    /// For what several keys of a table say together: only told when each can be trusted.
+    void RequireOf(const PlacedTable& table, bool isGood, const std::string& text) {
+        Require(isGood || !table.isSound, table.at, text);
     }
 
     const JobDocument& m_document;
@@ -271,7 +276,6 @@ void JobMaker::CheckFileNames() {
         return;
     }
     FileNames names;
-    names.Add(m_job.project.settingsFile, m_document.project.settingsFile.at, m_faults);
     const auto isNested = [](const Group& group) { return group.isNested; };
     if (std::any_of(m_job.groups.begin(), m_job.groups.end(), isNested))
         names.Add(m_job.project.fileName + kCuttingListEnding, fileName.at, m_faults);
@@ -283,24 +287,28 @@ void JobMaker::CheckFileNames() {
         if (i < kFirstOwnFile || at.line > 0)
             names.Add(m_job.project.fileName + m_job.files[i].ending, at, m_faults);
     }
+    names.Add(m_job.project.settingsFile, m_document.project.settingsFile.at, m_faults);
 }
 
 void JobMaker::TakeGroup(const SecondaryPartsTable& table, const PlacedText& id, Group& group) {
     group = table;
     group.id = id.text;
-    for (const PlacedText& reference : table.files) {
-        const std::size_t file = m_files.Find(reference, m_faults);
-        const bool isOwn = file == kOrderFile || file >= kFirstOwnFile;
-        Require(isOwn,
-                reference.at,
-                "no group is written to the file " + Quoted(reference.text) +
-                    ": only to \"order\" and to files of the job's own");
-        Require(std::find(group.files.begin(), group.files.end(), file) == group.files.end() ||
-                    reference.at.line == 0,
-                reference.at,
-                "the file " + Quoted(reference.text) + " stands here a second time");
-        group.files.push_back(file);
-    }
+    RequireOf(table, !table.files.empty(), "\"files\" must not be empty");
+    for (const PlacedText& reference : table.files)
+        if (const std::optional<std::size_t> file = m_files.Find(reference, m_faults))
+            TakeGroupFile(reference, *file, group);
+}
+
+void JobMaker::TakeGroupFile(const PlacedText& reference, std::size_t file, Group& group) {
+    const auto& files = group.files;
+    const std::string name = "the file " + Quoted(reference.text);
+    Require(file == kOrderFile || file >= kFirstOwnFile,
+            reference.at,
+            name + " takes no members: only \"order\" and files of the job's own do");
+    Require(std::find(files.begin(), files.end(), file) == files.end(),
+            reference.at,
+            name + " stands here a second time");
+    group.files.push_back(file);
 }
 
 void JobMaker::TakeGroups() {
@@ -335,10 +343,10 @@ void JobMaker::CheckPatternHole(const FixedPattern& pattern, const PatternHoleTa
             "\"message\" needs two conversions such as %.1f, for diameter and position; a percent "
             "sign is written %%");
     for (const double x : hole.positions)
-        Require(pattern.fixedLength <= 0.0 || std::abs(x) <= pattern.fixedLength,
-                hole.at,
-                "position " + ShowNumber(x) + " lies beyond the length " +
-                    ShowNumber(pattern.fixedLength));
+        RequireOf(hole,
+                  pattern.fixedLength <= 0.0 || std::abs(x) <= pattern.fixedLength,
+                  "position " + ShowNumber(x) + " lies beyond the length " +
+                      ShowNumber(pattern.fixedLength));
 }
 
 void JobMaker::TakeMemberTypes() {
@@ -359,7 +367,7 @@ MemberType JobMaker::MakeMemberType(const MemberTypeTable& table) {
             table.at,
             "\"group\" is missing in [[member_type]]");
     if (table.group.at.line > 0)
-        type.group = m_groups.Find(table.group, m_faults);
+        type.group = m_groups.Find(table.group, m_faults).value_or(kFirstOwnGroup);
     Require(type.group != kSecondaryGroup,
             table.group.at,
             "the group of single parts takes its members from the assemblies alone");
@@ -429,18 +437,18 @@ void JobMaker::CheckDimension(const char* key,
     };
     for (const Part& part : parts) {
         const std::string name = plugin::Quoted(part.name);
-        Require(part.source != source || part.isGiven,
-                table.at,
-                name + " is missing in " + plugin::Quoted(key) + ": the source " +
-                    plugin::Quoted(part.word) + " needs it");
-        Require(part.source == source || !part.isGiven,
-                table.at,
-                name + " in " + plugin::Quoted(key) + " is only for the source " +
-                    plugin::Quoted(part.word));
+        RequireOf(table,
+                  part.source != source || part.isGiven,
+                  name + " is missing in " + plugin::Quoted(key) + ": the source " +
+                      plugin::Quoted(part.word) + " needs it");
+        RequireOf(table,
+                  part.source == source || !part.isGiven,
+                  name + " in " + plugin::Quoted(key) + " is only for the source " +
+                      plugin::Quoted(part.word));
     }
-    Require(
+    RequireOf(
+        table,
         source != eProfPropAttrib || hasAttributes,
-        table.at,
         plugin::Quoted(key) + " comes from \"attributes\", which are missing in [[member_type]]");
 }
 
@@ -453,9 +461,9 @@ CMemberValidations JobMaker::MakeLimits(const MemberTypeTable& table) {
     limits.SetNoOfExternalContours(given.maxExternalContours.value_or(kAny));
     limits.SetMinimumLength(given.minLength);
     limits.SetMaximumLength(given.maxLength.value_or(kAnyLength));
-    Require(limits.GetMinimumLength() <= limits.GetMaximumLength(),
-            given.at,
-            "\"min_length\" must not be above \"max_length\"");
+    RequireOf(given,
+              limits.GetMinimumLength() <= limits.GetMaximumLength(),
+              "\"min_length\" must not be above \"max_length\"");
     for (std::size_t type = 0; type < table.report.types.size(); ++type)
         if (const auto& report = table.report.types[type])
             limits.SetReportType(static_cast<eValidationTypes>(type), *report);
@@ -478,12 +486,11 @@ void JobMaker::TakeHoleRules() {
 void JobMaker::CheckHoleRule(const HoleRuleTable& table, const Ids& ids) {
     const PlacedText& suffix = table.otherwiseSuffix;
     const bool hasLength = table.shape == eHoleShapeSlot || table.shape == eHoleShapeRectangular;
-    Require(hasLength || table.lengths.empty(),
-            table.at,
-            "\"lengths\" is only for slots and rectangles");
-    Require(!table.isPairMust || !table.pairs.empty(),
-            table.at,
-            "\"pair_must\" is of no use without \"pairs\"");
+    RequireOf(
+        table, hasLength || table.lengths.empty(), "\"lengths\" is only for slots and rectangles");
+    RequireOf(table,
+              !table.isPairMust || !table.pairs.empty(),
+              "\"pair_must\" is of no use without \"pairs\"");
     if (suffix.text.isEmpty())
         return;
     Require(!table.excludedMembers.empty(),
@@ -513,9 +520,9 @@ void JobMaker::TakeCornerNotches() {
 }
 
 void JobMaker::CheckCornerNotch(const CornerNotchTable& table) {
-    Require(!table.isRectangle || table.corners == kCornersOfRectangle,
-            table.at,
-            "a rectangle has 4 corners, not " + std::to_string(table.corners));
+    RequireOf(table,
+              !table.isRectangle || table.corners == kCornersOfRectangle,
+              "a rectangle has 4 corners, not " + std::to_string(table.corners));
     CheckNotchValues(table);
     constexpr ZetFormatArg::Kind kNumber = ZetFormatArg::Kind::kDouble;
     const std::wstring_view format = table.output.text.view();
@@ -536,10 +543,10 @@ void JobMaker::CheckNotchValues(const CornerNotchTable& table) {
             table.values[i] == NotchValue::kLength || table.values[i] == NotchValue::kWidth;
         areInPlace = areInPlace && isSize == (i < kSizesOfNotch);
     }
-    Require(count == 0 || (count >= kSizesOfNotch && count <= kMostNotchValues && areInPlace),
-            table.at,
-            "\"values\" are two of \"length\" and \"width\", then at most one of \"x\", "
-            "\"corner_x\", \"y\" and \"corner_y\"");
+    RequireOf(table,
+              count == 0 || (count >= kSizesOfNotch && count <= kMostNotchValues && areInPlace),
+              "\"values\" are two of \"length\" and \"width\", then at most one of \"x\", "
+              "\"corner_x\", \"y\" and \"corner_y\"");
 }
 
 void JobMaker::TakeAssemblies() {

@@ -406,7 +406,7 @@ constexpr Key kHoleRuleKeys[] = {
     Row<HoleRuleTable, &HoleRuleTable::id>("id", "Name of the rule in this job.", {.isRequired = true}),
     Row<HoleRuleTable, &HoleRule::shape>("shape", "The shape of the holes."),
     Row<HoleRuleTable, &HoleRule::diameters>("diameters", "Their diameters; the width of a slot or of a cut-out.", {.range = kSize, .unit = "mm", .defaultNote = "any"}),
-    Row<HoleRuleTable, &HoleRule::lengths>("lengths", "The lengths of slots and rectangles.", {.range = kSize, .unit = "mm", .defaultNote = "any"}),
+    Row<HoleRuleTable, &HoleRule::lengths>("lengths", "The overall lengths of slots and rectangles.", {.range = kSize, .unit = "mm", .defaultNote = "any"}),
     Row<HoleRuleTable, &HoleRule::faces>("faces", "The faces that they are on.", {.defaultNote = "any"}),
     Row<HoleRuleTable, &HoleRule::backMarks>("back_marks", "Their distances from the face's lower edge (Y).", {.range = kDistance, .unit = "mm", .defaultNote = "any"}),
     Row<HoleRuleTable, &HoleRule::otherFaceDistances>("other_face_distances", "Their distances from the opposite edge (face width less Y). With `back_marks`, one of either list is enough.", {.range = kDistance, .unit = "mm", .defaultNote = "any"}),

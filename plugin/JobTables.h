@@ -1,8 +1,7 @@
 #pragma once
 
 #include "plugin/JobDocument.h"
-
-#include <toml++/toml.h>
+#include "plugin/Toml.h"
 
 namespace plugin {
 

@@ -9,10 +9,10 @@ namespace {
 
 constexpr char kDelete = '\x7F';
 
-constexpr const char* kPlainly = "no quotes";
-constexpr const char* kInQuotes = "quotes";
-constexpr const char* kInDoubleBrackets = "double brackets, for there can be several";
-constexpr const char* kInBrackets = "square brackets, also for a single value";
+constexpr const char* kPlainly = "without quotes";
+constexpr const char* kInQuotes = "in quotes";
+constexpr const char* kInDoubleBrackets = "in double brackets, for there can be several";
+constexpr const char* kInBrackets = "in square brackets, also for a single value";
 
 struct NodeName {
     toml::node_type type;
@@ -134,7 +134,7 @@ void AddWrongType(const Key& key,
                   JobFaults& faults) {
     std::string text = "must be " + std::string(wanted) + ", not " + DescribeNode(node);
     if (!how.empty())
-        text += "; write it with " + std::string(how);
+        text += "; write it " + std::string(how);
     AddFault(key, node, text, faults);
 }
 
@@ -145,7 +145,7 @@ bool ReadNumber(const Key& key, const toml::node& node, double& value, JobFaults
     }
     const double number = node.value<double>().value_or(0.0);
     if (!std::isfinite(number)) {
-        AddFault(key, node, "must be a number that can be measured, not nan or inf", faults);
+        AddFault(key, node, "must be an ordinary number, not nan or inf", faults);
         return false;
     }
     if (!key.options.range.Contains(number)) {
@@ -212,8 +212,8 @@ const toml::array* ReadList(const Key& key, const toml::node& node, JobFaults& f
     if (list == nullptr) {
         const bool isTopTable = key.options.isTop && node.is_table();
         faults.Add(PositionOf(node),
-                   LabelOf(key) + " must be a list, not " + DescribeNode(node) +
-                       "; write it with " + (isTopTable ? kInDoubleBrackets : kInBrackets));
+                   LabelOf(key) + " must be a list, not " + DescribeNode(node) + "; write it " +
+                       (isTopTable ? kInDoubleBrackets : kInBrackets));
         return nullptr;
     }
     if (list->empty() && key.options.isRequired)

@@ -2,12 +2,12 @@
 
 #include "plugin/JobDocument.h"
 #include "plugin/JobWords.h"
+#include "plugin/Toml.h"
 
 #include <cstdint>
 #include <span>
 #include <string>
 #include <string_view>
-#include <toml++/toml.h>
 #include <type_traits>
 
 /// @file
@@ -116,12 +116,15 @@ struct Value {
     static bool Read(const Key& key, const toml::node& node, T& into, JobFaults& faults) {
         const toml::table* table = node.as_table();
         if (table == nullptr) {
-            AddWrongType(key, node, kName, key.options.isTop ? "single brackets" : "", faults);
+            AddWrongType(key, node, kName, key.options.isTop ? "in single brackets" : "", faults);
             return false;
         }
-        if constexpr (requires { into.at; })
-            into.at = PositionOf(node);
+        const std::size_t faultsBefore = faults.GetCount();
         ReadTable(*key.table, LabelOf(key), *table, &into, faults);
+        if constexpr (requires { into.isSound; }) {
+            into.at = PositionOf(node);
+            into.isSound = faults.GetCount() == faultsBefore;
+        }
         return true;
     }
     static std::string Show(const T&) { return ""; }
