@@ -1,14 +1,16 @@
 #!/usr/bin/env bash
 # setup.sh PURPOSE... installs the Debian packages that a purpose needs and this machine lacks.
 # Purposes: build (library, tool and tests), windows (cross build and Wine), bench (benchmarks),
-# ci (all else that CI runs).
+# pictures (of the dialog, for the documentation), ci (all else that CI runs).
 # Installs as root, or through sudo when that asks nothing; otherwise prints the line to run and stops.
 set -euo pipefail
 
 declare -A packages=(
-    [build]="cmake ninja-build g++ googletest libcli11-dev libtomlplusplus-dev nlohmann-json3-dev"
+    [build]="cmake ninja-build g++ googletest libcli11-dev libtomlplusplus-dev nlohmann-json3-dev
+        qt6-base-dev"
     [windows]="g++-mingw-w64-x86-64-posix wine wine64 fonts-wine"
     [bench]="libbenchmark-dev"
+    [pictures]="xvfb xauth imagemagick"
     [ci]="clang locales tzdata"
 )
 

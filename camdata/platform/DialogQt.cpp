@@ -56,6 +56,7 @@ QWidget* MakeEdit(QDialog& dialog) {
 QWidget* MakeLines(QDialog& dialog) {
     auto* lines = new QPlainTextEdit(&dialog);
     lines->setTabChangesFocus(true);
+    lines->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     return lines;
 }
 
@@ -207,9 +208,11 @@ class QtWindow final : public DialogWindow {
         const WidgetKind& kind = kWidgetKinds[static_cast<int>(row.kind)];
         QWidget* widget = kind.make(m_dialog);
         m_controls[row.id] = {widget, &kind};
+        widget->setObjectName(QString::number(row.id));
         widget->setEnabled(row.state != ControlState::kDisabled);
-        if (row.state == ControlState::kReadOnly)
-            widget->setProperty("readOnly", true);
+        widget->setProperty("readOnly", row.state == ControlState::kReadOnly);
+        if (row.state != ControlState::kNormal)
+            widget->setPalette(PaletteToRead());
         Move(row.id, InPixels(row.units));
         Show(row.id, row.isVisible);
         if (kind.textProperty != nullptr)
@@ -227,6 +230,21 @@ class QtWindow final : public DialogWindow {
                 if (m_isCreated)
                     m_events.OnTabChanged(id, index);
             });
+    }
+
+    /// The colours of fields that only show something: grey, as what is disabled, but easier to
+    /// read than that is on many desktops.
+    QPalette PaletteToRead() const {
+        QPalette palette = m_dialog.palette();
+        const QColor text = palette.color(QPalette::Active, QPalette::WindowText);
+        const QColor window = palette.color(QPalette::Active, QPalette::Window);
+        palette.setColor(QPalette::Base, window);
+        palette.setColor(QPalette::Disabled,
+                         QPalette::Text,
+                         QColor((3 * text.red() + window.red()) / 4,
+                                (3 * text.green() + window.green()) / 4,
+                                (3 * text.blue() + window.blue()) / 4));
+        return palette;
     }
 
     /// What a screen reader calls a field is the text of its label.

@@ -2,6 +2,7 @@
 #include "camdata/platform/Modules.h"
 #include "camdata/platform/ZetAssert.h"
 
+#include <algorithm>
 #include <string>
 #include <utility>
 
@@ -148,9 +149,7 @@ class Win32Window final : public DialogWindow {
                    TRUE);
     }
     DialogRect Position(int id) const override {
-        RECT place = {};
-        GetWindowRect(At(id), &place);
-        MapWindowPoints(nullptr, m_window, reinterpret_cast<POINT*>(&place), 2);
+        const RECT place = PlaceOf(id);
         return {Unscaled(place.left),
                 Unscaled(place.top),
                 Unscaled(place.right - place.left),
@@ -161,6 +160,9 @@ class Win32Window final : public DialogWindow {
         if (!isShown && GetFocus() == At(id))
             SendMessageW(m_window, WM_NEXTDLGCTL, 0, FALSE);
         ShowWindow(At(id), isShown ? SW_SHOW : SW_HIDE);
+        // A label draws its letters only, upon what was there.
+        const RECT place = PlaceOf(id);
+        RedrawWindow(m_window, &place, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
     }
     bool IsShown(int id) const override { return HasStyle(id, WS_VISIBLE); }
     void Enable(int id, bool isEnabled) override { EnableWindow(At(id), isEnabled ? TRUE : FALSE); }
@@ -227,26 +229,30 @@ class Win32Window final : public DialogWindow {
             SetWindowLongPtrW(window, DWLP_USER, l);
         // The first messages come before there is anybody to handle them.
         auto* self = reinterpret_cast<Win32Window*>(GetWindowLongPtrW(window, DWLP_USER));
-        return self != nullptr && self->Handle(window, message, w, l) ? TRUE : FALSE;
+        return self == nullptr ? FALSE : self->Handle(window, message, w, l);
     }
 
-    bool Handle(HWND window, UINT message, WPARAM w, LPARAM l) {
+    INT_PTR Handle(HWND window, UINT message, WPARAM w, LPARAM l) {
         switch (message) {
             case WM_INITDIALOG:
                 Create(window);
-                return true;
+                return TRUE;
             case kShown:
+                // Windows itself would wait until there are no more messages.
+                ShowWindow(window, SW_SHOW);
                 m_events.OnShown();
-                return true;
+                return TRUE;
             case WM_COMMAND:
                 return OnCommand(w);
             case WM_NOTIFY:
                 return OnNotify(*reinterpret_cast<const NMHDR*>(l));
+            case WM_CTLCOLORSTATIC:
+                return BackgroundOf(reinterpret_cast<HWND>(l), reinterpret_cast<HDC>(w));
             case WM_DESTROY:
                 NameFields([this](HWND field, int) { m_names.Clear(field); });
-                return false;
+                return FALSE;
             default:
-                return false;
+                return FALSE;
         }
     }
 
@@ -260,6 +266,20 @@ class Win32Window final : public DialogWindow {
         NameFields([this](HWND field, int label) { m_names.Set(field, Text(label)); });
         if (m_events.IsDriven())
             PostMessageW(window, kShown, 0, 0);
+    }
+
+    /// Labels lie on a tab, whose colour may be another than the dialog's.
+    INT_PTR BackgroundOf(HWND control, HDC context) const {
+        if (!IsLabel(GetDlgCtrlID(control)))
+            return FALSE;
+        SetBkMode(context, TRANSPARENT);
+        return reinterpret_cast<INT_PTR>(GetStockObject(NULL_BRUSH));
+    }
+    bool IsLabel(int id) const {
+        const auto isThat = [id](const ControlDef& row) {
+            return row.id == id && row.kind == ControlKind::kLabel;
+        };
+        return std::any_of(m_template.controls.begin(), m_template.controls.end(), isThat);
     }
 
     /// Calls an action with each field and its label's id.
@@ -295,6 +315,12 @@ class Win32Window final : public DialogWindow {
         const HWND control = GetDlgItem(m_window, id);
         ZET_ASSERT(control != nullptr, "control exists");
         return control;
+    }
+    RECT PlaceOf(int id) const {
+        RECT place = {};
+        GetWindowRect(At(id), &place);
+        MapWindowPoints(nullptr, m_window, reinterpret_cast<POINT*>(&place), 2);
+        return place;
     }
     bool HasStyle(int id, LONG_PTR style) const {
         return (GetWindowLongPtrW(At(id), GWL_STYLE) & style) != 0;

@@ -4,6 +4,7 @@
 #include "camdata/output/CMxCamGlobAcc.h"
 #include "camdata/platform/Clock.h"
 #include "camdata/platform/DialogWindow.h"
+#include "camdata/platform/Modules.h"
 #include "camdata/project/CProjectInformation.h"
 
 #include <algorithm>
@@ -15,6 +16,10 @@
 #include <vector>
 
 #include <gtest/gtest.h>
+
+#if defined(_WIN32)
+#include <windows.h>
+#endif
 
 namespace {
 
@@ -405,6 +410,91 @@ TEST_P(CProjectInformationDlgTest, TheAccumulatorShowsTheDialogOfItsProject) {
     EXPECT_EQ(m_driverRuns, 1);
     EXPECT_EQ(accumulator.GetProjectInfo()->GetDialogResult().outcome, DialogOutcome::kConfirmed);
 }
+
+#if defined(_WIN32)
+/// Reads the words and texts of a dialog resource, one after the other.
+class ResourceReader {
+  public:
+    explicit ResourceReader(const void* resource)
+        : m_begin(static_cast<const WORD*>(resource)), m_at(m_begin) {}
+
+    WORD Word() { return *m_at++; }
+    void Skip(int words) { m_at += words; }
+    void AlignToFour() { m_at += (m_at - m_begin) % 2; }
+    /// A text, or "#" and a number.
+    std::wstring Name() {
+        if (*m_at == 0xFFFF) {
+            m_at += 2;
+            return L"#" + std::to_wstring(m_at[-1]);
+        }
+        const std::wstring text(reinterpret_cast<const wchar_t*>(m_at));
+        m_at += text.size() + 1;
+        return text;
+    }
+
+  private:
+    const WORD* m_begin;
+    const WORD* m_at;
+};
+
+TEST(CProjectInformationDlgResourceTest, IsADialogOfTheLibrary) {
+    // Buttons are #128, edit fields #129, labels #130. The resource compiler writes classes in
+    // capitals.
+    const wchar_t* const tabs = L"SYSTABCONTROL32";
+    const wchar_t* const date = L"SYSDATETIMEPICK32";
+    struct Control {
+        int id;
+        std::wstring kind;
+        std::wstring text;
+    };
+    // clang-format off
+    const Control controls[] = {
+        {1002, tabs, L""}, {65535, L"#128", L""}, {1101, L"#129", L""}, {1206, L"#129", L""},
+        {1207, date, L""}, {1211, L"#129", L""}, {1212, L"#129", L""}, {1213, date, L""},
+        {1301, date, L""}, {1302, L"#129", L""}, {1, L"#128", L"OK"}, {2, L"#128", L"Cancel"},
+        {1001, L"#128", L"Save Settings"}, {1151, L"#130", L"File Name"},
+        {1152, L"#130", L"Location"}, {1102, L"#129", L""}, {1205, L"#129", L""},
+        {1255, L"#130", L"Cold Rolled Customer"}, {1352, L"#130", L"Delivery Address"},
+        {1351, L"#130", L"Delivery Date"}, {1262, L"#130", L"Revision"},
+        {1263, L"#130", L"Revision Date"}, {1257, L"#130", L"Cold Rolled Order Date"},
+        {1261, L"#130", L"Comments"}, {1201, L"#129", L""}, {1251, L"#130", L"Model Ref"},
+        {1202, L"#129", L""}, {1252, L"#130", L"Project"}, {1203, L"#129", L""},
+        {1253, L"#130", L"Project No"}, {1204, L"#129", L""}, {1254, L"#130", L"Client"},
+        {1208, L"#129", L""}, {1258, L"#130", L"Contractor"}, {1209, L"#129", L""},
+        {1259, L"#130", L"Designer"}, {1210, L"#129", L""}, {1260, L"#130", L"Detailer"},
+        {1256, L"#130", L"Cold Rolled Order No"},
+        {1501, L"#129", L""}, {1502, L"#129", L""}, {1503, L"#129", L""},
+        {1504, L"#129", L""}, {1505, L"#129", L""}, {1506, L"#129", L""},
+        {1551, L"#130", L"File Name"}, {1552, L"#130", L"File Name"}, {1553, L"#130", L"File Name"},
+        {1554, L"#130", L"File Name"}, {1555, L"#130", L"File Name"}, {1556, L"#130", L"File Name"},
+    };
+    // clang-format on
+    const auto library = static_cast<HMODULE>(OwnModule());
+    const HRSRC place = FindResourceW(library, MAKEINTRESOURCEW(1000), RT_DIALOG);
+    ASSERT_NE(place, nullptr);
+    ResourceReader reader(LockResource(LoadResource(library, place)));
+    reader.Skip(8);  // version, help, styles
+    EXPECT_EQ(reader.Word(), std::size(controls));
+    reader.Skip(2);
+    EXPECT_EQ(reader.Word(), 287);
+    EXPECT_EQ(reader.Word(), 273);
+    reader.Skip(2);  // no menu, the usual class
+    EXPECT_EQ(reader.Name(), L"Dialog");
+    EXPECT_EQ(reader.Word(), 8);
+    reader.Skip(2);
+    EXPECT_EQ(reader.Name(), L"MS Shell Dlg");
+    for (const Control& control : controls) {
+        SCOPED_TRACE(control.id);
+        reader.AlignToFour();
+        reader.Skip(10);  // help, styles, place
+        EXPECT_EQ(reader.Word(), control.id);
+        reader.Skip(1);
+        EXPECT_EQ(reader.Name(), control.kind);
+        EXPECT_EQ(reader.Name(), control.text);
+        reader.Skip(1);
+    }
+}
+#endif
 
 #if !defined(CAMDATA_HAS_DIALOGS)
 TEST(CProjectInformationDlgWithoutWindowsTest, CountsAsCancelledAndSaysWhy) {
