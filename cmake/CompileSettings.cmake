@@ -1,18 +1,26 @@
 # Warnings and code generation of every target of this project, carried by one interface target.
 add_library(camdata_compile_settings INTERFACE)
 target_compile_features(camdata_compile_settings INTERFACE cxx_std_20)
-target_compile_options(camdata_compile_settings INTERFACE
-    -Wall -Wextra -Wconversion -Wshadow
-    # GCC 12 warns of its own library wherever a literal and a string are added.
-    $<$<CXX_COMPILER_ID:GNU>:-Wno-restrict>
-    $<$<BOOL:${CAMDATA_WERROR}>:-Werror>
-    # The same bits on every processor: no fused multiply-add behind the program's back.
-    -ffp-contract=off
-    # __FILE__ in assertions is relative to the source tree.
-    -ffile-prefix-map=${PROJECT_SOURCE_DIR}/=)
+if(MSVC)
+    # Sources are UTF-8; the language as it stands, and the same bits as elsewhere.
+    target_compile_options(camdata_compile_settings INTERFACE
+        /W4 $<$<BOOL:${CAMDATA_WERROR}>:/WX> /utf-8 /permissive- /Zc:preprocessor /fp:precise)
+else()
+    target_compile_options(camdata_compile_settings INTERFACE
+        -Wall -Wextra -Wconversion -Wshadow
+        # GCC 12 warns of its own library wherever a literal and a string are added.
+        $<$<CXX_COMPILER_ID:GNU>:-Wno-restrict>
+        $<$<BOOL:${CAMDATA_WERROR}>:-Werror>
+        # The same bits on every processor: no fused multiply-add behind the program's back.
+        -ffp-contract=off
+        # __FILE__ in assertions is relative to the source tree.
+        -ffile-prefix-map=${PROJECT_SOURCE_DIR}/=)
+endif()
 if(WIN32)
     target_compile_definitions(camdata_compile_settings INTERFACE
         UNICODE _UNICODE _WIN32_WINNT=0x0601 WIN32_LEAN_AND_MEAN NOMINMAX)
+endif()
+if(MINGW)
     # Nothing but system DLLs to ship.
     target_link_options(camdata_compile_settings INTERFACE -static)
 endif()
