@@ -18,7 +18,7 @@ bool IsCharacterStart(char c) {
 }
 
 long WidthOf(const std::string& text) {
-    return std::count_if(text.begin(), text.end(), IsCharacterStart);
+    return static_cast<long>(std::count_if(text.begin(), text.end(), IsCharacterStart));
 }
 
 /// What a name holds must not steer the terminal.
