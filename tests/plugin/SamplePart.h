@@ -16,6 +16,7 @@
 
 /// A part as a host offers it: Part(L"Z1").Qty(4).Hole(1, 100, 50, 18). Without more it is one
 /// Z200x2.0, 3000 long, 200 high, with flanges of 70. The tag of a hole or contour is its number.
+/// Must outlive the members made from it, which hold its model object.
 class Part : public ZetNCEntity {
   public:
     explicit Part(const wchar_t* mark, const wchar_t* profile = L"Z200x2.0") {

@@ -1,0 +1,253 @@
+#include "SamplePart.h"
+#include "plugin/JobRun.h"
+#include "support/TempFolder.h"
+
+#include <fstream>
+#include <string>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+using plugin::Job;
+using plugin::JobRun;
+
+/// Round holes of 18 are coded, all else is an error. Files have no project header; their names
+/// begin with "job".
+Job RunJob() {
+    Job job = SampleJob();
+    plugin::HoleRule rule;
+    rule.diameters = {18};
+    rule.code = L"18";
+    job.holeRules = {rule};
+    job.project.fileName = L"job";
+    for (plugin::OutputFile& file : job.files)
+        file.hasProjectHeader = false;
+    job.groups[plugin::kSecondaryGroup].headerLines = {L"Single parts"};
+    job.groups[2].headerLines = {L"Members"};
+    job.groups[2].sortKeys = {eSortMark};
+    job.infoHeaders = {
+        {{L"All"}, {L"Non-standard"}, {L"Errors"}, {L"Warnings"}}
+    };
+    job.infoOrder = {plugin::kErrorsBlock,
+                     plugin::kWarningsBlock,
+                     plugin::kNonStandardBlock,
+                     plugin::kAllMembersBlock};
+    return job;
+}
+
+std::string MemberText(const std::string& mark, int quantity, const std::string& operations = "") {
+    return "member mark=\"" + mark + "\" quantity=" + std::to_string(quantity) +
+           " profile=\"Z200x2.0\" length=3000.000\n" + operations + "end\n";
+}
+
+std::string HeadText(const std::string& mark, int quantity) {
+    return "Part Number = " + mark +
+           "\n          Section    = Z200x2.0\n          Quantity   = " + std::to_string(quantity) +
+           "\n";
+}
+
+/// A line of the additional information.
+std::string InfoText(const std::string& mark, int quantity) {
+    return ZetString::format(L"%-20s%-20s%-4d\n", ZetString::fromUtf8(mark), L"Z200x2.0", quantity)
+        .toUtf8();
+}
+
+void AddAll(JobRun& run, std::initializer_list<Part*> parts) {
+    for (Part* part : parts)
+        EXPECT_EQ(run.Add(*part), JobRun::Added::kAdded);
+}
+
+const std::string kGap = "  \n  \n  \n";
+
+// M needs A twice and B four times, D and E are alone; C is part of an assembly that is not there.
+TEST(JobRun, MembersPartsAndMainPartsInTheirFiles) {
+    TempFolder folder;
+    Job job = RunJob();
+    job.assemblies = {
+        {L"M", {{L"A", 1}, {L"B", 1}}},
+        {L"N", {{L"C", 1}}           }
+    };
+    job.memberTypes[0].limits.SetReportType(static_cast<eValidationTypes>(plugin::kQuantity),
+                                            eReportingNonStd);
+    job.maximumQuantity = 50;
+    Part a(L"A");
+    Part b(L"B");
+    Part c(L"C");
+    Part d(L"D");
+    Part e(L"E");
+    Part m(L"M");
+    a.Qty(6).Hole(kWebView, 100, 50, 18);
+    b.Qty(1);
+    c.Qty(2).Hole(kWebView, 100, 50, 16);
+    d.Qty(51);
+    m.Qty(4).MainPartWith({&a, &b});
+    JobRun run(job, folder.PathOf(""));
+    AddAll(run, {&m, &e, &d, &c, &b, &a});
+    ASSERT_TRUE(run.Write(folder.PathOf("")));
+    EXPECT_TRUE(run.GetFileFaults().isEmpty());
+    // C is refused. M is four short of B, so it is an error: three are missing, one is there.
+    EXPECT_EQ(folder.Read("job-orders.txt"),
+              "Single parts\n" + MemberText("B", 1) +
+                  MemberText("A",
+                             6,
+                             "hole face=web x=100.000 y=50.000 diameter=18.000 depth=0.000"
+                             " thread=none code=\"18\"\n") +
+                  "Members\n" + MemberText("D", 51) + MemberText("E", 1));
+    EXPECT_EQ(
+        folder.Read("job-errors.txt"),
+        HeadText("C", 2) +
+            "          No hole rule covers it: 16.0 round holes on web at (X:100.0, Y:50.0)\n" +
+            HeadText("M", 4) +
+            "          *Error: 3 of the single parts (Part no : B) are not selected / valid"
+            " for this assembly\n" +
+            HeadText("B", -3) + "          3 no of parts are not selected in selection\n");
+    EXPECT_EQ(folder.Read("job-warnings.txt"),
+              HeadText("D", 51) + "          Quantity (51) is above 50\n" + HeadText("C", 2) +
+                  "          2 no of parts are not used in any assemblies\n" + HeadText("A", 2) +
+                  "          2 no of parts are not used in any assemblies\n");
+    EXPECT_EQ(folder.Read("job-info.txt"),
+              kGap + "Errors\n" + InfoText("C", 2) + InfoText("M", 4) + InfoText("B", -3) + kGap +
+                  "Warnings\n" + InfoText("D", 51) + InfoText("C", 2) + InfoText("A", 2) + kGap +
+                  "Non-standard\n" + InfoText("D", 51) + kGap + "All\n" + InfoText("C", 2) +
+                  InfoText("B", 1) + InfoText("A", 6) + InfoText("D", 51) + InfoText("E", 1) +
+                  InfoText("M", 4) + InfoText("C", 2) + InfoText("B", -3) + InfoText("A", 2));
+
+    std::string results;
+    for (const plugin::MemberResult& result : run.GetMemberResults())
+        results += result.mark.toUtf8() + " " + std::to_string(result.group) + " x" +
+                   std::to_string(result.quantity) + (result.outcome.isValid ? "" : " invalid") +
+                   (result.outcome.hasWarnings ? " warned" : "") +
+                   (result.outcome.isNonStandard ? " non-standard" : "") + ";";
+    EXPECT_EQ(results,
+              "M 2 x4 invalid;E 2 x1;D 2 x51 warned non-standard;C 1 x2 invalid;B 1 x1;A 1 x6;");
+    const std::vector<plugin::GroupResult> groups = run.GetGroupResults();
+    ASSERT_EQ(groups.size(), 2u);
+    EXPECT_EQ(groups[1].members, 3);
+    EXPECT_EQ(groups[1].pieces, 52);
+    EXPECT_EQ(groups[1].invalid, 1);
+    EXPECT_EQ(groups[1].withWarnings, 1);
+    EXPECT_EQ(groups[1].nonStandard, 1);
+}
+
+TEST(JobRun, NestsTheValidMembersOfAGroup) {
+    TempFolder folder;
+    Job job = RunJob();
+    job.groups[2].isNested = true;
+    Part a(L"A");
+    Part b(L"B");
+    Part c(L"C");
+    JobRun run(job, folder.PathOf(""));
+    AddAll(run, {&a.Qty(2).Length(1500), &b.Length(5000), &c.Length(900)});
+    ASSERT_TRUE(run.Write(folder.PathOf("")));
+    EXPECT_EQ(run.GetFileNames().back(), L"job-cutting.txt");
+    EXPECT_EQ(folder.Read("job-cutting.txt"),
+              "Cutting list of group members\n"
+              "\n"
+              "1 bar\n"
+              "Part mark (C) combinations are as below\n"
+              "\tMark:C, Qty:1, Length:  900\n"
+              "\tMark:A, Qty:2, Length: 1500\n"
+              "\tOff-cut of each bar: 100.0\n"
+              "\n"
+              "Bars used               : 1\n"
+              "Stock length            : 4000\n"
+              "Length of all pieces    : 3900.0\n"
+              "Utilisation             : 97.5 %\n"
+              "No plan needs less than : 1\n"
+              "First-fit-decreasing    : 1\n"
+              "\n");
+    ASSERT_EQ(run.GetNestResults().size(), 1u);
+    EXPECT_EQ(run.GetNestResults()[0].group, 2u);
+    EXPECT_EQ(run.GetNestResults()[0].bars, 1);
+}
+
+TEST(JobRun, ReserveLengthKeepsOffCuts) {
+    TempFolder folder;
+    Job job = RunJob();
+    job.groups[2].isNested = true;
+    job.groups[2].reserveLength = 2500.0;
+    Part a(L"A");
+    JobRun run(job, folder.PathOf(""));
+    AddAll(run, {&a.Qty(2).Length(1500)});
+    ASSERT_TRUE(run.Write(folder.PathOf("")));
+    EXPECT_EQ(run.GetNestResults().at(0).bars, 2);
+}
+
+TEST(JobRun, MembersFallUnderTheFirstTypeThatFits) {
+    Job job = RunJob();
+    plugin::MemberType skipped = job.memberTypes[0];
+    skipped.profilePattern = L"C*x1.?";
+    skipped.isSkipped = true;
+    job.memberTypes[0].profilePattern = L"Z*";
+    job.memberTypes[0].codePattern = L"S?";
+    job.memberTypes.insert(job.memberTypes.begin(), skipped);
+    Part fits(L"A", L"Z200x2.0");
+    Part isSkipped(L"B", L"C150x1.5");
+    Part isLonger(L"C", L"C150x1.55");
+    Part isLowerCase(L"D", L"z200");
+    JobRun run(job, "");
+    EXPECT_EQ(run.Add(fits), JobRun::Added::kAdded);
+    EXPECT_EQ(run.Add(isSkipped), JobRun::Added::kSkipped);
+    EXPECT_EQ(run.Add(isLonger), JobRun::Added::kNoType);
+    EXPECT_EQ(run.Add(isLowerCase), JobRun::Added::kNoType);
+}
+
+TEST(JobRun, ProjectHeadsTheFilesUnderTheirOwnLines) {
+    TempFolder folder;
+    Job job = RunJob();
+    job.files[plugin::kOrderFile].headerLines = {L"LINE 1"};
+    job.files[plugin::kOrderFile].hasProjectHeader = true;
+    job.project.name = L"Shed";
+    job.project.comments = {L"one", L"two"};
+    job.project.revisionDate = L"";
+    job.project.deliveryDate = L"soon";
+    job.date = CalendarDate{2026, 3, 2};
+    JobRun run(job, folder.PathOf(""));
+    ASSERT_TRUE(run.Write(folder.PathOf("")));
+    EXPECT_EQ(folder.Read("job-orders.txt"),
+              "LINE 1\n"
+              "** Project                   : Shed\n"
+              "** Cold Rolled Order Date    : 2026-03-02\n"
+              "** Comments                  : one\n"
+              "**                          : two\n"
+              "** Revision Date             : 2026-03-02\n"
+              "** Delivery Date             : soon\n");
+    EXPECT_EQ(folder.Read("job-errors.txt"), "");
+    EXPECT_EQ(Today().day, 2);
+}
+
+TEST(JobRun, SettingsBesideTheOutputCount) {
+    TempFolder folder;
+    const Job job = RunJob();
+    JobRun run(job, folder.PathOf(""));
+    EXPECT_TRUE(run.ReadSettings()) << "no settings file";
+    folder.Write("project-settings.txt", "+other\n+no 1\n");
+    EXPECT_FALSE(run.ReadSettings()) << "too few entries";
+    EXPECT_EQ(run.GetProjectInfo().GetFileName(), L"job");
+    folder.Write("project-settings.txt", "+other\n+no 1\n+d\n+one\r\ntwo\n+B\n+d\n+d\n+street\n");
+    EXPECT_TRUE(run.ReadSettings());
+    EXPECT_EQ(run.GetFileNames().front(), L"other-orders.txt");
+    EXPECT_EQ(run.GetProjectInfo().GetMxComments(), L"one\r\ntwo");
+    // The dialog asks for location, file name and caption of the first entry.
+    EXPECT_EQ(run.GetProjectInfo().GetFileNameArr()[0].GetCaptionStr(), L"-orders.txt");
+    EXPECT_EQ(run.GetProjectInfo().GetProjFileName(), folder.NameOf("project-settings.txt"));
+}
+
+TEST(JobRun, CanBeCancelledBetweenMembersAndTellsFileFaults) {
+    TempFolder folder;
+    const Job job = RunJob();
+    Part a(L"A");
+    Part b(L"B");
+    JobRun run(job, folder.PathOf(""));
+    AddAll(run, {&a, &b});
+    int asked = 0;
+    EXPECT_FALSE(run.Write(folder.PathOf(""), [&asked] { return ++asked == 2; }));
+    EXPECT_EQ(folder.Read("job-orders.txt"), "Members\n" + MemberText("A", 1)) << "not closed";
+
+    JobRun nowhere(job, folder.PathOf(""));
+    EXPECT_TRUE(nowhere.Write(folder.PathOf("missing")));
+    EXPECT_EQ(nowhere.GetFileFaults().length(), 4);
+}
+
+}  // namespace

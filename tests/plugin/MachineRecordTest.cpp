@@ -1,0 +1,258 @@
+#include "SamplePart.h"
+#include "plugin/MachineRecord.h"
+
+#include <cmath>
+#include <fstream>
+#include <iterator>
+#include <random>
+#include <string>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+using plugin::Job;
+using plugin::MachineFault;
+using plugin::MachineMember;
+using plugin::MachineOperation;
+using plugin::MachineOperationKind;
+using plugin::Uncovered;
+
+std::string RecordsOf(Judged& judged) {
+    judged->GenerateOutPutStringForHoles();
+    judged->GenerateOutPutStringForNotches();
+    judged->GenerateMemData();
+    return judged->GetMemOutPutStr().toUtf8();
+}
+
+/// The members of a text; none when it has a fault.
+std::vector<MachineMember> Read(const std::string& text) {
+    auto result = plugin::ReadMachineRecords(ZetString::fromUtf8(text));
+    if (const auto* fault = std::get_if<MachineFault>(&result)) {
+        ADD_FAILURE() << "line " << fault->line << ": " << fault->text.toUtf8();
+        return {};
+    }
+    return std::get<std::vector<MachineMember>>(std::move(result));
+}
+
+std::string Write(const std::vector<MachineMember>& members) {
+    ZetString text;
+    for (const MachineMember& member : members) {
+        text += plugin::FormatMemberLine(member) + L"\n";
+        for (const MachineOperation& operation : member.operations)
+            text += plugin::FormatOperationLine(operation) + L"\n";
+        text += plugin::MemberEndLine() + L"\n";
+    }
+    return text.toUtf8();
+}
+
+/// All is made, under the code "?".
+Job AcceptingJob() {
+    Job job = SampleJob();
+    job.uncoveredHoles = {Uncovered::kAccept, L"?"};
+    job.uncoveredNotches = {Uncovered::kAccept, L"N"};
+    return job;
+}
+
+TEST(MachineRecord, HoldsEveryKindOfOperation) {
+    Job job = AcceptingJob();
+    plugin::HoleRule rectangle;
+    rectangle.shape = eHoleShapeRectangular;
+    rectangle.code = L"R";
+    job.holeRules = {rectangle};
+    job.memberTypes[0].bottomFlange = {70.0, true};
+    Part part(L"Z-1");
+    part.Qty(4).Hole(kWebView, 100, 50, 18).Hole(kWebView, 200, 50, 12, 2);
+    part.Hole(kWebView, 500, 100, 13);
+    ZetNCHoleData sink;
+    sink.x = 500;
+    sink.y = 100;
+    sink.size = 26;
+    sink.kind = ZetNCHoleData::eKindCountersunk;
+    sink.depth = 6.5;
+    part.Hole(kWebView, sink).Slot(kTopView, 100, 35, 14, 26, 90.0);
+    part.Slot(kBottomView, 200, 30, 14, 40, 30.0).Opening(kWebView, 700, 60, 60, 40);
+    part.Contour(kWebView,
+                 ZetNCContour::eTypeInternal,
+                 {
+                     {2000, 50 },
+                     {2100, 50 },
+                     {2050, 101}
+    });
+    part.Contour(kWebView,
+                 ZetNCContour::eTypeExternal,
+                 {
+                     {60,   0  },
+                     {3000, 0  },
+                     {3000, 200},
+                     {0,    200},
+                     {0,    40 },
+                     {60,   40 }
+    });
+    Judged judged(job, part);
+    // On the bottom flange Y and the angle are turned over: 20 along at 30 degrees up from (200,
+    // 30) is (217.321, 40), 30 from the zero line.
+    EXPECT_EQ(
+        RecordsOf(judged),
+        "member mark=\"Z-1\" quantity=4 profile=\"Z200x2.0\" length=3000.000\n"
+        "slot face=top_flange x=100.000 y=48.000 width=14.000 length=40.000 angle=90.000"
+        " depth=0.000 code=\"?\"\n"
+        "hole face=web x=100.000 y=50.000 diameter=18.000 depth=0.000 thread=none code=\"?\"\n"
+        "hole face=web x=200.000 y=50.000 diameter=12.000 depth=0.000 thread=left code=\"?\"\n"
+        "countersunk face=web x=500.000 y=100.000 diameter=13.000 depth=0.000"
+        " sink_diameter=26.000 sink_depth=6.500 code=\"?\"\n"
+        "slot face=bottom_flange x=217.321 y=30.000 width=14.000 length=54.000 angle=150.000"
+        " depth=0.000 code=\"?\"\n"
+        "rectangle face=web x=700.000 y=60.000 length=60.000 width=40.000 code=\"R\"\n"
+        "notch face=web cut=external x=30.000 y=20.000 length=60.000 width=40.000 code=\"N\"\n"
+        "outline face=web cut=internal x=2050.000 y=67.000"
+        " points=\"2000.000,50.000 2100.000,50.000 2050.000,101.000\" code=\"N\"\n"
+        "end\n");
+}
+
+TEST(MachineRecord, LeavesOutWhatIsNotMade) {
+    Job job = SampleJob();
+    Part part(L"Z1");
+    part.Hole(kWebView, 100, 50, 18).Opening(kWebView, 500, 100, 60, 40);
+    Judged judged(job, part);
+    EXPECT_EQ(RecordsOf(judged),
+              "member mark=\"Z1\" quantity=1 profile=\"Z200x2.0\" length=3000.000\nend\n");
+}
+
+// ---- back again ---------------------------------------------------------------------------------
+
+const wchar_t* const kAwkwardTexts[] = {L"",
+                                        L"\"",
+                                        L"a \"b\" c",
+                                        L"\\",
+                                        L"\\\"",
+                                        L"x=1 code=",
+                                        L"end",
+                                        L"two\nlines\r\n",
+                                        L"member ",
+                                        L"Träger 12°, 鋼",
+                                        L"\t "};
+
+/// A part with up to 12 holes, slots and openings at places with three decimals, far apart.
+void AddRandomFeatures(Part& part, std::mt19937_64& random) {
+    const auto number = [&random](int below) { return static_cast<int>(random() % below); };
+    const int count = number(12);
+    for (int i = 0; i < count; ++i) {
+        const double x = 200.0 * (i + 1) + number(60000) * 0.001;
+        const double y = 30.0 + number(10000) * 0.001;
+        const int view = number(3);
+        if (number(3) == 0)
+            part.Slot(view, x, y, 14.0, 20.0 + number(9), number(360));
+        else if (number(2) == 0)
+            part.Hole(view, x, y, 10.0 + number(900) * 0.01, number(3));
+        else
+            part.Opening(view, x, y, 40.0 + number(9), 20.0);
+    }
+}
+
+void ExpectSame(const MachineOperation& read, const CHoleAddlInfo& hole, const ZetString& code) {
+    const bool isSlot = hole.GetIsSlot();
+    EXPECT_EQ(read.kind, isSlot ? MachineOperationKind::kSlot : MachineOperationKind::kHole);
+    EXPECT_EQ(read.face, hole.GetViewData().GetHoleFace());
+    EXPECT_NEAR(read.x, hole.GetXPos(), 0.0005);
+    EXPECT_NEAR(read.y, hole.GetYPos(), 0.0005);
+    EXPECT_NEAR(isSlot ? read.width : read.diameter, hole.GetSize(), 0.0005);
+    EXPECT_EQ(read.thread, hole.GetHoleData().kind);
+    EXPECT_EQ(read.code, code);
+    if (isSlot) {
+        EXPECT_NEAR(read.length, hole.GetHoleData().slotLength + hole.GetSize(), 0.0005);
+        EXPECT_NEAR(read.angle, std::fmod(hole.GetSlotAngle(), 180.0), 0.0005);
+    }
+}
+
+void ExpectSame(const MachineOperation& read, const CNotchAddInfo& notch, const ZetString& code) {
+    EXPECT_EQ(read.kind, MachineOperationKind::kNotch);
+    EXPECT_EQ(read.cut, plugin::kInternalCut);
+    EXPECT_NEAR(read.x, notch.GetXPos(), 0.0005);
+    EXPECT_NEAR(read.y, notch.GetYPos(), 0.0005);
+    EXPECT_NEAR(read.length, notch.GetLength(), 0.0005);
+    EXPECT_NEAR(read.width, notch.GetWidth(), 0.0005);
+    EXPECT_EQ(read.code, code);
+}
+
+TEST(MachineRecord, ReadsBackAsTheMemberIs) {
+    for (unsigned seed = 0; seed < 300; ++seed) {
+        SCOPED_TRACE(seed);
+        std::mt19937_64 random(seed);
+        const auto text = [&random] { return kAwkwardTexts[random() % std::size(kAwkwardTexts)]; };
+        Job job = AcceptingJob();
+        job.uncoveredHoles.code = text();
+        job.uncoveredNotches.code = text();
+        Part part(text(), text());
+        part.Qty(static_cast<long>(random() % 1000)).Length(3000.125);
+        AddRandomFeatures(part, random);
+        Judged judged(job, part);
+        const std::string records = RecordsOf(judged);
+        const std::vector<MachineMember> members =
+            Read("heading\n" + records + "  \nmember-like\n");
+        ASSERT_EQ(members.size(), 1u);
+        const MachineMember& member = members.front();
+        EXPECT_EQ(member.mark, judged->GetMark());
+        EXPECT_EQ(member.profile, judged->GetProfileName());
+        EXPECT_EQ(member.quantity, judged->GetQty());
+        EXPECT_EQ(member.length, 3000.125);
+        const ZetArray<CHoleAddlInfo>& holes = judged->GetHoles();
+        const ZetArray<CNotchAddInfo>& notches = judged->GetNotches();
+        ASSERT_EQ(static_cast<long>(member.operations.size()), holes.length() + notches.length());
+        auto operation = member.operations.begin();
+        for (const CHoleAddlInfo& hole : holes)
+            ExpectSame(*operation++, hole, job.uncoveredHoles.code);
+        for (const CNotchAddInfo& notch : notches)
+            ExpectSame(*operation++, notch, job.uncoveredNotches.code);
+        EXPECT_EQ(Write(members), records);
+    }
+}
+
+TEST(MachineRecord, ExampleOfTheDocumentReadsBack) {
+    std::ifstream stream(PLUGIN_DOCS_FOLDER "/machine-file.md", std::ios::binary);
+    const std::string document{std::istreambuf_iterator<char>(stream), {}};
+    const std::size_t begin = document.find("```\n") + 4;
+    const std::string example = document.substr(begin, document.find("```", begin) - begin);
+    EXPECT_EQ(Write(Read(example)), example);
+}
+
+struct FaultCase {
+    const char* name;
+    const char* text;
+    long line;
+    const char* fault;
+};
+
+class Fault : public ::testing::TestWithParam<FaultCase> {};
+
+TEST_P(Fault, IsNamedWithItsLine) {
+    const FaultCase& c = GetParam();
+    const auto result = plugin::ReadMachineRecords(ZetString::fromUtf8(c.text));
+    const auto* fault = std::get_if<MachineFault>(&result);
+    ASSERT_NE(fault, nullptr);
+    EXPECT_EQ(fault->line, c.line);
+    EXPECT_EQ(fault->text.toUtf8(), c.fault);
+}
+
+#define MEMBER "member mark=\"A\" quantity=1 profile=\"P\" length=1.000\n"
+// clang-format off
+const FaultCase kFaultCases[] = {
+    {"NoEnd",         "heading\n" MEMBER,                                2, "the member has no end"},
+    {"Unknown",       MEMBER "drill face=web\nend\n",                    2, "no operation of that name is known"},
+    {"MissingField",  "member mark=\"A\" profile=\"P\" length=1\nend\n", 1, "the field quantity is missing"},
+    {"OpenQuotes",    "member mark=\"A quantity=1\nend\n",               1, "the field mark has no valid value"},
+    {"UnknownEscape", "member mark=\"\\x\" quantity=1\nend\n",           1, "the field mark has no valid value"},
+    {"NotWhole",      "member mark=\"A\" quantity=1.5 profile=\"P\"\n",  1, "the field quantity has no valid value"},
+    {"TooMany",       "member mark=\"A\" quantity=99999999999999999999\n", 1, "the field quantity has no valid value"},
+    {"NoNumber",      MEMBER "rectangle face=web x=1e5\nend\n",          2, "the field x has no valid value"},
+    {"UnknownFace",   MEMBER "hole face=left x=1\nend\n",                2, "the field face has no valid value"},
+    {"HalfAPoint",    MEMBER "outline face=web cut=external x=1 y=1 points=\"1,2 3\" code=\"\"\nend\n", 2, "the field points has no valid value"},
+    {"TooMuch",       MEMBER "rectangle face=web x=1 y=1 length=1 width=1 code=\"\" more\nend\n", 2, "there is more in the line than its fields"},
+};
+// clang-format on
+#undef MEMBER
+
+INSTANTIATE_TEST_SUITE_P(MachineRecord, Fault, ::testing::ValuesIn(kFaultCases), RowName());
+
+}  // namespace
