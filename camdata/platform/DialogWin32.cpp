@@ -25,6 +25,16 @@ int DotsPerInch(HWND window) {
     return dots;
 }
 
+/// What a hundred average characters of the dialog's font measure.
+SIZE CharacterSize(HWND dialog) {
+    RECT units = {0, 0, 400, 800};
+    MapDialogRect(dialog, &units);
+    return {units.right, units.bottom};
+}
+
+/// The same on a display of the usual density.
+constexpr SIZE kUsualCharacterSize = {600, 1300};
+
 ZetString TextOf(HWND window) {
     std::wstring text(static_cast<std::size_t>(GetWindowTextLengthW(window)), L'\0');
     // The last place is that of the null character, which a string has anyway.
@@ -142,18 +152,18 @@ class Win32Window final : public DialogWindow {
 
     void Move(int id, const DialogRect& place) override {
         MoveWindow(At(id),
-                   Scaled(place.x),
-                   Scaled(place.y),
-                   Scaled(place.width),
-                   Scaled(place.height),
+                   ScaledX(place.x),
+                   ScaledY(place.y),
+                   ScaledX(place.width),
+                   ScaledY(place.height),
                    TRUE);
     }
     DialogRect Position(int id) const override {
         const RECT place = PlaceOf(id);
-        return {Unscaled(place.left),
-                Unscaled(place.top),
-                Unscaled(place.right - place.left),
-                Unscaled(place.bottom - place.top)};
+        return {UsualX(place.left),
+                UsualY(place.top),
+                UsualX(place.right - place.left),
+                UsualY(place.bottom - place.top)};
     }
     void Show(int id, bool isShown) override {
         // A hidden control would go on taking what the user types.
@@ -258,7 +268,9 @@ class Win32Window final : public DialogWindow {
 
     void Create(HWND window) {
         m_window = window;
-        m_dotsPerInch = DotsPerInch(window);
+        // On a denser display all grows with the font, as the dialog itself does.
+        if (DotsPerInch(window) != kUsualDotsPerInch)
+            m_characterSize = CharacterSize(window);
         for (const ControlDef& row : m_template.controls)
             if (row.kind == ControlKind::kEdit || row.kind == ControlKind::kLines)
                 SendMessageW(At(row.id), EM_SETLIMITTEXT, 0, 0);
@@ -325,14 +337,16 @@ class Win32Window final : public DialogWindow {
     bool HasStyle(int id, LONG_PTR style) const {
         return (GetWindowLongPtrW(At(id), GWL_STYLE) & style) != 0;
     }
-    int Scaled(int pixels) const { return MulDiv(pixels, m_dotsPerInch, kUsualDotsPerInch); }
-    int Unscaled(LONG pixels) const { return MulDiv(pixels, kUsualDotsPerInch, m_dotsPerInch); }
+    int ScaledX(int x) const { return MulDiv(x, m_characterSize.cx, kUsualCharacterSize.cx); }
+    int ScaledY(int y) const { return MulDiv(y, m_characterSize.cy, kUsualCharacterSize.cy); }
+    int UsualX(LONG x) const { return MulDiv(x, kUsualCharacterSize.cx, m_characterSize.cx); }
+    int UsualY(LONG y) const { return MulDiv(y, kUsualCharacterSize.cy, m_characterSize.cy); }
 
     const DialogTemplate& m_template;
     DialogEvents& m_events;
     FieldNames m_names;
     HWND m_window = nullptr;
-    int m_dotsPerInch = kUsualDotsPerInch;
+    SIZE m_characterSize = kUsualCharacterSize;
 };
 
 }  // namespace
