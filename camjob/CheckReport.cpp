@@ -83,10 +83,17 @@ void AddSlot(HoleReport& report, const CHoleAddlInfo& record) {
     report.angle = record.GetSlotAngle();
 }
 
-void AddRectangle(HoleReport& report, const dstv::NcHole& source, const CHoleAddlInfo& record) {
-    report.rectangle = RectangleReport{source.slotWidth, source.slotHeight, source.diameter * 0.5};
+bool IsRectangle(const dstv::NcHole* source) {
+    return source == nullptr || source->form == dstv::NcHoleForm::kRectangle;
+}
+
+/// A rectangular hole of the file, or (null) an opening that a rule of the job makes one.
+void AddRectangle(HoleReport& report, const dstv::NcHole* source, const CHoleAddlInfo& record) {
     report.length = record.GetIsSqrHole() ? record.GetSize() : record.GetHoleData().slotLength;
-    report.angle = source.slotAngle;
+    report.angle = source == nullptr ? 0.0 : source->slotAngle;
+    if (source != nullptr)
+        report.rectangle =
+            RectangleReport{source->slotWidth, source->slotHeight, source->diameter * 0.5};
 }
 
 void AddFlags(HoleReport& report, const CHoleAddlInfo& record) {
@@ -98,17 +105,19 @@ void AddFlags(HoleReport& report, const CHoleAddlInfo& record) {
     report.isNonStandard = record.GetNonStd();
 }
 
-/// The lines of a part's holes, found by their line.
+/// The lines of a part's holes and openings, found by their line.
 class HoleSources {
   public:
     HoleSources(const dstv::NcFileEntity& entity, const ZetNCStructure& structure);
 
     struct Source {
-        const dstv::NcHole* hole;
+        const dstv::NcHole* hole;  ///< null: an opening
         int viewPosition;
     };
-    /// Null for a contour or mark.
+    /// Null for what is neither.
     const Source* Find(long line) const;
+    /// Null for what is no hole of the file.
+    const dstv::NcHole* FindHole(long line) const;
 
   private:
     std::unordered_map<long, Source> m_byLine;
@@ -122,6 +131,11 @@ HoleSources::HoleSources(const dstv::NcFileEntity& entity, const ZetNCStructure&
             holes[i].line, {&holes[i], view.getViewPos()}
         });
     }
+    for (const ZetNCView& view : structure.getViews())
+        for (const ZetNCContour& opening : view.getInternalContours())
+            m_byLine.insert({
+                opening.hostTag, {nullptr, view.getViewPos()}
+            });
 }
 
 const HoleSources::Source* HoleSources::Find(long line) const {
@@ -129,25 +143,32 @@ const HoleSources::Source* HoleSources::Find(long line) const {
     return at == m_byLine.end() ? nullptr : &at->second;
 }
 
+const dstv::NcHole* HoleSources::FindHole(long line) const {
+    const Source* source = Find(line);
+    return source == nullptr ? nullptr : source->hole;
+}
+
 HoleReport MakeHoleReport(const plugin::MemberHole& hole, const HoleSources::Source& source) {
     const CHoleAddlInfo& record = hole.record;
     HoleReport report;
-    report.line = source.hole->line;
+    report.line = record.GetHoleData().hostTag;
     report.face = ViewWord(source.viewPosition, record.GetViewData().GetHoleFace());
     report.viewPosition = source.viewPosition;
     report.x = record.GetXPos();
     report.y = record.GetYPos();
     report.size = record.GetSize();
-    report.depth = UnlessZero(source.hole->depth);
-    report.sinkAngle = UnlessZero(source.hole->sinkAngle);
+    if (source.hole != nullptr) {
+        report.depth = UnlessZero(source.hole->depth);
+        report.sinkAngle = UnlessZero(source.hole->sinkAngle);
+    }
     report.setAside = hole.setAside;
     report.code = record.GetHoleCode();
     AddFlags(report, record);
     report.shape = ShapeWord(record, report.hasRightThread || report.hasLeftThread);
     if (record.GetIsSlot())
         AddSlot(report, record);
-    if (source.hole->form == dstv::NcHoleForm::kRectangle)
-        AddRectangle(report, *source.hole, record);
+    if (IsRectangle(source.hole))
+        AddRectangle(report, source.hole, record);
     report.remarks = Remarks(report);
     return report;
 }
@@ -160,7 +181,10 @@ CHoleAddlInfo RectangleRecord(const CNotchAddInfo& opening, const dstv::NcHole& 
     constexpr int kDecimals = 6;
     const double x = opening.GetXPos(kDecimals);
     const double y = opening.GetYPos(kDecimals);
+    ZetNCHoleData data;
+    data.hostTag = hole.line;
     CHoleAddlInfo record;
+    record.SetHoleData(data);
     record.CorrectData(opening.GetViewData());
     if (length == width)
         record.SetSqrHoleData(width, x, y);
@@ -174,7 +198,8 @@ void AddRectangles(const ZetArray<CNotchAddInfo>& notches,
                    const HoleSources& sources,
                    std::vector<HoleReport>& reports) {
     for (const CNotchAddInfo& notch : notches) {
-        if (const auto* source = sources.Find(notch.GetContour().hostTag))
+        const auto* source = sources.Find(notch.GetContour().hostTag);
+        if (source != nullptr && source->hole != nullptr)
             reports.push_back(
                 MakeHoleReport({RectangleRecord(notch, *source->hole), setAside}, *source));
     }
@@ -236,8 +261,8 @@ NotchReport MakeNotchReport(const CNotchAddInfo& notch,
     report.corners = std::max(notch.GetNoOfVertices() - 1, 0L);
     report.status = StatusWord(notch.GetNotchStatus());
     report.isDuplicate = isDuplicate;
-    if (const auto* source = sources.Find(notch.GetContour().hostTag))
-        report.holeLine = source->hole->line;
+    if (const dstv::NcHole* hole = sources.FindHole(notch.GetContour().hostTag))
+        report.holeLine = hole->line;
     return report;
 }
 

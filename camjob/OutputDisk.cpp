@@ -18,9 +18,9 @@ std::error_code OutputDisk::WriteFile(const std::filesystem::path& file, std::st
     std::ofstream stream(file, std::ios::binary | std::ios::trunc);
     stream.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
     stream.close();
-    if (!stream)
-        return {errno == 0 ? EIO : errno, std::generic_category()};
-    return camjob::FlushFile(file);
+    if (stream)
+        return {};
+    return {errno == 0 ? EIO : errno, std::generic_category()};
 }
 
 std::error_code OutputDisk::FlushFile(const std::filesystem::path& file) {

@@ -17,7 +17,7 @@ class OutputDisk {
 
     /// With all folders above it; no error when it is there.
     virtual std::error_code MakeFolder(const std::filesystem::path& folder);
-    /// Replaces the file's bytes and flushes them.
+    /// Replaces the file's bytes.
     virtual std::error_code WriteFile(const std::filesystem::path& file, std::string_view bytes);
     virtual std::error_code FlushFile(const std::filesystem::path& file);
     virtual std::error_code FlushFolder(const std::filesystem::path& folder);

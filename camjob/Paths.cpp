@@ -11,8 +11,9 @@ std::string Utf8FromPath(const std::filesystem::path& path) {
     return {name.begin(), name.end()};
 }
 
-ZetString TextFromPath(const std::filesystem::path& path) {
-    return ZetString::fromUtf8(Utf8FromPath(path));
+std::string NameIn(const std::string& folder, const std::string& file) {
+    const bool isParted = folder.empty() || folder.back() == '/' || folder.back() == '\\';
+    return folder + (isParted ? "" : "/") + file;
 }
 
 }  // namespace camjob

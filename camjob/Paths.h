@@ -1,7 +1,5 @@
 #pragma once
 
-#include "camdata/platform/ZetString.h"
-
 #include <filesystem>
 #include <string>
 
@@ -10,6 +8,7 @@ namespace camjob {
 /// Names of files are UTF-8 in the tool, whatever the system calls its own.
 std::filesystem::path PathFromUtf8(const std::string& name);
 std::string Utf8FromPath(const std::filesystem::path& path);
-ZetString TextFromPath(const std::filesystem::path& path);
+/// A file in a folder, whose name stays as the user wrote it.
+std::string NameIn(const std::string& folder, const std::string& file);
 
 }  // namespace camjob

@@ -90,7 +90,7 @@ std::string Progress::MakeLine(const std::string& name, Time now) const {
         line +=
             ", " + RateText(rate) + ", " + TimeLeft(static_cast<double>(m_total - m_done) / rate);
     }
-    return line + ": " + name;
+    return name.empty() ? line : line + ": " + name;
 }
 
 void Progress::Draw(const std::string& line) {

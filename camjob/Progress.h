@@ -21,7 +21,7 @@ class Progress {
 
     /// Starts another piece of work, for example "reading" 400 "files".
     void Begin(const char* verb, long total, const char* things);
-    /// One more is done; the name, UTF-8, is that of the next.
+    /// One more is done; the name, UTF-8, is that of the next one's file, "" for none.
     void Step(const std::string& name);
     /// Takes the line away, so that other lines can be written.
     void Erase();

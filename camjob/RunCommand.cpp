@@ -35,13 +35,17 @@ class JobRunner {
 
   private:
     bool ReadJob();
-    void RunIn(const fs::path& folder);
-    bool ReadInput(plugin::JobRun& run, const fs::path& folder);
+    void RunInFolder();
+    bool ReadInput(plugin::JobRun& run);
     bool ReadFiles(JobInput& input);
     void CheckNames(const std::vector<fs::path>& outputs);
     bool Write(plugin::JobRun& run, const StagedOutput& output);
-    void TakeResults(plugin::JobRun& run, const fs::path& folder);
+    void TakeResults(plugin::JobRun& run);
 
+    std::string OutputName(const ZetString& file) const {
+        return NameIn(m_report.folder, file.toUtf8());
+    }
+    std::string TextOf(const FileFault& fault) const;
     bool Refuse(const std::vector<plugin::JobError>& errors);
     bool Refuse();
     bool IsCancelled();
@@ -59,11 +63,10 @@ class JobRunner {
 RunReport JobRunner::Run() {
     if (!ReadJob())
         return std::move(m_report);
-    const fs::path folder =
-        m_options.folder.empty() ? plugin::GetOutputFolder(m_job) : PathFromUtf8(m_options.folder);
-    m_report.folder = Utf8FromPath(folder);
+    m_report.folder =
+        m_options.folder.empty() ? Utf8FromPath(plugin::GetOutputFolder(m_job)) : m_options.folder;
     try {
-        RunIn(folder);
+        RunInFolder();
     } catch (const OutputFailure& failure) {
         Fail(failure.what());
     }
@@ -84,24 +87,24 @@ bool JobRunner::ReadJob() {
     return true;
 }
 
-void JobRunner::RunIn(const fs::path& folder) {
+void JobRunner::RunInFolder() {
+    const fs::path folder = PathFromUtf8(m_report.folder);
     StagedOutput output(folder, m_system.disk);
     m_report.hasFinishedEarlierOutput = output.Recover();
     plugin::JobRun run(m_job, folder);
-    if (!ReadInput(run, folder))
+    if (!ReadInput(run))
         return;
     output.Begin();
     if (!Write(run, output))
         return;
     output.Commit();
-    TakeResults(run, folder);
+    TakeResults(run);
 }
 
-bool JobRunner::ReadInput(plugin::JobRun& run, const fs::path& folder) {
+bool JobRunner::ReadInput(plugin::JobRun& run) {
     JobInput input(m_job, run);
     if (!run.ReadSettings()) {
-        const std::string file =
-            Utf8FromPath(folder / PathFromUtf8(m_job.project.settingsFile.toUtf8()));
+        const std::string file = OutputName(m_job.project.settingsFile);
         m_report.faults.push_back({file, 0, 0, file + ": the settings cannot be read"});
     }
     if (!ReadFiles(input))
@@ -113,7 +116,7 @@ bool JobRunner::ReadInput(plugin::JobRun& run, const fs::path& folder) {
         m_report.faults.push_back(std::move(fault));
     std::vector<fs::path> outputs;
     for (const ZetString& name : run.GetFileNames())
-        outputs.push_back(folder / PathFromUtf8(name.toUtf8()));
+        outputs.push_back(PathFromUtf8(OutputName(name)));
     CheckNames(outputs);
     return m_report.faults.empty() || Refuse();
 }
@@ -146,18 +149,18 @@ void JobRunner::CheckNames(const std::vector<fs::path>& outputs) {
     std::for_each(m_ncFiles.begin(), m_ncFiles.end(), check);
 }
 
-std::string FaultText(const FileFault& fault, const fs::path& folder) {
-    const fs::path name = PathFromUtf8(fault.fileName.toUtf8()).filename();
+/// The file was still in the staging folder.
+std::string JobRunner::TextOf(const FileFault& fault) const {
+    const fs::path staged = PathFromUtf8(fault.fileName.toUtf8());
     const std::error_code reason(fault.systemError, std::generic_category());
-    return Utf8FromPath(folder / name) + ": cannot be written" +
+    return NameIn(m_report.folder, Utf8FromPath(staged.filename())) + ": cannot be written" +
            (reason ? " (" + reason.message() + ")" : "");
 }
 
 bool JobRunner::Write(plugin::JobRun& run, const StagedOutput& output) {
     m_progress.Begin("writing", run.GetCount(), "members");
-    std::size_t written = 0;
     const bool isWritten = run.Write(output.GetStagingFolder(), [&] {
-        m_progress.Step(written < m_memberFiles.size() ? m_memberFiles[written++] : "");
+        m_progress.Step({});
         return m_system.isCancelled();
     });
     if (!isWritten || IsCancelled()) {
@@ -165,11 +168,11 @@ bool JobRunner::Write(plugin::JobRun& run, const StagedOutput& output) {
         return false;
     }
     for (const FileFault& fault : run.GetFileFaults())
-        Fail(FaultText(fault, PathFromUtf8(m_report.folder)));
+        Fail(TextOf(fault));
     return m_report.status == RunStatus::kDone;
 }
 
-void JobRunner::TakeResults(plugin::JobRun& run, const fs::path& folder) {
+void JobRunner::TakeResults(plugin::JobRun& run) {
     std::vector<plugin::MemberResult> members = run.GetMemberResults();
     for (std::size_t i = 0; i < members.size(); ++i)
         m_report.members.push_back({std::move(members[i]), std::move(m_memberFiles[i])});
@@ -178,9 +181,9 @@ void JobRunner::TakeResults(plugin::JobRun& run, const fs::path& folder) {
     for (const plugin::NestResult& nest : run.GetNestResults())
         m_report.nests.push_back({m_job.groups[nest.group].id, nest});
     for (const ZetString& name : run.GetFileNames()) {
-        const fs::path file = folder / PathFromUtf8(name.toUtf8());
+        const std::string file = OutputName(name);
         std::error_code ignored;
-        m_report.files.push_back({Utf8FromPath(file), fs::file_size(file, ignored)});
+        m_report.files.push_back({file, fs::file_size(PathFromUtf8(file), ignored)});
     }
 }
 

@@ -187,6 +187,7 @@ void StagedOutput::WriteRecord(const Record& record) {
                              LinesOf(kRemovedWord, record.removed) + kRecordEnd + "\n";
     const fs::path written = m_own / kNewRecordFile;
     Check(m_disk.WriteFile(written, text), m_folder, "the folder cannot be written to");
+    Check(m_disk.FlushFile(written), m_folder, "the folder cannot be written to");
     Check(m_disk.Rename(written, m_record), m_folder, "the folder cannot be written to");
 }
 
