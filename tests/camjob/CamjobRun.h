@@ -41,3 +41,11 @@ inline CamjobRun RunTool(std::vector<std::string> arguments) {
 inline std::string ArgumentFor(const TempFolder& folder, const std::string& file) {
     return folder.NameOf(file).toUtf8();
 }
+
+/// A report without the part of names that differs from test to test.
+inline std::string WithoutFolder(std::string text, const TempFolder& folder) {
+    const std::string path = ArgumentFor(folder, "");
+    for (std::size_t at = text.find(path); at != std::string::npos; at = text.find(path, at))
+        text.erase(at, path.size());
+    return text;
+}

@@ -13,13 +13,6 @@ struct Case {
     std::vector<std::pair<std::string, std::string>> files;  ///< name and bytes, in order
 };
 
-std::string WithoutFolder(std::string text, const TempFolder& folder) {
-    const std::string path = ArgumentFor(folder, "");
-    for (std::size_t at = text.find(path); at != std::string::npos; at = text.find(path, at))
-        text.erase(at, path.size());
-    return text;
-}
-
 class CheckText : public ::testing::TestWithParam<Case> {};
 
 TEST_P(CheckText, IsTheApprovedReport) {

@@ -37,7 +37,7 @@ void Produce(const fs::path& folder, const Files& files, OutputDisk& disk) {
 }
 
 void Produce(const fs::path& folder, const Files& files) {
-    OutputDisk disk;
+    StoppingDisk disk;
     Produce(folder, files, disk);
 }
 
@@ -74,7 +74,7 @@ bool CutAt(int moment, Action action) {
 }
 
 bool IsFinishedByNext(const fs::path& folder) {
-    OutputDisk disk;
+    StoppingDisk disk;
     return StagedOutput(folder, disk).Recover();
 }
 
@@ -82,7 +82,8 @@ TEST(StagedOutput, ReplacesTheLastOutputAndNothingElse) {
     const TempFolder folder;
     const fs::path path = FolderWithOldOutput(folder);
     EXPECT_EQ(ContentOf(path), WithForeign(kOld));
-    Produce(path, kNew);
+    OutputDisk disk;
+    Produce(path, kNew, disk);
     EXPECT_EQ(ContentOf(path), WithForeign(kNew));
     Produce(path, {});
     EXPECT_EQ(ContentOf(path), Files{kForeign});

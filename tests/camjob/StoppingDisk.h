@@ -3,6 +3,7 @@
 #include "camjob/OutputDisk.h"
 
 #include <cstdlib>
+#include <limits>
 
 /// A disk on which something happens instead of one of the changes, counted from 1. Flushes are
 /// changes too, but left out for speed.
@@ -16,6 +17,8 @@ class StoppingDisk : public camjob::OutputDisk {
     struct Cut {};
     static constexpr int kEndCode = 77;
 
+    /// Never.
+    StoppingDisk() = default;
     StoppingDisk(int moment, Stop stop) : m_moment(moment), m_stop(stop) {}
     bool WasReached() const { return m_count >= m_moment; }
 
@@ -55,7 +58,7 @@ class StoppingDisk : public camjob::OutputDisk {
         return std::make_error_code(std::errc::no_space_on_device);
     }
 
-    int m_moment;
+    int m_moment = std::numeric_limits<int>::max();
     int m_count = 0;
-    Stop m_stop;
+    Stop m_stop = Stop::kFail;
 };

@@ -26,6 +26,20 @@ class TempFolder {
         m_path += std::to_string(std::random_device()());
         std::filesystem::create_directories(m_path);
     }
+    /// For a test part of which runs in another process, which gets the same folder. On Windows
+    /// that process comes here by itself, elsewhere it is a copy of this one.
+    struct Shared {};
+    explicit TempFolder(Shared) : TempFolder() {
+#ifdef _WIN32
+        constexpr const wchar_t* kVariable = L"CAMDATA_TEST_FOLDER";
+        if (const wchar_t* given = _wgetenv(kVariable)) {
+            std::filesystem::remove(m_path);
+            m_path = given;
+        } else {
+            _wputenv_s(kVariable, m_path.c_str());
+        }
+#endif
+    }
     ~TempFolder() {
         std::error_code ignored;
         std::filesystem::remove_all(m_path, ignored);
