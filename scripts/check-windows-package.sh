@@ -70,7 +70,7 @@ plug_ins() {
 }
 
 # Runs the example job and shows the example files with a tool, in the unpacked folder; keeps all that it
-# writes, and its exit codes, in another one.
+# writes, and its exit codes, in another one. What it shows may name files the system's own way.
 outcome_of() {
     local kept=$1
     shift
@@ -82,7 +82,7 @@ outcome_of() {
             # The pattern is for the shell.
             # shellcheck disable=SC2086
             "$@" $arguments && echo "code 0" || echo "code $?"
-        done >"$kept/shown.txt"
+        done | tr '\\' / >"$kept/shown.txt"
         mv Aufträge "$kept"
     )
 }
