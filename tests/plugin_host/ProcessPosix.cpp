@@ -33,9 +33,10 @@ void Unload(Module module) {
 
 // From the map of the memory: dlopen would need the name that the file had when it was linked.
 bool IsLoaded(const char* fileName) {
+    const std::string ending = std::string("/").append(fileName);
     std::ifstream maps("/proc/self/maps");
     for (std::string line; std::getline(maps, line);) {
-        if (line.find("/" + std::string(fileName)) != std::string::npos)
+        if (line.find(ending) != std::string::npos)
             return true;
     }
     return false;
