@@ -2,6 +2,7 @@
 
 #include "dstv/NcParser.h"
 
+#include <array>
 #include <cerrno>
 #include <cstdio>
 #include <memory>
@@ -50,13 +51,12 @@ NcResult ReadNcFile(const std::filesystem::path& path) {
     const File file = Open(path);
     if (!file)
         return FileError(path, L"a file that can be opened (" + ErrorText(errno) + L")");
-    constexpr std::size_t kPiece = 1u << 16;
+    std::array<char, 1u << 14> piece;
     std::string bytes;
-    for (std::size_t count = kPiece; count == kPiece && bytes.size() <= kMaxFileBytes;) {
-        const std::size_t before = bytes.size();
-        bytes.resize(before + kPiece);
-        count = std::fread(bytes.data() + before, 1, kPiece, file.get());
-        bytes.resize(before + count);
+    for (std::size_t count = piece.size();
+         count == piece.size() && bytes.size() <= kMaxFileBytes;) {
+        count = std::fread(piece.data(), 1, piece.size(), file.get());
+        bytes.append(piece.data(), count);
     }
     if (std::ferror(file.get()) != 0)
         return FileError(path, L"a file that can be read");

@@ -13,7 +13,6 @@ namespace dstv {
 namespace {
 
 constexpr std::string_view kBlanks = " \t";
-constexpr std::string_view kDigits = "0123456789";
 
 bool IsLetter(char c) {
     return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z');
@@ -24,8 +23,10 @@ char LowerCase(char c) {
 }
 
 std::size_t DigitsAt(std::string_view text, std::size_t at) {
-    return std::min(text.find_first_not_of(kDigits, std::min(at, text.size())), text.size()) -
-           std::min(at, text.size());
+    std::size_t end = at;
+    while (end < text.size() && text[end] >= '0' && text[end] <= '9')
+        ++end;
+    return end - at;
 }
 
 /// Length of the number that `text` begins with: sign, digits, point, digits; 0 when there is none.
@@ -86,7 +87,8 @@ NcTokens::NcTokens(const NcLine& line) : m_line(line) {
 }
 
 void NcTokens::SkipBlanks() {
-    m_at = std::min(m_line.text.find_first_not_of(kBlanks, m_at), m_line.text.size());
+    while (m_at < m_line.text.size() && (m_line.text[m_at] == ' ' || m_line.text[m_at] == '\t'))
+        ++m_at;
 }
 
 bool NcTokens::IsAtNumber() const {
@@ -103,8 +105,8 @@ char NcTokens::TakeLetter() {
 }
 
 char NcTokens::TakeLetterOf(std::string_view letters,
-                            const ZetString& what,
-                            const ZetString& expected) {
+                            const wchar_t* what,
+                            const wchar_t* expected) {
     const NcTokens before = *this;
     const char letter = TakeLetter();
     if (letter != 0 && letters.find(letter) == std::string_view::npos)
@@ -121,7 +123,7 @@ char NcTokens::TakeSign() {
     return sign;
 }
 
-double NcTokens::Convert(std::string_view number, const ZetString& what) const {
+double NcTokens::Convert(std::string_view number, const wchar_t* what) const {
     const std::optional<double> value = ValueOf(number);
     const std::size_t end = m_at + number.size();
     if (!value)
@@ -135,7 +137,7 @@ double NcTokens::Convert(std::string_view number, const ZetString& what) const {
     return *value;
 }
 
-double NcTokens::TakeNumber(const ZetString& what, const ZetString& expected) {
+double NcTokens::TakeNumber(const wchar_t* what, const wchar_t* expected) {
     const std::size_t length = NumberLength(m_line.text.substr(m_at));
     if (length == 0)
         Fail(what, expected);
@@ -145,7 +147,7 @@ double NcTokens::TakeNumber(const ZetString& what, const ZetString& expected) {
     return value;
 }
 
-double NcTokens::TakeSize(const ZetString& what, const ZetString& expected) {
+double NcTokens::TakeSize(const wchar_t* what, const wchar_t* expected) {
     const NcTokens before = *this;
     const double value = TakeNumber(what, expected);
     if (value < 0.0)
@@ -173,7 +175,7 @@ void NcTokens::ExpectEnd() const {
         Fail(L"text", L"the end of the line");
 }
 
-void NcTokens::Fail(const ZetString& what, const ZetString& expected) const {
+void NcTokens::Fail(const wchar_t* what, const wchar_t* expected) const {
     const std::string_view rest = m_line.text.substr(m_at);
     const std::string_view token = rest.substr(0, rest.find_first_of(kBlanks));
     // At the end of a line the whole line shows what is missing.

@@ -53,13 +53,13 @@ class NcTokens {
     char TakeLetter();
     /// Takes the next token when it is a letter of `letters`; fails on another letter, 0 when it is
     /// none.
-    char TakeLetterOf(std::string_view letters, const ZetString& what, const ZetString& expected);
+    char TakeLetterOf(std::string_view letters, const wchar_t* what, const wchar_t* expected);
     /// Takes a + or -; 0 when neither is next.
     char TakeSign();
     /// Takes a number; fails when the next token is none.
-    double TakeNumber(const ZetString& what, const ZetString& expected);
+    double TakeNumber(const wchar_t* what, const wchar_t* expected);
     /// Takes a number that is not negative.
-    double TakeSize(const ZetString& what, const ZetString& expected);
+    double TakeSize(const wchar_t* what, const wchar_t* expected);
     /// Takes the next token when it is a number, else gives `missing`.
     double TakeNumberOr(double missing);
     /// The text from the next token to the end of the line, trimmed.
@@ -68,11 +68,11 @@ class NcTokens {
     /// is none.
     char TakeGlued(std::string_view letters);
     void ExpectEnd() const;
-    [[noreturn]] void Fail(const ZetString& what, const ZetString& expected) const;
+    [[noreturn]] void Fail(const wchar_t* what, const wchar_t* expected) const;
 
   private:
     void SkipBlanks();
-    double Convert(std::string_view number, const ZetString& what) const;
+    double Convert(std::string_view number, const wchar_t* what) const;
 
     NcLine m_line;
     std::size_t m_at = 0;

@@ -55,6 +55,23 @@ void AppendUtf8(std::string& bytes, char32_t codePoint) {
     }
 }
 
+/// How many characters `text` begins with that are the same number in every form; most texts hold
+/// nothing else.
+template <typename Character>
+std::size_t AsciiRun(std::basic_string_view<Character> text) {
+    std::size_t count = 0;
+    while (count < text.size() && static_cast<char32_t>(text[count]) < 0x80)
+        ++count;
+    return count;
+}
+
+void AppendAscii(std::string& bytes, std::wstring_view text) {
+    const std::size_t before = bytes.size();
+    bytes.resize(before + text.size());
+    for (std::size_t i = 0; i < text.size(); ++i)
+        bytes[before + i] = static_cast<char>(text[i]);
+}
+
 /// Reads one code point of wide text at `at` and moves past it.
 char32_t NextCodePoint(std::wstring_view text, std::size_t& at) {
     const char32_t first = static_cast<char32_t>(text[at++]);
@@ -101,6 +118,11 @@ std::wstring WideFromUtf8(std::string_view bytes) {
     std::wstring text;
     text.reserve(bytes.size());
     while (!bytes.empty()) {
+        const std::size_t plain = AsciiRun(bytes);
+        text.append(bytes.begin(), bytes.begin() + static_cast<std::ptrdiff_t>(plain));
+        bytes.remove_prefix(plain);
+        if (bytes.empty())
+            break;
         const DecodedCharacter next = DecodeUtf8(bytes);
         AppendWide(text, next.codePoint);
         bytes.remove_prefix(next.bytes);
@@ -111,8 +133,14 @@ std::wstring WideFromUtf8(std::string_view bytes) {
 std::string Utf8FromWide(std::wstring_view text) {
     std::string bytes;
     bytes.reserve(text.size());
-    for (std::size_t at = 0; at < text.size();)
-        AppendUtf8(bytes, NextCodePoint(text, at));
+    while (!text.empty()) {
+        const std::size_t plain = AsciiRun(text);
+        AppendAscii(bytes, text.substr(0, plain));
+        std::size_t at = plain;
+        if (at < text.size())
+            AppendUtf8(bytes, NextCodePoint(text, at));
+        text.remove_prefix(at);
+    }
     return bytes;
 }
 
