@@ -491,6 +491,10 @@ void JobMaker::CheckHoleRule(const HoleRuleTable& table, const Ids& ids) {
     RequireOf(table,
               !table.isPairMust || !table.pairs.empty(),
               "\"pair_must\" is of no use without \"pairs\"");
+    // A hole whose code contains the group's counts as a hole of a group.
+    RequireOf(table,
+              table.group.code.isEmpty() || !table.code.contains(table.group.code),
+              "\"code\" must not contain the group's code");
     if (suffix.text.isEmpty())
         return;
     Require(!table.excludedMembers.empty(),
