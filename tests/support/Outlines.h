@@ -37,8 +37,8 @@ inline OutlinePoints TurnedBy90(const OutlinePoints& points) {
 }
 
 inline OutlinePoints TurnedBy(const OutlinePoints& points, double degrees) {
-    const double cosine = std::cos(degrees * 3.14159265358979323846 / 180.0);
-    const double sine = std::sin(degrees * 3.14159265358979323846 / 180.0);
+    const double angle = degrees * 3.14159265358979323846 / 180.0;
+    const double cosine = std::cos(angle), sine = std::sin(angle);
     return Mapped(points, [=](const ZetGeomPoint2d& p) {
         return ZetGeomPoint2d{p.x * cosine - p.y * sine, p.x * sine + p.y * cosine};
     });
@@ -88,12 +88,9 @@ inline NotchedOutline RandomNotchedOutline(std::mt19937_64& random) {
             way.push_back({to, level});
             if (!atEnd)
                 way.push_back({to, base});
-            result.notches.push_back({
-                {from, base },
-                {to,   base },
-                {to,   level},
-                {from, level}
-            });
+            // clang-format off
+            result.notches.push_back({{from, base}, {to, base}, {to, level}, {from, level}});
+            // clang-format on
         }
         if (way.back().x != length)
             way.push_back({length, base});

@@ -18,26 +18,19 @@ inline int PlainNumbers(double a, double b) {
 }
 
 inline int PlainKey(int key, const CMxPeilaib& a, const CMxPeilaib& b) {
+    // clang-format off
     switch (key) {
-        case 0:
-            return a.GetMark().compare(b.GetMark());
-        case 1:
-            return a.GetProfileName().compare(b.GetProfileName());
-        case 2:
-            return PlainNumbers(a.GetWebWidth(), b.GetWebWidth());
-        case 3:
-            return PlainNumbers(a.GetProfileWidth(), b.GetProfileWidth());
-        case 4:
-            return PlainNumbers(a.GetProfileThick(), b.GetProfileThick());
-        case 5:
-            return PlainNumbers(a.GetLength(), b.GetLength());
-        case 6:
-            return static_cast<int>(a.GetProfileName().length() - b.GetProfileName().length());
-        case 7:
-            return static_cast<int>(a.GetGroupID() - b.GetGroupID());
-        default:
-            return 0;
+        case 0: return a.GetMark().compare(b.GetMark());
+        case 1: return a.GetProfileName().compare(b.GetProfileName());
+        case 2: return PlainNumbers(a.GetWebWidth(), b.GetWebWidth());
+        case 3: return PlainNumbers(a.GetProfileWidth(), b.GetProfileWidth());
+        case 4: return PlainNumbers(a.GetProfileThick(), b.GetProfileThick());
+        case 5: return PlainNumbers(a.GetLength(), b.GetLength());
+        case 6: return static_cast<int>(a.GetProfileName().length() - b.GetProfileName().length());
+        case 7: return static_cast<int>(a.GetGroupID() - b.GetGroupID());
+        default: return 0;
     }
+    // clang-format on
 }
 
 inline int PlainCompare(const CMxPeilaib& a, const CMxPeilaib& b) {

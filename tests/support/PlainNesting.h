@@ -5,6 +5,7 @@
 #include "camdata/holes/CMxGeom.h"
 #include "camdata/platform/ZetString.h"
 
+#include <algorithm>
 #include <cmath>
 #include <vector>
 
@@ -24,6 +25,13 @@ struct PlainNest {
     };
     std::vector<Entry> entries;
     long qty = 0;
+
+    template <typename T>
+    static T* FirstOf(std::vector<T>& list, const ZetString& mark) {
+        const auto at = std::find_if(
+            list.begin(), list.end(), [&](const T& item) { return item.mark == mark; });
+        return at == list.end() ? nullptr : &*at;
+    }
 
     double OffCut() const {
         double taken = 0.0;
@@ -46,18 +54,13 @@ struct PlainNest {
         bool hasPassed = false;
         while (CMxGeom::IsGreater_Mx(OffCut(), part.length)) {
             hasPassed = true;
-            Entry* found = nullptr;
-            for (Entry& entry : entries) {
-                if (found == nullptr && entry.mark == part.mark)
-                    found = &entry;
-            }
-            if (found == nullptr) {
-                if (!Append(part))
-                    break;
-                continue;
-            }
+            Entry* const found = FirstOf(entries, part.mark);
             if (part.qty < 1)
                 break;
+            if (found == nullptr) {
+                Append(part);
+                continue;
+            }
             --part.qty;
             ++found->quantity;
         }
@@ -67,11 +70,7 @@ struct PlainNest {
     void CheckCombinations(std::vector<PlainPart>& parts) {
         std::vector<PlainPart*> found;
         for (const Entry& entry : entries) {
-            PlainPart* first = nullptr;
-            for (PlainPart& part : parts) {
-                if (first == nullptr && part.mark == entry.mark)
-                    first = &part;
-            }
+            PlainPart* const first = FirstOf(parts, entry.mark);
             if (first == nullptr || first->qty < entry.quantity)
                 return;
             found.push_back(first);

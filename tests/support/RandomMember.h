@@ -139,10 +139,8 @@ class RandomMember {
     ZetNCContour Opening() {
         const double x = 100.0 * Number(4) + OneOf({0, 0.04, 0.06, 0.1, 0.4, 0.6});
         const Place at = {Chance(m_oddOneIn) ? Odd() : x, 50.0 + OneOf({0, 0.04, 0.3})};
-        const Place left = {at.x - 10, at.y - 10};
-        const Place right = {at.x + 10, at.y - 10};
-        const Place top = {at.x + 10, at.y + 10};
-        const Place topLeft = {at.x - 10, at.y + 10};
+        const Place left = {at.x - 10, at.y - 10}, right = {at.x + 10, at.y - 10};
+        const Place top = {at.x + 10, at.y + 10}, topLeft = {at.x - 10, at.y + 10};
         const int shape = Number(12);
         const Places points = shape == 0  ? Places{at}
                               : shape < 4 ? Places{left, right, top, left}
@@ -153,16 +151,10 @@ class RandomMember {
     /// Notched at its upper right end, or not at all.
     ZetNCContour CutOutline() {
         const double inner = 900.0 - OneOf({0, 40, 40.3});
-        const Places points = {
-            {0,     0  },
-            {900,   0  },
-            {900,   150},
-            {inner, 150},
-            {inner, 200},
-            {0,     200},
-            {0,     0  }
-        };
-        return ContourOf(ZetNCContour::eTypeExternal, points);
+        // clang-format off
+        return ContourOf(ZetNCContour::eTypeExternal, {{0, 0}, {900, 0}, {900, 150}, {inner, 150},
+                                                       {inner, 200}, {0, 200}, {0, 0}});
+        // clang-format on
     }
 
     std::mt19937_64 m_random;

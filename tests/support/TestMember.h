@@ -1,5 +1,7 @@
 #pragma once
 
+#include "support/HeaderOf.h"
+
 #include "camdata/member/CMxPeilaib.h"
 
 #include <vector>
@@ -44,12 +46,8 @@ inline std::vector<double> SizesOf(const ZetArray<CHoleAddlInfo>& holes) {
 inline TestMember MemberOf(const ZetNCHeaderData& header) {
     CMemTypeAndAttrib type;
     // clang-format off
-    type.SetValues(2, 0,
-                   eProfPropHeader, 0, 0, 0.0,
-                   eProfPropHeader, 0, 0, 0.0,
-                   eProfPropHeader, 0, 0, 0.0, 1.0,
-                   eProfPropNone, 0, 0, 0.0, 1.0,
-                   0, 0, L"", L"", 4, 0, 0);
+    type.SetValues(2, 0, eProfPropHeader, 0, 0, 0.0, eProfPropHeader, 0, 0, 0.0, eProfPropHeader, 0, 0,
+                   0.0, 1.0, eProfPropNone, 0, 0, 0.0, 1.0, 0, 0, L"", L"", 4, 0, 0);
     // clang-format on
     type.SetHeaderData(header);
     TestMember member;
@@ -58,9 +56,5 @@ inline TestMember MemberOf(const ZetNCHeaderData& header) {
 }
 
 inline TestMember MemberOf(ZetString mark, long qty, ZetString profileName) {
-    ZetNCHeaderData header;
-    header.mark = mark;
-    header.quantity = qty;
-    header.profileName = profileName;
-    return MemberOf(header);
+    return MemberOf(HeaderOf{.mark = mark, .quantity = qty, .profileName = profileName});
 }

@@ -46,12 +46,10 @@ class WritingMember : public TestMember {
     /// part. Among the files "-" is none, "(NAME)" one that is not open.
     WritingMember(const MemberRow& row, std::vector<std::string>& log)
         : m_writesTo(row.writesTo), m_log(&log) {
-        ZetNCHeaderData header;
-        header.mark = row.mark;
-        header.profileName = L"Z200";
-        header.quantity = row.quantity;
-        header.length = 1000.0;
-        m_memType.SetHeaderData(header);
+        // clang-format off
+        m_memType.SetHeaderData(HeaderOf{.mark = row.mark, .quantity = row.quantity,
+                                         .profileName = L"Z200", .length = 1000.0});
+        // clang-format on
         m_memType.SetNameStartPos(0);
         SetGroupID(row.groupID);
         SetNesting(true);

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "support/HeaderOf.h"
+
 #include "camdata/platform/HostComError.h"
 #include "camdata/platform/ICS3d.h"
 #include "camdata/platform/IEqualPartObject.h"
@@ -131,13 +133,10 @@ class FakePartEntity final : public ZetNCEntity {
         return m_hasModel ? &m_model : nullptr;
     }
     ZetNCHeaderData getHeader(long style) const override {
-        ZetNCHeaderData header;
-        header.drawingNumber = ZetString::format(L"style %d", style);
-        header.mark = m_mark;
-        header.quantity = m_quantity;
-        header.profileName = L"C150";
-        header.profileCode = m_profileCode;
-        return header;
+        // clang-format off
+        return HeaderOf{.drawingNumber = ZetString::format(L"style %d", style), .mark = m_mark,
+                        .quantity = m_quantity, .profileName = L"C150", .profileCode = m_profileCode};
+        // clang-format on
     }
     ZetNCStructure getNCStructure(long) const override {
         ZetNCStructure structure;
