@@ -22,17 +22,12 @@ double DoubleArea(const Outline& outline) {
     return area;
 }
 
-struct ArcCase {
-    const char* name;
-    ZetGeomPoint2d from;
-    ZetGeomPoint2d to;
-    double radius;
-    ZetGeomPoint2d centre;
-    double sweep;  ///< degrees, counter-clockwise positive
-};
-
+/// The sweep: degrees, counter-clockwise positive.
 TEST(NcGeometry, ArcsLieOnTheirCircle) {
-    const ArcCase cases[] = {
+    // clang-format off
+    struct Case { const char* name; ZetGeomPoint2d from, to; double radius; ZetGeomPoint2d centre; double sweep; };
+    // clang-format on
+    const Case cases[] = {
         {"quarter",                   {10.0, 0.0},  {0.0, 10.0},   10.0,  {0.0, 0.0},                90.0        },
         {"quarter clockwise",         {10.0, 0.0},  {0.0, 10.0},   -10.0, {10.0, 10.0},              -90.0       },
         {"half",                      {100.0, 0.0}, {-100.0, 0.0}, 100.0, {0.0, 0.0},                180.0       },
@@ -40,7 +35,7 @@ TEST(NcGeometry, ArcsLieOnTheirCircle) {
         {"half, radius rounded down", {0.0, 0.0},   {0.0, 20.0},   9.99,  {0.0, 10.0},               180.0       },
         {"flat",                      {0.0, 0.0},   {1000.0, 0.0}, 1e6,   {500.0, 999999.874999992}, 0.0572957819},
     };
-    for (const ArcCase& c : cases) {
+    for (const Case& c : cases) {
         SCOPED_TRACE(c.name);
         Outline outline = {c.from};
         ASSERT_TRUE(dstv::AppendEdge(c.to, c.radius, outline));
@@ -61,25 +56,18 @@ TEST(NcGeometry, ArcsLieOnTheirCircle) {
 }
 
 TEST(NcGeometry, RefusesARadiusThatCannotReach) {
-    Outline outline = {
-        {0.0, 0.0}
-    };
+    Outline outline(1);
     EXPECT_FALSE(dstv::AppendEdge({0.0, 20.0}, 9.97, outline));
     EXPECT_EQ(outline.size(), 1u);
 }
 
-struct RectangleCase {
-    const char* name;
-    double width;
-    double height;
-    double diameter;
-    double degrees;
-    std::size_t corners;  ///< outline points; 0: do not count
-};
-
 /// Every outline point is a radius away from the rectangle between the corner circles' centres.
 TEST(NcGeometry, RectanglesHaveTheirTrueShape) {
-    const RectangleCase cases[] = {
+    // clang-format off
+    // Corners: outline points; 0: do not count.
+    struct Case { const char* name; double width, height, diameter, degrees; std::size_t corners; };
+    // clang-format on
+    constexpr Case kCases[] = {
         {"sharp",                40.0,  20.0,  0.0,  0.0,    5},
         {"sharp, turned",        40.0,  20.0,  0.0,  33.0,   5},
         {"rounded",              100.0, 60.0,  24.0, 0.0,    0},
@@ -87,7 +75,7 @@ TEST(NcGeometry, RectanglesHaveTheirTrueShape) {
         {"rounded, turned back", 8.0,   300.0, 0.07, -120.0, 0},
     };
     const ZetGeomPoint2d start = {1512.0, 144.0};
-    for (const RectangleCase& c : cases) {
+    for (const Case& c : kCases) {
         SCOPED_TRACE(c.name);
         const double r = c.diameter / 2.0;
         const Outline outline =
@@ -115,13 +103,10 @@ TEST(NcGeometry, RectanglesHaveTheirTrueShape) {
 /// The cuts of a tube that its maker gives both as angles and as an outline to 0.01 mm.
 TEST(NcGeometry, TrimsByTheHeaderAngles) {
     const Outline outline = dstv::TrimmedOutline(2259.98, 50.8, -29.202, 60.798);
+    // clang-format off
     const ZetGeomPoint2d expected[] = {
-        {0.0,     0.0 },
-        {2259.98, 0.0 },
-        {2169.09, 50.8},
-        {28.39,   50.8},
-        {0.0,     0.0 }
-    };
+        {0.0, 0.0}, {2259.98, 0.0}, {2169.09, 50.8}, {28.39, 50.8}, {0.0, 0.0}};
+    // clang-format on
     ASSERT_EQ(outline.size(), std::size(expected));
     for (std::size_t i = 0; i < outline.size(); ++i) {
         EXPECT_NEAR(outline[i].x, expected[i].x, 0.01);

@@ -4,6 +4,9 @@
 #include "camdata/platform/HostPtr.h"
 #include "camdata/platform/IStructureObject.h"
 
+#include <utility>
+#include <vector>
+
 namespace {
 
 using dstv::NcFileEntity;
@@ -25,16 +28,15 @@ TEST(NcHost, OffersHeaderOfBeamAndPlate) {
     const NcFileEntity beam = EntityOf(sample, "");
     const ZetNCHeaderData header = beam.getHeader(0);
     EXPECT_EQ(beam.getType(), ZetNCEntity::eNCTypeBeam);
-    EXPECT_EQ(header.drawingNumber, L"Z-1");
-    EXPECT_EQ(header.mark, L"P1");
+    EXPECT_EQ(header.drawingNumber + L"|" + header.mark + L"|" + header.profileName + L"|" +
+                  header.profileCode,
+              L"Z-1|P1|ZS 175*1.5|SO");
     EXPECT_EQ(header.quantity, 2);
-    EXPECT_EQ(header.profileName, L"ZS 175*1.5");
-    EXPECT_EQ(header.profileCode, L"SO");
-    EXPECT_EQ(header.length, 2500.4);
-    EXPECT_EQ(header.sawLength, 2480.0);
-    EXPECT_EQ(header.height, 175.0);
-    EXPECT_EQ(header.width, 81.0);
-    EXPECT_EQ(header.thickness, 1.5);
+    // clang-format off
+    const std::vector<double> dimensions = {header.length, header.sawLength, header.height,
+                                            header.width, header.thickness};
+    // clang-format on
+    EXPECT_EQ(dimensions, (std::vector{2500.4, 2480.0, 175.0, 81.0, 1.5}));
     sample.code = "B";
     const NcFileEntity plate = EntityOf(sample, "");
     EXPECT_EQ(plate.getType(), ZetNCEntity::eNCTypePlate);
@@ -48,22 +50,12 @@ TEST(NcHost, SortsFacesIntoViews) {
                  "BO\n  h 1 2 3\n  u 4 5 6\n  o 7 8 9\n  v 10 11 12\n"
                  "  u 13 14 15\nSI\n  o 1 2 30 10 T\nKO\n  h 1 2\nPU\n  h 3 4\n");
     const ZetNCStructure structure = entity.getNCStructure(0);
-    struct Expected {
-        int position;
-        double x;
-        double size;
-    };
-    const Expected expected[] = {
-        {0, 7.0,  9.0 },
-        {1, 10.0, 12.0},
-        {2, 4.0,  6.0 },
-        {3, 1.0,  3.0 }
-    };
+    constexpr double kXs[] = {7.0, 10.0, 4.0, 1.0};
     ASSERT_EQ(structure.getViews().length(), 4);
-    for (long i = 0; i < 4; ++i) {
-        EXPECT_EQ(structure.getViews()[i].getViewPos(), expected[i].position);
-        EXPECT_EQ(structure.getViews()[i].getHoles()[0].x, expected[i].x);
-        EXPECT_EQ(structure.getViews()[i].getHoles()[0].size, expected[i].size);
+    for (int i = 0; i < 4; ++i) {
+        EXPECT_EQ(structure.getViews()[i].getViewPos(), i);
+        EXPECT_EQ(structure.getViews()[i].getHoles()[0].x, kXs[i]);
+        EXPECT_EQ(structure.getViews()[i].getHoles()[0].size, kXs[i] + 2.0);
     }
     EXPECT_EQ(structure.getViews()[0].getNumerations()[0].text, L"T");
     EXPECT_EQ(structure.getViews()[0].getNumerations()[0].angle, 30.0);
@@ -76,11 +68,7 @@ TEST(NcHost, SortsFacesIntoViews) {
 }
 
 TEST(NcHost, MakesHoleData) {
-    struct Case {
-        const char* line;
-        ZetNCHoleData expected;
-    };
-    const Case cases[] = {
+    const std::pair<const char*, ZetNCHoleData> cases[] = {
         {"v 100 50 18 12",            {0, 100.0, 50.0, 0, 18.0, 0, 0.0, 0.0, 12.0, 27} },
         {"v 100 50g18",               {0, 100.0, 50.0, 1, 18.0, 0, 0.0, 0.0, 0.0, 27}  },
         {"v 100 50l18",               {0, 100.0, 50.0, 2, 18.0, 0, 0.0, 0.0, 0.0, 27}  },
@@ -88,13 +76,12 @@ TEST(NcHost, MakesHoleData) {
         {"v 100 50 18 0l 40 0 30",    {0, 100.0, 50.0, 0, 18.0, 1, 40.0, 30.0, 0.0, 27}},
         {"v 100 50 31.78 0l 0 6.4 5", {0, 100.0, 50.0, 0, 31.78, 1, 6.4, 95.0, 0.0, 27}},
     };
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.line);
+    for (const auto& [line, expected] : cases) {
+        SCOPED_TRACE(line);
         const ZetNCStructure structure =
-            EntityOf({}, "BO\n  " + std::string(c.line) + "\n").getNCStructure(0);
+            EntityOf({}, "BO\n  " + std::string(line) + "\n").getNCStructure(0);
         ASSERT_EQ(structure.getViews().length(), 1);
-        ASSERT_EQ(structure.getViews()[0].getHoles().length(), 1);
-        EXPECT_EQ(structure.getViews()[0].getHoles()[0], c.expected);
+        EXPECT_EQ(structure.getViews()[0].getHoles(), ZetArray<ZetNCHoleData>{expected});
     }
 }
 
@@ -113,15 +100,11 @@ TEST(NcHost, MakesContoursAndMarksOfOtherHoleLines) {
     EXPECT_EQ(sharp.yValues, (ZetArray<double>{50.0, 70.0, 70.0, 50.0, 50.0}));
     EXPECT_EQ(sharp.bulges.length(), 5);
     ASSERT_EQ(view.getMarks().length(), 2);
-    EXPECT_EQ(view.getMarks()[0].points,
-              (ZetArray<ZetGeomPoint2d>{
-                  {7.0, 8.0}
-    }));
-    EXPECT_EQ(view.getMarks()[1].points,
-              (ZetArray<ZetGeomPoint2d>{
-                  {10.0, 20.0},
-                  {10.0, 50.0}
-    }));
+    using Points = ZetArray<ZetGeomPoint2d>;
+    // clang-format off
+    EXPECT_EQ(view.getMarks()[0].points, (Points{{7.0, 8.0}}));
+    EXPECT_EQ(view.getMarks()[1].points, (Points{{10.0, 20.0}, {10.0, 50.0}}));
+    // clang-format on
 }
 
 /// Contours: in the file, from the header where the file has none, none without a skew cut.
@@ -143,18 +126,13 @@ TEST(NcHost, TrimsFacesWithoutAnOutline) {
     EXPECT_EQ(bottom->getExternalContours()[0].xValues[1], 9.0);
 }
 
-struct PlaneCase {
-    const char* name;
-    const char* points;
-    int position;
-    double x;  ///< of slot, text and mark at (100, 50) of the plane, at 30 degrees
-    double y;
-    double angle;
-};
-
-/// Faces of a piece 175 high and 81 wide.
+/// Faces of a piece 175 high and 81 wide; on each a slot, a text and a mark at (100, 50) of its
+/// plane, at 30 degrees.
 TEST(NcHost, TakesParallelPlanesForStandardFaces) {
-    const PlaneCase cases[] = {
+    // clang-format off
+    struct Case { const char *name, *points; int position; double x, y, angle; };
+    // clang-format on
+    constexpr Case kCases[] = {
         {"front",                    "0 0 81 100 0 81 0 100 81",        1, 100.0, 50.0,  30.0 },
         {"front, moved",             "500 20 40 600 20 40 500 120 40",  1, 600.0, 70.0,  30.0 },
         {"front, upright",           "0 0 0 0 9 0 -9 0 0",              1, -50.0, 100.0, 120.0},
@@ -169,26 +147,26 @@ TEST(NcHost, TakesParallelPlanesForStandardFaces) {
         {"inclined, running back",   "500 0 90 400 0 90 500 151 41",    5, 400.0, 50.0,  150.0},
         {"across the piece",         "0 0 0 0 9 0 0 0 9",               5, 100.0, 50.0,  30.0 },
     };
-    for (const PlaneCase& c : cases) {
+    const std::string features =
+        "\nB3\n  100.00 50.00 18.0 0.0l 40.0 0.0 30.0\nS3\n 100 50 30 10 T\nP3\n 100 50\n";
+    for (const Case& c : kCases) {
         SCOPED_TRACE(c.name);
-        const NcFileEntity entity = EntityOf(
-            {},
-            "E3\n " + std::string(c.points) +
-                "\nB3\n  100.00 50.00 18.0 0.0l 40.0 0.0 30.0\nS3\n 100 50 30 10 T\nP3\n 100 50\n");
-        const ZetNCStructure structure = entity.getNCStructure(0);
+        const ZetNCStructure structure =
+            EntityOf({}, "E3\n " + std::string(c.points) + features).getNCStructure(0);
         ASSERT_EQ(structure.getViews().length(), 1);
-        EXPECT_EQ(structure.getViews()[0].getViewPos(), c.position);
-        const ZetNCHoleData hole = structure.getViews()[0].getHoles()[0];
-        EXPECT_NEAR(hole.x, c.x, 1e-5);
-        EXPECT_NEAR(hole.y, c.y, 1e-5);
+        const ZetNCView& view = structure.getViews()[0];
+        EXPECT_EQ(view.getViewPos(), c.position);
+        const ZetNCHoleData hole = view.getHoles()[0];
+        const ZetNCNumeration text = view.getNumerations()[0];
+        const ZetGeomPoint2d mark = view.getMarks()[0].points[0];
+        for (const auto& place : {
+                 ZetGeomPoint2d{hole.x, hole.y},
+                 {text.x, text.y},
+                 mark
+        })
+            EXPECT_LT((place - ZetGeomPoint2d{c.x, c.y}).length(), 1e-5);
         EXPECT_NEAR(hole.slotAngle, c.angle, 1e-9);
-        const ZetNCNumeration text = structure.getViews()[0].getNumerations()[0];
-        EXPECT_NEAR(text.x, c.x, 1e-5);
-        EXPECT_NEAR(text.y, c.y, 1e-5);
         EXPECT_NEAR(text.angle, c.angle, 1e-9);
-        const ZetGeomPoint2d mark = structure.getViews()[0].getMarks()[0].points[0];
-        EXPECT_NEAR(mark.x, c.x, 1e-5);
-        EXPECT_NEAR(mark.y, c.y, 1e-5);
     }
 }
 
@@ -214,13 +192,9 @@ void ExpectVector(const ZetGeomVector3d& actual, const ZetGeomVector3d& expected
 }
 
 TEST(NcHost, HandsPlanesOverInTheFrameOfTheCode) {
-    struct Case {
-        const char* code;
-        ZetGeomVector3d origin;
-        ZetGeomVector3d yAxis;
-        ZetGeomVector3d frontNormal;
-        ZetGeomVector3d topOrigin;
-    };
+    // clang-format off
+    struct Case { const char* code; ZetGeomVector3d origin, yAxis, frontNormal, topOrigin; };
+    // clang-format on
     // The y axis of the inclined plane is (0, 151, -49) / 158.7514.
     const Case cases[] = {
         {"SO", {0, -90, 0}, {0, 0.308659, 0.951173},  {0, -1, 0}, {0, 0, 175}},
@@ -244,11 +218,7 @@ TEST(NcHost, HandsPlanesOverInTheFrameOfTheCode) {
 }
 
 TEST(NcHost, ModelObjectOutlivesItsEntity) {
-    HostPtr<IHostObject> object;
-    {
-        NcFileEntity entity = EntityOf({}, "");
-        object = HostPtr<IHostObject>::adopt(entity.getModelObject());
-    }
+    const auto object = HostPtr<IHostObject>::adopt(EntityOf({}, "").getModelObject());
     IHostObject* found = nullptr;
     ASSERT_EQ(object->queryInterface(IStructureObject::kId, &found), kHostOk);
     const auto structure = HostPtr<IStructureObject>::adopt(static_cast<IStructureObject*>(found));

@@ -4,6 +4,7 @@
 
 #include <string>
 #include <variant>
+#include <vector>
 
 #include <gtest/gtest.h>
 
@@ -23,26 +24,12 @@ struct NcSample {
 
     std::string Header() const {
         std::string text = "ST\n";
-        for (const std::string& value : {std::string("Order"),
-                                         std::string("Z-1"),
-                                         std::string("1"),
-                                         mark,
-                                         std::string("S350GD"),
-                                         quantity,
-                                         std::string("ZS 175*1.5"),
-                                         code,
-                                         length,
-                                         height,
-                                         width,
-                                         web,
-                                         web,
-                                         std::string("4.00"),
-                                         std::string("4.416"),
-                                         std::string("0.753"),
-                                         webStartCut,
-                                         webEndCut,
-                                         flangeStartCut,
-                                         flangeEndCut})
+        // clang-format off
+        for (const std::string& value : std::vector<std::string>{
+                 "Order", "Z-1", "1", mark, "S350GD", quantity, "ZS 175*1.5", code, length, height,
+                 width, web, web, "4.00", "4.416", "0.753", webStartCut, webEndCut, flangeStartCut,
+                 flangeEndCut})
+            // clang-format on
             text += "  " + value + "\n";
         return text + "  Purlin\n\n\n\n";
     }
