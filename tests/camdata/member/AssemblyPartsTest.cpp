@@ -40,12 +40,12 @@ TEST(AssemblyPartsTest, AttachedPartsAreListedOnceInTheHostsOrder) {
     assembly.member.GetAttachedPartNos();
     assembly.beam.m_mark = L"later";
     assembly.member.GetAttachedPartNos();
-    const ZetArray<CMxAttPartNoAndQty>& parts = assembly.member.m_attachedParts;
     ZetString listed;
-    for (const CMxAttPartNoAndQty& part : parts)
+    for (const CMxAttPartNoAndQty& part : assembly.member.m_attachedParts) {
+        const ZetNCHeaderData header = part.GetHeaderData();
         listed += ZetString::format(L"%s %d ", part.GetPartNo(), part.GetQty()) +
-                  part.GetHeaderData().profileName + L" " + part.GetHeaderData().drawingNumber +
-                  L"; ";
+                  header.profileName + L" " + header.drawingNumber + L"; ";
+    }
     EXPECT_EQ(listed, L"S1 4 C150 style 17; S2 0 Z200 style 17; ");
 }
 
@@ -70,33 +70,22 @@ TEST(AssemblyPartsTest, WhatAHostMayNotHave) {
 
 // What was selected
 
-struct Selected {
-    const wchar_t* mark;
-    long qty;
-    bool isValid;
-    long qtyAfter;
-};
+// clang-format off
+struct Selected { const wchar_t* mark; long qty; bool isValid; long qtyAfter; };
+// clang-format on
 
 /// An assembly of `qty` pieces with one part "S1", and how many the finding names; 0: no finding.
-struct SelectionCase {
-    const char* name;
-    long qty;
-    std::vector<Selected> members;
-    int missing;
-};
-
 // clang-format off
+struct SelectionCase { const char* name; long qty; std::vector<Selected> members; int missing; };
 const SelectionCase kSelections[] = {
     {"some are left over", 2, {{L"S1", 5, true, 3}}, 0},
     {"all are used", 2, {{L"S1", 2, true, 0}}, 0},
     {"too few", 4, {{L"S1", 1, true, -3}}, 3},
     {"not valid: none is taken", 3, {{L"S1", 9, false, 9}}, 3},
     {"not selected, whatever is needed", 5, {{L"s1", 9, true, 9}}, 1},
-    {"the first of the mark gives", 2,
-     {{L"S0", 9, true, 9}, {L"S1", 9, true, 7}, {L"S1", 9, true, 9}}, 0},
+    {"the first of the mark gives", 2, {{L"S0", 9, true, 9}, {L"S1", 9, true, 7}, {L"S1", 9, true, 9}}, 0},
     {"also when it has too few", 4, {{L"S1", 1, true, -3}, {L"S1", 9, true, 9}}, 3},
-    {"one too few: the next gives, too", 2,
-     {{L"S1", 1, true, -1}, {L"S1", 9, true, 7}, {L"S1", 9, true, 9}}, 0},
+    {"one too few: the next gives, too", 2, {{L"S1", 1, true, -1}, {L"S1", 9, true, 7}, {L"S1", 9, true, 9}}, 0},
     {"one too few, and no next", 2, {{L"S1", 1, true, -1}}, 1},
     {"one is needed, the first is not valid", 1, {{L"S1", 9, false, 9}, {L"S1", 9, true, 8}}, 0},
 };
@@ -161,38 +150,22 @@ TEST(AssemblyPartsTest, PartsTakeOverWhatTheLastMemberThatGaveSays) {
     ZetArray<CMxPeilaib*> members = {&first, &last};
     mainPart.CheckAttachedPartsSelection(members);
     const CMxAttPartNoAndQty& part = mainPart.m_attachedParts[0];
-    EXPECT_TRUE(part.GetMirrored());
-    EXPECT_TRUE(part.GetNonStd());
+    EXPECT_TRUE(part.GetMirrored() && part.GetNonStd());
     EXPECT_EQ(part.GetOutStr(), L"special");
 }
 
 // Single parts
 
-struct PrintCase {
-    long qty;
-    Lines nonStdMsgs;
-    const char* errors;
-    const char* warnings;
-    ZetArray<long> locations;
-};
-
 // clang-format off
+struct PrintCase { long qty; Lines nonStdMsgs; const char *errors, *warnings;
+                   ZetArray<long> locations; };
 const PrintCase kPrints[] = {
     {0, {}, "", "", {}},
-    {3, {L"odd"}, "",
-     "Part Number = S1\n"
-     "          Section    = 35-20\n"
-     "          Quantity   = 3\n"
-     "          3 no of parts are not used in any assemblies\n"
-     "odd\n",
-     {3}},
+    {3, {L"odd"}, "", "Part Number = S1\n          Section    = 35-20\n          Quantity   = 3\n"
+     "          3 no of parts are not used in any assemblies\nodd\n", {3}},
     // The warning block of an invalid part is entered but not printed.
-    {-3, {L"odd"},
-     "Part Number = S1\n"
-     "          Section    = 35-20\n"
-     "          Quantity   = -3\n"
-     "          3 no of parts are not selected in selection\n",
-     "", {2, 3}},
+    {-3, {L"odd"}, "Part Number = S1\n          Section    = 35-20\n          Quantity   = -3\n"
+     "          3 no of parts are not selected in selection\n", "", {2, 3}},
 };
 // clang-format on
 

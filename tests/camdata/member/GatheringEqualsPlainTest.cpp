@@ -75,25 +75,19 @@ struct Outcome {
 };
 
 /// Tolerances of the process, and how many internal and external contours a member may have.
-struct Settings {
-    double eps;
-    double yTol;
-    long internalLimit;
-    long externalLimit;
-};
+// clang-format off
+struct Settings { double eps, yTol; long internalLimit, externalLimit; };
+// clang-format on
 
 Settings RandomSettings(unsigned long long seed) {
     constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
     constexpr double kInfinity = std::numeric_limits<double>::infinity();
+    // clang-format off
     static const Settings kOdd[] = {
-        {0.0,       0.0,       -1, -1},
-        {-0.1,      -0.3,      -1, 0 },
-        {3.0,       5.0,       0,  -1},
-        {kNaN,      0.5,       -1, -1},
-        {0.1,       kNaN,      -1, -1},
-        {kInfinity, kInfinity, -1, -1},
-        {2e15,      2e15,      -1, -1},
+        {0.0, 0.0, -1, -1}, {-0.1, -0.3, -1, 0}, {3.0, 5.0, 0, -1}, {kNaN, 0.5, -1, -1},
+        {0.1, kNaN, -1, -1}, {kInfinity, kInfinity, -1, -1}, {2e15, 2e15, -1, -1},
     };
+    // clang-format on
     constexpr std::size_t kEvery = 6;
     if (seed % kEvery != 0)
         return {0.1, 0.5, seed % 5 == 0 ? 0 : -1, seed % 7 == 0 ? 0 : 2};
@@ -115,14 +109,10 @@ Outcome OutcomeOfPlain(const std::vector<RandomView>& views, const Settings& set
             view.contours, view.data, settings.internalLimit, settings.externalLimit);
     }
     member.Finish();
-    return {
-        {PrintsOf(member.holes),
-         PrintsOf(member.cskHoles),
-         PrintsOf(member.duplicateHoles),
-         PrintsOf(member.notches),
-         PrintsOf(member.duplicateNotches)},
-        ProbedTolerance()
-    };
+    // clang-format off
+    return {{PrintsOf(member.holes), PrintsOf(member.cskHoles), PrintsOf(member.duplicateHoles),
+             PrintsOf(member.notches), PrintsOf(member.duplicateNotches)}, ProbedTolerance()};
+    // clang-format on
 }
 
 Outcome OutcomeOfLibrary(const std::vector<RandomView>& views, const Settings& settings) {
@@ -136,14 +126,11 @@ Outcome OutcomeOfLibrary(const std::vector<RandomView>& views, const Settings& s
     }
     member.MakeDupHoleArrForHolesInsideSlot();
     member.MakeDupNotchArr();
-    return {
-        {PrintsOf(member.m_holes),
-         PrintsOf(member.m_cskHoles),
-         PrintsOf(member.m_duplicateHoles),
-         PrintsOf(member.m_notches),
-         PrintsOf(member.m_duplicateNotches)},
-        ProbedTolerance()
-    };
+    // clang-format off
+    return {{PrintsOf(member.m_holes), PrintsOf(member.m_cskHoles),
+             PrintsOf(member.m_duplicateHoles), PrintsOf(member.m_notches),
+             PrintsOf(member.m_duplicateNotches)}, ProbedTolerance()};
+    // clang-format on
 }
 
 std::string TextOf(const Outcome& outcome) {
@@ -161,10 +148,9 @@ TEST(GatheringEqualsPlainTest, RandomMembers) {
     constexpr unsigned long long kMembers = 10000;
     std::array<std::size_t, 5> found = {};
     for (unsigned long long seed = 1; seed <= kMembers; ++seed) {
-        const RandomMember random(seed);
-        const Settings settings = RandomSettings(seed);
-        const Outcome plain = OutcomeOfPlain(random.GetViews(), settings);
-        const Outcome fast = OutcomeOfLibrary(random.GetViews(), settings);
+        const std::vector<RandomView> views = RandomMember(seed).GetViews();
+        const Outcome plain = OutcomeOfPlain(views, RandomSettings(seed));
+        const Outcome fast = OutcomeOfLibrary(views, RandomSettings(seed));
         ASSERT_TRUE(plain == fast)
             << "seed " << seed << ' ' << TextOf(plain) << "\nnot " << TextOf(fast);
         for (std::size_t i = 0; i < found.size(); ++i)
@@ -184,11 +170,8 @@ TEST(GatheringEqualsPlainTest, DuplicatesOfMovedHoles) {
         SCOPED_TRACE(round);
         std::vector<CHoleAddlInfo> records;
         for (int i = 0; i < 60; ++i) {
-            ZetNCHoleData data;
+            ZetNCHoleData data = {.x = number(4000), .y = number(40), .size = 1.0 + number(20)};
             data.depth = i;
-            data.x = number(4000);
-            data.y = number(40);
-            data.size = 1.0 + number(20);
             CHoleAddlInfo hole;
             hole.SetHoleData(data);
             hole.SetXPosFrom(data.x + number(round % 2 == 0 ? 20 : 500));

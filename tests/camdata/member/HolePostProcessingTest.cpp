@@ -14,9 +14,6 @@ namespace {
 using Holes = ZetArray<CHoleAddlInfo>;
 using Numbers = std::vector<double>;
 
-constexpr double kEPS = 0.1;
-constexpr double kXTol = 0.5;
-constexpr double kYTol = 0.5;
 constexpr double kOther = 7.0;
 
 Numbers XsOf(const Holes& holes) {
@@ -62,36 +59,23 @@ class HolePostProcessingTest : public ::testing::Test {
 
 // Countersinks
 
-TEST_F(HolePostProcessingTest, CountersinksMarkTheirHolesAndLeave) {
-    Holes holes = {Round(11), Countersink(22), Round(11, 200), Countersink(23, 300)};
-    member.MakeCSKHoleArrAndMark(holes);
-    EXPECT_EQ(XsOf(holes), Numbers({100, 200}));
-    EXPECT_TRUE(holes[0].GetIsCSK() && holes[0].GetCSKPos() == 0);
-    EXPECT_TRUE(!holes[1].GetIsCSK() && holes[1].GetCSKPos() == -1);
-    EXPECT_EQ(SizesOf(member.m_cskHoles), Numbers({22, 23})) << "with or without a hole";
-    EXPECT_EQ(member.m_cskHoles[0].GetHoleStatus(), eHoleStatusCSK);
-    EXPECT_TRUE(CurrentToleranceIs(kOther));
-}
-
 /// Each countersink takes the first hole left at its place; the list need not be ordered.
 TEST_F(HolePostProcessingTest, CountersinksAtOnePlaceMarkOneHoleEach) {
     CHoleAddlInfo marked = Round(1);
     marked.SetIsCSK(true);
     const CHoleAddlInfo beside = HoleAt(100, 50.000001).Round(5);
-    Holes holes = {Countersink(22),
-                   Countersink(23, 900),
-                   marked,
-                   Round(2),
-                   Countersink(24),
-                   Round(3),
-                   Round(4),
-                   beside};
+    // clang-format off
+    Holes holes = {Countersink(22), Countersink(23, 900), marked, Round(2), Countersink(24),
+                   Round(3), Round(4), beside};
+    // clang-format on
     member.MakeCSKHoleArrAndMark(holes);
     ASSERT_EQ(SizesOf(holes), Numbers({1, 2, 3, 4, 5}));
     EXPECT_EQ(holes[0].GetCSKPos(), -1) << "was marked before";
-    EXPECT_TRUE(holes[1].GetIsCSK() && holes[2].GetIsCSK());
+    EXPECT_TRUE(holes[1].GetIsCSK() && holes[1].GetCSKPos() == 0 && holes[2].GetIsCSK());
     EXPECT_FALSE(holes[3].GetIsCSK() || holes[4].GetIsCSK());
-    EXPECT_EQ(SizesOf(member.m_cskHoles), Numbers({22, 23, 24}));
+    EXPECT_EQ(SizesOf(member.m_cskHoles), Numbers({22, 23, 24})) << "with or without a hole";
+    EXPECT_EQ(member.m_cskHoles[0].GetHoleStatus(), eHoleStatusCSK);
+    EXPECT_TRUE(CurrentToleranceIs(kOther));
 }
 
 TEST_F(HolePostProcessingTest, TagsTheFirstHoleAtExactlyThePlace) {
@@ -125,79 +109,13 @@ TEST_F(HolePostProcessingTest, CountersunkRoundHolesOnTheWebGetTheFaceOfItsBack)
 
 // Duplicates
 
-TEST_F(HolePostProcessingTest, HolesThatTouchOrOverlapAreDuplicates) {
-    struct Case {
-        const char* name;
-        double x;
-        double size;
-        double otherX;
-        double otherSize;
-        bool isDuplicate;
-    };
-    // Rounding makes 1012.1 - 1000 a little more than 12.1. 17.9 is neither within 0.1 of 18 nor
-    // below 18 - 0.1.
-    constexpr Case kCases[] = {
-        {"one place, other diameter",       100.0,  18.0, 100.0,  22.0, true },
-        {"overlapping",                     100.0,  18.0, 110.0,  18.0, true },
-        {"12.1 apart",                      0.0,    10.0, 12.1,   14.0, true },
-        {"12.1 apart, further on",          3000.0, 10.0, 3012.1, 14.0, true },
-        {"12.2 apart",                      0.0,    10.0, 12.2,   14.0, false},
-        {"12.1 and rounding apart",         1000.0, 10.0, 1012.1, 14.0, false},
-        {"17.9 apart: neither 18 nor less", 0.0,    18.0, 17.9,   18.0, false},
-        {"17.8 apart",                      0.0,    18.0, 17.8,   18.0, true },
-    };
-    for (const Case& each : kCases) {
-        SCOPED_TRACE(each.name);
-        TestMember other;
-        Holes holes = {Round(each.size, each.x), Round(each.otherSize, each.otherX)};
-        other.MakeDupHoleArr(holes);
-        EXPECT_EQ(holes.length(), each.isDuplicate ? 1 : 2);
-        EXPECT_EQ(holes[0].GetXPos(), each.x) << "the first is kept";
-        const Numbers removed = each.isDuplicate ? Numbers{each.otherSize} : Numbers{};
-        EXPECT_EQ(SizesOf(other.m_duplicateHoles), removed);
-    }
-}
-
-/// Equality is that of current positions, overlap that of NC positions.
-TEST_F(HolePostProcessingTest, DuplicatesByCurrentAndByNcPosition) {
-    CHoleAddlInfo moved = Round(3, 5000);
-    moved.SetXPosFrom(5100.0);
-    CHoleAddlInfo movedAway = Round(4, 102);
-    movedAway.SetXPosFrom(6000.0);
-    Holes holes = {Round(14), moved, movedAway, Round(5, 5898)};
-    member.MakeDupHoleArr(holes);
-    EXPECT_EQ(SizesOf(holes), Numbers({14, 5}));
-    EXPECT_EQ(SizesOf(member.m_duplicateHoles), Numbers({3, 4}));
-}
-
-/// The slot's NC position is its centre; whichever comes first stays.
-TEST_F(HolePostProcessingTest, AHoleBesideASlotsCentreIsADuplicateLikeAnyOther) {
-    Holes holes = {Round(14, 118), HoleAt(100, 50).Slot(14, 40)};
-    member.MakeDupHoleArr(holes);
-    EXPECT_EQ(XsOf(holes), Numbers{118});
-    EXPECT_TRUE(member.m_duplicateHoles[0].GetIsSlot());
-}
-
-TEST_F(HolePostProcessingTest, RemovedHolesRemoveNothing) {
-    Holes holes = Row({0, 10, 20});
-    member.MakeDupHoleArr(holes);
-    EXPECT_EQ(XsOf(holes), Numbers({0, 20}));
-}
-
+/// Removed holes remove nothing: 20 and 915 stay.
 TEST_F(HolePostProcessingTest, DuplicatesComeByTheHoleThatRemovesThem) {
-    Holes holes = Row({0, 900, 901, 2, 902, 1});
+    Holes holes = Row({0, 900, 905, 10, 902, 1, 20, 915});
     member.MakeDupHoleArr(holes);
-    EXPECT_EQ(XsOf(holes), Numbers({0, 900}));
-    EXPECT_EQ(XsOf(member.m_duplicateHoles), Numbers({2, 1, 901, 902}));
-}
-
-TEST_F(HolePostProcessingTest, DuplicatesSelectATolerance) {
-    Holes one = Row({0});
-    member.MakeDupHoleArr(one);
-    EXPECT_TRUE(CurrentToleranceIs(kOther)) << "nothing to compare";
-    Holes two = Row({0, 0});
-    member.MakeDupHoleArr(two);
-    EXPECT_TRUE(CurrentToleranceIs(kEPS));
+    EXPECT_EQ(XsOf(holes), Numbers({0, 900, 20, 915}));
+    EXPECT_EQ(XsOf(member.m_duplicateHoles), Numbers({10, 1, 905, 902}));
+    EXPECT_TRUE(CurrentToleranceIs(0.1));
 }
 
 // Holes inside slots
@@ -205,12 +123,12 @@ TEST_F(HolePostProcessingTest, DuplicatesSelectATolerance) {
 TEST_F(HolePostProcessingTest, HolesInsideASlotLeave) {
     const CHoleAddlInfo onBack = HoleAt(130, 50).Round(4).On(eHoleFaceWebBack);
     const CHoleAddlInfo slot = HoleAt(100, 50).Slot(14, 40);
-    member.m_holes = {Round(1, 105), slot, Round(2, 135), Round(3, 150), onBack};
+    const CHoleAddlInfo inside = WithStatus(Round(5, 200), eHoleStatusInsideSlot);
+    member.m_holes = {Round(1, 105), slot, Round(2, 135), Round(3, 150), onBack, inside};
     member.MakeDupHoleArrForHolesInsideSlot();
     EXPECT_EQ(SizesOf(member.m_holes), Numbers({14, 3, 4}));
-    EXPECT_EQ(SizesOf(member.m_duplicateHoles), Numbers({1, 2}));
-    EXPECT_EQ(member.m_duplicateHoles[0].GetHoleStatus(), eHoleStatusNone) << "as it was";
-    EXPECT_TRUE(CurrentToleranceIs(kYTol));
+    EXPECT_EQ(SizesOf(member.m_duplicateHoles), Numbers({1, 2})) << "not what was marked before";
+    EXPECT_TRUE(CurrentToleranceIs(0.5));
 }
 
 TEST_F(HolePostProcessingTest, AHoleInsideTwoSlotsIsADuplicateTwice) {
@@ -223,13 +141,6 @@ TEST_F(HolePostProcessingTest, AHoleInsideTwoSlotsIsADuplicateTwice) {
     EXPECT_EQ(member.m_duplicateHoles[1].GetHoleStatus(), eHoleStatusInsideSlot);
 }
 
-TEST_F(HolePostProcessingTest, HolesMarkedAsInsideASlotBeforeAreDropped) {
-    member.m_holes = {WithStatus(Round(1), eHoleStatusInsideSlot), Round(2, 200)};
-    member.MakeDupHoleArrForHolesInsideSlot();
-    EXPECT_EQ(SizesOf(member.m_holes), Numbers{2});
-    EXPECT_TRUE(member.m_duplicateHoles.isEmpty());
-}
-
 /// Slots hold each other, and one that is on its way out holds holes still.
 TEST_F(HolePostProcessingTest, EqualSlotsRemoveEachOtherAndWhatTheyHold) {
     const HoleAt at(100, 50);
@@ -237,22 +148,6 @@ TEST_F(HolePostProcessingTest, EqualSlotsRemoveEachOtherAndWhatTheyHold) {
     member.MakeDupHoleArrForHolesInsideSlot();
     EXPECT_TRUE(member.m_holes.isEmpty());
     EXPECT_EQ(SizesOf(member.m_duplicateHoles), Numbers({14.2, 5, 14, 5}));
-}
-
-TEST_F(HolePostProcessingTest, SlotsSelectATolerance) {
-    const CHoleAddlInfo slot = HoleAt(1, 1).Slot(14, 40);
-    const CHoleAddlInfo round = HoleAt(5000, 1).Round(14).On(eHoleFaceTopFlange);
-    for (const Holes& holes : {
-             Holes(), Holes{round, round},
-              Holes{slot    }
-    }) {
-        member.m_holes = holes;
-        member.MakeDupHoleArrForHolesInsideSlot();
-        EXPECT_TRUE(CurrentToleranceIs(kOther));
-    }
-    member.m_holes = {slot, round};
-    member.MakeDupHoleArrForHolesInsideSlot();
-    EXPECT_TRUE(CurrentToleranceIs(kYTol)) << "a slot and another hole, wherever it is";
 }
 
 // For derived classes
@@ -287,24 +182,19 @@ TEST_F(HolePostProcessingTest, FindsThePairOfAHole) {
     const auto withStatus = [&](int status) { return WithStatus(at(600), status); };
     const CHoleAddlInfo elsewhere = WithCode(HoleAt(600, 9).Round(14).On(eHoleFaceWebBack), L"H14");
     // clang-format off
-    const struct {
-        const char* name;
-        CHoleAddlInfo other;
-        bool isPair;
-        double toleranceAfter;
-    } cases[] = {
+    const struct { const char* name; CHoleAddlInfo other; bool isPair; double toleranceAfter; } cases[] = {
         {"not classified",           at(600, L"y H14"),       true,  kPairYTol},
         {"waits for a pair",         withStatus(3),           true,  kPairYTol},
-        {"valid",                    withStatus(1),           false, kXTol},
-        {"countersink",              withStatus(2),           false, kXTol},
-        {"pair of another",          withStatus(6),           false, kXTol},
-        {"never a pair",             withStatus(9),           false, kXTol},
-        {"other code",               at(600, L"H1 4"),        false, kXTol},
-        {"other size",               at(600, L"H14", 15.0),   false, kEPS},
+        {"valid",                    withStatus(1),           false, 0.5},
+        {"countersink",              withStatus(2),           false, 0.5},
+        {"pair of another",          withStatus(6),           false, 0.5},
+        {"never a pair",             withStatus(9),           false, 0.5},
+        {"other code",               at(600, L"H1 4"),        false, 0.5},
+        {"other size",               at(600, L"H14", 15.0),   false, 0.1},
         {"other face, other Y",      elsewhere,               true,  kPairYTol},
         {"spacing within tolerance", at(600.4),               true,  kPairYTol},
         {"to the other side",        at(-400),                true,  kPairYTol},
-        {"other spacing",            at(600.6),               false, kXTol},
+        {"other spacing",            at(600.6),               false, 0.5},
     };
     // clang-format on
     CHoleCode code;

@@ -19,14 +19,10 @@ TestMember MemberOf(const std::vector<PlainPart>& parts) {
 }
 
 /// Parts to nest, and the nests that they make: the pieces on a bar and the number of bars.
-struct Case {
-    const char* name;
-    std::vector<PlainPart> parts;
-    std::vector<PlainNest> nests;
-    double reserveLength = 0.0;
-    double tolerance = 0.1;
-    double toleranceLeft = 0.1;
-};
+// clang-format off
+struct Case { const char* name; std::vector<PlainPart> parts; std::vector<PlainNest> nests;
+              double reserveLength = 0.0; double tolerance = 0.1; double toleranceLeft = 0.1; };
+// clang-format on
 
 constexpr int kMost = std::numeric_limits<int>::max();
 constexpr long kLeast = std::numeric_limits<long>::min();

@@ -18,19 +18,10 @@ struct Limited {
 };
 
 /// A member, its limits and the lines that it gets; every finding is a warning.
-struct MemberCase {
-    const char* name;
-    Limited holes = {};
-    Limited external = {};
-    Limited internal = {};
-    double length = 3000.0;
-    double minimum = 1000.0;
-    double maximum = 6000.0;
-    double fixedLength = 0.0;
-    Lines lines = {};
-};
-
 // clang-format off
+struct MemberCase { const char* name; Limited holes = {}; Limited external = {};
+                    Limited internal = {}; double length = 3000.0; double minimum = 1000.0;
+                    double maximum = 6000.0; double fixedLength = 0.0; Lines lines = {}; };
 const MemberCase kAllWrong = {
     "everything in order and both length lines", {25, 20}, {2, 1}, {4, 0}, 1500.0, 2000.0, 1000.0, 0.0,
     {L"          5 No of holes exceeded the maximum limit of 20",
@@ -121,11 +112,11 @@ void ExpectErrorWhenOnly(eValidationTypes type, const MemberCase& row, const Zet
 
 TEST(ValidationTest, EachFindingHasAReportTypeOfItsOwn) {
     long line = 0;
-    for (const eValidationTypes type : {eValidationNoOfHoles,
-                                        eValidationNoOfExternalContours,
-                                        eValidationNoOfInternalContours,
-                                        eValidationMaximumLength,
-                                        eValidationMinimumLength})
+    // clang-format off
+    for (const auto type : {eValidationNoOfHoles, eValidationNoOfExternalContours,
+                            eValidationNoOfInternalContours, eValidationMaximumLength,
+                            eValidationMinimumLength})
+        // clang-format on
         ExpectErrorWhenOnly(type, kAllWrong, kAllWrong.lines[line++]);
     ExpectErrorWhenOnly(eValidationFixedLength, kWrongFixedLength, kWrongFixedLength.lines[0]);
 }
@@ -148,8 +139,7 @@ TEST(ValidationTest, LengthsAreComparedWithTheXTolerance) {
     CMxGeom::SetXTol(2.0);
     TestMember member = MemberOf({.name = "", .length = 6001.9});
     member.ValidateMember();
-    EXPECT_TRUE(member.m_warnings.isEmpty());
-    EXPECT_TRUE(CurrentToleranceIs(2.0));
+    EXPECT_TRUE(member.m_warnings.isEmpty() && CurrentToleranceIs(2.0));
 }
 
 TEST(ValidationTest, ChangeHolesStatusChangesNothing) {

@@ -10,50 +10,40 @@
 
 namespace {
 
-constexpr double kHeight = 200.0;
-constexpr double kWidth = 60.0;
-constexpr double kThickness = 2.0;
-constexpr double kTopWidth = 72.0;
-constexpr double kBottomWidth = 62.0;
+constexpr double kHeight = 200.0, kWidth = 60.0, kTopWidth = 72.0, kBottomWidth = 62.0;
 
 constexpr ZetGeomVector3d kAlong = {1.0, 0.0, 0.0};
-constexpr ZetGeomVector3d kUp = {0.0, 1.0, 0.0};
-constexpr ZetGeomVector3d kDown = {0.0, -1.0, 0.0};
-constexpr ZetGeomVector3d kToFront = {0.0, 0.0, 1.0};
-constexpr ZetGeomVector3d kToBack = {0.0, 0.0, -1.0};
+constexpr ZetGeomVector3d kUp = {0.0, 1.0, 0.0}, kDown = {0.0, -1.0, 0.0};
+constexpr ZetGeomVector3d kToFront = {0.0, 0.0, 1.0}, kToBack = {0.0, 0.0, -1.0};
 
 /// A member with the dimensions above, the flange widths from attributes.
 TestMember MemberOfCode(const wchar_t* profileCode) {
-    ZetNCHeaderData header;
-    header.profileCode = profileCode;
-    header.height = kHeight;
-    header.width = kWidth;
-    header.thickness = kThickness;
     CMemAttrib attributes;
     attributes.SetValues(0.0, kBottomWidth, kTopWidth, 0.0);
-    TestMember member = MemberOf(header);
+    // clang-format off
+    TestMember member = MemberOf(HeaderOf{.profileCode = profileCode, .height = kHeight,
+                                          .width = kWidth, .thickness = 2.0});
+    // clang-format on
     member.m_memType.SetMemAttrib(attributes);
     return member;
 }
 
 /// A view of one round hole.
 ZetNCView ViewAt(int position, double holeX = 0.0, double holeY = 0.0) {
-    ZetNCHoleData hole;
-    hole.x = holeX;
-    hole.y = holeY;
-    hole.size = 5.0;
     ZetNCView view;
     view.setViewPos(position);
-    view.setHoles({hole});
+    view.setHoles({
+        {.x = holeX, .y = holeY, .size = 5.0}
+    });
     return view;
 }
 
 /// The plane is in the frame of the piece: X along it, Y upwards, Z to the front. Members of codes
 /// SO and B get it in (X, -Z, Y) of that frame.
-ZetNCView ViewIn(const ZetGeomPlane& plane,
-                 const ZetString& profileCode,
-                 double holeX = 0.0,
+// clang-format off
+ZetNCView ViewIn(const ZetGeomPlane& plane, const ZetString& profileCode, double holeX = 0.0,
                  double holeY = 0.0) {
+    // clang-format on
     const bool isTurned = profileCode == L"SO" || profileCode == L"B";
     const auto turned = [&](const ZetGeomVector3d& v) {
         return isTurned ? ZetGeomVector3d{v.x, -v.z, v.y} : v;
@@ -79,12 +69,10 @@ CViewData ViewDataOf(const wchar_t* profileCode, const ZetGeomPlane& plane) {
 using Face = std::tuple<eHoleFace, ZetString, double, double, double, double>;
 
 Face FaceOf(const CViewData& data) {
-    return {data.GetHoleFace(),
-            data.GetFaceStr(),
-            data.GetFaceWidth(),
-            data.GetProfileFaceWidth(),
-            data.GetDimFromOtherFace(),
-            data.GetDimXNegate()};
+    // clang-format off
+    return {data.GetHoleFace(), data.GetFaceStr(), data.GetFaceWidth(), data.GetProfileFaceWidth(),
+            data.GetDimFromOtherFace(), data.GetDimXNegate()};
+    // clang-format on
 }
 
 TEST(ViewFacesTest, StandardPositions) {
@@ -107,21 +95,12 @@ TEST(ViewFacesTest, StandardPositions) {
 TEST(ViewFacesTest, FacesOfPlanesOfTheirOwn) {
     constexpr ZetGeomVector3d kDownToFront = {0.0, -0.6, 0.8};
     constexpr ZetGeomVector3d kUpToBack = {0.0, 0.6, -0.8};
-    constexpr eHoleFace kWeb = eHoleFaceWeb;
-    constexpr eHoleFace kTop = eHoleFaceTopFlange;
-    constexpr eHoleFace kBottom = eHoleFaceBottomFlange;
-    constexpr eHoleFace kSlopedTop = eHoleFaceSlopedTopFlange;
-    constexpr eHoleFace kSlopedBottom = eHoleFaceSlopedBottomFlange;
-    struct Case {
-        const char* name;
-        ZetGeomPoint3d origin;
-        ZetGeomVector3d yAxis;
-        eHoleFace face;
-        const wchar_t* faceStr;
-        double width;
-        double profileWidth;
-    };
+    constexpr auto kWeb = eHoleFaceWeb;
+    constexpr auto kTop = eHoleFaceTopFlange, kSlopedTop = eHoleFaceSlopedTopFlange;
+    constexpr auto kBottom = eHoleFaceBottomFlange, kSlopedBottom = eHoleFaceSlopedBottomFlange;
     // clang-format off
+    struct Case { const char* name; ZetGeomPoint3d origin; ZetGeomVector3d yAxis;
+                  eHoleFace face; const wchar_t* faceStr; double width, profileWidth; };
     const Case cases[] = {
         {"web, normal to the front",   {0, 0, 60},   kUp,          kWeb,          L"WEB", 200, 200},
         {"web, normal to the back",    {0, 200, 0},  kDown,        kWeb,          L"WEB", 200, 200},
@@ -142,15 +121,11 @@ TEST(ViewFacesTest, FacesOfPlanesOfTheirOwn) {
         for (const Case& each : cases) {
             SCOPED_TRACE(std::string(each.name) + " " + ZetString(code).toUtf8());
             const CViewData data = ViewDataOf(code, {each.origin, kAlong, each.yAxis});
-            EXPECT_DOUBLE_EQ(data.GetFaceWidth(), each.width);
+            const double width = data.GetFaceWidth();
+            EXPECT_DOUBLE_EQ(width, each.width);
             const double fromOther = each.face == kWeb ? 1.0 : -1.0;
-            EXPECT_EQ(FaceOf(data),
-                      Face(each.face,
-                           each.faceStr,
-                           data.GetFaceWidth(),
-                           each.profileWidth,
-                           fromOther,
-                           1.0));
+            const Face face = {each.face, each.faceStr, width, each.profileWidth, fromOther, 1.0};
+            EXPECT_EQ(FaceOf(data), face);
         }
     }
 }
@@ -163,14 +138,10 @@ TEST(ViewFacesTest, PlanesAreJudgedWithTheToleranceOfGathering) {
 }
 
 TEST(ViewFacesTest, SignAndOffsetOfYInPlanesOfTheirOwn) {
-    struct Case {
-        const char* name;
-        const wchar_t* profileCode;
-        ZetGeomPoint3d origin;
-        ZetGeomVector3d yAxis;
-        double yNegate;
-        double yValOffset;
-    };
+    // clang-format off
+    struct Case { const char* name; const wchar_t* profileCode; ZetGeomPoint3d origin;
+                  ZetGeomVector3d yAxis; double yNegate, yValOffset; };
+    // clang-format on
     const Case cases[] = {
         {"SO flange from behind",        L"SO", {0, 200, 0},   kToFront,         1.0,  0.0  },
         {"SO flange from the front",     L"SO", {0, 200, 60},  kToBack,          -1.0, -60.0},
@@ -200,12 +171,7 @@ TEST(ViewFacesTest, SignAndOffsetOfYInPlanesOfTheirOwn) {
 /// slope along it, on a face 75 wide.
 TEST(ViewFacesTest, AHoleInEitherPlaneOfAFlangeIsTheSame) {
     // clang-format off
-    const struct {
-        ZetGeomPoint3d origin;
-        ZetGeomVector3d yAxis;
-        double ncY;
-        double y;
-    } cases[] = {
+    const struct { ZetGeomPoint3d origin; ZetGeomVector3d yAxis; double ncY, y; } cases[] = {
         {{0, 200, 0}, kToFront, 20, 40},        {{0, 200, 60}, kToBack, 40, 40},
         {{0, 200, 0}, {0.0, -0.6, 0.8}, 55, 20}, {{0, 155, 60}, {0.0, 0.6, -0.8}, 20, 20},
     };
