@@ -125,24 +125,6 @@ TEST(CHoleAddlInfoTest, ItsShapeFollowsTheFirstFlagThatApplies) {
     }
 }
 
-TEST(CHoleAddlInfoTest, OnlyACountersinkOnTheWebMovesToItsBack) {
-    const auto faceAfter = [](CHoleAddlInfo hole) {
-        const bool changed = hole.SetWebFaceCorrectly();
-        EXPECT_EQ(changed, hole.GetViewData().GetFaceStr() == L"WEBBK");
-        return hole.GetViewData().GetFaceStr();
-    };
-    const CHoleAddlInfo sink = HoleAt(1, 2).Countersunk(18).On(eHoleFaceWeb);
-    EXPECT_EQ(faceAfter(sink), L"WEBBK");
-    CHoleAddlInfo rectangle = sink;
-    rectangle.SetIsRectHole(true);
-    EXPECT_EQ(faceAfter(rectangle), L"NON");
-    CHoleAddlInfo square = sink;
-    square.SetIsSqrHole(true);
-    EXPECT_EQ(faceAfter(square), L"NON");
-    EXPECT_EQ(faceAfter(HoleAt(1, 2).Countersunk(18).On(eHoleFaceWebBack)), L"NON");
-    EXPECT_EQ(faceAfter(HoleAt(1, 2).Round(18).On(eHoleFaceWeb)), L"NON");
-}
-
 TEST(CHoleAddlInfoTest, MatchesItsCodeWithoutThePairPrefix) {
     // clang-format off
     struct Case { const wchar_t *current, *asked; bool matches; };
@@ -187,7 +169,6 @@ TEST(CHoleAddlInfoTest, BelongsToItsGroupByPartOfItsCode) {
         code.SetGroupCode(groupCode);
         code.SetIsGroupMust(each.isMust);
         CHoleAddlInfo hole;
-        hole.SetHoleCode(L"H22");
         hole.SetHoleCode(L"H18");
         hole.SetHoleOutPutCode(code);
         EXPECT_EQ(hole.checkGroupHole(), each.belongs);

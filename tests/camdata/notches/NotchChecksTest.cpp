@@ -35,34 +35,25 @@ CNotchAddInfo NotchAt(double x, double y, const OutlinePoints& outline = kRectan
 SCheckNotch Corner(double x, double y, const wchar_t* format = L"%.0f,%.0f",
                    const ZetArray<int>& selectors = {4, 5}) {
     // clang-format on
-    SCheckNotch definition;
-    definition.cornerX = x;
-    definition.cornerY = y;
-    definition.outPutFormat = format;
-    definition.valueSelectors = selectors;
+    SCheckNotch definition = {
+        .cornerX = x, .cornerY = y, .outPutFormat = format, .valueSelectors = selectors};
     definition.face = eHoleFaceWeb;
     definition.vertexCount = 4;
     return definition;
 }
 
-/// Lies anywhere.
-SCheckNotch Shape(int vertexCount, bool mustBeRect, bool mustBeParallel) {
-    SCheckNotch definition = Corner(-1, -1);
+SCheckNotch Shape(SCheckNotch definition, int vertexCount, bool mustBeRect, bool mustBeParallel) {
     definition.vertexCount = vertexCount;
     definition.mustBeRect = mustBeRect;
     definition.mustBeParallelToAxis = mustBeParallel;
     return definition;
 }
 
-SCheckNotch TriangleAt(double x, double y) {
-    SCheckNotch definition = Corner(x, y, L"%.0f,%.0f,%.0f", {4, 5, 3});
-    definition.vertexCount = 3;
-    return definition;
-}
-
 TEST(NotchChecks, MatchesAndFillsTheText) {
     const CNotchAddInfo notch = NotchAt(100, 200);
     const wchar_t* const three = L"%.0f,%.0f,%.0f";
+    const SCheckNotch triangle = Shape(Corner(100, 50, three, {4, 5, 3}), 3, false, false);
+    const SCheckNotch any = Corner(-1, -1);
     // clang-format off
     // The text "old": not matched.
     struct Case { const char* name; CNotchAddInfo notch; SCheckNotch definition; const wchar_t* text; };
@@ -81,12 +72,12 @@ TEST(NotchChecks, MatchesAndFillsTheText) {
         {"beyond the tolerance the right", NotchAt(20.2, 15), Corner(0.2, 0), L"old"},
         {"hardly below 0 is the left", NotchAt(20, 15), Corner(-0.05, -0.05), L"40,30"},
         {"hardly below 0 is not any", NotchAt(500, 500), Corner(-0.05, -0.05), L"old"},
-        {"no rectangle: its position", NotchAt(100, 50, kTriangle), TriangleAt(100, 50), L"0,0,50"},
-        {"all of the shape", notch, Shape(4, true, true), L"40,30"},
-        {"closing point counted", notch, Shape(5, false, false), L"old"},
-        {"no rectangle", NotchAt(100, 50, kTriangle), Shape(3, true, false), L"old"},
-        {"turned", NotchAt(100, 50, kTurned), Shape(4, true, false), L"45,45"},
-        {"turned, not parallel", NotchAt(100, 50, kTurned), Shape(4, true, true), L"old"},
+        {"no rectangle: its position", NotchAt(100, 50, kTriangle), triangle, L"0,0,50"},
+        {"all of the shape", notch, Shape(any, 4, true, true), L"40,30"},
+        {"closing point counted", notch, Shape(any, 5, false, false), L"old"},
+        {"no rectangle", NotchAt(100, 50, kTriangle), Shape(any, 3, true, false), L"old"},
+        {"turned", NotchAt(100, 50, kTurned), Shape(any, 4, true, false), L"45,45"},
+        {"turned, not parallel", NotchAt(100, 50, kTurned), Shape(any, 4, true, true), L"old"},
         {"another face", NotchAt(20, 15, kRectangle, eHoleFaceWebBack), Corner(0, 0), L"old"},
         {"matched", NotchAt(20, 15, kRectangle, 0, eNotchCornerMatched), Corner(0, 0), L"old"},
         {"none", NotchAt(20, 15, kRectangle, 0, eNotchNone), Corner(0, 0), L"old"},
