@@ -1,3 +1,5 @@
+#include "support/HeaderOf.h"
+
 #include "camdata/output/CMxAttPartNoAndQty.h"
 
 #include <gtest/gtest.h>
@@ -5,15 +7,11 @@
 namespace {
 
 TEST(CMxAttPartNoAndQtyTest, AHeaderBringsMarkAndQuantityAndLeavesTheRest) {
-    ZetNCHeaderData header;
-    header.mark = L"P12";
-    header.quantity = 3;
-    header.drawingNumber = L"D-7";
     CMxAttPartNoAndQty part;
     part.SetMirrored(true);
     part.SetNonStd(true);
     part.SetOutStr(L"text");
-    part = header;
+    part = HeaderOf{.drawingNumber = L"D-7", .mark = L"P12", .quantity = 3};
     EXPECT_EQ(part.GetPartNo(), L"P12");
     EXPECT_EQ(part.GetQty(), 3);
     EXPECT_EQ(part.GetHeaderData().drawingNumber, L"D-7");

@@ -11,6 +11,7 @@
 #include <optional>
 #include <string>
 #include <utility>
+#include <vector>
 
 #include <gtest/gtest.h>
 
@@ -48,20 +49,11 @@ TEST(CMxCamGlobAccTest, AppendCountsAndGivesTheSortOrderOfTheGroup) {
 
 TEST(CMxCamGlobAccTest, AppendOfAnUnknownGroupChangesNothing) {
     CMxCamGlobAcc accumulator = Accumulator();
-    const struct {
-        long groupID;
-        bool isSecondaryPart;
-    } cases[] = {
-        {-1, false},
-        {2,  false},
-        {3,  false},
-        {3,  true }
-    };
-    for (const auto& row : cases) {
-        SCOPED_TRACE(row.groupID);
+    for (const long groupID : {-1, 2, 3, 103}) {
+        SCOPED_TRACE(groupID);
         TestMember member;
-        member.SetGroupID(row.groupID);
-        member.m_validations.SetPartofAssy(row.isSecondaryPart);
+        member.SetGroupID(groupID % 100);
+        member.m_validations.SetPartofAssy(groupID > 100);
         EXPECT_EQ(AssertionOf([&] { accumulator.Append(&member); }), "isValid( index )");
         EXPECT_TRUE(member.GetSortOrderArr().isEmpty());
     }
@@ -75,10 +67,8 @@ TEST(CMxCamGlobAccTest, NamesAreFilledUpButNotCut) {
     accumulator.SetProjectData(data);
     data.SetData(eZetCClient, L"later");
     EXPECT_EQ(accumulator.GetAnyName(eZetCClient, 6), L"AB    ");
-    EXPECT_EQ(accumulator.GetAnyName(eZetCClient, 2), L"AB");
-    EXPECT_EQ(accumulator.GetAnyName(eZetCClient, 1), L"AB");
-    EXPECT_EQ(accumulator.GetAnyName(eZetCClient, 0), L"AB");
-    EXPECT_EQ(accumulator.GetAnyName(eZetCClient, -5), L"AB");
+    for (const long width : {2, 1, 0, -5})
+        EXPECT_EQ(accumulator.GetAnyName(eZetCClient, width), L"AB");
     EXPECT_EQ(accumulator.GetAnyName(eZetCDesigner, 3), L"   ");
     EXPECT_EQ(accumulator.GetAnyName(static_cast<eZetCProjectDataID>(99), 0), L"");
 }
@@ -103,14 +93,13 @@ TEST(CMxCamGlobAccTest, VersionsOfHostAndLibrary) {
 
 TEST(CMxCamGlobAccTest, TolerancesAreStoredNotSelected) {
     CMxCamGlobAcc::SetGeomEPSs(1.0, 2.0, 3.0, 4.0, 5.0, 6.0, 7.0, 8.0);
-    EXPECT_EQ(CMxGeom::GetEPS(), 1.0);
-    EXPECT_EQ(CMxGeom::GetGenTol(), 2.0);
-    EXPECT_EQ(CMxGeom::GetXTol(), 3.0);
-    EXPECT_EQ(CMxGeom::GetYTol(), 4.0);
-    EXPECT_EQ(CMxGeom::GetAngTol(), 5.0);
-    EXPECT_EQ(CMxGeom::GetMinEdgeDist(), 6.0);
-    EXPECT_EQ(CMxGeom::GetMinEdgeDistFromFace(), 7.0);
-    EXPECT_EQ(CMxGeom::GetMinEndDist(), 8.0);
+    using G = CMxGeom;
+    // clang-format off
+    const std::vector<double> values = {
+        G::GetEPS(), G::GetGenTol(), G::GetXTol(), G::GetYTol(), G::GetAngTol(), G::GetMinEdgeDist(),
+        G::GetMinEdgeDistFromFace(), G::GetMinEndDist()};
+    // clang-format on
+    EXPECT_EQ(values, (std::vector<double>{1, 2, 3, 4, 5, 6, 7, 8}));
     EXPECT_FALSE(CMxCamGlobAcc::SetGeomEPSsFromDefault(L"fine"));
     EXPECT_EQ(CMxGeom::GetEPS(), 1.0);
     EXPECT_TRUE(CurrentToleranceIs(0.1));

@@ -28,8 +28,7 @@ TEST(CMxGroupsTest, SettingValuesTakesTheArraysAndLeavesTheRest) {
     EXPECT_EQ(group.GetMemGroupID(), 8);
     EXPECT_EQ(group.GetFileGroupIDs(), ZetArray<long>{5});
     EXPECT_EQ(group.GetHeaderInfos(), ZetArray<ZetString>{L"H3"});
-    EXPECT_EQ(group.GetSortOrderArr().length(), 2);
-    EXPECT_TRUE(group.GetNesting());
+    EXPECT_TRUE(group.GetNesting() && group.GetSortOrderArr().length() == 2);
     EXPECT_EQ(before.GetHeaderInfos().length(), 2);
 }
 

@@ -50,11 +50,11 @@ struct Job {
     Job& InfoOrder(ZetArray<long> order) { return infoOrder = order, *this; }
 
     std::vector<MemberRow> members;
-    ZetArray<CMxFileGroups> files = {FileGroup(L"a.txt", L"A"),
-                                     FileGroup(L"info.txt", L"INFO"),
-                                     FileGroup(L"err.txt", L"ERR"),
-                                     FileGroup(L"warn.txt", L"WARN"),
-                                     FileGroup(L"b.txt", L"B")};
+    // clang-format off
+    ZetArray<CMxFileGroups> files = {
+        FileGroup(L"a.txt", L"A"), FileGroup(L"info.txt", L"INFO"), FileGroup(L"err.txt", L"ERR"),
+        FileGroup(L"warn.txt", L"WARN"), FileGroup(L"b.txt", L"B")};
+    // clang-format on
     ZetArray<CMxGroups> groups = {Group(0, 0, L"G0"), Group(1, 4, L"G1"), Group(2, 0, L"G2")};
     ZetArray<int> groupIndexMap = {0, 1, 2};
     ZetArray<Lines> infoBlocks = {Lines{L"all"}, Lines{L"one"}, Lines{L"err"}, Lines{L"warn"}};
@@ -118,14 +118,6 @@ class JobRun {
     std::deque<WritingMember> m_members;
 };
 
-/// A run, and the golden file that holds what comes of it.
-struct RunCase {
-    RunCase(const char* goldenName, Job theJob) : name(goldenName), job(std::move(theJob)) {}
-
-    const char* name;
-    Job job;
-};
-
 /// An assembly A1 with one part P1, and other members. The additional information lists errors,
 /// then warnings.
 Job Assembly(MemberRow main, const std::vector<MemberRow>& others) {
@@ -147,69 +139,64 @@ const MemberRow kWrongM2 = MemberRow(L"M2").Invalid();
 const MemberRow kM3 = MemberRow(L"M3").Qty(4);
 const Lines kWide = {ZetString(L'=', 150)};
 
-const std::vector<RunCase> kRuns = {
+// clang-format off
+/// Runs, and the golden files that hold what comes of them.
+const std::pair<const char*, Job> kRuns[] = {
     // Groups and their files.
-    RunCase("no-members", Job({})),
-    RunCase("one-group", Job({kM2, MemberRow(L"M1").Qty(3)})),
-    RunCase("two-groups-on-one-file",
-            Job({kM2InGroup2, MemberRow(L"M9"), MemberRow(L"M0").Group(2)})),
-    RunCase("two-files-of-a-group", Job({kM1Twice}).GroupFiles(0, {4, 0})),
-    RunCase("a-file-twice", Job({kM1Twice}).GroupFiles(0, {0, 0})),
-    RunCase("no-file-of-its-own", Job({kM1}).GroupFiles(0, {})),
-    RunCase("members-in-the-additional-information", Job({kM1}).GroupFiles(0, {1})),
-    RunCase("header-of-the-list-files-by-member-group",
-            Job({kM1, kM2InGroup2}).GroupID(0, 2).Nesting().GroupFiles(2, {4})),
-    RunCase("two-group-ids-in-one-group",
-            Job({kM1, MemberRow(L"M2").Group(3)}).IndexMap({0, 1, 2, 0})),
-    RunCase("index-map-swaps-groups", Job({MemberRow(L"M2").Group(1), P1(2)}).IndexMap({1, 0, 2})),
+    {"no-members", Job({})},
+    {"one-group", Job({kM2, MemberRow(L"M1").Qty(3)})},
+    {"two-groups-on-one-file", Job({kM2InGroup2, MemberRow(L"M9"), MemberRow(L"M0").Group(2)})},
+    {"two-files-of-a-group", Job({kM1Twice}).GroupFiles(0, {4, 0})},
+    {"a-file-twice", Job({kM1Twice}).GroupFiles(0, {0, 0})},
+    {"no-file-of-its-own", Job({kM1}).GroupFiles(0, {})},
+    {"members-in-the-additional-information", Job({kM1}).GroupFiles(0, {1})},
+    {"header-of-the-list-files-by-member-group", Job({kM1, kM2InGroup2}).GroupID(0, 2).Nesting().GroupFiles(2, {4})},
+    {"two-group-ids-in-one-group", Job({kM1, MemberRow(L"M2").Group(3)}).IndexMap({0, 1, 2, 0})},
+    {"index-map-swaps-groups", Job({MemberRow(L"M2").Group(1), P1(2)}).IndexMap({1, 0, 2})},
     // Header lines with nothing behind them.
-    RunCase("covered-short-header", Job({kSilentM1})),
-    RunCase("covered-long-header", Job({kSilentM1}).Header(kWide)),
-    RunCase("no-header-to-cover", Job({kSilentM1}).Header({})),
-    RunCase("section-behind-a-short-header",
-            Job({kSilentM1, kM2InGroup2}).Header({L"G0", L"more"})),
-    RunCase("section-over-a-long-header", Job({kSilentM1, kM2InGroup2}).Header(kWide)),
-    RunCase("covered-though-another-file-is-written",
-            Job({MemberRow(L"M1").WritesTo({1})}).GroupFiles(0, {0, 4})),
+    {"covered-short-header", Job({kSilentM1})},
+    {"covered-long-header", Job({kSilentM1}).Header(kWide)},
+    {"no-header-to-cover", Job({kSilentM1}).Header({})},
+    {"section-behind-a-short-header", Job({kSilentM1, kM2InGroup2}).Header({L"G0", L"more"})},
+    {"section-over-a-long-header", Job({kSilentM1, kM2InGroup2}).Header(kWide)},
+    {"covered-though-another-file-is-written", Job({MemberRow(L"M1").WritesTo({1})}).GroupFiles(0, {0, 4})},
     // Files that are not made.
-    RunCase("main-file-without-flag", Job({kM1}).NoFile(0)),
-    RunCase("main-file-without-name", Job({kM1Twice}).FileName(4, L"").GroupFiles(0, {4, 0})),
-    RunCase("no-error-and-warning-files",
-            Job({MemberRow(L"M1").Invalid()}).NoFile(2).FileName(3, L"")),
-    RunCase("main-file-is-a-missing-warning-file", Job({kM1}).GroupFiles(0, {}).NoFile(3)),
-    RunCase("no-additional-information", Job({kM1}).NoFile(1)),
-    RunCase("unopenable", Job({kM1}).FileName(0, L"no/a.txt").FileName(1, L"no/info.txt")),
+    {"main-file-without-flag", Job({kM1}).NoFile(0)},
+    {"main-file-without-name", Job({kM1Twice}).FileName(4, L"").GroupFiles(0, {4, 0})},
+    {"no-error-and-warning-files", Job({MemberRow(L"M1").Invalid()}).NoFile(2).FileName(3, L"")},
+    {"main-file-is-a-missing-warning-file", Job({kM1}).GroupFiles(0, {}).NoFile(3)},
+    {"no-additional-information", Job({kM1}).NoFile(1)},
+    {"unopenable", Job({kM1}).FileName(0, L"no/a.txt").FileName(1, L"no/info.txt")},
     // Assemblies.
-    RunCase("too-few-parts", Assembly(MemberRow(L"A1").Qty(4), {P1(1)})),
-    RunCase("enough-parts", Assembly(MemberRow(L"A1").Qty(2), {P1(2)})),
-    RunCase("too-many-parts", Assembly(MemberRow(L"A1").Qty(2), {P1(5)})),
-    RunCase("parts-among-all-members", Assembly(kM1, {P1(1)}).InfoOrder({0})),
-    RunCase("one-too-few-takes-from-the-next", Assembly(MemberRow(L"A1").Qty(2), {P1(1), P1(5)})),
-    RunCase("one-too-few-and-no-other", Assembly(MemberRow(L"A1").Qty(2), {P1(1)})),
-    RunCase("no-part", Assembly(MemberRow(L"A1").Qty(3), {})),
-    RunCase("no-part-as-warning", Assembly(MemberRow(L"A1").ShortfallAsWarning(), {})),
-    RunCase("parts-only", Job({P1(2)}).InfoOrder({0, 3})),
-    RunCase("parts-without-error-file",
-            Assembly(MemberRow(L"A1").Qty(4), {P1(1), kM2InGroup2}).FileName(2, L"")),
+    {"too-few-parts", Assembly(MemberRow(L"A1").Qty(4), {P1(1)})},
+    {"enough-parts", Assembly(MemberRow(L"A1").Qty(2), {P1(2)})},
+    {"too-many-parts", Assembly(MemberRow(L"A1").Qty(2), {P1(5)})},
+    {"parts-among-all-members", Assembly(kM1, {P1(1)}).InfoOrder({0})},
+    {"one-too-few-takes-from-the-next", Assembly(MemberRow(L"A1").Qty(2), {P1(1), P1(5)})},
+    {"one-too-few-and-no-other", Assembly(MemberRow(L"A1").Qty(2), {P1(1)})},
+    {"no-part", Assembly(MemberRow(L"A1").Qty(3), {})},
+    {"no-part-as-warning", Assembly(MemberRow(L"A1").ShortfallAsWarning(), {})},
+    {"parts-only", Job({P1(2)}).InfoOrder({0, 3})},
+    {"parts-without-error-file", Assembly(MemberRow(L"A1").Qty(4), {P1(1), kM2InGroup2}).FileName(2, L"")},
     // Nests.
-    RunCase("nest", Job({kM3, MemberRow(L"M1").Qty(2), kWrongM2}).Nesting()),
-    RunCase("nest-with-an-invalid-holder", Job({kM1, kWrongM2}).Nesting()),
-    RunCase("nest-of-nothing", Job({kWrongM2}).Nesting()),
-    RunCase("nesting-of-members-does-not-count", Job({kM3, kM1})),
+    {"nest", Job({kM3, MemberRow(L"M1").Qty(2), kWrongM2}).Nesting()},
+    {"nest-with-an-invalid-holder", Job({kM1, kWrongM2}).Nesting()},
+    {"nest-of-nothing", Job({kWrongM2}).Nesting()},
+    {"nesting-of-members-does-not-count", Job({kM3, kM1})},
     // Additional information.
-    RunCase("repeated-and-missing-blocks",
-            Job({MemberRow(L"M1").InfoBlocks({1, 0, 1}), kM2}).InfoOrder({1, 3, 0, 1})),
+    {"repeated-and-missing-blocks", Job({MemberRow(L"M1").InfoBlocks({1, 0, 1}), kM2}).InfoOrder({1, 3, 0, 1})},
     // Positions that are not there.
-    RunCase("three-file-groups", Job({}).FileCount(3)),
-    RunCase("no-block", Job({}).InfoBlocks({})),
-    RunCase("no-such-block", Job({kM1}).InfoOrder({4})),
-    RunCase("no-such-file-group", Job({kM1}).GroupFiles(0, {0, 5})),
-    RunCase("no-such-group", Job({kM1}).GroupID(0, 3)),
+    {"three-file-groups", Job({}).FileCount(3)},
+    {"no-block", Job({}).InfoBlocks({})},
+    {"no-such-block", Job({kM1}).InfoOrder({4})},
+    {"no-such-file-group", Job({kM1}).GroupFiles(0, {0, 5})},
+    {"no-such-group", Job({kM1}).GroupID(0, 3)},
 };
+// clang-format on
 
 TEST(OutputWritingTest, WholeRuns) {
-    for (const RunCase& row : kRuns)
-        EXPECT_TRUE(MatchesGolden(OUTPUT_GOLDEN_FOLDER, row.name, JobRun(row.job).Outcome()));
+    for (const auto& [name, job] : kRuns)
+        EXPECT_TRUE(MatchesGolden(OUTPUT_GOLDEN_FOLDER, name, JobRun(job).Outcome()));
 }
 
 TEST(OutputWritingTest, FaultsAreThoseOfTheLastRun) {

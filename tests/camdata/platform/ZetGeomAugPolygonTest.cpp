@@ -49,11 +49,6 @@ std::vector<OutlinePoints> OutlinesOf(const Pieces& pieces) {
     return outlines;
 }
 
-/// The corners of what an outline leaves free, against those of the pieces expected.
-void ExpectCut(const OutlinePoints& outline, const std::vector<OutlinePoints>& pieces) {
-    EXPECT_EQ(Corners(OutlinesOf(Cut(outline))), Corners(pieces));
-}
-
 std::string Text(const Pieces& pieces) {
     std::string text;
     for (const ZetGeomAugPolygon& piece : pieces) {
@@ -84,18 +79,15 @@ TEST(ZetGeomAugPolygonTest, CutsTheNotchesThatAFabricatorDraws) {
          "(0,0)(10,50)(0,50) (80,50)(100,0)(100,50) "},
         {"pockets that meet in a point", {{0, 0}, {100, 0}, {100, 40}, {70, 20}, {50, 40}, {30, 20}, {0, 40}},
          "(0,40)(30,20)(50,40) (50,40)(70,20)(100,40) "},
-        {"joined by a strip of 0.03",
-         {{0, 0}, {100, 0}, {100, 40}, {80, 40}, {80, 20}, {60, 20}, {60, 39.97}, {40, 39.97}, {40, 20}, {20, 20}, {20, 40}, {0, 40}},
+        {"joined by a strip of 0.03", {{0, 0}, {100, 0}, {100, 40}, {80, 40}, {80, 20}, {60, 20}, {60, 39.97}, {40, 39.97}, {40, 20}, {20, 20}, {20, 40}, {0, 40}},
          "(20,20)(40,20)(40,39.97)(20,40) (60,20)(80,20)(80,40)(60,39.97) "},
-        {"slot that leaves 0.03 at the other side",
-         {{0, 0}, {100, 0}, {100, 50}, {25, 50}, {99.97, 20}, {99.97, 15}, {20, 50}, {0, 50}},
+        {"slot that leaves 0.03 at the other side", {{0, 0}, {100, 0}, {100, 50}, {25, 50}, {99.97, 20}, {99.97, 15}, {20, 50}, {0, 50}},
          "(20,50)(99.97,15)(99.97,20)(25,50) "},
         {"ledge of 0.03", {{0, 0}, {100, 0}, {100, 49.97}, {50, 49.97}, {50, 50}, {0, 50}}, ""},
         {"ledge of 0.15", {{0, 0}, {100, 0}, {100, 49.85}, {50, 49.85}, {50, 50}, {0, 50}},
          "(50,49.85)(100,49.85)(100,50)(50,50) "},
         // 200 - 199.95 is a little more than 0.05.
-        {"cut beside a ledge of 0.05",
-         {{0, 0}, {1000, 0}, {1000, 200}, {500, 200}, {499, 199.95}, {100, 199.95}, {100, 150}, {0, 150}},
+        {"cut beside a ledge of 0.05", {{0, 0}, {1000, 0}, {1000, 200}, {500, 200}, {499, 199.95}, {100, 199.95}, {100, 150}, {0, 150}},
          "(0,150)(100,150)(100,199.95)(0,200) "},
         {"opening joined to the edge by a cut",
          {{0, 0}, {50, 0}, {50, 10}, {50, 20}, {40, 20}, {40, 30}, {60, 30}, {60, 20}, {50, 20}, {50, 10}, {50, 0}, {100, 0}, {100, 50}, {0, 50}},
@@ -220,15 +212,14 @@ TEST(ZetGeomAugPolygonTest, FindsTheNotchesThatAnOutlineWasMadeFrom) {
             ++crooked;  // long notches at opposite corners: a turned rectangle is really smaller
             continue;
         }
-        ExpectCut(made.points, made.notches);
-        const long start =
-            static_cast<long>(random() % static_cast<unsigned>(made.points.length()));
-        ASSERT_EQ(Text(Cut(StartingAt(Reversed(made.points), start))), Text(pieces));
-
+        EXPECT_EQ(Corners(OutlinesOf(pieces)), Corners(made.notches));
+        const auto start = random() % static_cast<unsigned>(made.points.length());
+        const OutlinePoints other = StartingAt(Reversed(made.points), static_cast<long>(start));
+        ASSERT_EQ(Text(Cut(other)), Text(pieces));
         for (const auto turn : {MirroredInX, TurnedBy90}) {
-            std::vector<OutlinePoints> turned = OutlinesOf(pieces);
+            std::vector<OutlinePoints> turned = made.notches;
             std::transform(turned.begin(), turned.end(), turned.begin(), turn);
-            ExpectCut(turn(made.points), turned);
+            EXPECT_EQ(Corners(OutlinesOf(Cut(turn(made.points)))), Corners(turned));
         }
         const OutlinePoints atAnAngle =
             TurnedBy(made.points, 0.1 * static_cast<double>(random() % 900));

@@ -1,3 +1,5 @@
+#include "support/HeaderOf.h"
+
 #include "camdata/rules/CMemTypeAndAttrib.h"
 
 #include <string>
@@ -19,8 +21,7 @@ CMemTypeAndAttrib TypeFrom(const Source (&from)[4], double thickFactor, double s
     const auto type = [&](int i) { return static_cast<eProfPropType>(from[i].type); };
     CMemTypeAndAttrib memType;
     // clang-format off
-    memType.SetValues(3, 11,
-                      type(0), from[0].start, from[0].length, 201.0,
+    memType.SetValues(3, 11, type(0), from[0].start, from[0].length, 201.0,
                       type(1), from[1].start, from[1].length, 61.0,
                       type(2), from[2].start, from[2].length, 2.5, thickFactor,
                       type(3), from[3].start, from[3].length, 7.0, slopeFactor,
@@ -29,8 +30,8 @@ CMemTypeAndAttrib TypeFrom(const Source (&from)[4], double thickFactor, double s
     return memType;
 }
 
-CMemTypeAndAttrib TypeFrom(const Source& all, double thickFactor = 0.1) {
-    return TypeFrom({all, all, all, all}, thickFactor, 1.0);
+CMemTypeAndAttrib TypeFrom(const Source& all) {
+    return TypeFrom({all, all, all, all}, 0.1, 1.0);
 }
 
 CMemAttrib Attributes() {
@@ -99,29 +100,17 @@ TEST(CMemTypeAndAttribTest, DimensionsComeFromTheirSource) {
         {{9, 0, 0}, L"", -0.1, -0.1, -0.1, -0.1},
     };
     // clang-format on
-    ZetNCHeaderData header;
-    header.height = 202.0;
-    header.width = 62.0;
-    header.thickness = 3.0;
     for (const Case& each : kCases) {
         SCOPED_TRACE("source " + std::to_string(each.source.type) + ", profile " +
                      ZetString(each.profile).toUtf8());
         CMemTypeAndAttrib type = TypeFrom(each.source);
-        header.profileName = each.profile;
-        type.SetHeaderData(header);
+        type.SetHeaderData(HeaderOf{
+            .profileName = each.profile, .height = 202.0, .width = 62.0, .thickness = 3.0});
         type.SetMemAttrib(Attributes());
-        EXPECT_DOUBLE_EQ(type.GetProfileHeight(), each.height);
-        EXPECT_DOUBLE_EQ(type.GetProfileWidth(), each.width);
-        EXPECT_DOUBLE_EQ(type.GetProfileThick(), each.thick);
-        EXPECT_DOUBLE_EQ(type.GetTopFlangeSlope(), each.slope);
+        const Numbers sizes = {each.height, each.width, each.thick, each.slope};
+        for (std::size_t i = 0; i < sizes.size(); ++i)
+            EXPECT_DOUBLE_EQ(SizesOf(type)[i], sizes[i]) << i;
     }
-}
-
-TEST(CMemTypeAndAttribTest, OnlyTheThicknessHasAFactor) {
-    CMemTypeAndAttrib type = TypeFrom({eProfPropName, 1, 3}, 0.01);
-    type.SetProfileName(L"Z150");
-    EXPECT_DOUBLE_EQ(type.GetProfileThick(), 1.5);
-    EXPECT_EQ(type.GetProfileHeight(), 150.0);
 }
 
 TEST(CMemTypeAndAttribTest, AttributesDecideTheFlangeWidths) {
@@ -140,12 +129,9 @@ TEST(CMemTypeAndAttribTest, RoundsTheLengthAsPrinted) {
 }
 
 TEST(CMemTypeAndAttribTest, QuantityMayGoBelowZero) {
-    ZetNCHeaderData header;
-    header.quantity = 5;
     CMemTypeAndAttrib type;
-    type.SetHeaderData(header);
-    EXPECT_EQ(type.SubtractQty(2), 3);
-    EXPECT_EQ(type.SubtractQty(4), -1);
+    type.SetHeaderData(HeaderOf{.quantity = 5});
+    EXPECT_EQ(type.SubtractQty(6), -1);
     EXPECT_EQ(type.GetQty(), -1);
 }
 
