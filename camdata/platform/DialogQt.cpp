@@ -29,7 +29,7 @@ constexpr int kFontPixels = 11;
 
 QString FromText(const ZetString& text) {
     const std::wstring_view view = text.view();
-    return QString::fromWCharArray(view.data(), view.size());
+    return QString::fromWCharArray(view.data(), std::ssize(view));
 }
 
 ZetString ToText(const QString& text) {
