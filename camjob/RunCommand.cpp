@@ -84,6 +84,9 @@ bool JobRunner::ReadJob() {
     if (const auto* errors = std::get_if<std::vector<plugin::JobError>>(&files))
         return Refuse(*errors);
     m_ncFiles = std::get<std::vector<fs::path>>(std::move(files));
+    // The same names on every system: the patterns have slashes too.
+    for (fs::path& file : m_ncFiles)
+        file = file.generic_u8string();
     return true;
 }
 
