@@ -136,15 +136,15 @@ const Escape* FindEscape(wchar_t Escape::*part, wchar_t c) {
     return at == std::end(kEscapes) ? nullptr : at;
 }
 
-ZetString Quoted(const ZetString& text) {
-    std::wstring quoted = L"\"";
-    for (const wchar_t c : text.view()) {
+void AppendQuoted(std::wstring& line, std::wstring_view text) {
+    line += L'"';
+    for (const wchar_t c : text) {
         const Escape* const escape = FindEscape(&Escape::character, c);
         if (escape != nullptr)
-            quoted += L'\\';
-        quoted += escape != nullptr ? escape->letter : c;
+            line += L'\\';
+        line += escape != nullptr ? escape->letter : c;
     }
-    return ZetString(quoted + L'"');
+    line += L'"';
 }
 
 /// What stands in quotes at the beginning of `text`, which is then what follows; nothing when there
@@ -177,8 +177,8 @@ std::wstring_view TakeUntil(std::wstring_view& text, std::wstring_view separator
 }
 
 /// No sign before a zero.
-ZetString FormatNumber(double value) {
-    return ZetString::format(L"%.3f", CMxGeom::Round_CAM(value, kDecimals) + 0.0);
+void AppendNumber(std::wstring& line, double value) {
+    line += ZetString::format(L"%.3f", CMxGeom::Round_CAM(value, kDecimals) + 0.0).view();
 }
 
 std::optional<double> ParseNumber(std::wstring_view text) {
@@ -194,12 +194,15 @@ std::optional<long> ParseCount(std::wstring_view text) {
     return isCount ? std::optional(static_cast<long>(*number)) : std::nullopt;
 }
 
-ZetString FormatPoints(const ZetArray<ZetGeomPoint2d>& points) {
-    ZetString text;
-    for (const ZetGeomPoint2d& point : points)
-        text += ZetString(text.isEmpty() ? L"" : L" ") + FormatNumber(point.x) + L"," +
-                FormatNumber(point.y);
-    return Quoted(text);
+void AppendPoints(std::wstring& line, const ZetArray<ZetGeomPoint2d>& points) {
+    const wchar_t* separator = L"\"";
+    for (const ZetGeomPoint2d& point : points) {
+        line += std::exchange(separator, L" ");
+        AppendNumber(line, point.x);
+        line += L',';
+        AppendNumber(line, point.y);
+    }
+    line += points.isEmpty() ? L"\"\"" : L"\"";
 }
 
 std::optional<ZetArray<ZetGeomPoint2d>> ParsePoints(std::wstring_view text) {
@@ -222,17 +225,16 @@ std::optional<ZetArray<ZetGeomPoint2d>> ParsePoints(std::wstring_view text) {
 template <typename Record>
 struct FieldFormatter {
     const Record& record;
+    std::wstring& line;
 
-    ZetString operator()(double Record::*value) const { return FormatNumber(record.*value); }
-    ZetString operator()(long Record::*value) const {
-        return ZetString::format(L"%d", record.*value);
+    void operator()(double Record::*value) const { AppendNumber(line, record.*value); }
+    void operator()(long Record::*value) const { line += std::to_wstring(record.*value); }
+    void operator()(ZetString Record::*value) const { AppendQuoted(line, (record.*value).view()); }
+    void operator()(ZetArray<ZetGeomPoint2d> Record::*value) const {
+        AppendPoints(line, record.*value);
     }
-    ZetString operator()(ZetString Record::*value) const { return Quoted(record.*value); }
-    ZetString operator()(ZetArray<ZetGeomPoint2d> Record::*value) const {
-        return FormatPoints(record.*value);
-    }
-    ZetString operator()(const WordField<Record>& field) const {
-        return ZetString(field.words[static_cast<std::size_t>(record.*field.value)]);
+    void operator()(const WordField<Record>& field) const {
+        line += field.words[static_cast<std::size_t>(record.*field.value)];
     }
 };
 
@@ -272,11 +274,14 @@ template <typename Record>
 ZetString FormatLine(std::wstring_view word,
                      std::span<const Field<Record>> fields,
                      const Record& record) {
-    ZetString line(word);
-    for (const Field<Record>& field : fields)
-        line += L" " + ZetString(field.name) + L"=" +
-                std::visit(FieldFormatter<Record>{record}, field.value);
-    return line;
+    std::wstring line(word);
+    for (const Field<Record>& field : fields) {
+        line += L' ';
+        line += field.name;
+        line += L'=';
+        std::visit(FieldFormatter<Record>{record, line}, field.value);
+    }
+    return ZetString(std::move(line));
 }
 
 bool TakePrefix(std::wstring_view& text, std::wstring_view prefix) {

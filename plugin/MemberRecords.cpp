@@ -157,8 +157,10 @@ void JobMember::GenerateMemData() {
 ZetString JobMember::GetMemOutPutStr() {
     ZetString text;
     for (const auto* lines : {&m_textList3, &m_textList1, &m_textList2})
-        for (const ZetString& line : *lines)
-            text += line + L"\n";
+        for (const ZetString& line : *lines) {
+            text += line;
+            text += L"\n";
+        }
     return text + MemberEndLine() + L"\n";
 }
 
