@@ -53,6 +53,8 @@ void DescribeRun(CLI::App& command, Options& options) {
     command.add_option("JOB", options.run.job, "The job file")->required();
     command.add_option("--out", options.run.folder, "Folder of the output, instead of the job's");
     command.add_flag("--json", options.run.asJson, "Write one JSON document instead of tables");
+    command.add_flag(
+        "--dialog", options.run.showsDialog, "Show the project information and let it be changed");
 }
 
 int Run(const Options& options, OutputStream& out, OutputStream& err) {

@@ -1,16 +1,19 @@
 #include "camjob/RunCommand.h"
 
 #include "camjob/JobInput.h"
+#include "camjob/NewFiles.h"
 #include "camjob/Paths.h"
 #include "camjob/Progress.h"
 #include "camjob/RunJson.h"
 #include "camjob/RunReport.h"
 #include "camjob/RunText.h"
 #include "camjob/StagedOutput.h"
+#include "plugin/FileNames.h"
 #include "plugin/JobFile.h"
 
 #include <algorithm>
 #include <filesystem>
+#include <optional>
 #include <system_error>
 #include <utility>
 #include <variant>
@@ -36,6 +39,8 @@ class JobRunner {
   private:
     bool ReadJob();
     void RunInFolder();
+    bool PrepareProject(plugin::JobRun& run);
+    bool ShowDialog(CProjectInformation& project);
     bool ReadInput(plugin::JobRun& run);
     bool ReadFiles(JobInput& input);
     void CheckNames(const std::vector<fs::path>& outputs);
@@ -45,7 +50,10 @@ class JobRunner {
     std::string OutputName(const ZetString& file) const {
         return NameIn(m_report.folder, file.toUtf8());
     }
+    static std::string ReasonOf(const FileFault& fault);
     std::string TextOf(const FileFault& fault) const;
+    /// About the input.
+    void Complain(const std::string& file, const std::string& text);
     bool Refuse(const std::vector<plugin::JobError>& errors);
     bool Refuse();
     bool IsCancelled();
@@ -95,7 +103,7 @@ void JobRunner::RunInFolder() {
     StagedOutput output(folder, m_system.disk);
     m_report.hasFinishedEarlierOutput = output.Recover();
     plugin::JobRun run(m_job, folder);
-    if (!ReadInput(run))
+    if (!PrepareProject(run) || !ReadInput(run))
         return;
     output.Begin();
     if (!Write(run, output))
@@ -104,12 +112,42 @@ void JobRunner::RunInFolder() {
     TakeResults(run);
 }
 
+/// The project information of job and settings file, and of the user. With a faulty settings file
+/// the dialog would ask for what is lost already: the run ends before it.
+bool JobRunner::PrepareProject(plugin::JobRun& run) {
+    const std::string settings = OutputName(m_job.project.settingsFile);
+    if (!run.ReadSettings())
+        Complain(settings, "the settings cannot be read");
+    if (m_options.showsDialog && (!m_report.faults.empty() || !ShowDialog(run.GetProjectInfo())))
+        return m_report.status == RunStatus::kDone && Refuse();
+    const std::string fault = plugin::FaultOfFileNameStart(run.GetProjectInfo().GetFileName());
+    if (!fault.empty())
+        Complain(settings, "the file name in the settings is impossible: " + fault);
+    return true;
+}
+
+/// The dialog writes the settings file as soon as the user confirms it, so its folder has to be
+/// there before.
+bool JobRunner::ShowDialog(CProjectInformation& project) {
+    NewFiles folders;
+    if (!folders.MakeFolder(PathFromUtf8(m_report.folder)))
+        throw OutputFailure(m_report.folder + ": the folder cannot be made");
+    project.ShowDialog();
+    const DialogResult& result = project.GetDialogResult();
+    if (result.outcome == DialogOutcome::kCancelled)
+        m_report.status = RunStatus::kDeclined;
+    if (result.outcome == DialogOutcome::kNotShown)
+        Complain("", "camjob: the dialog cannot be shown: " + result.reason.toUtf8());
+    if (result.outcome != DialogOutcome::kConfirmed)
+        return false;
+    folders.Keep();
+    if (const std::optional<FileFault>& fault = project.GetSettingsFault())
+        Fail(OutputName(m_job.project.settingsFile) + ": cannot be written" + ReasonOf(*fault));
+    return m_report.status == RunStatus::kDone;
+}
+
 bool JobRunner::ReadInput(plugin::JobRun& run) {
     JobInput input(m_job, run);
-    if (!run.ReadSettings()) {
-        const std::string file = OutputName(m_job.project.settingsFile);
-        m_report.faults.push_back({file, 0, 0, file + ": the settings cannot be read"});
-    }
     if (!ReadFiles(input))
         return false;
     input.Finish();
@@ -141,23 +179,24 @@ void JobRunner::CheckNames(const std::vector<fs::path>& outputs) {
         for (const fs::path& output : outputs) {
             std::error_code ignored;
             if (input.filename() == output.filename() && fs::equivalent(input, output, ignored))
-                m_report.faults.push_back(
-                    {Utf8FromPath(input),
-                     0,
-                     0,
-                     Utf8FromPath(input) + ": the output would replace this file"});
+                Complain(Utf8FromPath(input), "the output would replace this file");
         }
     };
     check(PathFromUtf8(m_options.job));
     std::for_each(m_ncFiles.begin(), m_ncFiles.end(), check);
 }
 
+/// What the system says of it, "" for nothing.
+std::string JobRunner::ReasonOf(const FileFault& fault) {
+    const std::error_code reason(fault.systemError, std::generic_category());
+    return reason ? " (" + reason.message() + ")" : "";
+}
+
 /// The file was still in the staging folder.
 std::string JobRunner::TextOf(const FileFault& fault) const {
     const fs::path staged = PathFromUtf8(fault.fileName.toUtf8());
-    const std::error_code reason(fault.systemError, std::generic_category());
     return NameIn(m_report.folder, Utf8FromPath(staged.filename())) + ": cannot be written" +
-           (reason ? " (" + reason.message() + ")" : "");
+           ReasonOf(fault);
 }
 
 bool JobRunner::Write(plugin::JobRun& run, const StagedOutput& output) {
@@ -188,6 +227,10 @@ void JobRunner::TakeResults(plugin::JobRun& run) {
         std::error_code ignored;
         m_report.files.push_back({file, fs::file_size(PathFromUtf8(file), ignored)});
     }
+}
+
+void JobRunner::Complain(const std::string& file, const std::string& text) {
+    m_report.faults.push_back({file, 0, 0, file.empty() ? text : file + ": " + text});
 }
 
 bool JobRunner::Refuse(const std::vector<plugin::JobError>& errors) {

@@ -13,6 +13,7 @@ struct RunOptions {
     std::string job;     ///< name of the job file, UTF-8
     std::string folder;  ///< of the output, UTF-8; "": as the job says
     bool asJson = false;
+    bool showsDialog = false;  ///< for the project information, before anything is read
 };
 
 /// What a run needs of the system that it runs on.

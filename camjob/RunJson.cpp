@@ -13,7 +13,7 @@ using Json = nlohmann::ordered_json;
 constexpr const char* kSchema = "camjob-run/1";
 
 /// By the value of RunStatus.
-constexpr std::array kStatusWords = {"done", "refused", "cancelled", "failed"};
+constexpr std::array kStatusWords = {"done", "refused", "cancelled", "failed", "declined"};
 
 Json ToJson(const RunFault& fault) {
     return {

@@ -16,6 +16,7 @@ enum class RunStatus {
     kRefused,    ///< the job or an input is faulty; nothing was written
     kCancelled,  ///< stopped by the user; the last output is as it was
     kFailed,     ///< a file could not be written; the last output is as it was, or the text tells
+    kDeclined,   ///< the user cancelled the dialog; nothing was written
 };
 
 /// Why a run was refused or failed, in one line.

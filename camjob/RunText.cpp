@@ -153,11 +153,16 @@ void WriteMessage(const std::string& text, OutputStream& err) {
 
 /// How the run ended, when it did not come to its end.
 std::string ClosingMessage(const RunReport& report) {
-    if (report.status == RunStatus::kRefused)
-        return "camjob: nothing was written";
-    if (report.status == RunStatus::kCancelled)
-        return "camjob: stopped; the output in " + report.folder + " is as it was";
-    return {};
+    switch (report.status) {
+        case RunStatus::kRefused:
+            return "camjob: nothing was written";
+        case RunStatus::kCancelled:
+            return "camjob: stopped; the output in " + report.folder + " is as it was";
+        case RunStatus::kDeclined:
+            return "camjob: the dialog was cancelled; nothing was written";
+        default:
+            return {};
+    }
 }
 
 }  // namespace

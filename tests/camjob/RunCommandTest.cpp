@@ -6,6 +6,8 @@
 #include "camjob/StoppingDisk.h"
 #include "support/Golden.h"
 
+#include "camdata/platform/DialogWindow.h"
+
 #include <cstdlib>
 #include <nlohmann/json.hpp>
 #include <vector>
@@ -175,6 +177,48 @@ struct OldAndNew {
         newFiles = ContentOf(folder.PathOf("other"));
     }
 };
+
+/// Ends the dialog of a run with this file name in it.
+CamjobRun RunWithDialog(const TempFolder& folder, const wchar_t* fileName, int button) {
+    constexpr int kFileName = 1101;
+    bool isShown = false;
+    SetDialogDriver(DialogDriver{DialogDriver::Backend::kMemory,
+                                 [&](DialogWindow& window) {
+                                     isShown = true;
+                                     window.SetText(kFileName, fileName);
+                                     window.Click(button);
+                                 },
+                                 {}});
+    CamjobRun run = RunTool({"run", "--dialog", ArgumentFor(folder, "job.toml")});
+    SetDialogDriver({});
+    EXPECT_TRUE(isShown);
+    return run;
+}
+
+TEST(RunCommand, ShowsTheDialogFirst) {
+    constexpr int kOk = 1;
+    constexpr int kCancel = 2;
+    const TempFolder folder;
+    SampleJob().Write(folder);
+    const fs::path out = folder.PathOf("out");
+
+    const CamjobRun cancelled = RunWithDialog(folder, L"t", kCancel);
+    EXPECT_EQ(cancelled.exitCode, 0);
+    EXPECT_EQ(cancelled.err, "camjob: the dialog was cancelled; nothing was written\n");
+    EXPECT_FALSE(fs::exists(out));
+
+    EXPECT_EQ(RunWithDialog(folder, L"t", kOk).exitCode, 1);
+    EXPECT_TRUE(fs::exists(out / "t-orders.txt"));
+    EXPECT_FALSE(fs::exists(out / "s-orders.txt"));
+    // The next run takes it over, and the output of the last one goes.
+    EXPECT_EQ(RunTool({"run", ArgumentFor(folder, "job.toml")}).exitCode, 1);
+    EXPECT_TRUE(fs::exists(out / "t-orders.txt"));
+
+    const CamjobRun impossible = RunWithDialog(folder, L"a/b", kOk);
+    EXPECT_EQ(impossible.exitCode, 2);
+    ExpectParts(impossible.err, {"the file name in the settings is impossible", "< > : \" / "});
+    EXPECT_TRUE(fs::exists(out / "t-orders.txt"));
+}
 
 TEST(RunCommand, CancelledAtAnyMomentItLeavesTheOldOutput) {
     const TempFolder folder;
