@@ -9,8 +9,6 @@
 #include "plugin/BuiltInJob.h"
 #include "plugin/JobFile.h"
 
-#include "camdata/output/CMxCamGlobAcc.h"
-
 #include <memory>
 #include <utility>
 #include <variant>
@@ -49,17 +47,6 @@ std::unique_ptr<CheckWriter> MakeWriter(bool asJson, OutputStream& out, OutputSt
     return std::make_unique<CheckTextWriter>(out, err);
 }
 
-void SetTolerances(const plugin::Tolerances& tolerances) {
-    CMxCamGlobAcc::SetGeomEPSs(tolerances.eps,
-                               tolerances.general,
-                               tolerances.x,
-                               tolerances.y,
-                               tolerances.angle,
-                               tolerances.edgeDistance,
-                               tolerances.distanceFromFace,
-                               tolerances.endDistance);
-}
-
 plugin::JobResult ReadRules(const std::string& job) {
     return job.empty() ? plugin::BuiltInJob() : plugin::ReadJobFile(PathFromUtf8(job));
 }
@@ -76,7 +63,7 @@ int RunCheck(const CheckOptions& options, OutputStream& out, OutputStream& err) 
     const plugin::JobResult job = ReadRules(options.job);
     if (const auto* errors = std::get_if<std::vector<plugin::JobError>>(&job))
         return Refuse(*errors, err);
-    SetTolerances(std::get<plugin::Job>(job).tolerances);
+    plugin::UseTolerances(std::get<plugin::Job>(job).tolerances);
     const plugin::JobRules rules(std::get<plugin::Job>(job));
     CheckSummary summary;
     const std::unique_ptr<CheckWriter> writer = MakeWriter(options.asJson, out, err);

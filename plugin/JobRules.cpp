@@ -3,6 +3,7 @@
 #include "plugin/FixedPatterns.h"
 #include "plugin/TextPattern.h"
 
+#include "camdata/output/CMxCamGlobAcc.h"
 #include "camdata/util/HostBridge.h"
 
 #include <algorithm>
@@ -43,6 +44,17 @@ const CMxSingleMemValidation* JobRules::FindPattern(const MemberType& type) cons
 
 bool JobRules::IsPartOfAssembly(const ZetString& mark) const {
     return m_assemblyMarks.count(mark) > 0;
+}
+
+void UseTolerances(const Tolerances& tolerances) {
+    CMxCamGlobAcc::SetGeomEPSs(tolerances.eps,
+                               tolerances.general,
+                               tolerances.x,
+                               tolerances.y,
+                               tolerances.angle,
+                               tolerances.edgeDistance,
+                               tolerances.distanceFromFace,
+                               tolerances.endDistance);
 }
 
 }  // namespace plugin

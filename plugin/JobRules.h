@@ -35,4 +35,7 @@ class JobRules {
     std::set<ZetString> m_assemblyMarks;
 };
 
+/// Makes them the tolerances of the library, for the whole process.
+void UseTolerances(const Tolerances& tolerances);
+
 }  // namespace plugin

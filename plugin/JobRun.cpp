@@ -1,6 +1,5 @@
 #include "plugin/JobRun.h"
 
-#include "camdata/holes/CMxGeom.h"
 #include "camdata/platform/Clock.h"
 #include "camdata/util/CMxUtil.h"
 
@@ -36,17 +35,6 @@ void SetDateOfRun(const std::optional<CalendarDate>& date) {
     if (date)
         g_dateOfRun = *date;
     SetClock(date ? DateOfRun : nullptr);
-}
-
-void SetTolerances(const Tolerances& tolerances) {
-    CMxCamGlobAcc::SetGeomEPSs(tolerances.eps,
-                               tolerances.general,
-                               tolerances.x,
-                               tolerances.y,
-                               tolerances.angle,
-                               tolerances.edgeDistance,
-                               tolerances.distanceFromFace,
-                               tolerances.endDistance);
 }
 
 CMxGroups GroupOf(const Group& source, std::size_t position) {
@@ -97,7 +85,7 @@ class JobRun::Member final : public JobMember {
 };
 
 JobRun::JobRun(const Job& job, const std::filesystem::path& folder) : m_job(job), m_rules(job) {
-    SetTolerances(job.tolerances);
+    UseTolerances(job.tolerances);
     SetDateOfRun(job.date);
     m_accumulator.SetProjectInfo(new JobProjectInformation(job, TextOf(folder / "")));
     m_accumulator.SetManuFacturerDetails(
