@@ -40,8 +40,32 @@ std::size_t NumberLength(std::string_view text) {
     return whole + fraction > 0 ? at + 1 + fraction : 0;
 }
 
+/// The same for numbers of so few digits that digits and power of ten are exact as doubles, and
+/// their quotient is the nearest double; that is nearly all of them.
+std::optional<double> ShortValueOf(std::string_view number) {
+    constexpr double kPowers[] = {1e0, 1e1, 1e2, 1e3, 1e4, 1e5, 1e6, 1e7, 1e8};
+    constexpr std::size_t kMostCharacters = 9;
+    const bool hasSign = number.front() == '+' || number.front() == '-';
+    const std::string_view digits = number.substr(hasSign ? 1 : 0);
+    if (digits.size() > kMostCharacters)
+        return std::nullopt;
+    long long value = 0;
+    std::size_t decimals = 0;
+    bool isFraction = false;
+    for (const char c : digits) {
+        isFraction = isFraction || c == '.';
+        if (c != '.')
+            value = value * 10 + (c - '0');
+        decimals += isFraction && c != '.' ? 1 : 0;
+    }
+    const double magnitude = static_cast<double>(value) / kPowers[decimals];
+    return number.front() == '-' ? -magnitude : magnitude;
+}
+
 /// The value of a text that is one number of NumberLength's form; nothing when it is too large.
 std::optional<double> ValueOf(std::string_view number) {
+    if (const std::optional<double> value = ShortValueOf(number))
+        return value;
     const std::string_view digits = number.front() == '+' ? number.substr(1) : number;
     double value = 0.0;
     const auto result = std::from_chars(

@@ -17,6 +17,9 @@ namespace {
 /// Grid step in mm unless the outline is too large for products of 64 bits.
 constexpr double kGrid = 0.001;
 constexpr double kMaxCells = 1 << 30;
+/// Up to so many edges it is quicker to look at all pairs.
+constexpr std::size_t kFewEdges = 24;
+
 struct GridPoint {
     std::int64_t x;
     std::int64_t y;
@@ -58,6 +61,8 @@ GridOutline OnGrid(std::span<const ZetGeomPoint2d> outline) {
     }
     const double step = std::max(kGrid, std::max(high[0] - low[0], high[1] - low[1]) / kMaxCells);
     GridOutline grid;
+    grid.points.reserve(outline.size());
+    grid.sources.reserve(outline.size());
     for (std::size_t i = 0; i < outline.size(); ++i) {
         const GridPoint p = {std::llround((outline[i].x - low[0]) / step),
                              std::llround((outline[i].y - low[1]) / step)};
@@ -75,6 +80,7 @@ GridOutline OnGrid(std::span<const ZetGeomPoint2d> outline) {
 
 std::vector<GridEdge> EdgesOf(const GridOutline& grid) {
     std::vector<GridEdge> edges;
+    edges.reserve(grid.points.size());
     for (std::size_t i = 0; i < grid.points.size(); ++i) {
         const auto [left, right] =
             std::minmax({grid.points[i], grid.points[(i + 1) % grid.points.size()]});
@@ -137,6 +143,7 @@ class Sweep {
     };
 
     std::vector<Event> Events() const;
+    bool HasContact() const;
     std::optional<std::size_t> FindRepeatedPoint() const;
     std::optional<std::size_t> Contact(std::size_t a, std::size_t b) const;
     std::optional<std::size_t> Start(std::size_t edge);
@@ -197,7 +204,18 @@ std::optional<std::size_t> Sweep::End(std::size_t edge) {
     return Contact(*std::prev(above), *above);
 }
 
+/// The same, pair by pair.
+bool Sweep::HasContact() const {
+    for (std::size_t b = 1; b < m_edges.size(); ++b)
+        for (std::size_t a = 0; a < b; ++a)
+            if (Contact(a, b))
+                return true;
+    return false;
+}
+
 std::optional<std::size_t> Sweep::FindContact() {
+    if (m_edges.size() <= kFewEdges && !HasContact())
+        return std::nullopt;
     if (const auto repeated = FindRepeatedPoint())
         return repeated;
     m_places.assign(m_edges.size(), m_status.end());

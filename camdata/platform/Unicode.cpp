@@ -59,7 +59,16 @@ void AppendUtf8(std::string& bytes, char32_t codePoint) {
 /// nothing else.
 template <typename Character>
 std::size_t AsciiRun(std::basic_string_view<Character> text) {
+    constexpr std::size_t kBlock = 16;
     std::size_t count = 0;
+    while (count + kBlock <= text.size()) {
+        char32_t all = 0;
+        for (std::size_t i = 0; i < kBlock; ++i)
+            all |= static_cast<char32_t>(text[count + i]);
+        if (all >= 0x80)
+            break;
+        count += kBlock;
+    }
     while (count < text.size() && static_cast<char32_t>(text[count]) < 0x80)
         ++count;
     return count;
