@@ -1,5 +1,6 @@
 #include "plugin/JobFile.h"
 
+#include "plugin/JobLines.h"
 #include "plugin/JobResolving.h"
 #include "plugin/JobTables.h"
 
@@ -16,9 +17,6 @@ namespace {
 
 constexpr std::size_t kMostBytes = std::size_t{4} * 1024 * 1024;
 constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
-/// Dots in one key: more than any job needs, and each may be one table in another.
-constexpr int kMostDots = 20;
-
 /// Reasons of the parser, in other words.
 struct SyntaxWords {
     std::string_view reason;  ///< part of it
@@ -70,44 +68,6 @@ Bytes ReadBytes(const std::filesystem::path& file) {
     if (bytes.starts_with(kByteOrderMark))
         bytes.erase(0, kByteOrderMark.size());
     return bytes;
-}
-
-/// The most dots of one key in a line, outside texts and comments.
-int CountDotsOfKey(std::string_view line) {
-    constexpr std::string_view kKeyEnds = "=,{}[]";
-    int most = 0;
-    int dots = 0;
-    char quote = 0;
-    for (const char c : line) {
-        if (quote != 0)
-            quote = c == quote ? '\0' : quote;
-        else if (c == '#')
-            break;
-        else if (c == '"' || c == '\'')
-            quote = c;
-        else if (kKeyEnds.find(c) != std::string_view::npos)
-            dots = 0;
-        else if (c == '.')
-            most = std::max(most, ++dots);
-    }
-    return most;
-}
-
-/// What the parser would not tell well, or not survive.
-void CheckLine(std::string_view line, long number, JobFaults& faults) {
-    if (ZetString::fromUtf8(line).toUtf8() != line)
-        faults.Add({number, 0}, "this line is not UTF-8: save the file with the encoding UTF-8");
-    // The parser and its tables call themselves for each table in another.
-    else if (CountDotsOfKey(line) > kMostDots)
-        faults.Add({number, 0}, "too many dots: no table of a job lies so deep");
-}
-
-void CheckLines(std::string_view bytes, JobFaults& faults) {
-    for (long number = 1; !bytes.empty() && faults.IsEmpty(); ++number) {
-        const std::size_t end = std::min(bytes.find('\n'), bytes.size());
-        CheckLine(bytes.substr(0, end), number, faults);
-        bytes.remove_prefix(std::min(end + 1, bytes.size()));
-    }
 }
 
 void AddSyntaxFault(const toml::parse_error& error, JobFaults& faults) {

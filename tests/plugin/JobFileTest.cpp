@@ -296,7 +296,7 @@ TEST(JobFile, FormsOfAFile) {
         {"# only a comment", missing},
         {small + "name = \"\xFC\"\n", "8: this line is not UTF-8: save the file with the encoding UTF-8\n"},
         {std::string("\xFF\xFE[\0j\0", 6), "1: this line is not UTF-8: save the file with the encoding UTF-8\n"},
-        {small + "a.b.c.d.e.f.g.h.i.j.k.l.m.n.o.p.q.r.s.t.u.v = 1\n", "8: too many dots: no table of a job lies so deep\n"},
+        {small + "a.b.c.d.e.f.g.h.i.j.k.l.m.n.o.p.q.r.s.t.u.v = 1\n", "8:42: too many dots: no table of a job lies so deep\n"},
         {small + "# ......................\n", ""},
         {std::string(4u * 1024 * 1024 + 1, '\n'), "the file is larger than 4 MB: this is no job file\n"},
     };
