@@ -11,18 +11,24 @@ namespace {
 
 std::optional<DialogDriver> g_driver;
 
-/// The text with CR LF at every line end, whichever it had.
-ZetString WithCrLf(const ZetString& text) {
+/// The text with this at every line end, whichever it had.
+ZetString WithLineEnds(const ZetString& text, const wchar_t* lineEnd) {
     std::wstring lines;
     for (long i = 0; i < text.length(); ++i) {
-        const bool isLineFeed = text[i] == L'\n';
-        if (isLineFeed && (i == 0 || text[i - 1] != L'\r'))
-            lines += L'\r';
-        lines += text[i];
-        if (text[i] == L'\r' && text[i + 1] != L'\n')
-            lines += L'\n';
+        const wchar_t c = text[i];
+        if (c == L'\n' || (c == L'\r' && text[i + 1] != L'\n'))
+            lines += lineEnd;
+        else if (c != L'\r')
+            lines += c;
     }
     return ZetString(std::move(lines));
+}
+
+/// The text as a control of this kind can hold it; a field of one line takes pasted line ends, too.
+ZetString FitFor(ControlKind kind, const ZetString& text) {
+    if (kind == ControlKind::kEdit)
+        return WithLineEnds(text, L" ");
+    return kind == ControlKind::kLines ? WithLineEnds(text, L"\r\n") : text;
 }
 
 }  // namespace
@@ -109,9 +115,10 @@ ControlKind Dialog::KindOf(int id) const {
 }
 
 ZetString Dialog::ControlText(int id) const {
-    if (KindOf(id) == ControlKind::kDate)
+    const ControlKind kind = KindOf(id);
+    if (kind == ControlKind::kDate)
         return FormatDate(Window().Date(id));
-    return Window().Text(id);
+    return FitFor(kind, Window().Text(id));
 }
 
 void Dialog::SetControlText(int id, const ZetString& text) {
@@ -119,5 +126,5 @@ void Dialog::SetControlText(int id, const ZetString& text) {
     if (kind == ControlKind::kDate)
         Window().SetDate(id, ParseDate(text).value_or(Today()));
     else
-        Window().SetText(id, kind == ControlKind::kLines ? WithCrLf(text) : text);
+        Window().SetText(id, FitFor(kind, text));
 }

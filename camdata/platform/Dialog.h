@@ -112,9 +112,11 @@ class Dialog {
     /// The window, while the dialog is shown.
     DialogWindow& Window() const { return *m_window; }
     int LabelOf(int field) const { return field + m_template.labelOffset; }
-    /// The text of an edit field; that of a date picker is its date as FormatDate writes it.
+    /// The text of an edit field, with CR LF between lines; that of a date picker is its date as
+    /// FormatDate writes it.
     ZetString ControlText(int id) const;
-    /// A text that is no date puts a date picker on today.
+    /// Line ends become CR LF, and blanks in a field of one line. A text that is no date puts a
+    /// date picker on today.
     void SetControlText(int id, const ZetString& text);
 
   private:

@@ -78,32 +78,33 @@ QWidget* MakeLabel(QDialog& dialog) {
     return label;
 }
 
-struct Replacement {
-    const char* from;
-    const char* to;
-};
-
-/// How a kind of control is made, which property holds its text (null: none), and what is written
-/// otherwise there.
+/// How a kind of control is made, and which property holds its text; null: none.
 struct WidgetKind {
     QWidget* (*make)(QDialog& dialog);
     const char* textProperty;
-    Replacement whenSet;
-    Replacement whenRead;
+    bool isCaption;  ///< "&" marks a letter of the keyboard, and "&&" is an "&"
 };
 
-// In the order of ControlKind. A field of one line takes pasted line ends, which would break the
-// lines of a settings file. In captions "&" marks a letter of the keyboard, and "&&" is an "&".
+// In the order of ControlKind.
 constexpr WidgetKind kWidgetKinds[] = {
-    {MakeTabs,   nullptr,     {},             {}            },
-    {MakeFrame,  "title",     {"&", "&&"},    {"&&", "&"}   },
-    {MakeEdit,   "text",      {"\n", " "},    {"\n", " "}   },
-    {MakeLines,  "plainText", {"\r\n", "\n"}, {"\n", "\r\n"}},
-    {MakeDate,   nullptr,     {},             {}            },
-    {MakeButton, "text",      {"&", "&&"},    {"&&", "&"}   },
-    {MakeLabel,  "text",      {"&", "&&"},    {"&&", "&"}   },
+    {MakeTabs,   nullptr,     false},
+    {MakeFrame,  "title",     true },
+    {MakeEdit,   "text",      false},
+    {MakeLines,  "plainText", false},
+    {MakeDate,   nullptr,     false},
+    {MakeButton, "text",      true },
+    {MakeLabel,  "text",      true },
 };
 static_assert(std::size(kWidgetKinds) == static_cast<int>(ControlKind::kLabel) + 1);
+
+/// The text of a field of several lines. Its property "plainText" has other blanks for those that
+/// do not break.
+QString LinesOf(const QPlainTextEdit& field) {
+    QString text = field.document()->toRawText();
+    for (const QChar lineEnd : {QChar(QChar::ParagraphSeparator), QChar(QChar::LineSeparator)})
+        text.replace(lineEnd, "\r\n");
+    return text;
+}
 
 struct Control {
     QWidget* widget = nullptr;
@@ -168,13 +169,17 @@ class QtWindow final : public DialogWindow {
     bool IsReadOnly(int id) const override { return At(id).property("readOnly").toBool(); }
 
     void SetText(int id, const ZetString& text) override {
-        const auto& [from, to] = Find(id).kind->whenSet;
-        At(id).setProperty(Find(id).kind->textProperty, FromText(text).replace(from, to));
+        const WidgetKind& kind = *Find(id).kind;
+        At(id).setProperty(kind.textProperty,
+                           kind.isCaption ? FromText(text).replace("&", "&&") : FromText(text));
         Fit(id);
     }
     ZetString Text(int id) const override {
-        const auto& [from, to] = Find(id).kind->whenRead;
-        return ToText(At(id).property(Find(id).kind->textProperty).toString().replace(from, to));
+        if (const auto* field = qobject_cast<const QPlainTextEdit*>(&At(id)))
+            return ToText(LinesOf(*field));
+        const WidgetKind& kind = *Find(id).kind;
+        QString text = At(id).property(kind.textProperty).toString();
+        return ToText(kind.isCaption ? text.replace("&&", "&") : text);
     }
     void SetDate(int id, const CalendarDate& date) override {
         As<QDateEdit>(id).setDate(QDate(date.year, date.month, date.day));
@@ -311,7 +316,10 @@ bool IsDisplayNamed() {
 
 /// Makes the process's Qt application, which stays until the process ends.
 void MakeApplication() {
-    const std::string wanted = qEnvironmentVariable("QT_QPA_PLATFORM", "wayland;xcb").toStdString();
+    // Qt complains of a platform that it does not have.
+    const char* const usual =
+        qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY") ? "xcb" : "wayland;xcb";
+    const std::string wanted = qEnvironmentVariable("QT_QPA_PLATFORM", usual).toStdString();
     // Qt keeps references to the arguments.
     static std::string texts[] = {"camdata", "-platform", wanted + ";" + kNowhere};
     static char* arguments[] = {texts[0].data(), texts[1].data(), texts[2].data(), nullptr};
@@ -324,10 +332,12 @@ void MakeApplication() {
 }
 
 /// Why no window can be shown, "" when one can.
-ZetString Obstacle() {
+ZetString Obstacle(bool isDriven) {
     if (QCoreApplication::instance() == nullptr) {
         if (!IsDisplayNamed())
             return L"there is no display: neither DISPLAY nor WAYLAND_DISPLAY is set";
+        if (!isDriven && qEnvironmentVariable("QT_QPA_PLATFORM") == kNowhere)
+            return L"with QT_QPA_PLATFORM=offscreen nobody can see it";
         MakeApplication();
     }
     const auto* application = qobject_cast<QApplication*>(QCoreApplication::instance());
@@ -346,7 +356,7 @@ ZetString Obstacle() {
 extern "C" CAMDATA_API void camdataShowDialog(const DialogTemplate& dialog,
                                               DialogEvents& events,
                                               DialogResult& result) {
-    const ZetString obstacle = Obstacle();
+    const ZetString obstacle = Obstacle(events.IsDriven());
     if (!obstacle.isEmpty()) {
         result = camdata::detail::NotShown(obstacle);
         return;

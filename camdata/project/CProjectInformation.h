@@ -65,8 +65,9 @@ class CAMDATA_API CProjectInformation {
     /// Confirmed: the settings file is written (WriteSettings) from the dialog's fields, and then
     /// the record gets file name, cold-rolled order number and date, comments, revision and its
     /// date, delivery date and address; comments and address also as lines (none for an empty
-    /// text). Cancelled, and when the dialog cannot be shown: IsCancelled becomes true, and no
-    /// other field of the record changes. GetDialogResult tells the two apart.
+    /// text). Cancelled, and when the dialog cannot be shown: IsCancelled becomes true (nothing
+    /// here makes it false again), and no other field of the record changes. GetDialogResult tells
+    /// the two apart.
     ///
     /// A date that is none in the platform's form is shown, and confirmed, as today.
     void ShowDialog();

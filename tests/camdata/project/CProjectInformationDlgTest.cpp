@@ -270,10 +270,12 @@ TEST_P(CProjectInformationDlgTest, ConfirmedItWritesTheSettingsAndChangesWhatMay
 }
 
 TEST_P(CProjectInformationDlgTest, ConfirmedUntouchedItKeepsWhatItShows) {
-    m_project.SetMxComments(L"one\ntwo\rthree\r\n\nfive");
+    m_project.SetMxComments(L"one\ntwo\rthree\r\n\nf\u00A0%s");
+    m_project.SetRevision(L"C\r\nD\n%d");
     m_project.SetRevisionDate(L"soon");
     Show(PressOK);
-    EXPECT_EQ(m_project.GetMxComments(), L"one\r\ntwo\r\nthree\r\n\r\nfive");
+    EXPECT_EQ(m_project.GetMxComments(), L"one\r\ntwo\r\nthree\r\n\r\nf\u00A0%s");
+    EXPECT_EQ(m_project.GetRevision(), L"C D %d");
     EXPECT_EQ(m_project.GetDeliveryAddress(),
               (ZetArray<ZetString>{L"Gr\u00FCner Weg 1", L"K\u00F6ln"}));
     EXPECT_EQ(m_project.GetColdRolledOrderDate(), FormatDate({2023, 12, 31}));
@@ -296,6 +298,8 @@ TEST_P(CProjectInformationDlgTest, CancelledItChangesNothing) {
         EXPECT_EQ(m_project.GetFileName(), L"Hall");
         EXPECT_FALSE(std::filesystem::exists(m_folder.PathOf("settings.txt")));
     }
+    EXPECT_EQ(Show(PressOK), DialogOutcome::kConfirmed);
+    EXPECT_TRUE(m_project.GetIsCancelled()) << "stays until the plug-in takes it back";
 }
 
 TEST_P(CProjectInformationDlgTest, ReplacingOutputTakesAYes) {

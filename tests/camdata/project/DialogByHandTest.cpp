@@ -236,12 +236,12 @@ TEST_F(DialogByHandTest, AFieldThatIsHiddenGetsNoMoreKeys) {
 
 TEST_F(DialogByHandTest, PastedLinesGoOnOneLineOfTheSettingsFile) {
     Show([](Hand& hand) {
-        QApplication::clipboard()->setText("Hall\nWest");
+        QApplication::clipboard()->setText("Hall\r\nWest\nEnd");
         hand.Click(1101);
         hand.Press(Qt::Key_V, Qt::ControlModifier);
         hand.Press(Qt::Key_Return);
     });
-    EXPECT_EQ(m_project.GetFileName(), L"Hall West");
+    EXPECT_EQ(m_project.GetFileName(), L"Hall West End");
 }
 
 TEST_F(DialogByHandTest, LabelsAreReadAloudForTheirFieldsAndFitTheirPlaces) {
@@ -284,6 +284,9 @@ TEST(DialogByHandDeathTest, WithoutADisplayTheDialogCountsAsCancelledAndSaysWhy)
     EXPECT_EXIT(reasonWith("QT_QPA_PLATFORM", "nonesuch"),
                 ExitedWithCode(0),
                 "the display cannot be opened");
+    EXPECT_EXIT(reasonWith("QT_QPA_PLATFORM", "offscreen"),
+                ExitedWithCode(0),
+                "with QT_QPA_PLATFORM=offscreen nobody can see it");
 }
 
 }  // namespace
