@@ -86,6 +86,7 @@ struct JobTable {
 struct ProjectTable : ProjectData {
     PlacedText fileName;
     PlacedText settingsFile{ProjectData().settingsFile, {}};
+    PlacedText commentMarker{ProjectData().commentMarker, {}};
 };
 
 struct TolerancesTable : Tolerances {

@@ -3,6 +3,7 @@
 #include "plugin/BuiltInJob.h"
 #include "plugin/FileNames.h"
 #include "plugin/JobWords.h"
+#include "plugin/MachineRecord.h"
 
 #include "camdata/platform/ZetFormat.h"
 #include "camdata/util/CMxUtil.h"
@@ -145,6 +146,8 @@ class JobMaker {
     void CheckPart(const AssemblyTable& assembly, std::size_t part, const Ids& mains);
     void TakeInfo();
 
+    void TakeCommentMarker();
+    void CheckHeadings(const PlacedTable& table, const std::vector<ZetString>& lines);
     void CheckSlashes(const char* key, const std::string& path, Position at);
     void Require(bool isGood, Position at, const std::string& text) {
         if (!isGood)
@@ -176,6 +179,7 @@ void JobMaker::TakeJob() {
     if (m_job.project.fileName.isEmpty())
         m_job.project.fileName = m_stem;
     m_job.project.settingsFile = m_document.project.settingsFile.text;
+    TakeCommentMarker();
     m_job.tolerances = m_document.tolerances;
     m_job.areDistancesChecked = m_document.tolerances.areDistancesChecked;
     m_job.uncoveredHoles = m_document.uncoveredHoles;
@@ -183,6 +187,21 @@ void JobMaker::TakeJob() {
     CheckSlashes("output", m_job.outputFolder, table.output.at);
     for (const NcFilePattern& pattern : table.ncFiles)
         CheckSlashes("nc_files", pattern.text, {pattern.line, pattern.column});
+}
+
+/// Blanks follow it in the second line of comments and address.
+void JobMaker::TakeCommentMarker() {
+    const PlacedText& marker = m_document.project.commentMarker;
+    m_job.project.commentMarker = marker.text;
+    Require(!BeginsMember(marker.text + L" "),
+            marker.at,
+            "\"comment_marker\" must not begin with the word \"member\": members do");
+}
+
+void JobMaker::CheckHeadings(const PlacedTable& table, const std::vector<ZetString>& lines) {
+    RequireOf(table,
+              std::none_of(lines.begin(), lines.end(), BeginsMember),
+              "no line of \"header\" can begin with the word \"member\": members do");
 }
 
 /// A backslash parts folders on Windows only.
@@ -207,6 +226,7 @@ void JobMaker::TakeFiles() {
         }
         OutputFile& file = m_job.files[position];
         file.headerLines = table.headerLines;
+        CheckHeadings(table, table.headerLines);
         file.hasProjectHeader = table.hasProjectHeader;
         if (table.ending.at.line > 0)
             file.ending = table.ending.text;
@@ -240,6 +260,7 @@ void JobMaker::TakeGroup(const SecondaryPartsTable& table, const PlacedText& id,
     group = table;
     group.id = id.text;
     RequireOf(table, !table.files.empty(), "\"files\" must not be empty");
+    CheckHeadings(table, table.headerLines);
     for (const PlacedText& reference : table.files)
         if (const std::optional<std::size_t> file = m_files.Find(reference, m_faults))
             TakeGroupFile(reference, *file, group);

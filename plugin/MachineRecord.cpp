@@ -327,6 +327,10 @@ ZetString ParseFields(std::wstring_view text,
     return text.empty() ? L"" : L"there is more in the line than its fields";
 }
 
+bool BeginsBlock(std::wstring_view line) {
+    return TakePrefix(line, kMemberWord) && TakePrefix(line, L" ");
+}
+
 /// Puts a text together to members, line by line.
 class RecordReader {
   public:
@@ -334,16 +338,12 @@ class RecordReader {
     ZetString Add(std::wstring_view line) {
         if (m_isInBlock)
             return AddToBlock(line);
-        return IsMember(line) ? Begin(line) : ZetString();
+        return BeginsBlock(line) ? Begin(line) : ZetString();
     }
     ZetString End() const { return m_isInBlock ? L"the member has no end" : L""; }
     std::vector<MachineMember> TakeMembers() { return std::move(m_members); }
 
   private:
-    static bool IsMember(std::wstring_view line) {
-        return TakePrefix(line, kMemberWord) && TakePrefix(line, L" ");
-    }
-
     ZetString Begin(std::wstring_view line) {
         m_isInBlock = true;
         line.remove_prefix(kMemberWord.size());
@@ -384,6 +384,10 @@ ZetString FormatOperationLine(const MachineOperation& operation) {
 
 ZetString MemberEndLine() {
     return ZetString(kEndWord);
+}
+
+bool BeginsMember(const ZetString& line) {
+    return BeginsBlock(line.view());
 }
 
 std::variant<std::vector<MachineMember>, MachineFault> ReadMachineRecords(const ZetString& text) {
