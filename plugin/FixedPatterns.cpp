@@ -4,7 +4,7 @@
 
 #include "camdata/holes/CMxGeom.h"
 
-#include <algorithm>
+#include <utility>
 
 namespace plugin {
 
@@ -30,6 +30,22 @@ CMxHoles ExpectedHole(const PatternHole& hole, const FixedPattern& pattern) {
     return expected;
 }
 
+/// The pattern as it lies the other way round. All of it turns: a member with some holes as given
+/// and some turned does not have it.
+CMxSingleMemValidation Turned(CMxSingleMemValidation prescription) {
+    ZetArray<CMxHoles> holes = prescription.GetMxHoles();
+    for (CMxHoles& hole : holes) {
+        ZetArray<double> positions = hole.GetHoleXPosArr();
+        for (double& x : positions)
+            x = prescription.GetFixedLength() - x;
+        hole.SetHoleXPos(positions.first());
+        hole.SetHoleXPosArr(std::move(positions));
+        hole.SetIsMirror(true);
+    }
+    prescription.SetMxHoles(std::move(holes));
+    return prescription;
+}
+
 }  // namespace
 
 CMxSingleMemValidation MakePrescription(const FixedPattern& pattern) {
@@ -45,36 +61,32 @@ void JobMember::CheckFixedPattern() {
     const CMxSingleMemValidation* pattern = m_rules.FindPattern(m_type);
     if (pattern == nullptr)
         return;
-    CMxSingleMemValidation prescription = *pattern;
-    ZetArray<CMxHoles> expectedHoles = prescription.GetMxHoles();
-    const double length = prescription.GetFixedLength();
-    std::vector<char> isTaken(static_cast<std::size_t>(m_holes.length()));
-    for (CMxHoles& expected : expectedHoles) {
-        if (!FindExpected(expected, length, isTaken))
-            FileFinding(kFixedPattern, expected.GetErrMsg(length));
+    CMxSingleMemValidation prescription = LookFor(*pattern);
+    if (pattern->GetMirrorApplicable()) {
+        CMxSingleMemValidation turned = LookFor(Turned(*pattern));
+        if (turned.GetNoOfHolesFound() > prescription.GetNoOfHolesFound())
+            prescription = std::move(turned);
     }
-    prescription.SetMxHoles(std::move(expectedHoles));
+    for (CMxHoles& expected : prescription.GetMxHoles()) {
+        if (!expected.GetFound())
+            FileFinding(kFixedPattern, expected.GetErrMsg(prescription.GetFixedLength()));
+    }
     SetSingleMemValid(std::move(prescription));
 }
 
-/// Takes a hole of the member for the expected one: at one of its positions, or else at one of them
-/// measured from the other end.
-bool JobMember::FindExpected(CMxHoles& expected, double length, std::vector<char>& isTaken) const {
-    expected.SetFound(TakeHoleOf(expected, 0.0, isTaken));
-    if (!expected.GetFound() && expected.GetIsMirrApplicable()) {
-        expected.SetFound(TakeHoleOf(expected, length, isTaken));
-        expected.SetIsMirror(expected.GetFound());
-    }
-    return expected.GetFound();
+/// The prescription with its holes marked that the member has.
+CMxSingleMemValidation JobMember::LookFor(CMxSingleMemValidation prescription) const {
+    ZetArray<CMxHoles> expectedHoles = prescription.GetMxHoles();
+    std::vector<char> isTaken(static_cast<std::size_t>(m_holes.length()));
+    for (CMxHoles& expected : expectedHoles)
+        expected.SetFound(TakeHoleOf(expected, isTaken));
+    prescription.SetMxHoles(std::move(expectedHoles));
+    return prescription;
 }
 
-/// Takes the first hole that no other expected one has. `mirrorAt` above 0: positions are measured
-/// back from there.
-bool JobMember::TakeHoleOf(const CMxHoles& expected,
-                           double mirrorAt,
-                           std::vector<char>& isTaken) const {
-    for (const double position : expected.GetHoleXPosArr()) {
-        const double x = mirrorAt > 0.0 ? mirrorAt - position : position;
+/// Takes the first hole at one of the positions that no other expected one has.
+bool JobMember::TakeHoleOf(const CMxHoles& expected, std::vector<char>& isTaken) const {
+    for (const double x : expected.GetHoleXPosArr()) {
         for (long i = 0; i < m_holes.length(); ++i) {
             char& taken = isTaken[static_cast<std::size_t>(i)];
             if (taken != 0 || !IsExpectedHole(m_holes[i], expected, x))

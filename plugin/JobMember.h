@@ -156,8 +156,8 @@ class JobMember : public CMxPeilaib {
     void CountContours();
 
     void CheckFixedPattern();
-    bool FindExpected(CMxHoles& expected, double length, std::vector<char>& isTaken) const;
-    bool TakeHoleOf(const CMxHoles& expected, double mirrorAt, std::vector<char>& isTaken) const;
+    CMxSingleMemValidation LookFor(CMxSingleMemValidation prescription) const;
+    bool TakeHoleOf(const CMxHoles& expected, std::vector<char>& isTaken) const;
     static bool IsExpectedHole(const CHoleAddlInfo& hole, const CMxHoles& expected, double x);
 
     void CheckQuantity();

@@ -406,6 +406,8 @@ const PatternCase kPatternCases[] = {
     {"Beyond",         {250.6, 400, 1500}, false, "18 at 250 or 2900.0\n"},
     {"Missing",        {250},              false, "18 at 1500\n18 at 400\n"},
     {"Mirrored",       {1500, 2600, 2750}, true,  ""},
+    {"MirroredHoleMissing", {1500, 2750},  true,  "18 at 2600\n"},
+    {"HalfMirrored",   {250, 1500, 2600},  true,  "18 at 400\n"},
     {"MirrorRefused",  {1500, 2600, 2750}, false, "18 at 250 or 2900.0\n18 at 400\n"},
 };
 // clang-format on
