@@ -36,6 +36,13 @@ bool FitsName(const fs::path& pattern, const fs::path& name) {
            MatchesPattern<char32_t>(text, wanted);
 }
 
+/// Also a link to a file that is gone: it must not be left out unseen.
+bool IsMeant(const fs::path& file) {
+    std::error_code ignored;
+    return fs::is_regular_file(file, ignored) ||
+           (fs::is_symlink(file, ignored) && !fs::exists(file, ignored));
+}
+
 /// The search for all patterns of one job; each folder is listed once.
 class NcFileSearch {
   public:
@@ -44,10 +51,7 @@ class NcFileSearch {
         std::vector<fs::path> found = {folder};
         for (const fs::path& segment : pattern)
             found = Descend(found, segment);
-        std::erase_if(found, [](const fs::path& file) {
-            std::error_code ignored;
-            return !fs::is_regular_file(file, ignored);
-        });
+        std::erase_if(found, [](const fs::path& file) { return !IsMeant(file); });
         return found;
     }
 

@@ -71,4 +71,20 @@ INSTANTIATE_TEST_SUITE_P(Cases,
                          ::testing::ValuesIn(kCases),
                          [](const auto& instance) { return std::string(instance.param.name); });
 
+#ifndef _WIN32
+/// Whoever reads the files will tell.
+TEST(NcFileSearchLinks, ALinkToAFileThatIsGoneIsFound) {
+    const TempFolder folder;
+    std::filesystem::create_symlink("gone", folder.PathOf("link.nc1"));
+    Job job;
+    job.file = folder.NameOf("job.toml").toUtf8();
+    job.ncFiles = {
+        {"*.nc1", 1, 7}
+    };
+    const plugin::NcFilesResult result = ExpandNcFiles(job);
+    ASSERT_EQ(result.index(), 0u);
+    EXPECT_EQ(std::get<0>(result).size(), 1u);
+}
+#endif
+
 }  // namespace
