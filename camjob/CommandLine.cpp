@@ -49,9 +49,15 @@ int Check(const Options& options, OutputStream& out, OutputStream& err) {
     return RunCheck(options.check, out, err);
 }
 
+/// Not the folder at hand: "" is a variable that was never set.
+std::string FaultOfFolder(const std::string& folder) {
+    return folder.empty() ? "the folder has no name" : "";
+}
+
 void DescribeRun(CLI::App& command, Options& options) {
     command.add_option("JOB", options.run.job, "The job file")->required();
-    command.add_option("--out", options.run.folder, "Folder of the output, instead of the job's");
+    command.add_option("--out", options.run.folder, "Folder of the output, instead of the job's")
+        ->check(FaultOfFolder);
     command.add_flag("--json", options.run.asJson, "Write one JSON document instead of tables");
     command.add_flag(
         "--dialog", options.run.showsDialog, "Show the project information and let it be changed");
@@ -65,7 +71,8 @@ int Run(const Options& options, OutputStream& out, OutputStream& err) {
 
 void DescribeInit(CLI::App& command, Options& options) {
     command.add_option("DIR", options.init.folder, "Folder for the job; made when missing")
-        ->required();
+        ->required()
+        ->check(FaultOfFolder);
 }
 
 int Init(const Options& options, OutputStream& out, OutputStream& err) {

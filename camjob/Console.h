@@ -24,7 +24,8 @@ class StandardStream : public OutputStream {
     int m_descriptor;
 };
 
-/// Makes terminal and streams take UTF-8 as it is, for as long as this object lives.
+/// Makes terminal and streams take UTF-8 as it is, for as long as this object lives. On POSIX a
+/// file that reaches the limit on file sizes counts from then on as one that cannot be written.
 class ConsoleMode {
   public:
     ConsoleMode();

@@ -1,6 +1,7 @@
 #include "camjob/Console.h"
 
 #include <cerrno>
+#include <csignal>
 #include <unistd.h>
 
 namespace camjob {
@@ -19,7 +20,9 @@ bool StandardStream::IsTerminal() const {
     return ::isatty(m_descriptor) == 1;
 }
 
-ConsoleMode::ConsoleMode() = default;
+ConsoleMode::ConsoleMode() {
+    std::signal(SIGXFSZ, SIG_IGN);
+}
 ConsoleMode::~ConsoleMode() = default;
 
 std::string Utf8Argument(const char* argument) {

@@ -117,7 +117,7 @@ void JobRunner::RunInFolder() {
 bool JobRunner::PrepareProject(plugin::JobRun& run) {
     const std::string settings = OutputName(m_job.project.settingsFile);
     if (!run.ReadSettings())
-        Complain(settings, "the settings cannot be read");
+        Complain(settings, "the settings cannot be read; without this file those of the job count");
     if (m_options.showsDialog && (!m_report.faults.empty() || !ShowDialog(run.GetProjectInfo())))
         return m_report.status == RunStatus::kDone && Refuse();
     const std::string fault = plugin::FaultOfFileNameStart(run.GetProjectInfo().GetFileName());
