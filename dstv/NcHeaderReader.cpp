@@ -99,7 +99,7 @@ void NcHeaderReader::ReadText(const NcLine& line, const Field& field) {
 void NcHeaderReader::ReadQuantity(const NcLine& line, const Field& field) {
     const std::optional<double> value = ParseNumber(Trimmed(line.text), false);
     if (!value || *value < 0.0 || *value != std::floor(*value))
-        Refuse(line, field.what, L"a whole number");
+        Refuse(line, field.what, L"a whole number from 0 to 1000000000");
     m_header.quantity = static_cast<long>(*value);
 }
 
