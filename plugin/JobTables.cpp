@@ -287,7 +287,7 @@ static_assert(std::size(kReportKeys) == kLongerThanStock + 1);
 
 constexpr Key kPairKeys[] = {
     Row<PairRule, &PairRule::code>("code", "Text that the second hole's code contains.", {.isRequired = true}),
-    Row<PairRule, &PairRule::spacing>("spacing", "Distance between the two holes.", {.isRequired = true, .range = kSize, .unit = "mm"}),
+    Row<PairRule, &PairRule::spacing>("spacing", "Distance between the two holes along the member. Rows and faces do not count: holes that must not pair need codes of their own.", {.isRequired = true, .range = kSize, .unit = "mm"}),
     Row<PairRule, &PairRule::prefix>("prefix", "What goes before the second hole's code."),
 };
 
