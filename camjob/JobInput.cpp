@@ -107,6 +107,8 @@ void JobInput::Note(const Part& part, plugin::JobRun::Added added) {
 
 /// Pieces of one mark are one and the same to those who make and mount them.
 void JobInput::AddMember(const Part& part, const ZetString& mark) {
+    if (mark.isEmpty())
+        AddFault(part, L"the part has no mark to tell it by");
     const auto [at, isNew] = m_memberOfMark.insert({mark.toUtf8(), m_memberFiles.size()});
     if (!isNew)
         AddFault(part,

@@ -115,6 +115,7 @@ TEST(RunCommand, RefusesFaultyInputWithAllFaultsAndWritesNothing) {
           "nc/3.nc1: profile \"XX\", code SO: no member type of the job takes it"}},
         {"one mark twice", {{"nc/6.nc1", nc::Plain("C2")}},
          {"nc/6.nc1: mark \"C2\" is already that of the part in ", "nc/3.nc1"}},
+        {"no mark", {{"nc/6.nc1", nc::Plain("")}}, {"nc/6.nc1: the part has no mark to tell it by"}},
         {"an unknown part", {{"job.toml", unknownPart.Text()}},
          {"job.toml: the assemblies name part \"Q7\", which no NC file has"}},
         {"a broken job", {{"job.toml", "[job]\nname = 1\n"}}, {"job.toml:2:"}},
