@@ -18,6 +18,17 @@ ZetString Indented(const ZetString& text) {
     return CMxUtil::GetSpaces(kIndent, false) + text;
 }
 
+/// The lines under their heading; nothing without one.
+ZetArray<ZetString> BlockOf(ZetArray<ZetString> heading,
+                            const ZetArray<ZetString>& lines,
+                            const ZetArray<ZetString>& furtherLines) {
+    if (heading.isEmpty())
+        return heading;
+    heading.appendAll(lines);
+    heading.appendAll(furtherLines);
+    return heading;
+}
+
 }  // namespace
 
 JobMember::JobMember(const JobRules& rules, const MemberType& type, ZetNCCreator& creator)
@@ -119,21 +130,11 @@ void JobMember::SettleReport() {
 }
 
 ZetArray<ZetString> JobMember::GetErrorBlock() const {
-    ZetArray<ZetString> lines = m_errorReport;
-    if (!lines.isEmpty()) {
-        lines.appendAll(m_errors);
-        lines.appendAll(m_secondErrors);
-    }
-    return lines;
+    return BlockOf(m_errorReport, m_errors, m_secondErrors);
 }
 
 ZetArray<ZetString> JobMember::GetWarningBlock() const {
-    ZetArray<ZetString> lines = m_warningReport;
-    if (!lines.isEmpty()) {
-        lines.appendAll(m_warnings);
-        lines.appendAll(m_secondWarnings);
-    }
-    return lines;
+    return BlockOf(m_warningReport, m_warnings, m_secondWarnings);
 }
 
 // ---- output -------------------------------------------------------------------------------------
