@@ -40,7 +40,7 @@ class JobRunner {
     bool ReadJob();
     void RunInFolder();
     bool PrepareProject(plugin::JobRun& run);
-    bool ShowDialog(CProjectInformation& project);
+    bool ShowDialog(plugin::JobRun& run);
     bool ReadInput(plugin::JobRun& run);
     bool ReadFiles(JobInput& input);
     void CheckNames(const std::vector<fs::path>& outputs);
@@ -118,7 +118,7 @@ bool JobRunner::PrepareProject(plugin::JobRun& run) {
     const std::string settings = OutputName(m_job.project.settingsFile);
     if (!run.ReadSettings())
         Complain(settings, "the settings cannot be read; without this file those of the job count");
-    if (m_options.showsDialog && (!m_report.faults.empty() || !ShowDialog(run.GetProjectInfo())))
+    if (m_options.showsDialog && (!m_report.faults.empty() || !ShowDialog(run)))
         return m_report.status == RunStatus::kDone && Refuse();
     const std::string fault = plugin::FaultOfFileNameStart(run.GetProjectInfo().GetFileName());
     if (!fault.empty())
@@ -127,11 +127,12 @@ bool JobRunner::PrepareProject(plugin::JobRun& run) {
 }
 
 /// The dialog writes the settings file as soon as the user confirms it, so its folder has to be
-/// there before.
-bool JobRunner::ShowDialog(CProjectInformation& project) {
+/// there before. What it wrote is read back: the next run must be able to.
+bool JobRunner::ShowDialog(plugin::JobRun& run) {
     NewFiles folders;
     if (!folders.MakeFolder(PathFromUtf8(m_report.folder)))
         throw OutputFailure(m_report.folder + ": the folder cannot be made");
+    CProjectInformation& project = run.GetProjectInfo();
     project.ShowDialog();
     const DialogResult& result = project.GetDialogResult();
     if (result.outcome == DialogOutcome::kCancelled)
@@ -141,9 +142,14 @@ bool JobRunner::ShowDialog(CProjectInformation& project) {
     if (result.outcome != DialogOutcome::kConfirmed)
         return false;
     folders.Keep();
+    const std::string settings = OutputName(m_job.project.settingsFile);
     if (const std::optional<FileFault>& fault = project.GetSettingsFault())
-        Fail(OutputName(m_job.project.settingsFile) + ": cannot be written" + ReasonOf(*fault));
-    return m_report.status == RunStatus::kDone;
+        Fail(settings + ": cannot be written" + ReasonOf(*fault));
+    else if (!run.ReadSettings())
+        Complain(settings,
+                 "the settings cannot be read back: no line of the comments and of the delivery "
+                 "address may begin with \"+\"");
+    return m_report.faults.empty();
 }
 
 bool JobRunner::ReadInput(plugin::JobRun& run) {

@@ -180,13 +180,18 @@ struct OldAndNew {
 };
 
 /// Ends the dialog of a run with this file name in it.
-CamjobRun RunWithDialog(const TempFolder& folder, const wchar_t* fileName, int button) {
+CamjobRun RunWithDialog(const TempFolder& folder,
+                        const wchar_t* fileName,
+                        int button,
+                        const wchar_t* comments = L"") {
+    constexpr int kComments = 1211;
     constexpr int kFileName = 1101;
     bool isShown = false;
     SetDialogDriver(DialogDriver{DialogDriver::Backend::kMemory,
                                  [&](DialogWindow& window) {
                                      isShown = true;
                                      window.SetText(kFileName, fileName);
+                                     window.SetText(kComments, comments);
                                      window.Click(button);
                                  },
                                  {}});
@@ -214,6 +219,11 @@ TEST(RunCommand, ShowsTheDialogFirst) {
     // The next run takes it over, and the output of the last one goes.
     EXPECT_EQ(RunTool({"run", ArgumentFor(folder, "job.toml")}).exitCode, 1);
     EXPECT_TRUE(fs::exists(out / "t-orders.txt"));
+
+    const CamjobRun lost = RunWithDialog(folder, L"u", kOk, L"call\r\n+49 40 123");
+    EXPECT_EQ(lost.exitCode, 2);
+    ExpectParts(lost.err, {"project-settings.txt: the settings cannot be read back: no line"});
+    fs::remove(out / "project-settings.txt");
 
     const CamjobRun impossible = RunWithDialog(folder, L"a/b", kOk);
     EXPECT_EQ(impossible.exitCode, 2);
