@@ -36,7 +36,7 @@ void CHoleRule::SetValues(eHoleShapeType holeShapeType,
 
 bool CHoleRule::LookInAnotherRule(ZetString memberName, ZetString& suffix) const {
     suffix = ZetString();
-    const bool isExcluded = m_notAppMem.find(KeyOf(memberName)) >= 0;
+    const bool isExcluded = !m_notAppMem.isEmpty() && m_notAppMem.find(KeyOf(memberName)) >= 0;
     if (isExcluded && m_lookInAnotherRule)
         suffix = m_lookInAnotherSuffix;
     return !isExcluded;
