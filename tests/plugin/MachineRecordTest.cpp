@@ -136,7 +136,7 @@ const wchar_t* const kAwkwardTexts[] = {L"",
 
 /// A part with up to 12 holes, slots and openings at places with three decimals, far apart.
 void AddRandomFeatures(Part& part, std::mt19937_64& random) {
-    const auto number = [&random](int below) { return static_cast<int>(random() % below); };
+    const auto number = [&random](unsigned below) { return static_cast<int>(random() % below); };
     const int count = number(12);
     for (int i = 0; i < count; ++i) {
         const double x = 200.0 * (i + 1) + number(60000) * 0.001;
