@@ -9,4 +9,4 @@ scripts/setup.sh build
 cmake --preset release
 cmake --build --preset release -j"$(nproc)"
 UPDATE_GOLDEN=1 ctest --preset release -j"$(nproc)" "$@"
-git status --short -- 'tests/**golden/**'
+git status --short -- 'tests/**golden/**' docs/job-file.md
