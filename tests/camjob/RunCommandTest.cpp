@@ -5,6 +5,7 @@
 #include "camjob/StagedOutput.h"
 #include "camjob/StoppingDisk.h"
 #include "support/Golden.h"
+#include "support/SystemText.h"
 
 #include "camdata/platform/DialogWindow.h"
 
@@ -269,7 +270,8 @@ TEST(RunCommand, AnOutputThatCannotBeWrittenEndsWithItsOwnCode) {
         expectFailure(RunSample(folder, disk, never), "another camjob is writing to this folder");
     }
     StoppingDisk full(8, StoppingDisk::Stop::kFail);
-    expectFailure(RunSample(folder, full, never), "cannot be written (No space left on device)");
+    expectFailure(RunSample(folder, full, never),
+                  "cannot be written (" + SystemText(std::errc::no_space_on_device) + ")");
     folder.Write("file", "text");
     const CamjobRun run = RunJobFile(folder, "new.toml", "file");
     EXPECT_EQ(run.exitCode, 3);
@@ -304,7 +306,9 @@ TEST(RunCommand, AFullDiskLeavesTheOldOutput) {
         run = RunJobFile(folder, "new.toml");
     }
     EXPECT_EQ(run.exitCode, 3);
-    ExpectParts(run.err, {"s-orders.txt: cannot be written (File too large)\n"});
+    ExpectParts(
+        run.err,
+        {"s-orders.txt: cannot be written (" + SystemText(std::errc::file_too_large) + ")\n"});
     EXPECT_EQ(ContentOf(folder.PathOf("out")), files.oldFiles);
     EXPECT_FALSE(fs::exists(folder.PathOf("out") / ".camjob" / "staging"));
 }
@@ -337,9 +341,10 @@ TEST(RunCommand, AnUnwritableFolderStaysAsItIs) {
         inEmpty = RunJobFile(folder, "new.toml", "empty");
     }
     EXPECT_EQ(inOld.exitCode, 3);
-    ExpectParts(inOld.err, {"out: the folder cannot be written to (Permission denied)\n"});
+    const std::string denied = SystemText(std::errc::permission_denied);
+    ExpectParts(inOld.err, {"out: the folder cannot be written to (" + denied + ")\n"});
     EXPECT_EQ(inEmpty.exitCode, 3);
-    ExpectParts(inEmpty.err, {".camjob: the folder cannot be made (Permission denied)\n"});
+    ExpectParts(inEmpty.err, {".camjob: the folder cannot be made (" + denied + ")\n"});
     EXPECT_EQ(ContentOf(out), files.oldFiles);
     EXPECT_TRUE(fs::is_empty(folder.PathOf("empty")));
     for (const fs::path& path : {out, out / ".camjob", folder.PathOf("empty")})

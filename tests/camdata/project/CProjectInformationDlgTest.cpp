@@ -1,4 +1,5 @@
 #include "support/AssertionOf.h"
+#include "support/SystemText.h"
 #include "support/TempFolder.h"
 
 #include "camdata/output/CMxCamGlobAcc.h"
@@ -366,11 +367,12 @@ TEST_P(CProjectInformationDlgTest, SavingSettingsTellsWhereOrWhyNot) {
 
     m_project.SetProjFileName(m_folder.NameOf("none/settings.txt"));
     Show(save);
-    EXPECT_EQ(m_boxes,
-              (std::vector<Box>{
-                  {L"Save Settings",
-                   L"The settings could not be saved in\n" + m_project.GetProjFileName() +
-                       L"\nNo such file or directory."}
+    EXPECT_EQ(
+        m_boxes,
+        (std::vector<Box>{
+            {L"Save Settings",
+             L"The settings could not be saved in\n" + m_project.GetProjFileName() + L"\n" +
+                 ZetString::fromUtf8(SystemText(std::errc::no_such_file_or_directory)) + L"."}
     }));
     EXPECT_EQ(Show(PressOK), DialogOutcome::kConfirmed);
     ASSERT_TRUE(m_project.GetSettingsFault());
