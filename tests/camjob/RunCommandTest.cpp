@@ -258,7 +258,7 @@ TEST(RunCommand, AnOutputThatCannotBeWrittenEndsWithItsOwnCode) {
     const OldAndNew files(folder);
     camjob::OutputDisk disk;
     const auto never = [] { return false; };
-    const auto expectFailure = [&](const CamjobRun& run, const char* message) {
+    const auto expectFailure = [&](const CamjobRun& run, const std::string& message) {
         EXPECT_EQ(run.exitCode, 3);
         EXPECT_EQ(run.out, "");
         ExpectParts(run.err, {message});
