@@ -2,10 +2,11 @@
 # check-installed.sh EXAMPLES SCRATCH CMAKE-ARGUMENT... builds projects of other people against an
 # installed or unpacked library, and runs them: one that links with it, and a plug-in (that of the folder
 # of examples) that a host loads and unloads. The CMake arguments say where the library is and for which
-# system to build. RUNNER in the environment starts the programs.
+# system to build. RUNNER in the environment is a program that starts them.
 set -euo pipefail
 tests=$(realpath "$(dirname "${BASH_SOURCE[0]}")")
 examples=$(realpath "$1")
+runner=(${RUNNER:+"$RUNNER"})
 mkdir -p "$2"
 cd "$2"
 shift 2
@@ -27,7 +28,7 @@ build "$tests/plugin_host" "$@"
 
 run() {
     echo "Running $*"
-    ${RUNNER:-} "$@"
+    "${runner[@]}" "$@"
 }
 
 run "$(built './consumer/consumer*')"
