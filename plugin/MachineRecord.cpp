@@ -176,27 +176,9 @@ std::wstring_view TakeUntil(std::wstring_view& text, std::wstring_view separator
     return taken;
 }
 
-/// As "%.3f" prints it, but without a sign before a zero. Up to a million metres the thousandths
-/// are a whole number that a double holds exactly.
+/// No sign before a zero.
 void AppendNumber(std::wstring& line, double value) {
-    constexpr double kMostThousandths = 1e12;
-    const double rounded = CMxGeom::Round_CAM(value, kDecimals) + 0.0;
-    if (!(std::abs(rounded) * 1000.0 < kMostThousandths)) {
-        line += ZetString::format(L"%.3f", rounded).view();
-        return;
-    }
-    const long long thousandths = std::llround(std::abs(rounded) * 1000.0);
-    std::array<wchar_t, 16> text;
-    auto* at = text.end();
-    int digits = 0;
-    for (long long left = thousandths; left > 0 || digits <= kDecimals; left /= 10) {
-        if (digits++ == kDecimals)
-            *--at = L'.';
-        *--at = static_cast<wchar_t>(L'0' + left % 10);
-    }
-    if (rounded < 0.0)
-        line += L'-';
-    line.append(at, text.end());
+    line += ZetString::format(L"%.3f", CMxGeom::Round_CAM(value, kDecimals) + 0.0).view();
 }
 
 std::optional<double> ParseNumber(std::wstring_view text) {

@@ -2,6 +2,7 @@
 
 #include "camdata/platform/FixedPoint.h"
 
+#include <algorithm>
 #include <array>
 #include <charconv>
 #include <cmath>
@@ -61,7 +62,10 @@ void AppendNumber(std::wstring& text,
     const auto width = static_cast<std::size_t>(conversion.width);
     if (number.zeroPadded && !conversion.leftAligned && used < width)
         text.append(width - used, L'0');
-    text.append(number.View().begin(), number.View().end());
+    // Appending by iterators of another type would make a text of its own first.
+    const std::size_t end = text.size();
+    text.resize(end + number.length);
+    std::copy_n(number.buffer.begin(), number.length, text.data() + end);
     PadTo(text, start, conversion);
 }
 
@@ -195,7 +199,9 @@ void AppendArgument(std::wstring& text,
 }  // namespace
 
 std::wstring Format(std::wstring_view format, std::initializer_list<ZetFormatArg> args) {
+    constexpr std::size_t kUsualArgument = 8;
     std::wstring text;
+    text.reserve(format.size() + kUsualArgument * args.size());
     auto next = args.begin();
     while (true) {
         const std::size_t percent = format.find(L'%');
