@@ -2,15 +2,6 @@
 
 namespace camjob {
 
-std::filesystem::path PathFromUtf8(const std::string& name) {
-    return std::filesystem::path(std::u8string(name.begin(), name.end()));
-}
-
-std::string Utf8FromPath(const std::filesystem::path& path) {
-    const std::u8string name = path.u8string();
-    return {name.begin(), name.end()};
-}
-
 std::string NameIn(const std::string& folder, const std::string& file) {
     const bool isParted = folder.empty() || folder.back() == '/' || folder.back() == '\\';
     return folder + (isParted ? "" : "/") + file;

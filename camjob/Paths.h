@@ -1,13 +1,14 @@
 #pragma once
 
-#include <filesystem>
+#include "plugin/Utf8Path.h"
+
 #include <string>
 
 namespace camjob {
 
-/// Names of files are UTF-8 in the tool, whatever the system calls its own.
-std::filesystem::path PathFromUtf8(const std::string& name);
-std::string Utf8FromPath(const std::filesystem::path& path);
+using plugin::PathFromUtf8;
+using plugin::Utf8FromPath;
+
 /// A file in a folder, whose name stays as the user wrote it.
 std::string NameIn(const std::string& folder, const std::string& file);
 

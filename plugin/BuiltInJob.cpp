@@ -10,8 +10,6 @@ namespace plugin {
 
 namespace {
 
-constexpr double kAnyLength = 1e9;
-
 /// Findings that stand with the records of holes and notches, and need no lines of the member.
 constexpr ValidationType kToldByRecords[] = {
     kHoleDistance, kHoleInsideSlot, kDuplicateHole, kDuplicateNotch};

@@ -42,23 +42,17 @@ void JobMember::MatchCornerNotch(CNotchAddInfo& notch) const {
 
 /// Settles what becomes of the notches that no definition describes, and counts the contours.
 void JobMember::SettleNotches() {
-    switch (GetJob().uncoveredNotches.action) {
-        case Uncovered::kReport:
-            FileNotches(eNotchValid, kUncoveredText);
-            FileNotches(eNotchNotAllowed, kNotAllowedText);
-            MakeValidNotches();
-            break;
-        case Uncovered::kOutput:
-            FileNotches(eNotchValid, kUncoveredText);
-            FileNotches(eNotchNotAllowed, kNotAllowedText);
-            CodeUncoveredNotches(eNotchCornerMatched);
-            MakeValidNotches();
-            break;
-        case Uncovered::kAccept:
-            CodeUncoveredNotches(eNotchValid);
-            CountContours();
-            break;
+    const Uncovered action = GetJob().uncoveredNotches.action;
+    if (action == Uncovered::kAccept) {
+        CodeUncoveredNotches(eNotchValid);
+        CountContours();
+        return;
     }
+    FileNotches(eNotchValid, kUncoveredText);
+    FileNotches(eNotchNotAllowed, kNotAllowedText);
+    if (action == Uncovered::kOutput)
+        CodeUncoveredNotches(eNotchCornerMatched);
+    MakeValidNotches();
 }
 
 void JobMember::FileNotches(eNotchStatus status, const wchar_t* what) {

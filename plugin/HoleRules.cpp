@@ -1,5 +1,7 @@
 #include "plugin/HoleRules.h"
 
+#include "plugin/ToArray.h"
+
 #include "camdata/holes/CMxGeom.h"
 
 #include <algorithm>
@@ -11,11 +13,6 @@ namespace {
 
 /// Status of codes that pair: any but "not set" will do, the library only keeps it.
 constexpr long kPairs = 0;
-
-template <typename T>
-ZetArray<T> ToArray(const std::vector<T>& values) {
-    return ZetArray<T>(values.begin(), values.end());
-}
 
 CHoleCode StandardCode(const ZetString& text) {
     CHoleCode code;

@@ -75,6 +75,9 @@ struct FlangeZero {
     bool isReversed = false;  ///< Y grows against the NC coordinate
 };
 
+/// A maximum length that no member reaches, mm.
+inline constexpr double kAnyLength = 1e9;
+
 /// How the members of one kind are found and judged.
 struct MemberType {
     ZetString id;

@@ -3,6 +3,7 @@
 #include "plugin/JobLines.h"
 #include "plugin/JobResolving.h"
 #include "plugin/JobTables.h"
+#include "plugin/Utf8Path.h"
 
 #include <algorithm>
 #include <cstddef>
@@ -38,11 +39,6 @@ constexpr SyntaxWords kSyntaxWords[] = {
     {"nested value depth",     "too many brackets in each other"                           },
     {"",                       "a job file has lines of key = value under lines of [table]"},
 };
-
-std::string Utf8Of(const std::filesystem::path& path) {
-    const std::u8string text = path.u8string();
-    return {text.begin(), text.end()};
-}
 
 JobFaults::Fault WholeFile(std::string text) {
     return {{}, std::move(text)};
@@ -88,7 +84,7 @@ Job Parse(const std::string& bytes, const std::filesystem::path& file, JobFaults
     try {
         const toml::table table = toml::parse(bytes);
         const JobDocument document = ReadTables(table, faults);
-        return ResolveJob(document, Utf8Of(file.stem()), faults);
+        return ResolveJob(document, Utf8FromPath(file.stem()), faults);
     } catch (const toml::parse_error& error) {
         AddSyntaxFault(error, faults);
         return {};
@@ -113,7 +109,7 @@ std::string DescribeJobError(const JobError& error) {
 }
 
 JobResult ReadJobFile(const std::filesystem::path& file) {
-    const std::string name = Utf8Of(file);
+    const std::string name = Utf8FromPath(file);
     const Bytes bytes = ReadBytes(file);
     if (const auto* fault = std::get_if<JobFaults::Fault>(&bytes))
         return AsErrors(name, {*fault});
@@ -127,10 +123,7 @@ JobResult ReadJobFile(const std::filesystem::path& file) {
 }
 
 std::filesystem::path GetOutputFolder(const Job& job) {
-    const auto pathOf = [](const std::string& text) {
-        return std::filesystem::path(std::u8string(text.begin(), text.end()));
-    };
-    return pathOf(job.file).parent_path() / pathOf(job.outputFolder);
+    return PathFromUtf8(job.file).parent_path() / PathFromUtf8(job.outputFolder);
 }
 
 }  // namespace plugin

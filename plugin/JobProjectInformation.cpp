@@ -1,5 +1,7 @@
 #include "plugin/JobProjectInformation.h"
 
+#include "plugin/ToArray.h"
+
 #include <cstdint>
 #include <iterator>
 
@@ -65,10 +67,6 @@ constexpr HeaderRow kHeaderRows[] = {
     {L"Delivery Date",          &CProjectInformation::GetDeliveryDate       },
     {L"Delivery Address",       &CProjectInformation::GetMxDeliveryAddress  },
 };
-
-ZetArray<ZetString> ToArray(const std::vector<ZetString>& lines) {
-    return ZetArray<ZetString>(lines.begin(), lines.end());
-}
 
 ZetString Joined(const std::vector<ZetString>& lines) {
     ZetString text;

@@ -18,7 +18,6 @@ namespace plugin {
 
 namespace {
 
-constexpr double kAnyLength = 1e9;
 constexpr std::size_t kCornersOfRectangle = 4;
 constexpr std::size_t kSizesOfNotch = 2;
 constexpr std::size_t kMostNotchValues = 3;

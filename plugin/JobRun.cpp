@@ -1,5 +1,8 @@
 #include "plugin/JobRun.h"
 
+#include "plugin/ToArray.h"
+#include "plugin/Utf8Path.h"
+
 #include "camdata/platform/Clock.h"
 #include "camdata/util/CMxUtil.h"
 
@@ -13,15 +16,9 @@ namespace plugin {
 
 namespace {
 
-template <typename T>
-ZetArray<T> ToArray(const std::vector<T>& values) {
-    return ZetArray<T>(values.begin(), values.end());
-}
-
 /// Text of a path, with a separator at the end when it is that of a folder ("" as its last name).
 ZetString TextOf(const std::filesystem::path& path) {
-    const std::u8string text = path.u8string();
-    return ZetString::fromUtf8(std::string(text.begin(), text.end()));
+    return ZetString::fromUtf8(Utf8FromPath(path));
 }
 
 /// The day that counts as today while a run of a job with a date lives.

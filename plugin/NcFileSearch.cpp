@@ -1,5 +1,6 @@
 #include "plugin/JobFile.h"
 #include "plugin/TextPattern.h"
+#include "plugin/Utf8Path.h"
 
 #include <algorithm>
 #include <map>
@@ -14,13 +15,10 @@ namespace {
 
 namespace fs = std::filesystem;
 
+/// With slashes on every system.
 std::string Utf8Of(const fs::path& path) {
     const std::u8string text = path.generic_u8string();
     return {text.begin(), text.end()};
-}
-
-fs::path PathOf(std::string_view text) {
-    return fs::path(std::u8string(text.begin(), text.end()));
 }
 
 bool HasWildcard(std::string_view text) {
@@ -73,8 +71,8 @@ class NcFileSearch {
                        const fs::path& pattern,
                        std::vector<fs::path>& found) {
         for (const std::string& name : ListFolder(folder))
-            if (FitsName(pattern, PathOf(name)))
-                found.push_back(folder / PathOf(name));
+            if (FitsName(pattern, PathFromUtf8(name)))
+                found.push_back(folder / PathFromUtf8(name));
     }
 
     /// Also true for a name that no folder lists, such as "..", and in a folder that cannot be
@@ -104,12 +102,12 @@ class NcFileSearch {
 }  // namespace
 
 NcFilesResult ExpandNcFiles(const Job& job) {
-    const fs::path folder = PathOf(job.file).parent_path();
+    const fs::path folder = PathFromUtf8(job.file).parent_path();
     NcFileSearch search;
     std::map<std::string, fs::path> files;
     std::vector<JobError> errors;
     for (const NcFilePattern& pattern : job.ncFiles) {
-        const fs::path path = PathOf(pattern.text);
+        const fs::path path = PathFromUtf8(pattern.text);
         const std::vector<fs::path> found =
             search.Find(path.has_root_path() ? path.root_path() : folder,
                         path.relative_path().lexically_normal());

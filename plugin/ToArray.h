@@ -1,0 +1,14 @@
+#pragma once
+
+#include "camdata/platform/ZetArray.h"
+
+#include <vector>
+
+namespace plugin {
+
+template <typename T>
+ZetArray<T> ToArray(const std::vector<T>& values) {
+    return ZetArray<T>(values.begin(), values.end());
+}
+
+}  // namespace plugin
