@@ -1,10 +1,10 @@
 #pragma once
 
 #include "camdata/holes/eHoleFace.h"
-#include "camdata/platform/ZetArray.h"
 #include "camdata/platform/ZetGeomPoint2d.h"
 #include "camdata/platform/ZetNCHoleData.h"
 #include "camdata/platform/ZetString.h"
+#include "camdata/platform/base/ZetArray.h"
 
 #include <variant>
 #include <vector>

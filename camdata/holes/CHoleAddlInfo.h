@@ -5,11 +5,11 @@
 #include "camdata/holes/eHoleMsgType.h"
 #include "camdata/holes/eHoleShapeType.h"
 #include "camdata/holes/eHoleStatus.h"
-#include "camdata/platform/Export.h"
-#include "camdata/platform/ZetArray.h"
 #include "camdata/platform/ZetGeomVector2d.h"
 #include "camdata/platform/ZetNCHoleData.h"
 #include "camdata/platform/ZetString.h"
+#include "camdata/platform/base/Export.h"
+#include "camdata/platform/base/ZetArray.h"
 #include "camdata/rules/CMemTypeAndAttrib.h"
 
 #include <utility>

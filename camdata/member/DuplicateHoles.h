@@ -2,7 +2,7 @@
 
 #include "camdata/holes/CHoleAddlInfo.h"
 #include "camdata/member/Duplicates.h"
-#include "camdata/platform/ZetArray.h"
+#include "camdata/platform/base/ZetArray.h"
 
 namespace camdata::detail {
 

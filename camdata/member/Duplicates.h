@@ -1,6 +1,6 @@
 #pragma once
 
-#include "camdata/platform/ZetArray.h"
+#include "camdata/platform/base/ZetArray.h"
 
 #include <algorithm>
 #include <utility>

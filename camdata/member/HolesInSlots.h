@@ -1,7 +1,7 @@
 #pragma once
 
 #include "camdata/holes/CHoleAddlInfo.h"
-#include "camdata/platform/ZetArray.h"
+#include "camdata/platform/base/ZetArray.h"
 
 #include <vector>
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "camdata/nesting/CMxParts.h"
-#include "camdata/platform/ZetArray.h"
+#include "camdata/platform/base/ZetArray.h"
 
 #include <cstddef>
 #include <vector>
@@ -20,8 +20,8 @@ class LengthIndex {
     /// Takes a part out.
     void Remove(long part);
 
-    /// The first part at or behind `part` whose length `fits`, -1 when there is none. What fits must
-    /// fit when it is shorter; an endless length must not.
+    /// The first part at or behind `part` whose length `fits`, -1 when there is none. What fits
+    /// must fit when it is shorter; an endless length must not.
     template <typename Fits>
     long FindFrom(long part, const Fits& fits) const {
         if (static_cast<std::size_t>(part) >= m_leaves)

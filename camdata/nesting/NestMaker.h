@@ -3,7 +3,7 @@
 #include "camdata/nesting/CMxNestParts.h"
 #include "camdata/nesting/CMxParts.h"
 #include "camdata/nesting/LengthIndex.h"
-#include "camdata/platform/ZetArray.h"
+#include "camdata/platform/base/ZetArray.h"
 
 #include <vector>
 

@@ -5,12 +5,12 @@
 #include "camdata/holes/eHoleMsgType.h"
 #include "camdata/notches/SCheckNotch.h"
 #include "camdata/notches/eNotchStatus.h"
-#include "camdata/platform/Export.h"
-#include "camdata/platform/ZetArray.h"
 #include "camdata/platform/ZetGeomAugPolygon.h"
 #include "camdata/platform/ZetGeomPoint2d.h"
 #include "camdata/platform/ZetNCContour.h"
 #include "camdata/platform/ZetString.h"
+#include "camdata/platform/base/Export.h"
+#include "camdata/platform/base/ZetArray.h"
 
 /// One notch of a member: an area cut from its flat part, or an opening, in one view. A value; mm.
 ///

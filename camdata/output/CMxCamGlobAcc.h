@@ -6,11 +6,11 @@
 #include "camdata/output/CMxPeilaibArr.h"
 #include "camdata/output/FileFault.h"
 #include "camdata/output/eHanding.h"
-#include "camdata/platform/Export.h"
-#include "camdata/platform/ZetArray.h"
 #include "camdata/platform/ZetFileAccess.h"
 #include "camdata/platform/ZetNCProjectData.h"
 #include "camdata/platform/ZetString.h"
+#include "camdata/platform/base/Export.h"
+#include "camdata/platform/base/ZetArray.h"
 
 #include <memory>
 #include <utility>

@@ -1,10 +1,10 @@
 #pragma once
 
 #include "camdata/output/FileFault.h"
-#include "camdata/platform/Export.h"
-#include "camdata/platform/ZetArray.h"
 #include "camdata/platform/ZetFileAccess.h"
 #include "camdata/platform/ZetString.h"
+#include "camdata/platform/base/Export.h"
+#include "camdata/platform/base/ZetArray.h"
 
 #include <memory>
 #include <utility>

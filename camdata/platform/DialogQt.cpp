@@ -1,5 +1,5 @@
 #include "camdata/platform/Dialog.h"
-#include "camdata/platform/ZetAssert.h"
+#include "camdata/platform/base/ZetAssert.h"
 
 #include <algorithm>
 #include <clocale>

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "camdata/platform/Export.h"
 #include "camdata/platform/ZetString.h"
+#include "camdata/platform/base/Export.h"
 
 #include <cstdint>
 #include <memory>
@@ -54,9 +54,9 @@ class CAMDATA_API ZetFileAccess {
     bool WriteFormat(ZetFormatString<std::type_identity_t<Args>...> format, const Args&... args) {
         return Write(ZetString::format(format, args...));
     }
-    /// The next character, kEndOfFile at the end and after a fault; a U+FFFF in the file, which is no
-    /// character, looks the same. Bytes that are not UTF-8 read as U+FFFD; on Windows a character
-    /// beyond U+FFFF comes as its two halves.
+    /// The next character, kEndOfFile at the end and after a fault; a U+FFFF in the file, which is
+    /// no character, looks the same. Bytes that are not UTF-8 read as U+FFFD; on Windows a
+    /// character beyond U+FFFF comes as its two halves.
     wchar_t ReadChar();
 
     /// The position of the next write or read, in bytes from the start; -1 when no file is open.

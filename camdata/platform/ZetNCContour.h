@@ -1,6 +1,6 @@
 #pragma once
 
-#include "camdata/platform/ZetArray.h"
+#include "camdata/platform/base/ZetArray.h"
 
 /// One contour of a view, in the view's 2-D coordinates, mm. A plain value.
 ///

@@ -1,9 +1,9 @@
 #pragma once
 
 #include "camdata/platform/IHostObject.h"
-#include "camdata/platform/ZetArray.h"
 #include "camdata/platform/ZetNCHeaderData.h"
 #include "camdata/platform/ZetNCStructure.h"
+#include "camdata/platform/base/ZetArray.h"
 
 /// One part of the model as its host offers it to NC output. Hosts implement it and own it.
 class ZetNCEntity {

@@ -4,10 +4,10 @@
 #include "camdata/output/FileFault.h"
 #include "camdata/platform/Clock.h"
 #include "camdata/platform/DialogResult.h"
-#include "camdata/platform/Export.h"
-#include "camdata/platform/ZetArray.h"
 #include "camdata/platform/ZetNCProjectData.h"
 #include "camdata/platform/ZetString.h"
+#include "camdata/platform/base/Export.h"
+#include "camdata/platform/base/ZetArray.h"
 
 #include <cstdint>
 #include <optional>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "camdata/platform/Export.h"
+#include "camdata/platform/base/Export.h"
 
 /// Explicit section attributes of a member. A value; mm.
 class CAMDATA_API CMemAttrib {

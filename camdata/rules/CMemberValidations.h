@@ -1,7 +1,7 @@
 #pragma once
 
-#include "camdata/platform/Export.h"
-#include "camdata/platform/ZetArray.h"
+#include "camdata/platform/base/Export.h"
+#include "camdata/platform/base/ZetArray.h"
 #include "camdata/rules/eReportingTypes.h"
 #include "camdata/rules/eValidationTypes.h"
 

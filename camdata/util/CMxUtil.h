@@ -1,13 +1,13 @@
 #pragma once
 
-#include "camdata/platform/Export.h"
 #include "camdata/platform/ICS3d.h"
 #include "camdata/platform/Modules.h"
-#include "camdata/platform/ZetArray.h"
 #include "camdata/platform/ZetFileAccess.h"
 #include "camdata/platform/ZetGeomPoint3d.h"
 #include "camdata/platform/ZetGeomVector3d.h"
 #include "camdata/platform/ZetString.h"
+#include "camdata/platform/base/Export.h"
+#include "camdata/platform/base/ZetArray.h"
 
 /// Text utilities of the reports, and printing on the host's command line.
 ///

@@ -1,9 +1,9 @@
 #pragma once
 
-#include "camdata/platform/Export.h"
 #include "camdata/platform/IEqualPartObject.h"
 #include "camdata/platform/ZetNCCreator.h"
 #include "camdata/platform/ZetString.h"
+#include "camdata/platform/base/Export.h"
 
 /// Asks the host for the name and the folder of the current drawing. Always 0: what the host does
 /// not tell, and outside a host both, stays as it was.

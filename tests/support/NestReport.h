@@ -3,7 +3,7 @@
 #include "support/PlainNesting.h"
 
 #include "camdata/nesting/CMxNestParts.h"
-#include "camdata/platform/ZetArray.h"
+#include "camdata/platform/base/ZetArray.h"
 
 #include <string>
 #include <vector>

@@ -2,7 +2,7 @@
 #include "camdata/platform/Clock.h"
 #include "camdata/platform/DialogWindow.h"
 #include "camdata/platform/MxSettings.h"
-#include "camdata/platform/ZetAssert.h"
+#include "camdata/platform/base/ZetAssert.h"
 
 #include <array>
 #include <cstdlib>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "camdata/platform/Export.h"
+#include "camdata/platform/base/Export.h"
 
 #include <stdexcept>
 #include <string>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "camdata/platform/ZetAssert.h"
+#include "camdata/platform/base/ZetAssert.h"
 
 #include <algorithm>
 #include <initializer_list>

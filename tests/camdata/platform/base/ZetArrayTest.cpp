@@ -1,6 +1,6 @@
 #include "support/AssertionOf.h"
 
-#include "camdata/platform/ZetArray.h"
+#include "camdata/platform/base/ZetArray.h"
 
 #include <string>
 
@@ -31,7 +31,7 @@ TEST(ZetArrayTest, TellsTheHandlerTextFileAndLineFirst) {
     });
     EXPECT_EQ(AssertionOf([] { ZetArray<int>()[0] = 1; }), "isValid( index )");
     SetZetAssertHandler(nullptr);
-    EXPECT_EQ(seen, "isValid( index ) camdata/platform/ZetArray.h with line");
+    EXPECT_EQ(seen, "isValid( index ) camdata/platform/base/ZetArray.h with line");
 }
 
 TEST(ZetArrayTest, AppendsItsOwnElements) {

@@ -1,4 +1,4 @@
-#include "camdata/platform/ZetAssert.h"
+#include "camdata/platform/base/ZetAssert.h"
 
 #include <utility>
 
