@@ -1,7 +1,7 @@
 #include "support/HoleBuilder.h"
 
 #include "camdata/holes/CMxGeom.h"
-#include "camdata/platform/ZetString.h"
+#include "camdata/platform/text/ZetString.h"
 
 #include <cstdio>
 #include <cstdlib>

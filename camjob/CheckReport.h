@@ -6,7 +6,7 @@
 #include "plugin/JobRules.h"
 
 #include "camdata/platform/ZetNCHeaderData.h"
-#include "camdata/platform/ZetString.h"
+#include "camdata/platform/text/ZetString.h"
 
 #include <optional>
 #include <variant>

@@ -3,7 +3,7 @@
 #include "camjob/CheckReport.h"
 #include "dstv/NcNote.h"
 
-#include "camdata/platform/ZetString.h"
+#include "camdata/platform/text/ZetString.h"
 
 #include <cstddef>
 #include <map>

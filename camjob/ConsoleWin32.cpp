@@ -1,6 +1,6 @@
 #include "camjob/Console.h"
 
-#include "camdata/platform/ZetString.h"
+#include "camdata/platform/text/ZetString.h"
 
 #include <cerrno>
 #include <fcntl.h>

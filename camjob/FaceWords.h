@@ -1,7 +1,7 @@
 #pragma once
 
 #include "camdata/holes/eHoleFace.h"
-#include "camdata/platform/ZetString.h"
+#include "camdata/platform/text/ZetString.h"
 
 namespace camjob {
 

@@ -1,6 +1,6 @@
 #include "camjob/Progress.h"
 
-#include "camdata/platform/ZetString.h"
+#include "camdata/platform/text/ZetString.h"
 
 #include <algorithm>
 #include <cmath>

@@ -2,7 +2,7 @@
 
 #include "plugin/JobRun.h"
 
-#include "camdata/platform/ZetString.h"
+#include "camdata/platform/text/ZetString.h"
 
 #include <cstdint>
 #include <string>

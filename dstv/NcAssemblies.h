@@ -2,7 +2,7 @@
 
 #include "dstv/NcHost.h"
 
-#include "camdata/platform/ZetString.h"
+#include "camdata/platform/text/ZetString.h"
 
 #include <map>
 #include <vector>

@@ -4,7 +4,7 @@
 
 #include "camdata/platform/ZetGeomPlane.h"
 #include "camdata/platform/ZetGeomPoint2d.h"
-#include "camdata/platform/ZetString.h"
+#include "camdata/platform/text/ZetString.h"
 
 #include <array>
 #include <optional>

@@ -2,8 +2,8 @@
 
 #include "camdata/nesting/CMxNestParts.h"
 #include "camdata/nesting/CMxParts.h"
-#include "camdata/platform/ZetString.h"
 #include "camdata/platform/base/ZetArray.h"
+#include "camdata/platform/text/ZetString.h"
 
 #include <vector>
 

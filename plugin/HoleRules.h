@@ -5,7 +5,7 @@
 #include "camdata/holes/CHoleAddlInfo.h"
 #include "camdata/holes/CHoleOutPutCode.h"
 #include "camdata/holes/CHoleRule.h"
-#include "camdata/platform/ZetString.h"
+#include "camdata/platform/text/ZetString.h"
 
 #include <vector>
 

@@ -5,7 +5,7 @@
 #include "camdata/member/eSortOrder.h"
 #include "camdata/notches/SCheckNotch.h"
 #include "camdata/platform/Clock.h"
-#include "camdata/platform/ZetString.h"
+#include "camdata/platform/text/ZetString.h"
 #include "camdata/rules/CMemTypeAndAttrib.h"
 #include "camdata/rules/CMemberValidations.h"
 

@@ -2,8 +2,8 @@
 
 #include "plugin/Job.h"
 
-#include "camdata/platform/ZetString.h"
 #include "camdata/platform/base/ZetArray.h"
+#include "camdata/platform/text/ZetString.h"
 #include "camdata/project/CProjectInformation.h"
 
 namespace plugin {

@@ -5,7 +5,7 @@
 #include "plugin/JobWords.h"
 #include "plugin/MachineRecord.h"
 
-#include "camdata/platform/ZetFormat.h"
+#include "camdata/platform/text/ZetFormat.h"
 #include "camdata/util/CMxUtil.h"
 
 #include <algorithm>

@@ -5,7 +5,7 @@
 
 #include "camdata/holes/CMxSingleMemValidation.h"
 #include "camdata/platform/ZetNCCreator.h"
-#include "camdata/platform/ZetString.h"
+#include "camdata/platform/text/ZetString.h"
 
 #include <set>
 #include <vector>

@@ -3,8 +3,8 @@
 #include "camdata/holes/eHoleFace.h"
 #include "camdata/platform/ZetGeomPoint2d.h"
 #include "camdata/platform/ZetNCHoleData.h"
-#include "camdata/platform/ZetString.h"
 #include "camdata/platform/base/ZetArray.h"
+#include "camdata/platform/text/ZetString.h"
 
 #include <variant>
 #include <vector>

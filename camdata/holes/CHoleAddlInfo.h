@@ -7,9 +7,9 @@
 #include "camdata/holes/eHoleStatus.h"
 #include "camdata/platform/ZetGeomVector2d.h"
 #include "camdata/platform/ZetNCHoleData.h"
-#include "camdata/platform/ZetString.h"
 #include "camdata/platform/base/Export.h"
 #include "camdata/platform/base/ZetArray.h"
+#include "camdata/platform/text/ZetString.h"
 #include "camdata/rules/CMemTypeAndAttrib.h"
 
 #include <utility>

@@ -2,9 +2,9 @@
 
 #include "camdata/holes/CHoleCode.h"
 #include "camdata/holes/eHoleShapeType.h"
-#include "camdata/platform/ZetString.h"
 #include "camdata/platform/base/Export.h"
 #include "camdata/platform/base/ZetArray.h"
+#include "camdata/platform/text/ZetString.h"
 
 #include <utility>
 

@@ -1,6 +1,6 @@
 #include "camdata/holes/CMxGeom.h"
 
-#include "camdata/platform/FixedPoint.h"
+#include "camdata/platform/text/FixedPoint.h"
 
 #include <array>
 #include <cmath>

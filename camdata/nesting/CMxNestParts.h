@@ -1,9 +1,9 @@
 #pragma once
 
 #include "camdata/nesting/CMxParts.h"
-#include "camdata/platform/ZetString.h"
 #include "camdata/platform/base/Export.h"
 #include "camdata/platform/base/ZetArray.h"
+#include "camdata/platform/text/ZetString.h"
 
 namespace camdata::detail {
 class NestMaker;

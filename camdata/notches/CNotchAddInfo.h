@@ -8,9 +8,9 @@
 #include "camdata/platform/ZetGeomAugPolygon.h"
 #include "camdata/platform/ZetGeomPoint2d.h"
 #include "camdata/platform/ZetNCContour.h"
-#include "camdata/platform/ZetString.h"
 #include "camdata/platform/base/Export.h"
 #include "camdata/platform/base/ZetArray.h"
+#include "camdata/platform/text/ZetString.h"
 
 /// One notch of a member: an area cut from its flat part, or an opening, in one view. A value; mm.
 ///

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "camdata/holes/eHoleFace.h"
-#include "camdata/platform/ZetString.h"
 #include "camdata/platform/base/ZetArray.h"
+#include "camdata/platform/text/ZetString.h"
 
 #include <cstdint>
 

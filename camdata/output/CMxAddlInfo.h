@@ -2,9 +2,9 @@
 
 #include "camdata/output/CMxPeilaibArr.h"
 #include "camdata/platform/ZetFileAccess.h"
-#include "camdata/platform/ZetString.h"
 #include "camdata/platform/base/Export.h"
 #include "camdata/platform/base/ZetArray.h"
+#include "camdata/platform/text/ZetString.h"
 
 /// The summary of a run: blocks of lines, one line per member (mark, profile name, quantity). Block
 /// 0 has the lines of all members, the others those of the members that name them

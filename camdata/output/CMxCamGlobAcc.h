@@ -8,9 +8,9 @@
 #include "camdata/output/eHanding.h"
 #include "camdata/platform/ZetFileAccess.h"
 #include "camdata/platform/ZetNCProjectData.h"
-#include "camdata/platform/ZetString.h"
 #include "camdata/platform/base/Export.h"
 #include "camdata/platform/base/ZetArray.h"
+#include "camdata/platform/text/ZetString.h"
 
 #include <memory>
 #include <utility>

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "camdata/platform/ZetFileAccess.h"
-#include "camdata/platform/ZetString.h"
+#include "camdata/platform/text/ZetString.h"
 
 /// A file that could not be opened, written or closed. A plain value.
 struct FileFault {

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "camdata/platform/IHostObject.h"
-#include "camdata/platform/ZetString.h"
+#include "camdata/platform/text/ZetString.h"
 
 /// The host's view of a part that stands for all equal parts of the model.
 class IEqualPartObject : public IHostObject {

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "camdata/platform/IHostObject.h"
-#include "camdata/platform/ZetString.h"
+#include "camdata/platform/text/ZetString.h"
 
 /// The host's structural side of a part; knows the name of its section.
 class IStructureObject : public IHostObject {

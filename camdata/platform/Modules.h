@@ -1,7 +1,7 @@
 #pragma once
 
-#include "camdata/platform/ZetString.h"
 #include "camdata/platform/base/Export.h"
+#include "camdata/platform/text/ZetString.h"
 
 #include <array>
 #include <cstdint>

@@ -1,7 +1,7 @@
 #include "camdata/platform/ZetFileAccess.h"
 
 #include "camdata/platform/OsFile.h"
-#include "camdata/platform/Unicode.h"
+#include "camdata/platform/text/Unicode.h"
 
 #include <algorithm>
 #include <cerrno>

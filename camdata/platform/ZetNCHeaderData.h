@@ -1,6 +1,6 @@
 #pragma once
 
-#include "camdata/platform/ZetString.h"
+#include "camdata/platform/text/ZetString.h"
 
 /// The header of one member's NC data. A plain value; lengths in mm.
 struct ZetNCHeaderData {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "camdata/platform/ZetString.h"
+#include "camdata/platform/text/ZetString.h"
 
 /// One text marked on a view, in the view's 2-D coordinates, mm and degrees.
 struct ZetNCNumeration {

@@ -5,9 +5,9 @@
 #include "camdata/platform/Clock.h"
 #include "camdata/platform/DialogResult.h"
 #include "camdata/platform/ZetNCProjectData.h"
-#include "camdata/platform/ZetString.h"
 #include "camdata/platform/base/Export.h"
 #include "camdata/platform/base/ZetArray.h"
+#include "camdata/platform/text/ZetString.h"
 
 #include <cstdint>
 #include <optional>

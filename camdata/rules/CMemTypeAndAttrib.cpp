@@ -1,6 +1,6 @@
 #include "camdata/rules/CMemTypeAndAttrib.h"
 
-#include "camdata/platform/FixedPoint.h"
+#include "camdata/platform/text/FixedPoint.h"
 
 namespace {
 

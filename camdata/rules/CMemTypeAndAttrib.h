@@ -1,8 +1,8 @@
 #pragma once
 
 #include "camdata/platform/ZetNCHeaderData.h"
-#include "camdata/platform/ZetString.h"
 #include "camdata/platform/base/Export.h"
+#include "camdata/platform/text/ZetString.h"
 #include "camdata/rules/CMemAttrib.h"
 #include "camdata/rules/eProfPropType.h"
 

@@ -5,9 +5,9 @@
 #include "camdata/platform/ZetFileAccess.h"
 #include "camdata/platform/ZetGeomPoint3d.h"
 #include "camdata/platform/ZetGeomVector3d.h"
-#include "camdata/platform/ZetString.h"
 #include "camdata/platform/base/Export.h"
 #include "camdata/platform/base/ZetArray.h"
+#include "camdata/platform/text/ZetString.h"
 
 /// Text utilities of the reports, and printing on the host's command line.
 ///

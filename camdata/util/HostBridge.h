@@ -2,8 +2,8 @@
 
 #include "camdata/platform/IEqualPartObject.h"
 #include "camdata/platform/ZetNCCreator.h"
-#include "camdata/platform/ZetString.h"
 #include "camdata/platform/base/Export.h"
+#include "camdata/platform/text/ZetString.h"
 
 /// Asks the host for the name and the folder of the current drawing. Always 0: what the host does
 /// not tell, and outside a host both, stays as it was.

@@ -3,7 +3,7 @@
 #include "support/PlainSort.h"
 
 #include "camdata/holes/CMxGeom.h"
-#include "camdata/platform/ZetString.h"
+#include "camdata/platform/text/ZetString.h"
 
 #include <algorithm>
 #include <cmath>

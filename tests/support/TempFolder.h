@@ -1,6 +1,6 @@
 #pragma once
 
-#include "camdata/platform/ZetString.h"
+#include "camdata/platform/text/ZetString.h"
 
 #include <filesystem>
 #include <fstream>

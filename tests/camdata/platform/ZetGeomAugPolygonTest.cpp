@@ -2,7 +2,7 @@
 
 #include "camdata/platform/SelfCrossing.h"
 #include "camdata/platform/ZetGeomAugPolygon.h"
-#include "camdata/platform/ZetString.h"
+#include "camdata/platform/text/ZetString.h"
 
 #include <limits>
 #include <set>

@@ -1,7 +1,7 @@
-#include "camdata/platform/ZetString.h"
+#include "camdata/platform/text/ZetString.h"
 
-#include "camdata/platform/FixedPoint.h"
-#include "camdata/platform/Unicode.h"
+#include "camdata/platform/text/FixedPoint.h"
+#include "camdata/platform/text/Unicode.h"
 
 #include <algorithm>
 

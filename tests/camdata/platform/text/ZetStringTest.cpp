@@ -1,4 +1,4 @@
-#include "camdata/platform/ZetString.h"
+#include "camdata/platform/text/ZetString.h"
 
 #include <cmath>
 #include <limits>

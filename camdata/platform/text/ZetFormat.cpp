@@ -1,6 +1,6 @@
-#include "camdata/platform/ZetFormat.h"
+#include "camdata/platform/text/ZetFormat.h"
 
-#include "camdata/platform/FixedPoint.h"
+#include "camdata/platform/text/FixedPoint.h"
 
 #include <algorithm>
 #include <array>

@@ -1,5 +1,5 @@
 #include "camdata/holes/CMxGeom.h"
-#include "camdata/platform/FixedPoint.h"
+#include "camdata/platform/text/FixedPoint.h"
 
 #include <cmath>
 #include <cstdio>

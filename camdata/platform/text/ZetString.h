@@ -1,7 +1,7 @@
 #pragma once
 
-#include "camdata/platform/ZetFormat.h"
 #include "camdata/platform/base/Export.h"
+#include "camdata/platform/text/ZetFormat.h"
 
 #include <compare>
 #include <string>

@@ -1,4 +1,4 @@
-#include "camdata/platform/Unicode.h"
+#include "camdata/platform/text/Unicode.h"
 
 #if defined(_WIN32)
 #include <windows.h>

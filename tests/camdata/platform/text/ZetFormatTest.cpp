@@ -1,5 +1,5 @@
-#include "camdata/platform/ZetFormat.h"
-#include "camdata/platform/ZetString.h"
+#include "camdata/platform/text/ZetFormat.h"
+#include "camdata/platform/text/ZetString.h"
 
 #include <clocale>
 #include <cmath>

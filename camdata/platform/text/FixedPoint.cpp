@@ -1,4 +1,4 @@
-#include "camdata/platform/FixedPoint.h"
+#include "camdata/platform/text/FixedPoint.h"
 
 #include <array>
 #include <charconv>
