@@ -6,7 +6,7 @@
 #include "camjob/OutputDisk.h"
 #include "camjob/RunCommand.h"
 
-#include "camdata/platform/Modules.h"
+#include "camdata/platform/system/Modules.h"
 #include "camdata/util/CMxUtil.h"
 
 #include <CLI/CLI.hpp>

@@ -4,7 +4,7 @@
 #include "camdata/holes/eHoleShapeType.h"
 #include "camdata/member/eSortOrder.h"
 #include "camdata/notches/SCheckNotch.h"
-#include "camdata/platform/Clock.h"
+#include "camdata/platform/system/Clock.h"
 #include "camdata/platform/text/ZetString.h"
 #include "camdata/rules/CMemTypeAndAttrib.h"
 #include "camdata/rules/CMemberValidations.h"

@@ -3,7 +3,7 @@
 #include "plugin/ToArray.h"
 #include "plugin/Utf8Path.h"
 
-#include "camdata/platform/Clock.h"
+#include "camdata/platform/system/Clock.h"
 #include "camdata/util/CMxUtil.h"
 
 #include <algorithm>

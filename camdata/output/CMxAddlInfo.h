@@ -1,9 +1,9 @@
 #pragma once
 
 #include "camdata/output/CMxPeilaibArr.h"
-#include "camdata/platform/ZetFileAccess.h"
 #include "camdata/platform/base/Export.h"
 #include "camdata/platform/base/ZetArray.h"
+#include "camdata/platform/system/ZetFileAccess.h"
 #include "camdata/platform/text/ZetString.h"
 
 /// The summary of a run: blocks of lines, one line per member (mark, profile name, quantity). Block

@@ -1,9 +1,9 @@
 #pragma once
 
 #include "camdata/output/FileFault.h"
-#include "camdata/platform/ZetFileAccess.h"
 #include "camdata/platform/base/Export.h"
 #include "camdata/platform/base/ZetArray.h"
+#include "camdata/platform/system/ZetFileAccess.h"
 #include "camdata/platform/text/ZetString.h"
 
 #include <memory>

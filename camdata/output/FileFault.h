@@ -1,6 +1,6 @@
 #pragma once
 
-#include "camdata/platform/ZetFileAccess.h"
+#include "camdata/platform/system/ZetFileAccess.h"
 #include "camdata/platform/text/ZetString.h"
 
 /// A file that could not be opened, written or closed. A plain value.

@@ -1,5 +1,5 @@
 #include "camdata/platform/Dialog.h"
-#include "camdata/platform/Modules.h"
+#include "camdata/platform/system/Modules.h"
 
 #include <dlfcn.h>
 #include <link.h>

@@ -1,6 +1,6 @@
 #include "camdata/platform/Dialog.h"
-#include "camdata/platform/Modules.h"
 #include "camdata/platform/base/ZetAssert.h"
+#include "camdata/platform/system/Modules.h"
 
 #include <algorithm>
 #include <string>

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "camdata/platform/Clock.h"
 #include "camdata/platform/base/Export.h"
+#include "camdata/platform/system/Clock.h"
 #include "camdata/platform/text/ZetString.h"
 
 #include <functional>

@@ -1,6 +1,6 @@
 #include "camdata/project/CProjectInformation.h"
 
-#include "camdata/platform/ZetFileAccess.h"
+#include "camdata/platform/system/ZetFileAccess.h"
 #include "camdata/project/CProjectInformationDlg.h"
 
 #include <algorithm>

@@ -1,6 +1,6 @@
 #include "camdata/project/CProjectInformationDlg.h"
 
-#include "camdata/platform/OsFile.h"
+#include "camdata/platform/system/FileDescriptor.h"
 
 #include <algorithm>
 #include <iterator>

@@ -1,12 +1,12 @@
 #pragma once
 
 #include "camdata/platform/ICS3d.h"
-#include "camdata/platform/Modules.h"
-#include "camdata/platform/ZetFileAccess.h"
 #include "camdata/platform/ZetGeomPoint3d.h"
 #include "camdata/platform/ZetGeomVector3d.h"
 #include "camdata/platform/base/Export.h"
 #include "camdata/platform/base/ZetArray.h"
+#include "camdata/platform/system/Modules.h"
+#include "camdata/platform/system/ZetFileAccess.h"
 #include "camdata/platform/text/ZetString.h"
 
 /// Text utilities of the reports, and printing on the host's command line.

@@ -1,7 +1,7 @@
 #include "camdata/util/HostBridge.h"
 
 #include "camdata/platform/HostFunctions.h"
-#include "camdata/platform/Modules.h"
+#include "camdata/platform/system/Modules.h"
 #include "camdata/util/ModelInterface.h"
 
 namespace {

@@ -1,8 +1,8 @@
 #include "camdata/holes/CMxGeom.h"
-#include "camdata/platform/Clock.h"
 #include "camdata/platform/DialogWindow.h"
 #include "camdata/platform/MxSettings.h"
 #include "camdata/platform/base/ZetAssert.h"
+#include "camdata/platform/system/Clock.h"
 
 #include <array>
 #include <cstdlib>

@@ -3,9 +3,9 @@
 #include "support/TempFolder.h"
 
 #include "camdata/output/CMxCamGlobAcc.h"
-#include "camdata/platform/Clock.h"
 #include "camdata/platform/DialogWindow.h"
-#include "camdata/platform/Modules.h"
+#include "camdata/platform/system/Clock.h"
+#include "camdata/platform/system/Modules.h"
 #include "camdata/project/CProjectInformation.h"
 
 #include <algorithm>

@@ -1,6 +1,6 @@
 // A program that is no host: it exports no print function, and no host module is loaded.
 
-#include "camdata/platform/Modules.h"
+#include "camdata/platform/system/Modules.h"
 #include "camdata/util/CMxUtil.h"
 #include "camdata/util/HostBridge.h"
 

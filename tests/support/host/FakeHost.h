@@ -2,7 +2,7 @@
 
 #include "support/host/FakeHostModule.h"
 
-#include "camdata/platform/Modules.h"
+#include "camdata/platform/system/Modules.h"
 
 #include <ostream>
 #include <string>

@@ -1,7 +1,7 @@
 #include "support/TempFolder.h"
 #include "support/host/FakeHost.h"
 
-#include "camdata/platform/Modules.h"
+#include "camdata/platform/system/Modules.h"
 
 #include <filesystem>
 #include <string>

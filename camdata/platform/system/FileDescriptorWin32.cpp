@@ -1,4 +1,4 @@
-#include "camdata/platform/OsFile.h"
+#include "camdata/platform/system/FileDescriptor.h"
 
 #include <algorithm>
 #include <fcntl.h>

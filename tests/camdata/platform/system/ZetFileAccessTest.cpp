@@ -1,6 +1,6 @@
 #include "support/TempFolder.h"
 
-#include "camdata/platform/ZetFileAccess.h"
+#include "camdata/platform/system/ZetFileAccess.h"
 
 #include <cerrno>
 #include <filesystem>

@@ -1,6 +1,6 @@
-#include "camdata/platform/ZetFileAccess.h"
+#include "camdata/platform/system/ZetFileAccess.h"
 
-#include "camdata/platform/OsFile.h"
+#include "camdata/platform/system/FileDescriptor.h"
 #include "camdata/platform/text/Unicode.h"
 
 #include <algorithm>

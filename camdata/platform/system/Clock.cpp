@@ -1,4 +1,4 @@
-#include "camdata/platform/Clock.h"
+#include "camdata/platform/system/Clock.h"
 
 #include <chrono>
 

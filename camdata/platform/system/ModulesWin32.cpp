@@ -1,4 +1,4 @@
-#include "camdata/platform/Modules.h"
+#include "camdata/platform/system/Modules.h"
 
 #include <cstddef>
 #include <vector>
