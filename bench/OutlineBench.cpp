@@ -3,7 +3,7 @@
 
 #include "camdata/holes/CViewData.h"
 #include "camdata/notches/CNotchAddInfo.h"
-#include "camdata/platform/ZetGeomAugPolygon.h"
+#include "camdata/platform/geometry/ZetGeomAugPolygon.h"
 
 #include <algorithm>
 

@@ -3,7 +3,7 @@
 #include "dstv/NcPlanes.h"
 #include "dstv/NcText.h"
 
-#include "camdata/platform/SelfCrossing.h"
+#include "camdata/platform/geometry/SelfCrossing.h"
 
 #include <algorithm>
 #include <cmath>

@@ -2,7 +2,7 @@
 
 #include "dstv/NcGeometry.h"
 
-#include "camdata/platform/ZetGeomTol.h"
+#include "camdata/platform/geometry/ZetGeomTol.h"
 
 #include <algorithm>
 #include <cmath>

@@ -2,8 +2,8 @@
 
 #include "dstv/NcPart.h"
 
-#include "camdata/platform/ZetGeomPlane.h"
-#include "camdata/platform/ZetGeomPoint2d.h"
+#include "camdata/platform/geometry/ZetGeomPlane.h"
+#include "camdata/platform/geometry/ZetGeomPoint2d.h"
 
 #include <array>
 #include <optional>

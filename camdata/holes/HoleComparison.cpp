@@ -1,6 +1,6 @@
 #include "camdata/holes/CHoleAddlInfo.h"
 #include "camdata/holes/CMxGeom.h"
-#include "camdata/platform/ZetGeomTol.h"
+#include "camdata/platform/geometry/ZetGeomTol.h"
 
 bool CHoleAddlInfo::operator==(const CHoleAddlInfo& other) const {
     if (GetXPos() == other.GetXPos() && GetYPos() == other.GetYPos())

@@ -1,7 +1,7 @@
 #include "camdata/notches/CNotchAddInfo.h"
 
 #include "camdata/holes/CMxGeom.h"
-#include "camdata/platform/ZetGeomTol.h"
+#include "camdata/platform/geometry/ZetGeomTol.h"
 
 #include <array>
 #include <cmath>

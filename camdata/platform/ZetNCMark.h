@@ -1,7 +1,7 @@
 #pragma once
 
-#include "camdata/platform/ZetGeomPoint2d.h"
 #include "camdata/platform/base/ZetArray.h"
+#include "camdata/platform/geometry/ZetGeomPoint2d.h"
 
 /// One mark on a view: a single point or an open polyline, in the view's 2-D coordinates, mm.
 struct ZetNCMark {

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "camdata/platform/ZetGeomPoint2d.h"
 #include "camdata/platform/base/ZetArray.h"
+#include "camdata/platform/geometry/ZetGeomPoint2d.h"
 
 #include <algorithm>
 #include <cmath>

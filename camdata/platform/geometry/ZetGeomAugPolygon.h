@@ -1,8 +1,8 @@
 #pragma once
 
-#include "camdata/platform/ZetGeomPoint2d.h"
 #include "camdata/platform/base/Export.h"
 #include "camdata/platform/base/ZetArray.h"
+#include "camdata/platform/geometry/ZetGeomPoint2d.h"
 
 /// A closed polygon with straight edges in a plane, mm. A value; each vertex is held once.
 ///

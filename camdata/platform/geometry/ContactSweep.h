@@ -1,6 +1,6 @@
 #pragma once
 
-#include "camdata/platform/ZetGeomPoint2d.h"
+#include "camdata/platform/geometry/ZetGeomPoint2d.h"
 
 #include <cstddef>
 #include <optional>

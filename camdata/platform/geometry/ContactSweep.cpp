@@ -1,4 +1,4 @@
-#include "camdata/platform/ContactSweep.h"
+#include "camdata/platform/geometry/ContactSweep.h"
 
 #include <algorithm>
 #include <cmath>

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "camdata/platform/ZetGeomVector2d.h"
-#include "camdata/platform/ZetGeomVector3d.h"
 #include "camdata/platform/base/Export.h"
+#include "camdata/platform/geometry/ZetGeomVector2d.h"
+#include "camdata/platform/geometry/ZetGeomVector3d.h"
 
 /// A relative tolerance of directions. It never reads CMxGeom's current tolerance.
 struct CAMDATA_API ZetGeomTol {

@@ -1,4 +1,4 @@
-#include "camdata/platform/ZetGeomAugPolygon.h"
+#include "camdata/platform/geometry/ZetGeomAugPolygon.h"
 
 #include <algorithm>
 #include <cmath>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "camdata/platform/ZetGeomVector3d.h"
+#include "camdata/platform/geometry/ZetGeomVector3d.h"
 
 /// A point in space, mm. A plain value.
 struct ZetGeomPoint3d {

@@ -1,4 +1,4 @@
-#include "camdata/platform/ZetGeomTol.h"
+#include "camdata/platform/geometry/ZetGeomTol.h"
 
 #include <cmath>
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "camdata/platform/ZetGeomPoint3d.h"
-#include "camdata/platform/ZetGeomVector3d.h"
+#include "camdata/platform/geometry/ZetGeomPoint3d.h"
+#include "camdata/platform/geometry/ZetGeomVector3d.h"
 
 /// A plane with a coordinate frame of its own: origin and two unit axes at right angles, in the
 /// member's coordinates, mm. A plain value; the default is the plane z = 0.

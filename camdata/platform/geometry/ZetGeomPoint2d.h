@@ -1,6 +1,6 @@
 #pragma once
 
-#include "camdata/platform/ZetGeomVector2d.h"
+#include "camdata/platform/geometry/ZetGeomVector2d.h"
 
 /// A point in a plane, mm. A plain value.
 struct ZetGeomPoint2d {

@@ -1,5 +1,5 @@
-#include "camdata/platform/SelfCrossing.h"
-#include "camdata/platform/ZetGeomAugPolygon.h"
+#include "camdata/platform/geometry/SelfCrossing.h"
+#include "camdata/platform/geometry/ZetGeomAugPolygon.h"
 
 #include <algorithm>
 #include <array>

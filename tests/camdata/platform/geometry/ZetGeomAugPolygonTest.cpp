@@ -1,7 +1,7 @@
 #include "support/Outlines.h"
 
-#include "camdata/platform/SelfCrossing.h"
-#include "camdata/platform/ZetGeomAugPolygon.h"
+#include "camdata/platform/geometry/SelfCrossing.h"
+#include "camdata/platform/geometry/ZetGeomAugPolygon.h"
 #include "camdata/platform/text/ZetString.h"
 
 #include <limits>

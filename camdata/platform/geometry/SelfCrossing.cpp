@@ -1,6 +1,6 @@
-#include "camdata/platform/SelfCrossing.h"
+#include "camdata/platform/geometry/SelfCrossing.h"
 
-#include "camdata/platform/ContactSweep.h"
+#include "camdata/platform/geometry/ContactSweep.h"
 
 #include <algorithm>
 #include <cmath>
