@@ -5,7 +5,7 @@
 #include "plugin/JobMember.h"
 #include "plugin/JobRules.h"
 
-#include "camdata/platform/ZetNCHeaderData.h"
+#include "camdata/platform/host/ZetNCHeaderData.h"
 #include "camdata/platform/text/ZetString.h"
 
 #include <optional>

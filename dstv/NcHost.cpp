@@ -3,7 +3,7 @@
 #include "dstv/NcGeometry.h"
 #include "dstv/NcPlanes.h"
 
-#include "camdata/platform/IStructureObject.h"
+#include "camdata/platform/host/IStructureObject.h"
 
 #include <atomic>
 #include <map>

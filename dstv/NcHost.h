@@ -2,9 +2,9 @@
 
 #include "dstv/NcPart.h"
 
-#include "camdata/platform/HostPtr.h"
-#include "camdata/platform/IEqualPartObject.h"
-#include "camdata/platform/ZetNCEntity.h"
+#include "camdata/platform/host/HostPtr.h"
+#include "camdata/platform/host/IEqualPartObject.h"
+#include "camdata/platform/host/ZetNCEntity.h"
 
 #include <vector>
 

@@ -2,7 +2,7 @@
 
 #include "plugin/Job.h"
 
-#include "camdata/platform/ZetNCStructure.h"
+#include "camdata/platform/host/ZetNCStructure.h"
 
 namespace plugin {
 

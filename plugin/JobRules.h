@@ -4,7 +4,7 @@
 #include "plugin/Job.h"
 
 #include "camdata/holes/CMxSingleMemValidation.h"
-#include "camdata/platform/ZetNCCreator.h"
+#include "camdata/platform/host/ZetNCCreator.h"
 #include "camdata/platform/text/ZetString.h"
 
 #include <set>

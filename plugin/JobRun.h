@@ -8,7 +8,7 @@
 
 #include "camdata/output/CMxCamGlobAcc.h"
 #include "camdata/output/FileFault.h"
-#include "camdata/platform/ZetNCEntity.h"
+#include "camdata/platform/host/ZetNCEntity.h"
 #include "camdata/project/CProjectInformation.h"
 
 #include <cstddef>

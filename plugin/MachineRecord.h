@@ -1,9 +1,9 @@
 #pragma once
 
 #include "camdata/holes/eHoleFace.h"
-#include "camdata/platform/ZetNCHoleData.h"
 #include "camdata/platform/base/ZetArray.h"
 #include "camdata/platform/geometry/ZetGeomPoint2d.h"
+#include "camdata/platform/host/ZetNCHoleData.h"
 #include "camdata/platform/text/ZetString.h"
 
 #include <variant>

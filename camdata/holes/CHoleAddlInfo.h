@@ -5,10 +5,10 @@
 #include "camdata/holes/eHoleMsgType.h"
 #include "camdata/holes/eHoleShapeType.h"
 #include "camdata/holes/eHoleStatus.h"
-#include "camdata/platform/ZetNCHoleData.h"
 #include "camdata/platform/base/Export.h"
 #include "camdata/platform/base/ZetArray.h"
 #include "camdata/platform/geometry/ZetGeomVector2d.h"
+#include "camdata/platform/host/ZetNCHoleData.h"
 #include "camdata/platform/text/ZetString.h"
 #include "camdata/rules/CMemTypeAndAttrib.h"
 

@@ -1,6 +1,6 @@
 #include "camdata/member/CMxPeilaib.h"
 
-#include "camdata/platform/HostComError.h"
+#include "camdata/platform/host/HostComError.h"
 #include "camdata/util/HostBridge.h"
 #include "camdata/util/ModelInterface.h"
 

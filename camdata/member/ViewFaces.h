@@ -2,8 +2,8 @@
 
 #include "camdata/holes/CViewData.h"
 #include "camdata/holes/eHoleFace.h"
-#include "camdata/platform/ZetNCView.h"
 #include "camdata/platform/geometry/ZetGeomPlane.h"
+#include "camdata/platform/host/ZetNCView.h"
 #include "camdata/rules/CMemTypeAndAttrib.h"
 
 namespace camdata::detail {

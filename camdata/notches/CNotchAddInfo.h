@@ -5,11 +5,11 @@
 #include "camdata/holes/eHoleMsgType.h"
 #include "camdata/notches/SCheckNotch.h"
 #include "camdata/notches/eNotchStatus.h"
-#include "camdata/platform/ZetNCContour.h"
 #include "camdata/platform/base/Export.h"
 #include "camdata/platform/base/ZetArray.h"
 #include "camdata/platform/geometry/ZetGeomAugPolygon.h"
 #include "camdata/platform/geometry/ZetGeomPoint2d.h"
+#include "camdata/platform/host/ZetNCContour.h"
 #include "camdata/platform/text/ZetString.h"
 
 /// One notch of a member: an area cut from its flat part, or an opening, in one view. A value; mm.

@@ -3,7 +3,7 @@
 #include "camdata/holes/CMxGeom.h"
 #include "camdata/member/CMxPeilaib.h"
 #include "camdata/member/MemberOrder.h"
-#include "camdata/platform/MxSettings.h"
+#include "camdata/platform/host/MxSettings.h"
 #include "camdata/platform/system/Modules.h"
 #include "camdata/project/CProjectInformation.h"
 #include "camdata/util/CMxUtil.h"

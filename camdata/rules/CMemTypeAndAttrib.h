@@ -1,7 +1,7 @@
 #pragma once
 
-#include "camdata/platform/ZetNCHeaderData.h"
 #include "camdata/platform/base/Export.h"
+#include "camdata/platform/host/ZetNCHeaderData.h"
 #include "camdata/platform/text/ZetString.h"
 #include "camdata/rules/CMemAttrib.h"
 #include "camdata/rules/eProfPropType.h"

@@ -1,7 +1,7 @@
 #include "camdata/util/CMxUtil.h"
 
-#include "camdata/platform/HostComError.h"
-#include "camdata/platform/HostFunctions.h"
+#include "camdata/platform/host/HostComError.h"
+#include "camdata/platform/host/HostFunctions.h"
 
 #include <iterator>
 

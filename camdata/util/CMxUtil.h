@@ -1,10 +1,10 @@
 #pragma once
 
-#include "camdata/platform/ICS3d.h"
 #include "camdata/platform/base/Export.h"
 #include "camdata/platform/base/ZetArray.h"
 #include "camdata/platform/geometry/ZetGeomPoint3d.h"
 #include "camdata/platform/geometry/ZetGeomVector3d.h"
+#include "camdata/platform/host/ICS3d.h"
 #include "camdata/platform/system/Modules.h"
 #include "camdata/platform/system/ZetFileAccess.h"
 #include "camdata/platform/text/ZetString.h"

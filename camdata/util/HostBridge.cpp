@@ -1,6 +1,6 @@
 #include "camdata/util/HostBridge.h"
 
-#include "camdata/platform/HostFunctions.h"
+#include "camdata/platform/host/HostFunctions.h"
 #include "camdata/platform/system/Modules.h"
 #include "camdata/util/ModelInterface.h"
 

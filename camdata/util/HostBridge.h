@@ -1,8 +1,8 @@
 #pragma once
 
-#include "camdata/platform/IEqualPartObject.h"
-#include "camdata/platform/ZetNCCreator.h"
 #include "camdata/platform/base/Export.h"
+#include "camdata/platform/host/IEqualPartObject.h"
+#include "camdata/platform/host/ZetNCCreator.h"
 #include "camdata/platform/text/ZetString.h"
 
 /// Asks the host for the name and the folder of the current drawing. Always 0: what the host does

@@ -1,9 +1,9 @@
 #pragma once
 
-#include "camdata/platform/HostComError.h"
-#include "camdata/platform/HostPtr.h"
-#include "camdata/platform/IStructureObject.h"
-#include "camdata/platform/ZetNCEntity.h"
+#include "camdata/platform/host/HostComError.h"
+#include "camdata/platform/host/HostPtr.h"
+#include "camdata/platform/host/IStructureObject.h"
+#include "camdata/platform/host/ZetNCEntity.h"
 
 namespace camdata::detail {
 

@@ -1,7 +1,7 @@
 #include "dstv/NcAssemblies.h"
 #include "dstv/NcSample.h"
 
-#include "camdata/platform/HostPtr.h"
+#include "camdata/platform/host/HostPtr.h"
 
 namespace {
 

@@ -1,8 +1,8 @@
 #include "dstv/NcHost.h"
 #include "dstv/NcSample.h"
 
-#include "camdata/platform/HostPtr.h"
-#include "camdata/platform/IStructureObject.h"
+#include "camdata/platform/host/HostPtr.h"
+#include "camdata/platform/host/IStructureObject.h"
 
 #include <utility>
 #include <vector>

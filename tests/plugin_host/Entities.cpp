@@ -1,7 +1,7 @@
 // The host's parts: a sound purlin with two holes, one of them too near to the start, and a rail
 // that is longer than any machine takes.
 
-#include "camdata/platform/ZetNCEntity.h"
+#include "camdata/platform/host/ZetNCEntity.h"
 
 #include <array>
 

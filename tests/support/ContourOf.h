@@ -1,8 +1,8 @@
 #pragma once
 
-#include "camdata/platform/ZetNCContour.h"
 #include "camdata/platform/base/ZetArray.h"
 #include "camdata/platform/geometry/ZetGeomPoint2d.h"
+#include "camdata/platform/host/ZetNCContour.h"
 
 /// A contour of straight lines through `points`.
 inline ZetNCContour ContourOf(int type, const ZetArray<ZetGeomPoint2d>& points) {

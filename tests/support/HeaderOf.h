@@ -1,6 +1,6 @@
 #pragma once
 
-#include "camdata/platform/ZetNCHeaderData.h"
+#include "camdata/platform/host/ZetNCHeaderData.h"
 
 /// A header of which a test names what it is about: HeaderOf{.mark = L"P1", .length = 3000}.
 struct HeaderOf {

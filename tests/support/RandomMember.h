@@ -3,7 +3,7 @@
 #include "support/ContourOf.h"
 
 #include "camdata/holes/CViewData.h"
-#include "camdata/platform/ZetNCHoleData.h"
+#include "camdata/platform/host/ZetNCHoleData.h"
 
 #include <cmath>
 #include <initializer_list>

@@ -1,7 +1,7 @@
 #include "camdata/holes/CMxGeom.h"
 #include "camdata/platform/DialogWindow.h"
-#include "camdata/platform/MxSettings.h"
 #include "camdata/platform/base/ZetAssert.h"
+#include "camdata/platform/host/MxSettings.h"
 #include "camdata/platform/system/Clock.h"
 
 #include <array>

@@ -4,7 +4,7 @@
 
 #include "camdata/holes/CMxGeom.h"
 #include "camdata/output/CMxCamGlobAcc.h"
-#include "camdata/platform/MxSettings.h"
+#include "camdata/platform/host/MxSettings.h"
 #include "camdata/project/CProjectInformation.h"
 
 #include <fstream>

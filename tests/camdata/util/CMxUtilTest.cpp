@@ -2,7 +2,7 @@
 #include "support/host/FakeHost.h"
 #include "support/host/FakeHostObjects.h"
 
-#include "camdata/platform/HostComError.h"
+#include "camdata/platform/host/HostComError.h"
 #include "camdata/util/CMxUtil.h"
 
 #include <memory>

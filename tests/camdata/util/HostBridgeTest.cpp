@@ -1,8 +1,8 @@
 #include "support/host/FakeHost.h"
 #include "support/host/FakeHostObjects.h"
 
-#include "camdata/platform/HostComError.h"
-#include "camdata/platform/HostFunctions.h"
+#include "camdata/platform/host/HostComError.h"
+#include "camdata/platform/host/HostFunctions.h"
 #include "camdata/util/HostBridge.h"
 
 #include <gtest/gtest.h>

@@ -2,7 +2,7 @@
 
 #include "support/host/FakeHostModule.h"
 
-#include "camdata/platform/HostFunctions.h"
+#include "camdata/platform/host/HostFunctions.h"
 
 #include <cwchar>
 

@@ -2,12 +2,12 @@
 
 #include "support/HeaderOf.h"
 
-#include "camdata/platform/HostComError.h"
-#include "camdata/platform/ICS3d.h"
-#include "camdata/platform/IEqualPartObject.h"
-#include "camdata/platform/IStraightBeam.h"
-#include "camdata/platform/IStructureObject.h"
-#include "camdata/platform/ZetNCCreator.h"
+#include "camdata/platform/host/HostComError.h"
+#include "camdata/platform/host/ICS3d.h"
+#include "camdata/platform/host/IEqualPartObject.h"
+#include "camdata/platform/host/IStraightBeam.h"
+#include "camdata/platform/host/IStructureObject.h"
+#include "camdata/platform/host/ZetNCCreator.h"
 
 #include <utility>
 #include <vector>

@@ -1,4 +1,4 @@
-#include "camdata/platform/ZetNCCreator.h"
+#include "camdata/platform/host/ZetNCCreator.h"
 
 void ZetNCCreator::create() {
     if (m_entity == nullptr) {

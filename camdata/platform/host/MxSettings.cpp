@@ -1,4 +1,4 @@
-#include "camdata/platform/MxSettings.h"
+#include "camdata/platform/host/MxSettings.h"
 
 MxSettings& MxSettings::getInstance() {
     static MxSettings instance;

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "camdata/platform/IHostObject.h"
 #include "camdata/platform/base/Export.h"
+#include "camdata/platform/host/IHostObject.h"
 
 #include <stdexcept>
 

@@ -1,9 +1,9 @@
 #pragma once
 
-#include "camdata/platform/IHostObject.h"
-#include "camdata/platform/ZetNCHeaderData.h"
-#include "camdata/platform/ZetNCStructure.h"
 #include "camdata/platform/base/ZetArray.h"
+#include "camdata/platform/host/IHostObject.h"
+#include "camdata/platform/host/ZetNCHeaderData.h"
+#include "camdata/platform/host/ZetNCStructure.h"
 
 /// One part of the model as its host offers it to NC output. Hosts implement it and own it.
 class ZetNCEntity {

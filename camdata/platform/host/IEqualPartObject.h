@@ -1,6 +1,6 @@
 #pragma once
 
-#include "camdata/platform/IHostObject.h"
+#include "camdata/platform/host/IHostObject.h"
 #include "camdata/platform/text/ZetString.h"
 
 /// The host's view of a part that stands for all equal parts of the model.

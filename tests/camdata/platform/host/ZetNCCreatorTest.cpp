@@ -1,4 +1,4 @@
-#include "camdata/platform/ZetNCCreator.h"
+#include "camdata/platform/host/ZetNCCreator.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "camdata/platform/HostComError.h"
+#include "camdata/platform/host/HostComError.h"
 
 #include <cstdio>
 #include <string>

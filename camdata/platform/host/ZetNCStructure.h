@@ -1,7 +1,7 @@
 #pragma once
 
-#include "camdata/platform/ZetNCView.h"
 #include "camdata/platform/base/ZetArray.h"
+#include "camdata/platform/host/ZetNCView.h"
 
 #include <utility>
 

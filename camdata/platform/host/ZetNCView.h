@@ -1,11 +1,11 @@
 #pragma once
 
-#include "camdata/platform/ZetNCContour.h"
-#include "camdata/platform/ZetNCHoleData.h"
-#include "camdata/platform/ZetNCMark.h"
-#include "camdata/platform/ZetNCNumeration.h"
 #include "camdata/platform/base/ZetArray.h"
 #include "camdata/platform/geometry/ZetGeomPlane.h"
+#include "camdata/platform/host/ZetNCContour.h"
+#include "camdata/platform/host/ZetNCHoleData.h"
+#include "camdata/platform/host/ZetNCMark.h"
+#include "camdata/platform/host/ZetNCNumeration.h"
 
 #include <utility>
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "camdata/platform/ZetNCEntity.h"
 #include "camdata/platform/base/Export.h"
+#include "camdata/platform/host/ZetNCEntity.h"
 
 /// Runs one entity and holds its NC data. A value; the entity stays the host's.
 class CAMDATA_API ZetNCCreator {

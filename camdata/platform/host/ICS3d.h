@@ -1,8 +1,8 @@
 #pragma once
 
-#include "camdata/platform/IHostObject.h"
 #include "camdata/platform/geometry/ZetGeomPoint3d.h"
 #include "camdata/platform/geometry/ZetGeomVector3d.h"
+#include "camdata/platform/host/IHostObject.h"
 
 /// A coordinate system of the host's model, mm.
 class ICS3d : public IHostObject {
