@@ -2,9 +2,9 @@
 
 #include "camdata/output/COutPutFiles.h"
 #include "camdata/output/FileFault.h"
-#include "camdata/platform/DialogResult.h"
 #include "camdata/platform/base/Export.h"
 #include "camdata/platform/base/ZetArray.h"
+#include "camdata/platform/dialog/DialogResult.h"
 #include "camdata/platform/host/ZetNCProjectData.h"
 #include "camdata/platform/system/Clock.h"
 #include "camdata/platform/text/ZetString.h"

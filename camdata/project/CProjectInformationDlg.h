@@ -1,6 +1,6 @@
 #pragma once
 
-#include "camdata/platform/Dialog.h"
+#include "camdata/platform/dialog/Dialog.h"
 #include "camdata/project/CProjectInformation.h"
 
 #include <array>

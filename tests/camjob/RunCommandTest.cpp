@@ -7,7 +7,7 @@
 #include "support/Golden.h"
 #include "support/SystemText.h"
 
-#include "camdata/platform/DialogWindow.h"
+#include "camdata/platform/dialog/DialogWindow.h"
 
 #include <cstdlib>
 #include <nlohmann/json.hpp>

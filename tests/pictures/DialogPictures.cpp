@@ -1,6 +1,6 @@
 #include "Grab.h"
 
-#include "camdata/platform/DialogWindow.h"
+#include "camdata/platform/dialog/DialogWindow.h"
 #include "camdata/project/CProjectInformation.h"
 
 #include <cstdio>

@@ -1,6 +1,6 @@
 #include "camdata/holes/CMxGeom.h"
-#include "camdata/platform/DialogWindow.h"
 #include "camdata/platform/base/ZetAssert.h"
+#include "camdata/platform/dialog/DialogWindow.h"
 #include "camdata/platform/host/MxSettings.h"
 #include "camdata/platform/system/Clock.h"
 

@@ -3,7 +3,7 @@
 #include "support/TempFolder.h"
 
 #include "camdata/output/CMxCamGlobAcc.h"
-#include "camdata/platform/DialogWindow.h"
+#include "camdata/platform/dialog/DialogWindow.h"
 #include "camdata/platform/system/Clock.h"
 #include "camdata/platform/system/Modules.h"
 #include "camdata/project/CProjectInformation.h"

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "camdata/platform/DialogResult.h"
-#include "camdata/platform/DialogWindow.h"
+#include "camdata/platform/dialog/DialogResult.h"
+#include "camdata/platform/dialog/DialogWindow.h"
 
 #include <span>
 #include <utility>

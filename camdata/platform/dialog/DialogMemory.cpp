@@ -1,6 +1,6 @@
-#include "camdata/platform/Dialog.h"
 #include "camdata/platform/base/ZetArray.h"
 #include "camdata/platform/base/ZetAssert.h"
+#include "camdata/platform/dialog/Dialog.h"
 
 #include <map>
 

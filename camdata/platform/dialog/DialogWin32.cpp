@@ -1,5 +1,5 @@
-#include "camdata/platform/Dialog.h"
 #include "camdata/platform/base/ZetAssert.h"
+#include "camdata/platform/dialog/Dialog.h"
 #include "camdata/platform/system/Modules.h"
 
 #include <algorithm>

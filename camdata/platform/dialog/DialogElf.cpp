@@ -1,4 +1,4 @@
-#include "camdata/platform/Dialog.h"
+#include "camdata/platform/dialog/Dialog.h"
 #include "camdata/platform/system/Modules.h"
 
 #include <dlfcn.h>
