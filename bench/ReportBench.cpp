@@ -1,7 +1,7 @@
 #include "support/HoleBuilder.h"
 
-#include "camdata/holes/CMxGeom.h"
 #include "camdata/platform/text/ZetString.h"
+#include "camdata/tolerance/CMxGeom.h"
 
 #include <cstdio>
 #include <cstdlib>

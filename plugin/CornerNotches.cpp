@@ -1,6 +1,6 @@
 #include "plugin/JobMember.h"
 
-#include "camdata/holes/CMxGeom.h"
+#include "camdata/tolerance/CMxGeom.h"
 
 #include <algorithm>
 

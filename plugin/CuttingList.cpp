@@ -2,7 +2,7 @@
 
 #include "plugin/FirstFit.h"
 
-#include "camdata/holes/CMxGeom.h"
+#include "camdata/tolerance/CMxGeom.h"
 
 #include <cmath>
 #include <map>

@@ -2,7 +2,7 @@
 
 #include "plugin/JobMember.h"
 
-#include "camdata/holes/CMxGeom.h"
+#include "camdata/tolerance/CMxGeom.h"
 
 #include <utility>
 

@@ -2,7 +2,7 @@
 
 #include "plugin/ToArray.h"
 
-#include "camdata/holes/CMxGeom.h"
+#include "camdata/tolerance/CMxGeom.h"
 
 #include <algorithm>
 #include <cmath>

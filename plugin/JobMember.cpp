@@ -2,7 +2,7 @@
 
 #include "plugin/FlangeZero.h"
 
-#include "camdata/holes/CMxGeom.h"
+#include "camdata/tolerance/CMxGeom.h"
 #include "camdata/util/CMxUtil.h"
 #include "camdata/util/HostBridge.h"
 

@@ -1,6 +1,6 @@
 #include "plugin/MachineRecord.h"
 
-#include "camdata/holes/CMxGeom.h"
+#include "camdata/tolerance/CMxGeom.h"
 
 #include <algorithm>
 #include <array>

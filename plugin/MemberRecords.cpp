@@ -1,7 +1,7 @@
 #include "plugin/JobMember.h"
 #include "plugin/MachineRecord.h"
 
-#include "camdata/holes/CMxGeom.h"
+#include "camdata/tolerance/CMxGeom.h"
 
 #include <cmath>
 

@@ -1,6 +1,6 @@
 #include "camdata/holes/CHoleAddlInfo.h"
 
-#include "camdata/holes/CMxGeom.h"
+#include "camdata/tolerance/CMxGeom.h"
 
 #include <array>
 #include <cmath>

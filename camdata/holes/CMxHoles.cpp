@@ -1,6 +1,6 @@
 #include "camdata/holes/CMxHoles.h"
 
-#include "camdata/holes/CMxGeom.h"
+#include "camdata/tolerance/CMxGeom.h"
 
 CMxHoles::~CMxHoles() = default;
 

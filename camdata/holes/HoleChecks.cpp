@@ -1,5 +1,5 @@
 #include "camdata/holes/CHoleAddlInfo.h"
-#include "camdata/holes/CMxGeom.h"
+#include "camdata/tolerance/CMxGeom.h"
 #include "camdata/util/CMxUtil.h"
 
 #include <array>

@@ -1,6 +1,6 @@
 #include "camdata/holes/CHoleAddlInfo.h"
-#include "camdata/holes/CMxGeom.h"
 #include "camdata/platform/geometry/ZetGeomTol.h"
+#include "camdata/tolerance/CMxGeom.h"
 
 bool CHoleAddlInfo::operator==(const CHoleAddlInfo& other) const {
     if (GetXPos() == other.GetXPos() && GetYPos() == other.GetYPos())

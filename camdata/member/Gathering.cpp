@@ -1,7 +1,7 @@
-#include "camdata/holes/CMxGeom.h"
 #include "camdata/member/CMxPeilaib.h"
 #include "camdata/member/PositionOrder.h"
 #include "camdata/member/ViewFaces.h"
+#include "camdata/tolerance/CMxGeom.h"
 
 #include <utility>
 

@@ -1,8 +1,8 @@
-#include "camdata/holes/CMxGeom.h"
 #include "camdata/member/CMxPeilaib.h"
 #include "camdata/member/CountersunkHoles.h"
 #include "camdata/member/DuplicateHoles.h"
 #include "camdata/member/HolesInSlots.h"
+#include "camdata/tolerance/CMxGeom.h"
 
 #include <algorithm>
 #include <cmath>

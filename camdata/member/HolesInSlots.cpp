@@ -1,7 +1,7 @@
 #include "camdata/member/HolesInSlots.h"
 
-#include "camdata/holes/CMxGeom.h"
 #include "camdata/member/PositionGrid.h"
+#include "camdata/tolerance/CMxGeom.h"
 
 #include <algorithm>
 #include <cmath>

@@ -1,6 +1,6 @@
 #include "camdata/member/MemberOrder.h"
 
-#include "camdata/holes/CMxGeom.h"
+#include "camdata/tolerance/CMxGeom.h"
 #include "camdata/util/MergeSort.h"
 
 #include <algorithm>

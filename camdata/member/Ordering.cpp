@@ -1,6 +1,6 @@
-#include "camdata/holes/CMxGeom.h"
 #include "camdata/member/CMxPeilaib.h"
 #include "camdata/member/MemberOrder.h"
+#include "camdata/tolerance/CMxGeom.h"
 
 namespace {
 

@@ -1,6 +1,6 @@
-#include "camdata/holes/CMxGeom.h"
 #include "camdata/member/CMxPeilaib.h"
 #include "camdata/member/MemberIndent.h"
+#include "camdata/tolerance/CMxGeom.h"
 #include "camdata/util/CMxUtil.h"
 
 #include <cmath>

@@ -1,7 +1,7 @@
 #include "camdata/member/ViewFaces.h"
 
-#include "camdata/holes/CMxGeom.h"
 #include "camdata/platform/geometry/ZetGeomTol.h"
+#include "camdata/tolerance/CMxGeom.h"
 
 #include <cmath>
 #include <iterator>

@@ -1,6 +1,6 @@
 #include "camdata/nesting/CMxNestParts.h"
 
-#include "camdata/holes/CMxGeom.h"
+#include "camdata/tolerance/CMxGeom.h"
 
 #include <algorithm>
 #include <limits>

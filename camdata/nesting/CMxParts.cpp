@@ -1,6 +1,6 @@
 #include "camdata/nesting/CMxParts.h"
 
-#include "camdata/holes/CMxGeom.h"
+#include "camdata/tolerance/CMxGeom.h"
 
 CMxParts::~CMxParts() = default;
 

@@ -1,6 +1,6 @@
 #include "camdata/nesting/NestMaker.h"
 
-#include "camdata/holes/CMxGeom.h"
+#include "camdata/tolerance/CMxGeom.h"
 
 #include <string_view>
 #include <unordered_map>

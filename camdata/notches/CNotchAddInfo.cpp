@@ -1,7 +1,7 @@
 #include "camdata/notches/CNotchAddInfo.h"
 
-#include "camdata/holes/CMxGeom.h"
 #include "camdata/platform/geometry/ZetGeomTol.h"
+#include "camdata/tolerance/CMxGeom.h"
 
 #include <array>
 #include <cmath>

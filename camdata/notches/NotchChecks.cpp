@@ -1,5 +1,5 @@
-#include "camdata/holes/CMxGeom.h"
 #include "camdata/notches/CNotchAddInfo.h"
+#include "camdata/tolerance/CMxGeom.h"
 #include "camdata/util/CMxUtil.h"
 
 #include <algorithm>

@@ -1,11 +1,11 @@
 #include "camdata/output/CMxCamGlobAcc.h"
 
-#include "camdata/holes/CMxGeom.h"
 #include "camdata/member/CMxPeilaib.h"
 #include "camdata/member/MemberOrder.h"
 #include "camdata/platform/host/MxSettings.h"
 #include "camdata/platform/system/Modules.h"
 #include "camdata/project/CProjectInformation.h"
+#include "camdata/tolerance/CMxGeom.h"
 #include "camdata/util/CMxUtil.h"
 
 #include <algorithm>

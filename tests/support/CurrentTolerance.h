@@ -1,6 +1,6 @@
 #pragma once
 
-#include "camdata/holes/CMxGeom.h"
+#include "camdata/tolerance/CMxGeom.h"
 
 #include <cmath>
 #include <limits>

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "camdata/holes/CHoleAddlInfo.h"
-#include "camdata/holes/CMxGeom.h"
 #include "camdata/notches/CNotchAddInfo.h"
+#include "camdata/tolerance/CMxGeom.h"
 
 #include <cmath>
 #include <utility>

@@ -2,8 +2,8 @@
 
 #include "support/PlainSort.h"
 
-#include "camdata/holes/CMxGeom.h"
 #include "camdata/member/CMxPeilaib.h"
+#include "camdata/tolerance/CMxGeom.h"
 
 #include <cmath>
 #include <vector>

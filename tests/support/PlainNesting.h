@@ -2,8 +2,8 @@
 
 #include "support/PlainSort.h"
 
-#include "camdata/holes/CMxGeom.h"
 #include "camdata/platform/text/ZetString.h"
+#include "camdata/tolerance/CMxGeom.h"
 
 #include <algorithm>
 #include <cmath>

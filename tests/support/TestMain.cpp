@@ -1,8 +1,8 @@
-#include "camdata/holes/CMxGeom.h"
 #include "camdata/platform/base/ZetAssert.h"
 #include "camdata/platform/dialog/DialogWindow.h"
 #include "camdata/platform/host/MxSettings.h"
 #include "camdata/platform/system/Clock.h"
+#include "camdata/tolerance/CMxGeom.h"
 
 #include <array>
 #include <cstdlib>

@@ -1,7 +1,7 @@
 #include "support/CurrentTolerance.h"
 #include "support/HoleBuilder.h"
 
-#include "camdata/holes/CMxGeom.h"
+#include "camdata/tolerance/CMxGeom.h"
 
 #include <limits>
 

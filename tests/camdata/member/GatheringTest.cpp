@@ -2,7 +2,7 @@
 #include "support/CurrentTolerance.h"
 #include "support/TestMember.h"
 
-#include "camdata/holes/CMxGeom.h"
+#include "camdata/tolerance/CMxGeom.h"
 
 #include <vector>
 

@@ -3,7 +3,7 @@
 #include "support/HoleBuilder.h"
 #include "support/TestMember.h"
 
-#include "camdata/holes/CMxGeom.h"
+#include "camdata/tolerance/CMxGeom.h"
 
 #include <vector>
 

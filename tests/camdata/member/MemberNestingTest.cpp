@@ -2,7 +2,7 @@
 #include "support/NestReport.h"
 #include "support/TestMember.h"
 
-#include "camdata/holes/CMxGeom.h"
+#include "camdata/tolerance/CMxGeom.h"
 
 #include <limits>
 #include <vector>

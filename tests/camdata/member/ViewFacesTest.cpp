@@ -1,6 +1,6 @@
 #include "support/TestMember.h"
 
-#include "camdata/holes/CMxGeom.h"
+#include "camdata/tolerance/CMxGeom.h"
 
 #include <string>
 #include <tuple>

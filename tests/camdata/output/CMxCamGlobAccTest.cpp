@@ -2,10 +2,10 @@
 #include "support/CurrentTolerance.h"
 #include "support/TestMember.h"
 
-#include "camdata/holes/CMxGeom.h"
 #include "camdata/output/CMxCamGlobAcc.h"
 #include "camdata/platform/host/MxSettings.h"
 #include "camdata/project/CProjectInformation.h"
+#include "camdata/tolerance/CMxGeom.h"
 
 #include <fstream>
 #include <optional>

@@ -1,5 +1,5 @@
-#include "camdata/holes/CMxGeom.h"
 #include "camdata/platform/text/FixedPoint.h"
+#include "camdata/tolerance/CMxGeom.h"
 
 #include <cmath>
 #include <cstdio>

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "camdata/holes/eToleranceType.h"
 #include "camdata/platform/base/Export.h"
 #include "camdata/platform/base/ZetArray.h"
+#include "camdata/tolerance/eToleranceType.h"
 
 /// The process-wide tolerances and distance limits, and every tolerant comparison of the library.
 ///

@@ -1,4 +1,4 @@
-#include "camdata/holes/CMxGeom.h"
+#include "camdata/tolerance/CMxGeom.h"
 
 #include "camdata/platform/text/FixedPoint.h"
 

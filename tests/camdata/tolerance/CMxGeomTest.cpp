@@ -1,6 +1,6 @@
 #include "support/CurrentTolerance.h"
 
-#include "camdata/holes/CMxGeom.h"
+#include "camdata/tolerance/CMxGeom.h"
 
 #include <cmath>
 #include <limits>
