@@ -7,9 +7,9 @@
 #include "plugin/JobRules.h"
 
 #include "camdata/output/CMxCamGlobAcc.h"
-#include "camdata/output/FileFault.h"
 #include "camdata/platform/host/ZetNCEntity.h"
 #include "camdata/project/CProjectInformation.h"
+#include "camdata/util/FileFault.h"
 
 #include <cstddef>
 #include <filesystem>

@@ -4,13 +4,13 @@
 #include "camdata/output/CMxFileGroups.h"
 #include "camdata/output/CMxGroups.h"
 #include "camdata/output/CMxPeilaibArr.h"
-#include "camdata/output/FileFault.h"
 #include "camdata/output/eHanding.h"
 #include "camdata/platform/base/Export.h"
 #include "camdata/platform/base/ZetArray.h"
 #include "camdata/platform/host/ZetNCProjectData.h"
 #include "camdata/platform/system/ZetFileAccess.h"
 #include "camdata/platform/text/ZetString.h"
+#include "camdata/util/FileFault.h"
 
 #include <memory>
 #include <utility>

@@ -1,10 +1,10 @@
 #pragma once
 
-#include "camdata/output/FileFault.h"
 #include "camdata/platform/base/Export.h"
 #include "camdata/platform/base/ZetArray.h"
 #include "camdata/platform/system/ZetFileAccess.h"
 #include "camdata/platform/text/ZetString.h"
+#include "camdata/util/FileFault.h"
 
 #include <memory>
 #include <utility>

@@ -1,13 +1,13 @@
 #pragma once
 
-#include "camdata/output/COutPutFiles.h"
-#include "camdata/output/FileFault.h"
 #include "camdata/platform/base/Export.h"
 #include "camdata/platform/base/ZetArray.h"
 #include "camdata/platform/dialog/DialogResult.h"
 #include "camdata/platform/host/ZetNCProjectData.h"
 #include "camdata/platform/system/Clock.h"
 #include "camdata/platform/text/ZetString.h"
+#include "camdata/project/COutPutFiles.h"
+#include "camdata/util/FileFault.h"
 
 #include <cstdint>
 #include <optional>

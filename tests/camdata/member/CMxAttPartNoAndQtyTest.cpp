@@ -1,6 +1,6 @@
 #include "support/HeaderOf.h"
 
-#include "camdata/output/CMxAttPartNoAndQty.h"
+#include "camdata/member/CMxAttPartNoAndQty.h"
 
 #include <gtest/gtest.h>
 

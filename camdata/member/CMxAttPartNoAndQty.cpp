@@ -1,4 +1,4 @@
-#include "camdata/output/CMxAttPartNoAndQty.h"
+#include "camdata/member/CMxAttPartNoAndQty.h"
 
 CMxAttPartNoAndQty::~CMxAttPartNoAndQty() = default;
 
