@@ -1,7 +1,7 @@
 #include "support/PlainMemberOrder.h"
 #include "support/TestMember.h"
 
-#include "camdata/member/MemberOrder.h"
+#include "camdata/member/MemberSorting.h"
 
 #include <chrono>
 #include <cstdlib>

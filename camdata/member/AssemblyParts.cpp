@@ -1,5 +1,5 @@
 #include "camdata/member/CMxPeilaib.h"
-#include "camdata/member/MemberIndent.h"
+#include "camdata/member/ReportIndent.h"
 #include "camdata/util/CMxUtil.h"
 #include "camdata/util/HostBridge.h"
 
@@ -50,7 +50,7 @@ void CMxPeilaib::DropReported() {
 }
 
 void CMxPeilaib::AppendQtyFinding() {
-    const ZetString indent = camdata::detail::MemberIndent();
+    const ZetString indent = camdata::detail::ReportIndent();
     const long left = GetQty();
     if (left < 0)
         AppendLine(m_errors, ZetString::format(kTooFewFormat, indent, -left));
@@ -107,7 +107,7 @@ int CMxPeilaib::TakeFromSelection(CMxAttPartNoAndQty& part,
 }
 
 void CMxPeilaib::FileShortfall(int missing, const ZetString& partNo) {
-    const ZetString indent = camdata::detail::MemberIndent();
+    const ZetString indent = camdata::detail::ReportIndent();
     if (m_shortfallAsWarning)
         AppendLine(m_nonStdMsgs, ZetString::format(kShortfallWarning, indent, missing, partNo));
     else

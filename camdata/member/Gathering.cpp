@@ -1,5 +1,5 @@
 #include "camdata/member/CMxPeilaib.h"
-#include "camdata/member/PositionOrder.h"
+#include "camdata/member/HoleAndNotchSorting.h"
 #include "camdata/member/ViewFaces.h"
 #include "camdata/tolerance/CMxGeom.h"
 

@@ -1,7 +1,7 @@
 #include "camdata/member/CMxPeilaib.h"
-#include "camdata/member/CountersunkHoles.h"
-#include "camdata/member/DuplicateHoles.h"
-#include "camdata/member/HolesInSlots.h"
+#include "camdata/member/CountersunkHoleSearch.h"
+#include "camdata/member/DuplicateHoleSearch.h"
+#include "camdata/member/HoleInSlotSearch.h"
 #include "camdata/tolerance/CMxGeom.h"
 
 #include <algorithm>

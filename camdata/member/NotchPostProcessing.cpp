@@ -1,5 +1,5 @@
 #include "camdata/member/CMxPeilaib.h"
-#include "camdata/member/DuplicateNotches.h"
+#include "camdata/member/DuplicateNotchSearch.h"
 
 void CMxPeilaib::MakeDupNotchArr() {
     camdata::detail::MoveRemoved(

@@ -1,5 +1,5 @@
 #include "camdata/member/CMxPeilaib.h"
-#include "camdata/member/MemberIndent.h"
+#include "camdata/member/ReportIndent.h"
 #include "camdata/tolerance/CMxGeom.h"
 #include "camdata/util/CMxUtil.h"
 
@@ -53,7 +53,7 @@ void CMxPeilaib::FileFinding(eValidationTypes type,
                              ZetFormatString<ZetString, T, T> format,
                              T found,
                              T limit) {
-    m_message = ZetString::format(format, camdata::detail::MemberIndent(), found, limit);
+    m_message = ZetString::format(format, camdata::detail::ReportIndent(), found, limit);
     AppendMsg(type, m_message);
 }
 

@@ -1,7 +1,7 @@
 #include "camdata/output/CMxCamGlobAcc.h"
 
 #include "camdata/member/CMxPeilaib.h"
-#include "camdata/member/MemberOrder.h"
+#include "camdata/member/MemberSorting.h"
 #include "camdata/platform/host/MxSettings.h"
 #include "camdata/platform/system/Modules.h"
 #include "camdata/project/CProjectInformation.h"

@@ -12,12 +12,12 @@ constexpr double kYTol = 0.5;
 constexpr double kOther = 7.0;
 
 /// Starts with a current tolerance that no operation selects.
-class HoleComparisonTest : public ::testing::Test {
+class HoleDuplicateRulesTest : public ::testing::Test {
   protected:
     void SetUp() override { CMxGeom::SetTol(eTolValue, kOther); }
 };
 
-TEST_F(HoleComparisonTest, HolesThatTouchOrOverlapAreEqual) {
+TEST_F(HoleDuplicateRulesTest, HolesThatTouchOrOverlapAreEqual) {
     // clang-format off
     struct Case { const char* name; double x, size, otherX, otherSize; bool equal; };
     constexpr Case kCases[] = {
@@ -52,7 +52,7 @@ CHoleAddlInfo MovedTo(double x, double y, double ncX, double ncY, double size) {
     return hole;
 }
 
-TEST_F(HoleComparisonTest, ExactlyEqualPositionsOrNcPositionsThatOverlapAreEqual) {
+TEST_F(HoleDuplicateRulesTest, ExactlyEqualPositionsOrNcPositionsThatOverlapAreEqual) {
     const CHoleAddlInfo hole = HoleAt(100, 50).Round(18);
     EXPECT_TRUE(hole == MovedTo(100, 50, 500, 50, 2));
     EXPECT_TRUE(CurrentToleranceIs(kOther));
@@ -62,7 +62,7 @@ TEST_F(HoleComparisonTest, ExactlyEqualPositionsOrNcPositionsThatOverlapAreEqual
     EXPECT_FALSE(hole == MovedTo(100, 55, 100, 145, 18));
 }
 
-TEST_F(HoleComparisonTest, LikeHolesAreEqualWhereverTheyAre) {
+TEST_F(HoleDuplicateRulesTest, LikeHolesAreEqualWhereverTheyAre) {
     const CHoleAddlInfo round = HoleAt(0, 0).Round(18).On(eHoleFaceWeb);
     const CHoleAddlInfo slot = HoleAt(0, 0).Slot(14, 40);
     const HoleAt roundElsewhere = HoleAt(900, 40).Round(18.05).On(eHoleFaceTopFlange);
@@ -86,7 +86,7 @@ TEST_F(HoleComparisonTest, LikeHolesAreEqualWhereverTheyAre) {
     }
 }
 
-TEST_F(HoleComparisonTest, OnlyASlotIsHeldAgainstTheOther) {
+TEST_F(HoleDuplicateRulesTest, OnlyASlotIsHeldAgainstTheOther) {
     const CHoleAddlInfo round = HoleAt(0, 0).Round(14);
     const CHoleAddlInfo slot = HoleAt(0, 0).Slot(14, 40);
     EXPECT_TRUE(round.CheckSlotHole(slot));
@@ -94,7 +94,7 @@ TEST_F(HoleComparisonTest, OnlyASlotIsHeldAgainstTheOther) {
     EXPECT_FALSE(slot.CheckSlotHole(round));
 }
 
-TEST_F(HoleComparisonTest, FindsHolesInsideASlotByCurrentPositionsAndFace) {
+TEST_F(HoleDuplicateRulesTest, FindsHolesInsideASlotByCurrentPositionsAndFace) {
     const auto round = [](double x, double y, double size) { return HoleAt(x, y).Round(size); };
     // clang-format off
     struct Case { const char* name; CHoleAddlInfo hole; bool isInside; };

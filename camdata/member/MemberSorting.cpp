@@ -1,4 +1,4 @@
-#include "camdata/member/MemberOrder.h"
+#include "camdata/member/MemberSorting.h"
 
 #include "camdata/tolerance/CMxGeom.h"
 #include "camdata/util/MergeSort.h"
@@ -87,3 +87,12 @@ void SortMembers(ZetArray<CMxPeilaib*>& members) {
 }
 
 }  // namespace camdata::detail
+
+int CMxPeilaib::compare(const void* first, const void* second) {
+    using camdata::detail::MemberKeys;
+    const auto keysOf = [](const void* element) {
+        return MemberKeys(**static_cast<const CMxPeilaib* const*>(element));
+    };
+    CMxGeom::SetTol(eTolEPS);
+    return keysOf(first).Compare(keysOf(second));
+}

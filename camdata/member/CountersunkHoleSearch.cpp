@@ -1,4 +1,4 @@
-#include "camdata/member/CountersunkHoles.h"
+#include "camdata/member/CountersunkHoleSearch.h"
 
 #include <algorithm>
 #include <cmath>

@@ -5,7 +5,7 @@
 namespace camdata::detail {
 
 /// The blanks before a line about a member.
-inline ZetString MemberIndent() {
+inline ZetString ReportIndent() {
     return CMxUtil::GetSpaces(10, false);
 }
 

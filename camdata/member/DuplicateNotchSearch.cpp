@@ -1,4 +1,4 @@
-#include "camdata/member/DuplicateNotches.h"
+#include "camdata/member/DuplicateNotchSearch.h"
 
 #include "camdata/member/PositionGrid.h"
 #include "camdata/tolerance/CMxGeom.h"

@@ -1,4 +1,4 @@
-#include "camdata/member/HolesInSlots.h"
+#include "camdata/member/HoleInSlotSearch.h"
 
 #include "camdata/member/PositionGrid.h"
 #include "camdata/tolerance/CMxGeom.h"

@@ -1,4 +1,4 @@
-#include "camdata/member/PositionOrder.h"
+#include "camdata/member/HoleAndNotchSorting.h"
 
 #include <algorithm>
 #include <cmath>

@@ -2,7 +2,7 @@
 #include "support/PlainMemberOrder.h"
 #include "support/TestMember.h"
 
-#include "camdata/member/MemberOrder.h"
+#include "camdata/member/MemberSorting.h"
 
 #include <limits>
 #include <random>
@@ -58,7 +58,7 @@ const OrderCase kOrders[] = {
 };
 // clang-format on
 
-TEST(OrderingTest, TheFirstKeyThatTellsMembersApartDecides) {
+TEST(MemberSortingTest, TheFirstKeyThatTellsMembersApartDecides) {
     for (const OrderCase& row : kOrders) {
         SCOPED_TRACE(row.name);
         const TestMember a = MemberOf(row.a, 7, row.keys);
@@ -70,7 +70,7 @@ TEST(OrderingTest, TheFirstKeyThatTellsMembersApartDecides) {
     }
 }
 
-TEST(OrderingTest, TheFirstMembersKeysCount) {
+TEST(MemberSortingTest, TheFirstMembersKeysCount) {
     const TestMember byMark = MemberOf(HeaderOf{.mark = L"A"}, 7, {0});
     const TestMember byGroup = MemberOf(HeaderOf{.mark = L"B"}, 3, {7});
     EXPECT_EQ(Compare(byMark, byGroup), -1);
@@ -99,7 +99,7 @@ Members RandomMembers(std::mt19937& random) {
     return members;
 }
 
-TEST(OrderingTest, SortingEqualsPlainSteps) {
+TEST(MemberSortingTest, SortingEqualsPlainSteps) {
     for (unsigned seed = 0; seed < 2000; ++seed) {
         SCOPED_TRACE(seed);
         std::mt19937 random(seed);

@@ -1,4 +1,4 @@
-#include "camdata/member/DuplicateHoles.h"
+#include "camdata/member/DuplicateHoleSearch.h"
 
 #include "camdata/member/PositionGrid.h"
 #include "camdata/tolerance/CMxGeom.h"
