@@ -6,8 +6,8 @@
 #include "camjob/Paths.h"
 #include "camjob/ReportText.h"
 #include "dstv/NcReader.h"
-#include "plugin/BuiltInJob.h"
-#include "plugin/JobFile.h"
+#include "job/BuiltInJob.h"
+#include "job/JobFile.h"
 
 #include <memory>
 #include <utility>
@@ -47,24 +47,24 @@ std::unique_ptr<CheckWriter> MakeWriter(bool asJson, OutputStream& out, OutputSt
     return std::make_unique<CheckTextWriter>(out, err);
 }
 
-plugin::JobResult ReadRules(const std::string& job) {
-    return job.empty() ? plugin::BuiltInJob() : plugin::ReadJobFile(PathFromUtf8(job));
+job::JobResult ReadRules(const std::string& job) {
+    return job.empty() ? job::BuiltInJob() : job::ReadJobFile(PathFromUtf8(job));
 }
 
-int Refuse(const std::vector<plugin::JobError>& errors, OutputStream& err) {
-    for (const plugin::JobError& error : errors)
-        err.Write(Printable(OneLine(ZetString::fromUtf8(plugin::DescribeJobError(error)))) + "\n");
+int Refuse(const std::vector<job::JobError>& errors, OutputStream& err) {
+    for (const job::JobError& error : errors)
+        err.Write(Printable(OneLine(ZetString::fromUtf8(job::DescribeJobError(error)))) + "\n");
     return kExitBadInput;
 }
 
 }  // namespace
 
 int RunCheck(const CheckOptions& options, OutputStream& out, OutputStream& err) {
-    const plugin::JobResult job = ReadRules(options.job);
-    if (const auto* errors = std::get_if<std::vector<plugin::JobError>>(&job))
+    const job::JobResult job = ReadRules(options.job);
+    if (const auto* errors = std::get_if<std::vector<job::JobError>>(&job))
         return Refuse(*errors, err);
-    plugin::UseTolerances(std::get<plugin::Job>(job).tolerances);
-    const plugin::JobRules rules(std::get<plugin::Job>(job));
+    plugin::UseTolerances(std::get<job::Job>(job).tolerances);
+    const plugin::JobRules rules(std::get<job::Job>(job));
     CheckSummary summary;
     const std::unique_ptr<CheckWriter> writer = MakeWriter(options.asJson, out, err);
     writer->Begin();

@@ -357,7 +357,7 @@ std::vector<ZetString> ListOf(const ZetArray<ZetString>& lines) {
     return {lines.begin(), lines.end()};
 }
 
-JudgementReport MakeJudgement(plugin::JobMember& member, const plugin::MemberType& type) {
+JudgementReport MakeJudgement(plugin::JobMember& member, const job::MemberType& type) {
     member.SettleReport();
     return {type.id,
             type.isSkipped,
@@ -393,8 +393,8 @@ dstv::NcError NoMemberType(const dstv::NcPart& part) {
 }
 
 /// Main parts answer as such, so that they are not judged as single parts.
-void TellAssemblies(dstv::NcFileEntity& entity, const plugin::Job& job) {
-    for (const plugin::Assembly& assembly : job.assemblies)
+void TellAssemblies(dstv::NcFileEntity& entity, const job::Job& job) {
+    for (const job::Assembly& assembly : job.assemblies)
         if (assembly.mark == entity.getPart().header.mark)
             entity.setAssembly({});
 }
@@ -407,7 +407,7 @@ CheckResult MakeCheckReport(dstv::NcPart part, const CheckRules& rules) {
     ZetNCCreator creator;
     creator.setNCEntity(&entity);
     creator.create();
-    const plugin::MemberType* type = rules.rules.FindMemberType(creator);
+    const job::MemberType* type = rules.rules.FindMemberType(creator);
     if (type == nullptr)
         return NoMemberType(entity.getPart());
     plugin::JobMember member(rules.rules, *type, creator);

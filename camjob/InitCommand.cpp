@@ -1,9 +1,9 @@
 #include "camjob/InitCommand.h"
 
 #include "camjob/CommandLine.h"
-#include "camjob/InitTemplates.h"
 #include "camjob/NewFiles.h"
 #include "camjob/Paths.h"
+#include "job/templates/InitTemplates.h"
 
 #include <system_error>
 
@@ -14,8 +14,8 @@ namespace {
 namespace fs = std::filesystem;
 
 /// The first file that stands in the way; null when there is none.
-const TemplateFile* FindExisting(const fs::path& folder) {
-    for (const TemplateFile& file : kInitTemplates) {
+const job::TemplateFile* FindExisting(const fs::path& folder) {
+    for (const job::TemplateFile& file : job::kInitTemplates) {
         std::error_code ignored;
         if (fs::exists(fs::symlink_status(folder / PathFromUtf8(file.name), ignored)))
             return &file;
@@ -23,7 +23,7 @@ const TemplateFile* FindExisting(const fs::path& folder) {
     return nullptr;
 }
 
-std::string NameOf(const fs::path& folder, const TemplateFile& file) {
+std::string NameOf(const fs::path& folder, const job::TemplateFile& file) {
     return Utf8FromPath(folder / PathFromUtf8(file.name));
 }
 
@@ -31,12 +31,12 @@ std::string NameOf(const fs::path& folder, const TemplateFile& file) {
 
 int RunInit(const InitOptions& options, OutputStream& out, OutputStream& err) {
     const fs::path folder = PathFromUtf8(options.folder);
-    if (const TemplateFile* file = FindExisting(folder)) {
+    if (const job::TemplateFile* file = FindExisting(folder)) {
         err.Write("camjob: " + NameOf(folder, *file) + " is there already: nothing was written\n");
         return kExitBadInput;
     }
     NewFiles files;
-    for (const TemplateFile& file : kInitTemplates) {
+    for (const job::TemplateFile& file : job::kInitTemplates) {
         if (!files.Write(folder / PathFromUtf8(file.name), file.text)) {
             err.Write("camjob: " + NameOf(folder, file) +
                       " could not be written: nothing was left behind\n");
@@ -44,9 +44,9 @@ int RunInit(const InitOptions& options, OutputStream& out, OutputStream& err) {
         }
     }
     files.Keep();
-    for (const TemplateFile& file : kInitTemplates)
+    for (const job::TemplateFile& file : job::kInitTemplates)
         out.Write(NameOf(folder, file) + "\n");
-    out.Write("Next: camjob run " + NameOf(folder, kInitTemplates.front()) + "\n");
+    out.Write("Next: camjob run " + NameOf(folder, job::kInitTemplates.front()) + "\n");
     return kExitDone;
 }
 

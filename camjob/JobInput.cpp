@@ -10,11 +10,11 @@ namespace camjob {
 
 namespace {
 
-std::vector<dstv::NcAssembly> AssembliesOf(const plugin::Job& job) {
+std::vector<dstv::NcAssembly> AssembliesOf(const job::Job& job) {
     std::vector<dstv::NcAssembly> assemblies;
-    for (const plugin::Assembly& assembly : job.assemblies) {
+    for (const job::Assembly& assembly : job.assemblies) {
         assemblies.push_back({assembly.mark, {}});
-        for (const plugin::AssemblyPart& part : assembly.parts)
+        for (const job::AssemblyPart& part : assembly.parts)
             assemblies.back().parts.push_back({part.mark, part.count});
     }
     return assemblies;
@@ -26,7 +26,7 @@ RunFault FaultOf(const dstv::NcError& error) {
 
 }  // namespace
 
-JobInput::JobInput(const plugin::Job& job, plugin::JobRun& run)
+JobInput::JobInput(const job::Job& job, plugin::JobRun& run)
     : m_job(job), m_run(run), m_assemblies(AssembliesOf(job)) {}
 
 void JobInput::Read(const std::filesystem::path& file) {

@@ -3,7 +3,7 @@
 #include "camjob/RunReport.h"
 #include "dstv/NcAssemblies.h"
 #include "dstv/NcHost.h"
-#include "plugin/Job.h"
+#include "job/Job.h"
 #include "plugin/JobRun.h"
 
 #include <deque>
@@ -22,7 +22,7 @@ namespace camjob {
 class JobInput {
   public:
     /// Job and run must outlive the input.
-    JobInput(const plugin::Job& job, plugin::JobRun& run);
+    JobInput(const job::Job& job, plugin::JobRun& run);
 
     void Read(const std::filesystem::path& file);
     /// After the last file.
@@ -52,7 +52,7 @@ class JobInput {
     void AddMember(const Part& part, const ZetString& mark);
     void AddFault(const Part& part, const ZetString& text);
 
-    const plugin::Job& m_job;
+    const job::Job& m_job;
     plugin::JobRun& m_run;
     dstv::NcAssemblies m_assemblies;
     RunInput m_counts;

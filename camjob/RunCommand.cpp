@@ -8,8 +8,8 @@
 #include "camjob/RunReport.h"
 #include "camjob/RunText.h"
 #include "camjob/StagedOutput.h"
-#include "plugin/FileNames.h"
-#include "plugin/JobFile.h"
+#include "job/FileNames.h"
+#include "job/JobFile.h"
 
 #include <algorithm>
 #include <filesystem>
@@ -54,7 +54,7 @@ class JobRunner {
     std::string TextOf(const FileFault& fault) const;
     /// About the input.
     void Complain(const std::string& file, const std::string& text);
-    bool Refuse(const std::vector<plugin::JobError>& errors);
+    bool Refuse(const std::vector<job::JobError>& errors);
     bool Refuse();
     bool IsCancelled();
     void Fail(const std::string& message);
@@ -63,7 +63,7 @@ class JobRunner {
     const RunSystem& m_system;
     Progress m_progress;
     RunReport m_report;
-    plugin::Job m_job;
+    job::Job m_job;
     std::vector<fs::path> m_ncFiles;
     std::vector<std::string> m_memberFiles;
 };
@@ -72,7 +72,7 @@ RunReport JobRunner::Run() {
     if (!ReadJob())
         return std::move(m_report);
     m_report.folder =
-        m_options.folder.empty() ? Utf8FromPath(plugin::GetOutputFolder(m_job)) : m_options.folder;
+        m_options.folder.empty() ? Utf8FromPath(job::GetOutputFolder(m_job)) : m_options.folder;
     try {
         RunInFolder();
     } catch (const OutputFailure& failure) {
@@ -83,13 +83,13 @@ RunReport JobRunner::Run() {
 }
 
 bool JobRunner::ReadJob() {
-    plugin::JobResult job = plugin::ReadJobFile(PathFromUtf8(m_options.job));
-    if (const auto* errors = std::get_if<std::vector<plugin::JobError>>(&job))
+    job::JobResult job = job::ReadJobFile(PathFromUtf8(m_options.job));
+    if (const auto* errors = std::get_if<std::vector<job::JobError>>(&job))
         return Refuse(*errors);
-    m_job = std::get<plugin::Job>(std::move(job));
+    m_job = std::get<job::Job>(std::move(job));
     m_report.name = m_job.name;
-    plugin::NcFilesResult files = plugin::ExpandNcFiles(m_job);
-    if (const auto* errors = std::get_if<std::vector<plugin::JobError>>(&files))
+    job::NcFilesResult files = job::ExpandNcFiles(m_job);
+    if (const auto* errors = std::get_if<std::vector<job::JobError>>(&files))
         return Refuse(*errors);
     m_ncFiles = std::get<std::vector<fs::path>>(std::move(files));
     // The same names on every system: the patterns have slashes too.
@@ -120,7 +120,7 @@ bool JobRunner::PrepareProject(plugin::JobRun& run) {
         Complain(settings, "the settings cannot be read; without this file those of the job count");
     if (m_options.showsDialog && (!m_report.faults.empty() || !ShowDialog(run)))
         return m_report.status == RunStatus::kDone && Refuse();
-    const std::string fault = plugin::FaultOfFileNameStart(run.GetProjectInfo().GetFileName());
+    const std::string fault = job::FaultOfFileNameStart(run.GetProjectInfo().GetFileName());
     if (!fault.empty())
         Complain(settings, "the file name in the settings is impossible: " + fault);
     return true;
@@ -239,10 +239,10 @@ void JobRunner::Complain(const std::string& file, const std::string& text) {
     m_report.faults.push_back({file, 0, 0, file.empty() ? text : file + ": " + text});
 }
 
-bool JobRunner::Refuse(const std::vector<plugin::JobError>& errors) {
-    for (const plugin::JobError& error : errors)
+bool JobRunner::Refuse(const std::vector<job::JobError>& errors) {
+    for (const job::JobError& error : errors)
         m_report.faults.push_back(
-            {error.file, error.line, error.column, plugin::DescribeJobError(error)});
+            {error.file, error.line, error.column, job::DescribeJobError(error)});
     return Refuse();
 }
 

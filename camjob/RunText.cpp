@@ -132,7 +132,7 @@ ZetString InvalidMembers(const RunReport& report) {
     ZetString more;
     if (count > kMaxListedMembers)
         more = ZetString::format(L"  and %d more\n", count - kMaxListedMembers);
-    const ZetString errorFile = OneLine(ZetString::fromUtf8(report.files[plugin::kErrorFile].name));
+    const ZetString errorFile = OneLine(ZetString::fromUtf8(report.files[job::kErrorFile].name));
     return table.Format(kIndent) + more + ZetString::format(L"  why: see %s\n", errorFile);
 }
 

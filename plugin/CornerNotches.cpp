@@ -14,10 +14,10 @@ constexpr const wchar_t* kNotAllowedText = L"Members of this type may have no su
 /// A corner coordinate that fits any notch.
 constexpr double kAnywhere = -1.0;
 
-double CornerAt(NotchCorner corner, double farEnd) {
-    if (corner == NotchCorner::kAny)
+double CornerAt(job::NotchCorner corner, double farEnd) {
+    if (corner == job::NotchCorner::kAny)
         return kAnywhere;
-    return corner == NotchCorner::kStart ? 0.0 : farEnd;
+    return corner == job::NotchCorner::kStart ? 0.0 : farEnd;
 }
 
 }  // namespace
@@ -31,7 +31,7 @@ void JobMember::MatchCornerNotches() {
 /// The first definition that fits counts.
 void JobMember::MatchCornerNotch(CNotchAddInfo& notch) const {
     const double faceWidth = notch.GetViewData().GetFaceWidth();
-    for (const CornerNotch& corner : GetJob().cornerNotches) {
+    for (const job::CornerNotch& corner : GetJob().cornerNotches) {
         SCheckNotch definition = corner.definition;
         definition.cornerX = CornerAt(corner.along, GetLength());
         definition.cornerY = CornerAt(corner.across, faceWidth);
@@ -42,15 +42,15 @@ void JobMember::MatchCornerNotch(CNotchAddInfo& notch) const {
 
 /// Settles what becomes of the notches that no definition describes, and counts the contours.
 void JobMember::SettleNotches() {
-    const Uncovered action = GetJob().uncoveredNotches.action;
-    if (action == Uncovered::kAccept) {
+    const job::Uncovered action = GetJob().uncoveredNotches.action;
+    if (action == job::Uncovered::kAccept) {
         CodeUncoveredNotches(eNotchValid);
         CountContours();
         return;
     }
     FileNotches(eNotchValid, kUncoveredText);
     FileNotches(eNotchNotAllowed, kNotAllowedText);
-    if (action == Uncovered::kOutput)
+    if (action == job::Uncovered::kOutput)
         CodeUncoveredNotches(eNotchCornerMatched);
     MakeValidNotches();
 }
@@ -58,7 +58,7 @@ void JobMember::SettleNotches() {
 void JobMember::FileNotches(eNotchStatus status, const wchar_t* what) {
     for (const CNotchAddInfo& notch : m_notches) {
         if (notch.GetNotchStatus() == status)
-            FileNotch(kUncoveredNotch, what, notch);
+            FileNotch(job::kUncoveredNotch, what, notch);
     }
 }
 

@@ -20,7 +20,7 @@ double PositionFromStart(double position, double fixedLength) {
     return one.GetMxHoles().first().GetHoleXPos();
 }
 
-CMxHoles ExpectedHole(const PatternHole& hole, const FixedPattern& pattern) {
+CMxHoles ExpectedHole(const job::PatternHole& hole, const job::FixedPattern& pattern) {
     ZetArray<double> positions;
     for (const double position : hole.positions)
         positions.append(PositionFromStart(position, pattern.fixedLength));
@@ -48,9 +48,9 @@ CMxSingleMemValidation Turned(CMxSingleMemValidation prescription) {
 
 }  // namespace
 
-CMxSingleMemValidation MakePrescription(const FixedPattern& pattern) {
+CMxSingleMemValidation MakePrescription(const job::FixedPattern& pattern) {
     ZetArray<CMxHoles> holes;
-    for (const PatternHole& hole : pattern.holes)
+    for (const job::PatternHole& hole : pattern.holes)
         holes.append(ExpectedHole(hole, pattern));
     CMxSingleMemValidation prescription;
     prescription.SetValues(pattern.fixedLength, holes, pattern.isMirrorAllowed);
@@ -69,7 +69,7 @@ void JobMember::CheckFixedPattern() {
     }
     for (CMxHoles& expected : prescription.GetMxHoles()) {
         if (!expected.GetFound())
-            FileFinding(kFixedPattern, expected.GetErrMsg(prescription.GetFixedLength()));
+            FileFinding(job::kFixedPattern, expected.GetErrMsg(prescription.GetFixedLength()));
     }
     SetSingleMemValid(std::move(prescription));
 }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "plugin/Job.h"
+#include "job/Job.h"
 
 #include "camdata/holes/CMxSingleMemValidation.h"
 
@@ -8,6 +8,6 @@ namespace plugin {
 
 /// A fixed pattern as the library has it, none of its holes found yet. All positions are distances
 /// from the start. Sets the current tolerance to m_EPS.
-CMxSingleMemValidation MakePrescription(const FixedPattern& pattern);
+CMxSingleMemValidation MakePrescription(const job::FixedPattern& pattern);
 
 }  // namespace plugin

@@ -9,14 +9,14 @@ namespace {
 constexpr int kTopFlangeView = 0;
 constexpr int kBottomFlangeView = 2;
 
-bool Changes(const FlangeZero& zero) {
+bool Changes(const job::FlangeZero& zero) {
     return zero.zero != 0.0 || zero.isReversed;
 }
 
 /// One zero line at work: how a coordinate across the flange and an angle change.
 class Mover {
   public:
-    explicit Mover(const FlangeZero& zero) : m_zero(zero) {}
+    explicit Mover(const job::FlangeZero& zero) : m_zero(zero) {}
 
     ZetNCHoleData operator()(ZetNCHoleData hole) const {
         MoveY(hole.y);
@@ -51,10 +51,10 @@ class Mover {
     void MoveY(double& y) const { y = m_zero.isReversed ? m_zero.zero - y : y - m_zero.zero; }
     void Turn(double& value) const { value = m_zero.isReversed ? -value : value; }
 
-    FlangeZero m_zero;
+    job::FlangeZero m_zero;
 };
 
-void Move(ZetNCView& view, const FlangeZero& zero) {
+void Move(ZetNCView& view, const job::FlangeZero& zero) {
     const Mover mover(zero);
     view.setHoles(mover.MoveAll(view.getHoles()));
     view.setExternalContours(mover.MoveAll(view.getExternalContours()));
@@ -65,7 +65,7 @@ void Move(ZetNCView& view, const FlangeZero& zero) {
 
 }  // namespace
 
-void ApplyFlangeZeros(ZetNCStructure& structure, const MemberType& type) {
+void ApplyFlangeZeros(ZetNCStructure& structure, const job::MemberType& type) {
     if (!Changes(type.topFlange) && !Changes(type.bottomFlange))
         return;
     ZetArray<ZetNCView> views = structure.getViews();

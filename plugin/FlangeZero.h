@@ -1,6 +1,6 @@
 #pragma once
 
-#include "plugin/Job.h"
+#include "job/Job.h"
 
 #include "camdata/platform/host/ZetNCStructure.h"
 
@@ -9,6 +9,6 @@ namespace plugin {
 /// Moves what lies on the top and the bottom flange of a member (views at 0 and 2) to where the
 /// member type's zero lines say: Y less the zero line, or the zero line less Y, with all angles and
 /// bulges mirrored.
-void ApplyFlangeZeros(ZetNCStructure& structure, const MemberType& type);
+void ApplyFlangeZeros(ZetNCStructure& structure, const job::MemberType& type);
 
 }  // namespace plugin

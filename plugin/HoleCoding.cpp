@@ -18,7 +18,7 @@ void JobMember::CodeHoles() {
         if (match.entry != nullptr)
             CodeHole(hole, *match.entry);
         else if (match.isExcluded)
-            RefuseHole(kExcludedHole, kExcludedText, hole);
+            RefuseHole(job::kExcludedHole, kExcludedText, hole);
         else
             HandleUncoveredHole(hole);
     }
@@ -32,17 +32,17 @@ void JobMember::CodeHole(CHoleAddlInfo& hole, const HoleRules::Entry& entry) {
 }
 
 void JobMember::HandleUncoveredHole(CHoleAddlInfo& hole) {
-    const UncoveredRule& uncovered = GetJob().uncoveredHoles;
-    if (uncovered.action == Uncovered::kReport)
-        return RefuseHole(kUncoveredHole, kUncoveredText, hole);
-    if (uncovered.action == Uncovered::kOutput)
-        FileHole(kUncoveredHole, kUncoveredText, hole);
+    const job::UncoveredRule& uncovered = GetJob().uncoveredHoles;
+    if (uncovered.action == job::Uncovered::kReport)
+        return RefuseHole(job::kUncoveredHole, kUncoveredText, hole);
+    if (uncovered.action == job::Uncovered::kOutput)
+        FileHole(job::kUncoveredHole, kUncoveredText, hole);
     hole.SetHoleCode(uncovered.code);
     hole.SetHoleStatus(eHoleStatusWaitsForPair);
 }
 
 /// Files a finding; the hole is not manufactured.
-void JobMember::RefuseHole(ValidationType type, const wchar_t* what, CHoleAddlInfo& hole) {
+void JobMember::RefuseHole(job::ValidationType type, const wchar_t* what, CHoleAddlInfo& hole) {
     FileHole(type, what, hole);
     hole.SetValid(false);
     hole.SetHoleStatus(eHoleStatusNeverPair);

@@ -54,7 +54,7 @@ bool JobMember::IsSameColumn(long a, long b) const {
 
 /// All holes of a column are a group, or none is.
 void JobMember::FormGroup(const std::vector<long>& column) {
-    const GroupRule& group = EntryOfHole(column.front())->job->group;
+    const job::GroupRule& group = EntryOfHole(column.front())->job->group;
     const bool isWhole = static_cast<long>(column.size()) == group.holeCount;
     for (const long index : column) {
         CHoleAddlInfo& hole = m_holes[index];
@@ -65,7 +65,7 @@ void JobMember::FormGroup(const std::vector<long>& column) {
     }
 }
 
-void JobMember::PutIntoGroup(CHoleAddlInfo& hole, const GroupRule& group) {
+void JobMember::PutIntoGroup(CHoleAddlInfo& hole, const job::GroupRule& group) {
     CHoleOutPutCode code = hole.GetHoleOutPutCode();
     code.SetIsGroup(true);
     hole.SetHoleOutPutCode(std::move(code));
@@ -73,9 +73,9 @@ void JobMember::PutIntoGroup(CHoleAddlInfo& hole, const GroupRule& group) {
 }
 
 /// The library has refused the hole already when it must be in a group; else it goes out alone.
-void JobMember::LeaveAlone(CHoleAddlInfo& hole, const GroupRule& group) {
+void JobMember::LeaveAlone(CHoleAddlInfo& hole, const job::GroupRule& group) {
     if (group.isMust)
-        FileHole(kMissingGroup, kMissingGroupText, hole);
+        FileHole(job::kMissingGroup, kMissingGroupText, hole);
     else
         hole.SetHoleStatus(eHoleStatusWaitsForPair);
 }

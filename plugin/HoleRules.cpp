@@ -20,13 +20,13 @@ CHoleCode StandardCode(const ZetString& text) {
     return code;
 }
 
-CHoleCode CodeOf(const PairRule& pair) {
+CHoleCode CodeOf(const job::PairRule& pair) {
     CHoleCode code = StandardCode(pair.code);
     code.SetPairReplaceStr(pair.prefix);
     return code;
 }
 
-CHoleRule LibraryRule(const HoleRule& rule) {
+CHoleRule LibraryRule(const job::HoleRule& rule) {
     CHoleRule result;
     result.SetValues(rule.shape,
                      {StandardCode(rule.code)},
@@ -46,10 +46,10 @@ CHoleRule LibraryRule(const HoleRule& rule) {
     return result;
 }
 
-CHoleOutPutCode OutPutCode(const HoleRule& rule) {
+CHoleOutPutCode OutPutCode(const job::HoleRule& rule) {
     CHoleOutPutCode code;
     ZetArray<CHoleCode> pairs;
-    for (const PairRule& pair : rule.pairs)
+    for (const job::PairRule& pair : rule.pairs)
         pairs.append(CodeOf(pair));
     code.SetHoleCode(StandardCode(rule.code));
     code.SetPairCodes(std::move(pairs));
@@ -69,7 +69,7 @@ bool AllowsSize(const ZetArray<double>& sizes, double size) {
     return sizes.isEmpty() || Contains(sizes, size);
 }
 
-bool AllowsFace(const HoleRule& rule, const CHoleAddlInfo& hole) {
+bool AllowsFace(const job::HoleRule& rule, const CHoleAddlInfo& hole) {
     const eHoleFace face = hole.GetViewData().GetHoleFace();
     return rule.faces.empty() ||
            std::find(rule.faces.begin(), rule.faces.end(), face) != rule.faces.end();
@@ -95,16 +95,16 @@ bool Fits(const HoleRules::Entry& entry, const CHoleAddlInfo& hole) {
            AllowsRow(rule, hole);
 }
 
-bool IsRectangular(const HoleRule& rule) {
+bool IsRectangular(const job::HoleRule& rule) {
     return rule.shape == eHoleShapeSquare || rule.shape == eHoleShapeRectangular;
 }
 
 }  // namespace
 
-HoleRules::HoleRules(const std::vector<HoleRule>& rules)
+HoleRules::HoleRules(const std::vector<job::HoleRule>& rules)
     : m_hasRectangles(std::any_of(rules.begin(), rules.end(), IsRectangular)) {
     m_entries.reserve(rules.size());
-    for (const HoleRule& rule : rules)
+    for (const job::HoleRule& rule : rules)
         m_entries.push_back({&rule, LibraryRule(rule), OutPutCode(rule)});
 }
 

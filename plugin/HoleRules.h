@@ -1,6 +1,6 @@
 #pragma once
 
-#include "plugin/Job.h"
+#include "job/Job.h"
 
 #include "camdata/holes/CHoleAddlInfo.h"
 #include "camdata/holes/CHoleOutPutCode.h"
@@ -16,7 +16,7 @@ namespace plugin {
 class HoleRules {
   public:
     struct Entry {
-        const HoleRule* job;
+        const job::HoleRule* job;
         CHoleRule rule;
         CHoleOutPutCode code;  ///< of each hole under the rule
     };
@@ -27,7 +27,7 @@ class HoleRules {
         bool isExcluded = false;       ///< a rule fits, but excludes the member and names no other
     };
 
-    explicit HoleRules(const std::vector<HoleRule>& rules);
+    explicit HoleRules(const std::vector<job::HoleRule>& rules);
 
     /// The first rule that fits the hole. One that excludes the member hands on to the rule that it
     /// names, which must fit too. Sets the current tolerance to m_tol_y.

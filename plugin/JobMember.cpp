@@ -31,7 +31,7 @@ ZetArray<ZetString> BlockOf(ZetArray<ZetString> heading,
 
 }  // namespace
 
-JobMember::JobMember(const JobRules& rules, const MemberType& type, ZetNCCreator& creator)
+JobMember::JobMember(const JobRules& rules, const job::MemberType& type, ZetNCCreator& creator)
     : m_rules(rules), m_type(type) {
     CMemberValidations limits = type.limits;
     limits.SetPartofAssy(rules.IsPartOfAssembly(creator.getHeader().mark));
@@ -43,7 +43,7 @@ JobMember::JobMember(const JobRules& rules, const MemberType& type, ZetNCCreator
 }
 
 std::size_t JobMember::GetGroupPosition() const {
-    return IsSecondaryPart() ? std::size_t{kSecondaryGroup} : m_type.group;
+    return IsSecondaryPart() ? std::size_t{job::kSecondaryGroup} : m_type.group;
 }
 
 // ---- judging ------------------------------------------------------------------------------------
@@ -75,40 +75,41 @@ void JobMember::CheckDistances() {
         hole.CheckEdgeAndEndDist(m_memType, length);
         // Not without lines: they would make the member invalid or non-standard too.
         if (hole.GetWarMsg(lines))
-            AppendMsg_VT(ReportTypeOf(kHoleDistance), lines);
+            AppendMsg_VT(ReportTypeOf(job::kHoleDistance), lines);
     }
 }
 
 void JobMember::CheckQuantity() {
     const long most = GetJob().maximumQuantity;
     if (GetQty() > most)
-        FileFinding(kQuantity, ZetString::format(L"Quantity (%d) is above %d", GetQty(), most));
+        FileFinding(job::kQuantity,
+                    ZetString::format(L"Quantity (%d) is above %d", GetQty(), most));
 }
 
 void JobMember::CheckStockLength() {
     const double stockLength = CMxNestParts().GetNestLength();
     CMxGeom::SetTol(eTolEPS);
     if (GetGroup().isNested && CMxGeom::IsGreater_Mx(GetLength(), stockLength))
-        FileFinding(kLongerThanStock,
+        FileFinding(job::kLongerThanStock,
                     ZetString::format(L"Member length (%.1f) is greater than the stock length %.0f",
                                       GetLength(),
                                       stockLength));
 }
 
-eReportingTypes JobMember::ReportTypeOf(ValidationType type) const {
+eReportingTypes JobMember::ReportTypeOf(job::ValidationType type) const {
     return m_validations.GetReportType(static_cast<eValidationTypes>(type));
 }
 
-void JobMember::FileFinding(ValidationType type, const ZetString& text) {
+void JobMember::FileFinding(job::ValidationType type, const ZetString& text) {
     AppendMsg_VT(ReportTypeOf(type), Indented(text));
 }
 
-void JobMember::FileHole(ValidationType type, const wchar_t* what, const CHoleAddlInfo& hole) {
+void JobMember::FileHole(job::ValidationType type, const wchar_t* what, const CHoleAddlInfo& hole) {
     FileFinding(type, ZetString::format(L"%s: %s", what, hole.GetHoleMsg().trimmedLeft()));
 }
 
 /// In the lines of the library, with this finding as the notch's error.
-void JobMember::FileNotch(ValidationType type, const wchar_t* what, CNotchAddInfo notch) {
+void JobMember::FileNotch(job::ValidationType type, const wchar_t* what, CNotchAddInfo notch) {
     ZetArray<ZetString> lines;
     notch.AppendMsg(eHoleMsgError, what);
     notch.GetErrMsg(lines);
@@ -125,7 +126,7 @@ void JobMember::SettleReport() {
     if (!m_outcome.isNonStandard)
         return;
     ZetArray<long> blocks = GetAddInfoArrLoc();
-    blocks.append(kNonStandardBlock);
+    blocks.append(job::kNonStandardBlock);
     SetAddInfoArrLoc(std::move(blocks));
 }
 

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "plugin/Job.h"
+#include "job/Job.h"
+#include "job/ValidationTypes.h"
 #include "plugin/JobRules.h"
-#include "plugin/ValidationTypes.h"
 
 #include "camdata/member/CMxPeilaib.h"
 
@@ -59,7 +59,7 @@ class JobMember : public CMxPeilaib {
   public:
     /// Takes over what the creator, which has run, holds of its member. Rules and type must outlive
     /// the member; creator and entity are needed until MakeOutput is done.
-    JobMember(const JobRules& rules, const MemberType& type, ZetNCCreator& creator);
+    JobMember(const JobRules& rules, const job::MemberType& type, ZetNCCreator& creator);
 
     void ValidateMember() override;
     /// Settles whether the member is valid, and makes its error and warning blocks. A second call
@@ -112,17 +112,17 @@ class JobMember : public CMxPeilaib {
     /// Face and position.
     using HolePlace = std::tuple<eHoleFace, double, double>;
 
-    const Job& GetJob() const { return m_rules.GetJob(); }
-    const Group& GetGroup() const { return GetJob().groups[GetGroupPosition()]; }
+    const job::Job& GetJob() const { return m_rules.GetJob(); }
+    const job::Group& GetGroup() const { return GetJob().groups[GetGroupPosition()]; }
     /// The rule that a hole falls under; null: none.
     const HoleRules::Entry* EntryOfHole(long index) const {
         return m_entryOfHole[static_cast<std::size_t>(index)];
     }
 
-    eReportingTypes ReportTypeOf(ValidationType type) const;
-    void FileFinding(ValidationType type, const ZetString& text);
-    void FileHole(ValidationType type, const wchar_t* what, const CHoleAddlInfo& hole);
-    void FileNotch(ValidationType type, const wchar_t* what, CNotchAddInfo notch);
+    eReportingTypes ReportTypeOf(job::ValidationType type) const;
+    void FileFinding(job::ValidationType type, const ZetString& text);
+    void FileHole(job::ValidationType type, const wchar_t* what, const CHoleAddlInfo& hole);
+    void FileNotch(job::ValidationType type, const wchar_t* what, CNotchAddInfo notch);
 
     void FileSetAside();
     void FindHolesInsideSlots();
@@ -136,7 +136,7 @@ class JobMember : public CMxPeilaib {
     void CodeHoles();
     static void CodeHole(CHoleAddlInfo& hole, const HoleRules::Entry& entry);
     void HandleUncoveredHole(CHoleAddlInfo& hole);
-    void RefuseHole(ValidationType type, const wchar_t* what, CHoleAddlInfo& hole);
+    void RefuseHole(job::ValidationType type, const wchar_t* what, CHoleAddlInfo& hole);
 
     void FindPairs();
     void FindPairOf(long index, const HoleRules::Entry& entry);
@@ -145,8 +145,8 @@ class JobMember : public CMxPeilaib {
     std::vector<long> GroupCandidates() const;
     bool IsSameColumn(long a, long b) const;
     void FormGroup(const std::vector<long>& column);
-    static void PutIntoGroup(CHoleAddlInfo& hole, const GroupRule& group);
-    void LeaveAlone(CHoleAddlInfo& hole, const GroupRule& group);
+    static void PutIntoGroup(CHoleAddlInfo& hole, const job::GroupRule& group);
+    void LeaveAlone(CHoleAddlInfo& hole, const job::GroupRule& group);
 
     void MatchCornerNotches();
     void MatchCornerNotch(CNotchAddInfo& notch) const;
@@ -169,7 +169,7 @@ class JobMember : public CMxPeilaib {
     void ReleaseSources();
 
     const JobRules& m_rules;
-    const MemberType& m_type;
+    const job::MemberType& m_type;
     /// By hole; null: no rule. Only while the member is validated.
     std::vector<const HoleRules::Entry*> m_entryOfHole;
     std::set<HoleKey> m_insideSlots;  ///< those of the duplicate holes

@@ -17,32 +17,32 @@ constexpr std::int32_t kSettingsEntries = 8;
 constexpr const wchar_t* kEntryMark = L"+";
 
 struct TextRow {
-    ZetString ProjectData::*text;
+    ZetString job::ProjectData::*text;
     SetText set;
 };
 
 constexpr TextRow kTexts[] = {
-    {&ProjectData::caption,            &CProjectInformation::SetDialogCaption    },
-    {&ProjectData::fileName,           &CProjectInformation::SetFileName         },
-    {&ProjectData::settingsFile,       &CProjectInformation::SetSettingFileName  },
-    {&ProjectData::modelName,          &CProjectInformation::SetModelName        },
-    {&ProjectData::modelRef,           &CProjectInformation::SetModelRef         },
-    {&ProjectData::name,               &CProjectInformation::SetProjectName      },
-    {&ProjectData::number,             &CProjectInformation::SetProjectNo        },
-    {&ProjectData::client,             &CProjectInformation::SetClient           },
-    {&ProjectData::coldRolledCustomer, &CProjectInformation::SetColdRolledCust   },
-    {&ProjectData::coldRolledOrderNo,  &CProjectInformation::SetColdRolledOrderNo},
-    {&ProjectData::contractor,         &CProjectInformation::SetContractor       },
-    {&ProjectData::designer,           &CProjectInformation::SetDesigner         },
-    {&ProjectData::detailer,           &CProjectInformation::SetDetailer         },
-    {&ProjectData::revision,           &CProjectInformation::SetRevision         },
-    {&ProjectData::commentMarker,      &CProjectInformation::SetCommentStr       },
+    {&job::ProjectData::caption,            &CProjectInformation::SetDialogCaption    },
+    {&job::ProjectData::fileName,           &CProjectInformation::SetFileName         },
+    {&job::ProjectData::settingsFile,       &CProjectInformation::SetSettingFileName  },
+    {&job::ProjectData::modelName,          &CProjectInformation::SetModelName        },
+    {&job::ProjectData::modelRef,           &CProjectInformation::SetModelRef         },
+    {&job::ProjectData::name,               &CProjectInformation::SetProjectName      },
+    {&job::ProjectData::number,             &CProjectInformation::SetProjectNo        },
+    {&job::ProjectData::client,             &CProjectInformation::SetClient           },
+    {&job::ProjectData::coldRolledCustomer, &CProjectInformation::SetColdRolledCust   },
+    {&job::ProjectData::coldRolledOrderNo,  &CProjectInformation::SetColdRolledOrderNo},
+    {&job::ProjectData::contractor,         &CProjectInformation::SetContractor       },
+    {&job::ProjectData::designer,           &CProjectInformation::SetDesigner         },
+    {&job::ProjectData::detailer,           &CProjectInformation::SetDetailer         },
+    {&job::ProjectData::revision,           &CProjectInformation::SetRevision         },
+    {&job::ProjectData::commentMarker,      &CProjectInformation::SetCommentStr       },
 };
 
 constexpr TextRow kDates[] = {
-    {&ProjectData::coldRolledOrderDate, &CProjectInformation::SetColdRolledOrderDate},
-    {&ProjectData::revisionDate,        &CProjectInformation::SetRevisionDate       },
-    {&ProjectData::deliveryDate,        &CProjectInformation::SetDeliveryDate       },
+    {&job::ProjectData::coldRolledOrderDate, &CProjectInformation::SetColdRolledOrderDate},
+    {&job::ProjectData::revisionDate,        &CProjectInformation::SetRevisionDate       },
+    {&job::ProjectData::deliveryDate,        &CProjectInformation::SetDeliveryDate       },
 };
 
 struct HeaderRow {
@@ -82,7 +82,7 @@ ZetString IsoDate(const CalendarDate& date) {
 
 }  // namespace
 
-JobProjectInformation::JobProjectInformation(const Job& job, const ZetString& location) {
+JobProjectInformation::JobProjectInformation(const job::Job& job, const ZetString& location) {
     m_expectedEntryCount = kSettingsEntries;
     ZetArray<ZetString> marks;
     for (std::int32_t i = 0; i < kSettingsEntries; ++i)
@@ -95,7 +95,7 @@ JobProjectInformation::JobProjectInformation(const Job& job, const ZetString& lo
     SetOutputFiles(job);
 }
 
-void JobProjectInformation::SetTexts(const ProjectData& project) {
+void JobProjectInformation::SetTexts(const job::ProjectData& project) {
     for (const TextRow& row : kTexts)
         (this->*row.set)(project.*row.text);
     SetComments(ToArray(project.comments));
@@ -104,7 +104,7 @@ void JobProjectInformation::SetTexts(const ProjectData& project) {
     SetMxDeliveryAddress(Joined(project.deliveryAddress));
 }
 
-void JobProjectInformation::SetDates(const Job& job) {
+void JobProjectInformation::SetDates(const job::Job& job) {
     for (const TextRow& row : kDates) {
         const ZetString& text = job.project.*row.text;
         if (!text.isEmpty())
@@ -114,9 +114,9 @@ void JobProjectInformation::SetDates(const Job& job) {
     }
 }
 
-void JobProjectInformation::SetOutputFiles(const Job& job) {
+void JobProjectInformation::SetOutputFiles(const job::Job& job) {
     ZetArray<COutPutFiles> files;
-    for (const OutputFile& file : job.files) {
+    for (const job::OutputFile& file : job.files) {
         COutPutFiles entry;
         // The dialog joins location, file name and caption to find out whether the file is there.
         entry.SetValues(job.project.fileName + file.ending, file.ending);

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "plugin/Job.h"
+#include "job/Job.h"
 
 #include "camdata/platform/base/ZetArray.h"
 #include "camdata/platform/text/ZetString.h"
@@ -14,7 +14,7 @@ class JobProjectInformation : public CProjectInformation {
   public:
     /// `location` is the output's folder with the separator at its end; the settings file stands
     /// there. Dates that the job leaves open are the job's date, or else today's.
-    JobProjectInformation(const Job& job, const ZetString& location);
+    JobProjectInformation(const job::Job& job, const ZetString& location);
 
     /// Takes over the settings file. False when it is damaged, with nothing changed.
     bool ReadSettings();
@@ -22,9 +22,9 @@ class JobProjectInformation : public CProjectInformation {
     ZetArray<ZetString> MakeHeaderLines();
 
   private:
-    void SetTexts(const ProjectData& project);
-    void SetDates(const Job& job);
-    void SetOutputFiles(const Job& job);
+    void SetTexts(const job::ProjectData& project);
+    void SetDates(const job::Job& job);
+    void SetOutputFiles(const job::Job& job);
 };
 
 }  // namespace plugin

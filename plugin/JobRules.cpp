@@ -1,7 +1,7 @@
 #include "plugin/JobRules.h"
 
+#include "job/TextPattern.h"
 #include "plugin/FixedPatterns.h"
-#include "plugin/TextPattern.h"
 
 #include "camdata/output/CMxCamGlobAcc.h"
 #include "camdata/util/HostBridge.h"
@@ -13,32 +13,32 @@ namespace plugin {
 namespace {
 
 bool Fits(const ZetString& text, const ZetString& pattern) {
-    return pattern.isEmpty() || MatchesPattern(text.view(), pattern.view());
+    return pattern.isEmpty() || job::MatchesPattern(text.view(), pattern.view());
 }
 
 }  // namespace
 
-JobRules::JobRules(const Job& job) : m_job(job), m_holeRules(job.holeRules) {
-    for (const FixedPattern& pattern : job.patterns)
+JobRules::JobRules(const job::Job& job) : m_job(job), m_holeRules(job.holeRules) {
+    for (const job::FixedPattern& pattern : job.patterns)
         m_patterns.push_back(MakePrescription(pattern));
-    for (const Assembly& assembly : job.assemblies) {
+    for (const job::Assembly& assembly : job.assemblies) {
         m_assemblyMarks.insert(assembly.mark);
-        for (const AssemblyPart& part : assembly.parts)
+        for (const job::AssemblyPart& part : assembly.parts)
             m_assemblyMarks.insert(part.mark);
     }
 }
 
-const MemberType* JobRules::FindMemberType(ZetNCCreator& creator) const {
+const job::MemberType* JobRules::FindMemberType(ZetNCCreator& creator) const {
     const ZetString profileName = GetProfileNameFromCreator(&creator);
-    const std::vector<MemberType>& types = m_job.memberTypes;
-    const auto at = std::find_if(types.begin(), types.end(), [&](const MemberType& type) {
+    const std::vector<job::MemberType>& types = m_job.memberTypes;
+    const auto at = std::find_if(types.begin(), types.end(), [&](const job::MemberType& type) {
         return Fits(profileName, type.profilePattern) &&
                Fits(creator.getHeader().profileCode, type.codePattern);
     });
     return at == types.end() ? nullptr : &*at;
 }
 
-const CMxSingleMemValidation* JobRules::FindPattern(const MemberType& type) const {
+const CMxSingleMemValidation* JobRules::FindPattern(const job::MemberType& type) const {
     return type.pattern ? &m_patterns[*type.pattern] : nullptr;
 }
 
@@ -46,7 +46,7 @@ bool JobRules::IsPartOfAssembly(const ZetString& mark) const {
     return m_assemblyMarks.count(mark) > 0;
 }
 
-void UseTolerances(const Tolerances& tolerances) {
+void UseTolerances(const job::Tolerances& tolerances) {
     CMxCamGlobAcc::SetGeomEPSs(tolerances.eps,
                                tolerances.general,
                                tolerances.x,

@@ -1,7 +1,7 @@
 #pragma once
 
+#include "job/Job.h"
 #include "plugin/HoleRules.h"
-#include "plugin/Job.h"
 
 #include "camdata/holes/CMxSingleMemValidation.h"
 #include "camdata/platform/host/ZetNCCreator.h"
@@ -16,26 +16,26 @@ namespace plugin {
 /// outlive it.
 class JobRules {
   public:
-    explicit JobRules(const Job& job);
+    explicit JobRules(const job::Job& job);
 
-    const Job& GetJob() const { return m_job; }
+    const job::Job& GetJob() const { return m_job; }
     const HoleRules& GetHoleRules() const { return m_holeRules; }
     /// The first type whose patterns fit profile name and code of a creator that has run; null when
     /// none does.
-    const MemberType* FindMemberType(ZetNCCreator& creator) const;
+    const job::MemberType* FindMemberType(ZetNCCreator& creator) const;
     /// The prescription of a member type, its positions as distances from the start; null: none.
-    const CMxSingleMemValidation* FindPattern(const MemberType& type) const;
+    const CMxSingleMemValidation* FindPattern(const job::MemberType& type) const;
     /// The job names the mark as a main part or as a single part of an assembly.
     bool IsPartOfAssembly(const ZetString& mark) const;
 
   private:
-    const Job& m_job;
+    const job::Job& m_job;
     HoleRules m_holeRules;
     std::vector<CMxSingleMemValidation> m_patterns;  ///< by position in Job::patterns
     std::set<ZetString> m_assemblyMarks;
 };
 
 /// Makes them the tolerances of the library, for the whole process.
-void UseTolerances(const Tolerances& tolerances);
+void UseTolerances(const job::Tolerances& tolerances);
 
 }  // namespace plugin

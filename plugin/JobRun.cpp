@@ -1,7 +1,7 @@
 #include "plugin/JobRun.h"
 
+#include "job/Utf8Path.h"
 #include "plugin/ToArray.h"
-#include "plugin/Utf8Path.h"
 
 #include "camdata/platform/system/Clock.h"
 #include "camdata/util/CMxUtil.h"
@@ -18,7 +18,7 @@ namespace {
 
 /// Text of a path, with a separator at the end when it is that of a folder ("" as its last name).
 ZetString TextOf(const std::filesystem::path& path) {
-    return ZetString::fromUtf8(Utf8FromPath(path));
+    return ZetString::fromUtf8(job::Utf8FromPath(path));
 }
 
 /// The day that counts as today while a run of a job with a date lives.
@@ -34,7 +34,7 @@ void SetDateOfRun(const std::optional<CalendarDate>& date) {
     SetClock(date ? DateOfRun : nullptr);
 }
 
-CMxGroups GroupOf(const Group& source, std::size_t position) {
+CMxGroups GroupOf(const job::Group& source, std::size_t position) {
     ZetArray<long> files;
     for (const std::size_t file : source.files)
         files.append(static_cast<long>(file));
@@ -61,7 +61,7 @@ void Count(const MemberResult& member, GroupResult& group) {
 /// cancelled before each member that is written.
 class JobRun::Member final : public JobMember {
   public:
-    Member(const JobRun& run, const MemberType& type, ZetNCCreator& creator)
+    Member(const JobRun& run, const job::MemberType& type, ZetNCCreator& creator)
         : JobMember(run.m_rules, type, creator), m_run(run), m_ordered(GetQty()) {}
 
     void WriteMemOutPut(const ZetArray<ZetFileAccess*>& files,
@@ -81,7 +81,8 @@ class JobRun::Member final : public JobMember {
     long m_ordered;
 };
 
-JobRun::JobRun(const Job& job, const std::filesystem::path& folder) : m_job(job), m_rules(job) {
+JobRun::JobRun(const job::Job& job, const std::filesystem::path& folder)
+    : m_job(job), m_rules(job) {
     UseTolerances(job.tolerances);
     SetDateOfRun(job.date);
     m_accumulator.SetProjectInfo(new JobProjectInformation(job, TextOf(folder / "")));
@@ -109,7 +110,7 @@ JobRun::Added JobRun::Add(ZetNCEntity& entity) {
     ZetNCCreator creator;
     creator.setNCEntity(&entity);
     creator.create();
-    const MemberType* type = m_rules.FindMemberType(creator);
+    const job::MemberType* type = m_rules.FindMemberType(creator);
     if (type == nullptr)
         return Added::kNoType;
     if (type->isSkipped)
@@ -152,17 +153,17 @@ ZetString JobRun::GetFileName(const ZetString& ending) {
 
 std::vector<ZetString> JobRun::GetFileNames() {
     std::vector<ZetString> names;
-    for (const OutputFile& file : m_job.files)
+    for (const job::OutputFile& file : m_job.files)
         names.push_back(GetFileName(file.ending));
     if (IsAnyGroupNested())
-        names.push_back(GetFileName(kCuttingListEnding));
+        names.push_back(GetFileName(job::kCuttingListEnding));
     return names;
 }
 
 void JobRun::SetUpFiles(const ZetString& folder) {
     const ZetArray<ZetString> projectHeader = GetJobProjectInfo().MakeHeaderLines();
     ZetArray<CMxFileGroups> files;
-    for (const OutputFile& source : m_job.files) {
+    for (const job::OutputFile& source : m_job.files) {
         ZetArray<ZetString> header = ToArray(source.headerLines);
         if (source.hasProjectHeader)
             header.appendAll(projectHeader);
@@ -200,7 +201,7 @@ void JobRun::SetUpAdditionalInfo() {
 // ---- cutting list -------------------------------------------------------------------------------
 
 bool JobRun::IsAnyGroupNested() const {
-    return std::any_of(m_job.groups.begin(), m_job.groups.end(), [](const Group& group) {
+    return std::any_of(m_job.groups.begin(), m_job.groups.end(), [](const job::Group& group) {
         return group.isNested;
     });
 }
@@ -209,7 +210,7 @@ void JobRun::WriteCuttingList(const ZetString& folder) {
     if (!IsAnyGroupNested())
         return;
     ZetFileAccess file;
-    const ZetString name = folder + GetFileName(kCuttingListEnding);
+    const ZetString name = folder + GetFileName(job::kCuttingListEnding);
     file.Open(name, L"w");
     for (std::size_t group = 0; group < m_job.groups.size(); ++group)
         CMxUtil::AsArrStrPrint(CutGroup(group), &file);

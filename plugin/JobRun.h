@@ -1,7 +1,7 @@
 #pragma once
 
+#include "job/Job.h"
 #include "plugin/CuttingList.h"
-#include "plugin/Job.h"
 #include "plugin/JobMember.h"
 #include "plugin/JobProjectInformation.h"
 #include "plugin/JobRules.h"
@@ -61,7 +61,7 @@ class JobRun {
 
     /// `folder` is where the output will stand in the end; settings are read from it. Nothing is
     /// read or written yet. The job must outlive the run.
-    JobRun(const Job& job, const std::filesystem::path& folder);
+    JobRun(const job::Job& job, const std::filesystem::path& folder);
     ~JobRun();
     JobRun(const JobRun&) = delete;
     JobRun& operator=(const JobRun&) = delete;
@@ -110,7 +110,7 @@ class JobRun {
     Member* FindNestHolder(std::size_t group) const;
     ZetArray<ZetString> CutGroup(std::size_t group);
 
-    const Job& m_job;
+    const job::Job& m_job;
     JobRules m_rules;
     std::vector<std::unique_ptr<Member>> m_members;
     CMxCamGlobAcc m_accumulator;

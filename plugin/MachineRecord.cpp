@@ -1,5 +1,7 @@
 #include "plugin/MachineRecord.h"
 
+#include "job/MemberLine.h"
+
 #include "camdata/tolerance/CMxGeom.h"
 
 #include <algorithm>
@@ -19,7 +21,6 @@ namespace plugin {
 namespace {
 
 constexpr int kDecimals = 3;
-constexpr std::wstring_view kMemberWord = L"member";
 constexpr std::wstring_view kEndWord = L"end";
 
 // ---- fields -------------------------------------------------------------------------------------
@@ -309,10 +310,6 @@ ZetString ParseFields(std::wstring_view text,
     return text.empty() ? L"" : L"there is more in the line than its fields";
 }
 
-bool BeginsBlock(std::wstring_view line) {
-    return TakePrefix(line, kMemberWord) && TakePrefix(line, L" ");
-}
-
 /// Puts a text together to members, line by line.
 class RecordReader {
   public:
@@ -320,7 +317,7 @@ class RecordReader {
     ZetString Add(std::wstring_view line) {
         if (m_isInBlock)
             return AddToBlock(line);
-        return BeginsBlock(line) ? Begin(line) : ZetString();
+        return job::BeginsMember(line) ? Begin(line) : ZetString();
     }
     ZetString End() const { return m_isInBlock ? L"the member has no end" : L""; }
     std::vector<MachineMember> TakeMembers() { return std::move(m_members); }
@@ -328,7 +325,7 @@ class RecordReader {
   private:
     ZetString Begin(std::wstring_view line) {
         m_isInBlock = true;
-        line.remove_prefix(kMemberWord.size());
+        line.remove_prefix(job::kMemberWord.size());
         return ParseFields<MachineMember>(line, kMemberFields, m_members.emplace_back());
     }
 
@@ -356,7 +353,7 @@ class RecordReader {
 }  // namespace
 
 ZetString FormatMemberLine(const MachineMember& member) {
-    return FormatLine<MachineMember>(kMemberWord, kMemberFields, member);
+    return FormatLine<MachineMember>(job::kMemberWord, kMemberFields, member);
 }
 
 ZetString FormatOperationLine(const MachineOperation& operation) {
@@ -366,10 +363,6 @@ ZetString FormatOperationLine(const MachineOperation& operation) {
 
 ZetString MemberEndLine() {
     return ZetString(kEndWord);
-}
-
-bool BeginsMember(const ZetString& line) {
-    return BeginsBlock(line.view());
 }
 
 std::variant<std::vector<MachineMember>, MachineFault> ReadMachineRecords(const ZetString& text) {

@@ -66,9 +66,6 @@ ZetString FormatOperationLine(const MachineOperation& operation);
 /// The line that ends a member's block.
 ZetString MemberEndLine();
 
-/// The line begins a member's block, or seems to: no heading may.
-bool BeginsMember(const ZetString& line);
-
 /// The first fault of a text that should hold machine records.
 struct MachineFault {
     long line = 0;  ///< from 1

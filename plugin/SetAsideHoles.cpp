@@ -53,12 +53,12 @@ void JobMember::FileSetAside() {
     for (const CHoleAddlInfo& hole : m_duplicateHoles) {
         const SetAside reason = IsRepeated(hole) ? SetAside::kNot : WhySetAside(hole);
         if (reason == SetAside::kInsideSlot)
-            FileHole(kHoleInsideSlot, kInsideSlotText, hole);
+            FileHole(job::kHoleInsideSlot, kInsideSlotText, hole);
         else if (reason == SetAside::kDuplicate)
-            FileHole(kDuplicateHole, kDuplicateText, hole);
+            FileHole(job::kDuplicateHole, kDuplicateText, hole);
     }
     for (const CNotchAddInfo& notch : m_duplicateNotches)
-        FileNotch(kDuplicateNotch, kDuplicateNotchText, notch);
+        FileNotch(job::kDuplicateNotch, kDuplicateNotchText, notch);
 }
 
 std::vector<MemberHole> JobMember::CollectHoles() const {

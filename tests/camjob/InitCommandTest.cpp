@@ -1,5 +1,5 @@
 #include "camjob/CamjobRun.h"
-#include "camjob/InitTemplates.h"
+#include "job/templates/InitTemplates.h"
 #include "support/JobKeyNames.h"
 
 namespace {
@@ -22,7 +22,7 @@ TEST(InitCommand, WhatItWritesRunsAsItStands) {
 }
 
 TEST(InitCommand, TemplateShowsEveryKey) {
-    EXPECT_EQ(FindMissingJobKeys(std::string(camjob::kInitTemplates.front().text)),
+    EXPECT_EQ(FindMissingJobKeys(std::string(job::kInitTemplates.front().text)),
               std::vector<std::string>());
 }
 

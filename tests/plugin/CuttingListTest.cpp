@@ -52,7 +52,7 @@ class Holder : public plugin::JobMember {
 
 /// The cutting list of these parts, without a reserve.
 plugin::CuttingList ListOf(const std::vector<plugin::StockPieces>& pieces) {
-    static const plugin::Job job = SampleJob();
+    static const job::Job job = SampleJob();
     const plugin::JobRules rules(job);
     Part part(L"Z1");
     ZetNCCreator creator;

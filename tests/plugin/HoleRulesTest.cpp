@@ -9,7 +9,7 @@
 
 namespace {
 
-using plugin::HoleRule;
+using job::HoleRule;
 using plugin::HoleRules;
 
 HoleRule Rule(const wchar_t* id, eHoleShapeType shape = eHoleShapeRound) {

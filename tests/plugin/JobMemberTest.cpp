@@ -8,20 +8,20 @@
 
 namespace {
 
-using plugin::Job;
-using plugin::NotchCorner;
-using plugin::Uncovered;
+using job::Job;
+using job::NotchCorner;
+using job::Uncovered;
 
 /// A rule for round holes of 18 with code "18".
-plugin::HoleRule Rule18() {
-    plugin::HoleRule rule;
+job::HoleRule Rule18() {
+    job::HoleRule rule;
     rule.id = L"r18";
     rule.diameters = {18};
     rule.code = L"18";
     return rule;
 }
 
-Job JobWithRule(const std::function<void(plugin::HoleRule&)>& change = [](auto&) {}) {
+Job JobWithRule(const std::function<void(job::HoleRule&)>& change = [](auto&) {}) {
     Job job = SampleJob();
     job.holeRules = {Rule18()};
     change(job.holeRules.front());
@@ -33,7 +33,7 @@ Job JobWithRule(const std::function<void(plugin::HoleRule&)>& change = [](auto&)
 struct TogetherCase {
     const char* name;
     std::vector<ZetGeomPoint2d> places;
-    void (*change)(plugin::HoleRule&);
+    void (*change)(job::HoleRule&);
     const char* holes;
     long count;
 };
@@ -50,28 +50,28 @@ TEST_P(Together, HolesAreCodedAndCounted) {
     EXPECT_EQ(judged->GetNoOfHoles(), c.count);
 }
 
-void PairAt40(plugin::HoleRule& rule) {
+void PairAt40(job::HoleRule& rule) {
     rule.pairs = {
         {L"18", 40.0, L"y "}
     };
 }
-void PairMust(plugin::HoleRule& rule) {
+void PairMust(job::HoleRule& rule) {
     PairAt40(rule);
     rule.isPairMust = true;
 }
-void PairOr(plugin::HoleRule& rule) {
+void PairOr(job::HoleRule& rule) {
     rule.pairs = {
         {L"X",  60.0, L"z "},
         {L"18", 60.0, L"z "}
     };
 }
-void GroupOf2(plugin::HoleRule& rule) {
+void GroupOf2(job::HoleRule& rule) {
     rule.group = {L"G", 2, false};
 }
-void GroupMust(plugin::HoleRule& rule) {
+void GroupMust(job::HoleRule& rule) {
     rule.group = {L"G", 2, true};
 }
-void PairThenGroup(plugin::HoleRule& rule) {
+void PairThenGroup(job::HoleRule& rule) {
     PairAt40(rule);
     GroupOf2(rule);
 }
@@ -112,7 +112,7 @@ TEST(JobMember, GroupsAreOfOneRuleAndOneFace) {
 
 struct FindingCase {
     const char* name;
-    plugin::ValidationType type;
+    job::ValidationType type;
     void (*setUp)(Job&, Part&);
     const char* lines;
 };
@@ -139,66 +139,66 @@ void HoleAndRule(Job& job, Part& part) {
 
 // clang-format off
 const FindingCase kFindingCases[] = {
-    {"UncoveredHole", plugin::kUncoveredHole, [](Job&, Part& part) { part.Hole(kWebView, 300, 50, 18); },
+    {"UncoveredHole", job::kUncoveredHole, [](Job&, Part& part) { part.Hole(kWebView, 300, 50, 18); },
      "No hole rule covers it: 18.0 round holes on web at (X:300.0, Y:50.0)\n"},
-    {"HoleDistance", plugin::kHoleDistance, [](Job& job, Part& part) {
+    {"HoleDistance", job::kHoleDistance, [](Job& job, Part& part) {
          job.areDistancesChecked = true;
          job.holeRules = {Rule18()};
          part.Hole(kWebView, 300, 100, 18).Hole(kWebView, 300, 10, 18);
      },
      "*Warning in Hole* 18.0 round holes on web at (X:300.0, Y:10.0)\n"
      "Distance (10.0) from bottom flange is insufficient\n"},
-    {"HoleInsideSlot", plugin::kHoleInsideSlot, [](Job& job, Part& part) {
+    {"HoleInsideSlot", job::kHoleInsideSlot, [](Job& job, Part& part) {
          job.uncoveredHoles.action = Uncovered::kAccept;
          part.Slot(kWebView, 100, 50, 18, 40).Hole(kWebView, 139, 50, 10);
      },
      "Left out, it lies inside a slot: 10.0 round holes on web at (X:139.0, Y:50.0)\n"},
-    {"ExcludedHole", plugin::kExcludedHole, [](Job& job, Part& part) {
+    {"ExcludedHole", job::kExcludedHole, [](Job& job, Part& part) {
          HoleAndRule(job, part);
          job.holeRules[0].excludedMembers = {L"Z200x2.0"};
      },
      "Its hole rule excludes this member: 18.0 round holes on web at (X:300.0, Y:50.0)\n"},
-    {"MissingPair", plugin::kMissingPair, [](Job& job, Part& part) {
+    {"MissingPair", job::kMissingPair, [](Job& job, Part& part) {
          HoleAndRule(job, part);
          PairMust(job.holeRules[0]);
      },
      "It has no second hole: 18.0 round holes on web at (X:300.0, Y:50.0)\n"},
-    {"MissingGroup", plugin::kMissingGroup, [](Job& job, Part& part) {
+    {"MissingGroup", job::kMissingGroup, [](Job& job, Part& part) {
          HoleAndRule(job, part);
          GroupMust(job.holeRules[0]);
      },
      "It belongs to no group of holes: 18.0 round holes on web at (X:300.0, Y:50.0)\n"},
-    {"DuplicateHole", plugin::kDuplicateHole, [](Job& job, Part& part) {
+    {"DuplicateHole", job::kDuplicateHole, [](Job& job, Part& part) {
          HoleAndRule(job, part);
          part.Hole(kWebView, 300, 50, 18);
      },
      "Left out, it repeats or touches another hole: 18.0 round holes on web at (X:300.0, Y:50.0)\n"},
-    {"DuplicateNotch", plugin::kDuplicateNotch, [](Job& job, Part& part) {
+    {"DuplicateNotch", job::kDuplicateNotch, [](Job& job, Part& part) {
          job.uncoveredNotches.action = Uncovered::kAccept;
          part.Opening(kWebView, 500, 100, 60, 40).Opening(kWebView, 500, 100, 60, 40);
      },
      "Position x     : 500.0\nPosition y     : 100.0\nFace           : web\n"
      "Left out, it repeats another notch\n--------------------------------------------------\n"},
-    {"UncoveredNotch", plugin::kUncoveredNotch, [](Job&, Part& part) { part.Opening(kWebView, 500, 100, 60, 40); },
+    {"UncoveredNotch", job::kUncoveredNotch, [](Job&, Part& part) { part.Opening(kWebView, 500, 100, 60, 40); },
      "Position x     : 500.0\nPosition y     : 100.0\nFace           : web\n"
      "No corner notch describes it\n--------------------------------------------------\n"},
-    {"NotchNotAllowed", plugin::kUncoveredNotch, [](Job& job, Part& part) {
+    {"NotchNotAllowed", job::kUncoveredNotch, [](Job& job, Part& part) {
          job.memberTypes[0].limits.SetNoOfInternalContours(0);
          part.Opening(kWebView, 500, 100, 60, 40);
      },
      "Position x     : 500.0\nPosition y     : 100.0\nFace           : web\n"
      "Members of this type may have no such notch\n--------------------------------------------------\n"},
-    {"FixedPattern", plugin::kFixedPattern, [](Job& job, Part&) {
+    {"FixedPattern", job::kFixedPattern, [](Job& job, Part&) {
          job.patterns = {{L"p", 3000.0, false, {{18.0, L"18", {0.5, -100.0}, L"no %.0f hole at %.1f"}}}};
          job.memberTypes[0].pattern = 0;
      },
      "no 18 hole at 1500.0 or 2900.0\n"},
-    {"Quantity", plugin::kQuantity, [](Job& job, Part& part) {
+    {"Quantity", job::kQuantity, [](Job& job, Part& part) {
          job.maximumQuantity = 10;
          part.Qty(11);
      },
      "Quantity (11) is above 10\n"},
-    {"LongerThanStock", plugin::kLongerThanStock, [](Job& job, Part& part) {
+    {"LongerThanStock", job::kLongerThanStock, [](Job& job, Part& part) {
          job.groups[2].isNested = true;
          part.Length(4000.2);
      },
@@ -249,8 +249,8 @@ TEST(JobMember, WhatNoRuleCovers) {
 
 // ---- notches ------------------------------------------------------------------------------------
 
-plugin::CornerNotch Corner(NotchCorner along, NotchCorner across, const wchar_t* format) {
-    plugin::CornerNotch corner;
+job::CornerNotch Corner(NotchCorner along, NotchCorner across, const wchar_t* format) {
+    job::CornerNotch corner;
     corner.along = along;
     corner.across = across;
     corner.definition.face = eHoleFaceWeb;
@@ -321,12 +321,12 @@ TEST(JobMember, FlangesBeginAtTheirZeroLines) {
 
 TEST(JobMember, RectangularOpeningsAreHolesWhereARuleCoversThem) {
     Job job = SampleJob();
-    plugin::HoleRule rectangle = Rule18();
+    job::HoleRule rectangle = Rule18();
     rectangle.shape = eHoleShapeRectangular;
     rectangle.diameters = {20};
     rectangle.lengths = {60};
     rectangle.code = L"R";
-    plugin::HoleRule square = rectangle;
+    job::HoleRule square = rectangle;
     square.shape = eHoleShapeSquare;
     square.lengths = {20};
     square.code = L"Q";
@@ -350,7 +350,7 @@ TEST(JobMember, EveryHoleOnceWithTheReasonWhyItIsSetAside) {
     part.Slot(kWebView, 100, 50, 18, 80).Slot(kWebView, 140, 10, 18, 80, 90.0);
     part.Hole(kWebView, 179, 50, 10).Hole(kWebView, 300, 50, 18).Hole(kWebView, 300, 50, 18);
     part.Hole(kWebView, 500, 50, 13).Hole(kWebView, 500, 50, 26, ZetNCHoleData::eKindCountersunk);
-    Judged judged(plugin::BuiltInJob(), part);
+    Judged judged(job::BuiltInJob(), part);
     std::map<long, SetAside> reasons;
     for (const plugin::MemberHole& hole : judged->CollectHoles())
         EXPECT_TRUE(reasons.insert({hole.record.GetHoleData().hostTag, hole.setAside}).second);

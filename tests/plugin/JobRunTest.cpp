@@ -9,30 +9,28 @@
 
 namespace {
 
-using plugin::Job;
+using job::Job;
 using plugin::JobRun;
 
 /// Round holes of 18 are coded, all else is an error. Files have no project header; their names
 /// begin with "job".
 Job RunJob() {
     Job job = SampleJob();
-    plugin::HoleRule rule;
+    job::HoleRule rule;
     rule.diameters = {18};
     rule.code = L"18";
     job.holeRules = {rule};
     job.project.fileName = L"job";
-    for (plugin::OutputFile& file : job.files)
+    for (job::OutputFile& file : job.files)
         file.hasProjectHeader = false;
-    job.groups[plugin::kSecondaryGroup].headerLines = {L"Single parts"};
+    job.groups[job::kSecondaryGroup].headerLines = {L"Single parts"};
     job.groups[2].headerLines = {L"Members"};
     job.groups[2].sortKeys = {eSortMark};
     job.infoHeaders = {
         {{L"All"}, {L"Non-standard"}, {L"Errors"}, {L"Warnings"}}
     };
-    job.infoOrder = {plugin::kErrorsBlock,
-                     plugin::kWarningsBlock,
-                     plugin::kNonStandardBlock,
-                     plugin::kAllMembersBlock};
+    job.infoOrder = {
+        job::kErrorsBlock, job::kWarningsBlock, job::kNonStandardBlock, job::kAllMembersBlock};
     return job;
 }
 
@@ -68,7 +66,7 @@ TEST(JobRun, MembersPartsAndMainPartsInTheirFiles) {
         {L"M", {{L"A", 1}, {L"B", 1}}},
         {L"N", {{L"C", 1}}           }
     };
-    job.memberTypes[0].limits.SetReportType(static_cast<eValidationTypes>(plugin::kQuantity),
+    job.memberTypes[0].limits.SetReportType(static_cast<eValidationTypes>(job::kQuantity),
                                             eReportingNonStd);
     job.maximumQuantity = 50;
     Part a(L"A");
@@ -176,7 +174,7 @@ TEST(JobRun, ReserveLengthKeepsOffCuts) {
 
 TEST(JobRun, MembersFallUnderTheFirstTypeThatFits) {
     Job job = RunJob();
-    plugin::MemberType skipped = job.memberTypes[0];
+    job::MemberType skipped = job.memberTypes[0];
     skipped.profilePattern = L"C*x1.?";
     skipped.isSkipped = true;
     job.memberTypes[0].profilePattern = L"Z*";
@@ -196,8 +194,8 @@ TEST(JobRun, MembersFallUnderTheFirstTypeThatFits) {
 TEST(JobRun, ProjectHeadsTheFilesUnderTheirOwnLines) {
     TempFolder folder;
     Job job = RunJob();
-    job.files[plugin::kOrderFile].headerLines = {L"LINE 1"};
-    job.files[plugin::kOrderFile].hasProjectHeader = true;
+    job.files[job::kOrderFile].headerLines = {L"LINE 1"};
+    job.files[job::kOrderFile].hasProjectHeader = true;
     job.project.name = L"Shed";
     job.project.comments = {L"one", L"two"};
     job.project.revisionDate = L"";

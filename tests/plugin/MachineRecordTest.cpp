@@ -12,12 +12,12 @@
 
 namespace {
 
-using plugin::Job;
+using job::Job;
+using job::Uncovered;
 using plugin::MachineFault;
 using plugin::MachineMember;
 using plugin::MachineOperation;
 using plugin::MachineOperationKind;
-using plugin::Uncovered;
 
 std::string RecordsOf(Judged& judged) {
     judged->GenerateOutPutStringForHoles();
@@ -57,7 +57,7 @@ Job AcceptingJob() {
 
 TEST(MachineRecord, HoldsEveryKindOfOperation) {
     Job job = AcceptingJob();
-    plugin::HoleRule rectangle;
+    job::HoleRule rectangle;
     rectangle.shape = eHoleShapeRectangular;
     rectangle.code = L"R";
     job.holeRules = {rectangle};

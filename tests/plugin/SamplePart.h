@@ -1,7 +1,7 @@
 #pragma once
 
-#include "plugin/BuiltInJob.h"
-#include "plugin/Job.h"
+#include "job/BuiltInJob.h"
+#include "job/Job.h"
 #include "plugin/JobMember.h"
 #include "support/ContourOf.h"
 #include "support/host/FakeHostObjects.h"
@@ -133,10 +133,10 @@ enum SampleView : int {
 };
 
 /// A job whose only member type has these limits: none, with every finding of the plug-in an error.
-inline plugin::Job SampleJob() {
-    plugin::Job job = plugin::BuiltInJob();
-    plugin::MemberType& type = job.memberTypes.front();
-    for (int check = plugin::kUncoveredHole; check <= plugin::kLongerThanStock; ++check)
+inline job::Job SampleJob() {
+    job::Job job = job::BuiltInJob();
+    job::MemberType& type = job.memberTypes.front();
+    for (int check = job::kUncoveredHole; check <= job::kLongerThanStock; ++check)
         type.limits.SetReportType(static_cast<eValidationTypes>(check), eReportingError);
     type.type.SetNameStartPos(0);
     job.areDistancesChecked = false;
@@ -155,7 +155,7 @@ struct RowName {
 
 /// A member and what it needs, judged.
 struct Judged {
-    Judged(const plugin::Job& job, Part& part) : rules(job) {
+    Judged(const job::Job& job, Part& part) : rules(job) {
         creator.setNCEntity(&part);
         creator.create();
         member.emplace(rules, job.memberTypes.front(), creator);

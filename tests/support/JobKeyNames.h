@@ -1,6 +1,6 @@
 #pragma once
 
-#include "plugin/JobKeys.h"
+#include "job/JobKeys.h"
 
 #include <string>
 #include <vector>
@@ -12,10 +12,10 @@ inline std::vector<std::string> FindMissingJobKeys(const std::string& text) {
         return text.find(part) != std::string::npos;
     };
     std::vector<std::string> missing;
-    for (const plugin::JobKeyTable& table : plugin::ListJobKeys()) {
+    for (const job::JobKeyTable& table : job::ListJobKeys()) {
         std::string path = table.title;
         std::erase_if(path, [](char c) { return c == '[' || c == ']'; });
-        for (const plugin::JobKey& key : table.keys) {
+        for (const job::JobKey& key : table.keys) {
             const std::string value = key.name + " = ";
             if (!occurs("\n" + value) && !occurs(" " + value) &&
                 !occurs("[" + path + "." + key.name + "]"))

@@ -1,0 +1,256 @@
+#pragma once
+
+#include "camdata/holes/eHoleFace.h"
+#include "camdata/holes/eHoleShapeType.h"
+#include "camdata/member/eSortOrder.h"
+#include "camdata/notches/SCheckNotch.h"
+#include "camdata/platform/system/Clock.h"
+#include "camdata/platform/text/ZetString.h"
+#include "camdata/rules/CMemTypeAndAttrib.h"
+#include "camdata/rules/CMemberValidations.h"
+
+#include <array>
+#include <cstddef>
+#include <optional>
+#include <string>
+#include <vector>
+
+/// @file
+/// A job: what to make of a set of NC files and how one machine is to be judged. Plain values, as
+/// docs/job-file.md explains them key by key; mm and degrees. Ids of the job file are resolved:
+/// whatever refers to another table holds its position.
+
+namespace job {
+
+/// Files that every job has, by their position.
+enum FileRole : std::size_t {
+    kOrderFile = 0,     ///< the machine's orders
+    kInfoFile = 1,      ///< the additional information
+    kErrorFile = 2,     ///< the error blocks
+    kWarningFile = 3,   ///< the warning blocks
+    kFirstOwnFile = 4,  ///< the job's own from here on
+};
+
+/// Ending of the file that holds the cutting lists, written when some group is nested.
+inline constexpr const wchar_t* kCuttingListEnding = L"-cutting.txt";
+
+/// Groups that every job has, by their position, which is their ID too.
+enum GroupRole : std::size_t {
+    kReservedGroup = 0,   ///< takes no members
+    kSecondaryGroup = 1,  ///< the single parts of assemblies
+    kFirstOwnGroup = 2,   ///< the job's own from here on
+};
+
+/// Blocks of the additional information, by their position.
+enum InfoBlock : std::size_t {
+    kAllMembersBlock = 0,
+    kNonStandardBlock = 1,
+    kErrorsBlock = 2,
+    kWarningsBlock = 3,
+    kInfoBlockCount = 4,
+};
+
+/// One output file.
+struct OutputFile {
+    ZetString id;
+    ZetString ending;                    ///< behind the run's file name, for example "-orders.txt"
+    std::vector<ZetString> headerLines;  ///< as they stand, before the project's
+    bool hasProjectHeader = true;
+};
+
+/// One group of members, a section of the order file.
+struct Group {
+    ZetString id;
+    std::vector<std::size_t> files;  ///< positions; the first is the group's main file
+    std::vector<ZetString> headerLines;
+    std::vector<eSortOrder> sortKeys;
+    bool isNested = false;
+    double reserveLength = 0.0;  ///< an off-cut that is not longer than this stays as it is
+};
+
+/// Where the flange coordinates of an NC file begin, and which way they are to run: from the web to
+/// the free edge, as distances are judged.
+struct FlangeZero {
+    double zero = 0.0;        ///< NC coordinate of the line that counts as Y = 0
+    bool isReversed = false;  ///< Y grows against the NC coordinate
+};
+
+/// A maximum length that no member reaches, mm.
+inline constexpr double kAnyLength = 1e9;
+
+/// How the members of one kind are found and judged.
+struct MemberType {
+    ZetString id;
+    ZetString profilePattern;  ///< of the profile name; * any text, ? one character; "": any
+    ZetString codePattern;     ///< of the profile code; the same
+    bool isSkipped = false;    ///< its members are left out of the run
+    std::size_t group = kFirstOwnGroup;
+    CMemTypeAndAttrib type;  ///< the group's position is its record type
+    CMemberValidations limits;
+    FlangeZero topFlange;
+    FlangeZero bottomFlange;
+    std::optional<std::size_t> pattern;  ///< position in Job::patterns
+};
+
+/// A second hole that is made in one stroke with the first.
+struct PairRule {
+    ZetString code;  ///< text that the second hole's code contains
+    double spacing = 0.0;
+    ZetString prefix = L"y ";  ///< goes before the second hole's code
+};
+
+/// Holes of one rule in one column, made in one stroke.
+struct GroupRule {
+    ZetString code;  ///< goes before each hole's code; "": no groups
+    long holeCount = 2;
+    bool isMust = false;  ///< a hole outside a group is invalid
+};
+
+/// Which holes get which code. Empty lists match any hole.
+struct HoleRule {
+    ZetString id;
+    eHoleShapeType shape = eHoleShapeRound;
+    std::vector<double> diameters;
+    std::vector<double> lengths;  ///< overall, of slots and rectangles (those along the member)
+    std::vector<eHoleFace> faces;
+    /// Y, and face width less Y: a hole that one of either list names is matched.
+    std::vector<double> backMarks;
+    std::vector<double> otherFaceDistances;
+    std::vector<ZetString> excludedMembers;
+    long memberNameLength = 0;  ///< of the profile name: > 0 first characters, < 0 last dropped
+    ZetString
+        otherwiseSuffix;  ///< this rule's id with it is the rule for excluded members; "": none
+    ZetString code;
+    std::vector<PairRule> pairs;
+    bool isPairMust = false;  ///< a hole without its pair is invalid
+    GroupRule group;
+};
+
+/// What happens to what no rule covers.
+enum class Uncovered {
+    kReport,  ///< a finding, and no output
+    kOutput,  ///< a finding, and output under the fallback code
+    kAccept,  ///< output under the fallback code
+};
+
+struct UncoveredRule {
+    Uncovered action = Uncovered::kReport;
+    ZetString code = L"?";
+};
+
+/// Where along the member a corner notch lies, or where across the face.
+enum class NotchCorner {
+    kStart,  ///< at the member's start; at the lower edge
+    kEnd,    ///< at the member's end; at the upper edge
+    kAny,
+};
+
+/// A notch at a corner that the machine has a code for.
+struct CornerNotch {
+    ZetString id;
+    /// Corner coordinates are set from `along` and `across` for each member.
+    SCheckNotch definition;
+    NotchCorner along = NotchCorner::kStart;
+    NotchCorner across = NotchCorner::kStart;
+};
+
+/// One hole of a fixed-position pattern.
+struct PatternHole {
+    double diameter = 0.0;
+    ZetString code;
+    /// Any of them: between 0 and 1 a part of the length, below 0 from the far end, else from the
+    /// start.
+    std::vector<double> positions;
+    /// With conversions for diameter and position.
+    ZetString message = L"hole of diameter %.1f missing at %.1f";
+};
+
+/// The holes that members of one fixed length must have.
+struct FixedPattern {
+    ZetString id;
+    double fixedLength = 0.0;
+    bool isMirrorAllowed = false;
+    std::vector<PatternHole> holes;
+};
+
+/// Tolerances and distances; distances above 0 are mm, below 0 multiples of the hole's diameter,
+/// 0: not checked.
+struct Tolerances {
+    double eps = 0.1;
+    double general = 0.5;
+    double x = 0.5;
+    double y = 0.5;
+    double angle = 0.5;
+    double edgeDistance = -1.5;
+    double distanceFromFace = -1.0;
+    double endDistance = -1.5;
+};
+
+/// One single part of an assembly.
+struct AssemblyPart {
+    ZetString mark;
+    long count = 1;  ///< pieces on one main part
+};
+
+/// A main part and what is fixed to it.
+struct Assembly {
+    ZetString mark;
+    std::vector<AssemblyPart> parts;
+};
+
+/// Project and delivery data, and how they head the files.
+struct ProjectData {
+    ZetString caption = L"Project information";        ///< of the dialog
+    ZetString fileName;                                ///< what all output files' names begin with
+    ZetString settingsFile = L"project-settings.txt";  ///< beside the output
+    ZetString modelName;
+    ZetString modelRef;
+    ZetString name;
+    ZetString number;
+    ZetString client;
+    ZetString coldRolledCustomer;
+    ZetString coldRolledOrderNo;
+    ZetString coldRolledOrderDate;
+    ZetString contractor;
+    ZetString designer;
+    ZetString detailer;
+    std::vector<ZetString> comments;
+    ZetString revision;
+    ZetString revisionDate;
+    ZetString deliveryDate;
+    std::vector<ZetString> deliveryAddress;
+    ZetString commentMarker = L"** ";  ///< before each project header line
+};
+
+/// A name or pattern of NC files, and where the job file has it.
+struct NcFilePattern {
+    std::string text;  ///< relative to the job file's folder, UTF-8
+    long line = 0;     ///< from 1
+    long column = 0;   ///< from 1
+};
+
+/// Everything that one job file says.
+struct Job {
+    std::string file;  ///< as the caller named it, UTF-8
+    ZetString name;
+    std::vector<NcFilePattern> ncFiles;
+    std::string outputFolder = "out";  ///< relative to the job file's folder, UTF-8
+    std::optional<CalendarDate> date;  ///< counts as today
+    long maximumQuantity = 100000;
+    ProjectData project;
+    Tolerances tolerances;
+    std::vector<OutputFile> files;        ///< by position; at least the four of FileRole
+    std::vector<Group> groups;            ///< by position; at least the two of GroupRole
+    std::vector<MemberType> memberTypes;  ///< the first that fits is a member's
+    bool areDistancesChecked = true;
+    std::vector<HoleRule> holeRules;  ///< the first that fits is a hole's
+    UncoveredRule uncoveredHoles;
+    std::vector<CornerNotch> cornerNotches;  ///< the first that fits is a notch's
+    UncoveredRule uncoveredNotches;
+    std::vector<FixedPattern> patterns;
+    std::vector<Assembly> assemblies;
+    std::array<std::vector<ZetString>, kInfoBlockCount> infoHeaders;  ///< first lines of each block
+    std::vector<std::size_t> infoOrder = {kErrorsBlock, kWarningsBlock, kAllMembersBlock};
+};
+
+}  // namespace job

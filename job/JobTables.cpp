@@ -1,0 +1,503 @@
+#include "job/JobTables.h"
+
+#include "job/JobKeys.h"
+#include "job/JobValue.h"
+
+#include "camdata/holes/eHoleFace.h"
+
+#include <iterator>
+
+// The one list of the job file's keys: each row reads its key, and docs/job-file.md lists it.
+
+namespace job {
+
+namespace {
+
+constexpr double kMostWhole = 2147483647.0;
+
+constexpr Range kCount{1.0, kMostWhole};
+constexpr Range kLimit{0.0, kMostWhole};
+constexpr Range kCharacters{0.0, 255.0};
+constexpr Range kSomeCharacters{1.0, 255.0};
+constexpr Range kNameCharacters{-255.0, 255.0};
+constexpr Range kCoordinate{-100000.0, 100000.0};
+constexpr Range kDistance{0.0, 100000.0};
+constexpr Range kSize{0.0, 100000.0, true};
+constexpr Range kLimitDistance{-100.0, 10000.0};
+constexpr Range kTolerance{0.0, 100.0};
+constexpr Range kFactor{0.0, 1000.0, true};
+constexpr Range kHolesOfGroup{2.0, 100.0};
+constexpr Range kCorners{3.0, 1000.0};
+
+// clang-format off
+
+constexpr Choice<eHoleShapeType> kShapes[] = {
+    {eHoleShapeRound, "round"},
+    {eHoleShapeCountersunk, "countersunk"},
+    {eHoleShapeSlot, "slot"},
+    {eHoleShapeSquare, "square"},
+    {eHoleShapeRectangular, "rectangle"},
+    {eHoleShapeUnknown, "other"},
+};
+static_assert(std::size(kShapes) == eHoleShapeRectangular + 1);
+
+constexpr Choice<eHoleFace> kFaces[] = {
+    {eHoleFaceWeb, "web"},
+    {eHoleFaceTopFlange, "top_flange"},
+    {eHoleFaceBottomFlange, "bottom_flange"},
+    {eHoleFaceSlopedTopFlange, "sloped_top_flange"},
+    {eHoleFaceSlopedBottomFlange, "sloped_bottom_flange"},
+    {eHoleFaceWebBack, "web_back"},
+};
+static_assert(std::size(kFaces) == eHoleFaceNone);
+
+constexpr Choice<eSortOrder> kSortKeys[] = {
+    {eSortMark, "mark"},
+    {eSortProfileName, "profile_name"},
+    {eSortProfileHeight, "height"},
+    {eSortProfileWidth, "width"},
+    {eSortProfileThick, "thickness"},
+    {eSortLength, "length"},
+    {eSortProfileNameLength, "profile_name_length"},
+    {eSortGroupID, "group"},
+};
+static_assert(std::size(kSortKeys) == eSortGroupID + 1);
+
+constexpr Choice<eProfPropType> kSources[] = {
+    {eProfPropHeader, "header"},
+    {eProfPropName, "name"},
+    {eProfPropFixed, "fixed"},
+    {eProfPropAttrib, "attributes"},
+};
+static_assert(std::size(kSources) == eProfPropNone);
+
+constexpr Choice<SlopeSource> kSlopeSources[] = {
+    {SlopeSource::kName, "name"},
+    {SlopeSource::kFixed, "fixed"},
+};
+
+// eReportingDefault does what a warning does: it needs no word.
+constexpr Choice<eReportingTypes> kReportTypes[] = {
+    {eReportingWarning, "warning"},
+    {eReportingNonStd, "non_standard"},
+    {eReportingNonStdSilent, "non_standard_silent"},
+    {eReportingError, "error"},
+    {eReportingSecondWarning, "second_warning"},
+    {eReportingSecondNonStd, "second_non_standard"},
+    {eReportingSecondError, "second_error"},
+};
+static_assert(std::size(kReportTypes) == eReportingSecondError);
+
+constexpr Choice<Uncovered> kUncoveredActions[] = {
+    {Uncovered::kReport, "report"},
+    {Uncovered::kOutput, "output"},
+    {Uncovered::kAccept, "accept"},
+};
+
+constexpr Choice<NotchValue> kNotchValues[] = {
+    {NotchValue::kLength, "length"},
+    {NotchValue::kWidth, "width"},
+    {NotchValue::kX, "x"},
+    {NotchValue::kCornerX, "corner_x"},
+    {NotchValue::kY, "y"},
+    {NotchValue::kCornerY, "corner_y"},
+};
+
+constexpr Choice<InfoBlock> kInfoBlocks[] = {
+    {kAllMembersBlock, "members"},
+    {kNonStandardBlock, "non_standard"},
+    {kErrorsBlock, "errors"},
+    {kWarningsBlock, "warnings"},
+};
+static_assert(std::size(kInfoBlocks) == kInfoBlockCount);
+
+constexpr Choice<NotchCorner> kAlong[] = {
+    {NotchCorner::kStart, "start"},
+    {NotchCorner::kEnd, "end"},
+    {NotchCorner::kAny, "any"},
+};
+
+constexpr Choice<NotchAcross> kAcross[] = {
+    {NotchAcross::kLower, "lower"},
+    {NotchAcross::kUpper, "upper"},
+    {NotchAcross::kAny, "any"},
+};
+
+}  // namespace
+
+template <> std::span<const Choice<eHoleShapeType>> ChoicesOf() { return kShapes; }
+template <> std::span<const Choice<eHoleFace>> ChoicesOf() { return kFaces; }
+template <> std::span<const Choice<eSortOrder>> ChoicesOf() { return kSortKeys; }
+template <> std::span<const Choice<eProfPropType>> ChoicesOf() { return kSources; }
+template <> std::span<const Choice<SlopeSource>> ChoicesOf() { return kSlopeSources; }
+template <> std::span<const Choice<eReportingTypes>> ChoicesOf() { return kReportTypes; }
+template <> std::span<const Choice<Uncovered>> ChoicesOf() { return kUncoveredActions; }
+template <> std::span<const Choice<NotchValue>> ChoicesOf() { return kNotchValues; }
+template <> std::span<const Choice<InfoBlock>> ChoicesOf() { return kInfoBlocks; }
+template <> std::span<const Choice<NotchCorner>> ChoicesOf() { return kAlong; }
+template <> std::span<const Choice<NotchAcross>> ChoicesOf() { return kAcross; }
+
+namespace {
+
+constexpr Key kJobKeys[] = {
+    Row<JobTable, &JobTable::name>("name", "What the job is called."),
+    Row<JobTable, &JobTable::ncFiles>("nc_files", "NC files, relative to the job file's folder; `*` stands for any text, `?` for one character. Files are read in the order of their names, each once.", {.isRequired = true}),
+    Row<JobTable, &JobTable::output>("output", "Folder of the output, relative to the job file's folder."),
+    Row<JobTable, &JobTable::date>("date", "The day that counts as today, for output that can be repeated.", {.defaultNote = "today"}),
+    Row<JobTable, &JobTable::maximumQuantity>("max_quantity", "The most pieces that a member may have (`quantity`).", {.range = kCount}),
+};
+
+constexpr Key kProjectKeys[] = {
+    Row<ProjectTable, &ProjectTable::caption>("caption", "Title of the project dialog."),
+    Row<ProjectTable, &ProjectTable::fileName>("file_name", "What the names of all output files begin with.", {.defaultNote = "the job file's name without its ending"}),
+    Row<ProjectTable, &ProjectTable::settingsFile>("settings_file", "File beside the output that keeps the project data from run to run."),
+    Row<ProjectTable, &ProjectTable::modelName>("model_name", "The model that the NC files come from."),
+    Row<ProjectTable, &ProjectTable::modelRef>("model_ref", "The model's reference."),
+    Row<ProjectTable, &ProjectTable::name>("name", "Project name."),
+    Row<ProjectTable, &ProjectTable::number>("number", "Project number."),
+    Row<ProjectTable, &ProjectTable::client>("client", "Client."),
+    Row<ProjectTable, &ProjectTable::coldRolledCustomer>("cold_rolled_customer", "Customer of the cold-rolled steel."),
+    Row<ProjectTable, &ProjectTable::coldRolledOrderNo>("cold_rolled_order_no", "Its order number."),
+    Row<ProjectTable, &ProjectTable::coldRolledOrderDate>("cold_rolled_order_date", "Its order date, as it is to be printed.", {.defaultNote = "today"}),
+    Row<ProjectTable, &ProjectTable::contractor>("contractor", "Contractor."),
+    Row<ProjectTable, &ProjectTable::designer>("designer", "Designer."),
+    Row<ProjectTable, &ProjectTable::detailer>("detailer", "Detailer."),
+    Row<ProjectTable, &ProjectTable::comments>("comments", "Comment lines."),
+    Row<ProjectTable, &ProjectTable::revision>("revision", "Revision."),
+    Row<ProjectTable, &ProjectTable::revisionDate>("revision_date", "Its date, as it is to be printed.", {.defaultNote = "today"}),
+    Row<ProjectTable, &ProjectTable::deliveryDate>("delivery_date", "Delivery date, as it is to be printed.", {.defaultNote = "today"}),
+    Row<ProjectTable, &ProjectTable::deliveryAddress>("delivery_address", "Lines of the delivery address."),
+    Row<ProjectTable, &ProjectTable::commentMarker>("comment_marker", "What each project line in the output files begins with."),
+};
+
+constexpr Key kTolerancesKeys[] = {
+    Row<TolerancesTable, &Tolerances::eps>("eps", "Below it two numbers are one.", {.range = kTolerance, .unit = "mm"}),
+    Row<TolerancesTable, &Tolerances::general>("general", "General tolerance; decides about corner notches.", {.range = kTolerance, .unit = "mm"}),
+    Row<TolerancesTable, &Tolerances::x>("x", "Tolerance along the member.", {.range = kTolerance, .unit = "mm"}),
+    Row<TolerancesTable, &Tolerances::y>("y", "Tolerance across a face; also of the sizes and distances of hole rules.", {.range = kTolerance, .unit = "mm"}),
+    Row<TolerancesTable, &Tolerances::angle>("angle", "Tolerance of directions.", {.range = kTolerance, .unit = "degrees"}),
+    Row<TolerancesTable, &Tolerances::edgeDistance>("edge_distance", "Least distance of a hole from the edge of its face. Below 0: so many diameters; 0: not checked.", {.range = kLimitDistance, .unit = "mm"}),
+    Row<TolerancesTable, &Tolerances::distanceFromFace>("distance_from_face", "Least distance of a hole from the next face. Below 0: so many diameters; 0: not checked.", {.range = kLimitDistance, .unit = "mm"}),
+    Row<TolerancesTable, &Tolerances::endDistance>("end_distance", "Least distance of a hole from the member's ends. Below 0: so many diameters; 0: not checked.", {.range = kLimitDistance, .unit = "mm"}),
+    Row<TolerancesTable, &TolerancesTable::areDistancesChecked>("check_distances", "Whether these distances are checked at all (`hole_distance`)."),
+};
+
+constexpr Key kFileKeys[] = {
+    Row<FileTable, &FileTable::id>("id", "Name of the file in this job.", {.isRequired = true}),
+    Row<FileTable, &FileTable::ending>("ending", "What the file's name ends with, behind `file_name`.", {.defaultNote = "required, but for the four files that are always there"}),
+    Row<FileTable, &OutputFile::headerLines>("header", "Lines that the file begins with."),
+    Row<FileTable, &OutputFile::hasProjectHeader>("project_header", "Whether the project data follow them."),
+};
+
+// What the secondary parts and every other group have in common.
+constexpr const char* kGroupFilesMeaning = "The files that the members are written to, by id. The first is the main one: header lines go there.";
+constexpr const char* kGroupHeaderMeaning = "Lines before the first member.";
+constexpr const char* kGroupSortMeaning = "What the members are sorted by; the first decides first.";
+
+constexpr Key kSecondaryPartsKeys[] = {
+    Row<SecondaryPartsTable, &SecondaryPartsTable::files>("files", kGroupFilesMeaning),
+    Row<SecondaryPartsTable, &Group::headerLines>("header", kGroupHeaderMeaning),
+    Row<SecondaryPartsTable, &Group::sortKeys>("sort", kGroupSortMeaning),
+};
+
+constexpr Key kGroupKeys[] = {
+    Row<GroupTable, &GroupTable::id>("id", "Name of the group in this job.", {.isRequired = true}),
+    Row<GroupTable, &SecondaryPartsTable::files>("files", kGroupFilesMeaning),
+    Row<GroupTable, &Group::headerLines>("header", kGroupHeaderMeaning),
+    Row<GroupTable, &Group::sortKeys>("sort", kGroupSortMeaning),
+    Row<GroupTable, &Group::isNested>("nesting", "Whether the members are cut from stock bars of 4000 mm together, with a cutting list."),
+    Row<GroupTable, &Group::reserveLength>("reserve", "An off-cut that is not longer than this gets no further piece.", {.range = kDistance, .unit = "mm"}),
+};
+
+constexpr const char* kStartMeaning = "Where the number begins in the profile name; its first character is 0.";
+constexpr const char* kLengthMeaning = "How many characters the number has.";
+constexpr const char* kOnlyName = "required with \"name\"";
+constexpr const char* kOnlyFixed = "required with \"fixed\"";
+
+constexpr Key kSizeKeys[] = {
+    Row<SizeTable, &SizeTable::source>("source", "Where the size comes from: the NC file's header, the profile name, `value`, or `attributes`.", {.isRequired = true}),
+    Row<SizeTable, &DimensionTable::start>("start", kStartMeaning, {.range = kCharacters, .defaultNote = kOnlyName}),
+    Row<SizeTable, &DimensionTable::length>("length", kLengthMeaning, {.range = kSomeCharacters, .defaultNote = kOnlyName}),
+    Row<SizeTable, &DimensionTable::value>("value", "The size itself.", {.range = kSize, .unit = "mm", .defaultNote = kOnlyFixed}),
+};
+
+constexpr Key kThicknessKeys[] = {
+    Row<ThicknessTable, &SizeTable::source>("source", "As for `height`.", {.isRequired = true}),
+    Row<ThicknessTable, &DimensionTable::start>("start", kStartMeaning, {.range = kCharacters, .defaultNote = kOnlyName}),
+    Row<ThicknessTable, &DimensionTable::length>("length", kLengthMeaning, {.range = kSomeCharacters, .defaultNote = kOnlyName}),
+    Row<ThicknessTable, &ThicknessTable::factor>("factor", "What the number in the profile name is multiplied by: 0.1 when it stands in tenths of a millimetre.", {.range = kFactor}),
+    Row<ThicknessTable, &DimensionTable::value>("value", "The thickness itself.", {.range = kSize, .unit = "mm", .defaultNote = kOnlyFixed}),
+};
+
+constexpr Key kSlopeKeys[] = {
+    Row<SlopeTable, &SlopeTable::source>("source", "Where the slope comes from: the profile name or `value`.", {.isRequired = true}),
+    Row<SlopeTable, &DimensionTable::start>("start", "Where the sign (`+` or `-`) stands in the profile name; the number follows it.", {.range = kCharacters, .defaultNote = kOnlyName}),
+    Row<SlopeTable, &DimensionTable::length>("length", kLengthMeaning, {.range = kSomeCharacters, .defaultNote = kOnlyName}),
+    Row<SlopeTable, &DimensionTable::value>("value", "The slope itself.", {.range = {-90.0, 90.0}, .unit = "degrees", .defaultNote = kOnlyFixed}),
+};
+
+constexpr Key kAttributesKeys[] = {
+    Row<AttributesTable, &AttributesTable::height>("height", "Height of the profile.", {.isRequired = true, .range = kSize, .unit = "mm"}),
+    Row<AttributesTable, &AttributesTable::topFlange>("top_flange", "Width of the top flange, from the web to its free edge.", {.isRequired = true, .range = kSize, .unit = "mm"}),
+    Row<AttributesTable, &AttributesTable::bottomFlange>("bottom_flange", "The same of the bottom flange; also the profile's width.", {.isRequired = true, .range = kSize, .unit = "mm"}),
+    Row<AttributesTable, &AttributesTable::thickness>("thickness", "Thickness.", {.isRequired = true, .range = kSize, .unit = "mm"}),
+};
+
+constexpr Key kFlangeZeroKeys[] = {
+    Row<FlangeZero, &FlangeZero::zero>("zero", "Where the web stands in the NC file's coordinates across this flange.", {.range = kCoordinate, .unit = "mm"}),
+    Row<FlangeZero, &FlangeZero::isReversed>("reversed", "Whether the flange's free edge lies at smaller coordinates than the web."),
+};
+
+constexpr Key kLimitsKeys[] = {
+    Row<LimitsTable, &LimitsTable::maxHoles>("max_holes", "The most holes (`holes`).", {.range = kLimit, .defaultNote = "any number"}),
+    Row<LimitsTable, &LimitsTable::maxInternalContours>("max_internal_contours", "The most openings (`internal_contours`).", {.range = kLimit, .defaultNote = "any number"}),
+    Row<LimitsTable, &LimitsTable::maxExternalContours>("max_external_contours", "The most notches (`external_contours`).", {.range = kLimit, .defaultNote = "any number"}),
+    Row<LimitsTable, &LimitsTable::minLength>("min_length", "The shortest member (`min_length`).", {.range = kDistance, .unit = "mm"}),
+    Row<LimitsTable, &LimitsTable::maxLength>("max_length", "The longest member (`max_length`).", {.range = kSize, .unit = "mm", .defaultNote = "any length"}),
+};
+
+/// The row of one check's report type; `note` is what a finding is unless the job says otherwise.
+template <int Type>
+constexpr Key Report(const char* name, const char* meaning, const char* note) {
+    return MakeKey<ReportTable, [](ReportTable& table) -> auto& { return table.types[Type]; }>(
+        name, meaning, {.defaultNote = note});
+}
+
+constexpr Key kReportKeys[] = {
+    Report<eValidationNoOfHoles>("holes", "More holes than `max_holes`.", "\"warning\""),
+    Report<eValidationNoOfInternalContours>("internal_contours", "More openings than `max_internal_contours`.", "\"error\""),
+    Report<eValidationNoOfExternalContours>("external_contours", "More notches than `max_external_contours`.", "\"error\""),
+    Report<eValidationMinimumLength>("min_length", "Shorter than `min_length`.", "\"warning\""),
+    Report<eValidationMaximumLength>("max_length", "Longer than `max_length`.", "\"error\""),
+    Report<eValidationFixedLength>("fixed_length", "Not of the fixed pattern's length.", "\"error\""),
+    Report<kUncoveredHole>("uncovered_hole", "No hole rule covers a hole.", "\"error\""),
+    Report<kHoleDistance>("hole_distance", "A hole is too near an edge, an end or a face.", "\"non_standard\""),
+    Report<kHoleInsideSlot>("hole_inside_slot", "A hole lies inside a slot and is left out.", "\"non_standard\""),
+    Report<kExcludedHole>("excluded_hole", "The rule of a hole excludes the member and names no other.", "\"error\""),
+    Report<kMissingPair>("missing_pair", "A hole that must have a second hole has none.", "\"error\""),
+    Report<kMissingGroup>("missing_group", "A hole that must belong to a group belongs to none.", "\"error\""),
+    Report<kDuplicateHole>("duplicate_hole", "A hole repeats another and is left out.", "\"warning\""),
+    Report<kDuplicateNotch>("duplicate_notch", "A notch repeats another and is left out.", "\"warning\""),
+    Report<kUncoveredNotch>("uncovered_notch", "No corner notch describes a notch.", "\"error\""),
+    Report<kFixedPattern>("fixed_pattern", "A hole of the fixed pattern is missing.", "\"error\""),
+    Report<kQuantity>("quantity", "More pieces than `max_quantity`.", "\"error\""),
+    Report<kLongerThanStock>("longer_than_stock", "A member to be nested is longer than the stock bar.", "\"error\""),
+};
+static_assert(std::size(kReportKeys) == kLongerThanStock + 1);
+
+constexpr Key kPairKeys[] = {
+    Row<PairRule, &PairRule::code>("code", "Text that the second hole's code contains.", {.isRequired = true}),
+    Row<PairRule, &PairRule::spacing>("spacing", "Distance between the two holes along the member. Rows and faces do not count: holes that must not pair need codes of their own.", {.isRequired = true, .range = kSize, .unit = "mm"}),
+    Row<PairRule, &PairRule::prefix>("prefix", "What goes before the second hole's code."),
+};
+
+constexpr Key kHoleGroupKeys[] = {
+    Row<GroupRule, &GroupRule::code>("code", "What goes before the code of each hole of a group.", {.isRequired = true}),
+    Row<GroupRule, &GroupRule::holeCount>("holes", "How many holes in one column make a group.", {.range = kHolesOfGroup}),
+    Row<GroupRule, &GroupRule::isMust>("must", "Whether a hole outside a group is a fault (`missing_group`)."),
+};
+
+constexpr Key kUncoveredKeys[] = {
+    Row<UncoveredRule, &UncoveredRule::action>("action", "report: a finding, and no output. output: a finding, and output under `code`. accept: output under `code`."),
+    Row<UncoveredRule, &UncoveredRule::code>("code", "What they are output as."),
+};
+
+constexpr Key kCornerNotchKeys[] = {
+    Row<CornerNotchTable, &CornerNotchTable::id>("id", "Name of the notch in this job.", {.isRequired = true}),
+    Row<CornerNotchTable, &CornerNotch::along>("along", "Where along the member it lies."),
+    Row<CornerNotchTable, &CornerNotchTable::across>("across", "Where across the face it lies."),
+    Row<CornerNotchTable, &CornerNotchTable::face>("face", "The face that it is cut from.", {.isRequired = true}),
+    Row<CornerNotchTable, &CornerNotchTable::corners>("corners", "How many corners its outline has.", {.isRequired = true, .range = kCorners}),
+    Row<CornerNotchTable, &CornerNotchTable::isRectangle>("rectangle", "Whether it must be a rectangle."),
+    Row<CornerNotchTable, &CornerNotchTable::isParallel>("parallel", "Whether a side must run along the member."),
+    Row<CornerNotchTable, &CornerNotchTable::output>("output", "Its text for the machine, with a conversion such as `%.1f` for each of `values`.", {.isRequired = true}),
+    Row<CornerNotchTable, &CornerNotchTable::values>("values", "Two or three numbers for the text: the first two `length` or `width`, the third a place.", {.isRequired = true}),
+};
+
+constexpr Key kPatternHoleKeys[] = {
+    Row<PatternHoleTable, &PatternHole::diameter>("diameter", "Diameter.", {.isRequired = true, .range = kSize, .unit = "mm"}),
+    Row<PatternHoleTable, &PatternHole::code>("code", "The code that it must have got from its hole rule.", {.isRequired = true}),
+    Row<PatternHoleTable, &PatternHole::positions>("positions", "Where along the member it may be, any of them. Between 0 and 1: a part of the length; below 0: from the far end; else from the start.", {.isRequired = true, .range = kCoordinate, .unit = "mm"}),
+    Row<PatternHoleTable, &PatternHoleTable::message>("message", "What is said when it is missing, with a conversion such as `%.1f` for the diameter and one for the position."),
+};
+
+constexpr Key kAssemblyPartKeys[] = {
+    Row<AssemblyPartTable, &AssemblyPartTable::mark>("mark", "Mark of the single part.", {.isRequired = true}),
+    Row<AssemblyPartTable, &AssemblyPartTable::count>("count", "Pieces on one main part.", {.range = {1.0, 10000.0}}),
+};
+
+constexpr Key kAdditionalInfoKeys[] = {
+    Row<AdditionalInfoTable, &AdditionalInfoTable::members>("members", "First lines of the list of all members."),
+    Row<AdditionalInfoTable, &AdditionalInfoTable::nonStandard>("non_standard", "First lines of the list of non-standard members."),
+    Row<AdditionalInfoTable, &AdditionalInfoTable::errors>("errors", "First lines of the list of members with errors."),
+    Row<AdditionalInfoTable, &AdditionalInfoTable::warnings>("warnings", "First lines of the list of members with warnings."),
+    Row<AdditionalInfoTable, &AdditionalInfoTable::order>("order", "Which lists are written, in this order."),
+};
+
+constexpr KeyTable kJobTable{kJobKeys};
+constexpr KeyTable kProjectTable{kProjectKeys};
+constexpr KeyTable kTolerancesTable{kTolerancesKeys};
+constexpr KeyTable kFileTable{kFileKeys};
+constexpr KeyTable kSecondaryPartsTable{kSecondaryPartsKeys};
+constexpr KeyTable kGroupTable{kGroupKeys};
+constexpr KeyTable kSizeTable{kSizeKeys};
+constexpr KeyTable kThicknessTable{kThicknessKeys};
+constexpr KeyTable kSlopeTable{kSlopeKeys};
+constexpr KeyTable kAttributesTable{kAttributesKeys};
+constexpr KeyTable kFlangeZeroTable{kFlangeZeroKeys};
+constexpr KeyTable kLimitsTable{kLimitsKeys};
+constexpr KeyTable kReportTable{kReportKeys};
+constexpr KeyTable kPairTable{kPairKeys};
+constexpr KeyTable kHoleGroupTable{kHoleGroupKeys};
+constexpr KeyTable kUncoveredTable{kUncoveredKeys};
+constexpr KeyTable kCornerNotchTable{kCornerNotchKeys};
+constexpr KeyTable kPatternHoleTable{kPatternHoleKeys};
+constexpr KeyTable kAssemblyPartTable{kAssemblyPartKeys};
+constexpr KeyTable kAdditionalInfoTable{kAdditionalInfoKeys};
+
+}  // namespace
+
+template <> constexpr const KeyTable& KeysOf<JobTable>() { return kJobTable; }
+template <> constexpr const KeyTable& KeysOf<ProjectTable>() { return kProjectTable; }
+template <> constexpr const KeyTable& KeysOf<TolerancesTable>() { return kTolerancesTable; }
+template <> constexpr const KeyTable& KeysOf<FileTable>() { return kFileTable; }
+template <> constexpr const KeyTable& KeysOf<SecondaryPartsTable>() { return kSecondaryPartsTable; }
+template <> constexpr const KeyTable& KeysOf<GroupTable>() { return kGroupTable; }
+template <> constexpr const KeyTable& KeysOf<SizeTable>() { return kSizeTable; }
+template <> constexpr const KeyTable& KeysOf<ThicknessTable>() { return kThicknessTable; }
+template <> constexpr const KeyTable& KeysOf<SlopeTable>() { return kSlopeTable; }
+template <> constexpr const KeyTable& KeysOf<AttributesTable>() { return kAttributesTable; }
+template <> constexpr const KeyTable& KeysOf<FlangeZero>() { return kFlangeZeroTable; }
+template <> constexpr const KeyTable& KeysOf<LimitsTable>() { return kLimitsTable; }
+template <> constexpr const KeyTable& KeysOf<ReportTable>() { return kReportTable; }
+template <> constexpr const KeyTable& KeysOf<PairRule>() { return kPairTable; }
+template <> constexpr const KeyTable& KeysOf<GroupRule>() { return kHoleGroupTable; }
+template <> constexpr const KeyTable& KeysOf<UncoveredRule>() { return kUncoveredTable; }
+template <> constexpr const KeyTable& KeysOf<CornerNotchTable>() { return kCornerNotchTable; }
+template <> constexpr const KeyTable& KeysOf<PatternHoleTable>() { return kPatternHoleTable; }
+template <> constexpr const KeyTable& KeysOf<AssemblyPartTable>() { return kAssemblyPartTable; }
+template <> constexpr const KeyTable& KeysOf<AdditionalInfoTable>() { return kAdditionalInfoTable; }
+
+namespace {
+
+constexpr Key kMemberTypeKeys[] = {
+    Row<MemberTypeTable, &MemberTypeTable::id>("id", "Name of the kind in this job.", {.isRequired = true}),
+    Row<MemberTypeTable, &MemberTypeTable::profile>("profile", "Pattern that the profile name must fit; `*` stands for any text, `?` for one character.", {.defaultNote = "any"}),
+    Row<MemberTypeTable, &MemberTypeTable::code>("code", "The same for the profile code of the NC file.", {.defaultNote = "any"}),
+    Row<MemberTypeTable, &MemberTypeTable::isSkipped>("skip", "Whether these members are left out of the run."),
+    Row<MemberTypeTable, &MemberTypeTable::group>("group", "The group that they go to, by id.", {.defaultNote = "required, but with `skip`"}),
+    Row<MemberTypeTable, &MemberTypeTable::height>("height", "Where the height comes from.", {.defaultNote = "the header"}),
+    Row<MemberTypeTable, &MemberTypeTable::width>("width", "Where the width comes from.", {.defaultNote = "the header"}),
+    Row<MemberTypeTable, &MemberTypeTable::thickness>("thickness", "Where the thickness comes from.", {.defaultNote = "the header"}),
+    Row<MemberTypeTable, &MemberTypeTable::slope>("slope", "Where the slope of the top flange comes from.", {.defaultNote = "not known"}),
+    Row<MemberTypeTable, &MemberTypeTable::attributes>("attributes", "The section itself, where the NC files do not tell it. Given, it decides the flange widths.", {.defaultNote = "none"}),
+    Row<MemberTypeTable, &MemberTypeTable::topFlange>("top_flange", "How the NC file's coordinates across the top flange become distances from the web: a Z section's run over its overall width.", {.defaultNote = "as they are"}),
+    Row<MemberTypeTable, &MemberTypeTable::bottomFlange>("bottom_flange", "The same for the bottom flange.", {.defaultNote = "as they are"}),
+    Row<MemberTypeTable, &MemberTypeTable::nameStart>("name_start", "Where the section's name in the reports begins in the profile name; its first character is 0.", {.range = kCharacters}),
+    Row<MemberTypeTable, &MemberTypeTable::nameLength>("name_length", "How many characters it has; kept with the type, reports show all.", {.range = kCharacters}),
+    Row<MemberTypeTable, &MemberTypeTable::description>("description", "What the kind is called in full; kept with the type, not printed.", {.defaultNote = "its id"}),
+    Row<MemberTypeTable, &MemberTypeTable::shortName>("short_name", "What it is called for short; kept with the type, not printed.", {.defaultNote = "its id"}),
+    Row<MemberTypeTable, &MemberTypeTable::limits>("limits", "What a member may have; see the checks in brackets under `report`.", {.defaultNote = "no limits"}),
+    Row<MemberTypeTable, &MemberTypeTable::report>("report", "What a finding of each check does. `warning`: a line in the warnings. `non_standard`: the same, and the member counts as non-standard; `non_standard_silent`: without the line. `error`: a line in the errors, and the member is not made. `second_...`: the same in a list of its own behind the first.", {.defaultNote = "as below"}),
+    Row<MemberTypeTable, &MemberTypeTable::pattern>("fixed_pattern", "The fixed pattern that they must have, by id.", {.defaultNote = "none"}),
+};
+
+constexpr Key kHoleRuleKeys[] = {
+    Row<HoleRuleTable, &HoleRuleTable::id>("id", "Name of the rule in this job.", {.isRequired = true}),
+    Row<HoleRuleTable, &HoleRule::shape>("shape", "The shape of the holes."),
+    Row<HoleRuleTable, &HoleRule::diameters>("diameters", "Their diameters; the width of a slot or of a cut-out.", {.range = kSize, .unit = "mm", .defaultNote = "any"}),
+    Row<HoleRuleTable, &HoleRule::lengths>("lengths", "The overall lengths of slots and rectangles.", {.range = kSize, .unit = "mm", .defaultNote = "any"}),
+    Row<HoleRuleTable, &HoleRule::faces>("faces", "The faces that they are on.", {.defaultNote = "any"}),
+    Row<HoleRuleTable, &HoleRule::backMarks>("back_marks", "Their distances from the face's lower edge (Y).", {.range = kDistance, .unit = "mm", .defaultNote = "any"}),
+    Row<HoleRuleTable, &HoleRule::otherFaceDistances>("other_face_distances", "Their distances from the opposite edge (face width less Y). With `back_marks`, one of either list is enough.", {.range = kDistance, .unit = "mm", .defaultNote = "any"}),
+    Row<HoleRuleTable, &HoleRule::excludedMembers>("excluded_members", "Profile names that the rule is not for."),
+    Row<HoleRuleTable, &HoleRule::memberNameLength>("member_name_length", "How much of the profile name they are compared with: the first characters; below 0: all but the last; 0: the whole name.", {.range = kNameCharacters}),
+    Row<HoleRuleTable, &HoleRuleTable::otherwiseSuffix>("otherwise_suffix", "This rule's id with the suffix is the rule for excluded members.", {.defaultNote = "none: `excluded_hole`"}),
+    Row<HoleRuleTable, &HoleRule::code>("code", "What the machine calls these holes.", {.isRequired = true}),
+    Row<HoleRuleTable, &HoleRule::pairs>("pairs", "Second holes that are made in one stroke with the first."),
+    Row<HoleRuleTable, &HoleRule::isPairMust>("pair_must", "Whether a hole without its second hole is a fault (`missing_pair`)."),
+    Row<HoleRuleTable, &HoleRule::group>("group", "Holes in one column that are made in one stroke.", {.defaultNote = "no groups"}),
+};
+
+constexpr Key kFixedPatternKeys[] = {
+    Row<FixedPatternTable, &FixedPatternTable::id>("id", "Name of the pattern in this job.", {.isRequired = true}),
+    Row<FixedPatternTable, &FixedPattern::fixedLength>("length", "The length that the members must have (`fixed_length`).", {.isRequired = true, .range = kSize, .unit = "mm"}),
+    Row<FixedPatternTable, &FixedPattern::isMirrorAllowed>("mirror", "Whether the pattern may lie the other way round."),
+    Row<FixedPatternTable, &FixedPatternTable::holes>("holes", "The holes that they must have.", {.isRequired = true}),
+};
+
+constexpr Key kAssemblyKeys[] = {
+    Row<AssemblyTable, &AssemblyTable::main>("main", "Mark of the main part.", {.isRequired = true}),
+    Row<AssemblyTable, &AssemblyTable::parts>("parts", "What is fixed to it.", {.isRequired = true}),
+};
+
+constexpr KeyTable kMemberTypeTable{kMemberTypeKeys};
+constexpr KeyTable kHoleRuleTable{kHoleRuleKeys};
+constexpr KeyTable kFixedPatternTable{kFixedPatternKeys};
+constexpr KeyTable kAssemblyTable{kAssemblyKeys};
+
+}  // namespace
+
+template <> constexpr const KeyTable& KeysOf<MemberTypeTable>() { return kMemberTypeTable; }
+template <> constexpr const KeyTable& KeysOf<HoleRuleTable>() { return kHoleRuleTable; }
+template <> constexpr const KeyTable& KeysOf<FixedPatternTable>() { return kFixedPatternTable; }
+template <> constexpr const KeyTable& KeysOf<AssemblyTable>() { return kAssemblyTable; }
+
+namespace {
+
+constexpr Key kDocumentKeys[] = {
+    Row<JobDocument, &JobDocument::job>("job", "What to read and where to write.", {.isRequired = true, .isTop = true}),
+    Row<JobDocument, &JobDocument::project>("project", "Project and delivery data; they head the output files, and the project dialog shows them.", {.isTop = true}),
+    Row<JobDocument, &JobDocument::tolerances>("tolerances", "How exactly holes and notches are compared, and how near to an edge they may be.", {.isTop = true}),
+    Row<JobDocument, &JobDocument::files>("file", "An output file of the job's own, or a change to one of the four that are always there: `order`, `info`, `errors`, `warnings`.", {.isTop = true}),
+    Row<JobDocument, &JobDocument::secondaryParts>("secondary_parts", "The group of all single parts of assemblies.", {.isTop = true}),
+    Row<JobDocument, &JobDocument::groups>("group", "A group of members: a section of the orders.", {.isRequired = true, .isTop = true}),
+    Row<JobDocument, &JobDocument::memberTypes>("member_type", "A kind of members, and how they are judged. The first that fits is a member's.", {.isRequired = true, .isTop = true}),
+    Row<JobDocument, &JobDocument::holeRules>("hole_rule", "Which holes get which code. The first that fits is a hole's; a list that is not given fits any hole.", {.isTop = true}),
+    Row<JobDocument, &JobDocument::uncoveredHoles>("uncovered_holes", "What happens to holes that no hole rule covers (`uncovered_hole`).", {.isTop = true}),
+    Row<JobDocument, &JobDocument::cornerNotches>("corner_notch", "A notch at a corner that the machine has a text for. The first that fits is a notch's.", {.isTop = true}),
+    Row<JobDocument, &JobDocument::uncoveredNotches>("uncovered_notches", "What happens to notches that no corner notch describes (`uncovered_notch`).", {.isTop = true}),
+    Row<JobDocument, &JobDocument::patterns>("fixed_pattern", "The holes that members of one length must have.", {.isTop = true}),
+    Row<JobDocument, &JobDocument::assemblies>("assembly", "A main part and what is fixed to it.", {.isTop = true}),
+    Row<JobDocument, &JobDocument::additionalInfo>("additional_info", "The lists of members in the file `info`.", {.isTop = true}),
+};
+constexpr KeyTable kDocumentTable{kDocumentKeys};
+
+// clang-format on
+
+std::string DefaultOf(const Key& key) {
+    if (key.options.isRequired)
+        return "required";
+    return key.options.defaultNote != nullptr ? key.options.defaultNote : key.showDefault();
+}
+
+/// Lists the tables that the keys of `table` open, each followed by its own.
+void ListTablesIn(const KeyTable& table, const std::string& path, std::vector<JobKeyTable>& list) {
+    for (const Key& key : table.keys) {
+        if (key.table == nullptr)
+            continue;
+        const std::string name = path + key.name;
+        JobKeyTable entry{key.options.isTop ? LabelOf(key) : name, key.meaning, {}};
+        for (const Key& row : key.table->keys)
+            entry.keys.push_back(
+                {row.name, row.describe(row), row.options.unit, DefaultOf(row), row.meaning});
+        list.push_back(std::move(entry));
+        ListTablesIn(*key.table, name + ".", list);
+    }
+}
+
+}  // namespace
+
+std::vector<JobKeyTable> ListJobKeys() {
+    std::vector<JobKeyTable> list;
+    ListTablesIn(kDocumentTable, "", list);
+    return list;
+}
+
+JobDocument ReadTables(const toml::table& file, JobFaults& faults) {
+    JobDocument document;
+    ReadTable(kDocumentTable, "", file, &document, faults);
+    return document;
+}
+
+}  // namespace job

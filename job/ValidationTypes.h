@@ -1,0 +1,27 @@
+#pragma once
+
+#include "camdata/rules/eValidationTypes.h"
+
+namespace job {
+
+/// The checks of holes, notches and members that this plug-in adds to the library's six. Their
+/// findings have report types of their own in CMemberValidations.
+enum ValidationType : int {
+    kUncoveredHole = 6,     ///< no hole rule covers a hole
+    kHoleDistance = 7,      ///< a hole is too near an edge, an end or a face
+    kHoleInsideSlot = 8,    ///< a hole lies inside a slot and is left out
+    kExcludedHole = 9,      ///< the rule of a hole excludes the member and names no other
+    kMissingPair = 10,      ///< a hole has no second hole
+    kMissingGroup = 11,     ///< a hole belongs to no group
+    kDuplicateHole = 12,    ///< a hole repeats another and is left out
+    kDuplicateNotch = 13,   ///< a notch repeats another and is left out
+    kUncoveredNotch = 14,   ///< no corner notch describes a notch
+    kFixedPattern = 15,     ///< a hole of the fixed pattern is missing
+    kQuantity = 16,         ///< more pieces than a member may have
+    kLongerThanStock = 17,  ///< a member to be nested is longer than the stock
+};
+
+static_assert(kUncoveredHole == static_cast<int>(eValidationFirstFeature));
+static_assert(kLongerThanStock == static_cast<int>(eValidationLastFeature));
+
+}  // namespace job
