@@ -64,7 +64,7 @@ int RunCheck(const CheckOptions& options, OutputStream& out, OutputStream& err) 
     if (const auto* errors = std::get_if<std::vector<job::JobError>>(&job))
         return Refuse(*errors, err);
     plugin::UseTolerances(std::get<job::Job>(job).tolerances);
-    const plugin::JobRules rules(std::get<job::Job>(job));
+    const plugin::JudgingRules rules(std::get<job::Job>(job));
     CheckSummary summary;
     const std::unique_ptr<CheckWriter> writer = MakeWriter(options.asJson, out, err);
     writer->Begin();

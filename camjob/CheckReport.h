@@ -2,8 +2,8 @@
 
 #include "dstv/NcNote.h"
 #include "dstv/NcPart.h"
-#include "plugin/JobMember.h"
-#include "plugin/JobRules.h"
+#include "plugin/rules/JobMember.h"
+#include "plugin/rules/JudgingRules.h"
 
 #include "camdata/platform/host/ZetNCHeaderData.h"
 #include "camdata/platform/text/ZetString.h"
@@ -106,7 +106,7 @@ using CheckResult = std::variant<CheckReport, dstv::NcError>;
 
 /// By which rules members are judged.
 struct CheckRules {
-    const plugin::JobRules& rules;
+    const plugin::JudgingRules& rules;
     bool isJob;  ///< of the user's job; else those that every member passes
 };
 

@@ -4,7 +4,7 @@
 #include "dstv/NcAssemblies.h"
 #include "dstv/NcHost.h"
 #include "job/Job.h"
-#include "plugin/JobRun.h"
+#include "plugin/output/JobRun.h"
 
 #include <deque>
 #include <filesystem>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "plugin/JobRun.h"
+#include "plugin/output/JobRun.h"
 
 #include "camdata/platform/text/ZetString.h"
 

@@ -216,7 +216,7 @@ TEST(JobFile, LimitsAndReportTypes) {
     EXPECT_GT(none.GetMaximumLength(), 1e6);
 }
 
-TEST(JobFile, HoleRules) {
+TEST(JobFile, HoleRuleMatcher) {
     const Job job = ReadGoodJob();
     ASSERT_EQ(job.holeRules.size(), 2u);
     const job::HoleRule& rule = job.holeRules[0];

@@ -2,7 +2,7 @@
 
 #include "job/BuiltInJob.h"
 #include "job/Job.h"
-#include "plugin/JobMember.h"
+#include "plugin/rules/JobMember.h"
 #include "support/ContourOf.h"
 #include "support/host/FakeHostObjects.h"
 
@@ -185,7 +185,7 @@ struct Judged {
         return text;
     }
 
-    plugin::JobRules rules;
+    plugin::JudgingRules rules;
     ZetNCCreator creator;
     std::optional<plugin::JobMember> member;
 };

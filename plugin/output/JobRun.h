@@ -1,10 +1,10 @@
 #pragma once
 
 #include "job/Job.h"
-#include "plugin/CuttingList.h"
-#include "plugin/JobMember.h"
-#include "plugin/JobProjectInformation.h"
-#include "plugin/JobRules.h"
+#include "plugin/output/CuttingList.h"
+#include "plugin/output/JobProjectInformation.h"
+#include "plugin/rules/JobMember.h"
+#include "plugin/rules/JudgingRules.h"
 
 #include "camdata/output/CMxCamGlobAcc.h"
 #include "camdata/platform/host/ZetNCEntity.h"
@@ -111,7 +111,7 @@ class JobRun {
     ZetArray<ZetString> CutGroup(std::size_t group);
 
     const job::Job& m_job;
-    JobRules m_rules;
+    JudgingRules m_rules;
     std::vector<std::unique_ptr<Member>> m_members;
     CMxCamGlobAcc m_accumulator;
     ZetArray<FileFault> m_faults;

@@ -13,7 +13,7 @@ namespace plugin {
 
 /// The hole rules of a job as the library has them, and which of them a hole falls under. The job's
 /// rules must outlive it.
-class HoleRules {
+class HoleRuleMatcher {
   public:
     struct Entry {
         const job::HoleRule* job;
@@ -27,7 +27,7 @@ class HoleRules {
         bool isExcluded = false;       ///< a rule fits, but excludes the member and names no other
     };
 
-    explicit HoleRules(const std::vector<job::HoleRule>& rules);
+    explicit HoleRuleMatcher(const std::vector<job::HoleRule>& rules);
 
     /// The first rule that fits the hole. One that excludes the member hands on to the rule that it
     /// names, which must fit too. Sets the current tolerance to m_tol_y.

@@ -1,4 +1,4 @@
-#include "plugin/FlangeZero.h"
+#include "plugin/rules/FlangeZero.h"
 
 #include <algorithm>
 

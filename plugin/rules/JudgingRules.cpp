@@ -1,7 +1,7 @@
-#include "plugin/JobRules.h"
+#include "plugin/rules/JudgingRules.h"
 
 #include "job/TextPattern.h"
-#include "plugin/FixedPatterns.h"
+#include "plugin/rules/FixedPatterns.h"
 
 #include "camdata/output/CMxCamGlobAcc.h"
 #include "camdata/util/HostBridge.h"
@@ -18,7 +18,7 @@ bool Fits(const ZetString& text, const ZetString& pattern) {
 
 }  // namespace
 
-JobRules::JobRules(const job::Job& job) : m_job(job), m_holeRules(job.holeRules) {
+JudgingRules::JudgingRules(const job::Job& job) : m_job(job), m_holeRules(job.holeRules) {
     for (const job::FixedPattern& pattern : job.patterns)
         m_patterns.push_back(MakePrescription(pattern));
     for (const job::Assembly& assembly : job.assemblies) {
@@ -28,7 +28,7 @@ JobRules::JobRules(const job::Job& job) : m_job(job), m_holeRules(job.holeRules)
     }
 }
 
-const job::MemberType* JobRules::FindMemberType(ZetNCCreator& creator) const {
+const job::MemberType* JudgingRules::FindMemberType(ZetNCCreator& creator) const {
     const ZetString profileName = GetProfileNameFromCreator(&creator);
     const std::vector<job::MemberType>& types = m_job.memberTypes;
     const auto at = std::find_if(types.begin(), types.end(), [&](const job::MemberType& type) {
@@ -38,11 +38,11 @@ const job::MemberType* JobRules::FindMemberType(ZetNCCreator& creator) const {
     return at == types.end() ? nullptr : &*at;
 }
 
-const CMxSingleMemValidation* JobRules::FindPattern(const job::MemberType& type) const {
+const CMxSingleMemValidation* JudgingRules::FindPattern(const job::MemberType& type) const {
     return type.pattern ? &m_patterns[*type.pattern] : nullptr;
 }
 
-bool JobRules::IsPartOfAssembly(const ZetString& mark) const {
+bool JudgingRules::IsPartOfAssembly(const ZetString& mark) const {
     return m_assemblyMarks.count(mark) > 0;
 }
 

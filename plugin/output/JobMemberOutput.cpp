@@ -1,5 +1,5 @@
-#include "plugin/JobMember.h"
-#include "plugin/MachineRecord.h"
+#include "plugin/output/MachineRecordText.h"
+#include "plugin/rules/JobMember.h"
 
 #include "camdata/tolerance/CMxGeom.h"
 

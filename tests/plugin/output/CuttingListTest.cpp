@@ -1,6 +1,6 @@
-#include "SamplePart.h"
-#include "plugin/CuttingList.h"
-#include "plugin/FirstFit.h"
+#include "plugin/SamplePart.h"
+#include "plugin/output/CuttingList.h"
+#include "plugin/output/FirstFit.h"
 
 #include <algorithm>
 #include <random>
@@ -53,7 +53,7 @@ class Holder : public plugin::JobMember {
 /// The cutting list of these parts, without a reserve.
 plugin::CuttingList ListOf(const std::vector<plugin::StockPieces>& pieces) {
     static const job::Job job = SampleJob();
-    const plugin::JobRules rules(job);
+    const plugin::JudgingRules rules(job);
     Part part(L"Z1");
     ZetNCCreator creator;
     creator.setNCEntity(&part);

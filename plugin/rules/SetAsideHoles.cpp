@@ -1,4 +1,4 @@
-#include "plugin/JobMember.h"
+#include "plugin/rules/JobMember.h"
 
 #include <utility>
 

@@ -1,6 +1,6 @@
-#include "plugin/CuttingList.h"
+#include "plugin/output/CuttingList.h"
 
-#include "plugin/FirstFit.h"
+#include "plugin/output/FirstFit.h"
 
 #include "camdata/tolerance/CMxGeom.h"
 

@@ -1,6 +1,6 @@
-#include "plugin/JobMember.h"
+#include "plugin/rules/JobMember.h"
 
-#include "plugin/FlangeZero.h"
+#include "plugin/rules/FlangeZero.h"
 
 #include "camdata/tolerance/CMxGeom.h"
 #include "camdata/util/CMxUtil.h"
@@ -31,7 +31,7 @@ ZetArray<ZetString> BlockOf(ZetArray<ZetString> heading,
 
 }  // namespace
 
-JobMember::JobMember(const JobRules& rules, const job::MemberType& type, ZetNCCreator& creator)
+JobMember::JobMember(const JudgingRules& rules, const job::MemberType& type, ZetNCCreator& creator)
     : m_rules(rules), m_type(type) {
     CMemberValidations limits = type.limits;
     limits.SetPartofAssy(rules.IsPartOfAssembly(creator.getHeader().mark));

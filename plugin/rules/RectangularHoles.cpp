@@ -1,4 +1,4 @@
-#include "plugin/JobMember.h"
+#include "plugin/rules/JobMember.h"
 
 namespace plugin {
 
@@ -31,7 +31,7 @@ CHoleAddlInfo HoleOf(const CNotchAddInfo& opening) {
 
 /// NC data holds a rectangular hole as an opening. It becomes a hole where a rule covers it.
 void JobMember::TakeRectangularHoles() {
-    const HoleRules& rules = m_rules.GetHoleRules();
+    const HoleRuleMatcher& rules = m_rules.GetHoleRules();
     if (!rules.HasRectangles())
         return;
     ZetArray<CNotchAddInfo> notches;

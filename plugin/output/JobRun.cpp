@@ -1,4 +1,4 @@
-#include "plugin/JobRun.h"
+#include "plugin/output/JobRun.h"
 
 #include "job/Utf8Path.h"
 #include "plugin/ToArray.h"

@@ -1,4 +1,4 @@
-#include "plugin/JobMember.h"
+#include "plugin/rules/JobMember.h"
 
 #include "camdata/tolerance/CMxGeom.h"
 
@@ -34,7 +34,7 @@ void JobMember::FindGroups() {
 std::vector<long> JobMember::GroupCandidates() const {
     std::vector<long> candidates;
     for (long i = 0; i < m_holes.length(); ++i) {
-        const HoleRules::Entry* entry = EntryOfHole(i);
+        const HoleRuleMatcher::Entry* entry = EntryOfHole(i);
         const bool isUnsettled = m_holes[i].GetHoleStatus() == eHoleStatusWaitsForPair;
         if (entry != nullptr && !entry->job->group.code.isEmpty() && isUnsettled)
             candidates.push_back(i);

@@ -1,4 +1,4 @@
-#include "plugin/FirstFit.h"
+#include "plugin/output/FirstFit.h"
 
 #include <algorithm>
 #include <cstddef>

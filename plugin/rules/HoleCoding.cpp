@@ -1,4 +1,4 @@
-#include "plugin/JobMember.h"
+#include "plugin/rules/JobMember.h"
 
 namespace plugin {
 
@@ -13,7 +13,7 @@ void JobMember::CodeHoles() {
     const ZetString profileName = GetProfileName();
     m_entryOfHole.clear();
     for (CHoleAddlInfo& hole : m_holes) {
-        const HoleRules::Match match = m_rules.GetHoleRules().Find(hole, profileName);
+        const HoleRuleMatcher::Match match = m_rules.GetHoleRules().Find(hole, profileName);
         m_entryOfHole.push_back(match.entry);
         if (match.entry != nullptr)
             CodeHole(hole, *match.entry);
@@ -25,7 +25,7 @@ void JobMember::CodeHoles() {
 }
 
 /// A coded hole may become the second of a pair, until it is settled.
-void JobMember::CodeHole(CHoleAddlInfo& hole, const HoleRules::Entry& entry) {
+void JobMember::CodeHole(CHoleAddlInfo& hole, const HoleRuleMatcher::Entry& entry) {
     hole.SetHoleCode(entry.job->code);
     hole.SetHoleOutPutCode(entry.code);
     hole.SetHoleStatus(eHoleStatusWaitsForPair);

@@ -1,4 +1,4 @@
-#include "plugin/HoleRules.h"
+#include "plugin/rules/HoleRuleMatcher.h"
 
 #include "plugin/ToArray.h"
 
@@ -87,7 +87,7 @@ bool HasPlace(const CHoleAddlInfo& hole) {
     return std::isfinite(hole.GetXPos()) && std::isfinite(hole.GetYPos());
 }
 
-bool Fits(const HoleRules::Entry& entry, const CHoleAddlInfo& hole) {
+bool Fits(const HoleRuleMatcher::Entry& entry, const CHoleAddlInfo& hole) {
     const CHoleRule& rule = entry.rule;
     return rule.GetHoleShapeType() == hole.GetHoleShapeType() &&
            AllowsSize(rule.GetDiameters(), hole.GetSize()) &&
@@ -101,14 +101,15 @@ bool IsRectangular(const job::HoleRule& rule) {
 
 }  // namespace
 
-HoleRules::HoleRules(const std::vector<job::HoleRule>& rules)
+HoleRuleMatcher::HoleRuleMatcher(const std::vector<job::HoleRule>& rules)
     : m_hasRectangles(std::any_of(rules.begin(), rules.end(), IsRectangular)) {
     m_entries.reserve(rules.size());
     for (const job::HoleRule& rule : rules)
         m_entries.push_back({&rule, LibraryRule(rule), OutPutCode(rule)});
 }
 
-HoleRules::Match HoleRules::Find(const CHoleAddlInfo& hole, const ZetString& profileName) const {
+HoleRuleMatcher::Match HoleRuleMatcher::Find(const CHoleAddlInfo& hole,
+                                             const ZetString& profileName) const {
     CMxGeom::SetTol(eTolY);
     const auto first = std::find_if(m_entries.begin(), m_entries.end(), [&](const Entry& entry) {
         return HasPlace(hole) && Fits(entry, hole);
@@ -125,7 +126,7 @@ HoleRules::Match HoleRules::Find(const CHoleAddlInfo& hole, const ZetString& pro
     return {entry, false};
 }
 
-const HoleRules::Entry* HoleRules::FindById(const ZetString& id) const {
+const HoleRuleMatcher::Entry* HoleRuleMatcher::FindById(const ZetString& id) const {
     const auto at = std::find_if(m_entries.begin(), m_entries.end(), [&](const Entry& entry) {
         return entry.job->id == id;
     });

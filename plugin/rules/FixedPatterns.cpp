@@ -1,6 +1,6 @@
-#include "plugin/FixedPatterns.h"
+#include "plugin/rules/FixedPatterns.h"
 
-#include "plugin/JobMember.h"
+#include "plugin/rules/JobMember.h"
 
 #include "camdata/tolerance/CMxGeom.h"
 

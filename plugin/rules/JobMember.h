@@ -2,7 +2,7 @@
 
 #include "job/Job.h"
 #include "job/ValidationTypes.h"
-#include "plugin/JobRules.h"
+#include "plugin/rules/JudgingRules.h"
 
 #include "camdata/member/CMxPeilaib.h"
 
@@ -36,7 +36,8 @@ struct MemberOutcome {
     bool isNonStandard = false;
 };
 
-/// A member of a job: judged by the job's rules, written as machine records (MachineRecord.h).
+/// A member of a job: judged by the job's rules, written as machine records
+/// (output/MachineRecordText.h).
 ///
 /// In this order: ValidateMember; SettleReport, unless the member is a part of an assembly;
 /// MakeOutput; then the run's Append and WriteOutPut. Each once.
@@ -59,7 +60,7 @@ class JobMember : public CMxPeilaib {
   public:
     /// Takes over what the creator, which has run, holds of its member. Rules and type must outlive
     /// the member; creator and entity are needed until MakeOutput is done.
-    JobMember(const JobRules& rules, const job::MemberType& type, ZetNCCreator& creator);
+    JobMember(const JudgingRules& rules, const job::MemberType& type, ZetNCCreator& creator);
 
     void ValidateMember() override;
     /// Settles whether the member is valid, and makes its error and warning blocks. A second call
@@ -115,7 +116,7 @@ class JobMember : public CMxPeilaib {
     const job::Job& GetJob() const { return m_rules.GetJob(); }
     const job::Group& GetGroup() const { return GetJob().groups[GetGroupPosition()]; }
     /// The rule that a hole falls under; null: none.
-    const HoleRules::Entry* EntryOfHole(long index) const {
+    const HoleRuleMatcher::Entry* EntryOfHole(long index) const {
         return m_entryOfHole[static_cast<std::size_t>(index)];
     }
 
@@ -134,12 +135,12 @@ class JobMember : public CMxPeilaib {
     void CheckDistances();
 
     void CodeHoles();
-    static void CodeHole(CHoleAddlInfo& hole, const HoleRules::Entry& entry);
+    static void CodeHole(CHoleAddlInfo& hole, const HoleRuleMatcher::Entry& entry);
     void HandleUncoveredHole(CHoleAddlInfo& hole);
     void RefuseHole(job::ValidationType type, const wchar_t* what, CHoleAddlInfo& hole);
 
     void FindPairs();
-    void FindPairOf(long index, const HoleRules::Entry& entry);
+    void FindPairOf(long index, const HoleRuleMatcher::Entry& entry);
 
     void FindGroups();
     std::vector<long> GroupCandidates() const;
@@ -168,10 +169,10 @@ class JobMember : public CMxPeilaib {
     void WriteRecords(ZetFileAccess* file) const;
     void ReleaseSources();
 
-    const JobRules& m_rules;
+    const JudgingRules& m_rules;
     const job::MemberType& m_type;
     /// By hole; null: no rule. Only while the member is validated.
-    std::vector<const HoleRules::Entry*> m_entryOfHole;
+    std::vector<const HoleRuleMatcher::Entry*> m_entryOfHole;
     std::set<HoleKey> m_insideSlots;  ///< those of the duplicate holes
     MemberOutcome m_outcome;
     bool m_isSettled = false;

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "job/Job.h"
-#include "plugin/HoleRules.h"
+#include "plugin/rules/HoleRuleMatcher.h"
 
 #include "camdata/holes/CMxSingleMemValidation.h"
 #include "camdata/platform/host/ZetNCCreator.h"
@@ -14,12 +14,12 @@ namespace plugin {
 
 /// What the members of a run look up in their job, made ready once for all of them. The job must
 /// outlive it.
-class JobRules {
+class JudgingRules {
   public:
-    explicit JobRules(const job::Job& job);
+    explicit JudgingRules(const job::Job& job);
 
     const job::Job& GetJob() const { return m_job; }
-    const HoleRules& GetHoleRules() const { return m_holeRules; }
+    const HoleRuleMatcher& GetHoleRules() const { return m_holeRules; }
     /// The first type whose patterns fit profile name and code of a creator that has run; null when
     /// none does.
     const job::MemberType* FindMemberType(ZetNCCreator& creator) const;
@@ -30,7 +30,7 @@ class JobRules {
 
   private:
     const job::Job& m_job;
-    HoleRules m_holeRules;
+    HoleRuleMatcher m_holeRules;
     std::vector<CMxSingleMemValidation> m_patterns;  ///< by position in Job::patterns
     std::set<ZetString> m_assemblyMarks;
 };

@@ -1,5 +1,5 @@
-#include "SamplePart.h"
-#include "plugin/HoleRules.h"
+#include "plugin/SamplePart.h"
+#include "plugin/rules/HoleRuleMatcher.h"
 #include "support/HoleBuilder.h"
 
 #include <cmath>
@@ -10,7 +10,7 @@
 namespace {
 
 using job::HoleRule;
-using plugin::HoleRules;
+using plugin::HoleRuleMatcher;
 
 HoleRule Rule(const wchar_t* id, eHoleShapeType shape = eHoleShapeRound) {
     HoleRule rule;
@@ -23,8 +23,8 @@ HoleRule Rule(const wchar_t* id, eHoleShapeType shape = eHoleShapeRound) {
 std::string Found(const std::vector<HoleRule>& rules,
                   const CHoleAddlInfo& hole,
                   const wchar_t* profile = L"Z200x2.0") {
-    const HoleRules holeRules(rules);
-    const HoleRules::Match match = holeRules.Find(hole, profile);
+    const HoleRuleMatcher holeRules(rules);
+    const HoleRuleMatcher::Match match = holeRules.Find(hole, profile);
     if (match.isExcluded)
         return "excluded";
     return match.entry == nullptr ? "none" : match.entry->job->id.toUtf8();
@@ -72,9 +72,9 @@ const FitCase kFitCases[] = {
 };
 // clang-format on
 
-INSTANTIATE_TEST_SUITE_P(HoleRules, Fit, ::testing::ValuesIn(kFitCases), RowName());
+INSTANTIATE_TEST_SUITE_P(HoleRuleMatcher, Fit, ::testing::ValuesIn(kFitCases), RowName());
 
-TEST(HoleRules, ShapeFaceAndEitherRow) {
+TEST(HoleRuleMatcher, ShapeFaceAndEitherRow) {
     HoleRule rule = Rule(L"r");
     rule.faces = {eHoleFaceTopFlange, eHoleFaceBottomFlange};
     EXPECT_EQ(Found({rule}, HoleAt(100, 50).Round(18).On(eHoleFaceBottomFlange)), "r");
@@ -133,6 +133,6 @@ const ChainCase kChainCases[] = {
 };
 // clang-format on
 
-INSTANTIATE_TEST_SUITE_P(HoleRules, Chain, ::testing::ValuesIn(kChainCases), RowName());
+INSTANTIATE_TEST_SUITE_P(HoleRuleMatcher, Chain, ::testing::ValuesIn(kChainCases), RowName());
 
 }  // namespace

@@ -1,4 +1,4 @@
-#include "plugin/JobMember.h"
+#include "plugin/rules/JobMember.h"
 
 namespace plugin {
 
@@ -14,13 +14,13 @@ bool IsUnsettled(const CHoleAddlInfo& hole) {
 
 void JobMember::FindPairs() {
     for (long i = 0; i < m_holes.length(); ++i) {
-        const HoleRules::Entry* entry = EntryOfHole(i);
+        const HoleRuleMatcher::Entry* entry = EntryOfHole(i);
         if (entry != nullptr && !entry->job->pairs.empty() && IsUnsettled(m_holes[i]))
             FindPairOf(i, *entry);
     }
     // Only now: a hole without a second one may itself be the second of a later one.
     for (long i = 0; i < m_holes.length(); ++i) {
-        const HoleRules::Entry* entry = EntryOfHole(i);
+        const HoleRuleMatcher::Entry* entry = EntryOfHole(i);
         if (entry != nullptr && entry->job->isPairMust && IsUnsettled(m_holes[i]))
             RefuseHole(job::kMissingPair, kMissingPairText, m_holes[i]);
     }
@@ -28,7 +28,7 @@ void JobMember::FindPairs() {
 
 /// Makes a pair with the first hole that one of the rule's pairs names. The pair counts as one
 /// hole: the second has a status of its own.
-void JobMember::FindPairOf(long index, const HoleRules::Entry& entry) {
+void JobMember::FindPairOf(long index, const HoleRuleMatcher::Entry& entry) {
     const ZetArray<CHoleCode> codes = entry.code.GetPairCodes();
     for (std::size_t i = 0; i < entry.job->pairs.size(); ++i) {
         const CHoleCode& code = codes[static_cast<long>(i)];

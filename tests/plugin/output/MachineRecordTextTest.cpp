@@ -1,5 +1,5 @@
-#include "SamplePart.h"
-#include "plugin/MachineRecord.h"
+#include "plugin/SamplePart.h"
+#include "plugin/output/MachineRecordText.h"
 
 #include <cmath>
 #include <fstream>

@@ -1,4 +1,4 @@
-#include "plugin/MachineRecord.h"
+#include "plugin/output/MachineRecordText.h"
 
 #include "job/MemberLine.h"
 

@@ -1,4 +1,4 @@
-#include "plugin/JobProjectInformation.h"
+#include "plugin/output/JobProjectInformation.h"
 
 #include "plugin/ToArray.h"
 

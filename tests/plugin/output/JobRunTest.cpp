@@ -1,5 +1,5 @@
-#include "SamplePart.h"
-#include "plugin/JobRun.h"
+#include "plugin/SamplePart.h"
+#include "plugin/output/JobRun.h"
 #include "support/TempFolder.h"
 
 #include <fstream>

@@ -1,5 +1,5 @@
-#include "SamplePart.h"
-#include "plugin/JobMember.h"
+#include "plugin/SamplePart.h"
+#include "plugin/rules/JobMember.h"
 
 #include <functional>
 #include <string>
