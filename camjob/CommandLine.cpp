@@ -1,10 +1,10 @@
 #include "camjob/CommandLine.h"
 
-#include "camjob/CheckCommand.h"
-#include "camjob/InitCommand.h"
-#include "camjob/Interrupt.h"
-#include "camjob/OutputDisk.h"
-#include "camjob/RunCommand.h"
+#include "camjob/check/CheckCommand.h"
+#include "camjob/console/Interrupt.h"
+#include "camjob/disk/StagingDisk.h"
+#include "camjob/init/InitCommand.h"
+#include "camjob/run/RunCommand.h"
 
 #include "camdata/platform/system/Modules.h"
 #include "camdata/util/CMxUtil.h"
@@ -64,7 +64,7 @@ void DescribeRun(CLI::App& command, Options& options) {
 }
 
 int Run(const Options& options, OutputStream& out, OutputStream& err) {
-    OutputDisk disk;
+    StagingDisk disk;
     const Interrupt interrupt;
     return RunJob(options.run, {disk, [&] { return interrupt.WasRequested(); }}, out, err);
 }

@@ -1,20 +1,12 @@
 #pragma once
 
-#include "camjob/OutputStream.h"
+#include "camjob/console/ExitCode.h"
+#include "camjob/console/OutputStream.h"
 
 #include <string>
 #include <vector>
 
 namespace camjob {
-
-/// What the program ends with; of several outcomes the highest.
-enum ExitCode : int {
-    kExitDone = 0,
-    kExitInvalidMembers = 1,  ///< done, but some members have errors
-    kExitBadInput = 2,        ///< bad usage, or an input that cannot be read
-    kExitNotWritten = 3,      ///< an output could not be written
-    kExitCancelled = 130,     ///< stopped by Ctrl-C, as shells tell it
-};
 
 /// The whole program: `arguments` (UTF-8, without the program's name), report and messages.
 /// Returns the exit code.

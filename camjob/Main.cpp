@@ -1,5 +1,5 @@
 #include "camjob/CommandLine.h"
-#include "camjob/Console.h"
+#include "camjob/console/Console.h"
 
 #include <exception>
 

@@ -1,0 +1,21 @@
+#pragma once
+
+#include "camjob/console/OutputStream.h"
+
+#include <string>
+#include <vector>
+
+namespace camjob {
+
+/// The command line of `camjob check`.
+struct CheckOptions {
+    std::vector<std::string> files;  ///< names in UTF-8, in the order of the report
+    std::string job;  ///< file of the job whose rules count, UTF-8; "": no rules of any machine
+    bool asJson = false;
+};
+
+/// Reports each file in turn, and goes on after one that cannot be read. Holds one file at a time.
+/// A faulty job ends it at once. Returns the exit code.
+int RunCheck(const CheckOptions& options, OutputStream& out, OutputStream& err);
+
+}  // namespace camjob

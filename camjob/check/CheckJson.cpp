@@ -1,0 +1,230 @@
+#include "camjob/check/CheckJson.h"
+
+#include <array>
+#include <nlohmann/json.hpp>
+
+namespace camjob {
+
+namespace {
+
+using Json = nlohmann::ordered_json;
+
+/// Changes with every change that a reader of the document could stumble over.
+constexpr const char* kSchema = "camjob-check/1";
+
+std::string Dump(const Json& value) {
+    return value.dump(-1, ' ', false, Json::error_handler_t::replace);
+}
+
+Json OrNull(const std::optional<double>& value) {
+    return value ? Json(*value) : Json();
+}
+
+Json OrNull(const ZetString& text) {
+    return text.isEmpty() ? Json() : Json(text.toUtf8());
+}
+
+Json ToJson(const ZetNCHeaderData& header) {
+    return {
+        {"mark",        header.mark.toUtf8()                                     },
+        {"drawing",     header.drawingNumber.toUtf8()                            },
+        {"profileName", header.profileName.toUtf8()                              },
+        {"profileCode", header.profileCode.toUtf8()                              },
+        {"quantity",    header.quantity                                          },
+        {"length",      header.length                                            },
+        {"sawLength",   header.sawLength == 0.0 ? Json() : Json(header.sawLength)},
+        {"height",      header.height                                            },
+        {"width",       header.width                                             },
+        {"thickness",   header.thickness                                         },
+    };
+}
+
+Json ToJson(const dstv::NcNote& note) {
+    const bool isWarning = note.severity == dstv::NcNote::Severity::kWarning;
+    return {
+        {"severity", isWarning ? "warning" : "note"},
+        {"line",     note.line                     },
+        {"text",     note.text.toUtf8()            },
+    };
+}
+
+Json ToJson(const std::optional<RectangleReport>& rectangle) {
+    if (!rectangle)
+        return {};
+    return {
+        {"b",            rectangle->b           },
+        {"h",            rectangle->h           },
+        {"cornerRadius", rectangle->cornerRadius},
+    };
+}
+
+Json ThreadOf(const HoleReport& hole) {
+    if (hole.hasRightThread)
+        return "right";
+    return hole.hasLeftThread ? Json("left") : Json();
+}
+
+Json ToJson(const std::vector<ZetString>& texts) {
+    Json array = Json::array();
+    for (const ZetString& text : texts)
+        array.push_back(text.toUtf8());
+    return array;
+}
+
+/// By the value of SetAside.
+constexpr std::array<const char*, 5> kSetAsideNames = {
+    nullptr, "marked", "insideSlot", "duplicate", "countersink"};
+
+Json ToJson(SetAside setAside) {
+    const char* name = kSetAsideNames[static_cast<std::size_t>(setAside)];
+    return name == nullptr ? Json() : Json(name);
+}
+
+Json ToJson(const HoleReport& hole) {
+    return {
+        {"line",              hole.line             },
+        {"face",              hole.face.toUtf8()    },
+        {"viewPosition",      hole.viewPosition     },
+        {"x",                 hole.x                },
+        {"y",                 hole.y                },
+        {"shape",             hole.shape.toUtf8()   },
+        {"size",              hole.size             },
+        {"length",            OrNull(hole.length)   },
+        {"angle",             OrNull(hole.angle)    },
+        {"depth",             OrNull(hole.depth)    },
+        {"sinkAngle",         OrNull(hole.sinkAngle)},
+        {"rectangle",         ToJson(hole.rectangle)},
+        {"thread",            ThreadOf(hole)        },
+        {"countersunk",       hole.isCountersunk    },
+        {"setAside",          ToJson(hole.setAside) },
+        {"requiredToProcess", !hole.isNotProcessed  },
+        {"valid",             !hole.isInvalid       },
+        {"nonStandard",       hole.isNonStandard    },
+        {"code",              OrNull(hole.code)     },
+        {"remarks",           ToJson(hole.remarks)  },
+    };
+}
+
+Json ToJson(const NotchReport& notch) {
+    return {
+        {"face",      notch.face.toUtf8()                            },
+        {"internal",  notch.isInternal                               },
+        {"x",         notch.x                                        },
+        {"y",         notch.y                                        },
+        {"shape",     notch.shape.toUtf8()                           },
+        {"length",    OrNull(notch.length)                           },
+        {"width",     OrNull(notch.width)                            },
+        {"turned",    notch.isTurned                                 },
+        {"corners",   notch.corners                                  },
+        {"status",    notch.status.toUtf8()                          },
+        {"duplicate", notch.isDuplicate                              },
+        {"holeLine",  notch.holeLine ? Json(*notch.holeLine) : Json()},
+    };
+}
+
+Json ToJson(const FindingsReport& findings) {
+    return {
+        {"errors",   ToJson(findings.errors)  },
+        {"warnings", ToJson(findings.warnings)},
+    };
+}
+
+Json ToJson(const std::optional<JudgementReport>& judgement) {
+    if (!judgement)
+        return {};
+    return {
+        {"memberType",   judgement->memberType.toUtf8() },
+        {"skipped",      judgement->isSkipped           },
+        {"valid",        judgement->isValid             },
+        {"errorBlock",   ToJson(judgement->errorBlock)  },
+        {"warningBlock", ToJson(judgement->warningBlock)},
+    };
+}
+
+Json ToJson(const FaceReport& face) {
+    return {
+        {"face",                  face.face.toUtf8()   },
+        {"viewPosition",          face.viewPosition    },
+        {"externalContourPoints", face.externalPoints  },
+        {"internalContours",      face.internalContours},
+        {"marks",                 face.marks           },
+        {"numerations",           face.numerations     },
+    };
+}
+
+Json ToJson(const dstv::NcError& error) {
+    return {
+        {"file",     error.file.toUtf8()      },
+        {"line",     error.line               },
+        {"column",   error.column             },
+        {"what",     error.what.toUtf8()      },
+        {"found",    error.found.toUtf8()     },
+        {"expected", error.expected.toUtf8()  },
+        {"message",  error.describe().toUtf8()},
+    };
+}
+
+template <typename T>
+Json ListOf(const std::vector<T>& items) {
+    Json array = Json::array();
+    for (const T& item : items)
+        array.push_back(ToJson(item));
+    return array;
+}
+
+Json ShapesOf(const CheckSummary& summary) {
+    Json shapes = Json::object();
+    for (const auto& [shape, count] : summary.holesByShape)
+        shapes[shape.toUtf8()] = count;
+    return shapes;
+}
+
+}  // namespace
+
+void CheckJsonWriter::Begin() {
+    m_out.Write("{\"schema\":" + Dump(kSchema) + ",\n\"files\":[");
+}
+
+void CheckJsonWriter::AddRead(const CheckReport& report) {
+    AddFile(Dump({
+        {"file",      report.file.toUtf8()    },
+        {"status",    "read"                  },
+        {"header",    ToJson(report.header)   },
+        {"notes",     ListOf(report.notes)    },
+        {"holes",     ListOf(report.holes)    },
+        {"notches",   ListOf(report.notches)  },
+        {"findings",  ToJson(report.findings) },
+        {"judgement", ToJson(report.judgement)},
+        {"faces",     ListOf(report.faces)    },
+    }));
+}
+
+void CheckJsonWriter::AddRefused(const dstv::NcError& error) {
+    AddFile(Dump({
+        {"file",   error.file.toUtf8()},
+        {"status", "refused"          },
+        {"error",  ToJson(error)      },
+    }));
+}
+
+void CheckJsonWriter::End(const CheckSummary& summary) {
+    const Json counts = {
+        {"filesRead",      summary.filesRead     },
+        {"filesRefused",   summary.filesRefused  },
+        {"holes",          summary.holes         },
+        {"holesByShape",   ShapesOf(summary)     },
+        {"holesSetAside",  summary.holesSetAside },
+        {"notches",        summary.notches       },
+        {"invalidMembers", summary.invalidMembers},
+        {"notes",          summary.notes         },
+        {"warnings",       summary.warnings      },
+    };
+    m_out.Write("\n],\n\"summary\":" + Dump(counts) + "}\n");
+}
+
+void CheckJsonWriter::AddFile(const std::string& file) {
+    m_out.Write(m_separator + file);
+    m_separator = ",\n";
+}
+
+}  // namespace camjob

@@ -1,0 +1,28 @@
+#pragma once
+
+#include "camjob/check/CheckWriter.h"
+#include "camjob/console/OutputStream.h"
+
+#include <string>
+
+namespace camjob {
+
+/// The report for programs: one JSON document, written file by file, a line each. Its fields are
+/// told in docs/check-json.md.
+class CheckJsonWriter : public CheckWriter {
+  public:
+    explicit CheckJsonWriter(OutputStream& out) : m_out(out) {}
+
+    void Begin() override;
+    void AddRead(const CheckReport& report) override;
+    void AddRefused(const dstv::NcError& error) override;
+    void End(const CheckSummary& summary) override;
+
+  private:
+    void AddFile(const std::string& file);
+
+    OutputStream& m_out;
+    const char* m_separator = "\n";
+};
+
+}  // namespace camjob

@@ -1,0 +1,42 @@
+#include "camjob/check/FaceWords.h"
+
+#include "camdata/holes/CViewData.h"
+
+#include <array>
+
+namespace camjob {
+
+namespace {
+
+/// By view position.
+constexpr std::array kStandardFaces = {
+    eHoleFaceTopFlange, eHoleFaceWeb, eHoleFaceBottomFlange, eHoleFaceWebBack, eHoleFaceWeb};
+
+bool IsStandard(int viewPosition) {
+    return static_cast<std::size_t>(viewPosition) < kStandardFaces.size();
+}
+
+}  // namespace
+
+ZetString FaceWord(eHoleFace face) {
+    if (face == eHoleFaceSlopedTopFlange)
+        return L"sloped top flange";
+    if (face == eHoleFaceSlopedBottomFlange)
+        return L"sloped bottom flange";
+    CViewData viewData;
+    viewData.SetHoleFace(face);
+    return viewData.GetFaceStrForOutPut();
+}
+
+ZetString ViewWord(int viewPosition) {
+    if (IsStandard(viewPosition))
+        return FaceWord(kStandardFaces[static_cast<std::size_t>(viewPosition)]);
+    return ZetString::format(L"plane %d", viewPosition);
+}
+
+ZetString ViewWord(int viewPosition, eHoleFace face) {
+    const ZetString word = ViewWord(viewPosition);
+    return IsStandard(viewPosition) ? word : word + L" (" + FaceWord(face) + L")";
+}
+
+}  // namespace camjob

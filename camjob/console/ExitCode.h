@@ -1,0 +1,14 @@
+#pragma once
+
+namespace camjob {
+
+/// What the program ends with; of several outcomes the highest.
+enum ExitCode : int {
+    kExitDone = 0,
+    kExitInvalidMembers = 1,  ///< done, but some members have errors
+    kExitBadInput = 2,        ///< bad usage, or an input that cannot be read
+    kExitNotWritten = 3,      ///< an output could not be written
+    kExitCancelled = 130,     ///< stopped by Ctrl-C, as shells tell it
+};
+
+}  // namespace camjob

@@ -1,0 +1,51 @@
+#include "camjob/console/ReportText.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace camjob {
+
+std::string Printable(const ZetString& text) {
+    std::wstring shown(text.view());
+    const auto isControl = [](wchar_t c) {
+        return (c < 0x20 && c != L'\n') || (c >= 0x7F && c < 0xA0);
+    };
+    std::replace_if(shown.begin(), shown.end(), isControl, wchar_t{0xFFFD});
+    return ZetString(shown).toUtf8();
+}
+
+ZetString OneLine(const ZetString& text) {
+    std::wstring line(text.view());
+    std::replace(line.begin(), line.end(), L'\n', wchar_t{0xFFFD});
+    return ZetString(std::move(line));
+}
+
+ZetString Number(double value) {
+    const ZetString text = ZetString::format(L"%.1f", value);
+    return text == L"-0.0" ? ZetString(L"0.0") : text;
+}
+
+ZetString CountOf(long count, const wchar_t* one, const wchar_t* many) {
+    return ZetString::format(L"%d %s", count, count == 1 ? one : many);
+}
+
+ZetString Count(long count, const ZetString& noun) {
+    return ZetString::format(L"%d %s%s", count, noun, count == 1 ? L"" : L"s");
+}
+
+ZetString Joined(const std::vector<ZetString>& texts, const wchar_t* separator) {
+    ZetString joined;
+    for (const ZetString& text : texts)
+        joined += joined.isEmpty() ? text : separator + text;
+    return joined;
+}
+
+ZetString Paragraphs(const std::vector<ZetString>& paragraphs) {
+    ZetString text;
+    for (const ZetString& paragraph : paragraphs)
+        if (!paragraph.isEmpty())
+            text += text.isEmpty() ? paragraph : L"\n" + paragraph;
+    return text;
+}
+
+}  // namespace camjob

@@ -1,0 +1,62 @@
+#include "camjob/disk/FlushRenameLock.h"
+
+#include <cerrno>
+#include <cstdio>
+#include <fcntl.h>
+#include <sys/file.h>
+#include <unistd.h>
+
+namespace camjob {
+
+namespace {
+
+std::error_code LastError() {
+    return {errno, std::generic_category()};
+}
+
+std::error_code Flush(const std::filesystem::path& path, int flags) {
+    const int file = ::open(path.c_str(), flags | O_CLOEXEC);
+    if (file < 0)
+        return LastError();
+    const std::error_code error = ::fsync(file) == 0 ? std::error_code() : LastError();
+    ::close(file);
+    return error;
+}
+
+}  // namespace
+
+std::error_code FlushFile(const std::filesystem::path& file) {
+    return Flush(file, O_RDONLY);
+}
+
+std::error_code FlushFolder(const std::filesystem::path& folder) {
+    return Flush(folder, O_RDONLY | O_DIRECTORY);
+}
+
+std::error_code RenameOver(const std::filesystem::path& from, const std::filesystem::path& to) {
+    return std::rename(from.c_str(), to.c_str()) == 0 ? std::error_code() : LastError();
+}
+
+bool IsHeld(const std::filesystem::path&) {
+    return false;
+}
+
+std::error_code FileLock::Take(const std::filesystem::path& file) {
+    const int descriptor = ::open(file.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0666);
+    if (descriptor < 0)
+        return LastError();
+    if (::flock(descriptor, LOCK_EX | LOCK_NB) != 0) {
+        const std::error_code error = LastError();
+        ::close(descriptor);
+        return error;
+    }
+    m_handle = descriptor;
+    return {};
+}
+
+FileLock::~FileLock() {
+    if (IsTaken())
+        ::close(static_cast<int>(m_handle));
+}
+
+}  // namespace camjob

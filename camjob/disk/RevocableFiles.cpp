@@ -1,0 +1,40 @@
+#include "camjob/disk/RevocableFiles.h"
+
+#include <fstream>
+#include <system_error>
+
+namespace camjob {
+
+namespace fs = std::filesystem;
+
+RevocableFiles::~RevocableFiles() {
+    std::error_code ignored;
+    for (auto path = m_paths.rbegin(); path != m_paths.rend(); ++path)
+        fs::remove(*path, ignored);
+}
+
+bool RevocableFiles::MakeFolder(const fs::path& folder) {
+    std::error_code error;
+    if (folder.empty() || fs::is_directory(folder, error))
+        return true;
+    // "out/" names the folder "out".
+    if (folder.has_relative_path() && !MakeFolder(folder.parent_path()))
+        return false;
+    if (fs::create_directory(folder, error))
+        m_paths.push_back(folder);
+    return fs::is_directory(folder, error);
+}
+
+bool RevocableFiles::Write(const fs::path& file, std::string_view text) {
+    if (!MakeFolder(file.parent_path()))
+        return false;
+    std::ofstream stream(file, std::ios::binary);
+    if (!stream.is_open())
+        return false;
+    m_paths.push_back(file);
+    stream.write(text.data(), static_cast<std::streamsize>(text.size()));
+    stream.close();
+    return !stream.fail();
+}
+
+}  // namespace camjob

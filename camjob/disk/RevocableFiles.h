@@ -1,0 +1,29 @@
+#pragma once
+
+#include <filesystem>
+#include <string_view>
+#include <vector>
+
+namespace camjob {
+
+/// Files and folders that were made; they go again unless Keep is called. A folder that holds
+/// something else by then stays.
+class RevocableFiles {
+  public:
+    RevocableFiles() = default;
+    ~RevocableFiles();
+    RevocableFiles(const RevocableFiles&) = delete;
+    RevocableFiles& operator=(const RevocableFiles&) = delete;
+
+    /// Makes a folder and those that it lies in, unless they are there. False when one cannot be
+    /// made.
+    bool MakeFolder(const std::filesystem::path& folder);
+    /// Makes a file, and its folder. False when it cannot be written.
+    bool Write(const std::filesystem::path& file, std::string_view text);
+    void Keep() { m_paths.clear(); }
+
+  private:
+    std::vector<std::filesystem::path> m_paths;
+};
+
+}  // namespace camjob

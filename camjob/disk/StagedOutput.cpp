@@ -1,0 +1,237 @@
+#include "camjob/disk/StagedOutput.h"
+
+#include "camjob/console/Paths.h"
+
+#include <algorithm>
+#include <fstream>
+#include <utility>
+
+namespace camjob {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr const char* kOwnFolder = ".camjob";
+constexpr const char* kLockFile = "lock";
+constexpr const char* kStagingFolder = "staging";
+constexpr const char* kNewRecordFile = "commit.new";
+constexpr const char* kRecordFile = "commit";
+constexpr const char* kLastRecordFile = "output";
+
+constexpr const char* kRecordBegin = "camjob-output/1";
+constexpr const char* kRecordEnd = "end";
+constexpr const char* kPlacedWord = "file ";
+constexpr const char* kRemovedWord = "removed ";
+
+constexpr const char* kFinishesLater = "; the next run in this folder finishes it";
+
+/// In the same words on every system.
+std::string ReasonOf(const std::error_code& error) {
+    return error.default_error_condition().message();
+}
+
+[[noreturn]] void Fail(const fs::path& path, const std::string& what) {
+    throw OutputFailure(Utf8FromPath(path) + ": " + what);
+}
+
+void Check(const std::error_code& error, const fs::path& path, const std::string& what) {
+    if (error)
+        Fail(path, what + " (" + ReasonOf(error) + ")");
+}
+
+bool Exists(const fs::path& path) {
+    std::error_code ignored;
+    return fs::exists(fs::symlink_status(path, ignored));
+}
+
+/// A name that stands for a file in a folder itself, on a line of its own.
+bool IsPlainName(const std::string& name) {
+    const bool isSpecial = name.empty() || name == "." || name == ".." || name == kOwnFolder;
+    return !isSpecial && std::none_of(name.begin(), name.end(), [](char c) {
+        return c == '/' || c == '\\' || static_cast<unsigned char>(c) < 0x20;
+    });
+}
+
+std::string LinesOf(const char* word, const std::vector<std::string>& names) {
+    std::string lines;
+    for (const std::string& name : names)
+        lines += word + name + "\n";
+    return lines;
+}
+
+/// Adds the name on a line that begins with the word.
+bool TakeName(const std::string& line, const std::string& word, std::vector<std::string>& names) {
+    if (!line.starts_with(word) || !IsPlainName(line.substr(word.size())))
+        return false;
+    names.push_back(line.substr(word.size()));
+    return true;
+}
+
+std::vector<std::string> FilesIn(const fs::path& folder) {
+    std::error_code error;
+    std::vector<std::string> names;
+    for (fs::directory_iterator at(folder, error), end; !error && at != end; at.increment(error))
+        names.push_back(Utf8FromPath(at->path().filename()));
+    Check(error, folder, "the folder cannot be read");
+    std::sort(names.begin(), names.end());
+    return names;
+}
+
+}  // namespace
+
+StagedOutput::StagedOutput(fs::path folder, StagingDisk& disk)
+    : m_disk(disk),
+      m_folder(std::move(folder)),
+      m_own(m_folder / kOwnFolder),
+      m_staging(m_own / kStagingFolder),
+      m_record(m_own / kRecordFile),
+      m_lastRecord(m_own / kLastRecordFile) {}
+
+StagedOutput::~StagedOutput() {
+    if (m_isStaging)
+        m_disk.RemoveFolder(m_staging);
+}
+
+bool StagedOutput::Recover() {
+    if (!Exists(m_own))
+        return false;
+    Lock();
+    if (Exists(m_record)) {
+        RollForward(ReadRecord(m_record));
+        return true;
+    }
+    Check(m_disk.RemoveFolder(m_staging), m_staging, "what an earlier run left cannot be removed");
+    return false;
+}
+
+void StagedOutput::Begin() {
+    std::error_code ignored;
+    if (Exists(m_folder) && !fs::is_directory(m_folder, ignored))
+        Fail(m_folder, "the output needs a folder, and this is a file");
+    Check(m_disk.MakeFolder(m_own), m_own, "the folder cannot be made");
+    Recover();
+    m_isStaging = true;
+    Check(m_disk.MakeFolder(m_staging), m_staging, "the folder cannot be made");
+}
+
+void StagedOutput::Commit() {
+    const Record record = MakeRecord();
+    for (const auto* names : {&record.placed, &record.removed})
+        for (const std::string& name : *names)
+            CheckReplaceable(name);
+    FlushStaging(record);
+    WriteRecord(record);
+    m_isStaging = false;
+    RollForward(record);
+}
+
+void StagedOutput::Lock() {
+    if (m_lock.IsTaken())
+        return;
+    const std::error_code error = m_lock.Take(m_own / kLockFile);
+    if (error == std::errc::resource_unavailable_try_again)
+        Fail(m_folder, "another camjob is writing to this folder");
+    Check(error, m_folder, "the folder cannot be written to");
+}
+
+StagedOutput::Record StagedOutput::MakeRecord() const {
+    Record record;
+    record.placed = FilesIn(m_staging);
+    if (!Exists(m_lastRecord))
+        return record;
+    for (std::string& name : ReadRecord(m_lastRecord).placed)
+        if (!HasSuccessor(name, record.placed))
+            record.removed.push_back(std::move(name));
+    return record;
+}
+
+/// Also under a name that is the same file's in this folder, as in one that ignores case.
+bool StagedOutput::HasSuccessor(const std::string& name,
+                                const std::vector<std::string>& placed) const {
+    std::error_code ignored;
+    return std::any_of(placed.begin(), placed.end(), [&](const std::string& successor) {
+        return successor == name || fs::equivalent(PathOf(name), PathOf(successor), ignored);
+    });
+}
+
+void StagedOutput::CheckReplaceable(const std::string& name) const {
+    const fs::path path = PathOf(name);
+    if (!IsPlainName(name))
+        Fail(path, "not a name for an output file");
+    if (!Exists(path))
+        return;
+    std::error_code ignored;
+    const fs::file_status status = fs::status(path, ignored);
+    if (!fs::is_regular_file(status))
+        Fail(path, "cannot be replaced: it is not a file");
+    constexpr fs::perms kAnyWrite =
+        fs::perms::owner_write | fs::perms::group_write | fs::perms::others_write;
+    if ((status.permissions() & kAnyWrite) == fs::perms::none)
+        Fail(path, "cannot be replaced: it is write-protected");
+    if (IsHeld(path))
+        Fail(path, "cannot be replaced: another program has it open");
+}
+
+void StagedOutput::FlushStaging(const Record& record) {
+    for (const std::string& name : record.placed) {
+        const std::error_code error = m_disk.FlushFile(m_staging / PathFromUtf8(name));
+        Check(error, PathOf(name), "cannot be written");
+    }
+    Check(m_disk.FlushFolder(m_staging), m_folder, "the folder cannot be written to");
+}
+
+void StagedOutput::WriteRecord(const Record& record) {
+    const std::string text = std::string(kRecordBegin) + "\n" +
+                             LinesOf(kPlacedWord, record.placed) +
+                             LinesOf(kRemovedWord, record.removed) + kRecordEnd + "\n";
+    const fs::path written = m_own / kNewRecordFile;
+    Check(m_disk.WriteFile(written, text), m_folder, "the folder cannot be written to");
+    Check(m_disk.FlushFile(written), m_folder, "the folder cannot be written to");
+    Check(m_disk.Rename(written, m_record), m_folder, "the folder cannot be written to");
+}
+
+/// Whatever part of this was done before, by this process or another, is done again to the same
+/// end.
+void StagedOutput::RollForward(const Record& record) {
+    const std::string later = std::string("the output is not complete") + kFinishesLater;
+    Check(m_disk.FlushFolder(m_own), m_own, later);
+    for (const std::string& name : record.removed)
+        Check(m_disk.RemoveFile(PathOf(name)),
+              PathOf(name),
+              std::string("cannot be removed") + kFinishesLater);
+    for (const std::string& name : record.placed)
+        Place(name);
+    Check(m_disk.FlushFolder(m_folder), m_folder, later);
+    Check(m_disk.Rename(m_record, m_lastRecord), m_own, later);
+    Check(m_disk.FlushFolder(m_own), m_own, later);
+    // What cannot be removed now is empty, and is removed by the next run.
+    m_disk.RemoveFolder(m_staging);
+}
+
+void StagedOutput::Place(const std::string& name) {
+    const fs::path staged = m_staging / PathFromUtf8(name);
+    if (Exists(staged))
+        Check(m_disk.Rename(staged, PathOf(name)),
+              PathOf(name),
+              std::string("cannot be replaced") + kFinishesLater);
+}
+
+fs::path StagedOutput::PathOf(const std::string& name) const {
+    return m_folder / PathFromUtf8(name);
+}
+
+StagedOutput::Record StagedOutput::ReadRecord(const fs::path& file) {
+    Record record;
+    std::ifstream stream(file, std::ios::binary);
+    std::string line;
+    bool isSound = std::getline(stream, line) && line == kRecordBegin;
+    while (isSound && std::getline(stream, line) && line != kRecordEnd)
+        isSound = TakeName(line, kPlacedWord, record.placed) ||
+                  TakeName(line, kRemovedWord, record.removed);
+    if (!isSound || line != kRecordEnd)
+        Fail(file, "this record of camjob is damaged; remove the folder that it lies in");
+    return record;
+}
+
+}  // namespace camjob

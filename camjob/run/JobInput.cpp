@@ -1,0 +1,127 @@
+#include "camjob/run/JobInput.h"
+
+#include "camjob/console/Paths.h"
+#include "dstv/NcReader.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace camjob {
+
+namespace {
+
+std::vector<dstv::NcAssembly> AssembliesOf(const job::Job& job) {
+    std::vector<dstv::NcAssembly> assemblies;
+    for (const job::Assembly& assembly : job.assemblies) {
+        assemblies.push_back({assembly.mark, {}});
+        for (const job::AssemblyPart& part : assembly.parts)
+            assemblies.back().parts.push_back({part.mark, part.count});
+    }
+    return assemblies;
+}
+
+RunFault FaultOf(const dstv::NcError& error) {
+    return {error.file.toUtf8(), error.line, error.column, error.describe().toUtf8()};
+}
+
+}  // namespace
+
+JobInput::JobInput(const job::Job& job, plugin::JobRun& run)
+    : m_job(job), m_run(run), m_assemblies(AssembliesOf(job)) {}
+
+void JobInput::Read(const std::filesystem::path& file) {
+    const std::size_t position = m_position++;
+    dstv::NcResult result = dstv::ReadNcFile(file);
+    if (const auto* error = std::get_if<dstv::NcError>(&result)) {
+        m_faults.push_back({position, FaultOf(*error)});
+        return;
+    }
+    ++m_counts.filesRead;
+    Hold({position,
+          Utf8FromPath(file),
+          std::make_unique<dstv::NcFileEntity>(std::get<dstv::NcPart>(std::move(result)))});
+    while (!m_held.empty() && IsReady(m_held.front()))
+        JudgeFirst();
+}
+
+void JobInput::Finish() {
+    while (!m_held.empty())
+        JudgeFirst();
+    for (const ZetString& mark : m_assemblies.getMissingMarks()) {
+        const ZetString text =
+            ZetString::format(L"the assemblies name part \"%s\", which no NC file has", mark);
+        m_faults.push_back({
+            m_position, {m_job.file, 0, 0, m_job.file + ": " + text.toUtf8()}
+        });
+    }
+}
+
+std::vector<RunFault> JobInput::TakeFaults() {
+    // Parts that waited were judged after files behind them were read.
+    std::stable_sort(m_faults.begin(), m_faults.end(), [](const auto& a, const auto& b) {
+        return a.position < b.position;
+    });
+    std::vector<RunFault> faults;
+    for (PlacedFault& placed : m_faults)
+        faults.push_back(std::move(placed.fault));
+    return faults;
+}
+
+void JobInput::Hold(Part part) {
+    for (const dstv::NcNote& note : part.entity->getPart().notes)
+        ++(note.severity == dstv::NcNote::Severity::kWarning ? m_counts.warnings : m_counts.notes);
+    m_assemblies.add(*part.entity);
+    m_held.push_back(std::move(part));
+}
+
+bool JobInput::IsReady(const Part& part) const {
+    const ZetString& mark = part.entity->getPart().header.mark;
+    return !m_assemblies.isMainPart(mark) || m_assemblies.isComplete(mark);
+}
+
+void JobInput::JudgeFirst() {
+    Part part = std::move(m_held.front());
+    m_held.pop_front();
+    const ZetString mark = part.entity->getPart().header.mark;
+    if (m_assemblies.isMainPart(mark))
+        m_assemblies.attach(*part.entity);
+    Note(part, m_run.Add(*part.entity));
+    if (!m_assemblies.names(mark))
+        return;
+    part.entity->releaseFeatures();
+    m_assemblyParts.push_back(std::move(part.entity));
+}
+
+void JobInput::Note(const Part& part, plugin::JobRun::Added added) {
+    const dstv::NcHeader& header = part.entity->getPart().header;
+    if (added == plugin::JobRun::Added::kAdded)
+        AddMember(part, header.mark);
+    else if (added == plugin::JobRun::Added::kSkipped)
+        ++m_counts.skipped;
+    else
+        AddFault(part,
+                 ZetString::format(L"profile \"%s\", code %s: no member type of the job takes it",
+                                   header.profileName,
+                                   header.profileCode));
+}
+
+/// Pieces of one mark are one and the same to those who make and mount them.
+void JobInput::AddMember(const Part& part, const ZetString& mark) {
+    if (mark.isEmpty())
+        AddFault(part, L"the part has no mark to tell it by");
+    const auto [at, isNew] = m_memberOfMark.insert({mark.toUtf8(), m_memberFiles.size()});
+    if (!isNew)
+        AddFault(part,
+                 ZetString::format(L"mark \"%s\" is already that of the part in %s",
+                                   mark,
+                                   ZetString::fromUtf8(m_memberFiles[at->second])));
+    m_memberFiles.push_back(part.file);
+}
+
+void JobInput::AddFault(const Part& part, const ZetString& text) {
+    m_faults.push_back({
+        part.position, {part.file, 0, 0, part.file + ": " + text.toUtf8()}
+    });
+}
+
+}  // namespace camjob

@@ -1,0 +1,67 @@
+#pragma once
+
+#include "camjob/run/RunReport.h"
+#include "dstv/NcAssemblies.h"
+#include "dstv/NcHost.h"
+#include "job/Job.h"
+#include "plugin/output/JobRun.h"
+
+#include <deque>
+#include <filesystem>
+#include <memory>
+#include <string>
+#include <unordered_map>
+#include <vector>
+
+namespace camjob {
+
+/// Reads the NC files of a job and hands their parts to a run, in the order of the files.
+///
+/// A part is let go of as soon as it has been judged. A main part waits for the parts of its
+/// assembly, and those behind it with it.
+class JobInput {
+  public:
+    /// Job and run must outlive the input.
+    JobInput(const job::Job& job, plugin::JobRun& run);
+
+    void Read(const std::filesystem::path& file);
+    /// After the last file.
+    void Finish();
+
+    const RunInput& GetCounts() const { return m_counts; }
+    /// Ordered by file; then what concerns the job as a whole.
+    std::vector<RunFault> TakeFaults();
+    /// By member, in the order in which the run has them.
+    std::vector<std::string> TakeMemberFiles() { return std::move(m_memberFiles); }
+
+  private:
+    struct Part {
+        std::size_t position;  ///< of the file
+        std::string file;      ///< UTF-8
+        std::unique_ptr<dstv::NcFileEntity> entity;
+    };
+    struct PlacedFault {
+        std::size_t position;
+        RunFault fault;
+    };
+
+    void Hold(Part part);
+    bool IsReady(const Part& part) const;
+    void JudgeFirst();
+    void Note(const Part& part, plugin::JobRun::Added added);
+    void AddMember(const Part& part, const ZetString& mark);
+    void AddFault(const Part& part, const ZetString& text);
+
+    const job::Job& m_job;
+    plugin::JobRun& m_run;
+    dstv::NcAssemblies m_assemblies;
+    RunInput m_counts;
+    std::size_t m_position = 0;
+    std::deque<Part> m_held;
+    std::vector<std::unique_ptr<dstv::NcFileEntity>> m_assemblyParts;
+    std::unordered_map<std::string, std::size_t> m_memberOfMark;  ///< position in m_memberFiles
+    std::vector<std::string> m_memberFiles;
+    std::vector<PlacedFault> m_faults;
+};
+
+}  // namespace camjob

@@ -1,0 +1,280 @@
+#include "camjob/run/RunCommand.h"
+
+#include "camjob/console/Paths.h"
+#include "camjob/console/Progress.h"
+#include "camjob/disk/RevocableFiles.h"
+#include "camjob/disk/StagedOutput.h"
+#include "camjob/run/JobInput.h"
+#include "camjob/run/RunJson.h"
+#include "camjob/run/RunReport.h"
+#include "camjob/run/RunText.h"
+#include "job/FileNames.h"
+#include "job/JobFile.h"
+
+#include <algorithm>
+#include <filesystem>
+#include <optional>
+#include <system_error>
+#include <utility>
+#include <variant>
+#include <vector>
+
+namespace camjob {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+/// One run, step by step. A step that finds the run at its end says so in the report and returns
+/// false.
+class JobRunner {
+  public:
+    JobRunner(const RunOptions& options, const RunSystem& system, OutputStream& err)
+        : m_options(options), m_system(system), m_progress(err) {
+        m_report.job = options.job;
+    }
+
+    RunReport Run();
+
+  private:
+    bool ReadJob();
+    void RunInFolder();
+    bool PrepareProject(plugin::JobRun& run);
+    bool ShowDialog(plugin::JobRun& run);
+    bool ReadInput(plugin::JobRun& run);
+    bool ReadFiles(JobInput& input);
+    void CheckNames(const std::vector<fs::path>& outputs);
+    bool Write(plugin::JobRun& run, const StagedOutput& output);
+    void TakeResults(plugin::JobRun& run);
+
+    std::string OutputName(const ZetString& file) const {
+        return NameIn(m_report.folder, file.toUtf8());
+    }
+    static std::string ReasonOf(const FileFault& fault);
+    std::string TextOf(const FileFault& fault) const;
+    /// About the input.
+    void Complain(const std::string& file, const std::string& text);
+    bool Refuse(const std::vector<job::JobError>& errors);
+    bool Refuse();
+    bool IsCancelled();
+    void Fail(const std::string& message);
+
+    const RunOptions& m_options;
+    const RunSystem& m_system;
+    Progress m_progress;
+    RunReport m_report;
+    job::Job m_job;
+    std::vector<fs::path> m_ncFiles;
+    std::vector<std::string> m_memberFiles;
+};
+
+RunReport JobRunner::Run() {
+    if (!ReadJob())
+        return std::move(m_report);
+    m_report.folder =
+        m_options.folder.empty() ? Utf8FromPath(job::GetOutputFolder(m_job)) : m_options.folder;
+    try {
+        RunInFolder();
+    } catch (const OutputFailure& failure) {
+        Fail(failure.what());
+    }
+    m_progress.Erase();
+    return std::move(m_report);
+}
+
+bool JobRunner::ReadJob() {
+    job::JobResult job = job::ReadJobFile(PathFromUtf8(m_options.job));
+    if (const auto* errors = std::get_if<std::vector<job::JobError>>(&job))
+        return Refuse(*errors);
+    m_job = std::get<job::Job>(std::move(job));
+    m_report.name = m_job.name;
+    job::NcFilesResult files = job::ExpandNcFiles(m_job);
+    if (const auto* errors = std::get_if<std::vector<job::JobError>>(&files))
+        return Refuse(*errors);
+    m_ncFiles = std::get<std::vector<fs::path>>(std::move(files));
+    // The same names on every system: the patterns have slashes too.
+    for (fs::path& file : m_ncFiles)
+        file = file.generic_u8string();
+    return true;
+}
+
+void JobRunner::RunInFolder() {
+    const fs::path folder = PathFromUtf8(m_report.folder);
+    StagedOutput output(folder, m_system.disk);
+    m_report.hasFinishedEarlierOutput = output.Recover();
+    plugin::JobRun run(m_job, folder);
+    if (!PrepareProject(run) || !ReadInput(run))
+        return;
+    output.Begin();
+    if (!Write(run, output))
+        return;
+    output.Commit();
+    TakeResults(run);
+}
+
+/// The project information of job and settings file, and of the user. With a faulty settings file
+/// the dialog would ask for what is lost already: the run ends before it.
+bool JobRunner::PrepareProject(plugin::JobRun& run) {
+    const std::string settings = OutputName(m_job.project.settingsFile);
+    if (!run.ReadSettings())
+        Complain(settings, "the settings cannot be read; without this file those of the job count");
+    if (m_options.showsDialog && (!m_report.faults.empty() || !ShowDialog(run)))
+        return m_report.status == RunStatus::kDone && Refuse();
+    const std::string fault = job::FaultOfFileNameStart(run.GetProjectInfo().GetFileName());
+    if (!fault.empty())
+        Complain(settings, "the file name in the settings is impossible: " + fault);
+    return true;
+}
+
+/// The dialog writes the settings file as soon as the user confirms it, so its folder has to be
+/// there before. What it wrote is read back: the next run must be able to.
+bool JobRunner::ShowDialog(plugin::JobRun& run) {
+    RevocableFiles folders;
+    if (!folders.MakeFolder(PathFromUtf8(m_report.folder)))
+        throw OutputFailure(m_report.folder + ": the folder cannot be made");
+    CProjectInformation& project = run.GetProjectInfo();
+    project.ShowDialog();
+    const DialogResult& result = project.GetDialogResult();
+    if (result.outcome == DialogOutcome::kCancelled)
+        m_report.status = RunStatus::kDeclined;
+    if (result.outcome == DialogOutcome::kNotShown)
+        Complain("", "camjob: the dialog cannot be shown: " + result.reason.toUtf8());
+    if (result.outcome != DialogOutcome::kConfirmed)
+        return false;
+    folders.Keep();
+    const std::string settings = OutputName(m_job.project.settingsFile);
+    if (const std::optional<FileFault>& fault = project.GetSettingsFault())
+        Fail(settings + ": cannot be written" + ReasonOf(*fault));
+    else if (!run.ReadSettings())
+        Complain(settings,
+                 "the settings cannot be read back: no line of the comments and of the delivery "
+                 "address may begin with \"+\"");
+    return m_report.faults.empty();
+}
+
+bool JobRunner::ReadInput(plugin::JobRun& run) {
+    JobInput input(m_job, run);
+    if (!ReadFiles(input))
+        return false;
+    input.Finish();
+    m_report.input = input.GetCounts();
+    m_memberFiles = input.TakeMemberFiles();
+    for (RunFault& fault : input.TakeFaults())
+        m_report.faults.push_back(std::move(fault));
+    std::vector<fs::path> outputs;
+    for (const ZetString& name : run.GetFileNames())
+        outputs.push_back(PathFromUtf8(OutputName(name)));
+    CheckNames(outputs);
+    return m_report.faults.empty() || Refuse();
+}
+
+bool JobRunner::ReadFiles(JobInput& input) {
+    m_progress.Begin("reading", static_cast<long>(m_ncFiles.size()), "files");
+    for (const fs::path& file : m_ncFiles) {
+        if (IsCancelled())
+            return false;
+        m_progress.Step(Utf8FromPath(file));
+        input.Read(file);
+    }
+    return true;
+}
+
+/// An output must not take the place of what it is made from.
+void JobRunner::CheckNames(const std::vector<fs::path>& outputs) {
+    const auto check = [&](const fs::path& input) {
+        for (const fs::path& output : outputs) {
+            std::error_code ignored;
+            if (input.filename() == output.filename() && fs::equivalent(input, output, ignored))
+                Complain(Utf8FromPath(input), "the output would replace this file");
+        }
+    };
+    check(PathFromUtf8(m_options.job));
+    std::for_each(m_ncFiles.begin(), m_ncFiles.end(), check);
+}
+
+/// What the system says of it, "" for nothing.
+std::string JobRunner::ReasonOf(const FileFault& fault) {
+    const std::error_code reason(fault.systemError, std::generic_category());
+    return reason ? " (" + reason.message() + ")" : "";
+}
+
+/// The file was still in the staging folder.
+std::string JobRunner::TextOf(const FileFault& fault) const {
+    const fs::path staged = PathFromUtf8(fault.fileName.toUtf8());
+    return NameIn(m_report.folder, Utf8FromPath(staged.filename())) + ": cannot be written" +
+           ReasonOf(fault);
+}
+
+bool JobRunner::Write(plugin::JobRun& run, const StagedOutput& output) {
+    m_progress.Begin("writing", run.GetCount(), "members");
+    const bool isWritten = run.Write(output.GetStagingFolder(), [&] {
+        m_progress.Step({});
+        return m_system.isCancelled();
+    });
+    if (!isWritten || IsCancelled()) {
+        m_report.status = RunStatus::kCancelled;
+        return false;
+    }
+    for (const FileFault& fault : run.GetFileFaults())
+        Fail(TextOf(fault));
+    return m_report.status == RunStatus::kDone;
+}
+
+void JobRunner::TakeResults(plugin::JobRun& run) {
+    std::vector<plugin::MemberResult> members = run.GetMemberResults();
+    for (std::size_t i = 0; i < members.size(); ++i)
+        m_report.members.push_back({std::move(members[i]), std::move(m_memberFiles[i])});
+    for (const plugin::GroupResult& group : run.GetGroupResults())
+        m_report.groups.push_back({m_job.groups[group.group].id, group});
+    for (const plugin::NestResult& nest : run.GetNestResults())
+        m_report.nests.push_back({m_job.groups[nest.group].id, nest});
+    for (const ZetString& name : run.GetFileNames()) {
+        const std::string file = OutputName(name);
+        std::error_code ignored;
+        m_report.files.push_back({file, fs::file_size(PathFromUtf8(file), ignored)});
+    }
+}
+
+void JobRunner::Complain(const std::string& file, const std::string& text) {
+    m_report.faults.push_back({file, 0, 0, file.empty() ? text : file + ": " + text});
+}
+
+bool JobRunner::Refuse(const std::vector<job::JobError>& errors) {
+    for (const job::JobError& error : errors)
+        m_report.faults.push_back(
+            {error.file, error.line, error.column, job::DescribeJobError(error)});
+    return Refuse();
+}
+
+bool JobRunner::Refuse() {
+    m_report.status = RunStatus::kRefused;
+    return false;
+}
+
+bool JobRunner::IsCancelled() {
+    if (!m_system.isCancelled())
+        return false;
+    m_report.status = RunStatus::kCancelled;
+    return true;
+}
+
+void JobRunner::Fail(const std::string& message) {
+    m_report.status = RunStatus::kFailed;
+    m_report.faults.push_back({"", 0, 0, message});
+}
+
+}  // namespace
+
+int RunJob(const RunOptions& options,
+           const RunSystem& system,
+           OutputStream& out,
+           OutputStream& err) {
+    const RunReport report = JobRunner(options, system, err).Run();
+    if (options.asJson)
+        WriteRunJson(report, out);
+    else
+        WriteRunText(report, out, err);
+    return report.GetExitCode();
+}
+
+}  // namespace camjob

@@ -1,0 +1,33 @@
+#pragma once
+
+#include "camjob/console/OutputStream.h"
+#include "camjob/disk/StagingDisk.h"
+
+#include <functional>
+#include <string>
+
+namespace camjob {
+
+/// The command line of `camjob run`.
+struct RunOptions {
+    std::string job;     ///< name of the job file, UTF-8
+    std::string folder;  ///< of the output, UTF-8; "": as the job says
+    bool asJson = false;
+    bool showsDialog = false;  ///< for the project information, before anything is read
+};
+
+/// What a run needs of the system that it runs on.
+struct RunSystem {
+    StagingDisk& disk;
+    std::function<bool()> isCancelled;  ///< asked before each file is read and each member written
+};
+
+/// Runs a job from NC files to manufacturing files, and reports it. All inputs are read before
+/// anything is written; the output in the folder is replaced whole or not at all. Returns the exit
+/// code.
+int RunJob(const RunOptions& options,
+           const RunSystem& system,
+           OutputStream& out,
+           OutputStream& err);
+
+}  // namespace camjob

@@ -1,0 +1,188 @@
+#include "camjob/run/RunText.h"
+
+#include "camjob/console/ReportText.h"
+#include "camjob/console/TextTable.h"
+
+#include <algorithm>
+#include <cstddef>
+
+namespace camjob {
+
+namespace {
+
+using Align = TextTable::Align;
+
+constexpr const wchar_t* kIndent = L"  ";
+constexpr double kMillimetresAMetre = 1000.0;
+constexpr double kPercent = 100.0;
+
+/// Members with errors that are listed; the error file has all of them.
+constexpr std::size_t kMaxListedMembers = 20;
+
+ZetString Integer(long value) {
+    return ZetString::format(L"%d", value);
+}
+
+ZetString InputLine(const RunReport& report) {
+    std::vector<ZetString> parts = {Count(report.input.filesRead, L"file") + L" read"};
+    if (report.input.skipped > 0)
+        parts.push_back(Integer(report.input.skipped) + L" left out");
+    if (report.input.notes > 0)
+        parts.push_back(Count(report.input.notes, L"note") + L" of the reader");
+    if (report.input.warnings > 0)
+        parts.push_back(Count(report.input.warnings, L"warning") + L" of the reader");
+    const ZetString name = report.name.isEmpty() ? ZetString::fromUtf8(report.job) : report.name;
+    return OneLine(name) + L": " + Joined(parts, L", ") + L"\n";
+}
+
+plugin::GroupResult SumOf(const std::vector<RunGroup>& groups) {
+    plugin::GroupResult sum;
+    for (const RunGroup& group : groups) {
+        sum.members += group.result.members;
+        sum.pieces += group.result.pieces;
+        sum.invalid += group.result.invalid;
+        sum.withWarnings += group.result.withWarnings;
+        sum.nonStandard += group.result.nonStandard;
+    }
+    return sum;
+}
+
+void AddGroupRow(TextTable& table, const ZetString& name, const plugin::GroupResult& group) {
+    table.AddRow({name,
+                  Integer(group.members),
+                  Integer(group.members - group.invalid),
+                  Integer(group.pieces),
+                  Integer(group.withWarnings),
+                  Integer(group.nonStandard),
+                  Integer(group.invalid)});
+}
+
+ZetString GroupTable(const RunReport& report) {
+    TextTable table({
+        {L"group",         Align::kLeft },
+        {L"members",       Align::kRight},
+        {L"valid",         Align::kRight},
+        {L"pieces",        Align::kRight},
+        {L"with warnings", Align::kRight},
+        {L"non-standard",  Align::kRight},
+        {L"invalid",       Align::kRight}
+    });
+    for (const RunGroup& group : report.groups)
+        AddGroupRow(table, group.name, group.result);
+    AddGroupRow(table, L"all", SumOf(report.groups));
+    return table.Format(kIndent);
+}
+
+ZetString NestTable(const RunReport& report) {
+    if (report.nests.empty())
+        return {};
+    TextTable table({
+        {L"bars of group", Align::kLeft },
+        {L"pieces m",      Align::kRight},
+        {L"bars",          Align::kRight},
+        {L"used %",        Align::kRight},
+        {L"at least",      Align::kRight},
+        {L"first fit",     Align::kRight}
+    });
+    for (const RunNest& nest : report.nests)
+        table.AddRow({nest.name,
+                      Number(nest.result.pieceLength / kMillimetresAMetre),
+                      Integer(nest.result.bars),
+                      Number(nest.result.utilisation * kPercent),
+                      Integer(nest.result.lowerBound),
+                      Integer(nest.result.firstFit)});
+    return table.Format(kIndent) +
+           L"  at least: total length over stock length; first fit: bars of a "
+           L"first-fit-decreasing plan\n";
+}
+
+/// Single parts that assemblies do not come out even with.
+ZetString SinglePartTable(const RunReport& report) {
+    TextTable table({
+        {L"single part", Align::kLeft },
+        {L"ordered",     Align::kRight},
+        {L"left over",   Align::kRight},
+        {L"missing",     Align::kRight}
+    });
+    bool hasRows = false;
+    for (const RunMember& member : report.members) {
+        const long left = member.result.left;
+        if (left == 0)
+            continue;
+        hasRows = true;
+        table.AddRow({OneLine(member.result.mark),
+                      Integer(member.result.quantity),
+                      Integer(std::max(left, 0L)),
+                      Integer(std::max(-left, 0L))});
+    }
+    return hasRows ? table.Format(kIndent) : ZetString();
+}
+
+ZetString InvalidMembers(const RunReport& report) {
+    TextTable table({
+        {L"invalid", Align::kLeft},
+        {L"file",    Align::kLeft}
+    });
+    std::size_t count = 0;
+    for (const RunMember& member : report.members)
+        if (!member.result.outcome.isValid && ++count <= kMaxListedMembers)
+            table.AddRow({OneLine(member.result.mark), OneLine(ZetString::fromUtf8(member.file))});
+    if (count == 0)
+        return {};
+    ZetString more;
+    if (count > kMaxListedMembers)
+        more = ZetString::format(L"  and %d more\n", count - kMaxListedMembers);
+    const ZetString errorFile = OneLine(ZetString::fromUtf8(report.files[job::kErrorFile].name));
+    return table.Format(kIndent) + more + ZetString::format(L"  why: see %s\n", errorFile);
+}
+
+ZetString FileTable(const RunReport& report) {
+    TextTable table({
+        {L"file made", Align::kLeft },
+        {L"bytes",     Align::kRight}
+    });
+    for (const RunFile& file : report.files)
+        table.AddRow(
+            {OneLine(ZetString::fromUtf8(file.name)), Integer(static_cast<long>(file.bytes))});
+    return table.Format(kIndent);
+}
+
+void WriteMessage(const std::string& text, OutputStream& err) {
+    err.Write(Printable(OneLine(ZetString::fromUtf8(text))) + "\n");
+}
+
+/// How the run ended, when it did not come to its end.
+std::string ClosingMessage(const RunReport& report) {
+    switch (report.status) {
+        case RunStatus::kRefused:
+            return "camjob: nothing was written";
+        case RunStatus::kCancelled:
+            return "camjob: stopped; the output in " + report.folder + " is as it was";
+        case RunStatus::kDeclined:
+            return "camjob: the dialog was cancelled; nothing was written";
+        default:
+            return {};
+    }
+}
+
+}  // namespace
+
+void WriteRunText(const RunReport& report, OutputStream& out, OutputStream& err) {
+    if (report.hasFinishedEarlierOutput)
+        WriteMessage("camjob: finished the output of an earlier run in " + report.folder +
+                         ", which was cut off",
+                     err);
+    for (const RunFault& fault : report.faults)
+        WriteMessage(fault.message, err);
+    if (report.status == RunStatus::kDone)
+        out.Write(Printable(Paragraphs({InputLine(report),
+                                        GroupTable(report),
+                                        InvalidMembers(report),
+                                        SinglePartTable(report),
+                                        NestTable(report),
+                                        FileTable(report)})));
+    else if (const std::string closing = ClosingMessage(report); !closing.empty())
+        WriteMessage(closing, err);
+}
+
+}  // namespace camjob

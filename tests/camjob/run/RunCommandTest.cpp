@@ -1,0 +1,396 @@
+#include "camjob/FolderContent.h"
+#include "camjob/SampleJob.h"
+#include "camjob/console/Interrupt.h"
+#include "camjob/disk/StagedOutput.h"
+#include "camjob/disk/StoppingDisk.h"
+#include "camjob/run/RunCommand.h"
+#include "support/Golden.h"
+#include "support/SystemText.h"
+
+#include "camdata/platform/dialog/DialogWindow.h"
+
+#include <cstdlib>
+#include <nlohmann/json.hpp>
+#include <vector>
+
+#ifndef _WIN32
+#include <csignal>
+#include <sys/resource.h>
+#include <unistd.h>
+#endif
+
+namespace {
+
+namespace fs = std::filesystem;
+
+void ExpectParts(const std::string& text, const std::vector<std::string>& parts) {
+    for (const std::string& part : parts)
+        EXPECT_NE(text.find(part), std::string::npos) << "no \"" << part << "\" in:\n" << text;
+}
+
+/// Makes a folder the current one while it lives.
+class InFolder {
+  public:
+    explicit InFolder(const TempFolder& folder) : m_previous(fs::current_path()) {
+        fs::current_path(folder.PathOf(""));
+    }
+    ~InFolder() { fs::current_path(m_previous); }
+
+  private:
+    fs::path m_previous;
+};
+
+TEST(RunCommand, TellsWhatWasMadeAndWhere) {
+    const TempFolder folder;
+    SampleJob().Write(folder);
+    const InFolder there(folder);
+    const CamjobRun run = RunTool({"run", "job.toml", "--out", "made/here"});
+    EXPECT_EQ(run.exitCode, 1);
+    EXPECT_EQ(run.err, "");
+    EXPECT_TRUE(MatchesGolden(CAMJOB_GOLDEN_FOLDER "/run/golden", "run", run.out));
+    const Files made = ContentOf(folder.PathOf("made/here"));
+    EXPECT_EQ(made.size(), 6u);
+
+    // Once more: the same bytes. Without --out it goes where the job says.
+    EXPECT_EQ(RunTool({"run", "job.toml", "--out", "made/here"}).out, run.out);
+    EXPECT_EQ(RunTool({"run", "job.toml"}).exitCode, 1);
+    EXPECT_EQ(ContentOf(folder.PathOf("made/here")), made);
+    EXPECT_EQ(ContentOf(folder.PathOf("out")), made);
+}
+
+/// The names of NC files have slashes on every system.
+std::string Slashed(const TempFolder& folder, const std::string& file) {
+    const std::u8string name = folder.PathOf(file).generic_u8string();
+    return {name.begin(), name.end()};
+}
+
+TEST(RunCommand, TellsItAsJson) {
+    const TempFolder folder;
+    SampleJob().Write(folder);
+    const auto runJson = [&] {
+        const CamjobRun run = RunTool({"run", "--json", ArgumentFor(folder, "job.toml")});
+        EXPECT_EQ(run.err, "");
+        return nlohmann::json::parse(run.out);
+    };
+    const nlohmann::json done = runJson();
+    EXPECT_EQ(done["schema"], "camjob-run/1");
+    EXPECT_EQ(done["status"], "done");
+    EXPECT_EQ(done["exitCode"], 1);
+    EXPECT_EQ(done["input"]["skipped"], 1);
+    EXPECT_EQ(done["members"].size(), 4u);
+    EXPECT_EQ(done["members"][3]["mark"], "L1");
+    EXPECT_EQ(done["members"][3]["file"], Slashed(folder, "nc/4.nc1"));
+    EXPECT_EQ(done["members"][3]["valid"], false);
+    EXPECT_EQ(done["groups"][0]["name"], "secondary");
+    EXPECT_EQ(done["groups"][1]["invalid"], 1);
+    EXPECT_EQ(done["bars"][0]["bars"], 4);  // 12 pieces of 1300 mm, three from each bar
+    EXPECT_EQ(done["files"][0]["name"], ArgumentFor(folder, "out/s-orders.txt"));
+    EXPECT_EQ(done["files"][0]["bytes"], folder.Read("out/s-orders.txt").size());
+
+    folder.Write("nc/6.nc1", nc::BadLength());
+    const nlohmann::json refused = runJson();
+    EXPECT_EQ(refused["status"], "refused");
+    EXPECT_EQ(refused["exitCode"], 2);
+    EXPECT_EQ(refused["faults"][0]["file"], Slashed(folder, "nc/6.nc1"));
+    EXPECT_EQ(refused["faults"][0]["line"], 10);
+    EXPECT_EQ(refused["files"].size(), 0u);
+}
+
+struct Refusal {
+    const char* name;
+    std::vector<std::pair<std::string, std::string>> files;  ///< written over the sample's
+    std::vector<std::string> messages;
+};
+
+TEST(RunCommand, RefusesFaultyInputWithAllFaultsAndWritesNothing) {
+    SampleJob unknownPart;
+    unknownPart.more = "[[assembly]]\nmain = \"L1\"\nparts = [{ mark = \"Q7\" }]\n";
+    SampleJob noFile;
+    noFile.ncFiles = "*.nc2";
+    // clang-format off
+    const Refusal refusals[] = {
+        {"NC files among good ones",
+         {{"nc/2a.nc1", nc::BadLength()}, {"nc/6.nc1", "nonsense"},
+          {"nc/3.nc1", nc::Header("Q", "XX\n  SO") + "EN\n"}},
+         {"nc/2a.nc1:10: length \"6236:88\"", "nc/6.nc1:1:",
+          "nc/3.nc1: profile \"XX\", code SO: no member type of the job takes it"}},
+        {"one mark twice", {{"nc/6.nc1", nc::Plain("C2")}},
+         {"nc/6.nc1: mark \"C2\" is already that of the part in ", "nc/3.nc1"}},
+        {"no mark", {{"nc/6.nc1", nc::Plain("")}}, {"nc/6.nc1: the part has no mark to tell it by"}},
+        {"an unknown part", {{"job.toml", unknownPart.Text()}},
+         {"job.toml: the assemblies name part \"Q7\", which no NC file has"}},
+        {"a broken job", {{"job.toml", "[job]\nname = 1\n"}}, {"job.toml:2:"}},
+        {"no NC file", {{"job.toml", noFile.Text()}}, {"job.toml:3:"}},
+    };
+    // clang-format on
+    for (const Refusal& refusal : refusals) {
+        SCOPED_TRACE(refusal.name);
+        const TempFolder folder;
+        SampleJob().Write(folder);
+        for (const auto& [file, bytes] : refusal.files)
+            folder.Write(file, bytes);
+        const CamjobRun run = RunJobFile(folder);
+        EXPECT_EQ(run.exitCode, 2);
+        EXPECT_EQ(run.out, "");
+        ExpectParts(run.err, refusal.messages);
+        ExpectParts(run.err, {"camjob: nothing was written\n"});
+        EXPECT_FALSE(fs::exists(folder.PathOf("out")));
+    }
+}
+
+TEST(RunCommand, DoesNotReplaceItsOwnInput) {
+    const TempFolder folder;
+    SampleJob job;
+    job.more = "[[file]]\nid = \"x\"\nending = \".toml\"\n";
+    job.Write(folder, "s.toml");
+    const CamjobRun run = RunJobFile(folder, "s.toml", "");
+    EXPECT_EQ(run.exitCode, 2);
+    ExpectParts(run.err, {"s.toml: the output would replace this file"});
+    EXPECT_EQ(folder.Read("s.toml"), job.Text());
+}
+
+/// Runs the sample job with a disk, or an answer to whether it is cancelled, of the test's own.
+CamjobRun RunSample(const TempFolder& folder,
+                    camjob::StagingDisk& disk,
+                    const std::function<bool()>& isCancelled) {
+    TextStream out;
+    TextStream err;
+    const int code = camjob::RunJob({ArgumentFor(folder, "new.toml"), ArgumentFor(folder, "out")},
+                                    {disk, isCancelled},
+                                    out,
+                                    err);
+    return {code, out.GetText(), err.GetText()};
+}
+
+/// The output of an earlier job in the folder "out", and what a newer one would make of it.
+struct OldAndNew {
+    Files oldFiles;
+    Files newFiles;
+
+    explicit OldAndNew(const TempFolder& folder) {
+        SampleJob().Write(folder, "old.toml");
+        SampleJob newer;
+        newer.number = "2";
+        newer.ownFile = "later";
+        newer.Write(folder, "new.toml");
+        RunJobFile(folder, "old.toml");
+        RunJobFile(folder, "new.toml", "other");
+        oldFiles = ContentOf(folder.PathOf("out"));
+        newFiles = ContentOf(folder.PathOf("other"));
+    }
+};
+
+/// Ends the dialog of a run with this file name in it.
+CamjobRun RunWithDialog(const TempFolder& folder,
+                        const wchar_t* fileName,
+                        int button,
+                        const wchar_t* comments = L"") {
+    constexpr int kComments = 1211;
+    constexpr int kFileName = 1101;
+    bool isShown = false;
+    SetDialogDriver(DialogDriver{DialogDriver::Backend::kMemory,
+                                 [&](DialogWindow& window) {
+                                     isShown = true;
+                                     window.SetText(kFileName, fileName);
+                                     window.SetText(kComments, comments);
+                                     window.Click(button);
+                                 },
+                                 {}});
+    CamjobRun run = RunTool({"run", "--dialog", ArgumentFor(folder, "job.toml")});
+    SetDialogDriver({});
+    EXPECT_TRUE(isShown);
+    return run;
+}
+
+TEST(RunCommand, ShowsTheDialogFirst) {
+    constexpr int kOk = 1;
+    constexpr int kCancel = 2;
+    const TempFolder folder;
+    SampleJob().Write(folder);
+    const fs::path out = folder.PathOf("out");
+
+    const CamjobRun cancelled = RunWithDialog(folder, L"t", kCancel);
+    EXPECT_EQ(cancelled.exitCode, 0);
+    EXPECT_EQ(cancelled.err, "camjob: the dialog was cancelled; nothing was written\n");
+    EXPECT_FALSE(fs::exists(out));
+
+    EXPECT_EQ(RunWithDialog(folder, L"t", kOk).exitCode, 1);
+    EXPECT_TRUE(fs::exists(out / "t-orders.txt"));
+    EXPECT_FALSE(fs::exists(out / "s-orders.txt"));
+    // The next run takes it over, and the output of the last one goes.
+    EXPECT_EQ(RunTool({"run", ArgumentFor(folder, "job.toml")}).exitCode, 1);
+    EXPECT_TRUE(fs::exists(out / "t-orders.txt"));
+
+    const CamjobRun lost = RunWithDialog(folder, L"u", kOk, L"call\r\n+49 40 123");
+    EXPECT_EQ(lost.exitCode, 2);
+    ExpectParts(lost.err, {"project-settings.txt: the settings cannot be read back: no line"});
+    fs::remove(out / "project-settings.txt");
+
+    const CamjobRun impossible = RunWithDialog(folder, L"a/b", kOk);
+    EXPECT_EQ(impossible.exitCode, 2);
+    ExpectParts(impossible.err, {"the file name in the settings is impossible", "< > : \" / "});
+    EXPECT_TRUE(fs::exists(out / "t-orders.txt"));
+}
+
+TEST(RunCommand, CancelledAtAnyMomentItLeavesTheOldOutput) {
+    const TempFolder folder;
+    const OldAndNew files(folder);
+    camjob::StagingDisk disk;
+    int moment = 1;
+    for (;; ++moment) {
+        SCOPED_TRACE(moment);
+        int asked = 0;
+        const CamjobRun run = RunSample(folder, disk, [&] { return ++asked == moment; });
+        if (asked < moment)
+            break;
+        EXPECT_EQ(run.exitCode, 130);
+        EXPECT_EQ(run.out, "");
+        ExpectParts(run.err, {"camjob: stopped; the output in ", " is as it was\n"});
+        EXPECT_EQ(ContentOf(folder.PathOf("out")), files.oldFiles);
+    }
+    // Before each of five files, each of four members, and before the commit.
+    EXPECT_EQ(moment, 11);
+    EXPECT_EQ(ContentOf(folder.PathOf("out")), files.newFiles);
+}
+
+TEST(RunCommand, AnOutputThatCannotBeWrittenEndsWithItsOwnCode) {
+    const TempFolder folder;
+    const OldAndNew files(folder);
+    camjob::StagingDisk disk;
+    const auto never = [] { return false; };
+    const auto expectFailure = [&](const CamjobRun& run, const std::string& message) {
+        EXPECT_EQ(run.exitCode, 3);
+        EXPECT_EQ(run.out, "");
+        ExpectParts(run.err, {message});
+        EXPECT_EQ(ContentOf(folder.PathOf("out")), files.oldFiles);
+    };
+    {
+        camjob::StagedOutput other(folder.PathOf("out"), disk);
+        other.Begin();
+        expectFailure(RunSample(folder, disk, never), "another camjob is writing to this folder");
+    }
+    StoppingDisk full(8, StoppingDisk::Stop::kFail);
+    expectFailure(RunSample(folder, full, never),
+                  "cannot be written (" + SystemText(std::errc::no_space_on_device) + ")");
+    folder.Write("file", "text");
+    const CamjobRun run = RunJobFile(folder, "new.toml", "file");
+    EXPECT_EQ(run.exitCode, 3);
+    ExpectParts(run.err, {"file: the output needs a folder, and this is a file\n"});
+}
+
+#ifndef _WIN32
+/// While it lives, no file grows beyond a size, as on a disk that is full.
+class FileSizeLimit {
+  public:
+    explicit FileSizeLimit(rlim_t size) : m_action(std::signal(SIGXFSZ, SIG_IGN)) {
+        getrlimit(RLIMIT_FSIZE, &m_limit);
+        const rlimit limit = {size, m_limit.rlim_max};
+        setrlimit(RLIMIT_FSIZE, &limit);
+    }
+    ~FileSizeLimit() {
+        setrlimit(RLIMIT_FSIZE, &m_limit);
+        std::signal(SIGXFSZ, m_action);
+    }
+
+  private:
+    void (*m_action)(int);
+    rlimit m_limit = {};
+};
+
+TEST(RunCommand, AFullDiskLeavesTheOldOutput) {
+    const TempFolder folder;
+    const OldAndNew files(folder);
+    CamjobRun run;
+    {
+        const FileSizeLimit limit(files.newFiles.at("s-orders.txt").size() / 2);
+        run = RunJobFile(folder, "new.toml");
+    }
+    EXPECT_EQ(run.exitCode, 3);
+    ExpectParts(
+        run.err,
+        {"s-orders.txt: cannot be written (" + SystemText(std::errc::file_too_large) + ")\n"});
+    EXPECT_EQ(ContentOf(folder.PathOf("out")), files.oldFiles);
+    EXPECT_FALSE(fs::exists(folder.PathOf("out") / ".camjob" / "staging"));
+}
+
+/// A user without rights, for as long as it lives.
+class OrdinaryUser {
+  public:
+    OrdinaryUser() { m_isOther = geteuid() == 0 && seteuid(kNobody) == 0; }
+    ~OrdinaryUser() { EXPECT_TRUE(!m_isOther || seteuid(0) == 0); }
+
+  private:
+    static constexpr uid_t kNobody = 65534;
+
+    bool m_isOther;
+};
+
+TEST(RunCommand, AnUnwritableFolderStaysAsItIs) {
+    const TempFolder folder;
+    const OldAndNew files(folder);
+    const fs::path out = folder.PathOf("out");
+    fs::create_directory(folder.PathOf("empty"));
+    for (const fs::path& path :
+         {out, out / ".camjob", out / ".camjob" / "lock", folder.PathOf("empty")})
+        fs::permissions(path, fs::perms::owner_write, fs::perm_options::remove);
+    CamjobRun inOld;
+    CamjobRun inEmpty;
+    {
+        const OrdinaryUser user;
+        inOld = RunJobFile(folder, "new.toml");
+        inEmpty = RunJobFile(folder, "new.toml", "empty");
+    }
+    EXPECT_EQ(inOld.exitCode, 3);
+    const std::string denied = SystemText(std::errc::permission_denied);
+    ExpectParts(inOld.err, {"out: the folder cannot be written to (" + denied + ")\n"});
+    EXPECT_EQ(inEmpty.exitCode, 3);
+    ExpectParts(inEmpty.err, {".camjob: the folder cannot be made (" + denied + ")\n"});
+    EXPECT_EQ(ContentOf(out), files.oldFiles);
+    EXPECT_TRUE(fs::is_empty(folder.PathOf("empty")));
+    for (const fs::path& path : {out, out / ".camjob", folder.PathOf("empty")})
+        fs::permissions(path, fs::perms::owner_write, fs::perm_options::add);
+}
+
+TEST(RunCommand, CtrlCIsOnlyNotedOnce) {
+    const camjob::Interrupt interrupt;
+    EXPECT_FALSE(interrupt.WasRequested());
+    std::raise(SIGINT);
+    EXPECT_TRUE(interrupt.WasRequested());
+    EXPECT_EXIT(std::raise(SIGINT), ::testing::KilledBySignal(SIGINT), "");
+}
+#endif
+
+/// A process that ends hard: instead of one of the changes of the output, or (below 0) at one of
+/// the questions whether it is cancelled.
+class KilledRun : public ::testing::TestWithParam<int> {};
+
+TEST_P(KilledRun, LeavesOldOrNewForTheNextStart) {
+    const TempFolder folder{TempFolder::Shared()};
+    const OldAndNew files(folder);
+    const int moment = GetParam();
+    StoppingDisk disk(moment, StoppingDisk::Stop::kEnd);
+    int asked = 0;
+    const auto question = [&] {
+        if (++asked == -moment)
+            std::_Exit(StoppingDisk::kEndCode);
+        return false;
+    };
+    EXPECT_EXIT(
+        RunSample(folder, disk, question), ::testing::ExitedWithCode(StoppingDisk::kEndCode), "");
+    const bool isRecorded = fs::exists(folder.PathOf("out") / ".camjob" / "commit");
+    // The next start need not come to anything itself.
+    folder.Write("nc/6.nc1", nc::BadLength());
+    const CamjobRun next = RunJobFile(folder, "old.toml");
+    EXPECT_EQ(next.exitCode, 2);
+    const char* message = "camjob: finished the output of an earlier run in ";
+    EXPECT_EQ(next.err.find(message) != std::string::npos, isRecorded) << next.err;
+    const Files now = ContentOf(folder.PathOf("out"));
+    EXPECT_TRUE(now == files.newFiles || (!isRecorded && now == files.oldFiles));
+    EXPECT_FALSE(fs::exists(folder.PathOf("out") / ".camjob" / "staging"));
+}
+
+INSTANTIATE_TEST_SUITE_P(Moments,
+                         KilledRun,
+                         ::testing::Values(-7, -9, 1, 3, 5, 9, 12, 13, 14, 16, 17, 18, 21, 22, 24));
+
+}  // namespace
