@@ -1,6 +1,6 @@
 #include "plugin/output/JobProjectInformation.h"
 
-#include "plugin/ToArray.h"
+#include "plugin/rules/ArrayFromVector.h"
 
 #include <cstdint>
 #include <iterator>
@@ -98,9 +98,9 @@ JobProjectInformation::JobProjectInformation(const job::Job& job, const ZetStrin
 void JobProjectInformation::SetTexts(const job::ProjectData& project) {
     for (const TextRow& row : kTexts)
         (this->*row.set)(project.*row.text);
-    SetComments(ToArray(project.comments));
+    SetComments(ArrayFromVector(project.comments));
     SetMxComments(Joined(project.comments));
-    SetDeliveryAddress(ToArray(project.deliveryAddress));
+    SetDeliveryAddress(ArrayFromVector(project.deliveryAddress));
     SetMxDeliveryAddress(Joined(project.deliveryAddress));
 }
 

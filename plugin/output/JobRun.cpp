@@ -1,7 +1,7 @@
 #include "plugin/output/JobRun.h"
 
 #include "job/Utf8Path.h"
-#include "plugin/ToArray.h"
+#include "plugin/rules/ArrayFromVector.h"
 
 #include "camdata/platform/system/Clock.h"
 #include "camdata/util/CMxUtil.h"
@@ -41,8 +41,8 @@ CMxGroups GroupOf(const job::Group& source, std::size_t position) {
     CMxGroups group;
     group.setValues(static_cast<long>(position),
                     std::move(files),
-                    ToArray(source.headerLines),
-                    ToArray(source.sortKeys));
+                    ArrayFromVector(source.headerLines),
+                    ArrayFromVector(source.sortKeys));
     group.SetNesting(source.isNested);
     return group;
 }
@@ -164,7 +164,7 @@ void JobRun::SetUpFiles(const ZetString& folder) {
     const ZetArray<ZetString> projectHeader = GetJobProjectInfo().MakeHeaderLines();
     ZetArray<CMxFileGroups> files;
     for (const job::OutputFile& source : m_job.files) {
-        ZetArray<ZetString> header = ToArray(source.headerLines);
+        ZetArray<ZetString> header = ArrayFromVector(source.headerLines);
         if (source.hasProjectHeader)
             header.appendAll(projectHeader);
         const ZetString name = GetFileName(source.ending);
@@ -189,7 +189,7 @@ void JobRun::SetUpGroups() {
 void JobRun::SetUpAdditionalInfo() {
     ZetArray<ZetArray<ZetString>> blocks;
     for (const std::vector<ZetString>& header : m_job.infoHeaders)
-        blocks.append(ToArray(header));
+        blocks.append(ArrayFromVector(header));
     ZetArray<long> order;
     for (const std::size_t block : m_job.infoOrder)
         order.append(static_cast<long>(block));

@@ -1,6 +1,6 @@
 #include "plugin/rules/HoleRuleMatcher.h"
 
-#include "plugin/ToArray.h"
+#include "plugin/rules/ArrayFromVector.h"
 
 #include "camdata/tolerance/CMxGeom.h"
 
@@ -32,11 +32,11 @@ CHoleRule LibraryRule(const job::HoleRule& rule) {
                      {StandardCode(rule.code)},
                      {},
                      rule.memberNameLength,
-                     ToArray(rule.excludedMembers),
-                     ToArray(rule.backMarks),
-                     ToArray(rule.otherFaceDistances),
-                     ToArray(rule.diameters),
-                     ToArray(rule.lengths),
+                     ArrayFromVector(rule.excludedMembers),
+                     ArrayFromVector(rule.backMarks),
+                     ArrayFromVector(rule.otherFaceDistances),
+                     ArrayFromVector(rule.diameters),
+                     ArrayFromVector(rule.lengths),
                      false,
                      false,
                      StandardCode(rule.group.code),

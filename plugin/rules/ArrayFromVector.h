@@ -7,7 +7,7 @@
 namespace plugin {
 
 template <typename T>
-ZetArray<T> ToArray(const std::vector<T>& values) {
+ZetArray<T> ArrayFromVector(const std::vector<T>& values) {
     return ZetArray<T>(values.begin(), values.end());
 }
 
