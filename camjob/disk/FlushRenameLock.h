@@ -17,9 +17,9 @@ std::error_code FlushFolder(const std::filesystem::path& folder);
 /// Gives a file another name on the same volume, in place of the file that has it.
 std::error_code RenameOver(const std::filesystem::path& from, const std::filesystem::path& to);
 
-/// Another program holds the file so that it can neither be replaced nor removed. Never so where
-/// names and open files have nothing to do with each other.
-bool IsHeld(const std::filesystem::path& file);
+/// An error when the file could be neither replaced nor removed: errc::text_file_busy while another
+/// program has it open. No error where names and open files have nothing to do with each other.
+std::error_code CheckFree(const std::filesystem::path& file);
 
 /// A file that one process at a time can hold. The system lets go of it when the process ends,
 /// however it ends.

@@ -37,8 +37,8 @@ std::error_code RenameOver(const std::filesystem::path& from, const std::filesys
     return std::rename(from.c_str(), to.c_str()) == 0 ? std::error_code() : LastError();
 }
 
-bool IsHeld(const std::filesystem::path&) {
-    return false;
+std::error_code CheckFree(const std::filesystem::path&) {
+    return {};
 }
 
 std::error_code FileLock::Take(const std::filesystem::path& file) {

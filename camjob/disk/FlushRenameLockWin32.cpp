@@ -54,12 +54,14 @@ std::error_code RenameOver(const std::filesystem::path& from, const std::filesys
     return error;
 }
 
-bool IsHeld(const std::filesystem::path& file) {
+std::error_code CheckFree(const std::filesystem::path& file) {
     const HANDLE handle = Open(file, DELETE, kShareAll, OPEN_EXISTING);
     if (handle == INVALID_HANDLE_VALUE)
-        return ::GetLastError() == ERROR_SHARING_VIOLATION;
+        return ::GetLastError() == ERROR_SHARING_VIOLATION
+                   ? std::make_error_code(std::errc::text_file_busy)
+                   : LastError();
     ::CloseHandle(handle);
-    return false;
+    return {};
 }
 
 std::error_code FileLock::Take(const std::filesystem::path& file) {

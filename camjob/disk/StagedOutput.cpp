@@ -3,7 +3,8 @@
 #include "camjob/console/Paths.h"
 
 #include <algorithm>
-#include <fstream>
+#include <new>
+#include <sstream>
 #include <utility>
 
 namespace camjob {
@@ -24,6 +25,8 @@ constexpr const char* kRecordEnd = "end";
 constexpr const char* kPlacedWord = "file ";
 constexpr const char* kRemovedWord = "removed ";
 
+constexpr const char* kUnknownStatus = "the system does not tell whether this is there";
+constexpr const char* kNotComplete = "the output is not complete";
 constexpr const char* kFinishesLater = "; the next run in this folder finishes it";
 
 /// In the same words on every system.
@@ -38,11 +41,6 @@ std::string ReasonOf(const std::error_code& error) {
 void Check(const std::error_code& error, const fs::path& path, const std::string& what) {
     if (error)
         Fail(path, what + " (" + ReasonOf(error) + ")");
-}
-
-bool Exists(const fs::path& path) {
-    std::error_code ignored;
-    return fs::exists(fs::symlink_status(path, ignored));
 }
 
 /// A name that stands for a file in a folder itself, on a line of its own.
@@ -68,16 +66,6 @@ bool TakeName(const std::string& line, const std::string& word, std::vector<std:
     return true;
 }
 
-std::vector<std::string> FilesIn(const fs::path& folder) {
-    std::error_code error;
-    std::vector<std::string> names;
-    for (fs::directory_iterator at(folder, error), end; !error && at != end; at.increment(error))
-        names.push_back(Utf8FromPath(at->path().filename()));
-    Check(error, folder, "the folder cannot be read");
-    std::sort(names.begin(), names.end());
-    return names;
-}
-
 }  // namespace
 
 StagedOutput::StagedOutput(fs::path folder, StagingDisk& disk)
@@ -89,16 +77,23 @@ StagedOutput::StagedOutput(fs::path folder, StagingDisk& disk)
       m_lastRecord(m_own / kLastRecordFile) {}
 
 StagedOutput::~StagedOutput() {
-    if (m_isStaging)
-        m_disk.RemoveFolder(m_staging);
+    try {
+        if (m_isStaging)
+            m_disk.RemoveFolder(m_staging);
+    } catch (const std::exception&) {
+        // The next run removes it.
+    }
 }
 
 bool StagedOutput::Recover() {
+    CheckFolder();
     if (!Exists(m_own))
         return false;
     Lock();
     if (Exists(m_record)) {
-        RollForward(ReadRecord(m_record));
+        const Record record = ReadRecord(m_record);
+        CheckStaged(record);
+        RollForward(record);
         return true;
     }
     Check(m_disk.RemoveFolder(m_staging), m_staging, "what an earlier run left cannot be removed");
@@ -106,9 +101,7 @@ bool StagedOutput::Recover() {
 }
 
 void StagedOutput::Begin() {
-    std::error_code ignored;
-    if (Exists(m_folder) && !fs::is_directory(m_folder, ignored))
-        Fail(m_folder, "the output needs a folder, and this is a file");
+    CheckFolder();
     Check(m_disk.MakeFolder(m_own), m_own, "the folder cannot be made");
     Recover();
     m_isStaging = true;
@@ -126,6 +119,32 @@ void StagedOutput::Commit() {
     RollForward(record);
 }
 
+/// What is there of the way to the folder has to be folders.
+void StagedOutput::CheckFolder() const {
+    fs::path path = m_folder.root_path();
+    for (const fs::path& name : m_folder.relative_path()) {
+        path /= name;
+        if (!Exists(path))
+            return;
+        fs::file_status status;
+        const std::error_code error = m_disk.GetStatus(path, status);
+        if (error == std::errc::too_many_symbolic_link_levels)
+            Fail(path, "the output needs a folder, and this is a link that leads to itself");
+        Check(error, path, kUnknownStatus);
+        if (!fs::exists(status))
+            Fail(path, "the output needs a folder, and this is a link to nothing");
+        if (!fs::is_directory(status))
+            Fail(path, "the output needs a folder, and this is a file");
+    }
+}
+
+/// Also a link to nothing.
+bool StagedOutput::Exists(const fs::path& path) const {
+    fs::file_status status;
+    Check(m_disk.GetLinkStatus(path, status), path, kUnknownStatus);
+    return fs::exists(status);
+}
+
 void StagedOutput::Lock() {
     if (m_lock.IsTaken())
         return;
@@ -137,7 +156,7 @@ void StagedOutput::Lock() {
 
 StagedOutput::Record StagedOutput::MakeRecord() const {
     Record record;
-    record.placed = FilesIn(m_staging);
+    Check(m_disk.ListFolder(m_staging, record.placed), m_staging, "the folder cannot be read");
     if (!Exists(m_lastRecord))
         return record;
     for (std::string& name : ReadRecord(m_lastRecord).placed)
@@ -149,9 +168,14 @@ StagedOutput::Record StagedOutput::MakeRecord() const {
 /// Also under a name that is the same file's in this folder, as in one that ignores case.
 bool StagedOutput::HasSuccessor(const std::string& name,
                                 const std::vector<std::string>& placed) const {
-    std::error_code ignored;
+    if (std::binary_search(placed.begin(), placed.end(), name))
+        return true;
     return std::any_of(placed.begin(), placed.end(), [&](const std::string& successor) {
-        return successor == name || fs::equivalent(PathOf(name), PathOf(successor), ignored);
+        bool areSame = false;
+        Check(m_disk.AreSameFile(PathOf(name), PathOf(successor), areSame),
+              PathOf(successor),
+              kUnknownStatus);
+        return areSame;
     });
 }
 
@@ -161,16 +185,28 @@ void StagedOutput::CheckReplaceable(const std::string& name) const {
         Fail(path, "not a name for an output file");
     if (!Exists(path))
         return;
-    std::error_code ignored;
-    const fs::file_status status = fs::status(path, ignored);
+    fs::file_status status;
+    Check(m_disk.GetStatus(path, status), path, kUnknownStatus);
     if (!fs::is_regular_file(status))
         Fail(path, "cannot be replaced: it is not a file");
     constexpr fs::perms kAnyWrite =
         fs::perms::owner_write | fs::perms::group_write | fs::perms::others_write;
     if ((status.permissions() & kAnyWrite) == fs::perms::none)
         Fail(path, "cannot be replaced: it is write-protected");
-    if (IsHeld(path))
+    const std::error_code error = m_disk.CheckFree(path);
+    if (error == std::errc::text_file_busy)
         Fail(path, "cannot be replaced: another program has it open");
+    Check(error, path, "cannot be replaced");
+}
+
+/// A file that is not in the staging folder any more has taken its place already, unless somebody
+/// cleared the folder away.
+void StagedOutput::CheckStaged(const Record& record) const {
+    const auto isLost = [&](const std::string& name) {
+        return !Exists(m_staging / PathFromUtf8(name)) && !Exists(PathOf(name));
+    };
+    if (!Exists(m_staging) || std::any_of(record.placed.begin(), record.placed.end(), isLost))
+        Fail(m_record, "the files that this record names are gone; remove it and run again");
 }
 
 void StagedOutput::FlushStaging(const Record& record) {
@@ -191,20 +227,28 @@ void StagedOutput::WriteRecord(const Record& record) {
     Check(m_disk.Rename(written, m_record), m_folder, "the folder cannot be written to");
 }
 
+/// From the record on the new output counts, whatever happens here.
+void StagedOutput::RollForward(const Record& record) {
+    try {
+        PlaceAll(record);
+    } catch (const OutputFailure& failure) {
+        throw OutputFailure(std::string(failure.what()) + kFinishesLater);
+    } catch (const std::bad_alloc&) {
+        Fail(m_folder, std::string(kNotComplete) + " (out of memory)" + kFinishesLater);
+    }
+}
+
 /// Whatever part of this was done before, by this process or another, is done again to the same
 /// end.
-void StagedOutput::RollForward(const Record& record) {
-    const std::string later = std::string("the output is not complete") + kFinishesLater;
-    Check(m_disk.FlushFolder(m_own), m_own, later);
+void StagedOutput::PlaceAll(const Record& record) {
+    Check(m_disk.FlushFolder(m_own), m_own, kNotComplete);
     for (const std::string& name : record.removed)
-        Check(m_disk.RemoveFile(PathOf(name)),
-              PathOf(name),
-              std::string("cannot be removed") + kFinishesLater);
+        Check(m_disk.RemoveFile(PathOf(name)), PathOf(name), "cannot be removed");
     for (const std::string& name : record.placed)
         Place(name);
-    Check(m_disk.FlushFolder(m_folder), m_folder, later);
-    Check(m_disk.Rename(m_record, m_lastRecord), m_own, later);
-    Check(m_disk.FlushFolder(m_own), m_own, later);
+    Check(m_disk.FlushFolder(m_folder), m_folder, kNotComplete);
+    Check(m_disk.Rename(m_record, m_lastRecord), m_own, kNotComplete);
+    Check(m_disk.FlushFolder(m_own), m_own, kNotComplete);
     // What cannot be removed now is empty, and is removed by the next run.
     m_disk.RemoveFolder(m_staging);
 }
@@ -212,18 +256,18 @@ void StagedOutput::RollForward(const Record& record) {
 void StagedOutput::Place(const std::string& name) {
     const fs::path staged = m_staging / PathFromUtf8(name);
     if (Exists(staged))
-        Check(m_disk.Rename(staged, PathOf(name)),
-              PathOf(name),
-              std::string("cannot be replaced") + kFinishesLater);
+        Check(m_disk.Rename(staged, PathOf(name)), PathOf(name), "cannot be replaced");
 }
 
 fs::path StagedOutput::PathOf(const std::string& name) const {
     return m_folder / PathFromUtf8(name);
 }
 
-StagedOutput::Record StagedOutput::ReadRecord(const fs::path& file) {
+StagedOutput::Record StagedOutput::ReadRecord(const fs::path& file) const {
+    std::string bytes;
+    Check(m_disk.ReadFile(file, bytes), file, "this record of camjob cannot be read");
     Record record;
-    std::ifstream stream(file, std::ios::binary);
+    std::istringstream stream(bytes);
     std::string line;
     bool isSound = std::getline(stream, line) && line == kRecordBegin;
     while (isSound && std::getline(stream, line) && line != kRecordEnd)

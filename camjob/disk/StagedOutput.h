@@ -51,17 +51,21 @@ class StagedOutput {
         std::vector<std::string> removed;  ///< in the last output only
     };
 
+    void CheckFolder() const;
     void Lock();
+    bool Exists(const std::filesystem::path& path) const;
     Record MakeRecord() const;
     bool HasSuccessor(const std::string& name, const std::vector<std::string>& placed) const;
     void CheckReplaceable(const std::string& name) const;
+    void CheckStaged(const Record& record) const;
     void FlushStaging(const Record& record);
     void WriteRecord(const Record& record);
     void RollForward(const Record& record);
+    void PlaceAll(const Record& record);
     void Place(const std::string& name);
     std::filesystem::path PathOf(const std::string& name) const;
 
-    static Record ReadRecord(const std::filesystem::path& file);
+    Record ReadRecord(const std::filesystem::path& file) const;
 
     StagingDisk& m_disk;
     std::filesystem::path m_folder;

@@ -1,13 +1,15 @@
 #pragma once
 
 #include <filesystem>
+#include <string>
 #include <string_view>
 #include <system_error>
+#include <vector>
 
 namespace camjob {
 
-/// Every change that StagedOutput makes in a folder. Tests put a disk in its place that fails, or
-/// stops, at any of them.
+/// Everything that StagedOutput changes in a folder, or reads there. Tests put a disk in its place
+/// that fails, or stops, at any of it.
 class StagingDisk {
   public:
     StagingDisk() = default;
@@ -27,6 +29,24 @@ class StagingDisk {
     virtual std::error_code RemoveFile(const std::filesystem::path& file);
     /// With all that is in it; no error when there is none.
     virtual std::error_code RemoveFolder(const std::filesystem::path& folder);
+
+    /// What lies at a path, behind links too. That nothing does is an answer, not an error.
+    virtual std::error_code GetStatus(const std::filesystem::path& path,
+                                      std::filesystem::file_status& status);
+    /// The same, but of a link itself.
+    virtual std::error_code GetLinkStatus(const std::filesystem::path& path,
+                                          std::filesystem::file_status& status);
+    /// The names in a folder, UTF-8, ascending.
+    virtual std::error_code ListFolder(const std::filesystem::path& folder,
+                                       std::vector<std::string>& names);
+    virtual std::error_code ReadFile(const std::filesystem::path& file, std::string& bytes);
+    /// Two names of one file, as in a folder that ignores case; not when one has no file.
+    virtual std::error_code AreSameFile(const std::filesystem::path& a,
+                                        const std::filesystem::path& b,
+                                        bool& areSame);
+    /// An error when a file that is there could be neither replaced nor removed:
+    /// errc::text_file_busy while another program has it open.
+    virtual std::error_code CheckFree(const std::filesystem::path& file);
 };
 
 }  // namespace camjob

@@ -4,6 +4,7 @@
 #include "support/TempFolder.h"
 
 #include <utility>
+#include <vector>
 
 namespace {
 
@@ -132,6 +133,9 @@ TEST(StagedOutput, AFailureOfTheDiskAtAnyMomentLeavesOldOrNew) {
         if (!failure.empty() && !isLater) {
             EXPECT_EQ(ContentOf(path), WithForeign(kOld)) << failure;
         }
+        // The next start meets the same disk, and does not take what it cannot read for nothing.
+        StoppingDisk bad(moment, StoppingDisk::Stop::kFail);
+        FailureOf([&] { StagedOutput(path, bad).Recover(); });
         IsFinishedByNext(path);
         const bool isNew = failure.empty() || isLater;
         EXPECT_EQ(ContentOf(path), WithForeign(isNew ? kNew : kOld)) << failure;
@@ -169,6 +173,16 @@ TEST(StagedOutput, RefusesWhatItMustNotReplace) {
                        {"output", "camjob-output/1\nfile a.txt\n"}
         });
     };
+    const auto makeUnreadable = [](const fs::path& path) {
+        fs::remove(path / ".camjob" / "output");
+        fs::create_directory(path / ".camjob" / "output");
+    };
+    const auto loseStaged = [](const fs::path& path) {
+        WriteFiles(path / ".camjob",
+                   {
+                       {"commit", "camjob-output/1\nfile a.txt\nremoved gone.txt\nend\n"}
+        });
+    };
     // clang-format off
     const Refusal refusals[] = {
         {"a folder in a file's place", makeFolder, "more.txt: cannot be replaced: it is not a file"},
@@ -176,6 +190,8 @@ TEST(StagedOutput, RefusesWhatItMustNotReplace) {
         {"write protection of an old file", protectUnused, "gone.txt: cannot be replaced: it is write"},
         {"a list that points elsewhere", pointElsewhere, "this record of camjob is damaged"},
         {"a list that breaks off", breakOff, "this record of camjob is damaged"},
+        {"a list that cannot be read", makeUnreadable, "this record of camjob cannot be read ("},
+        {"a commit whose files are gone", loseStaged, "commit: the files that this record names are gone; "},
     };
     // clang-format on
     for (const Refusal& refusal : refusals) {
@@ -205,14 +221,40 @@ TEST(StagedOutput, AnOpenFileIsReplacedOrRefused) {
     EXPECT_TRUE(failure.empty() || failure.find("has it open") != std::string::npos) << failure;
 }
 
-TEST(StagedOutput, MakesAMissingFolderAndRefusesAFile) {
+TEST(StagedOutput, MakesAMissingFolderAndRefusesWhatIsNone) {
     const TempFolder folder;
     Produce(folder.PathOf("new") / "deep", kNew);
     EXPECT_EQ(ContentOf(folder.PathOf("new") / "deep"), kNew);
-    const fs::path file = folder.Write("file", "text");
-    const std::string failure = FailureOf([&] { Produce(file, kNew); });
-    EXPECT_NE(failure.find("the output needs a folder, and this is a file"), std::string::npos);
+    folder.Write("file", "text");
+    struct Place {
+        const char* folder;
+        const char* message;
+    };
+    std::vector<Place> places = {
+        {"file",      "file: the output needs a folder, and this is a file"},
+        {"file/deep", "file: the output needs a folder, and this is a file"},
+    };
+#ifndef _WIN32
+    fs::create_symlink("nowhere", folder.PathOf("dangling"));
+    fs::create_symlink("loop", folder.PathOf("loop"));
+    fs::create_symlink("new", folder.PathOf("link"));
+    Produce(folder.PathOf("link"), kNew);
+    EXPECT_EQ(ContentOf(folder.PathOf("new")).count("a.txt"), 1u);
+    places.insert(
+        places.end(),
+        {
+            {"dangling",  "dangling: the output needs a folder, and this is a link to"    },
+            {"loop",      "loop: the output needs a folder, and this is a link that leads"},
+            {"loop/deep", "loop: the output needs a folder, and this is a link that leads"},
+    });
+#endif
+    for (const Place& place : places) {
+        SCOPED_TRACE(place.folder);
+        const std::string failure = FailureOf([&] { Produce(folder.PathOf(place.folder), kNew); });
+        EXPECT_NE(failure.find(place.message), std::string::npos) << failure;
+    }
     EXPECT_EQ(folder.Read("file"), "text");
+    EXPECT_FALSE(fs::exists(folder.PathOf("nowhere")));
 }
 
 TEST(StagedOutput, OneAtATimeInAFolder) {

@@ -5,12 +5,12 @@
 #include <cstdlib>
 #include <limits>
 
-/// A disk on which something happens instead of one of the changes, counted from 1. Flushes are
-/// changes too, but left out for speed.
+/// A disk on which something happens instead of one of the changes, counted from 1; where it fails,
+/// reads count too. Flushes are changes, but left out for speed.
 class StoppingDisk : public camjob::StagingDisk {
   public:
     enum class Stop {
-        kFail,  ///< the disk is full
+        kFail,  ///< the disk is full, also for reads
         kCut,   ///< raises Cut, and nothing changes any more, as after the end of the process
         kEnd,   ///< the process ends hard
     };
@@ -41,6 +41,30 @@ class StoppingDisk : public camjob::StagingDisk {
         return Change([&] { return StagingDisk::RemoveFolder(folder); });
     }
 
+    std::error_code GetStatus(const std::filesystem::path& path,
+                              std::filesystem::file_status& status) override {
+        return Read([&] { return StagingDisk::GetStatus(path, status); });
+    }
+    std::error_code GetLinkStatus(const std::filesystem::path& path,
+                                  std::filesystem::file_status& status) override {
+        return Read([&] { return StagingDisk::GetLinkStatus(path, status); });
+    }
+    std::error_code ListFolder(const std::filesystem::path& folder,
+                               std::vector<std::string>& names) override {
+        return Read([&] { return StagingDisk::ListFolder(folder, names); });
+    }
+    std::error_code ReadFile(const std::filesystem::path& file, std::string& bytes) override {
+        return Read([&] { return StagingDisk::ReadFile(file, bytes); });
+    }
+    std::error_code AreSameFile(const std::filesystem::path& a,
+                                const std::filesystem::path& b,
+                                bool& areSame) override {
+        return Read([&] { return StagingDisk::AreSameFile(a, b, areSame); });
+    }
+    std::error_code CheckFree(const std::filesystem::path& file) override {
+        return Read([&] { return StagingDisk::CheckFree(file); });
+    }
+
   private:
     static std::error_code NoChange() { return {}; }
 
@@ -49,6 +73,11 @@ class StoppingDisk : public camjob::StagingDisk {
         if (m_stop == Stop::kCut && WasReached())
             return {};
         return ++m_count == m_moment ? StopNow() : call();
+    }
+    /// After the end of the process nobody reads.
+    template <typename Call>
+    std::error_code Read(Call call) {
+        return m_stop == Stop::kFail ? Change(call) : call();
     }
     std::error_code StopNow() const {
         if (m_stop == Stop::kEnd)

@@ -269,7 +269,11 @@ TEST(RunCommand, AnOutputThatCannotBeWrittenEndsWithItsOwnCode) {
         other.Begin();
         expectFailure(RunSample(folder, disk, never), "another camjob is writing to this folder");
     }
-    StoppingDisk full(8, StoppingDisk::Stop::kFail);
+    struct FullDisk : camjob::StagingDisk {
+        std::error_code FlushFile(const fs::path&) override {
+            return std::make_error_code(std::errc::no_space_on_device);
+        }
+    } full;
     expectFailure(RunSample(folder, full, never),
                   "cannot be written (" + SystemText(std::errc::no_space_on_device) + ")");
     folder.Write("file", "text");
