@@ -19,7 +19,7 @@ namespace camjob {
 namespace {
 
 constexpr const char* kExitCodes =
-    "Exit codes: 0 done; 1 done, but a member has errors; 2 bad usage, or a file that cannot be "
+    "Exit codes: 0 done; 1 done, but a member has errors or a file was left out; 2 bad usage, or a file that cannot be "
     "read; 3 a file or the report could not be written; 130 stopped by Ctrl-C. The highest wins.";
 
 std::string Version() {

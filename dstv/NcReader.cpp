@@ -34,6 +34,26 @@ ZetString ErrorText(int systemError) {
     return ZetString::fromUtf8(std::generic_category().message(systemError));
 }
 
+ZetString StemOf(const ZetString& file) {
+    std::wstring_view name = file.view();
+    name.remove_prefix(name.find_last_of(L"/\\") + 1);
+    const std::size_t dot = name.rfind(L'.');
+    return ZetString(std::wstring(name.substr(0, dot == 0 ? name.size() : dot)));
+}
+
+ZetString MarkOf(const NcPart& part, NcMarkSource source) {
+    switch (source) {
+        case NcMarkSource::kDrawing:
+            return part.header.drawing;
+        case NcMarkSource::kPhase:
+            return part.header.phase;
+        case NcMarkSource::kFileName:
+            return StemOf(part.file);
+        default:
+            return part.header.mark;
+    }
+}
+
 }  // namespace
 
 ZetString PathText(const std::filesystem::path& path) {
@@ -44,7 +64,7 @@ ZetString PathText(const std::filesystem::path& path) {
 #endif
 }
 
-NcResult ReadNcFile(const std::filesystem::path& path) {
+NcResult ReadNcFile(const std::filesystem::path& path, const NcReading& reading) {
     std::error_code ignored;
     if (std::filesystem::is_directory(path, ignored))
         return FileError(path, L"a file, not a folder");
@@ -62,13 +82,14 @@ NcResult ReadNcFile(const std::filesystem::path& path) {
         return FileError(path, L"a file that can be read");
     if (bytes.size() > kMaxFileBytes)
         return FileError(path, L"a file of at most 64 MiB");
-    return ParseNc(bytes, PathText(path));
+    return ParseNc(bytes, PathText(path), reading);
 }
 
-NcResult ParseNc(std::string_view bytes, const ZetString& name) {
+NcResult ParseNc(std::string_view bytes, const ZetString& name, const NcReading& reading) {
     try {
-        NcPart part = NcParser().Parse(bytes);
+        NcPart part = NcParser().Parse(InUtf8(bytes, reading.encoding));
         part.file = name;
+        part.header.mark = MarkOf(part, reading.mark);
         return part;
     } catch (NcFailure& failure) {
         failure.error.file = name;

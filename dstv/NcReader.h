@@ -1,10 +1,12 @@
 #pragma once
 
+#include "dstv/NcEncoding.h"
 #include "dstv/NcNote.h"
 #include "dstv/NcPart.h"
 
 #include <cstddef>
 #include <filesystem>
+#include <string>
 #include <string_view>
 #include <variant>
 
@@ -25,14 +27,29 @@ inline constexpr std::size_t kMaxPlanes = 1'000;
 /// Notes of one file; the last one then says that there are more.
 inline constexpr std::size_t kMaxNotes = 1'000;
 
+/// What a part is told from others by.
+enum class NcMarkSource {
+    kMark,      ///< header line 4, as the standard has it
+    kDrawing,   ///< header line 2
+    kPhase,     ///< header line 3
+    kFileName,  ///< the file's name without its ending
+};
+
+/// How the files of one origin are read.
+struct NcReading {
+    NcMarkSource mark = NcMarkSource::kMark;   ///< what becomes NcHeader::mark
+    std::string encoding{kAutomaticEncoding};  ///< of texts, see NcEncoding.h
+};
+
 /// A part, or the first reason why there is none.
 using NcResult = std::variant<NcPart, NcError>;
 
 /// Reads one file. A folder, and a file that cannot be opened or read, is an error with line 0.
-NcResult ReadNcFile(const std::filesystem::path& path);
+NcResult ReadNcFile(const std::filesystem::path& path, const NcReading& reading = {});
 
-/// Reads the bytes of a file in one pass; `name` is for messages only. Time grows as n log n.
-NcResult ParseNc(std::string_view bytes, const ZetString& name);
+/// Reads the bytes of a file in one pass; `name` is for messages, and for a mark that is the file's
+/// name. Time grows as n log n.
+NcResult ParseNc(std::string_view bytes, const ZetString& name, const NcReading& reading = {});
 
 /// A path as text, whatever characters it holds.
 ZetString PathText(const std::filesystem::path& path);

@@ -50,6 +50,13 @@ MemberType AnyMember() {
     return member;
 }
 
+OutputFile MakeFile(const wchar_t* id, const wchar_t* ending) {
+    OutputFile file;
+    file.id = id;
+    file.ending = ending;
+    return file;
+}
+
 Group MakeGroup(const wchar_t* id, std::vector<std::size_t> files) {
     Group group;
     group.id = id;
@@ -62,10 +69,10 @@ Group MakeGroup(const wchar_t* id, std::vector<std::size_t> files) {
 Job MakeEmptyJob() {
     Job job;
     job.files = {
-        {L"order",    L"-orders.txt",   {}, true},
-        {L"info",     L"-info.txt",     {}, true},
-        {L"errors",   L"-errors.txt",   {}, true},
-        {L"warnings", L"-warnings.txt", {}, true},
+        MakeFile(L"order", L"-orders.txt"),
+        MakeFile(L"info", L"-info.txt"),
+        MakeFile(L"errors", L"-errors.txt"),
+        MakeFile(L"warnings", L"-warnings.txt"),
     };
     job.groups = {MakeGroup(L"", {}), MakeGroup(L"secondary", {kOrderFile})};
     return job;

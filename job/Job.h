@@ -50,12 +50,19 @@ enum InfoBlock : std::size_t {
     kInfoBlockCount = 4,
 };
 
+/// What ends a line of an output file.
+enum class LineEnds {
+    kLf,
+    kCrLf,
+};
+
 /// One output file.
 struct OutputFile {
     ZetString id;
     ZetString ending;                    ///< behind the run's file name, for example "-orders.txt"
     std::vector<ZetString> headerLines;  ///< as they stand, before the project's
     bool hasProjectHeader = true;
+    LineEnds lineEnds = LineEnds::kLf;
 };
 
 /// One group of members, a section of the order file.
@@ -222,6 +229,43 @@ struct ProjectData {
     ZetString commentMarker = L"** ";  ///< before each project header line
 };
 
+/// What a part is told from others by.
+enum class MarkSource {
+    kMark,      ///< the header's mark
+    kDrawing,   ///< the header's drawing
+    kPhase,     ///< the header's phase
+    kFileName,  ///< the file's name without its ending
+};
+
+/// How the texts of NC files are written: their bytes above ASCII.
+enum class NcEncoding {
+    kAuto,  ///< each text UTF-8 when it is well-formed, else Windows-1252
+    kUtf8,
+    // clang-format off
+    kWindows1250, kWindows1251, kWindows1252, kWindows1253, kWindows1254, kWindows1255,
+    kWindows1256, kWindows1257, kWindows1258,
+    kIso1, kIso2, kIso3, kIso4, kIso5, kIso6, kIso7, kIso8, kIso9, kIso10, kIso11, kIso13, kIso14,
+    kIso15, kIso16,
+    // clang-format on
+};
+
+/// As a job file and the NC reader name it.
+const char* NameOf(NcEncoding encoding);
+
+/// What happens to a run when an NC file cannot take part in it.
+enum class WhenNot {
+    kRefuse,    ///< nothing is made
+    kLeaveOut,  ///< the rest is made, and the file is told
+};
+
+/// How NC files are taken.
+struct NcInput {
+    MarkSource mark = MarkSource::kMark;
+    NcEncoding encoding = NcEncoding::kAuto;
+    WhenNot unreadable = WhenNot::kRefuse;
+    WhenNot unmatched = WhenNot::kRefuse;  ///< no member type takes it
+};
+
 /// A name or pattern of NC files, and where the job file has it.
 struct NcFilePattern {
     std::string text;  ///< relative to the job file's folder, UTF-8
@@ -237,6 +281,7 @@ struct Job {
     std::string outputFolder = "out";  ///< relative to the job file's folder, UTF-8
     std::optional<CalendarDate> date;  ///< counts as today
     long maximumQuantity = 100000;
+    NcInput nc;
     ProjectData project;
     Tolerances tolerances;
     std::vector<OutputFile> files;        ///< by position; at least the four of FileRole

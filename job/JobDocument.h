@@ -215,6 +215,7 @@ struct AdditionalInfoTable {
 /// A whole job file.
 struct JobDocument {
     JobTable job;
+    NcInput nc;
     ProjectTable project;
     TolerancesTable tolerances;
     std::vector<FileTable> files;

@@ -4,6 +4,7 @@
 #include "job/FileNames.h"
 #include "job/MemberLine.h"
 #include "job/MessageTexts.h"
+#include "job/ShadowedRules.h"
 
 #include "camdata/platform/text/ZetFormat.h"
 #include "camdata/util/CMxUtil.h"
@@ -116,6 +117,7 @@ class JobMaker {
         TakeCornerNotches();
         TakeAssemblies();
         TakeInfo();
+        CheckShadowed(m_document, m_faults);
         return std::move(m_job);
     }
 
@@ -173,6 +175,7 @@ void JobMaker::TakeJob() {
     m_job.outputFolder = table.output.text.toUtf8();
     m_job.date = table.date;
     m_job.maximumQuantity = table.maximumQuantity;
+    m_job.nc = m_document.nc;
     m_job.project = m_document.project;
     m_job.project.fileName = m_document.project.fileName.text;
     if (m_job.project.fileName.isEmpty())
@@ -217,7 +220,7 @@ void JobMaker::TakeFiles() {
         given.Add(table.id, m_faults);
         const std::size_t position = m_files.PositionOf(table.id.text);
         if (position == m_job.files.size()) {
-            m_job.files.push_back({table.id.text, {}, {}, true});
+            m_job.files.emplace_back().id = table.id.text;
             m_files.Add(table.id, m_faults);
             Require(table.ending.at.line > 0,
                     table.at,
@@ -227,6 +230,7 @@ void JobMaker::TakeFiles() {
         file.headerLines = table.headerLines;
         CheckHeadings(table, table.headerLines);
         file.hasProjectHeader = table.hasProjectHeader;
+        file.lineEnds = table.lineEnds;
         if (table.ending.at.line > 0)
             file.ending = table.ending.text;
     }

@@ -94,6 +94,53 @@ constexpr Choice<Uncovered> kUncoveredActions[] = {
     {Uncovered::kAccept, "accept"},
 };
 
+constexpr Choice<MarkSource> kMarkSources[] = {
+    {MarkSource::kMark, "mark"},
+    {MarkSource::kDrawing, "drawing"},
+    {MarkSource::kPhase, "phase"},
+    {MarkSource::kFileName, "file_name"},
+};
+
+constexpr Choice<NcEncoding> kNcEncodings[] = {
+    {NcEncoding::kAuto, "auto"},
+    {NcEncoding::kUtf8, "utf-8"},
+    {NcEncoding::kWindows1250, "windows-1250"},
+    {NcEncoding::kWindows1251, "windows-1251"},
+    {NcEncoding::kWindows1252, "windows-1252"},
+    {NcEncoding::kWindows1253, "windows-1253"},
+    {NcEncoding::kWindows1254, "windows-1254"},
+    {NcEncoding::kWindows1255, "windows-1255"},
+    {NcEncoding::kWindows1256, "windows-1256"},
+    {NcEncoding::kWindows1257, "windows-1257"},
+    {NcEncoding::kWindows1258, "windows-1258"},
+    {NcEncoding::kIso1, "iso-8859-1"},
+    {NcEncoding::kIso2, "iso-8859-2"},
+    {NcEncoding::kIso3, "iso-8859-3"},
+    {NcEncoding::kIso4, "iso-8859-4"},
+    {NcEncoding::kIso5, "iso-8859-5"},
+    {NcEncoding::kIso6, "iso-8859-6"},
+    {NcEncoding::kIso7, "iso-8859-7"},
+    {NcEncoding::kIso8, "iso-8859-8"},
+    {NcEncoding::kIso9, "iso-8859-9"},
+    {NcEncoding::kIso10, "iso-8859-10"},
+    {NcEncoding::kIso11, "iso-8859-11"},
+    {NcEncoding::kIso13, "iso-8859-13"},
+    {NcEncoding::kIso14, "iso-8859-14"},
+    {NcEncoding::kIso15, "iso-8859-15"},
+    {NcEncoding::kIso16, "iso-8859-16"},
+};
+static_assert(std::size(kNcEncodings) == static_cast<std::size_t>(NcEncoding::kIso16) + 1);
+
+constexpr Choice<WhenNot> kWhenNot[] = {
+    {WhenNot::kRefuse, "refuse"},
+    {WhenNot::kLeaveOut, "leave_out"},
+};
+
+constexpr Choice<LineEnds> kLineEnds[] = {
+    {LineEnds::kLf, "lf"},
+    {LineEnds::kCrLf, "crlf"},
+};
+
 constexpr Choice<NotchValue> kNotchValues[] = {
     {NotchValue::kLength, "length"},
     {NotchValue::kWidth, "width"},
@@ -131,6 +178,10 @@ template <> std::span<const Choice<eSortOrder>> ChoicesOf() { return kSortKeys; 
 template <> std::span<const Choice<eProfPropType>> ChoicesOf() { return kSources; }
 template <> std::span<const Choice<SlopeSource>> ChoicesOf() { return kSlopeSources; }
 template <> std::span<const Choice<eReportingTypes>> ChoicesOf() { return kReportTypes; }
+template <> std::span<const Choice<MarkSource>> ChoicesOf() { return kMarkSources; }
+template <> std::span<const Choice<NcEncoding>> ChoicesOf() { return kNcEncodings; }
+template <> std::span<const Choice<WhenNot>> ChoicesOf() { return kWhenNot; }
+template <> std::span<const Choice<LineEnds>> ChoicesOf() { return kLineEnds; }
 template <> std::span<const Choice<Uncovered>> ChoicesOf() { return kUncoveredActions; }
 template <> std::span<const Choice<NotchValue>> ChoicesOf() { return kNotchValues; }
 template <> std::span<const Choice<InfoBlock>> ChoicesOf() { return kInfoBlocks; }
@@ -145,6 +196,13 @@ constexpr Key kJobKeys[] = {
     Row<JobTable, &JobTable::output>("output", "Folder of the output, relative to the job file's folder."),
     Row<JobTable, &JobTable::date>("date", "The day that counts as today, for output that can be repeated.", {.defaultNote = "today"}),
     Row<JobTable, &JobTable::maximumQuantity>("max_quantity", "The most pieces that a member may have (`quantity`).", {.range = kCount}),
+};
+
+constexpr Key kNcKeys[] = {
+    Row<NcInput, &NcInput::mark>("mark", "What a part is told from others by: a line of the file's header (4, 2 or 3), or the file's name without its ending. Assemblies name it, and every list shows it."),
+    Row<NcInput, &NcInput::encoding>("encoding", "How names in the files are written. \"auto\": each text is UTF-8 when it can be, else Windows-1252."),
+    Row<NcInput, &NcInput::unreadable>("unreadable", "What a file does that cannot be read. refuse: nothing is made. leave_out: the rest is made; the file is listed with its reason, and the exit code is 1."),
+    Row<NcInput, &NcInput::unmatched>("unmatched", "The same for a file that no member type takes."),
 };
 
 constexpr Key kProjectKeys[] = {
@@ -187,6 +245,7 @@ constexpr Key kFileKeys[] = {
     Row<FileTable, &FileTable::ending>("ending", "What the file's name ends with, behind `file_name`.", {.defaultNote = "required, but for the four files that are always there"}),
     Row<FileTable, &OutputFile::headerLines>("header", "Lines that the file begins with."),
     Row<FileTable, &OutputFile::hasProjectHeader>("project_header", "Whether the project data follow them."),
+    Row<FileTable, &OutputFile::lineEnds>("line_ends", "What ends each line: LF, or CR and LF."),
 };
 
 // What the secondary parts and every other group have in common.
@@ -335,6 +394,7 @@ constexpr Key kAdditionalInfoKeys[] = {
 };
 
 constexpr KeyTable kJobTable{kJobKeys};
+constexpr KeyTable kNcTable{kNcKeys};
 constexpr KeyTable kProjectTable{kProjectKeys};
 constexpr KeyTable kTolerancesTable{kTolerancesKeys};
 constexpr KeyTable kFileTable{kFileKeys};
@@ -358,6 +418,7 @@ constexpr KeyTable kAdditionalInfoTable{kAdditionalInfoKeys};
 }  // namespace
 
 template <> constexpr const KeyTable& KeysOf<JobTable>() { return kJobTable; }
+template <> constexpr const KeyTable& KeysOf<NcInput>() { return kNcTable; }
 template <> constexpr const KeyTable& KeysOf<ProjectTable>() { return kProjectTable; }
 template <> constexpr const KeyTable& KeysOf<TolerancesTable>() { return kTolerancesTable; }
 template <> constexpr const KeyTable& KeysOf<FileTable>() { return kFileTable; }
@@ -447,6 +508,7 @@ namespace {
 
 constexpr Key kDocumentKeys[] = {
     Row<JobDocument, &JobDocument::job>("job", "What to read and where to write.", {.isRequired = true, .isTop = true}),
+    Row<JobDocument, &JobDocument::nc>("nc", "How the NC files are taken.", {.isTop = true}),
     Row<JobDocument, &JobDocument::project>("project", "Project and delivery data; they head the output files, and the project dialog shows them.", {.isTop = true}),
     Row<JobDocument, &JobDocument::tolerances>("tolerances", "How exactly holes and notches are compared, and how near to an edge they may be.", {.isTop = true}),
     Row<JobDocument, &JobDocument::files>("file", "An output file of the job's own, or a change to one of the four that are always there: `order`, `info`, `errors`, `warnings`.", {.isTop = true}),
@@ -487,6 +549,10 @@ void ListTablesIn(const KeyTable& table, const std::string& path, std::vector<Jo
 }
 
 }  // namespace
+
+const char* NameOf(NcEncoding encoding) {
+    return kNcEncodings[static_cast<std::size_t>(encoding)].word;
+}
 
 std::vector<JobKeyTable> ListJobKeys() {
     std::vector<JobKeyTable> list;

@@ -5,6 +5,7 @@
 #include "camjob/console/ExitCode.h"
 #include "camjob/console/Paths.h"
 #include "camjob/console/ReportText.h"
+#include "camjob/input/JobReading.h"
 #include "dstv/NcReader.h"
 #include "job/BuiltInJob.h"
 #include "job/JobFile.h"
@@ -18,14 +19,14 @@ namespace camjob {
 
 namespace {
 
-dstv::NcResult ReadFile(const std::string& name) {
+dstv::NcResult ReadFile(const std::string& name, const dstv::NcReading& reading) {
     if (name == "-")
         return dstv::NcError{L"-", 0, 0, L"standard input", L"-", L"the name of a file"};
-    return dstv::ReadNcFile(PathFromUtf8(name));
+    return dstv::ReadNcFile(PathFromUtf8(name), reading);
 }
 
 CheckResult CheckFile(const std::string& name, const CheckRules& rules) {
-    dstv::NcResult result = ReadFile(name);
+    dstv::NcResult result = ReadFile(name, ReadingOf(rules.rules.GetJob().nc));
     if (auto* error = std::get_if<dstv::NcError>(&result))
         return std::move(*error);
     return MakeCheckReport(std::get<dstv::NcPart>(std::move(result)), rules);

@@ -1,7 +1,7 @@
 #include "camjob/run/JobInput.h"
 
 #include "camjob/console/Paths.h"
-#include "dstv/NcReader.h"
+#include "camjob/input/JobReading.h"
 
 #include <algorithm>
 #include <utility>
@@ -20,20 +20,23 @@ std::vector<dstv::NcAssembly> AssembliesOf(const job::Job& job) {
     return assemblies;
 }
 
-RunFault FaultOf(const dstv::NcError& error) {
+constexpr const wchar_t* kOtherSource =
+    L"; \"mark\" in [nc] of the job can name another text to tell parts by";
+
+RunFault FaultOfReading(const dstv::NcError& error) {
     return {error.file.toUtf8(), error.line, error.column, error.describe().toUtf8()};
 }
 
 }  // namespace
 
 JobInput::JobInput(const job::Job& job, plugin::JobRun& run)
-    : m_job(job), m_run(run), m_assemblies(AssembliesOf(job)) {}
+    : m_job(job), m_reading(ReadingOf(job.nc)), m_run(run), m_assemblies(AssembliesOf(job)) {}
 
 void JobInput::Read(const std::filesystem::path& file) {
     const std::size_t position = m_position++;
-    dstv::NcResult result = dstv::ReadNcFile(file);
+    dstv::NcResult result = dstv::ReadNcFile(file, m_reading);
     if (const auto* error = std::get_if<dstv::NcError>(&result)) {
-        m_faults.push_back({position, FaultOf(*error)});
+        ListFor(m_job.nc.unreadable).push_back({position, FaultOfReading(*error)});
         return;
     }
     ++m_counts.filesRead;
@@ -57,12 +60,20 @@ void JobInput::Finish() {
 }
 
 std::vector<RunFault> JobInput::TakeFaults() {
-    // Parts that waited were judged after files behind them were read.
-    std::stable_sort(m_faults.begin(), m_faults.end(), [](const auto& a, const auto& b) {
+    return InOrder(std::move(m_faults));
+}
+
+std::vector<RunFault> JobInput::TakeLeftOut() {
+    return InOrder(std::move(m_leftOut));
+}
+
+/// Parts that waited were judged after files behind them were read.
+std::vector<RunFault> JobInput::InOrder(std::vector<PlacedFault> list) {
+    std::stable_sort(list.begin(), list.end(), [](const auto& a, const auto& b) {
         return a.position < b.position;
     });
     std::vector<RunFault> faults;
-    for (PlacedFault& placed : m_faults)
+    for (PlacedFault& placed : list)
         faults.push_back(std::move(placed.fault));
     return faults;
 }
@@ -99,29 +110,39 @@ void JobInput::Note(const Part& part, plugin::JobRun::Added added) {
     else if (added == plugin::JobRun::Added::kSkipped)
         ++m_counts.skipped;
     else
-        AddFault(part,
-                 ZetString::format(L"profile \"%s\", code %s: no member type of the job takes it",
-                                   header.profileName,
-                                   header.profileCode));
+        AddUnmatched(part, header);
+}
+
+void JobInput::AddUnmatched(const Part& part, const dstv::NcHeader& header) {
+    ListFor(m_job.nc.unmatched)
+        .push_back({part.position,
+                    FaultOf(part,
+                            ZetString::format(
+                                L"profile \"%s\", code %s: no member type of the job takes it",
+                                header.profileName,
+                                header.profileCode))});
 }
 
 /// Pieces of one mark are one and the same to those who make and mount them.
 void JobInput::AddMember(const Part& part, const ZetString& mark) {
     if (mark.isEmpty())
-        AddFault(part, L"the part has no mark to tell it by");
+        AddFault(part, ZetString(L"the part has no mark to tell it by") + kOtherSource);
     const auto [at, isNew] = m_memberOfMark.insert({mark.toUtf8(), m_memberFiles.size()});
     if (!isNew)
         AddFault(part,
                  ZetString::format(L"mark \"%s\" is already that of the part in %s",
                                    mark,
-                                   ZetString::fromUtf8(m_memberFiles[at->second])));
+                                   ZetString::fromUtf8(m_memberFiles[at->second])) +
+                     kOtherSource);
     m_memberFiles.push_back(part.file);
 }
 
+RunFault JobInput::FaultOf(const Part& part, const ZetString& text) {
+    return {part.file, 0, 0, part.file + ": " + text.toUtf8()};
+}
+
 void JobInput::AddFault(const Part& part, const ZetString& text) {
-    m_faults.push_back({
-        part.position, {part.file, 0, 0, part.file + ": " + text.toUtf8()}
-    });
+    m_faults.push_back({part.position, FaultOf(part, text)});
 }
 
 }  // namespace camjob

@@ -3,6 +3,7 @@
 #include "camjob/run/RunReport.h"
 #include "dstv/NcAssemblies.h"
 #include "dstv/NcHost.h"
+#include "dstv/NcReader.h"
 #include "job/Job.h"
 #include "plugin/output/JobRun.h"
 
@@ -31,6 +32,8 @@ class JobInput {
     const RunInput& GetCounts() const { return m_counts; }
     /// Ordered by file; then what concerns the job as a whole.
     std::vector<RunFault> TakeFaults();
+    /// The files that the job leaves out for their reasons, in their order.
+    std::vector<RunFault> TakeLeftOut();
     /// By member, in the order in which the run has them.
     std::vector<std::string> TakeMemberFiles() { return std::move(m_memberFiles); }
 
@@ -50,9 +53,16 @@ class JobInput {
     void JudgeFirst();
     void Note(const Part& part, plugin::JobRun::Added added);
     void AddMember(const Part& part, const ZetString& mark);
+    void AddUnmatched(const Part& part, const dstv::NcHeader& header);
+    static RunFault FaultOf(const Part& part, const ZetString& text);
     void AddFault(const Part& part, const ZetString& text);
+    static std::vector<RunFault> InOrder(std::vector<PlacedFault> list);
+    std::vector<PlacedFault>& ListFor(job::WhenNot what) {
+        return what == job::WhenNot::kRefuse ? m_faults : m_leftOut;
+    }
 
     const job::Job& m_job;
+    const dstv::NcReading m_reading;
     plugin::JobRun& m_run;
     dstv::NcAssemblies m_assemblies;
     RunInput m_counts;
@@ -62,6 +72,7 @@ class JobInput {
     std::unordered_map<std::string, std::size_t> m_memberOfMark;  ///< position in m_memberFiles
     std::vector<std::string> m_memberFiles;
     std::vector<PlacedFault> m_faults;
+    std::vector<PlacedFault> m_leftOut;
 };
 
 }  // namespace camjob

@@ -2,6 +2,7 @@
 
 #include "camjob/console/Paths.h"
 #include "camjob/console/Progress.h"
+#include "camjob/console/ReportText.h"
 #include "camjob/disk/RevocableFiles.h"
 #include "camjob/disk/StagedOutput.h"
 #include "camjob/run/JobInput.h"
@@ -43,6 +44,7 @@ class JobRunner {
     bool ShowDialog(plugin::JobRun& run);
     bool ReadInput(plugin::JobRun& run);
     bool ReadFiles(JobInput& input);
+    void TakeLeftOut(JobInput& input, plugin::JobRun& run);
     void CheckNames(const std::vector<fs::path>& outputs);
     bool Write(plugin::JobRun& run, const StagedOutput& output);
     void TakeResults(plugin::JobRun& run);
@@ -161,11 +163,20 @@ bool JobRunner::ReadInput(plugin::JobRun& run) {
     m_memberFiles = input.TakeMemberFiles();
     for (RunFault& fault : input.TakeFaults())
         m_report.faults.push_back(std::move(fault));
+    TakeLeftOut(input, run);
     std::vector<fs::path> outputs;
     for (const ZetString& name : run.GetFileNames())
         outputs.push_back(PathFromUtf8(OutputName(name)));
     CheckNames(outputs);
     return m_report.faults.empty() || Refuse();
+}
+
+void JobRunner::TakeLeftOut(JobInput& input, plugin::JobRun& run) {
+    m_report.leftOut = input.TakeLeftOut();
+    std::vector<ZetString> lines;
+    for (const RunFault& file : m_report.leftOut)
+        lines.push_back(OneLine(ZetString::fromUtf8(file.message)));
+    run.SetLeftOut(std::move(lines));
 }
 
 bool JobRunner::ReadFiles(JobInput& input) {

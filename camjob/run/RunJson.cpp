@@ -99,6 +99,7 @@ void WriteRunJson(const RunReport& report, OutputStream& out) {
         {"folder",                report.folder                                        },
         {"finishedEarlierOutput", report.hasFinishedEarlierOutput                      },
         {"faults",                ListOf(report.faults)                                },
+        {"leftOut",               ListOf(report.leftOut)                               },
         {"input",                 ToJson(report.input)                                 },
         {"members",               ListOf(report.members)                               },
         {"groups",                ListOf(report.groups)                                },

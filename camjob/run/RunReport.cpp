@@ -20,7 +20,7 @@ int RunReport::GetExitCode() const {
         case RunStatus::kCancelled:
             return kExitCancelled;
         default:
-            return CountInvalid() > 0 ? kExitInvalidMembers : kExitDone;
+            return CountInvalid() > 0 || !leftOut.empty() ? kExitInvalidMembers : kExitDone;
     }
 }
 

@@ -19,7 +19,7 @@ enum class RunStatus {
     kDeclined,   ///< the user cancelled the dialog; nothing was written
 };
 
-/// Why a run was refused or failed, in one line.
+/// Why a run was refused or failed, or why a file was left out, in one line.
 struct RunFault {
     std::string file;     ///< UTF-8, as the user named it; "": none
     long line = 0;        ///< from 1; 0: the file as a whole
@@ -65,6 +65,7 @@ struct RunReport {
     ZetString name;                         ///< of the job
     bool hasFinishedEarlierOutput = false;  ///< of a run in the folder that was cut off
     std::vector<RunFault> faults;
+    std::vector<RunFault> leftOut;  ///< files that take no part, because the job says so
     RunInput input;
     std::vector<RunMember> members;  ///< in the order of the files
     std::vector<RunGroup> groups;

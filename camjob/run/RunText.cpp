@@ -136,6 +136,13 @@ ZetString InvalidMembers(const RunReport& report) {
     return table.Format(kIndent) + more + ZetString::format(L"  why: see %s\n", errorFile);
 }
 
+ZetString LeftOutLines(const RunReport& report) {
+    ZetString lines;
+    for (const RunFault& file : report.leftOut)
+        lines += kIndent + OneLine(ZetString::fromUtf8(file.message)) + L"\n";
+    return lines.isEmpty() ? lines : L"  files left out\n" + lines;
+}
+
 ZetString FileTable(const RunReport& report) {
     TextTable table({
         {L"file made", Align::kLeft },
@@ -176,6 +183,7 @@ void WriteRunText(const RunReport& report, OutputStream& out, OutputStream& err)
         WriteMessage(fault.message, err);
     if (report.status == RunStatus::kDone)
         out.Write(Printable(Paragraphs({InputLine(report),
+                                        LeftOutLines(report),
                                         GroupTable(report),
                                         InvalidMembers(report),
                                         SinglePartTable(report),

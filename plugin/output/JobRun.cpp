@@ -1,6 +1,7 @@
 #include "plugin/output/JobRun.h"
 
 #include "job/Utf8Path.h"
+#include "plugin/output/LineEnds.h"
 #include "plugin/rules/ArrayFromVector.h"
 
 #include "camdata/platform/system/Clock.h"
@@ -143,6 +144,7 @@ bool JobRun::Write(const std::filesystem::path& folder, const CancelCheck& isCan
         return false;
     }
     m_faults = m_accumulator.GetFileFaults();
+    EndLines(folder);
     WriteCuttingList(folderText);
     return true;
 }
@@ -193,9 +195,27 @@ void JobRun::SetUpAdditionalInfo() {
     ZetArray<long> order;
     for (const std::size_t block : m_job.infoOrder)
         order.append(static_cast<long>(block));
+    if (!m_leftOut.empty()) {
+        order.append(blocks.length());
+        blocks.append({L"Files left out"});
+        for (const ZetString& line : m_leftOut)
+            blocks.last().append(line);
+    }
     CMxAddlInfo info;
     info.SetAddInfoArr(std::move(blocks), std::move(order));
     m_accumulator.SetAddInfo(std::move(info));
+}
+
+/// The library ends lines with LF: its files are changed when they are whole.
+void JobRun::EndLines(const std::filesystem::path& folder) {
+    for (const job::OutputFile& file : m_job.files) {
+        if (file.lineEnds == job::LineEnds::kLf || !m_faults.isEmpty())
+            continue;
+        const ZetString name = GetFileName(file.ending);
+        const std::filesystem::path path = folder / job::PathFromUtf8(name.toUtf8());
+        if (const std::error_code fault = EndLinesWithCrLf(path))
+            m_faults.append({TextOf(path), ZetFileFault::Operation::kWrite, fault.value()});
+    }
 }
 
 // ---- cutting list -------------------------------------------------------------------------------

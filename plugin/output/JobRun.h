@@ -15,6 +15,7 @@
 #include <filesystem>
 #include <functional>
 #include <memory>
+#include <utility>
 #include <vector>
 
 namespace plugin {
@@ -77,6 +78,9 @@ class JobRun {
     Added Add(ZetNCEntity& entity);
     long GetCount() const { return static_cast<long>(m_members.size()); }
 
+    /// Files of the job that take no part, a line each; the additional information lists them.
+    void SetLeftOut(std::vector<ZetString> lines) { m_leftOut = std::move(lines); }
+
     /// Asked before each member that is written; true ends the run.
     using CancelCheck = std::function<bool()>;
     /// Writes all files into `folder`, which must be there; the names are those of GetFileNames.
@@ -105,6 +109,7 @@ class JobRun {
     void SetUpFiles(const ZetString& folder);
     void SetUpGroups();
     void SetUpAdditionalInfo();
+    void EndLines(const std::filesystem::path& folder);
     void WriteCuttingList(const ZetString& folder);
     bool IsAnyGroupNested() const;
     Member* FindNestHolder(std::size_t group) const;
@@ -114,6 +119,7 @@ class JobRun {
     JudgingRules m_rules;
     std::vector<std::unique_ptr<Member>> m_members;
     CMxCamGlobAcc m_accumulator;
+    std::vector<ZetString> m_leftOut;
     ZetArray<FileFault> m_faults;
     std::vector<NestResult> m_nestResults;
     CancelCheck m_isCancelled;

@@ -168,6 +168,16 @@ TEST(JobFile, TolerancesFilesAndGroups) {
     EXPECT_EQ(job.groups[3].files, std::vector<std::size_t>{0});
 }
 
+TEST(JobFile, NcInputAndLineEnds) {
+    const Job job = ReadGoodJob();
+    EXPECT_EQ(job.nc.mark, job::MarkSource::kFileName);
+    EXPECT_STREQ(NameOf(job.nc.encoding), "iso-8859-13");
+    EXPECT_EQ(job.nc.unreadable, job::WhenNot::kLeaveOut);
+    EXPECT_EQ(job.nc.unmatched, job::WhenNot::kLeaveOut);
+    EXPECT_EQ(job.files[job::kWarningFile].lineEnds, job::LineEnds::kCrLf);
+    EXPECT_EQ(job.files[job::kOrderFile].lineEnds, job::LineEnds::kLf);
+}
+
 TEST(JobFile, MemberTypes) {
     const Job job = ReadGoodJob();
     ASSERT_EQ(job.memberTypes.size(), 2u);

@@ -138,6 +138,38 @@ TEST(RunCommand, RefusesFaultyInputWithAllFaultsAndWritesNothing) {
     }
 }
 
+TEST(RunCommand, GoesOnWithoutFilesThatTheJobLeavesOut) {
+    const TempFolder folder;
+    SampleJob job;
+    job.more =
+        "[nc]\nunreadable = \"leave_out\"\nunmatched = \"leave_out\"\n"
+        "[[file]]\nid = \"info\"\nline_ends = \"crlf\"\n";
+    job.Write(folder);
+    folder.Write("nc/2a.nc1", nc::BadLength());
+    folder.Write("nc/6.nc1", nc::Header("L1", "XX\n  SO") + "EN\n");
+    const CamjobRun run = RunJobFile(folder);
+    EXPECT_EQ(run.err, "");
+    EXPECT_EQ(run.exitCode, 1);
+    const std::string reasons[] = {
+        "nc/2a.nc1:10: length \"6236:88\": expected a number in mm, or two separated by a comma",
+        "nc/6.nc1: profile \"XX\", code SO: no member type of the job takes it"};
+    const std::string info = folder.Read("out/s-info.txt");
+    const nlohmann::json json =
+        nlohmann::json::parse(RunTool({"run", "--json", ArgumentFor(folder, "job.toml")}).out);
+    for (std::size_t i = 0; i < std::size(reasons); ++i) {
+        ExpectParts(run.out, {"  files left out\n", reasons[i] + "\n"});
+        ExpectParts(info, {"Files left out\r\n", reasons[i] + "\r\n"});
+        ExpectParts(json["leftOut"][i]["message"], {reasons[i]});
+    }
+    EXPECT_EQ(json["members"].size(), 4u);
+    // CR before each line end of this file, and in no other one.
+    for (std::size_t at = 0; (at = info.find('\n', at + 1)) != std::string::npos;)
+        EXPECT_EQ(info[at - 1], '\r');
+    const std::string orders = folder.Read("out/s-orders.txt");
+    EXPECT_EQ(orders.find('\r'), std::string::npos);
+    ExpectParts(orders, {"member mark=\"A1\""});
+}
+
 TEST(RunCommand, DoesNotReplaceItsOwnInput) {
     const TempFolder folder;
     SampleJob job;

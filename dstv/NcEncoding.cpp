@@ -1,0 +1,87 @@
+#include "dstv/NcEncoding.h"
+
+#include "dstv/CodePages.h"
+#include "dstv/NcText.h"
+#include "dstv/NcTokens.h"
+
+#include <algorithm>
+
+namespace dstv {
+namespace {
+
+constexpr std::string_view kUtf8 = "utf-8";
+constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
+constexpr unsigned char kFirstForeign = 0x80;
+
+const CodePage* FindPage(std::string_view name) {
+    const auto pages = GetCodePages();
+    const auto page = std::find_if(
+        pages.begin(), pages.end(), [&](const CodePage& row) { return row.name == name; });
+    return page == pages.end() ? nullptr : &*page;
+}
+
+/// All of them are in the basic plane.
+void AppendUtf8(char16_t character, std::string& text) {
+    const auto add = [&text](unsigned byte) { text += static_cast<char>(byte); };
+    if (character < 0x800u) {
+        add(0xC0u | static_cast<unsigned>(character) >> 6);
+    } else {
+        add(0xE0u | static_cast<unsigned>(character) >> 12);
+        add(0x80u | (static_cast<unsigned>(character) >> 6 & 0x3Fu));
+    }
+    add(0x80u | (static_cast<unsigned>(character) & 0x3Fu));
+}
+
+/// The text of the line that byte `at` stands in.
+[[noreturn]] void FailInLine(std::string_view bytes, std::size_t at, std::string_view encoding) {
+    const std::string_view before = bytes.substr(0, at);
+    const std::size_t begin = before.find_last_of("\r\n") + 1;
+    const auto ends = std::count(before.begin(), before.end(), '\n');
+    const std::string_view line = bytes.substr(begin, bytes.find_first_of("\r\n", at) - begin);
+    FailAt({static_cast<long>(ends) + 1, line},
+           L"text",
+           Trimmed(line),
+           L"text in " + ZetString::fromUtf8(encoding) + L", which has no such byte");
+}
+
+std::string Decode(std::string_view bytes, const CodePage& page) {
+    std::string text;
+    text.reserve(bytes.size());
+    for (std::size_t i = 0; i < bytes.size(); ++i) {
+        const auto byte = static_cast<unsigned char>(bytes[i]);
+        if (byte < kFirstForeign) {
+            text += bytes[i];
+            continue;
+        }
+        const char16_t character = page.fromByte80[byte - kFirstForeign];
+        if (character == kNoCharacter)
+            FailInLine(bytes, i, page.name);
+        AppendUtf8(character, text);
+    }
+    return text;
+}
+
+/// The first line that is not UTF-8.
+void CheckUtf8(std::string_view bytes) {
+    for (std::size_t at = 0; at < bytes.size();) {
+        const std::size_t end = std::min(bytes.find('\n', at), bytes.size());
+        if (!IsUtf8(bytes.substr(at, end - at)))
+            FailInLine(bytes, at, kUtf8);
+        at = end + 1;
+    }
+}
+
+}  // namespace
+
+std::string InUtf8(std::string_view bytes, std::string_view encoding) {
+    if (encoding == kUtf8)
+        CheckUtf8(bytes);
+    if (encoding == kUtf8 || encoding == kAutomaticEncoding || bytes.starts_with(kByteOrderMark))
+        return std::string(bytes);
+    const CodePage* page = FindPage(encoding);
+    if (page == nullptr)
+        FailAt({}, L"encoding", encoding, L"the name of an encoding");
+    return Decode(bytes, *page);
+}
+
+}  // namespace dstv

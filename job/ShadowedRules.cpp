@@ -1,0 +1,96 @@
+#include "job/ShadowedRules.h"
+
+#include "job/MessageTexts.h"
+#include "job/TextPattern.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace job {
+
+namespace {
+
+/// Numbers of one meaning, as two places of a file give them.
+bool AreSame(double a, double b) {
+    return std::abs(a - b) < 1e-9;
+}
+
+bool AreSame(eHoleFace a, eHoleFace b) {
+    return a == b;
+}
+
+template <typename T>
+bool IsPart(const std::vector<T>& some, const std::vector<T>& all) {
+    return std::all_of(some.begin(), some.end(), [&](const T& value) {
+        return std::any_of(
+            all.begin(), all.end(), [&](const T& listed) { return AreSame(value, listed); });
+    });
+}
+
+/// A list that is not given fits any hole.
+template <typename T>
+bool Covers(const std::vector<T>& earlier, const std::vector<T>& later) {
+    return earlier.empty() || (!later.empty() && IsPart(later, earlier));
+}
+
+bool CoversRows(const HoleRule& earlier, const HoleRule& later) {
+    const auto isAny = [](const HoleRule& rule) {
+        return rule.backMarks.empty() && rule.otherFaceDistances.empty();
+    };
+    return isAny(earlier) || (!isAny(later) && IsPart(later.backMarks, earlier.backMarks) &&
+                              IsPart(later.otherFaceDistances, earlier.otherFaceDistances));
+}
+
+/// Also of the members that it excludes: these holes do not go to later rules.
+bool Covers(const HoleRuleTable& earlier, const HoleRuleTable& later) {
+    return earlier.shape == later.shape && Covers(earlier.diameters, later.diameters) &&
+           Covers(earlier.lengths, later.lengths) && Covers(earlier.faces, later.faces) &&
+           CoversRows(earlier, later);
+}
+
+/// Only where it is certain: `?` in the earlier pattern would also stand for a `*` of the later.
+bool Covers(const ZetString& earlier, const ZetString& later) {
+    if (earlier.isEmpty() || earlier == later)
+        return true;
+    return !earlier.contains(L"?") && MatchesPattern(later.view(), earlier.view());
+}
+
+bool Covers(const MemberTypeTable& earlier, const MemberTypeTable& later) {
+    return Covers(earlier.profile, later.profile) && Covers(earlier.code, later.code);
+}
+
+bool IsNamed(const HoleRuleTable& rule, const std::vector<HoleRuleTable>& rules) {
+    return std::any_of(rules.begin(), rules.end(), [&](const HoleRuleTable& other) {
+        return !other.otherwiseSuffix.text.isEmpty() &&
+               other.id.text + other.otherwiseSuffix.text == rule.id.text;
+    });
+}
+
+bool IsNamed(const MemberTypeTable&, const std::vector<MemberTypeTable>&) {
+    return false;
+}
+
+template <typename Table>
+void Check(const std::vector<Table>& tables, const char* what, JobFaults& faults) {
+    for (auto later = tables.begin(); later != tables.end(); ++later) {
+        const auto earlier = std::find_if(tables.begin(), later, [&](const Table& table) {
+            return table.isSound && Covers(table, *later);
+        });
+        if (earlier == later || !later->isSound || IsNamed(*later, tables))
+            continue;
+        faults.Add(later->at,
+                   std::string("this table can never be reached: ") + what + " " +
+                       Quoted(earlier->id.text.toUtf8()) + " in line " +
+                       std::to_string(earlier->at.line) +
+                       " takes all that it could take; put it before that one, or take it out");
+    }
+}
+
+}  // namespace
+
+void CheckShadowed(const JobDocument& document, JobFaults& faults) {
+    Check(document.memberTypes, "member type", faults);
+    Check(document.holeRules, "hole rule", faults);
+}
+
+}  // namespace job

@@ -1,0 +1,12 @@
+#pragma once
+
+#include <filesystem>
+#include <system_error>
+
+namespace plugin {
+
+/// Ends each line of a finished file with CR and LF instead of LF. The system's word where the file
+/// cannot be read or written; it is of no use then.
+std::error_code EndLinesWithCrLf(const std::filesystem::path& file);
+
+}  // namespace plugin

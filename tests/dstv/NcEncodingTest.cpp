@@ -1,0 +1,74 @@
+#include "dstv/CodePages.h"
+#include "dstv/NcSample.h"
+
+#include <set>
+
+namespace {
+
+/// The mark of the sample as a reading makes it, or what is wrong.
+std::string MarkOf(const std::string& mark, const dstv::NcReading& reading) {
+    NcSample sample;
+    sample.mark = mark;
+    const dstv::NcResult result = dstv::ParseNc(sample.With("EN\n"), L"a/b/W-7.x.nc1", reading);
+    if (const auto* error = std::get_if<dstv::NcError>(&result))
+        return error->describe().toUtf8();
+    return std::get<dstv::NcPart>(result).header.mark.toUtf8();
+}
+
+TEST(NcEncoding, TheSameBytesInSeveral) {
+    using enum dstv::NcMarkSource;
+    const std::string utf8 = "Tr\xC3\xA4ger";
+    // clang-format off
+    struct Case { std::string bytes; std::string encoding; std::string mark; };
+    const Case cases[] = {
+        {"\xC1\xE0\xEB\xEA\xE0", "windows-1251", "Балка"},
+        {"\xC1\xE0\xEB\xEA\xE0", "auto", "Áàëêà"},
+        {"Tr\xE4ger", "iso-8859-1", "Träger"},
+        {"\xA3\xF3" "d\x9F", "windows-1250", "Łódź"},
+        {"\xA3\xF3" "d\xBC", "iso-8859-2", "Łódź"},
+        {"\xEB\xDC", "windows-1253", "λά"},
+        {"1\x80", "windows-1252", "1€"},
+        {"1\xA4", "iso-8859-15", "1€"},
+        {utf8, "auto", "Träger"},
+        {utf8, "utf-8", "Träger"},
+        {utf8, "windows-1252", "TrÃ¤ger"},
+        {"P1", "iso-8859-16", "P1"},
+        {"Tr\xE4ger", "utf-8",
+         "a/b/W-7.x.nc1:5: text \"Träger\": expected text in utf-8, which has no such byte"},
+        {"A\x81", "windows-1253",
+         "a/b/W-7.x.nc1:5: text \"A\xEF\xBF\xBD\": expected text in windows-1253, which has no such byte"},
+        {"P1", "koi8-r", "a/b/W-7.x.nc1: encoding \"koi8-r\": expected the name of an encoding"},
+    };
+    // clang-format on
+    for (const Case& row : cases) {
+        SCOPED_TRACE(row.encoding + ": " + row.mark);
+        EXPECT_EQ(MarkOf(row.bytes, {kMark, row.encoding}), row.mark);
+    }
+    // A file that begins with the mark of UTF-8 is that.
+    const dstv::NcResult marked = dstv::ParseNc(
+        "\xEF\xBB\xBF" + NcSample{.mark = utf8}.With("EN\n"), L"x", {kMark, "windows-1251"});
+    EXPECT_EQ(std::get<dstv::NcPart>(marked).header.mark, L"Tr\u00E4ger");
+}
+
+/// A character that a page had twice, or a control character in a place of its own, would be a slip
+/// of the table.
+TEST(NcEncoding, NoPageHasACharacterTwice) {
+    for (const dstv::CodePage& page : dstv::GetCodePages()) {
+        std::set<char16_t> seen;
+        for (const char16_t character : page.fromByte80) {
+            EXPECT_GE(character, 0x80) << page.name;
+            EXPECT_TRUE(character == dstv::kNoCharacter || seen.insert(character).second)
+                << page.name << " " << static_cast<int>(character);
+        }
+    }
+}
+
+TEST(NcReader, TakesTheMarkFromWhereItStands) {
+    using enum dstv::NcMarkSource;
+    EXPECT_EQ(MarkOf("P1", {kMark}), "P1");
+    EXPECT_EQ(MarkOf("P1", {kDrawing}), "Z-1");
+    EXPECT_EQ(MarkOf("P1", {kPhase}), "1");
+    EXPECT_EQ(MarkOf("P1", {kFileName}), "W-7.x");
+}
+
+}  // namespace
