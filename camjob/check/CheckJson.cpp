@@ -1,20 +1,15 @@
 #include "camjob/check/CheckJson.h"
 
+#include "camjob/console/ReportJson.h"
+
 #include <array>
-#include <nlohmann/json.hpp>
 
 namespace camjob {
 
 namespace {
 
-using Json = nlohmann::ordered_json;
-
 /// Changes with every change that a reader of the document could stumble over.
 constexpr const char* kSchema = "camjob-check/1";
-
-std::string Dump(const Json& value) {
-    return value.dump(-1, ' ', false, Json::error_handler_t::replace);
-}
 
 Json OrNull(const std::optional<double>& value) {
     return value ? Json(*value) : Json();
@@ -64,13 +59,6 @@ Json ThreadOf(const HoleReport& hole) {
     return hole.hasLeftThread ? Json("left") : Json();
 }
 
-Json ToJson(const std::vector<ZetString>& texts) {
-    Json array = Json::array();
-    for (const ZetString& text : texts)
-        array.push_back(text.toUtf8());
-    return array;
-}
-
 /// By the value of SetAside.
 constexpr std::array<const char*, 5> kSetAsideNames = {
     nullptr, "marked", "insideSlot", "duplicate", "countersink"};
@@ -101,7 +89,7 @@ Json ToJson(const HoleReport& hole) {
         {"valid",             !hole.isInvalid       },
         {"nonStandard",       hole.isNonStandard    },
         {"code",              OrNull(hole.code)     },
-        {"remarks",           ToJson(hole.remarks)  },
+        {"remarks",           TextList(hole.remarks)},
     };
 }
 
@@ -124,8 +112,8 @@ Json ToJson(const NotchReport& notch) {
 
 Json ToJson(const FindingsReport& findings) {
     return {
-        {"errors",   ToJson(findings.errors)  },
-        {"warnings", ToJson(findings.warnings)},
+        {"errors",   TextList(findings.errors)  },
+        {"warnings", TextList(findings.warnings)},
     };
 }
 
@@ -133,11 +121,11 @@ Json ToJson(const std::optional<JudgementReport>& judgement) {
     if (!judgement)
         return {};
     return {
-        {"memberType",   judgement->memberType.toUtf8() },
-        {"skipped",      judgement->isSkipped           },
-        {"valid",        judgement->isValid             },
-        {"errorBlock",   ToJson(judgement->errorBlock)  },
-        {"warningBlock", ToJson(judgement->warningBlock)},
+        {"memberType",   judgement->memberType.toUtf8()   },
+        {"skipped",      judgement->isSkipped             },
+        {"valid",        judgement->isValid               },
+        {"errorBlock",   TextList(judgement->errorBlock)  },
+        {"warningBlock", TextList(judgement->warningBlock)},
     };
 }
 
@@ -164,13 +152,7 @@ Json ToJson(const dstv::NcError& error) {
     };
 }
 
-template <typename T>
-Json ListOf(const std::vector<T>& items) {
-    Json array = Json::array();
-    for (const T& item : items)
-        array.push_back(ToJson(item));
-    return array;
-}
+constexpr ListMaker ListOf = {[](const auto& item) { return ToJson(item); }};
 
 Json ShapesOf(const CheckSummary& summary) {
     Json shapes = Json::object();

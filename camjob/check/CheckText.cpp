@@ -10,10 +10,8 @@ namespace camjob {
 
 namespace {
 
-constexpr const wchar_t* kIndent = L"  ";
-
 ZetString Labelled(const wchar_t* label, const ZetString& value) {
-    return ZetString::format(L"  %-10s %s\n", label, value);
+    return Line(ZetString::format(L"%-10s %s", label, value));
 }
 
 ZetString Lines(const std::vector<ZetString>& lines) {
@@ -49,8 +47,8 @@ ZetString NoteLines(const std::vector<dstv::NcNote>& notes) {
     ZetString lines;
     for (const dstv::NcNote& note : notes) {
         const bool isWarning = note.severity == dstv::NcNote::Severity::kWarning;
-        lines += ZetString::format(
-            L"  %s line %d: %s\n", isWarning ? L"warning" : L"note   ", note.line, note.text);
+        lines += Line(ZetString::format(
+            L"%s line %d: %s", isWarning ? L"warning" : L"note   ", note.line, note.text));
     }
     return lines;
 }
@@ -63,7 +61,7 @@ ZetString SizeText(const HoleReport& hole) {
 ZetString HoleTable(const std::vector<HoleReport>& holes, bool hasCodes) {
     using Align = TextTable::Align;
     if (holes.empty())
-        return L"  no holes\n";
+        return Line(L"no holes");
     std::vector<TextTable::Column> columns = {
         {L"line",    Align::kRight},
         {L"face",    Align::kLeft },
@@ -88,7 +86,7 @@ ZetString HoleTable(const std::vector<HoleReport>& holes, bool hasCodes) {
         cells.push_back(Joined(hole.remarks, L", "));
         table.AddRow(std::move(cells));
     }
-    return table.Format(kIndent);
+    return table.Format();
 }
 
 ZetString SizeText(const NotchReport& notch) {
@@ -110,8 +108,6 @@ std::vector<ZetString> Remarks(const NotchReport& notch) {
 
 ZetString NotchTable(const std::vector<NotchReport>& notches) {
     using Align = TextTable::Align;
-    if (notches.empty())
-        return {};
     TextTable table({
         {L"notch",   Align::kLeft },
         {L"face",    Align::kLeft },
@@ -131,15 +127,15 @@ ZetString NotchTable(const std::vector<NotchReport>& notches) {
                       notch.shape,
                       notch.status,
                       Joined(Remarks(notch), L", ")});
-    return table.Format(kIndent);
+    return table.Format();
 }
 
 ZetString FindingLines(const FindingsReport& findings) {
     ZetString lines;
     for (const ZetString& text : findings.errors)
-        lines += ZetString::format(L"  error   %s\n", text);
+        lines += Line(L"error   " + text);
     for (const ZetString& text : findings.warnings)
-        lines += ZetString::format(L"  warning %s\n", text);
+        lines += Line(L"warning " + text);
     return lines;
 }
 
@@ -167,7 +163,7 @@ ZetString FaceLine(const FaceReport& face) {
     add(face.internalContours, L"internal contour");
     add(face.marks, L"mark");
     add(face.numerations, L"numeration");
-    return ZetString::format(L"  %-14s %s\n", face.face, Joined(parts, L", "));
+    return Line(ZetString::format(L"%-14s %s", face.face, Joined(parts, L", ")));
 }
 
 ZetString FaceLines(const std::vector<FaceReport>& faces) {
@@ -219,10 +215,8 @@ ZetString CountLines(const CheckSummary& summary) {
 ZetString RefusedLines(const CheckSummary& summary) {
     ZetString lines;
     for (const dstv::NcError& error : summary.errors)
-        lines += kIndent + OneLine(error.describe()) + L"\n";
-    const long unlisted = summary.filesRefused - static_cast<long>(summary.errors.size());
-    if (unlisted > 0)
-        lines += ZetString::format(L"  and %d more\n", unlisted);
+        lines += Line(OneLine(error.describe()));
+    lines += MoreLine(summary.filesRefused - static_cast<long>(summary.errors.size()));
     return lines.isEmpty() ? lines : L"refused files\n" + lines;
 }
 

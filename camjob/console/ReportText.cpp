@@ -40,6 +40,14 @@ ZetString Joined(const std::vector<ZetString>& texts, const wchar_t* separator) 
     return joined;
 }
 
+ZetString Line(const ZetString& text) {
+    return L"  " + text + L"\n";
+}
+
+ZetString MoreLine(long count) {
+    return count > 0 ? Line(ZetString::format(L"and %d more", count)) : ZetString();
+}
+
 ZetString Paragraphs(const std::vector<ZetString>& paragraphs) {
     ZetString text;
     for (const ZetString& paragraph : paragraphs)

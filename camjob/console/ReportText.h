@@ -20,6 +20,10 @@ ZetString CountOf(long count, const wchar_t* one, const wchar_t* many);
 /// "1 note", "2 notes".
 ZetString Count(long count, const ZetString& noun);
 ZetString Joined(const std::vector<ZetString>& texts, const wchar_t* separator);
+/// A line of a report below its heading: `text` with the indent and its end.
+ZetString Line(const ZetString& text);
+/// The line for entries of a list that are not shown; "" for none.
+ZetString MoreLine(long count);
 /// Paragraphs that have anything, a blank line between.
 ZetString Paragraphs(const std::vector<ZetString>& paragraphs);
 

@@ -1,6 +1,9 @@
 #include "camjob/console/TextTable.h"
 
+#include "camjob/console/ReportText.h"
+
 #include <algorithm>
+#include <string_view>
 #include <utility>
 
 namespace camjob {
@@ -37,13 +40,15 @@ void TextTable::AddRow(std::vector<ZetString> cells) {
     m_rows.push_back(std::move(cells));
 }
 
-ZetString TextTable::Format(std::wstring_view indent) const {
+ZetString TextTable::Format() const {
+    if (m_rows.size() <= 2)
+        return {};
     std::vector<ZetString> rule;
     for (const long width : m_widths)
         rule.emplace_back(L'-', width);
     ZetString text;
     for (std::size_t i = 0; i < m_rows.size(); ++i)
-        text += ZetString(indent) + FormatRow(i == 1 ? rule : m_rows[i]) + L"\n";
+        text += Line(FormatRow(i == 1 ? rule : m_rows[i]));
     return text;
 }
 

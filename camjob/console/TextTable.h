@@ -2,7 +2,6 @@
 
 #include "camdata/platform/text/ZetString.h"
 
-#include <string_view>
 #include <vector>
 
 namespace camjob {
@@ -24,8 +23,8 @@ class TextTable {
 
     /// One text per column.
     void AddRow(std::vector<ZetString> cells);
-    /// The whole table, each line after `indent` and with its end.
-    ZetString Format(std::wstring_view indent) const;
+    /// The whole table as lines of a report below their heading; "" without rows.
+    ZetString Format() const;
 
   private:
     ZetString FormatRow(const std::vector<ZetString>& cells) const;

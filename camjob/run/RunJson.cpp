@@ -1,13 +1,12 @@
 #include "camjob/run/RunJson.h"
 
+#include "camjob/console/ReportJson.h"
+
 #include <array>
-#include <nlohmann/json.hpp>
 
 namespace camjob {
 
 namespace {
-
-using Json = nlohmann::ordered_json;
 
 /// Changes with every change that a reader of the document could stumble over.
 constexpr const char* kSchema = "camjob-run/1";
@@ -79,13 +78,7 @@ Json ToJson(const RunFile& file) {
     };
 }
 
-template <typename T>
-Json ListOf(const std::vector<T>& items) {
-    Json array = Json::array();
-    for (const T& item : items)
-        array.push_back(ToJson(item));
-    return array;
-}
+constexpr ListMaker ListOf = {[](const auto& item) { return ToJson(item); }};
 
 }  // namespace
 
@@ -107,7 +100,7 @@ void WriteRunJson(const RunReport& report, OutputStream& out) {
         {"files",                 ListOf(report.files)                                 },
     };
     constexpr int kIndentWidth = 1;
-    out.Write(document.dump(kIndentWidth, ' ', false, Json::error_handler_t::replace) + "\n");
+    out.Write(Dump(document, kIndentWidth) + "\n");
 }
 
 }  // namespace camjob

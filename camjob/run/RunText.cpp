@@ -4,7 +4,6 @@
 #include "camjob/console/TextTable.h"
 
 #include <algorithm>
-#include <cstddef>
 
 namespace camjob {
 
@@ -12,12 +11,11 @@ namespace {
 
 using Align = TextTable::Align;
 
-constexpr const wchar_t* kIndent = L"  ";
 constexpr double kMillimetresAMetre = 1000.0;
 constexpr double kPercent = 100.0;
 
 /// Members with errors that are listed; the error file has all of them.
-constexpr std::size_t kMaxListedMembers = 20;
+constexpr long kMaxListedMembers = 20;
 
 ZetString Integer(long value) {
     return ZetString::format(L"%d", value);
@@ -70,12 +68,10 @@ ZetString GroupTable(const RunReport& report) {
     for (const RunGroup& group : report.groups)
         AddGroupRow(table, group.name, group.result);
     AddGroupRow(table, L"all", SumOf(report.groups));
-    return table.Format(kIndent);
+    return table.Format();
 }
 
 ZetString NestTable(const RunReport& report) {
-    if (report.nests.empty())
-        return {};
     TextTable table({
         {L"bars of group", Align::kLeft },
         {L"pieces m",      Align::kRight},
@@ -91,9 +87,11 @@ ZetString NestTable(const RunReport& report) {
                       Number(nest.result.utilisation * kPercent),
                       Integer(nest.result.lowerBound),
                       Integer(nest.result.firstFit)});
-    return table.Format(kIndent) +
-           L"  at least: total length over stock length; first fit: bars of a "
-           L"first-fit-decreasing plan\n";
+    const ZetString text = table.Format();
+    return text.isEmpty() ? text
+                          : text + Line(
+                                       L"at least: total length over stock length; first fit: "
+                                       L"bars of a first-fit-decreasing plan");
 }
 
 /// Single parts that assemblies do not come out even with.
@@ -104,18 +102,16 @@ ZetString SinglePartTable(const RunReport& report) {
         {L"left over",   Align::kRight},
         {L"missing",     Align::kRight}
     });
-    bool hasRows = false;
     for (const RunMember& member : report.members) {
         const long left = member.result.left;
         if (left == 0)
             continue;
-        hasRows = true;
         table.AddRow({OneLine(member.result.mark),
                       Integer(member.result.quantity),
                       Integer(std::max(left, 0L)),
                       Integer(std::max(-left, 0L))});
     }
-    return hasRows ? table.Format(kIndent) : ZetString();
+    return table.Format();
 }
 
 ZetString InvalidMembers(const RunReport& report) {
@@ -123,17 +119,14 @@ ZetString InvalidMembers(const RunReport& report) {
         {L"invalid", Align::kLeft},
         {L"file",    Align::kLeft}
     });
-    std::size_t count = 0;
+    long count = 0;
     for (const RunMember& member : report.members)
         if (!member.result.outcome.isValid && ++count <= kMaxListedMembers)
             table.AddRow({OneLine(member.result.mark), OneLine(ZetString::fromUtf8(member.file))});
     if (count == 0)
         return {};
-    ZetString more;
-    if (count > kMaxListedMembers)
-        more = ZetString::format(L"  and %d more\n", count - kMaxListedMembers);
     const ZetString errorFile = OneLine(ZetString::fromUtf8(report.files[job::kErrorFile].name));
-    return table.Format(kIndent) + more + ZetString::format(L"  why: see %s\n", errorFile);
+    return table.Format() + MoreLine(count - kMaxListedMembers) + Line(L"why: see " + errorFile);
 }
 
 ZetString LeftOutLines(const RunReport& report) {
@@ -151,7 +144,7 @@ ZetString FileTable(const RunReport& report) {
     for (const RunFile& file : report.files)
         table.AddRow(
             {OneLine(ZetString::fromUtf8(file.name)), Integer(static_cast<long>(file.bytes))});
-    return table.Format(kIndent);
+    return table.Format();
 }
 
 void WriteMessage(const std::string& text, OutputStream& err) {

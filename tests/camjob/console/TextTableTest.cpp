@@ -14,7 +14,7 @@ TEST(TextTable, AlignsByCharactersShown) {
     });
     table.AddRow({L"8.0", L"web", L""});
     table.AddRow({L"58.0 x 18.0", L"\U0001F529 Träger", L"x"});
-    EXPECT_EQ(table.Format(L"  ").toUtf8(),
+    EXPECT_EQ(table.Format().toUtf8(),
               "        Gr\xC3\xB6\xC3\x9F"
               "e  face      remark\n"
               "  -----------  --------  ------\n"
