@@ -29,12 +29,6 @@ CalendarDate DateOfRun() {
     return g_dateOfRun;
 }
 
-void SetDateOfRun(const std::optional<CalendarDate>& date) {
-    if (date)
-        g_dateOfRun = *date;
-    SetClock(date ? DateOfRun : nullptr);
-}
-
 CMxGroups GroupOf(const job::Group& source, std::size_t position) {
     ZetArray<long> files;
     for (const std::size_t file : source.files)
@@ -48,12 +42,12 @@ CMxGroups GroupOf(const job::Group& source, std::size_t position) {
     return group;
 }
 
-void Count(const MemberResult& member, GroupResult& group) {
+void Count(const MemberOutcome& member, long pieces, GroupResult& group) {
     ++group.members;
-    group.pieces += member.outcome.isValid ? member.quantity : 0;
-    group.invalid += member.outcome.isValid ? 0 : 1;
-    group.withWarnings += member.outcome.hasWarnings ? 1 : 0;
-    group.nonStandard += member.outcome.isNonStandard ? 1 : 0;
+    group.pieces += member.isValid ? pieces : 0;
+    group.invalid += member.isValid ? 0 : 1;
+    group.withWarnings += member.hasWarnings ? 1 : 0;
+    group.nonStandard += member.isNonStandard ? 1 : 0;
 }
 
 }  // namespace
@@ -72,6 +66,8 @@ class JobRun::Member final : public JobMember {
         JobMember::WriteMemOutPut(files, secondaryParts);
     }
 
+    /// Pieces as ordered.
+    long GetOrdered() const { return m_ordered; }
     MemberResult GetResult() const {
         const long left = IsSecondaryPart() ? GetQty() : 0;
         return {GetMark(), GetProfileName(), GetGroupPosition(), m_ordered, GetOutcome(), left};
@@ -82,18 +78,27 @@ class JobRun::Member final : public JobMember {
     long m_ordered;
 };
 
+JobRun::DateOfLife::DateOfLife(const std::optional<CalendarDate>& date) : m_isSet(date) {
+    if (!m_isSet)
+        return;
+    g_dateOfRun = *date;
+    SetClock(DateOfRun);
+}
+
+JobRun::DateOfLife::~DateOfLife() {
+    if (m_isSet)
+        SetClock(nullptr);
+}
+
 JobRun::JobRun(const job::Job& job, const std::filesystem::path& folder)
-    : m_job(job), m_rules(job) {
+    : m_job(job), m_rules(job), m_date(job.date) {
     UseTolerances(job.tolerances);
-    SetDateOfRun(job.date);
     m_accumulator.SetProjectInfo(new JobProjectInformation(job, TextOf(folder / "")));
     m_accumulator.SetManuFacturerDetails(
         job.project.fileName, TextOf(folder / ""), TextOf(folder / "") + job.project.fileName);
 }
 
-JobRun::~JobRun() {
-    SetDateOfRun(std::nullopt);
-}
+JobRun::~JobRun() = default;
 
 JobProjectInformation& JobRun::GetJobProjectInfo() {
     return static_cast<JobProjectInformation&>(*m_accumulator.GetProjectInfo());
@@ -128,25 +133,45 @@ JobRun::Added JobRun::Add(ZetNCEntity& entity) {
 
 // ---- writing ------------------------------------------------------------------------------------
 
+/// However the writing of members ends, the run lets go of the caller's question and of the files:
+/// those that an exception left open end with their groups.
+class JobRun::Writing {
+  public:
+    Writing(JobRun& run, const CancelCheck& isCancelled) : m_run(run) {
+        run.m_isCancelled = isCancelled;
+    }
+    ~Writing() {
+        m_run.m_isCancelled = nullptr;
+        m_run.m_accumulator.appendFileGroups({});
+    }
+    Writing(const Writing&) = delete;
+    Writing& operator=(const Writing&) = delete;
+
+  private:
+    JobRun& m_run;
+};
+
 bool JobRun::Write(const std::filesystem::path& folder, const CancelCheck& isCancelled) {
     const ZetString folderText = TextOf(folder / "");
-    m_isCancelled = isCancelled;
-    SetUpFiles(folderText);
+    try {
+        WriteMembers(folderText, isCancelled);
+    } catch (const Cancelled&) {
+        return false;
+    }
+    EndLines(folder);
+    WriteCuttingList(folderText);
+    return true;
+}
+
+void JobRun::WriteMembers(const ZetString& folder, const CancelCheck& isCancelled) {
+    const Writing writing(*this, isCancelled);
+    SetUpFiles(folder);
     SetUpGroups();
     SetUpAdditionalInfo();
     for (const auto& member : m_members)
         m_accumulator.Append(member.get());
-    try {
-        m_accumulator.WriteOutPut();
-    } catch (const Cancelled&) {
-        // The files end with their groups.
-        m_accumulator.appendFileGroups({});
-        return false;
-    }
+    m_accumulator.WriteOutPut();
     m_faults = m_accumulator.GetFileFaults();
-    EndLines(folder);
-    WriteCuttingList(folderText);
-    return true;
 }
 
 ZetString JobRun::GetFileName(const ZetString& ending) {
@@ -272,15 +297,13 @@ std::vector<MemberResult> JobRun::GetMemberResults() const {
 
 std::vector<GroupResult> JobRun::GetGroupResults() const {
     std::map<std::size_t, GroupResult> groups;
-    for (const auto& member : m_members) {
-        const MemberResult result = member->GetResult();
-        GroupResult& group = groups[result.group];
-        group.group = result.group;
-        Count(result, group);
-    }
+    for (const auto& member : m_members)
+        Count(member->GetOutcome(), member->GetOrdered(), groups[member->GetGroupPosition()]);
     std::vector<GroupResult> results;
-    for (const auto& [position, group] : groups)
+    for (auto& [position, group] : groups) {
+        group.group = position;
         results.push_back(group);
+    }
     return results;
 }
 

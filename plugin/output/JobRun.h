@@ -8,6 +8,7 @@
 
 #include "camdata/output/CMxCamGlobAcc.h"
 #include "camdata/platform/host/ZetNCEntity.h"
+#include "camdata/platform/system/Clock.h"
 #include "camdata/project/CProjectInformation.h"
 #include "camdata/util/FileFault.h"
 
@@ -15,6 +16,7 @@
 #include <filesystem>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <utility>
 #include <vector>
 
@@ -102,10 +104,24 @@ class JobRun {
 
   private:
     class Member;
+    class Writing;
     struct Cancelled {};
+
+    /// Makes the date of a job today, as long as it lives.
+    class DateOfLife {
+      public:
+        explicit DateOfLife(const std::optional<CalendarDate>& date);
+        ~DateOfLife();
+        DateOfLife(const DateOfLife&) = delete;
+        DateOfLife& operator=(const DateOfLife&) = delete;
+
+      private:
+        bool m_isSet;
+    };
 
     JobProjectInformation& GetJobProjectInfo();
     ZetString GetFileName(const ZetString& ending);
+    void WriteMembers(const ZetString& folder, const CancelCheck& isCancelled);
     void SetUpFiles(const ZetString& folder);
     void SetUpGroups();
     void SetUpAdditionalInfo();
@@ -117,6 +133,7 @@ class JobRun {
 
     const job::Job& m_job;
     JudgingRules m_rules;
+    DateOfLife m_date;
     std::vector<std::unique_ptr<Member>> m_members;
     CMxCamGlobAcc m_accumulator;
     std::vector<ZetString> m_leftOut;
