@@ -4,6 +4,7 @@
 
 #include "camdata/tolerance/CMxGeom.h"
 
+#include <algorithm>
 #include <cmath>
 #include <map>
 #include <utility>
@@ -42,17 +43,21 @@ void CuttingList::AddBars(const ZetArray<CMxNestParts>& nests) {
 }
 
 void CuttingList::AddFigures(const ZetArray<CMxParts>& parts) {
-    std::vector<StockPieces> pieces;
-    for (const CMxParts& part : parts) {
-        pieces.push_back({part.GetLength(), part.GetQty()});
-        m_figures.pieceLength += static_cast<double>(part.GetQty()) * part.GetLength();
-    }
     const double stockLength = StockLength();
+    std::vector<StockPieces> pieces;
+    double filled = 0.0;
+    for (const CMxParts& part : parts) {
+        const auto quantity = static_cast<double>(part.GetQty());
+        pieces.push_back({part.GetLength(), part.GetQty()});
+        m_figures.pieceLength += quantity * part.GetLength();
+        // A longer piece has a bar of its own and can do no more than fill it.
+        filled += quantity * std::min(part.GetLength(), stockLength);
+    }
     const double barLength = static_cast<double>(m_figures.bars) * stockLength;
-    m_figures.utilisation = barLength > 0.0 ? m_figures.pieceLength / barLength : 0.0;
+    m_figures.utilisation = barLength > 0.0 ? filled / barLength : 0.0;
     // A sum that is off by rounding must not fill one bar more.
-    m_figures.lowerBound = static_cast<long>(
-        std::ceil(CMxGeom::Round_CAM(m_figures.pieceLength, kLengthDecimals) / stockLength));
+    m_figures.lowerBound =
+        static_cast<long>(std::ceil(CMxGeom::Round_CAM(filled, kLengthDecimals) / stockLength));
     m_figures.firstFit = CountFirstFitBars(std::move(pieces), stockLength, CMxGeom::GetEPS());
 }
 

@@ -13,8 +13,8 @@ namespace plugin {
 struct NestFigures {
     double pieceLength = 0.0;  ///< of all pieces together
     long bars = 0;
-    double utilisation = 0.0;  ///< piece length over bar length, 0 to 1
-    long lowerBound = 0;       ///< bars that the length of all pieces fills
+    double utilisation = 0.0;  ///< of the bars' length, 0 to 1; a piece longer than a bar fills it
+    long lowerBound = 0;       ///< bars that the pieces fill, put end to end
     long firstFit = 0;         ///< bars of a first-fit-decreasing plan
 };
 

@@ -117,6 +117,19 @@ TEST(CuttingList, FiguresOfAMixedBar) {
     EXPECT_EQ(figures.firstFit, 2);
 }
 
+// A piece of 9000 cannot come from a bar of 4000, but the library plans a bar for it.
+TEST(CuttingList, APieceLongerThanABarFillsIt) {
+    const plugin::NestFigures figures = ListOf({
+                                                   {9000.0, 2},
+                                                   {1000.0, 1}
+    })
+                                            .GetFigures();
+    EXPECT_EQ(figures.bars, 3);
+    EXPECT_EQ(figures.pieceLength, 19000.0);
+    EXPECT_EQ(figures.utilisation, 0.75);
+    EXPECT_EQ(figures.lowerBound, 3);
+}
+
 // 0.1 is no binary fraction: ten of a tenth of the bar each must not ask for a second one.
 TEST(CuttingList, LowerBoundOfAFullBar) {
     EXPECT_EQ(ListOf({
