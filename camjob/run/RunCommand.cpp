@@ -14,6 +14,7 @@
 
 #include <algorithm>
 #include <filesystem>
+#include <map>
 #include <optional>
 #include <system_error>
 #include <utility>
@@ -25,6 +26,36 @@ namespace camjob {
 namespace {
 
 namespace fs = std::filesystem;
+
+bool IsSameFile(const fs::path& a, const fs::path& b) {
+    std::error_code ignored;
+    return fs::equivalent(a, b, ignored);
+}
+
+/// Whether a file stands in a folder, by its own path or by that of the file that it is a link to.
+/// Asks the system once for each folder: a run may have thousands of files.
+class InFolder {
+  public:
+    explicit InFolder(fs::path folder) : m_folder(std::move(folder)) {}
+
+    bool operator()(const fs::path& file) {
+        std::error_code ignored;
+        return IsFolder(file.parent_path()) ||
+               (fs::is_symlink(file, ignored) &&
+                IsFolder(fs::canonical(file, ignored).parent_path()));
+    }
+
+  private:
+    bool IsFolder(const fs::path& path) {
+        const auto [at, isNew] = m_known.try_emplace(path);
+        if (isNew)
+            at->second = IsSameFile(path.empty() ? "." : path, m_folder);
+        return at->second;
+    }
+
+    fs::path m_folder;
+    std::map<fs::path, bool> m_known;
+};
 
 /// One run, step by step. A step that finds the run at its end says so in the report and returns
 /// false.
@@ -41,11 +72,11 @@ class JobRunner {
     bool ReadJob();
     void RunInFolder();
     bool PrepareProject(plugin::JobRun& run);
-    bool ShowDialog(plugin::JobRun& run);
+    void ShowDialog(plugin::JobRun& run);
     bool ReadInput(plugin::JobRun& run);
     bool ReadFiles(JobInput& input);
     void TakeLeftOut(JobInput& input, plugin::JobRun& run);
-    void CheckNames(const std::vector<fs::path>& outputs);
+    void RefuseToReplaceInput(plugin::JobRun& run);
     bool Write(plugin::JobRun& run, const StagedOutput& output);
     void TakeResults(plugin::JobRun& run);
 
@@ -58,7 +89,7 @@ class JobRunner {
     void Complain(const std::string& file, const std::string& text);
     bool Refuse(const std::vector<job::JobError>& errors);
     bool Refuse();
-    bool IsCancelled();
+    bool Cancel();
     void Fail(const std::string& message);
 
     const RunOptions& m_options;
@@ -120,8 +151,14 @@ bool JobRunner::PrepareProject(plugin::JobRun& run) {
     const std::string settings = OutputName(m_job.project.settingsFile);
     if (!run.ReadSettings())
         Complain(settings, "the settings cannot be read; without this file those of the job count");
-    if (m_options.showsDialog && (!m_report.faults.empty() || !ShowDialog(run)))
-        return m_report.status == RunStatus::kDone && Refuse();
+    if (m_options.showsDialog) {
+        if (m_report.faults.empty())
+            ShowDialog(run);
+        if (m_report.status != RunStatus::kDone)
+            return false;
+        if (!m_report.faults.empty())
+            return Refuse();
+    }
     const std::string fault = job::FaultOfFileNameStart(run.GetProjectInfo().GetFileName());
     if (!fault.empty())
         Complain(settings, "the file name in the settings is impossible: " + fault);
@@ -130,7 +167,7 @@ bool JobRunner::PrepareProject(plugin::JobRun& run) {
 
 /// The dialog writes the settings file as soon as the user confirms it, so its folder has to be
 /// there before. What it wrote is read back: the next run must be able to.
-bool JobRunner::ShowDialog(plugin::JobRun& run) {
+void JobRunner::ShowDialog(plugin::JobRun& run) {
     RevocableFiles folders;
     if (!folders.MakeFolder(PathFromUtf8(m_report.folder)))
         throw OutputFailure(m_report.folder + ": the folder cannot be made");
@@ -142,7 +179,7 @@ bool JobRunner::ShowDialog(plugin::JobRun& run) {
     if (result.outcome == DialogOutcome::kNotShown)
         Complain("", "camjob: the dialog cannot be shown: " + result.reason.toUtf8());
     if (result.outcome != DialogOutcome::kConfirmed)
-        return false;
+        return;
     folders.Keep();
     const std::string settings = OutputName(m_job.project.settingsFile);
     if (const std::optional<FileFault>& fault = project.GetSettingsFault())
@@ -151,7 +188,6 @@ bool JobRunner::ShowDialog(plugin::JobRun& run) {
         Complain(settings,
                  "the settings cannot be read back: no line of the comments and of the delivery "
                  "address may begin with \"+\"");
-    return m_report.faults.empty();
 }
 
 bool JobRunner::ReadInput(plugin::JobRun& run) {
@@ -164,10 +200,7 @@ bool JobRunner::ReadInput(plugin::JobRun& run) {
     for (RunFault& fault : input.TakeFaults())
         m_report.faults.push_back(std::move(fault));
     TakeLeftOut(input, run);
-    std::vector<fs::path> outputs;
-    for (const ZetString& name : run.GetFileNames())
-        outputs.push_back(PathFromUtf8(OutputName(name)));
-    CheckNames(outputs);
+    RefuseToReplaceInput(run);
     return m_report.faults.empty() || Refuse();
 }
 
@@ -182,22 +215,25 @@ void JobRunner::TakeLeftOut(JobInput& input, plugin::JobRun& run) {
 bool JobRunner::ReadFiles(JobInput& input) {
     m_progress.Begin("reading", static_cast<long>(m_ncFiles.size()), "files");
     for (const fs::path& file : m_ncFiles) {
-        if (IsCancelled())
-            return false;
+        if (m_system.isCancelled())
+            return Cancel();
         m_progress.Step(Utf8FromPath(file));
         input.Read(file);
     }
     return true;
 }
 
-/// An output must not take the place of what it is made from.
-void JobRunner::CheckNames(const std::vector<fs::path>& outputs) {
+/// An output must not take the place of what it is made from, whatever name that goes by: letters
+/// in another case and links lead to the same file.
+void JobRunner::RefuseToReplaceInput(plugin::JobRun& run) {
+    std::vector<fs::path> outputs;
+    for (const ZetString& name : run.GetFileNames())
+        outputs.push_back(PathFromUtf8(OutputName(name)));
+    InFolder isBesideOutput(PathFromUtf8(m_report.folder));
     const auto check = [&](const fs::path& input) {
-        for (const fs::path& output : outputs) {
-            std::error_code ignored;
-            if (input.filename() == output.filename() && fs::equivalent(input, output, ignored))
-                Complain(Utf8FromPath(input), "the output would replace this file");
-        }
+        const auto isInput = [&](const fs::path& output) { return IsSameFile(input, output); };
+        if (isBesideOutput(input) && std::any_of(outputs.begin(), outputs.end(), isInput))
+            Complain(Utf8FromPath(input), "the output would replace this file");
     };
     check(PathFromUtf8(m_options.job));
     std::for_each(m_ncFiles.begin(), m_ncFiles.end(), check);
@@ -222,10 +258,8 @@ bool JobRunner::Write(plugin::JobRun& run, const StagedOutput& output) {
         m_progress.Step({});
         return m_system.isCancelled();
     });
-    if (!isWritten || IsCancelled()) {
-        m_report.status = RunStatus::kCancelled;
-        return false;
-    }
+    if (!isWritten || m_system.isCancelled())
+        return Cancel();
     for (const FileFault& fault : run.GetFileFaults())
         Fail(TextOf(fault));
     return m_report.status == RunStatus::kDone;
@@ -262,11 +296,9 @@ bool JobRunner::Refuse() {
     return false;
 }
 
-bool JobRunner::IsCancelled() {
-    if (!m_system.isCancelled())
-        return false;
+bool JobRunner::Cancel() {
     m_report.status = RunStatus::kCancelled;
-    return true;
+    return false;
 }
 
 void JobRunner::Fail(const std::string& message) {

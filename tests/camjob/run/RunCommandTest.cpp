@@ -181,6 +181,34 @@ TEST(RunCommand, DoesNotReplaceItsOwnInput) {
     EXPECT_EQ(folder.Read("s.toml"), job.Text());
 }
 
+/// The name of an output in capitals: one file or two, as the file system has it.
+TEST(RunCommand, KnowsItsInputByLettersOfAnotherCase) {
+    const TempFolder folder;
+    SampleJob job;
+    job.ncFiles += "\", \"out/S-OWN.txt";
+    job.Write(folder);
+    fs::create_directory(folder.PathOf("out"));
+    folder.Write("out/S-OWN.txt", nc::Plain("A2"));
+    const bool isOneFile = fs::exists(folder.PathOf("out/s-own.txt"));
+    const CamjobRun run = RunJobFile(folder);
+    EXPECT_EQ(run.exitCode, isOneFile ? 2 : 1) << run.err;
+    EXPECT_EQ(folder.Read("out/S-OWN.txt"), nc::Plain("A2"));
+}
+
+#ifndef _WIN32
+TEST(RunCommand, KnowsItsInputBehindALink) {
+    const TempFolder folder;
+    SampleJob().Write(folder);
+    fs::create_directory(folder.PathOf("out"));
+    folder.Write("out/s-own.txt", nc::Plain("A1"));
+    fs::create_symlink("../out/s-own.txt", folder.PathOf("nc/6.nc1"));
+    const CamjobRun run = RunJobFile(folder);
+    EXPECT_EQ(run.exitCode, 2);
+    ExpectParts(run.err, {"6.nc1: the output would replace this file"});
+    EXPECT_EQ(folder.Read("out/s-own.txt"), nc::Plain("A1"));
+}
+#endif
+
 /// Runs the sample job with a disk, or an answer to whether it is cancelled, of the test's own.
 CamjobRun RunSample(const TempFolder& folder,
                     camjob::StagingDisk& disk,
