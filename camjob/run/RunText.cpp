@@ -132,8 +132,8 @@ ZetString InvalidMembers(const RunReport& report) {
 ZetString LeftOutLines(const RunReport& report) {
     ZetString lines;
     for (const RunFault& file : report.leftOut)
-        lines += kIndent + OneLine(ZetString::fromUtf8(file.message)) + L"\n";
-    return lines.isEmpty() ? lines : L"  files left out\n" + lines;
+        lines += Line(OneLine(ZetString::fromUtf8(file.message)));
+    return lines.isEmpty() ? lines : Line(L"files left out") + lines;
 }
 
 ZetString FileTable(const RunReport& report) {
