@@ -16,6 +16,7 @@
 #include "camdata/holes/eHoleStatus.h"
 #include "camdata/member/CMxAttPartNoAndQty.h"
 #include "camdata/member/CMxPeilaib.h"
+#include "camdata/member/MemberFiles.h"
 #include "camdata/member/eProfRefAxis.h"
 #include "camdata/member/eSortOrder.h"
 #include "camdata/nesting/CMxNestParts.h"
@@ -79,3 +80,4 @@
 #include "camdata/util/CMxUtil.h"
 #include "camdata/util/FileFault.h"
 #include "camdata/util/HostBridge.h"
+#include "camdata/util/ReportIndent.h"

@@ -1,13 +1,12 @@
 #include "camdata/holes/CHoleAddlInfo.h"
 #include "camdata/tolerance/CMxGeom.h"
 #include "camdata/util/CMxUtil.h"
+#include "camdata/util/ReportIndent.h"
 
 #include <array>
 
 namespace {
 
-constexpr int kLineIndent = 20;
-constexpr int kWarningHeaderIndent = 10;
 constexpr int kDividerLength = 59;
 
 /// Formats of the indent and a distance.
@@ -99,13 +98,13 @@ void CHoleAddlInfo::CheckEdgeAndEndDist(const CMemTypeAndAttrib& memType, double
         const double distance = (this->*check.distanceFrom)(origins.*check.origin);
         if (!IsAmong(check.faces, face) || check.isSufficient(distance, GetSize()))
             continue;
-        const ZetString indent = CMxUtil::GetSpaces(kLineIndent, false);
+        const ZetString indent = FeatureLineIndent();
         AppendMsg(eHoleMsgWarning, ZetString::format(check.format, indent, distance));
     }
 }
 
 ZetString CHoleAddlInfo::GetHoleMsg() const {
-    const ZetString indent = CMxUtil::GetSpaces(kLineIndent, false);
+    const ZetString indent = FeatureLineIndent();
     const ZetString shape = GetHoleTypeForOutPut();
     const ZetString face = GetHoleFaceStr();
     if (GetIsSlot() || m_isRectangular) {
@@ -119,7 +118,7 @@ ZetString CHoleAddlInfo::GetHoleMsg() const {
 bool CHoleAddlInfo::GetWarMsg(ZetArray<ZetString>& lines) const {
     if (m_warningMsgs.isEmpty())
         return false;
-    const ZetString indent = CMxUtil::GetSpaces(kWarningHeaderIndent, false);
+    const ZetString indent = MemberLineIndent();
     lines.append(ZetString::format(kWarningHeaderFormat, indent, GetHoleMsg().trimmedLeft()));
     lines.appendAll(m_warningMsgs);
     return true;

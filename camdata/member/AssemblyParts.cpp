@@ -1,7 +1,8 @@
 #include "camdata/member/CMxPeilaib.h"
-#include "camdata/member/ReportIndent.h"
+#include "camdata/member/MemberFiles.h"
 #include "camdata/util/CMxUtil.h"
 #include "camdata/util/HostBridge.h"
+#include "camdata/util/ReportIndent.h"
 
 namespace {
 
@@ -24,8 +25,8 @@ constexpr ShortfallFormat kShortfallError =
 }  // namespace
 
 void CMxPeilaib::PrintSinglePartDetail(const ZetArray<ZetFileAccess*>& files) {
-    ZetFileAccess* const errorFile = files.last();
-    ZetFileAccess* const warningFile = files[files.length() - 2];
+    ZetFileAccess* const errorFile = ErrorFileOf(files);
+    ZetFileAccess* const warningFile = WarningFileOf(files);
     DropReported();
     AppendQtyFinding();
     CreateErrWarHeader();
@@ -50,7 +51,7 @@ void CMxPeilaib::DropReported() {
 }
 
 void CMxPeilaib::AppendQtyFinding() {
-    const ZetString indent = camdata::detail::ReportIndent();
+    const ZetString indent = MemberLineIndent();
     const long left = GetQty();
     if (left < 0)
         AppendLine(m_errors, ZetString::format(kTooFewFormat, indent, -left));
@@ -107,7 +108,7 @@ int CMxPeilaib::TakeFromSelection(CMxAttPartNoAndQty& part,
 }
 
 void CMxPeilaib::FileShortfall(int missing, const ZetString& partNo) {
-    const ZetString indent = camdata::detail::ReportIndent();
+    const ZetString indent = MemberLineIndent();
     if (m_shortfallAsWarning)
         AppendLine(m_nonStdMsgs, ZetString::format(kShortfallWarning, indent, missing, partNo));
     else

@@ -1,5 +1,5 @@
 #include "camdata/member/CMxPeilaib.h"
-#include "camdata/member/ReportIndent.h"
+#include "camdata/util/ReportIndent.h"
 
 namespace {
 
@@ -26,7 +26,7 @@ bool CMxPeilaib::CreateErrWarHeader() {
 }
 
 void CMxPeilaib::HeadReport(ZetArray<ZetString>& report, const ZetString& section, long block) {
-    const ZetString indent = camdata::detail::ReportIndent();
+    const ZetString indent = MemberLineIndent();
     AppendLine(report, ZetString::format(L"%s = %s", L"Part Number", GetMark()));
     AppendLine(report, ZetString::format(L"%s%-10s = %s", indent, L"Section", section));
     AppendLine(report, ZetString::format(L"%s%-10s = %d", indent, L"Quantity", GetQty()));

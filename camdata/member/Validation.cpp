@@ -1,7 +1,7 @@
 #include "camdata/member/CMxPeilaib.h"
-#include "camdata/member/ReportIndent.h"
 #include "camdata/tolerance/CMxGeom.h"
 #include "camdata/util/CMxUtil.h"
+#include "camdata/util/ReportIndent.h"
 
 #include <cmath>
 
@@ -53,7 +53,7 @@ void CMxPeilaib::FileFinding(eValidationTypes type,
                              ZetFormatString<ZetString, T, T> format,
                              T found,
                              T limit) {
-    m_message = ZetString::format(format, camdata::detail::ReportIndent(), found, limit);
+    m_message = ZetString::format(format, MemberLineIndent(), found, limit);
     AppendMsg(type, m_message);
 }
 

@@ -1,13 +1,13 @@
 #include "camdata/notches/CNotchAddInfo.h"
 #include "camdata/tolerance/CMxGeom.h"
 #include "camdata/util/CMxUtil.h"
+#include "camdata/util/ReportIndent.h"
 
 #include <algorithm>
 #include <array>
 
 namespace {
 
-constexpr int kIndent = 20;
 constexpr int kDividerLength = 50;
 
 constexpr const wchar_t* kPositionFormat = L"%s%-15s: %-4.1f";
@@ -122,7 +122,7 @@ bool CNotchAddInfo::GetErrMsg(ZetArray<ZetString>& lines) const {
 }
 
 void CNotchAddInfo::GetWarMsgData(ZetArray<ZetString>& lines) const {
-    const ZetString indent = CMxUtil::GetSpaces(kIndent, false);
+    const ZetString indent = FeatureLineIndent();
     lines.append(ZetString::format(kPositionFormat, indent, L"Position x", m_dXPos));
     lines.append(ZetString::format(kPositionFormat, indent, L"Position y", m_dYPos));
     const ZetString face = FaceWordOf(m_ViewData.GetHoleFace());
@@ -136,7 +136,7 @@ void CNotchAddInfo::GetWarMsgData(ZetArray<ZetString>& lines) const {
 bool CNotchAddInfo::GetWarMsg(ZetArray<ZetString>& lines) const {
     if (m_WarMsgArr.isEmpty())
         return false;
-    const ZetString indent = CMxUtil::GetSpaces(kIndent, false);
+    const ZetString indent = FeatureLineIndent();
     lines.append(ZetString::format(kWarningFormat, indent, GetOutMsg().trimmedLeft()));
     lines.appendAll(m_WarMsgArr);
     return true;

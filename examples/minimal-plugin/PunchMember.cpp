@@ -1,5 +1,6 @@
 #include "PunchMember.h"
 
+#include "camdata/member/MemberFiles.h"
 #include "camdata/util/CMxUtil.h"
 
 namespace {
@@ -70,9 +71,8 @@ void PunchMember::GenerateMemData() {
 void PunchMember::WriteMemOutPut(const ZetArray<ZetFileAccess*>& files, ZetArray<CMxPeilaib*>&) {
     if (GetValid())
         files.first()->Write(GetMemOutPutStr());
-    // Behind the group's own files stand those for warnings and for errors.
-    WriteMemWarnings(files[files.length() - 2]);
-    WriteMemErrors(files.last());
+    WriteMemWarnings(WarningFileOf(files));
+    WriteMemErrors(ErrorFileOf(files));
 }
 
 void PunchMember::WriteMemErrors(ZetFileAccess* file) {

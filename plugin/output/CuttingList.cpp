@@ -1,6 +1,7 @@
 #include "plugin/output/CuttingList.h"
 
 #include "plugin/output/FirstFit.h"
+#include "plugin/output/MachineRecordText.h"
 
 #include "camdata/tolerance/CMxGeom.h"
 
@@ -12,8 +13,6 @@
 namespace plugin {
 
 namespace {
-
-constexpr int kLengthDecimals = 3;  ///< of a member's length
 
 double StockLength() {
     return CMxNestParts().GetNestLength();
@@ -56,8 +55,7 @@ void CuttingList::AddFigures(const ZetArray<CMxParts>& parts) {
     const double barLength = static_cast<double>(m_figures.bars) * stockLength;
     m_figures.utilisation = barLength > 0.0 ? filled / barLength : 0.0;
     // A sum that is off by rounding must not fill one bar more.
-    m_figures.lowerBound =
-        static_cast<long>(std::ceil(CMxGeom::Round_CAM(filled, kLengthDecimals) / stockLength));
+    m_figures.lowerBound = static_cast<long>(std::ceil(RoundAsRecorded(filled) / stockLength));
     m_figures.firstFit = CountFirstFitBars(std::move(pieces), stockLength, CMxGeom::GetEPS());
 }
 

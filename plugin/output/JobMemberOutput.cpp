@@ -1,15 +1,11 @@
 #include "plugin/output/MachineRecordText.h"
 #include "plugin/rules/JobMember.h"
 
-#include "camdata/tolerance/CMxGeom.h"
-
 #include <cmath>
 
 namespace plugin {
 
 namespace {
-
-constexpr int kDecimals = 3;  ///< of what the records hold
 
 bool IsManufactured(const CHoleAddlInfo& hole) {
     const eHoleStatus status = hole.GetHoleStatus();
@@ -51,7 +47,7 @@ double AngleOf(const CHoleAddlInfo& hole) {
     for (const double factor :
          {view.GetDimXNegate(), view.GetDimYNegate(), view.GetDimFromOtherFace()})
         angle = factor < 0.0 ? -angle : angle;
-    angle = std::fmod(CMxGeom::Round_CAM(angle, kDecimals), 180.0);
+    angle = std::fmod(RoundAsRecorded(angle), 180.0);
     return angle < 0.0 ? angle + 180.0 : angle;
 }
 

@@ -21,6 +21,7 @@ namespace plugin {
 namespace {
 
 constexpr int kDecimals = 3;
+constexpr ZetFormatString<double> kNumberFormat = L"%.3f";
 constexpr std::wstring_view kEndWord = L"end";
 
 // ---- fields -------------------------------------------------------------------------------------
@@ -179,7 +180,7 @@ std::wstring_view TakeUntil(std::wstring_view& text, std::wstring_view separator
 
 /// No sign before a zero.
 void AppendNumber(std::wstring& line, double value) {
-    line += ZetString::format(L"%.3f", CMxGeom::Round_CAM(value, kDecimals) + 0.0).view();
+    line += ZetString::format(kNumberFormat, RoundAsRecorded(value) + 0.0).view();
 }
 
 std::optional<double> ParseNumber(std::wstring_view text) {
@@ -351,6 +352,10 @@ class RecordReader {
 };
 
 }  // namespace
+
+double RoundAsRecorded(double value) {
+    return CMxGeom::Round_CAM(value, kDecimals);
+}
 
 ZetString FormatMemberLine(const MachineMember& member) {
     return FormatLine<MachineMember>(job::kMemberWord, kMemberFields, member);

@@ -60,6 +60,9 @@ struct MachineMember {
     std::vector<MachineOperation> operations;
 };
 
+/// A length or angle with the decimals that a record has of it.
+double RoundAsRecorded(double value);
+
 /// The line that begins a member's block; its operations are not looked at.
 ZetString FormatMemberLine(const MachineMember& member);
 ZetString FormatOperationLine(const MachineOperation& operation);

@@ -2,9 +2,11 @@
 
 #include "plugin/rules/FlangeZero.h"
 
+#include "camdata/member/MemberFiles.h"
 #include "camdata/tolerance/CMxGeom.h"
 #include "camdata/util/CMxUtil.h"
 #include "camdata/util/HostBridge.h"
+#include "camdata/util/ReportIndent.h"
 
 #include <utility>
 
@@ -12,10 +14,8 @@ namespace plugin {
 
 namespace {
 
-constexpr int kIndent = 10;  ///< as the library's own lines of a member
-
 ZetString Indented(const ZetString& text) {
-    return CMxUtil::GetSpaces(kIndent, false) + text;
+    return MemberLineIndent() + text;
 }
 
 /// The lines under their heading; nothing without one.
@@ -170,16 +170,14 @@ void JobMember::ReleaseSources() {
 
 void JobMember::WriteMemOutPut(const ZetArray<ZetFileAccess*>& files,
                                ZetArray<CMxPeilaib*>& secondaryParts) {
-    // The last two are the warning and the error file, whatever the group's own are.
-    const long ownFiles = files.length() - 2;
     if (IsMainPart())
         CheckAttachedPartsSelection(secondaryParts);
     SettleReport();
-    for (long i = 0; i < ownFiles && GetValid(); ++i)
+    for (long i = 0; i < CountGroupFiles(files) && GetValid(); ++i)
         WriteRecords(files[i]);
     m_records = {};
-    WriteMemErrors(files[ownFiles + 1]);
-    WriteMemWarnings(files[ownFiles]);
+    WriteMemErrors(ErrorFileOf(files));
+    WriteMemWarnings(WarningFileOf(files));
 }
 
 void JobMember::WriteRecords(ZetFileAccess* file) const {

@@ -3,6 +3,7 @@
 #include "support/TestMember.h"
 #include "support/host/FakeHostObjects.h"
 
+#include "camdata/member/MemberFiles.h"
 #include "camdata/util/CMxUtil.h"
 
 #include <string>
@@ -72,10 +73,10 @@ class WritingMember : public TestMember {
             if (files[position] != nullptr)
                 files[position]->WriteFormat(L"%s x%d\n", GetMark(), GetQty());
         }
-        CMxUtil::AsArrStrPrint(m_errorReport, files.last());
-        CMxUtil::AsArrStrPrint(m_errors, files.last());
-        CMxUtil::AsArrStrPrint(m_warningReport, files[files.length() - 2]);
-        CMxUtil::AsArrStrPrint(m_warnings, files[files.length() - 2]);
+        CMxUtil::AsArrStrPrint(m_errorReport, ErrorFileOf(files));
+        CMxUtil::AsArrStrPrint(m_errors, ErrorFileOf(files));
+        CMxUtil::AsArrStrPrint(m_warningReport, WarningFileOf(files));
+        CMxUtil::AsArrStrPrint(m_warnings, WarningFileOf(files));
     }
 
     void PrintSinglePartDetail(const ZetArray<ZetFileAccess*>& files) override {
