@@ -151,12 +151,13 @@ bool CMxNestParts::InsertAt(long position, CMxParts& part) {
 }
 
 /// Takes the pieces of one more bar from `parts`, one for each mark, null when there is none. Does
-/// nothing when one has too few.
+/// nothing when one has too few. A mark that was appended twice is asked for each time by itself,
+/// on purpose: a part that has enough for each but not for both gives the first pieces only.
 void CMxNestParts::CutOneBarMore(const ZetArray<CMxParts*>& parts) {
     const auto isEnough = [](const CMxParts* part, int quantity) {
         return part != nullptr && part->GetQty() >= quantity;
     };
-    if (!std::equal(parts.begin(), parts.end(), m_quantities.begin(), isEnough))
+    if (!std::equal(parts.begin(), parts.end(), m_quantities.begin(), m_quantities.end(), isEnough))
         return;
     ++m_qty;
     for (long i = 0; i < parts.length(); ++i)

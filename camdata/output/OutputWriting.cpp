@@ -75,11 +75,12 @@ void CMxCamGlobAcc::WriteOutPut() {
     const ZetArray<ZetFileAccess*> fixedFiles = {warningFile, errorFile};
     SortPeilaibArr();
     ZetArray<CMxPeilaib*> secondaryParts = SecondaryParts();
-    ZetArray<ZetFileAccess*> files = fixedFiles;
+    // What is left of single parts is told in the files of the last list, whatever list is theirs.
+    ZetArray<ZetFileAccess*> filesOfLastList = fixedFiles;
     for (const auto& list : m_memberLists)
-        files = WriteList(*list, fixedFiles, secondaryParts);
+        filesOfLastList = WriteList(*list, fixedFiles, secondaryParts);
     for (CMxPeilaib* part : secondaryParts)
-        part->PrintSinglePartDetail(files);
+        part->PrintSinglePartDetail(filesOfLastList);
     m_addInfo.AppendInfo(secondaryParts);
     WriteAddInfo();
     for (CMxFileGroups& fileGroup : m_fileGroups)
@@ -88,9 +89,10 @@ void CMxCamGlobAcc::WriteOutPut() {
 
 /// The open file of a file group, `otherwise` when it makes none.
 ZetFileAccess* CMxCamGlobAcc::OpenFile(long fileGroup, ZetFileAccess* otherwise) {
+    ZetFileAccess* file = otherwise;
     // Not on a copy: the next one to ask would open the file anew and empty it.
-    m_fileGroups[fileGroup].GetFileManager(otherwise);
-    return otherwise;
+    m_fileGroups[fileGroup].GetFileManager(file);
+    return file;
 }
 
 /// Opens all files, with their header lines, whether a group writes to them or not.
