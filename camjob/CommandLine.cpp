@@ -5,6 +5,7 @@
 #include "camjob/disk/StagingDisk.h"
 #include "camjob/init/InitCommand.h"
 #include "camjob/run/RunCommand.h"
+#include "camjob/show/ShowCommand.h"
 
 #include "camdata/platform/system/Modules.h"
 #include "camdata/util/CMxUtil.h"
@@ -35,6 +36,7 @@ struct Options {
     CheckOptions check;
     RunOptions run;
     InitOptions init;
+    ShowOptions show;
 };
 
 void DescribeCheck(CLI::App& command, Options& options) {
@@ -79,6 +81,23 @@ int Init(const Options& options, OutputStream& out, OutputStream& err) {
     return RunInit(options.init, out, err);
 }
 
+void DescribeShow(CLI::App& command, Options& options) {
+    command.add_option("FILE", options.show.files, "DSTV NC files, each drawn in turn")->required();
+    command
+        .add_option("--out",
+                    options.show.out,
+                    "File of the drawing, or folder of one drawing per FILE; "
+                    "without it one drawing goes to the standard output")
+        ->check(FaultOfFolder);
+    command.add_flag("--dxf", options.show.asDxf, "Draw DXF (R12, mm) instead of SVG");
+    command.add_option(
+        "--job", options.show.job, "Judge the members by the rules of this job file");
+}
+
+int Show(const Options& options, OutputStream& out, OutputStream& err) {
+    return RunShow(options.show, out, err);
+}
+
 struct Command {
     const char* name;
     const char* meaning;
@@ -90,6 +109,7 @@ constexpr Command kCommands[] = {
     {"check", "Show what is in NC files and what is wrong with them", &DescribeCheck, &Check},
     {"run",   "Make the manufacturing files of a job",                &DescribeRun,   &Run  },
     {"init",  "Write a commented job to start from",                  &DescribeInit,  &Init },
+    {"show",  "Draw NC files as SVG or DXF",                          &DescribeShow,  &Show },
 };
 
 void Describe(CLI::App& app, Options& options) {

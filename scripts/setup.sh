@@ -11,7 +11,7 @@ declare -A packages=(
     [windows]="g++-mingw-w64-x86-64-posix wine wine64 fonts-wine"
     [bench]="libbenchmark-dev"
     [pictures]="xvfb xauth imagemagick"
-    [ci]="clang locales tzdata"
+    [ci]="clang locales tzdata python3-ezdxf"
 )
 
 is_installed() {

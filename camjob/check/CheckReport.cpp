@@ -1,7 +1,7 @@
 #include "camjob/check/CheckReport.h"
 
 #include "camjob/check/FaceWords.h"
-#include "dstv/NcHost.h"
+#include "plugin/rules/FlangeZero.h"
 
 #include <algorithm>
 #include <unordered_map>
@@ -103,6 +103,8 @@ void AddFlags(HoleReport& report, const CHoleAddlInfo& record) {
     report.hasLeftThread = record.GetHoleData().kind == ZetNCHoleData::eKindThreadLeft;
     report.isInvalid = !record.GetValid();
     report.isNonStandard = record.GetNonStd();
+    ZetArray<ZetString> warnings;
+    report.hasWarnings = record.GetWarMsg(warnings);
 }
 
 /// The lines of a part's holes and openings, found by their line.
@@ -244,11 +246,25 @@ ZetString ShapeWord(const CNotchAddInfo& notch) {
     return notch.GetIsSqr() ? L"square" : L"rectangle";
 }
 
+/// Flange coordinates of the member type become those of the file again.
+std::vector<ZetGeomPoint2d> OutlineInFile(const CNotchAddInfo& notch, const job::MemberType& type) {
+    std::vector<ZetGeomPoint2d> outline(notch.GetOutline().begin(), notch.GetOutline().end());
+    const eHoleFace face = notch.GetViewData().GetHoleFace();
+    if (face != eHoleFaceTopFlange && face != eHoleFaceBottomFlange)
+        return outline;
+    const job::FlangeZero& zero = face == eHoleFaceTopFlange ? type.topFlange : type.bottomFlange;
+    for (ZetGeomPoint2d& point : outline)
+        point.y = plugin::FileYOf(point.y, zero);
+    return outline;
+}
+
 NotchReport MakeNotchReport(const CNotchAddInfo& notch,
                             bool isDuplicate,
-                            const HoleSources& sources) {
+                            const HoleSources& sources,
+                            const job::MemberType& type) {
     NotchReport report;
-    report.face = FaceWord(notch.GetViewData().GetHoleFace());
+    report.holeFace = notch.GetViewData().GetHoleFace();
+    report.face = FaceWord(report.holeFace);
     report.isInternal = notch.GetIsInternal();
     report.x = notch.GetXPos();
     report.y = notch.GetYPos();
@@ -263,17 +279,20 @@ NotchReport MakeNotchReport(const CNotchAddInfo& notch,
     report.isDuplicate = isDuplicate;
     if (const dstv::NcHole* hole = sources.FindHole(notch.GetContour().hostTag))
         report.holeLine = hole->line;
+    report.line = notch.GetContour().hostTag;
+    report.outline = OutlineInFile(notch, type);
     return report;
 }
 
 void AddNotches(const ZetArray<CNotchAddInfo>& notches,
                 bool areDuplicates,
                 const HoleSources& sources,
+                const job::MemberType& type,
                 std::vector<NotchReport>& reports) {
     for (const CNotchAddInfo& notch : notches) {
         // An outline that cuts nothing is no notch.
         if (notch.GetNotchStatus() != eNotchNone)
-            reports.push_back(MakeNotchReport(notch, areDuplicates, sources));
+            reports.push_back(MakeNotchReport(notch, areDuplicates, sources, type));
     }
 }
 
@@ -369,15 +388,16 @@ JudgementReport MakeJudgement(plugin::JobMember& member, const job::MemberType& 
 /// The member's part in the report; it is judged already.
 CheckReport ReportOf(const dstv::NcFileEntity& entity,
                      const ZetNCCreator& creator,
-                     const plugin::JobMember& member) {
+                     const plugin::JobMember& member,
+                     const job::MemberType& type) {
     CheckReport report;
     report.file = entity.getPart().file;
     report.header = creator.getHeader();
     report.notes = entity.getPart().notes;
     const HoleSources sources(entity, creator.getNCStructure());
     report.holes = MakeHoleReports(member, sources);
-    AddNotches(member.GetNotches(), false, sources, report.notches);
-    AddNotches(member.GetDuplicateNotches(), true, sources, report.notches);
+    AddNotches(member.GetNotches(), false, sources, type, report.notches);
+    AddNotches(member.GetDuplicateNotches(), true, sources, type, report.notches);
     report.findings = {Trimmed(member.GetErrors()), Trimmed(member.GetWarnings())};
     report.faces = MakeFaceReports(entity, creator.getNCStructure());
     return report;
@@ -401,8 +421,7 @@ void TellAssemblies(dstv::NcFileEntity& entity, const job::Job& job) {
 
 }  // namespace
 
-CheckResult MakeCheckReport(dstv::NcPart part, const CheckRules& rules) {
-    dstv::NcFileEntity entity(std::move(part));
+CheckResult MakeCheckReport(dstv::NcFileEntity& entity, const CheckRules& rules) {
     TellAssemblies(entity, rules.rules.GetJob());
     ZetNCCreator creator;
     creator.setNCEntity(&entity);
@@ -412,7 +431,7 @@ CheckResult MakeCheckReport(dstv::NcPart part, const CheckRules& rules) {
         return NoMemberType(entity.getPart());
     plugin::JobMember member(rules.rules, *type, creator);
     member.ValidateMember();
-    CheckReport report = ReportOf(entity, creator, member);
+    CheckReport report = ReportOf(entity, creator, member, *type);
     if (rules.isJob) {
         report.judgement = MakeJudgement(member, *type);
         return report;

@@ -1,10 +1,12 @@
 #pragma once
 
+#include "dstv/NcHost.h"
 #include "dstv/NcNote.h"
-#include "dstv/NcPart.h"
 #include "plugin/rules/JobMember.h"
 #include "plugin/rules/JudgingRules.h"
 
+#include "camdata/holes/eHoleFace.h"
+#include "camdata/platform/geometry/ZetGeomPoint2d.h"
 #include "camdata/platform/host/ZetNCHeaderData.h"
 #include "camdata/platform/text/ZetString.h"
 
@@ -44,6 +46,7 @@ struct HoleReport {
     bool hasLeftThread = false;
     bool isInvalid = false;
     bool isNonStandard = false;
+    bool hasWarnings = false;
     ZetString code;                  ///< of the job's rules; "": none
     std::vector<ZetString> remarks;  ///< short words; none for a plain through hole
 };
@@ -51,6 +54,7 @@ struct HoleReport {
 /// One notch or opening as its record tells it, mm.
 struct NotchReport {
     ZetString face;
+    eHoleFace holeFace = eHoleFaceNone;
     bool isInternal = false;
     double x = 0.0;  ///< mean of the corners, in output coordinates
     double y = 0.0;
@@ -59,9 +63,11 @@ struct NotchReport {
     std::optional<double> width;
     long corners = 0;  ///< of the outline, arcs as chords
     ZetString status;
-    bool isDuplicate = false;      ///< set aside: equals an earlier one
-    bool isTurned = false;         ///< a rectangle at an angle to X
-    std::optional<long> holeLine;  ///< of the rectangular hole that it is
+    bool isDuplicate = false;             ///< set aside: equals an earlier one
+    bool isTurned = false;                ///< a rectangle at an angle to X
+    std::optional<long> holeLine;         ///< of the rectangular hole that it is
+    long line = 0;                        ///< of its contour; 0: a further piece of one
+    std::vector<ZetGeomPoint2d> outline;  ///< in the coordinates of its face in the file
 };
 
 /// What the member as a whole was found to be; texts of the library.
@@ -110,8 +116,8 @@ struct CheckRules {
     bool isJob;  ///< of the user's job; else those that every member passes
 };
 
-/// Gathers and checks the member that a part is, and reports it. A part that no member type of the
-/// rules takes is an error.
-CheckResult MakeCheckReport(dstv::NcPart part, const CheckRules& rules);
+/// Gathers and checks the member that an entity is, and reports it. A part that no member type of
+/// the rules takes is an error.
+CheckResult MakeCheckReport(dstv::NcFileEntity& entity, const CheckRules& rules);
 
 }  // namespace camjob

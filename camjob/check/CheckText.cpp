@@ -1,5 +1,6 @@
 #include "camjob/check/CheckText.h"
 
+#include "camjob/check/CheckInput.h"
 #include "camjob/console/ReportText.h"
 #include "camjob/console/TextTable.h"
 
@@ -236,7 +237,7 @@ void CheckTextWriter::AddRead(const CheckReport& report) {
 
 void CheckTextWriter::AddRefused(const dstv::NcError& error) {
     m_out.Flush();
-    m_err.Write(Printable(OneLine(error.describe()) + L"\n"));
+    WriteError(error, m_err);
     m_err.Flush();
 }
 

@@ -78,4 +78,8 @@ void ApplyFlangeZeros(ZetNCStructure& structure, const job::MemberType& type) {
     structure.setViews(std::move(views));
 }
 
+double FileYOf(double y, const job::FlangeZero& zero) {
+    return zero.isReversed ? zero.zero - y : y + zero.zero;
+}
+
 }  // namespace plugin

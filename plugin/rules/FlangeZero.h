@@ -11,4 +11,7 @@ namespace plugin {
 /// bulges mirrored.
 void ApplyFlangeZeros(ZetNCStructure& structure, const job::MemberType& type);
 
+/// The Y of the file that a zero line moved to `y`.
+double FileYOf(double y, const job::FlangeZero& zero);
+
 }  // namespace plugin

@@ -1,0 +1,307 @@
+#include "camjob/show/PartDrawing.h"
+
+#include "camjob/check/FaceWords.h"
+#include "camjob/console/ReportText.h"
+#include "dstv/NcGeometry.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <map>
+#include <numbers>
+#include <set>
+#include <unordered_map>
+
+namespace camjob {
+
+namespace {
+
+using report::DrawnFeature;
+using report::FeatureKind;
+using report::FeatureState;
+
+constexpr int kTopFlange = 0;
+constexpr int kWeb = 1;
+constexpr int kBottomFlange = 2;
+constexpr int kWebBack = 3;
+
+/// The faces of a profile code, whether they hold something or not; from the lowest up.
+struct CodeFaces {
+    const wchar_t* code;
+    std::vector<int> positions;
+};
+
+const CodeFaces kCodeFaces[] = {
+    {L"B",  {kWeb}                                     },
+    {L"RO", {kWeb}                                     },
+    {L"RU", {kWeb}                                     },
+    {L"L",  {kBottomFlange, kWeb}                      },
+    {L"M",  {kBottomFlange, kWeb, kTopFlange, kWebBack}},
+};
+const std::vector<int> kUsualFaces = {kBottomFlange, kWeb, kTopFlange};
+
+/// Faces that have no position of their own are not in it.
+const std::map<eHoleFace, int> kPositionsOfFaces = {
+    {eHoleFaceTopFlange,    kTopFlange   },
+    {eHoleFaceWeb,          kWeb         },
+    {eHoleFaceBottomFlange, kBottomFlange},
+    {eHoleFaceWebBack,      kWebBack     },
+};
+
+bool IsTube(const dstv::NcHeader& header) {
+    return header.profileCode == L"RO" || header.profileCode == L"RU";
+}
+
+report::Point PointOf(const ZetGeomPoint2d& point) {
+    return {point.x, point.y};
+}
+
+report::Polyline PolylineOf(const ZetNCContour& contour) {
+    report::Polyline line;
+    for (long i = 0; i < contour.getPointCount(); ++i)
+        line.push_back({contour.xValues[i], contour.yValues[i]});
+    return line;
+}
+
+template <typename Points>
+report::Polyline PolylineOf(const Points& points) {
+    report::Polyline line;
+    for (const ZetGeomPoint2d& point : points)
+        line.push_back(PointOf(point));
+    return line;
+}
+
+/// The middle of the box around a line.
+report::Point MiddleOf(const report::Polyline& line) {
+    if (line.empty())
+        return {};
+    const auto [left, right] = std::minmax_element(
+        line.begin(), line.end(), [](const auto& a, const auto& b) { return a.x < b.x; });
+    const auto [low, high] = std::minmax_element(
+        line.begin(), line.end(), [](const auto& a, const auto& b) { return a.y < b.y; });
+    return {(left->x + right->x) / 2.0, (low->y + high->y) / 2.0};
+}
+
+FeatureState StateOf(const HoleReport& hole) {
+    if (hole.setAside != SetAside::kNot)
+        return FeatureState::kSetAside;
+    if (hole.isInvalid)
+        return FeatureState::kError;
+    return hole.hasWarnings || hole.isNonStandard ? FeatureState::kWarning : FeatureState::kInOrder;
+}
+
+FeatureState StateOf(const NotchReport& notch) {
+    if (notch.isDuplicate)
+        return FeatureState::kSetAside;
+    return notch.status == L"not allowed" ? FeatureState::kError : FeatureState::kInOrder;
+}
+
+FeatureKind KindOf(const dstv::NcHole& hole) {
+    if (hole.form == dstv::NcHoleForm::kRectangle)
+        return FeatureKind::kRectangle;
+    if (hole.kind == dstv::NcHoleKind::kCountersunk)
+        return FeatureKind::kSink;
+    return hole.form == dstv::NcHoleForm::kSlot ? FeatureKind::kSlot : FeatureKind::kHole;
+}
+
+class DrawingMaker {
+  public:
+    DrawingMaker(const dstv::NcFileEntity& entity, const CheckReport& report)
+        : m_entity(entity), m_report(report), m_structure(entity.getNCStructure(0)) {}
+
+    report::MemberDrawing Make();
+
+  private:
+    const dstv::NcHeader& GetHeader() const { return m_entity.getPart().header; }
+    void AddFaces();
+    void AddFace(int position);
+    double WidthOf(int position) const;
+    void AddHoles();
+    void AddHole(const dstv::NcHole& hole, const dstv::NcHoleTarget& target);
+    void TakeReport(DrawnFeature& feature);
+    void AddNotches();
+    void AddNotch(const NotchReport& notch, std::size_t face);
+    void AddMarks(const ZetNCView& view);
+    void AddFindings(const std::vector<ZetString>& texts, FeatureState state);
+
+    const dstv::NcFileEntity& m_entity;
+    const CheckReport& m_report;
+    ZetNCStructure m_structure;
+    std::map<int, std::size_t> m_faceOfPosition;
+    std::unordered_map<long, const HoleReport*> m_holeOfLine;
+    report::MemberDrawing m_drawing;
+};
+
+report::MemberDrawing DrawingMaker::Make() {
+    const dstv::NcHeader& header = GetHeader();
+    m_drawing.mark = header.mark.toUtf8();
+    m_drawing.profile = header.profileName.toUtf8();
+    m_drawing.length = header.length;
+    for (const HoleReport& hole : m_report.holes)
+        m_holeOfLine.insert({hole.line, &hole});
+    AddFaces();
+    AddHoles();
+    AddNotches();
+    for (const ZetNCView& view : m_structure.getViews())
+        AddMarks(view);
+    AddFindings(m_report.findings.errors, FeatureState::kError);
+    AddFindings(m_report.findings.warnings, FeatureState::kWarning);
+    return std::move(m_drawing);
+}
+
+void DrawingMaker::AddFaces() {
+    const auto* known =
+        std::find_if(std::begin(kCodeFaces), std::end(kCodeFaces), [&](const CodeFaces& faces) {
+            return GetHeader().profileCode == faces.code;
+        });
+    for (const int position : known == std::end(kCodeFaces) ? kUsualFaces : known->positions)
+        AddFace(position);
+    for (const ZetNCView& view : m_structure.getViews()) {
+        AddFace(view.getViewPos());
+        for (const ZetNCContour& contour : view.getExternalContours())
+            m_drawing.faces[m_faceOfPosition.at(view.getViewPos())].outlines.push_back(
+                PolylineOf(contour));
+    }
+}
+
+void DrawingMaker::AddFace(int position) {
+    if (!m_faceOfPosition.insert({position, m_drawing.faces.size()}).second)
+        return;
+    m_drawing.faces.push_back(
+        {ViewWord(position).toUtf8(), position, WidthOf(position), IsTube(GetHeader()), {}});
+}
+
+/// A plane of its own is as wide as what lies on it.
+double DrawingMaker::WidthOf(int position) const {
+    const dstv::NcHeader& header = GetHeader();
+    if (IsTube(header))
+        return header.profileHeight * std::numbers::pi;
+    if (position == kTopFlange || position == kBottomFlange)
+        return header.flangeWidth;
+    if (position == kWeb || position == kWebBack)
+        return header.profileCode == L"B" ? m_report.header.width : header.profileHeight;
+    double width = 1.0;
+    for (const ZetNCView& view : m_structure.getViews()) {
+        if (view.getViewPos() != position)
+            continue;
+        for (const ZetNCHoleData& hole : view.getHoles())
+            width = std::max(width, hole.y + hole.size);
+        for (const ZetNCContour& contour : view.getExternalContours())
+            for (const double y : contour.yValues)
+                width = std::max(width, y);
+    }
+    return width;
+}
+
+void DrawingMaker::AddHoles() {
+    const std::vector<dstv::NcHole>& holes = m_entity.getPart().holes;
+    for (std::size_t i = 0; i < holes.size(); ++i)
+        if (holes[i].form != dstv::NcHoleForm::kMark)
+            AddHole(holes[i], m_entity.getHoleTargets()[i]);
+}
+
+void DrawingMaker::AddHole(const dstv::NcHole& hole, const dstv::NcHoleTarget& target) {
+    const ZetNCView& view = m_structure.getViews()[target.view];
+    DrawnFeature feature;
+    feature.kind = KindOf(hole);
+    feature.face = m_faceOfPosition.at(view.getViewPos());
+    feature.line = hole.line;
+    if (feature.kind == FeatureKind::kRectangle) {
+        feature.outline = PolylineOf(view.getInternalContours()[target.index]);
+        feature.at = MiddleOf(feature.outline);
+    } else {
+        const ZetNCHoleData& data = view.getHoles()[target.index];
+        // The file gives the middle of one end of a slot.
+        const ZetGeomVector2d along = dstv::DirectionAt(data.slotAngle);
+        const double half = data.slotLength / 2.0;
+        feature.at = {data.x + along.x * half, data.y + along.y * half};
+        feature.size = data.size;
+        feature.angle = data.slotAngle;
+    }
+    TakeReport(feature);
+    m_drawing.features.push_back(std::move(feature));
+}
+
+void DrawingMaker::TakeReport(DrawnFeature& feature) {
+    const auto found = m_holeOfLine.find(feature.line);
+    if (found == m_holeOfLine.end())
+        return;
+    const HoleReport& hole = *found->second;
+    feature.state = StateOf(hole);
+    // It is made with its hole.
+    if (feature.kind == FeatureKind::kSink && hole.setAside == SetAside::kCountersink)
+        feature.state = FeatureState::kInOrder;
+    feature.size = hole.size;
+    feature.length = hole.length.value_or(0.0);
+    feature.told = {hole.x, hole.y};
+    feature.shape = hole.shape.toUtf8();
+    feature.code = hole.code.toUtf8();
+    feature.remark = Joined(hole.remarks, L", ").toUtf8();
+}
+
+/// Rectangular holes are among the holes.
+void DrawingMaker::AddNotches() {
+    for (const NotchReport& notch : m_report.notches) {
+        const auto position = kPositionsOfFaces.find(notch.holeFace);
+        if (notch.holeLine || position == kPositionsOfFaces.end())
+            continue;
+        const auto face = m_faceOfPosition.find(position->second);
+        if (face != m_faceOfPosition.end())
+            AddNotch(notch, face->second);
+    }
+}
+
+void DrawingMaker::AddNotch(const NotchReport& notch, std::size_t face) {
+    DrawnFeature feature;
+    feature.kind = notch.isInternal ? FeatureKind::kOpening : FeatureKind::kNotch;
+    feature.state = StateOf(notch);
+    feature.face = face;
+    feature.line = notch.line;
+    feature.outline = PolylineOf(notch.outline);
+    feature.at = MiddleOf(feature.outline);
+    feature.size = notch.width.value_or(0.0);
+    feature.length = notch.length.value_or(0.0);
+    feature.told = {notch.x, notch.y};
+    feature.shape = (notch.isInternal ? "opening, " : "notch, ") + notch.shape.toUtf8();
+    feature.remark = notch.status.toUtf8();
+    m_drawing.features.push_back(std::move(feature));
+}
+
+void DrawingMaker::AddMarks(const ZetNCView& view) {
+    const std::size_t face = m_faceOfPosition.at(view.getViewPos());
+    for (const ZetNCMark& mark : view.getMarks()) {
+        DrawnFeature feature;
+        feature.kind = FeatureKind::kMark;
+        feature.face = face;
+        feature.outline = PolylineOf(mark.points);
+        feature.at = MiddleOf(feature.outline);
+        feature.told = feature.at;
+        feature.shape = mark.kind == ZetNCMark::eKindPowder ? "powder mark" : "punch mark";
+        m_drawing.features.push_back(std::move(feature));
+    }
+    for (const ZetNCNumeration& numeration : view.getNumerations()) {
+        DrawnFeature feature;
+        feature.kind = FeatureKind::kText;
+        feature.face = face;
+        feature.at = {numeration.x, numeration.y};
+        feature.told = feature.at;
+        feature.size = numeration.textHeight;
+        feature.angle = numeration.angle;
+        feature.shape = "text";
+        feature.text = numeration.text.toUtf8();
+        m_drawing.features.push_back(std::move(feature));
+    }
+}
+
+void DrawingMaker::AddFindings(const std::vector<ZetString>& texts, FeatureState state) {
+    for (const ZetString& text : texts)
+        m_drawing.findings.push_back({state, text.toUtf8(), 0});
+}
+
+}  // namespace
+
+report::MemberDrawing DrawingOf(const dstv::NcFileEntity& entity, const CheckReport& report) {
+    return DrawingMaker(entity, report).Make();
+}
+
+}  // namespace camjob

@@ -1,0 +1,149 @@
+#include "camjob/show/ShowCommand.h"
+
+#include "camjob/check/CheckInput.h"
+#include "camjob/console/ExitCode.h"
+#include "camjob/console/Paths.h"
+#include "camjob/disk/RevocableFiles.h"
+#include "camjob/show/PartDrawing.h"
+#include "report/drawing/DxfDrawing.h"
+#include "report/drawing/SvgDrawing.h"
+
+#include <algorithm>
+#include <filesystem>
+#include <map>
+#include <optional>
+#include <variant>
+
+namespace camjob {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+class Shower {
+  public:
+    Shower(const ShowOptions& options, OutputStream& out, OutputStream& err)
+        : m_options(options), m_out(out), m_err(err) {}
+
+    int Run();
+
+  private:
+    bool FindTargets();
+    bool IsFile() const;
+    bool HasClash();
+    bool Refuse(const std::string& message);
+    int DrawAll(const plugin::JudgingRules& rules);
+    int DrawFile(std::size_t index, const CheckRules& rules);
+    std::string DrawingText(const report::MemberDrawing& drawing) const {
+        return m_options.asDxf ? report::DxfOf(drawing) : report::SvgOf(drawing);
+    }
+    int WriteDrawing(const std::string& target, const std::string& text);
+
+    const ShowOptions& m_options;
+    OutputStream& m_out;
+    OutputStream& m_err;
+    std::vector<std::string> m_targets;  ///< by file; "": the standard output
+};
+
+int Shower::Run() {
+    const std::optional<job::Job> job = ReadRules(m_options.job, m_err);
+    if (!job || !FindTargets())
+        return kExitBadInput;
+    plugin::UseTolerances(job->tolerances);
+    return DrawAll(plugin::JudgingRules(*job));
+}
+
+int Shower::DrawAll(const plugin::JudgingRules& rules) {
+    int code = kExitDone;
+    for (std::size_t i = 0; i < m_options.files.size() && code != kExitNotWritten; ++i)
+        code = std::max(code, DrawFile(i, {rules, !m_options.job.empty()}));
+    return code;
+}
+
+/// A name that ends like a drawing is one, unless it is a folder or there are several drawings.
+bool Shower::IsFile() const {
+    const fs::path out = PathFromUtf8(m_options.out);
+    std::error_code ignored;
+    return m_options.files.size() == 1 && !fs::is_directory(out, ignored) &&
+           (out.extension() == ".svg" || out.extension() == ".dxf");
+}
+
+bool Shower::FindTargets() {
+    if (m_options.out.empty()) {
+        m_targets = {""};
+        return m_options.files.size() == 1 ||
+               Refuse("several drawings need a folder: say --out DIR");
+    }
+    const char* ending = m_options.asDxf ? ".dxf" : ".svg";
+    if (IsFile()) {
+        m_targets = {m_options.out};
+        const bool fits = PathFromUtf8(m_options.out).extension() == ending;
+        return (fits || Refuse(m_options.out + ": the drawing's name must end in " + ending +
+                               (m_options.asDxf ? "" : ", or say --dxf"))) &&
+               !HasClash();
+    }
+    for (const std::string& file : m_options.files)
+        m_targets.push_back(
+            NameIn(m_options.out, Utf8FromPath(PathFromUtf8(file).filename().stem()) + ending));
+    return !HasClash();
+}
+
+/// Of two drawings with one name, or of one with an NC file.
+bool Shower::HasClash() {
+    std::map<std::string, std::string> fileOfTarget;
+    for (std::size_t i = 0; i < m_targets.size(); ++i) {
+        const auto [at, isNew] = fileOfTarget.insert({m_targets[i], m_options.files[i]});
+        if (!isNew)
+            return !Refuse(at->second + " and " + m_options.files[i] + " would both become " +
+                           m_targets[i]);
+        std::error_code ignored;
+        for (const std::string& file : m_options.files)
+            if (fs::equivalent(PathFromUtf8(file), PathFromUtf8(m_targets[i]), ignored))
+                return !Refuse("the drawing would replace " + file);
+    }
+    return false;
+}
+
+bool Shower::Refuse(const std::string& message) {
+    m_err.Write("camjob: " + message + "\n");
+    return false;
+}
+
+int Shower::DrawFile(std::size_t index, const CheckRules& rules) {
+    auto entity = ReadEntity(m_options.files[index], rules.rules.GetJob());
+    CheckResult result = dstv::NcError();
+    if (auto* read = std::get_if<dstv::NcFileEntity>(&entity))
+        result = MakeCheckReport(*read, rules);
+    else
+        result = std::get<dstv::NcError>(std::move(entity));
+    if (const auto* error = std::get_if<dstv::NcError>(&result)) {
+        WriteError(*error, m_err);
+        return kExitBadInput;
+    }
+    return WriteDrawing(m_targets[index],
+                        DrawingText(DrawingOf(std::get<dstv::NcFileEntity>(entity),
+                                              std::get<CheckReport>(result))));
+}
+
+int Shower::WriteDrawing(const std::string& target, const std::string& text) {
+    if (target.empty()) {
+        m_out.Write(text);
+        return kExitDone;
+    }
+    RevocableFiles files;
+    if (!files.Write(PathFromUtf8(target), text)) {
+        m_err.Write("camjob: " + target + " could not be written\n");
+        return kExitNotWritten;
+    }
+    files.Keep();
+    m_out.Write(target + "\n");
+    return kExitDone;
+}
+
+}  // namespace
+
+int RunShow(const ShowOptions& options, OutputStream& out, OutputStream& err) {
+    return Shower(options, out, err).Run();
+}
+
+}  // namespace camjob
