@@ -6,11 +6,6 @@ namespace {
 
 TEST(CViewDataTest, PrintsEveryField) {
     CViewData view;
-    EXPECT_EQ(
-        view.GetPrintDef().toUtf8(),
-        "\n Hole face :NON\n X Negate : 1.000000\n Y Negate : 1.000000\n Face width : 0.000000\n"
-        " From other face : 1.000000\n Profile Face width : 0.000000\n Hole Face :6\n"
-        " Y Val Offset : 0.000000\n");
     view.SetFaceStr(L"TOP");
     view.SetDimXNegate(-1.0);
     view.SetDimYNegate(-2.0);

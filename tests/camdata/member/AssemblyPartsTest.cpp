@@ -12,8 +12,6 @@ namespace {
 
 using Lines = ZetArray<ZetString>;
 
-// What is attached
-
 /// An assembly of a beam and a structure, and the member of its main part.
 struct Assembly {
     Assembly() {
@@ -59,16 +57,11 @@ TEST(AssemblyPartsTest, AfterAHostFailurePartsAreListedAnew) {
 }
 
 TEST(AssemblyPartsTest, WhatAHostMayNotHave) {
-    TestMember member;
-    member.GetAttachedPartNos();
-    EXPECT_TRUE(member.m_attachedParts.isEmpty());
-    EXPECT_EQ(member.GetAttachedEntityHeaderData(nullptr).profileName, L"");
+    EXPECT_EQ(TestMember().GetAttachedEntityHeaderData(nullptr).profileName, L"");
     FakePartEntity structure;
     structure.m_hasModel = false;
-    EXPECT_EQ(member.GetAttachedEntityHeaderData(&structure).profileName, L"");
+    EXPECT_EQ(TestMember().GetAttachedEntityHeaderData(&structure).profileName, L"");
 }
-
-// What was selected
 
 // clang-format off
 struct Selected { const wchar_t* mark; long qty; bool isValid; long qtyAfter; };
@@ -153,8 +146,6 @@ TEST(AssemblyPartsTest, PartsTakeOverWhatTheLastMemberThatGaveSays) {
     EXPECT_TRUE(part.GetMirrored() && part.GetNonStd());
     EXPECT_EQ(part.GetOutStr(), L"special");
 }
-
-// Single parts
 
 // clang-format off
 struct PrintCase { long qty; Lines nonStdMsgs; const char *errors, *warnings;

@@ -101,14 +101,6 @@ TEST_F(GatheringTest, OfHolesAtOnePlaceTheLastSurvives) {
     EXPECT_EQ(SizesOf(member.m_cskHoles), Numbers{22});
 }
 
-TEST_F(GatheringTest, SlotsHoldHolesOfOtherViewsOfTheirFace) {
-    const ZetNCView back = View(3, {HoleData(110, 50, 6)});
-    Gather({View(1, {SlotData(100, 50, 14, 40)}), View(4, {HoleData(105, 50, 5)}), back});
-    EXPECT_EQ(SizesOf(member.m_holes), Numbers({14, 6}));
-    EXPECT_EQ(SizesOf(member.m_duplicateHoles), Numbers{5});
-    EXPECT_TRUE(CurrentToleranceIs(0.5));
-}
-
 TEST_F(GatheringTest, ExternalContoursComeBeforeInternalOnes) {
     ZetNCView view;
     view.setViewPos(1);

@@ -31,14 +31,6 @@ CHoleAddlInfo Countersink(double size, double x = 100) {
     return HoleAt(x, 50).Countersunk(size);
 }
 
-/// Round holes of diameter 14 in a row.
-Holes Row(const Numbers& xs) {
-    Holes holes;
-    for (const double x : xs)
-        holes.append(Round(14, x));
-    return holes;
-}
-
 CHoleAddlInfo WithStatus(CHoleAddlInfo hole, int status) {
     hole.SetHoleStatus(static_cast<eHoleStatus>(status));
     return hole;
@@ -56,27 +48,6 @@ class HolePostProcessingTest : public ::testing::Test {
 
     TestMember member;
 };
-
-// Countersinks
-
-/// Each countersink takes the first hole left at its place; the list need not be ordered.
-TEST_F(HolePostProcessingTest, CountersinksAtOnePlaceMarkOneHoleEach) {
-    CHoleAddlInfo marked = Round(1);
-    marked.SetIsCSK(true);
-    const CHoleAddlInfo beside = HoleAt(100, 50.000001).Round(5);
-    // clang-format off
-    Holes holes = {Countersink(22), Countersink(23, 900), marked, Round(2), Countersink(24),
-                   Round(3), Round(4), beside};
-    // clang-format on
-    member.MakeCSKHoleArrAndMark(holes);
-    ASSERT_EQ(SizesOf(holes), Numbers({1, 2, 3, 4, 5}));
-    EXPECT_EQ(holes[0].GetCSKPos(), -1) << "was marked before";
-    EXPECT_TRUE(holes[1].GetIsCSK() && holes[1].GetCSKPos() == 0 && holes[2].GetIsCSK());
-    EXPECT_FALSE(holes[3].GetIsCSK() || holes[4].GetIsCSK());
-    EXPECT_EQ(SizesOf(member.m_cskHoles), Numbers({22, 23, 24})) << "with or without a hole";
-    EXPECT_EQ(member.m_cskHoles[0].GetHoleStatus(), eHoleStatusCSK);
-    EXPECT_TRUE(CurrentToleranceIs(kOther));
-}
 
 TEST_F(HolePostProcessingTest, TagsTheFirstHoleAtExactlyThePlace) {
     const CHoleAddlInfo countersink = Countersink(22);
@@ -106,51 +77,6 @@ TEST_F(HolePostProcessingTest, CountersunkRoundHolesOnTheWebGetTheFaceOfItsBack)
         EXPECT_EQ(hole.GetViewData().GetFaceStr() == L"WEBBK", isChanged) << hole.GetXPos();
     }
 }
-
-// Duplicates
-
-/// Removed holes remove nothing: 20 and 915 stay.
-TEST_F(HolePostProcessingTest, DuplicatesComeByTheHoleThatRemovesThem) {
-    Holes holes = Row({0, 900, 905, 10, 902, 1, 20, 915});
-    member.MakeDupHoleArr(holes);
-    EXPECT_EQ(XsOf(holes), Numbers({0, 900, 20, 915}));
-    EXPECT_EQ(XsOf(member.m_duplicateHoles), Numbers({10, 1, 905, 902}));
-    EXPECT_TRUE(CurrentToleranceIs(0.1));
-}
-
-// Holes inside slots
-
-TEST_F(HolePostProcessingTest, HolesInsideASlotLeave) {
-    const CHoleAddlInfo onBack = HoleAt(130, 50).Round(4).On(eHoleFaceWebBack);
-    const CHoleAddlInfo slot = HoleAt(100, 50).Slot(14, 40);
-    const CHoleAddlInfo inside = WithStatus(Round(5, 200), eHoleStatusInsideSlot);
-    member.m_holes = {Round(1, 105), slot, Round(2, 135), Round(3, 150), onBack, inside};
-    member.MakeDupHoleArrForHolesInsideSlot();
-    EXPECT_EQ(SizesOf(member.m_holes), Numbers({14, 3, 4}));
-    EXPECT_EQ(SizesOf(member.m_duplicateHoles), Numbers({1, 2})) << "not what was marked before";
-    EXPECT_TRUE(CurrentToleranceIs(0.5));
-}
-
-TEST_F(HolePostProcessingTest, AHoleInsideTwoSlotsIsADuplicateTwice) {
-    const CHoleAddlInfo upright = HoleAt(110, 45).Slot(14, 20, 90);
-    member.m_holes = {HoleAt(100, 50).Slot(14, 40), Round(5, 110), upright};
-    member.MakeDupHoleArrForHolesInsideSlot();
-    EXPECT_EQ(SizesOf(member.m_holes), Numbers({14, 14}));
-    ASSERT_EQ(SizesOf(member.m_duplicateHoles), Numbers({5, 5}));
-    EXPECT_EQ(member.m_duplicateHoles[0].GetHoleStatus(), eHoleStatusNone);
-    EXPECT_EQ(member.m_duplicateHoles[1].GetHoleStatus(), eHoleStatusInsideSlot);
-}
-
-/// Slots hold each other, and one that is on its way out holds holes still.
-TEST_F(HolePostProcessingTest, EqualSlotsRemoveEachOtherAndWhatTheyHold) {
-    const HoleAt at(100, 50);
-    member.m_holes = {HoleAt(at).Slot(14, 40), HoleAt(at).Slot(14.2, 40), Round(5, 110)};
-    member.MakeDupHoleArrForHolesInsideSlot();
-    EXPECT_TRUE(member.m_holes.isEmpty());
-    EXPECT_EQ(SizesOf(member.m_duplicateHoles), Numbers({14.2, 5, 14, 5}));
-}
-
-// For derived classes
 
 TEST_F(HolePostProcessingTest, PositionsFromTheOtherEnd) {
     CHoleAddlInfo corrected = Round(14, 400);
@@ -214,7 +140,7 @@ TEST_F(HolePostProcessingTest, FindsThePairOfAHole) {
 
 /// The tolerance is selected once: what a candidate leaves is what the next is measured with.
 TEST_F(HolePostProcessingTest, ACandidateOfOtherSizeNarrowsTheSearch) {
-    member.m_holes = Row({0, 500.4});
+    member.m_holes = {Round(14, 0), Round(14, 500.4)};
     EXPECT_EQ(member.GetPairHole(0, CHoleCode(), 500.0), 1);
     member.m_holes = {Round(14, 0), Round(20, 500), Round(14, 500.4)};
     EXPECT_EQ(member.GetPairHole(0, CHoleCode(), 500.0), -1);

@@ -26,8 +26,6 @@ struct Case { const char* name; std::vector<PlainPart> parts; std::vector<PlainN
 
 constexpr int kMost = std::numeric_limits<int>::max();
 constexpr long kLeast = std::numeric_limits<long>::min();
-constexpr double kInf = std::numeric_limits<double>::infinity();
-constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
 
 // clang-format off
 const Case kCases[] = {
@@ -39,10 +37,6 @@ const Case kCases[] = {
     {"a fit by more than the tolerance", {{L"A", 2, 1999.9}}, {{{{L"A", 2, 1999.9}}, 1}}},
     {"the shortest first", {{L"C", 1, 3000}, {L"A", 3, 1000}, {L"B", 2, 1500}},
      {{{{L"A", 3, 1000}}, 1}, {{{L"B", 2, 1500}}, 1}, {{{L"C", 1, 3000}}, 1}}},
-    {"filled from the shortest up", {{L"C", 3, 2100}, {L"B", 1, 1800}, {L"A", 1, 1700}},
-     {{{{L"A", 1, 1700}, {L"B", 1, 1800}}, 1}, {{{L"C", 1, 2100}}, 2}, {{{L"C", 1, 2100}}, 1}}},
-    {"two bars of several marks", {{L"A", 2, 1999.96}, {L"B", 2, 1999.9}},
-     {{{{L"A", 1, 1999.96}, {L"B", 1, 1999.9}}, 2}}},
     {"equal within the tolerance: in their order", {{L"A", 1, 3000.05}, {L"B", 1, 3000}},
      {{{{L"A", 1, 3000.05}}, 1}, {{{L"B", 1, 3000}}, 1}}},
     {"parts of one mark have the length of the first", {{L"A", 1, 1000}, {L"A", 1, 1500}},
@@ -51,8 +45,6 @@ const Case kCases[] = {
      {{{{L"A", 3, 1000}}, 1}, {{{L"A", 2, 1900}}, 1}, {{{L"A", 1, 1900}}, 1}}},
     {"an off-cut above the reserve is filled", {{L"A", 2, 1300}, {L"B", 1, 1350}},
      {{{{L"A", 2, 1300}, {L"B", 1, 1350}}, 1}}, 1399.8},
-    {"within the tolerance of the reserve it stays", {{L"A", 2, 1300}, {L"B", 1, 1350}},
-     {{{{L"A", 2, 1300}}, 1}, {{{L"B", 1, 1350}}, 1}}, 1399.95},
     {"one part is compared with none", {{L"A", 2, 1999.9}}, {{{{L"A", 1, 1999.9}}, 2}},
      0.0, 0.5, 0.5},
     {"two parts select a tolerance", {{L"A", 1, 1999.9}, {L"A", 1, 1999.9}},
@@ -60,17 +52,12 @@ const Case kCases[] = {
     {"also when one has no pieces", {{L"A", 2, 1999.9}, {L"B", 0, 10}},
      {{{{L"A", 2, 1999.9}}, 1}}, 0.0, 0.5, 0.1},
     // What no member should bring: it ends, and soon.
-    {"quantity 0", {{L"A", 0, 1000}}, {}},
-    {"quantity below 0", {{L"A", -3, 1000}}, {}},
     {"the smallest quantity", {{L"A", kLeast, 1000}}, {}},
     {"no length", {{L"A", kMost, 0}}, {{{{L"A", kMost, 0}}, 1}}},
     {"hardly a length", {{L"A", kMost, 1e-9}}, {{{{L"A", kMost, 1e-9}}, 1}}},
     {"length below 0", {{L"A", kMost, -1}}, {{{{L"A", kMost, -1}}, 1}}},
     {"more of a mark than an int holds", {{L"A", kMost, 0}, {L"A", 2, 0}},
      {{{{L"A", kMost, 0}}, 1}, {{{L"A", 2, 0}}, 1}}},
-    {"no number", {{L"A", 3, kNaN}}, {{{{L"A", 1, kNaN}}, 2}, {{{L"A", 1, kNaN}}, 1}}},
-    {"infinite", {{L"A", 2, kInf}}, {{{{L"A", 1, kInf}}, 2}}},
-    {"infinite below 0", {{L"A", 5, -kInf}}, {{{{L"A", 5, -kInf}}, 1}}},
 };
 // clang-format on
 

@@ -121,20 +121,6 @@ TEST(ValidationTest, EachFindingHasAReportTypeOfItsOwn) {
     ExpectErrorWhenOnly(eValidationFixedLength, kWrongFixedLength, kWrongFixedLength.lines[0]);
 }
 
-TEST(ValidationTest, DefaultLimitsAllowNoContourAndNoLength) {
-    TestMember member;
-    member.m_memType.SetLength(3000.0);
-    member.SetNoOfHoles(1000);
-    member.NoOfInternalContours_Increment();
-    member.NoOfInternalContours_Increment();
-    member.ValidateMember();
-    const Lines expected = {L"          2 No of Internal contours exceeded the maximum limit of 0",
-                            L"          Member length (3000.0) should not be greater than -1"};
-    EXPECT_EQ(member.m_errors, expected);
-    EXPECT_TRUE(member.m_warnings.isEmpty());
-    EXPECT_TRUE(member.GetValid());
-}
-
 TEST(ValidationTest, LengthsAreComparedWithTheXTolerance) {
     CMxGeom::SetXTol(2.0);
     TestMember member = MemberOf({.name = "", .length = 6001.9});

@@ -167,23 +167,6 @@ TEST(ViewFacesTest, SignAndOffsetOfYInPlanesOfTheirOwn) {
     }
 }
 
-/// On a flange of an SO profile Y counts from the front edge, however the plane's axes run; on a
-/// slope along it, on a face 75 wide.
-TEST(ViewFacesTest, AHoleInEitherPlaneOfAFlangeIsTheSame) {
-    // clang-format off
-    const struct { ZetGeomPoint3d origin; ZetGeomVector3d yAxis; double ncY, y; } cases[] = {
-        {{0, 200, 0}, kToFront, 20, 40},        {{0, 200, 60}, kToBack, 40, 40},
-        {{0, 200, 0}, {0.0, -0.6, 0.8}, 55, 20}, {{0, 155, 60}, {0.0, 0.6, -0.8}, 20, 20},
-    };
-    // clang-format on
-    for (const auto& [origin, yAxis, ncY, y] : cases) {
-        const ZetNCView view = ViewIn({origin, kAlong, yAxis}, L"SO", 900, ncY);
-        const CHoleAddlInfo hole = HolesOf(L"SO", {view})[0];
-        EXPECT_EQ(hole.GetXPos(), 900.0);
-        EXPECT_NEAR(hole.GetYPos(), y, y == 40.0 ? 0.0 : 1e-9);
-    }
-}
-
 TEST(ViewFacesTest, XIsNegatedInPlanesThatLookBackAlongThePiece) {
     // clang-format off
     const std::tuple<const char*, ZetGeomVector3d, double> cases[] = {

@@ -45,9 +45,7 @@ TEST(CMxNestPartsTest, ListsTheMarksOfABar) {
     CMxParts first = PartOf({L"M1", 2, 1200.5});
     CMxParts second = PartOf({L"M2", 1, 800.0});
     CMxNestParts nest;
-    ASSERT_TRUE(nest.SetNestMainPart(first));
-    ASSERT_TRUE(nest.InsertNest(first));
-    ASSERT_TRUE(nest.InsertNest(second));
+    ASSERT_TRUE(nest.SetNestMainPart(first) && nest.InsertNest(first) && nest.InsertNest(second));
     EXPECT_EQ(nest.GenerateCombinations().toUtf8(),
               "Part mark (M1) combinations are as below\n"
               "\tMark:M1, Qty:2, Length: 1200\n"
@@ -63,25 +61,6 @@ TEST(CMxNestPartsTest, AnEmptyNestIsAWholeBar) {
     EXPECT_EQ(WastageOf(nest), "0 No @  4000 long   Cut from Mark ");
     EXPECT_TRUE(nest.GenerateCombinations().isEmpty());
     EXPECT_TRUE(nest.GetOutputPartNo().isEmpty());
-}
-
-TEST(CMxNestPartsTest, AMainPartBeginsTheNestAnew) {
-    const PlainPart first = {L"M1", 1, 1000.0};
-    const PlainPart second = {L"M2", 1, 500.0};
-    CMxNestParts nest = NestOf({first, second});
-    ZetArray<CMxParts> parts = {PartOf(first), PartOf(second)};
-    nest.CheckCombinationsAndAdd(parts);
-    ASSERT_EQ(nest.GetQty(), 2);
-    CMxParts none = PartOf({L"M3", 0, 700.0});
-    EXPECT_FALSE(nest.SetNestMainPart(none));
-    EXPECT_FALSE(nest.AppendNestPart(none));
-    EXPECT_EQ(nest.GenerateOffCutLength(), 2500.0);
-    none.SetQty(2);
-    EXPECT_TRUE(nest.SetNestMainPart(none));
-    EXPECT_EQ(none.GetQty(), 1);
-    EXPECT_EQ(nest.GetQty(), 1);
-    EXPECT_EQ(nest.GetOutputPartNo(), L"M3");
-    EXPECT_EQ(nest.GenerateOffCutLength(), 3300.0);
 }
 
 /// No piece is taken, and the mark that is there is found.

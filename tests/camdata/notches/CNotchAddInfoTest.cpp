@@ -156,8 +156,11 @@ TEST(CNotchAddInfoTest, UnclosedOrIncompleteContours) {
     ExpectNotch(NotchOf(kTriangle, kInternal), {15, 0, 3, 0, 0});  // without its last point
     ZetNCContour contour = ContourOf(kExternal, kLShape);
     contour.yValues.removeAt(0);
-    CNotchAddInfo notch;
-    EXPECT_EQ(AssertionOf([&] { SetData(notch, contour); }), "isValid( index )");
+    EXPECT_EQ(AssertionOf([&] {
+                  CNotchAddInfo notch;
+                  SetData(notch, contour);
+              }),
+              "isValid( index )");
 }
 
 /// The small rectangle with a status and an output text of its own.
@@ -180,15 +183,11 @@ TEST(CNotchAddInfoTest, ResetKeepsOutlinePolygonLengthAndWidth) {
     EXPECT_EQ(notch.GetViewData().GetHoleFace(), eHoleFaceNone);
     EXPECT_EQ(notch.GetOutMsg(), L"");
     EXPECT_TRUE(notch.CheckPosAreaVert(0, 0, 1000, 4));
-    notch.SetIsRect(true);
-    ExpectNotch(notch, {0, 0, 5, 20, 50});
-
-    notch.InitValues();
     SetData(notch, ContourOf(kInternal, kOnePoint));
     EXPECT_TRUE(notch.GetIsRect()) << "judged by the outline that was there";
 }
 
-TEST(CNotchAddInfoTest, ContourResetsNothing) {
+TEST(CNotchAddInfoTest, ContourResetsNothingAPolygonAll) {
     CNotchAddInfo notch = Used();
     CMxGeom::SetTol(eTolValue, kOther);
     SetData(notch, ContourOf(kInternal, kLShape));
@@ -196,26 +195,21 @@ TEST(CNotchAddInfoTest, ContourResetsNothing) {
     EXPECT_EQ(notch.GetOutMsg(), L"out");
     EXPECT_TRUE(notch.GetIsRect()) << "six corners are not judged";
     EXPECT_TRUE(CurrentToleranceIs(kOther));
-
     SetData(notch, ContourOf(kInternal, kParallelogram));
     EXPECT_FALSE(HasShape(notch));
     notch.SetIsRect(true);
     EXPECT_EQ(notch.GetLength(), 20.0) << "that of the rectangle before";
-}
 
-TEST(CNotchAddInfoTest, PolygonResetsTheRecord) {
-    CViewData view = ViewOn(eHoleFaceWebBack);
-    view.SetFaceStr(L"BACK");
     for (const int type : {kExternal, kInternal, 2}) {
-        SCOPED_TRACE(type);
-        CNotchAddInfo notch = Used();
+        notch = Used();
+        const CViewData view = ViewOn(eHoleFaceWebBack);
         EXPECT_TRUE(notch.setNotchFromPoly(ZetGeomAugPolygon(kTriangle, 0.0), view, type));
         ExpectNotch(notch, {10, 25, 4, 0, 0});
         EXPECT_FALSE(HasShape(notch));
         EXPECT_EQ(notch.GetIsInternal(), type == kInternal);
         EXPECT_EQ(notch.GetNotchStatus(), eNotchValid);
-        EXPECT_EQ(notch.GetOutMsg() + notch.GetViewData().GetFaceStr(), L"BACK");
-        EXPECT_TRUE(notch.CheckPosAreaVert(10, 25, 1125, 3));
+        EXPECT_EQ(notch.GetOutMsg(), L"");
+        EXPECT_EQ(notch.GetViewData().GetHoleFace(), eHoleFaceWebBack);
     }
 }
 
@@ -274,16 +268,6 @@ TEST(CNotchAddInfoTest, CorrectsYOnly) {
         EXPECT_EQ(notch.GetXPos(), 10.0);
         EXPECT_EQ(notch.GetYPos(), each.y);
     }
-}
-
-TEST(CNotchAddInfoTest, FilesTextsByTypeAndNeverReportsSuccess) {
-    CNotchAddInfo notch;
-    for (const int type : {-1, 0, 1, 2, 3})
-        EXPECT_FALSE(notch.AppendMsg(static_cast<eHoleMsgType>(type), L"first"));
-    EXPECT_EQ(notch.GetOutMsg(), L"first");
-    notch.AppendMsg(eHoleMsgCode, L"second");
-    notch.AppendMsg(eHoleMsgError, L"error");
-    EXPECT_EQ(notch.GetOutMsg(), L"second");
 }
 
 TEST(CNotchAddInfoTest, ChecksVerticesThenPositionThenArea) {

@@ -175,7 +175,8 @@ TEST(NotchChecks, ReportsErrorsAndWhatIsNotAllowed) {
 
 TEST(NotchChecks, ReportsWarningsUnderTheOutputText) {
     CNotchAddInfo notch = NotchAt(20, 15);
-    notch.AppendMsg(eHoleMsgError, L"error");
+    for (const int type : {-1, eHoleMsgError, 3})
+        EXPECT_FALSE(notch.AppendMsg(static_cast<eHoleMsgType>(type), L"error"));
     Lines lines = {L"before"};
     EXPECT_FALSE(notch.GetWarMsg(lines));
     notch.AppendMsg(eHoleMsgWarning, L"  first %s");

@@ -62,15 +62,6 @@ TEST(CMxAddlInfoTest, EveryMemberStandsInBlockZeroAndInTheBlocksItNames) {
                   kM1 + kGap + "100 %s\n" + kLong + kGap + kM1 + kM1 + kM1 + kM1);
 }
 
-TEST(CMxAddlInfoTest, ACopyHasBlocksOfItsOwn) {
-    TestMember member = Member(kHeader, {});
-    const CMxAddlInfo info = Info({{L"all"}}, {0});
-    CMxAddlInfo copy = info;
-    copy.AppendInfo({&member});
-    EXPECT_EQ(WrittenBy(info), "before\n" + kGap + "all\n");
-    EXPECT_EQ(WrittenBy(copy), "before\n" + kGap + "all\n" + kM1);
-}
-
 TEST(CMxAddlInfoTest, ABlockThatIsNotThereFailsAnAssertion) {
     CMxAddlInfo empty;
     EXPECT_EQ(AssertionOf([&] { empty.AppendInfo(ZetArray<CMxPeilaib*>()); }), "isValid( index )");
@@ -78,7 +69,6 @@ TEST(CMxAddlInfoTest, ABlockThatIsNotThereFailsAnAssertion) {
     CMxAddlInfo info = Info({{L"all"}, {L"one"}}, {0, 1});
     EXPECT_EQ(AssertionOf([&] { info.AppendInfo({&member}); }), "isValid( index )");
     EXPECT_EQ(WrittenBy(info), "before\n" + kGap + "all\n" + kGap + "one\n" + kM1);
-    EXPECT_EQ(WrittenBy(Info({{L"all"}}, {})), "before\n");
 }
 
 }  // namespace

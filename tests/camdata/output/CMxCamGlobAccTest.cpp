@@ -23,7 +23,11 @@ using namespace ZetProjectDataEnums;
 /// is in the first, 2 in a group that is not there.
 CMxCamGlobAcc Accumulator() {
     ZetArray<CMxGroups> groups = {{}, {}};
-    groups[0].setValues(0, ZetArray<long>(), {}, {eSortLength});
+    ZetArray<long> files = {4};
+    ZetArray<ZetString> headers = {L"H"};
+    ZetArray<eSortOrder> keys = {eSortLength};
+    groups[0].setValues(0, files, headers, keys);
+    EXPECT_TRUE(files.isEmpty() && headers.isEmpty() && keys.isEmpty());
     groups[1].setValues(1, ZetArray<long>(), {}, {eSortMark});
     ZetArray<int> map = {0, 1, 2};
     CMxCamGlobAcc accumulator;
@@ -145,15 +149,11 @@ TEST(CMxCamGlobAccTest, CopiesShareListsAndCountForThemselves) {
     member.SetGroupID(0);
     std::optional<CMxCamGlobAcc> accumulator = Accumulator();
     accumulator->Append(&member);
-    CMxCamGlobAcc copy;
-    copy = *accumulator;
-    const CMxCamGlobAcc& same = copy;
-    copy = same;
+    CMxCamGlobAcc copy = *accumulator;
     accumulator->Append(&member);
     accumulator.reset();
     EXPECT_EQ(copy.GetCount(), 1);
     copy.Append(&member);
-    copy.SortPeilaibArr();
     EXPECT_EQ(copy.GetCount(), 2);
 }
 

@@ -51,16 +51,6 @@ Numbers FlangeWidthsOf(const CMemTypeAndAttrib& type) {
     return {type.GetTopFlangeWidth(), type.GetBottomFlangeWidth()};
 }
 
-TEST(CMemTypeAndAttribTest, ANewTypeKnowsNoDimension) {
-    const CMemTypeAndAttrib type;
-    EXPECT_EQ(SizesOf(type), (Numbers{-0.1, -0.1, -0.1, -0.1}));
-    EXPECT_EQ(FlangeWidthsOf(type), (Numbers{-0.1, -0.1}));
-    EXPECT_EQ(type.GetProfDesc(), L"Not Implemented");
-    EXPECT_EQ(type.GetShortName(), L"NA");
-    EXPECT_EQ(type.GetViewStartNo(), 99);
-    EXPECT_EQ(type.GetNameStartPos(), 4);
-}
-
 TEST(CMemTypeAndAttribTest, SetsEachFieldFromItsArgument) {
     const CMemTypeAndAttrib type = TypeFrom({eProfPropFixed, 0, 0});
     // clang-format off
@@ -126,13 +116,6 @@ TEST(CMemTypeAndAttribTest, RoundsTheLengthAsPrinted) {
     EXPECT_EQ(type.GetLength(), 1234.568);
     type.SetLength(0.0625);
     EXPECT_EQ(type.GetLength(), 0.062);
-}
-
-TEST(CMemTypeAndAttribTest, QuantityMayGoBelowZero) {
-    CMemTypeAndAttrib type;
-    type.SetHeaderData(HeaderOf{.quantity = 5});
-    EXPECT_EQ(type.SubtractQty(6), -1);
-    EXPECT_EQ(type.GetQty(), -1);
 }
 
 }  // namespace

@@ -47,14 +47,16 @@ TEST_F(CMxUtilTest, RunsOfCharacters) {
 
 // The order of the trials does not depend on the order of loading.
 TEST_F(CMxUtilTest, FirstLoadedModuleOfTheTrialsPrints) {
+    // clang-format off
     const std::pair<std::vector<std::wstring>, HostPrint> cases[] = {
-        {{},                                                        {"main program", L"a\n", false}},
-        {{L"kwdb19"},                                               {"kwdb19", L"a\n", false}      },
-        {{L"kwdb19", L"kwdb18"},                                    {"kwdb18", L"a\n", false}      },
-        {{L"kwdb18", L"kwutil15"},                                  {"kwutil15", L"a\n", true}     },
-        {{L"kwutil15", L"kwdb16"},                                  {"kwdb16", L"a\n", true}       },
-        {{L"kwdb16", L"kwdb18", L"kwutil15", L"kwdb17", L"kwdb19"}, {"kwdb17", L"a\n", false}      },
+        {{}, {"main program", L"a\n", false}},
+        {{L"kwdb19"}, {"kwdb19", L"a\n", false}},
+        {{L"kwdb19", L"kwdb18"}, {"kwdb18", L"a\n", false}},
+        {{L"kwdb18", L"kwutil15"}, {"kwutil15", L"a\n", true}},
+        {{L"kwutil15", L"kwdb16"}, {"kwdb16", L"a\n", true}},
+        {{L"kwdb16", L"kwdb18", L"kwutil15", L"kwdb17", L"kwdb19"}, {"kwdb17", L"a\n", false}},
     };
+    // clang-format on
     for (const auto& [modules, printed] : cases) {
         ClearHostPrints();
         std::vector<std::unique_ptr<FakeModule>> loaded;

@@ -40,20 +40,12 @@ TEST(ZetArrayTest, AppendsItsOwnElements) {
         words.append(words.first());
     words.appendAll(words);
     EXPECT_EQ(words.length(), 44);
-    EXPECT_EQ(words.last(), "purlin");
     EXPECT_EQ(words[23], "rail");
-}
-
-TEST(ZetArrayTest, InsertsRemovesAndFinds) {
-    ZetArray<int> values = {1, 2, 3};
-    values.insertAt(3, 5);
-    values.insertAt(0, 0);
-    values.removeAt(2);
-    EXPECT_EQ(values, (ZetArray<int>{0, 1, 3, 5}));
-    EXPECT_EQ(values.find(5), 3);
-    EXPECT_EQ(values.find(4), -1);
-    values.setLength(6);
-    EXPECT_EQ(values, (ZetArray<int>{0, 1, 3, 5, 0, 0}));
+    EXPECT_EQ(words.find("rail"), 1);
+    words.insertAt(1, "rod");
+    words.setLength(3);
+    words.removeAt(0);
+    EXPECT_EQ(words, (ZetArray<std::string>{"rod", "rail"}));
 }
 
 /// Counts how often a value was copied or moved.

@@ -72,15 +72,6 @@ TEST(Modules, FindsOnlyFunctionsThatTheModuleItselfExports) {
     }
 }
 
-TEST(Modules, FoundFunctionIsTheOneOfItsModule) {
-    const FakeModule first(L"kwdb17.dll"), second(L"kwdb18.dll");
-    const auto find = [](const wchar_t* file) {
-        return FindFunction(FindLoadedModule(file), "kwutPrintf");
-    };
-    EXPECT_EQ(find(L"kwdb17.dll"), first.Function<ModuleFunction>("kwutPrintf"));
-    EXPECT_EQ(find(L"kwdb18.dll"), second.Function<ModuleFunction>("kwutPrintf"));
-}
-
 TEST(Modules, OwnModuleIsTheLibraryNotTheProgram) {
 #if defined(_WIN32)
     EXPECT_EQ(OwnModule(), FindLoadedModule(L"camdata.dll"));
@@ -88,15 +79,6 @@ TEST(Modules, OwnModuleIsTheLibraryNotTheProgram) {
     EXPECT_EQ(OwnModule(), FindLoadedModule(L"libcamdata.so.1"));
 #endif
     EXPECT_NE(OwnModule(), nullptr);
-}
-
-TEST(Modules, FileVersionBelongsToOneModule) {
-    const FakeModule with(L"kwdb17.dll");
-    const FakeModule without(L"kwdb16.dll");
-    const ModuleVersion version = {17, 3, 0, 65535};
-    EXPECT_EQ(ModuleFileVersion(FindLoadedModule(L"kwdb17.dll")), version);
-    EXPECT_EQ(ModuleFileVersion(FindLoadedModule(L"kwdb16.dll")), std::nullopt);
-    EXPECT_EQ(ModuleFileVersion(nullptr), std::nullopt);
 }
 
 }  // namespace
