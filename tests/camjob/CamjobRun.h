@@ -3,6 +3,8 @@
 #include "camjob/CommandLine.h"
 #include "support/TempFolder.h"
 
+#include <algorithm>
+#include <nlohmann/json.hpp>
 #include <string>
 #include <vector>
 
@@ -42,10 +44,33 @@ inline std::string ArgumentFor(const TempFolder& folder, const std::string& file
     return folder.NameOf(file).toUtf8();
 }
 
+/// A file of tests/camjob/check/nc.
+inline std::string CheckedFile(const std::string& name) {
+    std::ifstream stream(CAMJOB_GOLDEN_FOLDER "/check/nc/" + name + ".nc1", std::ios::binary);
+    return {std::istreambuf_iterator<char>(stream), {}};
+}
+
 /// A report without the part of names that differs from test to test.
 inline std::string WithoutFolder(std::string text, const TempFolder& folder) {
     const std::string path = ArgumentFor(folder, "");
     for (std::size_t at = text.find(path); at != std::string::npos; at = text.find(path, at))
         text.erase(at, path.size());
     return text;
+}
+
+/// A JSON document to be approved, a member a line: names of files without the folder, and with
+/// slashes on every system.
+inline std::string ApprovableJson(const std::string& text, const TempFolder& folder) {
+    nlohmann::json document = nlohmann::json::parse(text).flatten();
+    const std::u8string path = folder.PathOf("").generic_u8string();
+    for (nlohmann::json& value : document) {
+        if (!value.is_string())
+            continue;
+        std::string shown = value;
+        std::replace(shown.begin(), shown.end(), '\\', '/');
+        if (const auto at = shown.find(std::string(path.begin(), path.end())); at != shown.npos)
+            shown.erase(at, path.size());
+        value = shown;
+    }
+    return document.unflatten().dump(1) + "\n";
 }

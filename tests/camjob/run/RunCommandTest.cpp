@@ -10,7 +10,6 @@
 #include "camdata/platform/dialog/DialogWindow.h"
 
 #include <cstdlib>
-#include <nlohmann/json.hpp>
 #include <vector>
 
 #ifndef _WIN32
@@ -58,42 +57,17 @@ TEST(RunCommand, TellsWhatWasMadeAndWhere) {
     EXPECT_EQ(ContentOf(folder.PathOf("out")), made);
 }
 
-/// The names of NC files have slashes on every system.
-std::string Slashed(const TempFolder& folder, const std::string& file) {
-    const std::u8string name = folder.PathOf(file).generic_u8string();
-    return {name.begin(), name.end()};
-}
-
 TEST(RunCommand, TellsItAsJson) {
     const TempFolder folder;
     SampleJob().Write(folder);
     const auto runJson = [&] {
         const CamjobRun run = RunTool({"run", "--json", ArgumentFor(folder, "job.toml")});
         EXPECT_EQ(run.err, "");
-        return nlohmann::json::parse(run.out);
+        return ApprovableJson(run.out, folder);
     };
-    const nlohmann::json done = runJson();
-    EXPECT_EQ(done["schema"], "camjob-run/1");
-    EXPECT_EQ(done["status"], "done");
-    EXPECT_EQ(done["exitCode"], 1);
-    EXPECT_EQ(done["input"]["skipped"], 1);
-    EXPECT_EQ(done["members"].size(), 4u);
-    EXPECT_EQ(done["members"][3]["mark"], "L1");
-    EXPECT_EQ(done["members"][3]["file"], Slashed(folder, "nc/4.nc1"));
-    EXPECT_EQ(done["members"][3]["valid"], false);
-    EXPECT_EQ(done["groups"][0]["name"], "secondary");
-    EXPECT_EQ(done["groups"][1]["invalid"], 1);
-    EXPECT_EQ(done["bars"][0]["bars"], 4);  // 12 pieces of 1300 mm, three from each bar
-    EXPECT_EQ(done["files"][0]["name"], ArgumentFor(folder, "out/s-orders.txt"));
-    EXPECT_EQ(done["files"][0]["bytes"], folder.Read("out/s-orders.txt").size());
-
+    EXPECT_TRUE(MatchesGolden(CAMJOB_GOLDEN_FOLDER "/run/golden", "json-done", runJson()));
     folder.Write("nc/6.nc1", nc::BadLength());
-    const nlohmann::json refused = runJson();
-    EXPECT_EQ(refused["status"], "refused");
-    EXPECT_EQ(refused["exitCode"], 2);
-    EXPECT_EQ(refused["faults"][0]["file"], Slashed(folder, "nc/6.nc1"));
-    EXPECT_EQ(refused["faults"][0]["line"], 10);
-    EXPECT_EQ(refused["files"].size(), 0u);
+    EXPECT_TRUE(MatchesGolden(CAMJOB_GOLDEN_FOLDER "/run/golden", "json-refused", runJson()));
 }
 
 struct Refusal {
