@@ -58,19 +58,24 @@ inline std::string WithoutFolder(std::string text, const TempFolder& folder) {
     return text;
 }
 
+inline void DropFolder(nlohmann::json& value, const std::string& folder) {
+    if (value.is_structured()) {
+        for (nlohmann::json& each : value)
+            DropFolder(each, folder);
+    } else if (value.is_string()) {
+        std::string text = value;
+        std::replace(text.begin(), text.end(), '\\', '/');
+        if (const std::size_t at = text.find(folder); at != text.npos)
+            text.erase(at, folder.size());
+        value = text;
+    }
+}
+
 /// A JSON document to be approved, a member a line: names of files without the folder, and with
 /// slashes on every system.
 inline std::string ApprovableJson(const std::string& text, const TempFolder& folder) {
-    nlohmann::json document = nlohmann::json::parse(text).flatten();
+    nlohmann::json document = nlohmann::json::parse(text);
     const std::u8string path = folder.PathOf("").generic_u8string();
-    for (nlohmann::json& value : document) {
-        if (!value.is_string())
-            continue;
-        std::string shown = value;
-        std::replace(shown.begin(), shown.end(), '\\', '/');
-        if (const auto at = shown.find(std::string(path.begin(), path.end())); at != shown.npos)
-            shown.erase(at, path.size());
-        value = shown;
-    }
-    return document.unflatten().dump(1) + "\n";
+    DropFolder(document, {path.begin(), path.end()});
+    return document.dump(1) + "\n";
 }

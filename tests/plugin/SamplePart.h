@@ -39,23 +39,14 @@ class Part : public ZetNCEntity {
     Part& Qty(long quantity) { return m_header.quantity = quantity, *this; }
     Part& Length(double length) { return m_header.length = length, *this; }
     Part& Hole(int view, double x, double y, double size, int kind = 0) {
-        ZetNCHoleData hole;
-        hole.x = x;
-        hole.y = y;
-        hole.size = size;
-        hole.kind = kind;
-        return Hole(view, hole);
+        return Hole(view, ZetNCHoleData{.x = x, .y = y, .kind = kind, .size = size});
     }
     /// (x, y) is the centre of its first end, `distance` the way to the other one.
     Part& Slot(int view, double x, double y, double size, double distance, double angle = 0.0) {
-        ZetNCHoleData hole;
-        hole.x = x;
-        hole.y = y;
-        hole.size = size;
-        hole.slot = 1;
-        hole.slotLength = distance;
-        hole.slotAngle = angle;
-        return Hole(view, hole);
+        // clang-format off
+        return Hole(view, ZetNCHoleData{.x = x, .y = y, .size = size, .slot = 1,
+                                        .slotLength = distance, .slotAngle = angle});
+        // clang-format on
     }
     Part& Hole(int view, ZetNCHoleData hole) {
         hole.hostTag = ++m_tags;
@@ -77,14 +68,10 @@ class Part : public ZetNCEntity {
     Part& Opening(int view, double x, double y, double length, double width) {
         const double a = length * 0.5;
         const double b = width * 0.5;
-        return Contour(view,
-                       ZetNCContour::eTypeInternal,
-                       {
-                           {x - a, y - b},
-                           {x + a, y - b},
-                           {x + a, y + b},
-                           {x - a, y + b}
-        });
+        // clang-format off
+        return Contour(view, ZetNCContour::eTypeInternal,
+                       {{x - a, y - b}, {x + a, y - b}, {x + a, y + b}, {x - a, y + b}});
+        // clang-format on
     }
     /// The main part of an assembly with these parts fixed to it, one each.
     Part& MainPartWith(const ZetArray<ZetNCEntity*>& attached) {

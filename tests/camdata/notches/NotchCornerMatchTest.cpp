@@ -175,8 +175,7 @@ TEST(NotchChecks, ReportsErrorsAndWhatIsNotAllowed) {
 
 TEST(NotchChecks, ReportsWarningsUnderTheOutputText) {
     CNotchAddInfo notch = NotchAt(20, 15);
-    for (const int type : {-1, eHoleMsgError, 3})
-        EXPECT_FALSE(notch.AppendMsg(static_cast<eHoleMsgType>(type), L"error"));
+    EXPECT_FALSE(notch.AppendMsg(eHoleMsgError, L"error"));
     Lines lines = {L"before"};
     EXPECT_FALSE(notch.GetWarMsg(lines));
     notch.AppendMsg(eHoleMsgWarning, L"  first %s");

@@ -1,5 +1,6 @@
 #include "plugin/SamplePart.h"
 #include "plugin/output/JobRun.h"
+#include "support/Golden.h"
 #include "support/TempFolder.h"
 
 #include <fstream>
@@ -26,29 +27,12 @@ Job RunJob() {
     job.groups[job::kSecondaryGroup].headerLines = {L"Single parts"};
     job.groups[2].headerLines = {L"Members"};
     job.groups[2].sortKeys = {eSortMark};
-    job.infoHeaders = {
-        {{L"All"}, {L"Non-standard"}, {L"Errors"}, {L"Warnings"}}
-    };
+    // clang-format off
+    job.infoHeaders = {{{L"All"}, {L"Non-standard"}, {L"Errors"}, {L"Warnings"}}};
+    // clang-format on
     job.infoOrder = {
         job::kErrorsBlock, job::kWarningsBlock, job::kNonStandardBlock, job::kAllMembersBlock};
     return job;
-}
-
-std::string MemberText(const std::string& mark, int quantity, const std::string& operations = "") {
-    return "member mark=\"" + mark + "\" quantity=" + std::to_string(quantity) +
-           " profile=\"Z200x2.0\" length=3000.000\n" + operations + "end\n";
-}
-
-std::string HeadText(const std::string& mark, int quantity) {
-    return "Part Number = " + mark +
-           "\n          Section    = Z200x2.0\n          Quantity   = " + std::to_string(quantity) +
-           "\n";
-}
-
-/// A line of the additional information.
-std::string InfoText(const std::string& mark, int quantity) {
-    return ZetString::format(L"%-20s%-20s%-4d\n", ZetString::fromUtf8(mark), L"Z200x2.0", quantity)
-        .toUtf8();
 }
 
 void AddAll(JobRun& run, std::initializer_list<Part*> parts) {
@@ -56,25 +40,17 @@ void AddAll(JobRun& run, std::initializer_list<Part*> parts) {
         EXPECT_EQ(run.Add(*part), JobRun::Added::kAdded);
 }
 
-const std::string kGap = "  \n  \n  \n";
-
 // M needs A twice and B four times, D and E are alone; C is part of an assembly that is not there.
 TEST(JobRun, MembersPartsAndMainPartsInTheirFiles) {
     TempFolder folder;
     Job job = RunJob();
-    job.assemblies = {
-        {L"M", {{L"A", 1}, {L"B", 1}}},
-        {L"N", {{L"C", 1}}           }
-    };
+    // clang-format off
+    job.assemblies = {{L"M", {{L"A", 1}, {L"B", 1}}}, {L"N", {{L"C", 1}}}};
+    // clang-format on
     job.memberTypes[0].limits.SetReportType(static_cast<eValidationTypes>(job::kQuantity),
                                             eReportingNonStd);
     job.maximumQuantity = 50;
-    Part a(L"A");
-    Part b(L"B");
-    Part c(L"C");
-    Part d(L"D");
-    Part e(L"E");
-    Part m(L"M");
+    Part a(L"A"), b(L"B"), c(L"C"), d(L"D"), e(L"E"), m(L"M");
     a.Qty(6).Hole(kWebView, 100, 50, 18);
     b.Qty(1);
     c.Qty(2).Hole(kWebView, 100, 50, 16);
@@ -85,31 +61,7 @@ TEST(JobRun, MembersPartsAndMainPartsInTheirFiles) {
     ASSERT_TRUE(run.Write(folder.PathOf("")));
     EXPECT_TRUE(run.GetFileFaults().isEmpty());
     // C is refused. M is four short of B, so it is an error: three are missing, one is there.
-    EXPECT_EQ(folder.Read("job-orders.txt"),
-              "Single parts\n" + MemberText("B", 1) +
-                  MemberText("A",
-                             6,
-                             "hole face=web x=100.000 y=50.000 diameter=18.000 depth=0.000"
-                             " thread=none code=\"18\"\n") +
-                  "Members\n" + MemberText("D", 51) + MemberText("E", 1));
-    EXPECT_EQ(
-        folder.Read("job-errors.txt"),
-        HeadText("C", 2) +
-            "          No hole rule covers it: 16.0 round holes on web at (X:100.0, Y:50.0)\n" +
-            HeadText("M", 4) +
-            "          *Error: 3 of the single parts (Part no : B) are not selected / valid"
-            " for this assembly\n" +
-            HeadText("B", -3) + "          3 no of parts are not selected in selection\n");
-    EXPECT_EQ(folder.Read("job-warnings.txt"),
-              HeadText("D", 51) + "          Quantity (51) is above 50\n" + HeadText("C", 2) +
-                  "          2 no of parts are not used in any assemblies\n" + HeadText("A", 2) +
-                  "          2 no of parts are not used in any assemblies\n");
-    EXPECT_EQ(folder.Read("job-info.txt"),
-              kGap + "Errors\n" + InfoText("C", 2) + InfoText("M", 4) + InfoText("B", -3) + kGap +
-                  "Warnings\n" + InfoText("D", 51) + InfoText("C", 2) + InfoText("A", 2) + kGap +
-                  "Non-standard\n" + InfoText("D", 51) + kGap + "All\n" + InfoText("C", 2) +
-                  InfoText("B", 1) + InfoText("A", 6) + InfoText("D", 51) + InfoText("E", 1) +
-                  InfoText("M", 4) + InfoText("C", 2) + InfoText("B", -3) + InfoText("A", 2));
+    EXPECT_TRUE(MatchesGoldenFolder(PLUGIN_GOLDEN_FOLDER "/assembly", folder.PathOf("")));
 
     std::string results;
     for (const plugin::MemberResult& result : run.GetMemberResults())
@@ -132,29 +84,12 @@ TEST(JobRun, NestsTheValidMembersOfAGroup) {
     TempFolder folder;
     Job job = RunJob();
     job.groups[2].isNested = true;
-    Part a(L"A");
-    Part b(L"B");
-    Part c(L"C");
+    Part a(L"A"), b(L"B"), c(L"C");
     JobRun run(job, folder.PathOf(""));
     AddAll(run, {&a.Qty(2).Length(1500), &b.Length(5000), &c.Length(900)});
     ASSERT_TRUE(run.Write(folder.PathOf("")));
     EXPECT_EQ(run.GetFileNames().back(), L"job-cutting.txt");
-    EXPECT_EQ(folder.Read("job-cutting.txt"),
-              "Cutting list of group members\n"
-              "\n"
-              "1 bar\n"
-              "Part mark (C) combinations are as below\n"
-              "\tMark:C, Qty:1, Length:  900\n"
-              "\tMark:A, Qty:2, Length: 1500\n"
-              "\tOff-cut of each bar: 100.0\n"
-              "\n"
-              "Bars used               : 1\n"
-              "Stock length            : 4000\n"
-              "Length of all pieces    : 3900.0\n"
-              "Utilisation             : 97.5 %\n"
-              "No plan needs less than : 1\n"
-              "First-fit-decreasing    : 1\n"
-              "\n");
+    EXPECT_TRUE(MatchesGoldenFolder(PLUGIN_GOLDEN_FOLDER "/nested", folder.PathOf("")));
     ASSERT_EQ(run.GetNestResults().size(), 1u);
     EXPECT_EQ(run.GetNestResults()[0].group, 2u);
     EXPECT_EQ(run.GetNestResults()[0].bars, 1);
@@ -203,15 +138,7 @@ TEST(JobRun, ProjectHeadsTheFilesUnderTheirOwnLines) {
     job.date = CalendarDate{2026, 3, 2};
     JobRun run(job, folder.PathOf(""));
     ASSERT_TRUE(run.Write(folder.PathOf("")));
-    EXPECT_EQ(folder.Read("job-orders.txt"),
-              "LINE 1\n"
-              "** Project                   : Shed\n"
-              "** Cold Rolled Order Date    : 2026-03-02\n"
-              "** Comments                  : one\n"
-              "**                          : two\n"
-              "** Revision Date             : 2026-03-02\n"
-              "** Delivery Date             : soon\n");
-    EXPECT_EQ(folder.Read("job-errors.txt"), "");
+    EXPECT_TRUE(MatchesGoldenFolder(PLUGIN_GOLDEN_FOLDER "/project-header", folder.PathOf("")));
     EXPECT_EQ(Today().day, 2);
 }
 
@@ -241,7 +168,9 @@ TEST(JobRun, CanBeCancelledBetweenMembersAndTellsFileFaults) {
     AddAll(run, {&a, &b});
     int asked = 0;
     EXPECT_FALSE(run.Write(folder.PathOf(""), [&asked] { return ++asked == 2; }));
-    EXPECT_EQ(folder.Read("job-orders.txt"), "Members\n" + MemberText("A", 1)) << "not closed";
+    EXPECT_EQ(folder.Read("job-orders.txt"),
+              "Members\nmember mark=\"A\" quantity=1 profile=\"Z200x2.0\" length=3000.000\nend\n")
+        << "not closed";
 
     JobRun nowhere(job, folder.PathOf(""));
     EXPECT_TRUE(nowhere.Write(folder.PathOf("missing")));

@@ -50,33 +50,14 @@ TEST_P(Together, HolesAreCodedAndCounted) {
     EXPECT_EQ(judged->GetNoOfHoles(), c.count);
 }
 
-void PairAt40(job::HoleRule& rule) {
-    rule.pairs = {
-        {L"18", 40.0, L"y "}
-    };
-}
-void PairMust(job::HoleRule& rule) {
-    PairAt40(rule);
-    rule.isPairMust = true;
-}
-void PairOr(job::HoleRule& rule) {
-    rule.pairs = {
-        {L"X",  60.0, L"z "},
-        {L"18", 60.0, L"z "}
-    };
-}
-void GroupOf2(job::HoleRule& rule) {
-    rule.group = {L"G", 2, false};
-}
-void GroupMust(job::HoleRule& rule) {
-    rule.group = {L"G", 2, true};
-}
-void PairThenGroup(job::HoleRule& rule) {
-    PairAt40(rule);
-    GroupOf2(rule);
-}
-
 // clang-format off
+void PairAt40(job::HoleRule& rule) { rule.pairs = {{L"18", 40.0, L"y "}}; }
+void PairMust(job::HoleRule& rule) { PairAt40(rule); rule.isPairMust = true; }
+void PairOr(job::HoleRule& rule) { rule.pairs = {{L"X", 60.0, L"z "}, {L"18", 60.0, L"z "}}; }
+void GroupOf2(job::HoleRule& rule) { rule.group = {L"G", 2, false}; }
+void GroupMust(job::HoleRule& rule) { rule.group = {L"G", 2, true}; }
+void PairThenGroup(job::HoleRule& rule) { PairAt40(rule); GroupOf2(rule); }
+
 const TogetherCase kTogetherCases[] = {
     {"Alone",            {{100, 50}, {140, 50}},             [](auto&) {},  "[100 50 18][140 50 18]", 2},
     {"Pair",             {{100, 50}, {140, 50}, {300, 50}},  PairAt40,      "[100 50 18][140 50 y 18][300 50 18]", 2},
@@ -264,14 +245,9 @@ job::CornerNotch Corner(NotchCorner along, NotchCorner across, const wchar_t* fo
 
 /// An outline with 60 x 40 cut off at one corner.
 ZetArray<ZetGeomPoint2d> CutAt(bool atEnd, bool atUpperEdge) {
-    ZetArray<ZetGeomPoint2d> points = {
-        {60,   0  },
-        {3000, 0  },
-        {3000, 200},
-        {0,    200},
-        {0,    40 },
-        {60,   40 }
-    };
+    // clang-format off
+    ZetArray<ZetGeomPoint2d> points = {{60, 0}, {3000, 0}, {3000, 200}, {0, 200}, {0, 40}, {60, 40}};
+    // clang-format on
     for (ZetGeomPoint2d& point : points) {
         point.x = atEnd ? 3000.0 - point.x : point.x;
         point.y = atUpperEdge ? 200.0 - point.y : point.y;
@@ -354,16 +330,12 @@ TEST(JobMember, EveryHoleOnceWithTheReasonWhyItIsSetAside) {
     std::map<long, SetAside> reasons;
     for (const plugin::MemberHole& hole : judged->CollectHoles())
         EXPECT_TRUE(reasons.insert({hole.record.GetHoleData().hostTag, hole.setAside}).second);
+    // clang-format off
     const std::map<long, SetAside> expected = {
-        {1, SetAside::kMarked     },
-        {2, SetAside::kNot        },
-        {3, SetAside::kInsideSlot },
-        {4, SetAside::kInsideSlot },
-        {5, SetAside::kDuplicate  },
-        {6, SetAside::kNot        },
-        {7, SetAside::kNot        },
-        {8, SetAside::kCountersink}
-    };
+        {1, SetAside::kMarked}, {2, SetAside::kNot}, {3, SetAside::kInsideSlot},
+        {4, SetAside::kInsideSlot}, {5, SetAside::kDuplicate}, {6, SetAside::kNot},
+        {7, SetAside::kNot}, {8, SetAside::kCountersink}};
+    // clang-format on
     EXPECT_EQ(reasons, expected);
     EXPECT_EQ(judged.Warnings() + judged.Errors(), "");
 }
@@ -384,13 +356,11 @@ TEST_P(Pattern, NamesWhatIsMissing) {
     const PatternCase& c = GetParam();
     Job job = JobWithRule();
     const ZetString message = L"%.0f at %.0f";
-    job.patterns = {
-        {L"p",
-         3000.0, c.isMirrorAllowed,
-         {{18.0, L"18", {0.5}, message},
-          {18.0, L"18", {250.0, -100.0}, message},
-          {18.0, L"18", {400.0}, message}}}
-    };
+    // clang-format off
+    job.patterns = {{L"p", 3000.0, c.isMirrorAllowed,
+                     {{18.0, L"18", {0.5}, message}, {18.0, L"18", {250.0, -100.0}, message},
+                      {18.0, L"18", {400.0}, message}}}};
+    // clang-format on
     job.memberTypes[0].pattern = 0;
     Part part(L"Z1");
     for (const double x : c.holesAt)
@@ -416,20 +386,17 @@ INSTANTIATE_TEST_SUITE_P(JobMember, Pattern, ::testing::ValuesIn(kPatternCases),
 
 TEST(JobMember, PatternNeedsAHoleForEachAndTheRightCodeDiameterAndLength) {
     Job job = JobWithRule();
-    job.patterns = {
-        {L"p",
-         3000.0, false,
-         {{18.0, L"18", {400.0}, L"a"},
-          {18.0, L"18", {400.0}, L"b"},
-          {14.0, L"18", {400.0}, L"c"}}}
-    };
+    // clang-format off
+    job.patterns = {{L"p", 3000.0, false, {{18.0, L"18", {400.0}, L"a"}, {18.0, L"18", {400.0}, L"b"},
+                                           {14.0, L"18", {400.0}, L"c"}}}};
+    // clang-format on
     job.memberTypes[0].pattern = 0;
     Part part(L"Z1");
     EXPECT_EQ(Judged(job, part.Hole(kWebView, 400, 50, 18)).Errors(), "b\nc\n");
     EXPECT_EQ(Judged(job, part.Hole(kWebView, 400, 150, 18).Length(2900)).Errors(),
               "c\nMember length (2900.0) should be 3000 \n");
     job.patterns[0].holes = {
-        {18.0, L"X", {400.0}, L"d"}
+        job::PatternHole{18.0, L"X", {400.0}, L"d"}
     };
     EXPECT_EQ(Judged(job, part.Length(3000)).Errors(), "d\n");
 }
