@@ -102,24 +102,12 @@ TEST(JobFile, EveryKeyReachesItsPlace) {
 
 TEST(JobFile, ProjectData) {
     const job::ProjectData p = ReadGoodJob().project;
-    const ZetString texts[] = {p.caption,
-                               p.fileName,
-                               p.settingsFile,
-                               p.modelName,
-                               p.modelRef,
-                               p.name,
-                               p.number,
-                               p.client,
-                               p.coldRolledCustomer,
-                               p.coldRolledOrderNo,
-                               p.coldRolledOrderDate,
-                               p.contractor,
-                               p.designer,
-                               p.detailer,
-                               p.revision,
-                               p.revisionDate,
-                               p.deliveryDate,
-                               p.commentMarker};
+    // clang-format off
+    const ZetString texts[] = {
+        p.caption, p.fileName, p.settingsFile, p.modelName, p.modelRef, p.name, p.number, p.client,
+        p.coldRolledCustomer, p.coldRolledOrderNo, p.coldRolledOrderDate, p.contractor, p.designer,
+        p.detailer, p.revision, p.revisionDate, p.deliveryDate, p.commentMarker};
+    // clang-format on
     ZetString joined;
     for (const ZetString& text : texts)
         joined += text + L"|";
@@ -142,10 +130,9 @@ TEST(JobFile, TolerancesFilesAndGroups) {
     std::vector<ZetString> endings;
     for (const job::OutputFile& file : job.files)
         endings.push_back(file.ending);
-    EXPECT_EQ(
-        endings,
-        (std::vector<ZetString>{
-            L"-orders.txt", L"-summary.txt", L"-errors.txt", L"-warnings.txt", L"-plates.txt"}));
+    const std::vector<ZetString> wanted = {
+        L"-orders.txt", L"-summary.txt", L"-errors.txt", L"-warnings.txt", L"-plates.txt"};
+    EXPECT_EQ(endings, wanted);
     EXPECT_EQ(job.files[job::kInfoFile].headerLines, std::vector<ZetString>{L"SUMMARY"});
     EXPECT_FALSE(job.files[job::kInfoFile].hasProjectHeader);
     EXPECT_TRUE(job.files[job::kFirstOwnFile].hasProjectHeader);
@@ -155,13 +142,11 @@ TEST(JobFile, TolerancesFilesAndGroups) {
     EXPECT_EQ(job.groups[1].sortKeys, (std::vector{eSortProfileNameLength, eSortGroupID}));
     EXPECT_EQ(job.groups[2].files, (std::vector<std::size_t>{0, 4}));
     EXPECT_EQ(job.groups[2].headerLines, (std::vector<ZetString>{L"", L"Purlins"}));
+    // clang-format off
     EXPECT_EQ(job.groups[2].sortKeys,
-              (std::vector{eSortProfileHeight,
-                           eSortProfileWidth,
-                           eSortProfileThick,
-                           eSortLength,
-                           eSortProfileName,
-                           eSortMark}));
+              (std::vector{eSortProfileHeight, eSortProfileWidth, eSortProfileThick, eSortLength,
+                           eSortProfileName, eSortMark}));
+    // clang-format on
     EXPECT_TRUE(job.groups[2].isNested);
     EXPECT_EQ(job.groups[2].reserveLength, 150.5);
     EXPECT_EQ(job.groups[3].id, L"rest");

@@ -52,16 +52,6 @@ CHoleAddlInfo MovedTo(double x, double y, double ncX, double ncY, double size) {
     return hole;
 }
 
-TEST_F(HoleDuplicateRulesTest, ExactlyEqualPositionsOrNcPositionsThatOverlapAreEqual) {
-    const CHoleAddlInfo hole = HoleAt(100, 50).Round(18);
-    EXPECT_TRUE(hole == MovedTo(100, 50, 500, 50, 2));
-    EXPECT_TRUE(CurrentToleranceIs(kOther));
-    EXPECT_TRUE(hole == MovedTo(5895, 50, 105, 50, 18));
-    EXPECT_FALSE(hole == MovedTo(105, 50, 5895, 50, 18));
-    EXPECT_TRUE(hole == MovedTo(100, 145, 100, 55, 18));
-    EXPECT_FALSE(hole == MovedTo(100, 55, 100, 145, 18));
-}
-
 TEST_F(HoleDuplicateRulesTest, LikeHolesAreEqualWhereverTheyAre) {
     const CHoleAddlInfo round = HoleAt(0, 0).Round(18).On(eHoleFaceWeb);
     const CHoleAddlInfo slot = HoleAt(0, 0).Slot(14, 40);

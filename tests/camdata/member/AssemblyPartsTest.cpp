@@ -1,5 +1,3 @@
-#include "support/AssertionOf.h"
-#include "support/TempFolder.h"
 #include "support/TestMember.h"
 #include "support/host/FakeHostObjects.h"
 
@@ -145,60 +143,6 @@ TEST(AssemblyPartsTest, PartsTakeOverWhatTheLastMemberThatGaveSays) {
     const CMxAttPartNoAndQty& part = mainPart.m_attachedParts[0];
     EXPECT_TRUE(part.GetMirrored() && part.GetNonStd());
     EXPECT_EQ(part.GetOutStr(), L"special");
-}
-
-// clang-format off
-struct PrintCase { long qty; Lines nonStdMsgs; const char *errors, *warnings;
-                   ZetArray<long> locations; };
-const PrintCase kPrints[] = {
-    {0, {}, "", "", {}},
-    {3, {L"odd"}, "", "Part Number = S1\n          Section    = 35-20\n          Quantity   = 3\n"
-     "          3 no of parts are not used in any assemblies\nodd\n", {3}},
-    // The warning block of an invalid part is entered but not printed.
-    {-3, {L"odd"}, "Part Number = S1\n          Section    = 35-20\n          Quantity   = -3\n"
-     "          3 no of parts are not selected in selection\n", "", {2, 3}},
-};
-// clang-format on
-
-/// A single part with a report, of which only the non-standard messages may come back.
-TestMember ReportedPart(const PrintCase& row) {
-    TestMember member = PartOf(L"S1", row.qty);
-    member.SetValid(false);
-    // clang-format off
-    for (auto* lines : {&member.m_errors, &member.m_secondErrors, &member.m_errorReport,
-                        &member.m_warnings, &member.m_secondWarnings, &member.m_warningReport})
-        lines->append(L"reported before");
-    // clang-format on
-    member.SetAddInfoArrLoc({7});
-    member.m_nonStdMsgs = row.nonStdMsgs;
-    return member;
-}
-
-TEST(AssemblyPartsTest, SinglePartsReportWhatIsLeftOfThem) {
-    const TempFolder folder;
-    for (const PrintCase& row : kPrints) {
-        SCOPED_TRACE(row.qty);
-        ZetFileAccess files[3];
-        const std::string names[] = {"other", "warnings", "errors"};
-        const std::string texts[] = {"", row.warnings, row.errors};
-        for (int i = 0; i < 3; ++i)
-            files[i].Open(folder.NameOf(names[i]), L"w");
-        TestMember member = ReportedPart(row);
-        member.PrintSinglePartDetail({&files[0], &files[1], &files[2]});
-        for (int i = 0; i < 3; ++i) {
-            files[i].Close();
-            EXPECT_EQ(folder.Read(names[i]), texts[i]) << names[i];
-        }
-        EXPECT_EQ(member.GetAddInfoArrLoc(), row.locations);
-        EXPECT_EQ(member.GetValid(), row.qty >= 0);
-    }
-}
-
-TEST(AssemblyPartsTest, SinglePartsNeedTwoFiles) {
-    ZetFileAccess file;
-    TestMember member = PartOf(L"S1", 1);
-    EXPECT_EQ(AssertionOf([&] { member.PrintSinglePartDetail({}); }), "!isEmpty()");
-    EXPECT_EQ(AssertionOf([&] { member.PrintSinglePartDetail({&file}); }), "isValid( index )");
 }
 
 }  // namespace

@@ -29,9 +29,6 @@ ZetNCContour Opening(double x, double y) {
 }
 
 // clang-format off
-/// 1000 x 200, cut by 100 x 50 at the lower left and by 100 x 60 at the lower right.
-const ZetNCContour kNotchedAtBothEnds = ContourOf(ZetNCContour::eTypeExternal, {{100, 0}, {900, 0},
-    {900, 60}, {1000, 60}, {1000, 200}, {0, 200}, {0, 50}, {100, 50}, {100, 0}});
 const ZetNCContour kWhole = ContourOf(ZetNCContour::eTypeExternal,
     {{0, 0}, {1000, 0}, {1000, 200}, {0, 200}, {0, 0}});
 // clang-format on
@@ -90,17 +87,6 @@ TEST_F(GatheringTest, HolesComeViewByViewInOrder) {
     EXPECT_EQ(member.m_holes.length(), 8) << "what was there stays";
 }
 
-/// Ordering puts the last of equal holes first, and the first survives; countersinks leave before.
-TEST_F(GatheringTest, OfHolesAtOnePlaceTheLastSurvives) {
-    const ZetArray<ZetNCHoleData> holes = {
-        HoleData(100, 50, 1), HoleData(100, 50, 2), HoleData(100, 50, 22, 4), HoleData(100, 50, 3)};
-    Gather({View(1, holes)});
-    ASSERT_EQ(SizesOf(member.m_holes), Numbers{3});
-    EXPECT_TRUE(member.m_holes[0].GetIsCSK());
-    EXPECT_EQ(SizesOf(member.m_duplicateHoles), Numbers({2, 1}));
-    EXPECT_EQ(SizesOf(member.m_cskHoles), Numbers{22});
-}
-
 TEST_F(GatheringTest, ExternalContoursComeBeforeInternalOnes) {
     ZetNCView view;
     view.setViewPos(1);
@@ -109,13 +95,6 @@ TEST_F(GatheringTest, ExternalContoursComeBeforeInternalOnes) {
     Gather({view});
     EXPECT_EQ(PlacesOf(member.m_notches), L"(500, 100) 4; (500, 100) 0; (300, 100) 0; ");
     EXPECT_TRUE(CurrentToleranceIs(0.1));
-}
-
-/// A contour that cuts nothing is not one that the limit forbids.
-TEST_F(GatheringTest, ContoursThatTheLimitsForbid) {
-    member.m_validations.SetNoOfExternalContours(0);
-    member.SetNotchDataArr({kWhole, Opening(500, 100), kNotchedAtBothEnds}, CViewData());
-    EXPECT_EQ(PlacesOf(member.m_notches), L"(500, 100) 4; (500, 100) 0; (950, 30) 5; (50, 25) 5; ");
 }
 
 /// Notches are compared with the tolerance that the holes left.

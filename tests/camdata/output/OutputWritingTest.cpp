@@ -1,5 +1,4 @@
 #include "support/AssertionOf.h"
-#include "support/CurrentTolerance.h"
 #include "support/Golden.h"
 #include "support/TempFolder.h"
 #include "support/WritingMember.h"
@@ -185,6 +184,8 @@ const std::pair<const char*, Job> kRuns[] = {
     {"nesting-of-members-does-not-count", Job({kM3, kM1})},
     // Additional information.
     {"repeated-and-missing-blocks", Job({MemberRow(L"M1").InfoBlocks({1, 0, 1}), kM2}).InfoOrder({1, 3, 0, 1})},
+    {"long-marks-and-no-order", Job({MemberRow(L"A-mark-of-25-characters..").Qty(123456)}).InfoOrder({})},
+    {"long-marks", Job({MemberRow(L"A-mark-of-25-characters..").Qty(123456).InfoBlocks({2, 2})}).InfoOrder({2, 0, 2})},
     // Positions that are not there.
     {"three-file-groups", Job({}).FileCount(3)},
     {"no-block", Job({}).InfoBlocks({})},
@@ -246,18 +247,6 @@ TEST(OutputWritingTest, LinkFileNamesOfFileGroups) {
     EXPECT_EQ(names, (Lines{L"before", L"b.txt link", L"a.txt link", L"b.txt link"}));
     EXPECT_TRUE(ids.isEmpty());
     EXPECT_EQ(AssertionOf([&] { run.m_accumulator.LinkFiles(names, {5}); }), "isValid( index )");
-}
-
-TEST(OutputWritingTest, OrderingTwoMembersSelectsTheGeneralEpsilon) {
-    const auto writeWithTolerance3 = [](const Job& job) {
-        JobRun run(job);
-        CMxGeom::SetTol(eTolValue, 3.0);
-        run.m_accumulator.WriteOutPut();
-    };
-    writeWithTolerance3(Job({kM1, kM2InGroup2}));
-    EXPECT_TRUE(CurrentToleranceIs(3.0));
-    writeWithTolerance3(Job({kM1, kM2}));
-    EXPECT_TRUE(CurrentToleranceIs(0.1));
 }
 
 }  // namespace
