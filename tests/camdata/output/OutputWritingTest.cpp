@@ -184,7 +184,6 @@ const std::pair<const char*, Job> kRuns[] = {
     {"nesting-of-members-does-not-count", Job({kM3, kM1})},
     // Additional information.
     {"repeated-and-missing-blocks", Job({MemberRow(L"M1").InfoBlocks({1, 0, 1}), kM2}).InfoOrder({1, 3, 0, 1})},
-    {"long-marks-and-no-order", Job({MemberRow(L"A-mark-of-25-characters..").Qty(123456)}).InfoOrder({})},
     {"long-marks", Job({MemberRow(L"A-mark-of-25-characters..").Qty(123456).InfoBlocks({2, 2})}).InfoOrder({2, 0, 2})},
     // Positions that are not there.
     {"three-file-groups", Job({}).FileCount(3)},

@@ -9,7 +9,7 @@ namespace {
 
 /// Every kind of feature, texts that markup could stumble over, an opening, a notch and a mitre.
 std::string Everything() {
-    std::string text = nc::AllHoles();
+    std::string text = CheckedFile("all-holes");
     text.replace(text.find("Z-101"), 5, "<Z&\"1>");
     text.replace(text.find("10r Z-101"), 9, "10r Tr\xC3\xA4ger</svg>");
     text.replace(text.find("EN\n"),
