@@ -1,0 +1,24 @@
+#pragma once
+
+#include <cstdint>
+#include <vector>
+
+namespace cutting {
+
+/// A length in 0.001 mm.
+using Length = std::int64_t;
+/// A number of pieces or bars.
+using Count = std::int64_t;
+
+/// Pieces of one mark that are cut from bars.
+struct Part {
+    Length length = 0;  ///< > 0
+    Count count = 0;    ///< >= 0
+};
+
+/// All pieces of one plan, by mark. At most kMostPieces together.
+using Demand = std::vector<Part>;
+
+constexpr Count kMostPieces = 10'000'000;
+
+}  // namespace cutting

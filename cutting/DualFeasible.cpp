@@ -1,0 +1,103 @@
+#include "cutting/DualFeasible.h"
+
+#include <algorithm>
+
+namespace cutting {
+
+namespace {
+
+constexpr Length kMostSteps = 100;
+constexpr std::size_t kMostCutOffs = 400;
+
+Length CeilDivide(Length value, Length by) {
+    return (value + by - 1) / by;
+}
+
+/// Bars that the pieces need at least when a piece counts `value(width)` and a bar holds `full`.
+template <typename Value>
+Count CountBars(const Task& task, Length full, const Value& value) {
+    Length sum = 0;
+    for (const Task::Size& size : task.sizes)
+        sum += size.count * value(size.width);
+    return CeilDivide(sum, full);
+}
+
+Count BoundBySteps(const Task& task, Length capacity, Length k) {
+    return CountBars(task, k * capacity, [&](Length width) {
+        const Length scaled = (k + 1) * width;
+        return scaled % capacity == 0 ? k * width : scaled / capacity * capacity;
+    });
+}
+
+/// Pieces below the cut-off count nothing, those that only go with such pieces a whole bar.
+Count BoundByCutOff(const Task& task, Length capacity, Length cutOff) {
+    return CountBars(task, capacity, [&](Length width) {
+        if (width > capacity - cutOff)
+            return capacity;
+        return width >= cutOff ? width : 0;
+    });
+}
+
+/// A long piece counts the pieces of the cut-off's width that it leaves no room for.
+Count BoundByRoom(const Task& task, Length capacity, Length cutOff) {
+    const Length most = capacity / cutOff;
+    return CountBars(task, most, [&](Length width) {
+        if (2 * width > capacity)
+            return most - (capacity - width) / cutOff;
+        return Length(width >= cutOff ? 1 : 0);
+    });
+}
+
+std::vector<Length> CutOffs(const Task& task, Length capacity) {
+    std::vector<Length> cutOffs;
+    for (const Task::Size& size : task.sizes) {
+        const Length cutOff = 2 * size.width <= capacity ? size.width : capacity - size.width;
+        if (cutOff > 0)
+            cutOffs.push_back(cutOff);
+    }
+    std::sort(cutOffs.begin(), cutOffs.end());
+    cutOffs.erase(std::unique(cutOffs.begin(), cutOffs.end()), cutOffs.end());
+    const std::size_t step = cutOffs.size() / kMostCutOffs + 1;
+    std::vector<Length> some;
+    for (std::size_t i = 0; i < cutOffs.size(); i += step)
+        some.push_back(cutOffs[i]);
+    return some;
+}
+
+Count FindBarBound(const Task& task) {
+    const Length capacity = task.kinds.front().capacity;
+    Count bound = CountBars(task, capacity, [](Length width) { return width; });
+    for (Length k = 1; k <= kMostSteps; ++k)
+        bound = std::max(bound, BoundBySteps(task, capacity, k));
+    for (const Length cutOff : CutOffs(task, capacity)) {
+        bound = std::max(bound, BoundByCutOff(task, capacity, cutOff));
+        bound = std::max(bound, BoundByRoom(task, capacity, cutOff));
+    }
+    return bound;
+}
+
+/// As if every bar could be filled, and all were of the kind with the cheapest length.
+Cost BoundByCheapestLength(const Task& task) {
+    const Task::Kind* cheapest = &task.kinds.front();
+    for (const Task::Kind& kind : task.kinds)
+        if (kind.cost * cheapest->capacity < cheapest->cost * kind.capacity)
+            cheapest = &kind;
+    Length sum = 0;
+    for (const Task::Size& size : task.sizes)
+        sum += size.count * size.width;
+    const Length whole = sum / cheapest->capacity;
+    return whole * cheapest->cost +
+           CeilDivide(sum % cheapest->capacity * cheapest->cost, cheapest->capacity);
+}
+
+}  // namespace
+
+Cost FindQuickBound(const Task& task) {
+    if (task.sizes.empty())
+        return 0;
+    if (task.kinds.size() == 1 && task.kinds.front().count == kUnlimited)
+        return FindBarBound(task) * task.kinds.front().cost;
+    return BoundByCheapestLength(task);
+}
+
+}  // namespace cutting

@@ -1,0 +1,11 @@
+#pragma once
+
+#include "cutting/Task.h"
+
+namespace cutting {
+
+/// A cost that no solution for all pieces of the task goes below, from sums over the pieces: of one
+/// kind with dual feasible functions, of several from the cheapest length alone.
+Cost FindQuickBound(const Task& task);
+
+}  // namespace cutting

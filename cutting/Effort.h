@@ -1,0 +1,21 @@
+#pragma once
+
+#include <cstdint>
+
+namespace cutting {
+
+/// Work that may still be done, in counted steps of about a nanosecond each. Counting instead of
+/// looking at a clock gives the same plan on every machine.
+class Effort {
+  public:
+    explicit Effort(std::int64_t steps) : m_left(steps) {}
+
+    void Spend(std::int64_t steps) { m_left -= steps; }
+    bool IsSpent() const { return m_left <= 0; }
+    std::int64_t GetLeft() const { return m_left; }
+
+  private:
+    std::int64_t m_left;
+};
+
+}  // namespace cutting

@@ -1,0 +1,12 @@
+#pragma once
+
+#include "cutting/Task.h"
+
+namespace cutting {
+
+/// The longest piece first, each on the first bar that has room for it. New bars are of one kind,
+/// where the piece fits it; in the end each bar becomes one of the cheapest kind that holds its
+/// pieces. The cheapest of the plans that the kinds without limit give. Merged.
+Solution FitDecreasing(const Task& task, const Rest& rest);
+
+}  // namespace cutting

@@ -1,0 +1,99 @@
+#include "cutting/Planner.h"
+
+#include "cutting/Chunks.h"
+#include "cutting/DualFeasible.h"
+#include "cutting/FirstFit.h"
+#include "cutting/Task.h"
+
+#include <algorithm>
+
+namespace cutting {
+
+namespace {
+
+/// Longer lists get more steps, in proportion; lists that are solved by chunks a base and as many
+/// per piece.
+constexpr Count kPiecesOfSteps = 50'000;
+constexpr std::int64_t kShareOfBase = 16;
+
+Length LongestUsable(const std::vector<Stock>& stocks) {
+    Length longest = 0;
+    for (const Stock& stock : stocks)
+        if (stock.count != 0)
+            longest = std::max(longest, stock.GetUsable());
+    return longest;
+}
+
+/// The demand without the pieces that are longer than every bar.
+Demand WithoutTooLong(Demand demand, const std::vector<Stock>& stocks) {
+    const Length longest = LongestUsable(stocks);
+    for (Part& part : demand)
+        if (part.length > longest)
+            part.count = 0;
+    return demand;
+}
+
+void AddTooLong(Plan& plan, const Demand& demand, const std::vector<Stock>& stocks) {
+    const Length longest = LongestUsable(stocks);
+    for (std::size_t part = 0; part < demand.size(); ++part) {
+        if (demand[part].length <= longest || demand[part].count == 0)
+            continue;
+        plan.uncut.resize(demand.size());
+        plan.uncut[part] = demand[part].count;
+    }
+}
+
+/// Makes a plan of what `solve` makes of the task.
+template <typename Solve>
+Plan MakePlan(const Demand& demand, const std::vector<Stock>& stocks, const Solve& solve) {
+    const Demand fitting = WithoutTooLong(demand, stocks);
+    const Task task = MakeTask(fitting, stocks);
+    Plan plan;
+    if (!task.sizes.empty()) {
+        const Answer answer = solve(task);
+        plan = MakePlanOf(task, answer.solution, fitting, stocks);
+        plan.bound = plan.uncut.empty() ? answer.bound * task.costUnit : 0;
+    }
+    AddTooLong(plan, demand, stocks);
+    return plan;
+}
+
+Count CountPieces(const Task& task) {
+    Count pieces = 0;
+    for (const Task::Size& size : task.sizes)
+        pieces += size.count;
+    return pieces;
+}
+
+Answer SolveWithin(const Task& task, std::int64_t steps) {
+    const bool isLong = task.sizes.size() > kMostSizesOfDive;
+    const Count pieces = CountPieces(task);
+    const std::int64_t base = isLong ? steps / kShareOfBase : 0;
+    Effort effort(base +
+                  steps / kPiecesOfSteps * (isLong ? pieces : std::max(pieces, kPiecesOfSteps)));
+    Answer answer = AnswerQuickly(task, effort);
+    if (isLong)
+        ImproveByChunks(task, effort, answer);
+    else
+        Dive(task, effort, answer);
+    return answer;
+}
+
+}  // namespace
+
+Plan MakeLeastPlan(const Demand& demand, const std::vector<Stock>& stocks, std::int64_t steps) {
+    return MakePlan(demand, stocks, [&](const Task& task) { return SolveWithin(task, steps); });
+}
+
+Plan MakeFirstFitPlan(const Demand& demand, const std::vector<Stock>& stocks) {
+    return MakePlan(demand, stocks, [](const Task& task) {
+        return Answer{FitDecreasing(task, Rest(task)), 0};
+    });
+}
+
+Cost FindCostBound(const Demand& demand, const std::vector<Stock>& stocks) {
+    const Task task = MakeTask(WithoutTooLong(demand, stocks), stocks);
+    return FindQuickBound(task) * task.costUnit;
+}
+
+}  // namespace cutting

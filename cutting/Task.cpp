@@ -1,0 +1,252 @@
+#include "cutting/Task.h"
+
+#include <algorithm>
+#include <functional>
+#include <limits>
+#include <map>
+#include <numeric>
+#include <tuple>
+#include <utility>
+
+namespace cutting {
+
+namespace {
+
+/// An uncut piece costs more than any bar, but not so much that the prices lose their digits.
+constexpr Cost kCostOfUncut = 4;
+
+Length SmallestKerf(const std::vector<Stock>& stocks) {
+    Length smallest = std::numeric_limits<Length>::max();
+    for (const Stock& stock : stocks)
+        smallest = std::min(smallest, stock.kerf);
+    return smallest;
+}
+
+/// What the widths of all pieces on all stocks have in common.
+Length CommonDivisor(const Demand& demand, const std::vector<Stock>& stocks, Length kerf) {
+    Length divisor = 0;
+    for (const Part& part : demand)
+        divisor = std::gcd(divisor, part.length + kerf);
+    for (const Stock& stock : stocks)
+        divisor = std::gcd(divisor, stock.kerf - kerf);
+    return std::max<Length>(divisor, 1);
+}
+
+std::vector<Task::Size> MakeSizes(const Demand& demand, Length kerf, Length unit) {
+    std::map<Length, Count, std::greater<>> counts;
+    for (const Part& part : demand)
+        if (part.count > 0)
+            counts[(part.length + kerf) / unit] += part.count;
+    std::vector<Task::Size> sizes;
+    for (const auto& [width, count] : counts)
+        sizes.push_back({width, count});
+    return sizes;
+}
+
+/// Where a piece may find no bar any more, bars without end stand for those that are not there.
+void AddKindForUncut(Task& task) {
+    Length longest = 0;
+    Length longestUnlimited = 0;
+    Cost highest = 1;
+    for (const Task::Kind& kind : task.kinds) {
+        longest = std::max(longest, kind.capacity - kind.extra);
+        if (kind.count == kUnlimited)
+            longestUnlimited = std::max(longestUnlimited, kind.capacity - kind.extra);
+        highest = std::max(highest, kind.cost);
+    }
+    if (!task.sizes.empty() && task.sizes.front().width > longestUnlimited)
+        task.kinds.push_back({longest, 0, kCostOfUncut * highest, kUnlimited, Task::kNoStock});
+}
+
+/// Hands the pieces of each size out to the marks of that length.
+class Marks {
+  public:
+    Marks(const Demand& demand, const Task& task, Length kerf, Length unit)
+        : m_marks(task.sizes.size()) {
+        std::map<Length, std::size_t> sizes;
+        for (std::size_t size = 0; size < task.sizes.size(); ++size)
+            sizes[task.sizes[size].width] = size;
+        for (std::size_t part = demand.size(); part-- > 0;)
+            if (demand[part].count > 0)
+                m_marks[sizes.at((demand[part].length + kerf) / unit)].push_back(
+                    {part, demand[part].count});
+    }
+
+    /// Bars that can be cut alike before one of the marks runs out; at least 1.
+    Count CountAlike(const Pattern& pattern, Count most) const {
+        for (const Take& take : pattern.takes)
+            most = std::min(most, m_marks[take.size].back().count / take.count);
+        return std::max<Count>(most, 1);
+    }
+
+    /// The cuts of that many bars.
+    std::vector<Cut> TakeBars(const Pattern& pattern, Count bars) {
+        std::vector<Cut> cuts;
+        for (const Take& take : pattern.takes)
+            for (Count left = take.count; left > 0;)
+                cuts.push_back(TakeMark(m_marks[take.size], left, bars));
+        return cuts;
+    }
+
+  private:
+    static Cut TakeMark(std::vector<Cut>& marks, Count& left, Count bars) {
+        Cut& mark = marks.back();
+        const Cut cut = {mark.part, std::min(left, mark.count / bars)};
+        left -= cut.count;
+        mark.count -= cut.count * bars;
+        if (mark.count == 0)
+            marks.pop_back();
+        return cut;
+    }
+
+    std::vector<std::vector<Cut>> m_marks;  ///< by size; the next mark last
+};
+
+void AddBars(Plan& plan,
+             std::size_t stock,
+             std::vector<Cut> cuts,
+             Count bars,
+             const Demand& demand,
+             const std::vector<Stock>& stocks) {
+    Length pieceLength = 0;
+    Count pieces = 0;
+    for (const Cut& cut : cuts) {
+        pieceLength += cut.count * demand[cut.part].length;
+        pieces += cut.count;
+    }
+    plan.cost += bars * stocks[stock].cost;
+    plan.bars.push_back(
+        {stock, std::move(cuts), bars, OffCutOf(stocks[stock], pieceLength, pieces)});
+}
+
+void AddUncut(Plan& plan, const std::vector<Cut>& cuts, Count bars, std::size_t parts) {
+    plan.uncut.resize(parts);
+    for (const Cut& cut : cuts)
+        plan.uncut[cut.part] += cut.count * bars;
+}
+
+}  // namespace
+
+Rest::Rest(const Task& task) {
+    for (const Task::Size& size : task.sizes)
+        pieces.push_back(size.count);
+    for (const Task::Kind& kind : task.kinds)
+        bars.push_back(kind.count);
+}
+
+bool Rest::IsCut() const {
+    return std::all_of(pieces.begin(), pieces.end(), [](Count count) { return count == 0; });
+}
+
+Count Rest::CountUses(const Pattern& pattern) const {
+    Count uses = bars[pattern.kind] == kUnlimited ? kMostPieces : bars[pattern.kind];
+    for (const Take& take : pattern.takes)
+        uses = std::min(uses, pieces[take.size] / take.count);
+    return uses;
+}
+
+void Rest::Use(const Pattern& pattern, Count times) {
+    for (const Take& take : pattern.takes)
+        pieces[take.size] -= times * take.count;
+    if (bars[pattern.kind] != kUnlimited)
+        bars[pattern.kind] -= times;
+}
+
+Task MakeTask(const Demand& demand, const std::vector<Stock>& stocks) {
+    const Length kerf = SmallestKerf(stocks);
+    const Length unit = CommonDivisor(demand, stocks, kerf);
+    Task task;
+    task.sizes = MakeSizes(demand, kerf, unit);
+    Cost costUnit = 0;
+    for (const Stock& stock : stocks)
+        costUnit = std::gcd(costUnit, stock.cost);
+    task.costUnit = std::max<Cost>(costUnit, 1);
+    for (std::size_t i = 0; i < stocks.size(); ++i) {
+        const Stock& stock = stocks[i];
+        if (stock.count != 0 && stock.GetUsable() > 0)
+            task.kinds.push_back({(stock.GetUsable() + stock.kerf) / unit,
+                                  (stock.kerf - kerf) / unit,
+                                  stock.cost / task.costUnit,
+                                  stock.count,
+                                  i});
+    }
+    AddKindForUncut(task);
+    return task;
+}
+
+Plan MakePlanOf(const Task& task,
+                const Solution& solution,
+                const Demand& demand,
+                const std::vector<Stock>& stocks) {
+    const Length kerf = SmallestKerf(stocks);
+    Marks marks(demand, task, kerf, CommonDivisor(demand, stocks, kerf));
+    Plan plan;
+    for (const auto& [pattern, times] : solution) {
+        const std::size_t stock = task.kinds[pattern.kind].stock;
+        for (Count left = times; left > 0;) {
+            const Count bars = marks.CountAlike(pattern, left);
+            std::vector<Cut> cuts = marks.TakeBars(pattern, bars);
+            left -= bars;
+            if (stock == Task::kNoStock)
+                AddUncut(plan, cuts, bars, demand.size());
+            else
+                AddBars(plan, stock, std::move(cuts), bars, demand, stocks);
+        }
+    }
+    return plan;
+}
+
+Length SlackOf(const Task& task, const Pattern& pattern) {
+    Length slack = task.kinds[pattern.kind].capacity;
+    for (const Take& take : pattern.takes)
+        slack -= take.count * task.WidthOn(pattern.kind, take.size);
+    return slack;
+}
+
+Cost CostOf(const Task& task, const Solution& solution) {
+    Cost cost = 0;
+    for (const auto& [pattern, times] : solution)
+        cost += times * task.kinds[pattern.kind].cost;
+    return cost;
+}
+
+Pattern TrimPattern(const Pattern& pattern, const Rest& rest) {
+    Pattern trimmed = {pattern.kind, {}};
+    if (!rest.HasBar(pattern.kind))
+        return trimmed;
+    for (const Take& take : pattern.takes)
+        if (rest.pieces[take.size] > 0)
+            trimmed.takes.push_back({take.size, std::min(take.count, rest.pieces[take.size])});
+    return trimmed;
+}
+
+void MergeEqual(Solution& solution) {
+    std::sort(solution.begin(), solution.end(), [](const PatternUse& a, const PatternUse& b) {
+        return a.pattern < b.pattern;
+    });
+    Solution merged;
+    for (PatternUse& use : solution) {
+        if (!merged.empty() && merged.back().pattern == use.pattern)
+            merged.back().times += use.times;
+        else
+            merged.push_back(std::move(use));
+    }
+    solution = std::move(merged);
+}
+
+bool IsBetter(const Task& task, const Solution& solution, const Solution& than) {
+    if (solution.empty() || than.empty())
+        return than.empty() && !solution.empty();
+    const auto longestOffCut = [&](const Solution& of) {
+        Length longest = 0;
+        for (const PatternUse& use : of)
+            longest = std::max(longest, SlackOf(task, use.pattern));
+        return longest;
+    };
+    const auto score = [&](const Solution& of) {
+        return std::tuple(CostOf(task, of), of.size(), -longestOffCut(of));
+    };
+    return score(solution) < score(than);
+}
+
+}  // namespace cutting
