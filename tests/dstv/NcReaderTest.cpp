@@ -1,9 +1,11 @@
 #include "dstv/NcReader.h"
 #include "dstv/NcSample.h"
 
+#include <algorithm>
 #include <array>
 #include <cstdint>
 #include <fstream>
+#include <optional>
 #include <utility>
 #include <vector>
 
@@ -100,130 +102,71 @@ TEST(NcReader, ReadsHoleLines) {
 }
 
 std::string Replaced(std::string text, const std::string& from, const std::string& to) {
-    EXPECT_NE(text.find(from), std::string::npos);
-    for (std::size_t at = text.find(from); at != std::string::npos;
-         at = text.find(from, at + to.size()))
+    for (std::size_t at = 0; (at = text.find(from, at)) != text.npos; at += to.size())
         text.replace(at, from.size(), to);
     return text;
 }
 
-std::string WithBlocks(const std::string& blocks) {
-    return NcSample().With(blocks);
+std::vector<std::string> LinesOf(const std::string& text) {
+    std::vector<std::string> lines;
+    for (std::size_t at = 0; at < text.size(); at += lines.back().size())
+        lines.push_back(text.substr(at, text.find('\n', at) + 1 - at));
+    return lines;
 }
 
-std::string WithMark(const std::string& line) {
-    return Replaced(NcSample().With("EN\n"), "  P1\n", line + "\n");
-}
-
-std::string WithHeader(std::string NcSample::*value, const char* text) {
-    NcSample sample;
-    sample.*value = text;
-    return sample.With("EN\n");
-}
-
-TEST(NcReader, RefusesWithLineTextAndExpectation) {
-    // clang-format off
-    const std::pair<std::string, const char*> cases[] = {
-        {"", R"(1: first line "": expected ST)"},
-        {"** c\n\nT\n", R"(3: first line "T": expected ST)"},
-        {"ST\n  a\n  b\n", R"(3: header "2 lines, then the end of the file": expected 20 lines)"},
-        {"ST\n a\n b\n c\n d\n e\nBO\n", R"(7: quantity "BO": expected a whole number from 0 to 1000000000 (20 header lines before the first block))"},
-        {WithHeader(&NcSample::quantity, "1000000001"), R"(7: quantity "1000000001": expected a whole number from 0 to 1000000000)"},
-        {WithHeader(&NcSample::quantity, "x"), R"(7: quantity "x": expected a whole number from 0 to 1000000000)"},
-        {WithHeader(&NcSample::length, "6236:88"),
-         R"(10: length "6236:88": expected a number in mm, or two separated by a comma)"},
-        {WithHeader(&NcSample::width, "-1"), R"(12: flange width "-1": expected a number that is not negative)"},
-        {WithHeader(&NcSample::height, ""), R"(11: profile height "": expected a number)"},
-        {WithHeader(&NcSample::webStartCut, "88"), R"(18: skew cut "88": expected an outline that does not cross itself)"},
-        {WithHeader(&NcSample::webEndCut, "90"), R"(19: skew cut "90": expected angles from -89 to 89 degrees)"},
-        {WithBlocks("BO\n  v 1.0 2.0\n"), R"(27: hole diameter "v 1.0 2.0": expected a number in mm that is not negative)"},
-        {WithBlocks("BO\n  v 1.0 2.0 -3.0\n"), R"(27: hole diameter "-3.0": expected a number in mm that is not negative)"},
-        {WithBlocks("BO\n  w 1.0 2.0 3.0\n"), R"(27: face "w": expected v, o, u or h)"},
-        {WithBlocks("BO\n\n  1.0 2.0 3.0\n"), R"(28: face "1.0": expected v, o, u or h)"},
-        {WithBlocks("BO\n  v 1e2 2.0 3.0\n"), R"(27: reference "e2": expected o, s, u or none)"},
-        {WithBlocks("BO\n  v 1.2.3 2.0 3.0\n"), R"(27: hole X "1.2.3": expected a number with at most one point)"},
-        {WithBlocks("BO\n  v 1,2 2.0 3.0\n"), R"(27: hole X "1,2": expected a number with a decimal point, not a comma)"},
-        {WithBlocks("BO\n  v 1000000001 2.0 3.0\n"), R"(27: hole X "1000000001": expected a number up to 1000000000)"},
-        {WithBlocks("BO\n  v 1 2 3 0l 5 0\n"), R"(27: slot angle "v 1 2 3 0l 5 0": expected a number in degrees)"},
-        {WithBlocks("BO\n  v 1 2 3 0 0 0 0 7\n"), R"(27: text "7": expected the end of the line)"},
-        {WithBlocks("AK\n  v 0 0\n  10 0\nEN\n"), R"(27: contour "v 0 0": expected at least 3 points)"},
-        {WithBlocks("AK\n  v 0 0w 5\nEN\n"), R"(26: contour "AK": expected at least 3 points)"},
-        {WithBlocks("AK\n  v 0 0\n  10 0\n  0 0\nEN\n"),
-         R"(27: contour "v 0 0": expected at least 3 points that are not the same)"},
-        {WithBlocks("AK\n  v 0 0\n  100 0 20\n  100 50\n  0 0\n"),
-         R"(28: radius "100 0 20": expected at least 25.00, half the distance to the next point)"},
-        {WithBlocks("AK\n  v 0 0\n  100 100\n  100 0\n  0 100\n  0 0\n"),
-         R"(29: contour "100 0": expected an outline that does not cross itself)"},
-        {WithBlocks("E2\n 0 0 0 1 0 0 0 1 0\nB1\n  1 2 3\n"), R"(28: block "B1": expected a block E1 that defines its plane)"},
-        {WithBlocks("E1\n 0 0 0 1 0 0\n 0 1\nEN\n"), R"(26: plane "E1": expected nine numbers: origin, point on x, point on y)"},
-        {WithBlocks("E1\n 0 0 0 1 0 0\n 0 1 0 5\nEN\n"), R"(28: plane "5": expected no more than nine numbers)"},
-        {WithBlocks("E1\n 0 0 0 1 0 0\n 2 0 0\nEN\n"), R"(26: plane "E1": expected three points that are not on one line)"},
-    };
-    // clang-format on
-    for (const auto& [text, expected] : cases)
-        EXPECT_EQ(ReadError(text), std::string("part.nc1:") + expected);
-}
-
-std::string NoteLines(const NcPart& part) {
+/// What the reader tells of a file: why it refuses it, or its notes.
+std::string ToldOf(const std::string& text) {
+    const std::string refused = ReadError(text);
+    if (refused != "read")
+        return "refused " + refused.substr(refused.find(':') + 1) + "\n";
     std::string lines;
-    for (const dstv::NcNote& note : part.notes)
+    for (const dstv::NcNote& note : ReadPart(text).notes)
         lines += (note.severity == dstv::NcNote::Severity::kWarning ? "warning " : "note ") +
                  std::to_string(note.line) + ": " + note.text.toUtf8() + "\n";
     return lines;
 }
 
-TEST(NcReader, NotesWhatItForgives) {
-    const std::string box = "AK\n  v 0 0\n  9 0\n  9 9\n  0 9\n";
-    const std::string closed = box + "  0 0\n";
-    const std::string lowerCase = "st" + WithBlocks("bo\n v 1 2 3\n").substr(2);
-    const std::string tube = Replaced(WithHeader(&NcSample::webEndCut, "15"), "  SO\n", "  RO\n");
-    const std::string byPlane = "E1\n 0 0 81 9 0 81 0 9 81\nA1\n 20 0\n 30 0\n 20 9\n 20 0\n";
-    // clang-format off
-    const std::pair<std::string, const char*> cases[] = {
-        {WithBlocks("BO\n  v 1 2 3\nEN\n"), ""},
-        {"** c\n** d\n" + WithBlocks(""), "note 1: comment before ST\n"},
-        {lowerCase, "warning 1: block code \"st\" is not in capitals\nwarning 26: block code \"bo\" is not in capitals\n"},
-        {WithHeader(&NcSample::code, "Q"), "warning 9: profile code \"Q\" is not known: read as SO\n"},
-        {WithHeader(&NcSample::length, "9, 8,7"), "warning 10: more than two lengths: the first two count\n"},
-        {WithHeader(&NcSample::length, "3000,1499"), "warning 10: saw length that does not fit the length\n"},
-        {WithHeader(&NcSample::length, "3000,1500"), ""},
-        {WithHeader(&NcSample::length, "0"), "warning 10: length is 0\n"},
-        {WithMark("  " + std::string(80, 'x')), ""},
-        {WithMark("  " + std::string(81, 'x')), "warning 5: text of more than 80 characters\n"},
-        {WithMark("k A992"), "note 5: text begins in column 1, where two blanks belong\n"},
-        {WithHeader(&NcSample::webEndCut, "15"), "note 19: face v without an outline: made from the skew cuts\n"},
-        {tube, "note 19: face v without an outline: no plate that a skew cut could trim\n"},
-        {WithBlocks("AK\n  v 0 0 0 0 0 30 2\n  9 0 0 45 1\n  9 9\n  0 0\n"),
-         "note 27: weld preparation: kept beside the NC data\n"},
-        {WithBlocks("BO\n  v 1 2 3 0 20 0 0\n"), "warning 27: slot without the letter l: read as a slot\n"},
-        {WithBlocks("BO\n  v 1 2 0 0l 20 0 0\n"), "note 27: slot without a diameter: read as a line to be marked\n"},
-        {WithBlocks("SI\n  v 1 2 0\n"), "note 27: text without a height\n"},
-        {WithHeader(&NcSample::height, "17,5"), "note 11: profile height with a decimal comma\n"},
-        {WithBlocks("BR\n  what\n  ever\nEN\n"), "warning 26: block BR is not known: skipped\n"},
-        {WithBlocks("EN\n  1 2\nBO\n  v 1 2 3\nSI\n  v 1 2 0 5 A\n"),
-         "warning 27: line outside of any block: skipped \"1 2\"\nwarning 28: block BO after EN: read\nwarning 30: block SI after EN: read\n"},
-        {WithBlocks("ST\n  x\nBO\n  nonsense\n"), "warning 26: a second part begins here: only the first one is read\n"},
-        {WithBlocks(box), "warning 30: contour is not closed: closed by a straight edge\n"},
-        {WithBlocks(closed + "  v 20 0\n  30 0\n  20 9\n  20 0\n"), "note 32: another outline of the same face: kept apart\n"},
-        {WithBlocks("BO\n  v -1 2 3\n"), "warning 27: hole with a negative X\n"},
-        {WithBlocks("BO\n  o 1 90 3\n  v 1 90 3\n"), "warning 27: hole outside of its face\n"},
-        {WithBlocks("BO\n  v 2960 90 3 0l 60 0 0\n  v 2990 90 3 0l 40 0 0\n"), "warning 28: hole outside of its face\n"},
-        {WithBlocks(closed + "  0 0\n"), "note 32: closing point of a contour repeated: it does not count\n"},
-        {WithBlocks(box + "  0.009 -0.009\n"), ""},
-        {WithBlocks(box + "  0 0.02\n"), "warning 31: contour is not closed: closed by a straight edge\n"},
-        {WithBlocks(byPlane + closed), "note 34: another outline of the same face: kept apart\n"},
-        {WithBlocks(closed + "  -16611181.71 -90.16t\n"), "warning 32: notch line far outside of the piece: it does not count\n"},
-        {WithBlocks("KA\n  1 2 3\n  0 0 9 0 45\n"),
-         "note 26: block KA: kept beside the NC data, which have no place for it\n"
-         "warning 27: block KA: bend \"1 2 3\": expected X and Y of two points: line skipped\n"},
-        {WithBlocks("E1\n 0 0 0 1 0 0 1 1 0\n"),
-         "warning 26: axes of the plane are 45.00 degrees off a right angle: the y axis is turned\n"},
-        {WithBlocks("B1\n v 1 2 3\nE1\n 0 0 0 1 0 0 0 1 0\n"),
-         "warning 27: face letter in a block on a plane: it does not count\n"},
-    };
-    // clang-format on
-    for (const auto& [text, expected] : cases)
-        EXPECT_EQ(NoteLines(ReadPart(text)), expected) << text;
+/// A file of told-files.txt while it is read, and what is told of it.
+struct ToldFile {
+    std::vector<std::string> header = LinesOf(NcSample().Header());
+    std::string blocks = "EN\n";
+    std::optional<std::string> whole;
+    std::string told;
+
+    void Take(const std::string& line) {
+        const std::string text = Replaced(line.size() > 2 ? line.substr(2) : "", "\\n", "\n");
+        if (line[0] == '!')
+            told += text + "\n";
+        else if (line[0] == '+')
+            blocks = text;
+        else if (line[0] == '>')
+            whole = text;
+        else
+            header[std::stoul(text) - 1] =
+                text.substr(std::min(text.find(' '), text.size() - 1) + 1) + "\n";
+    }
+    std::string Text() const {
+        std::string text;
+        for (const std::string& line : header)
+            text += line;
+        return whole.value_or(text + blocks);
+    }
+};
+
+TEST(NcReader, TellsWhatItRefusesAndForgives) {
+    std::ifstream stream(DSTV_TEST_FOLDER "/told-files.txt", std::ios::binary);
+    ToldFile file;
+    int cases = 0;
+    for (std::string line; std::getline(stream, line);) {
+        if (!line.empty() && line[0] != '#') {
+            file.Take(line);
+        } else if (line.empty()) {
+            EXPECT_EQ(ToldOf(file.Text()), file.told) << file.Text();
+            file = ToldFile();
+            ++cases;
+        }
+    }
+    EXPECT_GT(cases, 60);
 }
 
 /// Forms of one file that differ in nothing that counts.
@@ -354,9 +297,7 @@ TEST(NcReader, SurvivesEveryDamagedByte) {
 }
 
 TEST(NcReader, SurvivesEveryDamagedLine) {
-    std::vector<std::string> lines;
-    for (std::size_t at = 0; at < kEveryBlock.size(); at += lines.back().size())
-        lines.push_back(kEveryBlock.substr(at, kEveryBlock.find('\n', at) + 1 - at));
+    const std::vector<std::string> lines = LinesOf(kEveryBlock);
     const auto joined = [](const std::vector<std::string>& parts) {
         std::string text;
         for (const std::string& part : parts)
