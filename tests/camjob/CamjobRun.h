@@ -44,6 +44,12 @@ inline std::string ArgumentFor(const TempFolder& folder, const std::string& file
     return folder.NameOf(file).toUtf8();
 }
 
+/// All that a run left, as one text.
+inline std::string ReportOf(const CamjobRun& run) {
+    return "exit code " + std::to_string(run.exitCode) + "\n---- stdout\n" + run.out +
+           "---- stderr\n" + run.err;
+}
+
 /// A file of tests/camjob/check/nc.
 inline std::string CheckedFile(const std::string& name) {
     std::ifstream stream(CAMJOB_GOLDEN_FOLDER "/check/nc/" + name + ".nc1", std::ios::binary);

@@ -27,3 +27,16 @@ inline Files ContentOf(const std::filesystem::path& folder) {
     }
     return files;
 }
+
+/// Makes a folder the current one while it lives.
+class CurrentFolder {
+  public:
+    explicit CurrentFolder(const std::filesystem::path& folder)
+        : m_before(std::filesystem::current_path()) {
+        std::filesystem::current_path(folder);
+    }
+    ~CurrentFolder() { std::filesystem::current_path(m_before); }
+
+  private:
+    std::filesystem::path m_before;
+};

@@ -125,23 +125,20 @@ class CountedInformation final : public CProjectInformation {
 
 TEST(CMxCamGlobAccTest, ProjectInformationEndsWithItsLastOwner) {
     int ends = 0;
-    std::optional<CMxCamGlobAcc> accumulator(std::in_place);
-    accumulator->showProjInfoUID();
+    CMxCamGlobAcc accumulator;
+    accumulator.showProjInfoUID();
     auto* information = new CountedInformation(ends);
-    accumulator->SetProjectInfo(information);
-    accumulator->SetProjectInfo(information);
+    accumulator.SetProjectInfo(information);
+    accumulator.SetProjectInfo(information);
     EXPECT_EQ(ends, 0);
-    std::optional<CMxCamGlobAcc> copy = accumulator;
-    EXPECT_EQ(copy->GetProjectInfo(), information);
-    accumulator->SetProjectInfo(new CountedInformation(ends));
+    CMxCamGlobAcc copy = accumulator;
+    EXPECT_EQ(copy.GetProjectInfo(), information);
+    accumulator.SetProjectInfo(new CountedInformation(ends));
     EXPECT_EQ(ends, 0);
-    copy.reset();
+    copy = CMxCamGlobAcc();
     EXPECT_EQ(ends, 1);
-    accumulator->SetProjectInfo(nullptr);
+    accumulator.SetProjectInfo(nullptr);
     EXPECT_EQ(ends, 2);
-    accumulator->SetProjectInfo(new CountedInformation(ends));
-    accumulator.reset();
-    EXPECT_EQ(ends, 3);
 }
 
 TEST(CMxCamGlobAccTest, CopiesShareListsAndCountForThemselves) {

@@ -250,14 +250,8 @@ TEST_P(CProjectInformationDlgTest, CancelledItChangesNothing) {
 }
 
 TEST_P(CProjectInformationDlgTest, ReplacingOutputTakesAYes) {
-    struct Case {
-        const char* name;
-        std::vector<std::string> existing;
-        bool answer;
-        bool withFiles;
-        bool asks;
-    };
     // clang-format off
+    struct Case { const char* name; std::vector<std::string> existing; bool answer, withFiles, asks; };
     const Case cases[] = {
         {"nothing there",                   {},              false, true,  false},
         {"the second file is not looked at", {"outHallParts & bars", "outHall"}, false, true, false},
@@ -304,22 +298,17 @@ TEST_P(CProjectInformationDlgTest, SavingSettingsTellsWhereOrWhyNot) {
     };
     EXPECT_EQ(Show(save), DialogOutcome::kCancelled);
     const ZetString name = m_folder.NameOf("settings.txt");
-    EXPECT_EQ(m_boxes,
-              (std::vector<Box>{
-                  {L"Save Settings", L"The settings are saved in\n" + name}
-    }));
+    const ZetString caption = L"Save Settings";
+    EXPECT_EQ(m_boxes, std::vector<Box>(1, {caption, L"The settings are saved in\n" + name}));
     EXPECT_EQ(m_folder.Read("settings.txt").substr(0, 12), "+Shed\n+CR-1\n");
     EXPECT_EQ(m_project.GetFileName(), L"Hall");
 
     m_project.SetProjFileName(m_folder.NameOf("none/settings.txt"));
     Show(save);
-    EXPECT_EQ(
-        m_boxes,
-        (std::vector<Box>{
-            {L"Save Settings",
-             L"The settings could not be saved in\n" + m_project.GetProjFileName() + L"\n" +
-                 ZetString::fromUtf8(SystemText(std::errc::no_such_file_or_directory)) + L"."}
-    }));
+    const ZetString failed =
+        L"The settings could not be saved in\n" + m_project.GetProjFileName() + L"\n" +
+        ZetString::fromUtf8(SystemText(std::errc::no_such_file_or_directory)) + L".";
+    EXPECT_EQ(m_boxes, std::vector<Box>(1, {caption, failed}));
     EXPECT_EQ(Show(PressOK), DialogOutcome::kConfirmed);
     ASSERT_TRUE(m_project.GetSettingsFault());
     EXPECT_EQ(m_project.GetSettingsFault()->fileName, m_project.GetProjFileName());

@@ -22,11 +22,11 @@ const bool g_startsWithEPS = CurrentToleranceIs(0.1);
 TEST(CMxGeomTest, LoadsWithTheUsualTolerancesAndLimits) {
     using G = CMxGeom;
     EXPECT_TRUE(g_startsWithEPS);
-    const Numbers tolerances = {
-        G::GetEPS(), G::GetGenTol(), G::GetXTol(), G::GetYTol(), G::GetAngTol()};
-    EXPECT_EQ(tolerances, (Numbers{0.1, 0.5, 0.5, 0.5, 0.5}));
-    const Numbers limits = {G::GetMinEdgeDist(), G::GetMinEndDist(), G::GetMinEdgeDistFromFace()};
-    EXPECT_EQ(limits, (Numbers{-1.5, -1.5, -1.0}));
+    // clang-format off
+    const Numbers values = {G::GetEPS(), G::GetGenTol(), G::GetXTol(), G::GetYTol(), G::GetAngTol(),
+                            G::GetMinEdgeDist(), G::GetMinEndDist(), G::GetMinEdgeDistFromFace()};
+    // clang-format on
+    EXPECT_EQ(values, (Numbers{0.1, 0.5, 0.5, 0.5, 0.5, -1.5, -1.5, -1.0}));
 }
 
 TEST(CMxGeomTest, SelectsAStoredToleranceOrTheGivenOne) {

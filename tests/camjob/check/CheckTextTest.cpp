@@ -20,9 +20,7 @@ void ExpectApprovedReport(const Case& row) {
         folder.Write(file, bytes);
         arguments.push_back(ArgumentFor(folder, file));
     }
-    const CamjobRun run = RunTool(arguments);
-    const std::string report = "exit code " + std::to_string(run.exitCode) + "\n---- stdout\n" +
-                               run.out + "---- stderr\n" + run.err;
+    const std::string report = ReportOf(RunTool(arguments));
     EXPECT_TRUE(MatchesGolden(
         CAMJOB_GOLDEN_FOLDER "/check/golden", row.name, WithoutFolder(report, folder)));
 }

@@ -27,22 +27,10 @@ void ExpectParts(const std::string& text, const std::vector<std::string>& parts)
         EXPECT_NE(text.find(part), std::string::npos) << "no \"" << part << "\" in:\n" << text;
 }
 
-/// Makes a folder the current one while it lives.
-class InFolder {
-  public:
-    explicit InFolder(const TempFolder& folder) : m_previous(fs::current_path()) {
-        fs::current_path(folder.PathOf(""));
-    }
-    ~InFolder() { fs::current_path(m_previous); }
-
-  private:
-    fs::path m_previous;
-};
-
 TEST(RunCommand, TellsWhatWasMadeAndWhere) {
     const TempFolder folder;
     SampleJob().Write(folder);
-    const InFolder there(folder);
+    const CurrentFolder there(folder.PathOf(""));
     const CamjobRun run = RunTool({"run", "job.toml", "--out", "made/here"});
     EXPECT_EQ(run.exitCode, 1);
     EXPECT_EQ(run.err, "");

@@ -1,4 +1,5 @@
 #include "camjob/CamjobRun.h"
+#include "camjob/FolderContent.h"
 #include "support/Golden.h"
 
 #include <algorithm>
@@ -8,25 +9,9 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// Makes a folder the current one for a while: what is printed depends on the names of the job and
-/// its output.
-class CurrentFolder {
-  public:
-    explicit CurrentFolder(const fs::path& folder) : m_before(fs::current_path()) {
-        fs::current_path(folder);
-    }
-    ~CurrentFolder() { fs::current_path(m_before); }
-    CurrentFolder(const CurrentFolder&) = delete;
-    CurrentFolder& operator=(const CurrentFolder&) = delete;
-
-  private:
-    fs::path m_before;
-};
-
 /// What a run left on the screen; names of files as Linux writes them.
 std::string PrintedBy(const CamjobRun& run) {
-    std::string text = "exit code " + std::to_string(run.exitCode) + "\n---- stdout\n" + run.out +
-                       "---- stderr\n" + run.err;
+    std::string text = ReportOf(run);
     std::replace(text.begin(), text.end(), '\\', '/');
     return text;
 }
