@@ -20,6 +20,9 @@
 /// Each coordinate is raw (the one of the hole data) until an operation moves the hole into output
 /// coordinates; from then on the corrected one counts. Positions below are the current ones, raw or
 /// corrected, unless they are called NC positions.
+///
+/// Its operations stand in CHoleAddlInfo.cpp; those that compare it with another hole in
+/// HoleDuplicateRules.cpp, and checks and report texts in HoleChecks.cpp.
 class CAMDATA_API CHoleAddlInfo {
   public:
     CHoleAddlInfo() = default;

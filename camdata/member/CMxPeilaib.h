@@ -71,6 +71,18 @@ enum eEntProp : int {
 ///
 /// The host calls SetMemObjects, SetNCObjects, SetEntTypeAndProfileName and ValidateMember, in this
 /// order. What fails in the host raises HostComError.
+///
+/// Its operations stand, by concern, in
+///
+/// - CMxPeilaib.cpp: the record, texts and objects of the host, messages by their report type
+/// - Gathering.cpp: the hole and notch records of the NC views
+/// - HolePostProcessing.cpp: countersinks, duplicates, holes inside slots, pairs, valid holes
+/// - NotchPostProcessing.cpp: duplicate and valid notches
+/// - Validation.cpp: the checks of counts and length
+/// - ErrorReport.cpp: the header lines of the error and the warning block
+/// - AssemblyParts.cpp: attached parts, what is left of single parts
+/// - MemberNesting.cpp: the parts to nest and the nests
+/// - MemberSorting.cpp: which of two members comes first
 class CAMDATA_API CMxPeilaib {
   public:
     CMxPeilaib() = default;
@@ -213,9 +225,9 @@ class CAMDATA_API CMxPeilaib {
     virtual void GenerateMemData() = 0;
     /// The member's output as one text. The library does not call it.
     virtual ZetString GetMemOutPutStr() = 0;
-    /// Writes the member to the files of its group; called once per member in output order. The
-    /// secondary parts are the members that an assembly may use up. Files and members are only lent
-    /// for the call.
+    /// Writes the member to the files of its group; called once per member in output order.
+    /// MemberFiles.h tells the files apart. The secondary parts are the members that an assembly
+    /// may use up. Files and members are only lent for the call.
     virtual void WriteMemOutPut(const ZetArray<ZetFileAccess*>& files,
                                 ZetArray<CMxPeilaib*>& secondaryParts) = 0;
     /// Writes the member's errors. The library does not call it.

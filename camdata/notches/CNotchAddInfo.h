@@ -16,6 +16,9 @@
 ///
 /// The outline and the polygon stay in the view's coordinates. The position is the mean of the
 /// outline's corners, in view coordinates until CorrectData maps Y into the member's.
+///
+/// Its operations stand in CNotchAddInfo.cpp; how it matches a corner definition, and its report
+/// texts, in NotchCornerMatch.cpp.
 class CAMDATA_API CNotchAddInfo {
   public:
     /// Puts the record back to a new one, except outline, polygon, length and width: a contour of

@@ -28,6 +28,9 @@ class CProjectInformation;
 /// own and shares the rest: the project information, the files that are held, and the member lists
 /// that were there when it was made (a member that one files in such a list, the other writes too).
 /// What is shared ends with its last owner.
+///
+/// Its operations stand in CMxCamGlobAcc.cpp: settings, tables, the filing of members; and in
+/// OutputWriting.cpp: all that opens and writes files.
 class CAMDATA_API CMxCamGlobAcc {
   public:
     CMxCamGlobAcc() = default;

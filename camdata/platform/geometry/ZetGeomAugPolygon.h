@@ -8,6 +8,9 @@
 ///
 /// Operations never move a vertex: what comes out holds the coordinates that went in, or corners of
 /// the bounding rectangle, bit for bit.
+///
+/// Its operations stand in ZetGeomAugPolygon.cpp; the smallest rectangle around it in
+/// MinRectangle.cpp, and what is left of a rectangle without it in PolygonDifference.cpp.
 class CAMDATA_API ZetGeomAugPolygon {
   public:
     ZetGeomAugPolygon() = default;
