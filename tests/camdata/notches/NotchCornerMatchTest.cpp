@@ -49,7 +49,7 @@ SCheckNotch Shape(SCheckNotch definition, int vertexCount, bool mustBeRect, bool
     return definition;
 }
 
-TEST(NotchChecks, MatchesAndFillsTheText) {
+TEST(NotchCornerMatch, MatchesAndFillsTheText) {
     const CNotchAddInfo notch = NotchAt(100, 200);
     const wchar_t* const three = L"%.0f,%.0f,%.0f";
     const SCheckNotch triangle = Shape(Corner(100, 50, three, {4, 5, 3}), 3, false, false);
@@ -105,7 +105,7 @@ TEST(NotchChecks, MatchesAndFillsTheText) {
     }
 }
 
-TEST(NotchChecks, CornersReadTheCurrentTolerance) {
+TEST(NotchCornerMatch, CornersReadTheCurrentTolerance) {
     CNotchAddInfo notch = NotchAt(20.2, 500);
     CMxGeom::SetTol(eTolValue, 0.5);
     EXPECT_FALSE(notch.CheckNotchCorner(Corner(0, -0.4))) << "around 0, not any";
@@ -117,7 +117,7 @@ TEST(NotchChecks, CornersReadTheCurrentTolerance) {
     EXPECT_TRUE(CurrentToleranceIs(0.3));
 }
 
-TEST(NotchChecks, AMatchingDefinitionNeedsTwoSelectors) {
+TEST(NotchCornerMatch, AMatchingDefinitionNeedsTwoSelectors) {
     CNotchAddInfo notch = NotchAt(20, 15);
     for (const ZetArray<int>& selectors : {ZetArray<int>{}, ZetArray<int>{4}}) {
         const auto check = [&](double x) { notch.CheckNotchCorner(Corner(x, 0, L"", selectors)); };
@@ -138,7 +138,7 @@ Lines ErrorBlock(const ZetString& face, const Lines& errors) {
     return lines;
 }
 
-TEST(NotchChecks, NamesFacesByItsOwnWords) {
+TEST(NotchCornerMatch, NamesFacesByItsOwnWords) {
     const ZetString unknown = L"unknown face";
     const Lines words = {
         L"web", L"top flange", L"bottom flange", L"web back", unknown, unknown, unknown};
@@ -149,7 +149,7 @@ TEST(NotchChecks, NamesFacesByItsOwnWords) {
     }
 }
 
-TEST(NotchChecks, ReportsErrorsAndWhatIsNotAllowed) {
+TEST(NotchCornerMatch, ReportsErrorsAndWhatIsNotAllowed) {
     for (const eNotchStatus status :
          {eNotchValid, eNotchCornerMatched, eNotchNone, eNotchNotAllowed}) {
         SCOPED_TRACE(status);
@@ -173,7 +173,7 @@ TEST(NotchChecks, ReportsErrorsAndWhatIsNotAllowed) {
     }
 }
 
-TEST(NotchChecks, ReportsWarningsUnderTheOutputText) {
+TEST(NotchCornerMatch, ReportsWarningsUnderTheOutputText) {
     CNotchAddInfo notch = NotchAt(20, 15);
     EXPECT_FALSE(notch.AppendMsg(eHoleMsgError, L"error"));
     Lines lines = {L"before"};

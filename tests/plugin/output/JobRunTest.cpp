@@ -3,6 +3,8 @@
 #include "support/Golden.h"
 #include "support/TempFolder.h"
 
+#include "camdata/platform/host/HostComError.h"
+
 #include <fstream>
 #include <string>
 
@@ -168,9 +170,17 @@ TEST(JobRun, CanBeCancelledBetweenMembersAndTellsFileFaults) {
     AddAll(run, {&a, &b});
     int asked = 0;
     EXPECT_FALSE(run.Write(folder.PathOf(""), [&asked] { return ++asked == 2; }));
-    EXPECT_EQ(folder.Read("job-orders.txt"),
-              "Members\nmember mark=\"A\" quantity=1 profile=\"Z200x2.0\" length=3000.000\nend\n")
-        << "not closed";
+    const std::string ofFirstMember =
+        "Members\nmember mark=\"A\" quantity=1 profile=\"Z200x2.0\" length=3000.000\nend\n";
+    EXPECT_EQ(folder.Read("job-orders.txt"), ofFirstMember) << "not closed";
+
+    // An error of the host or of the caller leaves no file open either.
+    JobRun failing(job, folder.PathOf(""));
+    AddAll(failing, {&a, &b});
+    asked = 0;
+    const auto fail = [&asked]() -> bool { return ++asked == 2 ? throw HostComError(5) : false; };
+    EXPECT_THROW(failing.Write(folder.PathOf(""), fail), HostComError);
+    EXPECT_EQ(folder.Read("job-orders.txt"), ofFirstMember) << "not closed";
 
     JobRun nowhere(job, folder.PathOf(""));
     EXPECT_TRUE(nowhere.Write(folder.PathOf("missing")));
