@@ -26,8 +26,12 @@ CMxCamGlobAcc Accumulator() {
     ZetArray<long> files = {4};
     ZetArray<ZetString> headers = {L"H"};
     ZetArray<eSortOrder> keys = {eSortLength};
-    groups[0].setValues(0, files, headers, keys);
+    ZetArray<long> none;
+    ZetArray<ZetString> noLines;
+    groups[0].setValues(3, none, noLines, keys);
+    groups[0].setValues(0, files, headers);
     EXPECT_TRUE(files.isEmpty() && headers.isEmpty() && keys.isEmpty());
+    EXPECT_EQ(groups[0].GetFileGroupIDs(), ZetArray<long>{4});
     groups[1].setValues(1, ZetArray<long>(), {}, {eSortMark});
     ZetArray<int> map = {0, 1, 2};
     CMxCamGlobAcc accumulator;
