@@ -22,16 +22,20 @@ inline std::string Dump(const Json& value, int indent = -1) {
 
 /// Makes an array of items, each as a function makes it.
 template <typename ItemToJson>
-struct ListMaker {
-    ItemToJson itemToJson;
+class ListMaker {
+  public:
+    constexpr ListMaker(ItemToJson itemToJson) : m_itemToJson(itemToJson) {}
 
     template <typename T>
     Json operator()(const std::vector<T>& items) const {
         Json array = Json::array();
         for (const T& item : items)
-            array.push_back(itemToJson(item));
+            array.push_back(m_itemToJson(item));
         return array;
     }
+
+  private:
+    ItemToJson m_itemToJson;
 };
 
 /// An array of texts.
