@@ -13,6 +13,7 @@
 #include <CLI/CLI.hpp>
 #include <algorithm>
 #include <iterator>
+#include <map>
 #include <sstream>
 
 namespace camjob {
@@ -40,7 +41,11 @@ struct Options {
 };
 
 void DescribeCheck(CLI::App& command, Options& options) {
-    command.add_option("FILE", options.check.files, "DSTV NC files, each reported in turn")
+    command
+        .add_option(
+            "FILE",
+            options.check.files,
+            "DSTV NC files, each reported in turn; of a folder all .nc and .nc1 files in it and below")
         ->required();
     command.add_option(
         "--job", options.check.job, "Judge the members by the rules of this job file");
@@ -71,10 +76,25 @@ int Run(const Options& options, OutputStream& out, OutputStream& err) {
     return RunJob(options.run, {disk, [&] { return interrupt.WasRequested(); }}, out, err);
 }
 
+const std::map<std::string, InitKind> kInitKinds = {
+    {"mixed",   InitKind::kMixed  },
+    {"purlins", InitKind::kPurlins},
+    {"frames",  InitKind::kFrames },
+    {"plates",  InitKind::kPlates },
+};
+
 void DescribeInit(CLI::App& command, Options& options) {
     command.add_option("DIR", options.init.folder, "Folder for the job; made when missing")
         ->required()
         ->check(FaultOfFolder);
+    auto* from = command.add_option("--from",
+                                    options.init.from,
+                                    "NC files, or folders of them, that the job is to take; they "
+                                    "stay where they are");
+    command.add_option("--kind", options.init.kind, "Without --from: what the example job is for")
+        ->transform(CLI::CheckedTransformer(kInitKinds))
+        ->option_text("purlins|plates|frames|mixed (default mixed)")
+        ->excludes(from);
 }
 
 int Init(const Options& options, OutputStream& out, OutputStream& err) {

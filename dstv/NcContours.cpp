@@ -64,7 +64,7 @@ void NcParser::ReadContourLine(NcTokens& tokens) {
     const bool isNotch = read.notch != 0;
     // A notch line after the last point still belongs to the contour that it closes.
     if (m_outline && (m_outline->place != read.place || (m_outline->isClosed && !isNotch)))
-        FinishOutline();
+        Try([this] { FinishOutline(); });
     if (!m_outline)
         m_outline.emplace().place = read.place;
     if (!isNotch)
@@ -104,7 +104,7 @@ void NcParser::CheckNotchLine(const NcNotchLine& notch) {
 void NcParser::ReadMarkLine(NcTokens& tokens) {
     const OutlineLine read = TakeOutlineLine(tokens);
     if (m_outline && m_outline->place != read.place)
-        FinishOutline();
+        Try([this] { FinishOutline(); });
     if (!m_outline)
         m_outline.emplace().place = read.place;
     AddPoint(read, tokens.GetLine());
@@ -115,6 +115,8 @@ void NcParser::FinishOutline() {
         return;
     NcOpenOutline outline = std::move(*m_outline);
     m_outline.reset();
+    if (m_block.isBroken)
+        return;
     const NcBlockType type = m_block.code.type;
     if (type == NcBlockType::kPowder || type == NcBlockType::kPunch)
         FinishMark(std::move(outline));
@@ -235,6 +237,8 @@ void NcParser::FinishPlane() {
     if (m_block.code.type != NcBlockType::kPlane)
         return;
     const std::vector<double> n = std::exchange(m_planeNumbers, {});
+    if (m_block.isBroken)
+        return;
     const auto refuse = [this](const wchar_t* expected) {
         FailAt(m_block.line, L"plane", Trimmed(m_block.line.text), expected);
     };

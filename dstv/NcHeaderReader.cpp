@@ -47,6 +47,11 @@ std::string UpperCase(std::string_view text) {
 
 }  // namespace
 
+bool IsProfileCode(std::string_view text) {
+    return std::find(std::begin(kProfileCodes), std::end(kProfileCodes), text) !=
+           std::end(kProfileCodes);
+}
+
 const std::array<NcHeaderReader::Field, NcHeaderReader::kRequired> NcHeaderReader::kFields = {
     {
      {L"order", &NcHeaderReader::ReadText, &NcHeader::order},
@@ -110,8 +115,7 @@ void NcHeaderReader::ReadCode(const NcLine& line, const Field& field) {
             line.number,
             ZetString::format(
                 L"%s \"%s\" is not in capitals", field.what, Quotable(Trimmed(line.text))));
-    const bool isKnown = std::find(std::begin(kProfileCodes), std::end(kProfileCodes), code) !=
-                         std::end(kProfileCodes);
+    const bool isKnown = IsProfileCode(code);
     if (!isKnown)
         m_notes.Warn(
             line.number,

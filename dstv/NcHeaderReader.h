@@ -9,6 +9,9 @@
 
 namespace dstv {
 
+/// A code of the standard, in capitals.
+bool IsProfileCode(std::string_view text);
+
 /// Reads the header values, one line each, that follow ST.
 class NcHeaderReader {
   public:

@@ -2,6 +2,8 @@
 
 #include "camdata/platform/text/ZetString.h"
 
+#include <vector>
+
 namespace dstv {
 
 /// Something about a file that its user should know, although the file was read.
@@ -16,7 +18,7 @@ struct NcNote {
     ZetString text;
 };
 
-/// Why a file could not be read.
+/// Why a file could not be read, at one of its lines.
 struct NcError {
     ZetString file;  ///< as the caller named it
     long line =
@@ -25,6 +27,7 @@ struct NcError {
     ZetString what;      ///< the thing that is wrong, for example "length"
     ZetString found;     ///< the text of the file, shortened when very long
     ZetString expected;  ///< for example "a number in mm, or two separated by a comma"
+    std::vector<NcError> further = {};  ///< the file's errors behind this one, each without its own
 
     /// One line without its end, for example
     /// `part.nc1:9: length "6236:88": expected a number in mm, or two separated by a comma`.

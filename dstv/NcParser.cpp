@@ -1,10 +1,14 @@
 #include "dstv/NcParser.h"
 
+#include "dstv/NcHeaderShift.h"
+#include "dstv/NcReader.h"
 #include "dstv/NcText.h"
 
 #include <algorithm>
 #include <cmath>
+#include <iterator>
 #include <string>
+#include <utility>
 
 namespace dstv {
 namespace {
@@ -62,10 +66,39 @@ NcPart NcParser::Parse(std::string_view bytes) {
     NcLines lines(WithoutMarks(bytes));
     FindStart(lines);
     ReadHeader(lines);
-    while (const std::optional<NcLine> line = lines.Next())
+    while (m_errors.size() < kMaxErrors) {
+        const std::optional<NcLine> line = lines.Next();
+        if (!line)
+            break;
         ReadLine(*line);
-    EndBlock();
+    }
+    Try([this] { EndBlock(); });
+    FailWithAll();
     return Finish();
+}
+
+/// One step of reading the blocks: false, and kept, when something is wrong; reading goes on.
+bool NcParser::Try(const std::function<void()>& step) {
+    try {
+        step();
+        return true;
+    } catch (NcFailure& failure) {
+        m_errors.push_back(std::move(failure.error));
+        return false;
+    }
+}
+
+void NcParser::FailWithAll() {
+    if (m_errors.empty())
+        return;
+    // A contour is judged at its end, with the line of its beginning.
+    std::stable_sort(m_errors.begin(), m_errors.end(), [](const NcError& a, const NcError& b) {
+        return a.line < b.line;
+    });
+    NcFailure failure{std::move(m_errors.front())};
+    failure.error.further.assign(std::make_move_iterator(m_errors.begin() + 1),
+                                 std::make_move_iterator(m_errors.end()));
+    throw failure;
 }
 
 bool NcParser::KeepComment(const NcLine& line) {
@@ -95,6 +128,30 @@ void NcParser::FindStart(NcLines& lines) {
 }
 
 void NcParser::ReadHeader(NcLines& lines) {
+    std::vector<NcLine> values;
+    try {
+        ReadHeaderLines(lines, values);
+    } catch (NcFailure& failure) {
+        TellShift(lines, values, failure.error);
+        throw;
+    }
+}
+
+/// A line that is missing or too many is found some lines later: the values behind show it.
+void NcParser::TellShift(NcLines& lines, std::vector<NcLine>& values, NcError& error) const {
+    const std::size_t wrong = values.size() - 1;
+    while (values.size() < NcHeaderReader::kRequired) {
+        const std::optional<NcLine> line = lines.Next();
+        if (!line)
+            break;
+        if (!IsComment(*line))
+            values.push_back(*line);
+    }
+    if (wrong < values.size())
+        error.expected += HintOfShiftedHeader(values, wrong);
+}
+
+void NcParser::ReadHeaderLines(NcLines& lines, std::vector<NcLine>& values) {
     long last = m_part.header.line;
     while (!m_header.IsComplete()) {
         const std::optional<NcLine> line = lines.Next();
@@ -105,6 +162,7 @@ void NcParser::ReadHeader(NcLines& lines) {
             continue;
         if (m_header.CanEnd() && IsKnownBlock(line->text))
             return ReadLine(*line);
+        values.push_back(*line);
         m_header.Read(*line);
     }
     if (!m_header.CanEnd())
@@ -118,9 +176,12 @@ void NcParser::ReadLine(const NcLine& line) {
     if (m_isAfterSecondStart || Trimmed(line.text).empty() || KeepComment(line))
         return;
     NcBlockCode code = BlockCodeOf(line.text);
-    if (code.text.empty())
-        return ReadDataLine(line);
-    EndBlock();
+    if (code.text.empty()) {
+        const bool isRead = Try([&] { ReadDataLine(line); });
+        m_block.isBroken = m_block.isBroken || !isRead;
+        return;
+    }
+    Try([this] { EndBlock(); });
     StartBlock(std::move(code), line);
 }
 

@@ -9,6 +9,7 @@
 
 #include <array>
 #include <cstddef>
+#include <functional>
 #include <optional>
 #include <string_view>
 #include <vector>
@@ -45,6 +46,8 @@ class NcParser {
         const BlockReader* reader = nullptr;  ///< null: its lines are skipped
         NcPlace place;
         bool hasPlace = false;
+        bool isBroken =
+            false;  ///< a line of it is wrong: what it would make together is not judged
         char reference = 0;
     };
 
@@ -59,7 +62,11 @@ class NcParser {
     // The walk over the lines.
     void FindStart(NcLines& lines);
     void ReadHeader(NcLines& lines);
+    void ReadHeaderLines(NcLines& lines, std::vector<NcLine>& values);
+    void TellShift(NcLines& lines, std::vector<NcLine>& values, NcError& error) const;
     void ReadLine(const NcLine& line);
+    bool Try(const std::function<void()>& step);
+    void FailWithAll();
     void StartBlock(NcBlockCode code, const NcLine& line);
     void NoteBlock();
     void NotePurpose();
@@ -121,6 +128,7 @@ class NcParser {
 
     NcPart m_part;
     NcNotes m_notes;
+    std::vector<NcError> m_errors;  ///< of the blocks
     NcHeaderReader m_header{m_part.header, m_notes};
     Block m_block;
     bool m_isAfterEnd = false;

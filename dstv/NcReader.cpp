@@ -93,6 +93,8 @@ NcResult ParseNc(std::string_view bytes, const ZetString& name, const NcReading&
         return part;
     } catch (NcFailure& failure) {
         failure.error.file = name;
+        for (NcError& error : failure.error.further)
+            error.file = name;
         return std::move(failure.error);
     }
 }

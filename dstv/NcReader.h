@@ -24,6 +24,8 @@ inline constexpr std::size_t kMaxHoles = 100'000;
 inline constexpr std::size_t kMaxOutlinePoints = 200'000;
 /// En blocks of one file.
 inline constexpr std::size_t kMaxPlanes = 1'000;
+/// Errors of one file that are told; what lies behind the last of them is not read.
+inline constexpr std::size_t kMaxErrors = 50;
 /// Notes of one file; the last one then says that there are more.
 inline constexpr std::size_t kMaxNotes = 1'000;
 

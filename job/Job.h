@@ -249,6 +249,8 @@ enum class NcEncoding {
     // clang-format on
 };
 
+/// As a job file names it; "" for none.
+const char* NameOf(eHoleFace face);
 /// As a job file and the NC reader name it.
 const char* NameOf(NcEncoding encoding);
 

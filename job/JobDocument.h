@@ -171,7 +171,12 @@ struct MemberTypeTable : PlacedTable {
 
 struct HoleRuleTable : HoleRule, PlacedTable {
     PlacedText id;
+    PlacedText code;
     PlacedText otherwiseSuffix;
+};
+
+struct UncoveredHolesTable : UncoveredRule {
+    PlacedText code{UncoveredRule().code, {}};
 };
 
 struct CornerNotchTable : CornerNotch, PlacedTable {
@@ -223,7 +228,7 @@ struct JobDocument {
     std::vector<GroupTable> groups;
     std::vector<MemberTypeTable> memberTypes;
     std::vector<HoleRuleTable> holeRules;
-    UncoveredRule uncoveredHoles;
+    UncoveredHolesTable uncoveredHoles;
     std::vector<CornerNotchTable> cornerNotches;
     UncoveredRule uncoveredNotches;
     std::vector<FixedPatternTable> patterns;

@@ -1,6 +1,7 @@
 #include "job/JobResolving.h"
 
 #include "job/BuiltInJob.h"
+#include "job/CodeFormat.h"
 #include "job/FileNames.h"
 #include "job/MemberLine.h"
 #include "job/MessageTexts.h"
@@ -147,6 +148,8 @@ class JobMaker {
     void CheckPart(const AssemblyTable& assembly, std::size_t part, const Ids& mains);
     void TakeInfo();
 
+    void TakeUncoveredHoles();
+    bool CheckCode(const PlacedText& code);
     void TakeCommentMarker();
     void CheckHeadings(const PlacedTable& table, const std::vector<ZetString>& lines);
     void CheckSlashes(const char* key, const std::string& path, Position at);
@@ -184,11 +187,25 @@ void JobMaker::TakeJob() {
     TakeCommentMarker();
     m_job.tolerances = m_document.tolerances;
     m_job.areDistancesChecked = m_document.tolerances.areDistancesChecked;
-    m_job.uncoveredHoles = m_document.uncoveredHoles;
+    TakeUncoveredHoles();
     m_job.uncoveredNotches = m_document.uncoveredNotches;
     CheckSlashes("output", m_job.outputFolder, table.output.at);
     for (const NcFilePattern& pattern : table.ncFiles)
         CheckSlashes("nc_files", pattern.text, {pattern.line, pattern.column});
+}
+
+void JobMaker::TakeUncoveredHoles() {
+    const PlacedText& code = m_document.uncoveredHoles.code;
+    m_job.uncoveredHoles = m_document.uncoveredHoles;
+    m_job.uncoveredHoles.code = code.text;
+    CheckCode(code);
+}
+
+/// False, and told, when holes cannot be called so.
+bool JobMaker::CheckCode(const PlacedText& code) {
+    const std::string fault = FaultOfCode(code.text);
+    Require(fault.empty(), code.at, "\"code\": " + fault);
+    return fault.empty();
 }
 
 /// Blanks follow it in the second line of comments and address.
@@ -448,6 +465,7 @@ void JobMaker::TakeHoleRules() {
         CheckHoleRule(table, ids);
         HoleRule& rule = m_job.holeRules.emplace_back(table);
         rule.id = table.id.text;
+        rule.code = table.code.text;
         rule.otherwiseSuffix = table.otherwiseSuffix.text;
     }
 }
@@ -461,10 +479,12 @@ void JobMaker::CheckHoleRule(const HoleRuleTable& table, const Ids& ids) {
     RequireOf(table,
               !table.isPairMust || !table.pairs.empty(),
               "\"pair_must\" is of no use without \"pairs\"");
+    const bool isCode = CheckCode(table.code);
     // A hole whose code contains the group's counts as a hole of a group.
-    RequireOf(table,
-              table.group.code.isEmpty() || !table.code.contains(table.group.code),
-              "\"code\" must not contain the group's code");
+    RequireOf(
+        table,
+        !isCode || table.group.code.isEmpty() || NeverContains(table.code.text, table.group.code),
+        "\"code\" must not contain the group's code");
     if (suffix.text.isEmpty())
         return;
     Require(!table.excludedMembers.empty(),

@@ -356,9 +356,16 @@ constexpr Key kHoleGroupKeys[] = {
     Row<GroupRule, &GroupRule::isMust>("must", "Whether a hole outside a group is a fault (`missing_group`)."),
 };
 
+constexpr const char* kUncoveredActionMeaning = "report: a finding, and no output. output: a finding, and output under `code`. accept: output under `code`.";
+
 constexpr Key kUncoveredKeys[] = {
-    Row<UncoveredRule, &UncoveredRule::action>("action", "report: a finding, and no output. output: a finding, and output under `code`. accept: output under `code`."),
+    Row<UncoveredRule, &UncoveredRule::action>("action", kUncoveredActionMeaning),
     Row<UncoveredRule, &UncoveredRule::code>("code", "What they are output as."),
+};
+
+constexpr Key kUncoveredHolesKeys[] = {
+    Row<UncoveredHolesTable, &UncoveredRule::action>("action", kUncoveredActionMeaning),
+    Row<UncoveredHolesTable, &UncoveredHolesTable::code>("code", "What they are output as; filled in like the `code` of a hole rule."),
 };
 
 constexpr Key kCornerNotchKeys[] = {
@@ -409,6 +416,7 @@ constexpr KeyTable kLimitsTable{kLimitsKeys};
 constexpr KeyTable kReportTable{kReportKeys};
 constexpr KeyTable kPairTable{kPairKeys};
 constexpr KeyTable kHoleGroupTable{kHoleGroupKeys};
+constexpr KeyTable kUncoveredHolesTable{kUncoveredHolesKeys};
 constexpr KeyTable kUncoveredTable{kUncoveredKeys};
 constexpr KeyTable kCornerNotchTable{kCornerNotchKeys};
 constexpr KeyTable kPatternHoleTable{kPatternHoleKeys};
@@ -433,6 +441,7 @@ template <> constexpr const KeyTable& KeysOf<LimitsTable>() { return kLimitsTabl
 template <> constexpr const KeyTable& KeysOf<ReportTable>() { return kReportTable; }
 template <> constexpr const KeyTable& KeysOf<PairRule>() { return kPairTable; }
 template <> constexpr const KeyTable& KeysOf<GroupRule>() { return kHoleGroupTable; }
+template <> constexpr const KeyTable& KeysOf<UncoveredHolesTable>() { return kUncoveredHolesTable; }
 template <> constexpr const KeyTable& KeysOf<UncoveredRule>() { return kUncoveredTable; }
 template <> constexpr const KeyTable& KeysOf<CornerNotchTable>() { return kCornerNotchTable; }
 template <> constexpr const KeyTable& KeysOf<PatternHoleTable>() { return kPatternHoleTable; }
@@ -474,7 +483,7 @@ constexpr Key kHoleRuleKeys[] = {
     Row<HoleRuleTable, &HoleRule::excludedMembers>("excluded_members", "Profile names that the rule is not for."),
     Row<HoleRuleTable, &HoleRule::memberNameLength>("member_name_length", "How much of the profile name they are compared with: the first characters; below 0: all but the last; 0: the whole name.", {.range = kNameCharacters}),
     Row<HoleRuleTable, &HoleRuleTable::otherwiseSuffix>("otherwise_suffix", "This rule's id with the suffix is the rule for excluded members.", {.defaultNote = "none: `excluded_hole`"}),
-    Row<HoleRuleTable, &HoleRule::code>("code", "What the machine calls these holes.", {.isRequired = true}),
+    Row<HoleRuleTable, &HoleRuleTable::code>("code", "What the machine calls these holes. `{diameter}`, `{length}`, `{width}`, `{face}`, `{x}`, `{y}` and `{depth}` are filled in.", {.isRequired = true}),
     Row<HoleRuleTable, &HoleRule::pairs>("pairs", "Second holes that are made in one stroke with the first."),
     Row<HoleRuleTable, &HoleRule::isPairMust>("pair_must", "Whether a hole without its second hole is a fault (`missing_pair`)."),
     Row<HoleRuleTable, &HoleRule::group>("group", "Holes in one column that are made in one stroke.", {.defaultNote = "no groups"}),
@@ -549,6 +558,10 @@ void ListTablesIn(const KeyTable& table, const std::string& path, std::vector<Jo
 }
 
 }  // namespace
+
+const char* NameOf(eHoleFace face) {
+    return face >= 0 && face < eHoleFaceNone ? kFaces[static_cast<std::size_t>(face)].word : "";
+}
 
 const char* NameOf(NcEncoding encoding) {
     return kNcEncodings[static_cast<std::size_t>(encoding)].word;

@@ -26,7 +26,7 @@ contents() {
     local file
     for file in README.txt bin/camdata.dll bin/camjob.exe lib/libcamdata.dll.a include/camdata/camdata.h \
         lib/cmake/camdata/camdataConfig.cmake examples/minimal-plugin/CMakeLists.txt examples/nc \
-        third-party-notices/{00-overview,libcli11-dev,nlohmann-json3-dev,libtomlplusplus-dev}.txt \
+        third-party-notices/{00-overview,libcli11-dev,libfmt-dev,nlohmann-json3-dev,libtomlplusplus-dev}.txt \
         third-party-notices/{g++-mingw-w64-x86-64-posix,mingw-w64-x86-64-dev}.txt; do
         [ -e "$unpacked/$file" ] || fail "$file is missing"
     done

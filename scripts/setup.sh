@@ -6,8 +6,8 @@
 set -euo pipefail
 
 declare -A packages=(
-    [build]="cmake ninja-build g++ googletest libcli11-dev libtomlplusplus-dev nlohmann-json3-dev
-        qt6-base-dev"
+    [build]="cmake ninja-build g++ googletest libcli11-dev libtomlplusplus-dev libfmt-dev
+        nlohmann-json3-dev qt6-base-dev"
     [windows]="g++-mingw-w64-x86-64-posix wine wine64 fonts-wine"
     [bench]="libbenchmark-dev"
     [pictures]="xvfb xauth imagemagick"

@@ -4,6 +4,7 @@
 #include "camjob/check/CheckJson.h"
 #include "camjob/check/CheckText.h"
 #include "camjob/console/ExitCode.h"
+#include "camjob/input/NcFolderSearch.h"
 
 #include <memory>
 #include <optional>
@@ -48,7 +49,7 @@ int RunCheck(const CheckOptions& options, OutputStream& out, OutputStream& err) 
     CheckSummary summary;
     const std::unique_ptr<CheckWriter> writer = MakeWriter(options.asJson, out, err);
     writer->Begin();
-    for (const std::string& name : options.files) {
+    for (const std::string& name : FindNcFiles(options.files)) {
         ReportFile(CheckFile(name, {rules, !options.job.empty()}), *writer, summary);
         if (!out.Flush())
             break;

@@ -9,7 +9,7 @@ namespace camjob {
 
 /// The command line of `camjob check`.
 struct CheckOptions {
-    std::vector<std::string> files;  ///< names in UTF-8, in the order of the report
+    std::vector<std::string> files;  ///< files and folders in UTF-8, in the order of the report
     std::string job;  ///< file of the job whose rules count, UTF-8; "": no rules of any machine
     bool asJson = false;
 };

@@ -33,6 +33,8 @@ std::variant<dstv::NcFileEntity, dstv::NcError> ReadEntity(const std::string& na
 
 void WriteError(const dstv::NcError& error, OutputStream& err) {
     err.Write(Printable(OneLine(error.describe()) + L"\n"));
+    for (const dstv::NcError& further : error.further)
+        WriteError(further, err);
 }
 
 }  // namespace camjob

@@ -19,7 +19,7 @@ std::optional<job::Job> ReadRules(const std::string& name, OutputStream& err);
 std::variant<dstv::NcFileEntity, dstv::NcError> ReadEntity(const std::string& name,
                                                            const job::Job& job);
 
-/// One line for people.
+/// A line for people, and one for each error of the file behind it.
 void WriteError(const dstv::NcError& error, OutputStream& err);
 
 }  // namespace camjob

@@ -183,9 +183,10 @@ void CheckJsonWriter::AddRead(const CheckReport& report) {
 
 void CheckJsonWriter::AddRefused(const dstv::NcError& error) {
     AddFile(Dump({
-        {"file",   error.file.toUtf8()},
-        {"status", "refused"          },
-        {"error",  ToJson(error)      },
+        {"file",    error.file.toUtf8()  },
+        {"status",  "refused"            },
+        {"error",   ToJson(error)        },
+        {"further", ListOf(error.further)},
     }));
 }
 

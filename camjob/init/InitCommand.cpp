@@ -2,9 +2,15 @@
 
 #include "camjob/console/ExitCode.h"
 #include "camjob/console/Paths.h"
+#include "camjob/console/ReportText.h"
 #include "camjob/disk/RevocableFiles.h"
+#include "camjob/init/JobDraftText.h"
+#include "camjob/init/NcSurvey.h"
+#include "camjob/input/NcFolderSearch.h"
 #include "job/templates/InitTemplates.h"
 
+#include <algorithm>
+#include <iterator>
 #include <system_error>
 
 namespace camjob {
@@ -13,41 +19,126 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// The first file that stands in the way; null when there is none.
-const job::TemplateFile* FindExisting(const fs::path& folder) {
-    for (const job::TemplateFile& file : job::kInitTemplates) {
-        std::error_code ignored;
-        if (fs::exists(fs::symlink_status(folder / PathFromUtf8(file.name), ignored)))
-            return &file;
-    }
-    return nullptr;
+struct KindRow {
+    InitKind kind;
+    std::vector<job::SampleKind> samples;
+};
+
+const KindRow kKinds[] = {
+    {InitKind::kMixed,
+     {job::SampleKind::kPurlins, job::SampleKind::kFrames, job::SampleKind::kPlates}},
+    {InitKind::kPurlins, {job::SampleKind::kPurlins}                                },
+    {InitKind::kFrames,  {job::SampleKind::kFrames, job::SampleKind::kPlates}       },
+    {InitKind::kPlates,  {job::SampleKind::kPlates}                                 },
+};
+
+std::vector<job::TemplateFile> SamplesOf(InitKind kind) {
+    const auto row = std::find_if(
+        std::begin(kKinds), std::end(kKinds), [&](const KindRow& r) { return r.kind == kind; });
+    std::vector<job::TemplateFile> files;
+    for (const job::SampleFile& sample : job::kSampleFiles)
+        if (std::find(row->samples.begin(), row->samples.end(), sample.kind) != row->samples.end())
+            files.push_back(sample.file);
+    return files;
 }
 
-std::string NameOf(const fs::path& folder, const job::TemplateFile& file) {
-    return Utf8FromPath(folder / PathFromUtf8(file.name));
-}
+/// One call of the command. A step that finds it at its end says so and returns an exit code other
+/// than kExitDone.
+class InitRun {
+  public:
+    InitRun(const InitOptions& options, OutputStream& out, OutputStream& err)
+        : m_options(options), m_folder(PathFromUtf8(options.folder)), m_out(out), m_err(err) {
+        if (options.from.empty())
+            m_samples = SamplesOf(options.kind);
+    }
+
+    int Run() {
+        if (const int code = CheckPlaces(); code != kExitDone)
+            return code;
+        for (const job::TemplateFile& sample : m_samples)
+            if (!Write(sample.name, sample.text))
+                return kExitNotWritten;
+        const bool isTemplate = m_options.from.empty() && m_options.kind == InitKind::kPurlins;
+        const int code = isTemplate ? WriteJob(job::kJobTemplate.text) : WriteDraftedJob();
+        if (code == kExitDone)
+            Tell();
+        return code;
+    }
+
+  private:
+    std::string NameOf(const char* file) const {
+        return Utf8FromPath(m_folder / PathFromUtf8(file));
+    }
+
+    int CheckPlaces() {
+        std::vector<const char*> names = {job::kJobTemplate.name};
+        for (const job::TemplateFile& sample : m_samples)
+            names.push_back(sample.name);
+        for (const char* name : names) {
+            std::error_code ignored;
+            if (fs::exists(fs::symlink_status(m_folder / PathFromUtf8(name), ignored)))
+                return Refuse(NameOf(name) + " is there already: nothing was written");
+        }
+        return kExitDone;
+    }
+
+    int Refuse(const std::string& text) {
+        m_err.Write("camjob: " + text + "\n");
+        return kExitBadInput;
+    }
+
+    bool Write(const char* name, std::string_view text) {
+        if (m_files.Write(m_folder / PathFromUtf8(name), text))
+            return true;
+        m_err.Write("camjob: " + NameOf(name) + " could not be written: nothing was left behind\n");
+        return false;
+    }
+
+    int WriteJob(std::string_view text) {
+        if (!Write(job::kJobTemplate.name, text))
+            return kExitNotWritten;
+        m_files.Keep();
+        return kExitDone;
+    }
+
+    int WriteDraftedJob() {
+        std::vector<std::string> files = FindNcFiles(m_options.from);
+        for (const job::TemplateFile& sample : m_samples)
+            files.push_back(NameOf(sample.name));
+        const JobDraft draft = DraftJob(SurveyNcFiles(files), m_folder);
+        for (const RefusedFile& file : draft.leftOut)
+            m_err.Write(Printable(OneLine(ZetString::fromUtf8(file.reason))) + "\n");
+        m_fileCount = draft.fileCount;
+        m_leftOut = draft.leftOut.size();
+        if (draft.fileCount == 0)
+            return Refuse("none of these files can be in a job: nothing was written");
+        return WriteJob(WriteJobText(draft));
+    }
+
+    void Tell() {
+        for (const job::TemplateFile& sample : m_samples)
+            m_out.Write(NameOf(sample.name) + "\n");
+        m_out.Write(NameOf(job::kJobTemplate.name) + "\n");
+        if (!m_options.from.empty())
+            m_out.Write(std::to_string(m_fileCount) + " NC files are in the job, " +
+                        std::to_string(m_leftOut) + " are not\n");
+        m_out.Write("Next: camjob run " + NameOf(job::kJobTemplate.name) + "\n");
+    }
+
+    const InitOptions& m_options;
+    const fs::path m_folder;
+    OutputStream& m_out;
+    OutputStream& m_err;
+    std::vector<job::TemplateFile> m_samples;
+    RevocableFiles m_files;
+    long m_fileCount = 0;
+    std::size_t m_leftOut = 0;
+};
 
 }  // namespace
 
 int RunInit(const InitOptions& options, OutputStream& out, OutputStream& err) {
-    const fs::path folder = PathFromUtf8(options.folder);
-    if (const job::TemplateFile* file = FindExisting(folder)) {
-        err.Write("camjob: " + NameOf(folder, *file) + " is there already: nothing was written\n");
-        return kExitBadInput;
-    }
-    RevocableFiles files;
-    for (const job::TemplateFile& file : job::kInitTemplates) {
-        if (!files.Write(folder / PathFromUtf8(file.name), file.text)) {
-            err.Write("camjob: " + NameOf(folder, file) +
-                      " could not be written: nothing was left behind\n");
-            return kExitNotWritten;
-        }
-    }
-    files.Keep();
-    for (const job::TemplateFile& file : job::kInitTemplates)
-        out.Write(NameOf(folder, file) + "\n");
-    out.Write("Next: camjob run " + NameOf(folder, job::kInitTemplates.front()) + "\n");
-    return kExitDone;
+    return InitRun(options, out, err).Run();
 }
 
 }  // namespace camjob

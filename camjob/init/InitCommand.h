@@ -3,16 +3,28 @@
 #include "camjob/console/OutputStream.h"
 
 #include <string>
+#include <vector>
 
 namespace camjob {
 
-/// The command line of `camjob init`.
-struct InitOptions {
-    std::string folder;  ///< UTF-8; made when missing
+/// What an example job is for.
+enum class InitKind {
+    kMixed,    ///< one member of each kind
+    kPurlins,  ///< with every key of a job, and comments
+    kFrames,
+    kPlates,
 };
 
-/// Writes a commented job with an NC file to start from. Replaces no file that is there, and leaves
-/// none behind when one cannot be written. Returns the exit code.
+/// The command line of `camjob init`.
+struct InitOptions {
+    std::string folder;             ///< UTF-8; made when missing
+    std::vector<std::string> from;  ///< NC files and folders of them, UTF-8; none: an example
+    InitKind kind = InitKind::kMixed;
+};
+
+/// Writes a commented job to start from: for the NC files, which stay where they are, or for
+/// examples that it writes too. Replaces no file that is there, and leaves none behind when one
+/// cannot be written. Returns the exit code.
 int RunInit(const InitOptions& options, OutputStream& out, OutputStream& err);
 
 }  // namespace camjob

@@ -36,7 +36,10 @@ void JobInput::Read(const std::filesystem::path& file) {
     const std::size_t position = m_position++;
     dstv::NcResult result = dstv::ReadNcFile(file, m_reading);
     if (const auto* error = std::get_if<dstv::NcError>(&result)) {
-        ListFor(m_job.nc.unreadable).push_back({position, FaultOfReading(*error)});
+        std::vector<PlacedFault>& list = ListFor(m_job.nc.unreadable);
+        list.push_back({position, FaultOfReading(*error)});
+        for (const dstv::NcError& further : error->further)
+            list.push_back({position, FaultOfReading(further)});
         return;
     }
     ++m_counts.filesRead;

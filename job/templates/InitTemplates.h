@@ -11,7 +11,21 @@ struct TemplateFile {
     std::string_view text;
 };
 
-/// The job file first. The files themselves lie beside this one.
-extern const std::array<TemplateFile, 2> kInitTemplates;
+/// What a sample is.
+enum class SampleKind {
+    kPurlins,
+    kFrames,
+    kPlates,
+};
+
+/// An NC file to start with.
+struct SampleFile {
+    TemplateFile file;
+    SampleKind kind;
+};
+
+/// A job for the purlin among the samples that shows every key. The files lie beside this one.
+extern const TemplateFile kJobTemplate;
+extern const std::array<SampleFile, 4> kSampleFiles;
 
 }  // namespace job

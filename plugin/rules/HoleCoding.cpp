@@ -1,4 +1,7 @@
+#include "job/CodeFormat.h"
 #include "plugin/rules/JobMember.h"
+
+#include <utility>
 
 namespace plugin {
 
@@ -6,6 +9,16 @@ namespace {
 
 constexpr const wchar_t* kUncoveredText = L"No hole rule covers it";
 constexpr const wchar_t* kExcludedText = L"Its hole rule excludes this member";
+
+job::CodeValues ValuesOf(const CHoleAddlInfo& hole) {
+    return {hole.GetSize(),
+            OverallLength(hole),
+            hole.GetSize(),
+            job::NameOf(hole.GetViewData().GetHoleFace()),
+            hole.GetXPos(),
+            hole.GetYPos(),
+            hole.GetHoleData().depth};
+}
 
 }  // namespace
 
@@ -26,8 +39,11 @@ void JobMember::CodeHoles() {
 
 /// A coded hole may become the second of a pair, until it is settled.
 void JobMember::CodeHole(CHoleAddlInfo& hole, const HoleRuleMatcher::Entry& entry) {
-    hole.SetHoleCode(entry.job->code);
-    hole.SetHoleOutPutCode(entry.code);
+    const ZetString text = job::FillCode(entry.job->code, ValuesOf(hole));
+    CHoleOutPutCode code = entry.code;
+    code.SetHoleCode(StandardCode(text));
+    hole.SetHoleCode(text);
+    hole.SetHoleOutPutCode(std::move(code));
     hole.SetHoleStatus(eHoleStatusWaitsForPair);
 }
 
@@ -37,7 +53,7 @@ void JobMember::HandleUncoveredHole(CHoleAddlInfo& hole) {
         return RefuseHole(job::kUncoveredHole, kUncoveredText, hole);
     if (uncovered.action == job::Uncovered::kOutput)
         FileHole(job::kUncoveredHole, kUncoveredText, hole);
-    hole.SetHoleCode(uncovered.code);
+    hole.SetHoleCode(job::FillCode(uncovered.code, ValuesOf(hole)));
     hole.SetHoleStatus(eHoleStatusWaitsForPair);
 }
 

@@ -14,12 +14,6 @@ namespace {
 /// Status of codes that pair: any but "not set" will do, the library only keeps it.
 constexpr long kPairs = 0;
 
-CHoleCode StandardCode(const ZetString& text) {
-    CHoleCode code;
-    code.SetValues(text, kPairs);
-    return code;
-}
-
 CHoleCode CodeOf(const job::PairRule& pair) {
     CHoleCode code = StandardCode(pair.code);
     code.SetPairReplaceStr(pair.prefix);
@@ -100,6 +94,12 @@ bool IsRectangular(const job::HoleRule& rule) {
 }
 
 }  // namespace
+
+CHoleCode StandardCode(const ZetString& text) {
+    CHoleCode code;
+    code.SetValues(text, kPairs);
+    return code;
+}
 
 HoleRuleMatcher::HoleRuleMatcher(const std::vector<job::HoleRule>& rules)
     : m_hasRectangles(std::any_of(rules.begin(), rules.end(), IsRectangular)) {

@@ -3,6 +3,7 @@
 #include "job/Job.h"
 
 #include "camdata/holes/CHoleAddlInfo.h"
+#include "camdata/holes/CHoleCode.h"
 #include "camdata/holes/CHoleOutPutCode.h"
 #include "camdata/holes/CHoleRule.h"
 #include "camdata/platform/text/ZetString.h"
@@ -41,6 +42,9 @@ class HoleRuleMatcher {
     std::vector<Entry> m_entries;
     bool m_hasRectangles = false;
 };
+
+/// A code that pairs, as the library keeps it.
+CHoleCode StandardCode(const ZetString& text);
 
 /// The size of a slot or rectangle along its length, from end to end; of any other hole its size.
 double OverallLength(const CHoleAddlInfo& hole);

@@ -54,7 +54,7 @@ const Case kCases[] = {
     {"Bad",                  {"check", "{}bad.nc1"},                2, "1 file refused\n",                "bad.nc1:10: length \"6236:88\": exp"},
     {"BadThenGood",          {"check", "{}bad.nc1", "{}good.nc1"},  2, "  refused    1\n",                "bad"                                },
     {"Missing",              {"check", "{}gone.nc1"},               2, "1 file refused\n",                "gone.nc1: "                         },
-    {"Folder",               {"check", "{}"},                       2, "1 file refused\n",                "expected"                           },
+    {"Folder",               {"check", "{}"},                       2, "  refused    1\n",                "bad.nc1:10"                         },
     {"StandardInput",        {"check", "-"},                        2, "1 file refused\n",                "-: standard input \"-\": expected"  },
     {"JsonAfterFiles",       {"check", "{}good.nc1", "--json"},     0, "\"schema\"",                      ""                                   },
     {"DashInAName",          {"check", "--", "{}-x.nc1"},           0, "1 file read",                     ""                                   },

@@ -1,0 +1,51 @@
+#include "dstv/NcHeaderShift.h"
+
+#include "dstv/NcHeaderReader.h"
+#include "dstv/NcText.h"
+
+#include <algorithm>
+
+namespace dstv {
+namespace {
+
+constexpr std::size_t kCodeAt = 7;
+/// So far from its place the profile code is looked for, lines.
+constexpr std::size_t kMostShift = 3;
+
+/// A length, or two with a comma.
+bool IsLength(const NcLine& line) {
+    const std::string_view text = Trimmed(line.text);
+    return ParseNumber(Trimmed(text.substr(0, text.find(','))), false).has_value();
+}
+
+/// The profile code is the one header text that can be told by itself, and a length follows it.
+bool IsCode(const std::vector<NcLine>& lines, std::size_t at) {
+    return at + 1 < lines.size() && IsProfileCode(Trimmed(lines[at].text)) &&
+           IsLength(lines[at + 1]);
+}
+
+/// The place of the profile code; where it belongs when it is found nowhere.
+std::size_t FindCode(const std::vector<NcLine>& lines) {
+    for (std::size_t shift = 0; shift <= kMostShift; ++shift)
+        for (const std::size_t at : {kCodeAt - shift, kCodeAt + shift})
+            if (IsCode(lines, at))
+                return at;
+    return kCodeAt;
+}
+
+}  // namespace
+
+ZetString HintOfShiftedHeader(const std::vector<NcLine>& lines, std::size_t value) {
+    const std::size_t code = FindCode(lines);
+    if (code == kCodeAt || value >= lines.size())
+        return {};
+    const wchar_t* const what = code < kCodeAt
+                                    ? L"a header line before it seems to be missing"
+                                    : L"there seems to be a header line too many before it";
+    return ZetString::format(L"; the profile code \"%s\" stands in line %d: %s",
+                             Quotable(Trimmed(lines[code].text)),
+                             lines[code].number,
+                             what);
+}
+
+}  // namespace dstv
