@@ -1,5 +1,7 @@
 #pragma once
 
+#include "job/ValidationTypes.h"
+
 #include "camdata/holes/eHoleFace.h"
 #include "camdata/holes/eHoleShapeType.h"
 #include "camdata/member/eSortOrder.h"
@@ -8,6 +10,7 @@
 #include "camdata/platform/text/ZetString.h"
 #include "camdata/rules/CMemTypeAndAttrib.h"
 #include "camdata/rules/CMemberValidations.h"
+#include "camdata/rules/eReportingTypes.h"
 
 #include <array>
 #include <cstddef>
@@ -97,6 +100,14 @@ struct MemberType {
     FlangeZero topFlange;
     FlangeZero bottomFlange;
     std::optional<std::size_t> pattern;  ///< position in Job::patterns
+    bool areMarksMade = false;           ///< marks and texts become machine records
+    /// Of the checks from kFirstOwnType on.
+    std::array<eReportingTypes, kValidationTypes - kFirstOwnType> ownReports = {
+        eReportingError, eReportingError, eReportingError, eReportingError, eReportingWarning};
+
+    /// What a finding of a check does, one of eValidationTypes or ValidationType.
+    eReportingTypes GetReportType(int check) const;
+    void SetReportType(int check, eReportingTypes report);
 };
 
 /// A second hole that is made in one stroke with the first.
@@ -159,6 +170,22 @@ struct CornerNotch {
     SCheckNotch definition;
     NotchCorner along = NotchCorner::kStart;
     NotchCorner across = NotchCorner::kStart;
+};
+
+/// A whole side of a face.
+enum class TrimSide {
+    kStart,  ///< where the member starts
+    kEnd,
+    kLower,  ///< the edge at Y = 0
+    kUpper,
+};
+
+/// A cut along a whole side of a face that the machine has a code for. Empty lists match any.
+struct TrimRule {
+    ZetString id;
+    std::vector<eHoleFace> faces;
+    std::vector<TrimSide> sides;
+    ZetString code;
 };
 
 /// One hole of a fixed-position pattern.
@@ -260,12 +287,19 @@ enum class WhenNot {
     kLeaveOut,  ///< the rest is made, and the file is told
 };
 
+/// What warnings of the NC reader do.
+enum class NcWarnings {
+    kReport,
+    kRefuse,  ///< nothing is made
+};
+
 /// How NC files are taken.
 struct NcInput {
     MarkSource mark = MarkSource::kMark;
     NcEncoding encoding = NcEncoding::kAuto;
     WhenNot unreadable = WhenNot::kRefuse;
     WhenNot unmatched = WhenNot::kRefuse;  ///< no member type takes it
+    NcWarnings warnings = NcWarnings::kReport;
 };
 
 /// A name or pattern of NC files, and where the job file has it.
@@ -294,6 +328,7 @@ struct Job {
     UncoveredRule uncoveredHoles;
     std::vector<CornerNotch> cornerNotches;  ///< the first that fits is a notch's
     UncoveredRule uncoveredNotches;
+    std::vector<TrimRule> trims;  ///< the first that fits counts
     std::vector<FixedPattern> patterns;
     std::vector<Assembly> assemblies;
     std::array<std::vector<ZetString>, kInfoBlockCount> infoHeaders;  ///< first lines of each block

@@ -144,7 +144,7 @@ struct LimitsTable : PlacedTable {
 
 /// By eValidationTypes and ValidationType.
 struct ReportTable {
-    std::array<std::optional<eReportingTypes>, kLongerThanStock + 1> types;
+    std::array<std::optional<eReportingTypes>, kValidationTypes> types;
 };
 
 struct MemberTypeTable : PlacedTable {
@@ -167,6 +167,7 @@ struct MemberTypeTable : PlacedTable {
     LimitsTable limits;
     ReportTable report;
     PlacedText pattern;
+    bool areMarksMade = false;
 };
 
 struct HoleRuleTable : HoleRule, PlacedTable {
@@ -188,6 +189,10 @@ struct CornerNotchTable : CornerNotch, PlacedTable {
     bool isParallel = false;
     PlacedText output;
     std::vector<NotchValue> values;
+};
+
+struct TrimTable : TrimRule {
+    PlacedText id;
 };
 
 struct PatternHoleTable : PatternHole, PlacedTable {
@@ -231,6 +236,7 @@ struct JobDocument {
     UncoveredHolesTable uncoveredHoles;
     std::vector<CornerNotchTable> cornerNotches;
     UncoveredRule uncoveredNotches;
+    std::vector<TrimTable> trims;
     std::vector<FixedPatternTable> patterns;
     std::vector<AssemblyTable> assemblies;
     AdditionalInfoTable additionalInfo;

@@ -116,6 +116,7 @@ class JobMaker {
         TakeMemberTypes();
         TakeHoleRules();
         TakeCornerNotches();
+        TakeTrims();
         TakeAssemblies();
         TakeInfo();
         CheckShadowed(m_document, m_faults);
@@ -144,6 +145,7 @@ class JobMaker {
     void TakeCornerNotches();
     void CheckCornerNotch(const CornerNotchTable& table);
     void CheckNotchValues(const CornerNotchTable& table);
+    void TakeTrims();
     void TakeAssemblies();
     void CheckPart(const AssemblyTable& assembly, std::size_t part, const Ids& mains);
     void TakeInfo();
@@ -360,6 +362,10 @@ MemberType JobMaker::MakeMemberType(const MemberTypeTable& table) {
             "the group of single parts takes its members from the assemblies alone");
     type.type = MakeDimensions(table, type.group);
     type.limits = MakeLimits(table);
+    for (std::size_t check = 0; check < table.report.types.size(); ++check)
+        if (const auto& report = table.report.types[check])
+            type.SetReportType(static_cast<int>(check), *report);
+    type.areMarksMade = table.areMarksMade;
     type.topFlange = table.topFlange;
     type.bottomFlange = table.bottomFlange;
     if (table.pattern.at.line > 0)
@@ -451,9 +457,6 @@ CMemberValidations JobMaker::MakeLimits(const MemberTypeTable& table) {
     RequireOf(given,
               limits.GetMinimumLength() <= limits.GetMaximumLength(),
               "\"min_length\" must not be above \"max_length\"");
-    for (std::size_t type = 0; type < table.report.types.size(); ++type)
-        if (const auto& report = table.report.types[type])
-            limits.SetReportType(static_cast<eValidationTypes>(type), *report);
     return limits;
 }
 
@@ -541,6 +544,14 @@ void JobMaker::CheckNotchValues(const CornerNotchTable& table) {
               count == 0 || (count >= kSizesOfNotch && count <= kMostNotchValues && areInPlace),
               "\"values\" are two of \"length\" and \"width\", then at most one of \"x\", "
               "\"corner_x\", \"y\" and \"corner_y\"");
+}
+
+void JobMaker::TakeTrims() {
+    Ids ids("[[trim]]");
+    for (const TrimTable& table : m_document.trims) {
+        ids.Add(table.id, m_faults);
+        m_job.trims.emplace_back(table).id = table.id.text;
+    }
 }
 
 void JobMaker::TakeAssemblies() {

@@ -2,9 +2,11 @@
 
 #include "job/JobKeys.h"
 #include "job/JobValue.h"
+#include "job/ReportWords.h"
 
 #include "camdata/holes/eHoleFace.h"
 
+#include <algorithm>
 #include <iterator>
 
 // The one list of the job file's keys: each row reads its key, and docs/job-file.md lists it.
@@ -136,6 +138,11 @@ constexpr Choice<WhenNot> kWhenNot[] = {
     {WhenNot::kLeaveOut, "leave_out"},
 };
 
+constexpr Choice<NcWarnings> kNcWarnings[] = {
+    {NcWarnings::kReport, "report"},
+    {NcWarnings::kRefuse, "refuse"},
+};
+
 constexpr Choice<LineEnds> kLineEnds[] = {
     {LineEnds::kLf, "lf"},
     {LineEnds::kCrLf, "crlf"},
@@ -164,6 +171,13 @@ constexpr Choice<NotchCorner> kAlong[] = {
     {NotchCorner::kAny, "any"},
 };
 
+constexpr Choice<TrimSide> kSides[] = {
+    {TrimSide::kStart, "start"},
+    {TrimSide::kEnd, "end"},
+    {TrimSide::kLower, "lower"},
+    {TrimSide::kUpper, "upper"},
+};
+
 constexpr Choice<NotchAcross> kAcross[] = {
     {NotchAcross::kLower, "lower"},
     {NotchAcross::kUpper, "upper"},
@@ -181,12 +195,14 @@ template <> std::span<const Choice<eReportingTypes>> ChoicesOf() { return kRepor
 template <> std::span<const Choice<MarkSource>> ChoicesOf() { return kMarkSources; }
 template <> std::span<const Choice<NcEncoding>> ChoicesOf() { return kNcEncodings; }
 template <> std::span<const Choice<WhenNot>> ChoicesOf() { return kWhenNot; }
+template <> std::span<const Choice<NcWarnings>> ChoicesOf() { return kNcWarnings; }
 template <> std::span<const Choice<LineEnds>> ChoicesOf() { return kLineEnds; }
 template <> std::span<const Choice<Uncovered>> ChoicesOf() { return kUncoveredActions; }
 template <> std::span<const Choice<NotchValue>> ChoicesOf() { return kNotchValues; }
 template <> std::span<const Choice<InfoBlock>> ChoicesOf() { return kInfoBlocks; }
 template <> std::span<const Choice<NotchCorner>> ChoicesOf() { return kAlong; }
 template <> std::span<const Choice<NotchAcross>> ChoicesOf() { return kAcross; }
+template <> std::span<const Choice<TrimSide>> ChoicesOf() { return kSides; }
 
 namespace {
 
@@ -203,6 +219,7 @@ constexpr Key kNcKeys[] = {
     Row<NcInput, &NcInput::encoding>("encoding", "How names in the files are written. \"auto\": each text is UTF-8 when it can be, else Windows-1252."),
     Row<NcInput, &NcInput::unreadable>("unreadable", "What a file does that cannot be read. refuse: nothing is made. leave_out: the rest is made; the file is listed with its reason, and the exit code is 1."),
     Row<NcInput, &NcInput::unmatched>("unmatched", "The same for a file that no member type takes."),
+    Row<NcInput, &NcInput::warnings>("warnings", "What a warning of the reader does, for example that a hole lies outside of its face. report: it is printed. refuse: nothing is made."),
 };
 
 constexpr Key kProjectKeys[] = {
@@ -339,10 +356,15 @@ constexpr Key kReportKeys[] = {
     Report<kDuplicateNotch>("duplicate_notch", "A notch repeats another and is left out.", "\"warning\""),
     Report<kUncoveredNotch>("uncovered_notch", "No corner notch describes a notch.", "\"error\""),
     Report<kFixedPattern>("fixed_pattern", "A hole of the fixed pattern is missing.", "\"error\""),
-    Report<kQuantity>("quantity", "More pieces than `max_quantity`.", "\"error\""),
+    Report<kQuantity>("quantity", "More pieces than `max_quantity`, or none at all.", "\"error\""),
     Report<kLongerThanStock>("longer_than_stock", "A member to be nested is longer than the stock bar.", "\"error\""),
+    Report<kUncoveredTrim>("uncovered_trim", "No trim covers what an outline leaves away at a whole side of its face.", "\"error\""),
+    Report<kUnclearCut>("unclear_cut", "No operations tell an outline or a saw cut as it is.", "\"error\""),
+    Report<kHoleOutside>("hole_outside", "A hole lies outside of its face or of the member, and is not made.", "\"error\""),
+    Report<kLoneCountersink>("lone_countersink", "A countersink has no hole at its place, or one that has a countersink already, and is not made.", "\"error\""),
+    Report<kUnclearPlane>("unclear_plane", "A plane of its own shows neither the web nor, within the tolerance, a flange: its features count on the face of the view before it.", "\"warning\""),
 };
-static_assert(std::size(kReportKeys) == kLongerThanStock + 1);
+static_assert(std::size(kReportKeys) == kValidationTypes);
 
 constexpr Key kPairKeys[] = {
     Row<PairRule, &PairRule::code>("code", "Text that the second hole's code contains.", {.isRequired = true}),
@@ -378,6 +400,13 @@ constexpr Key kCornerNotchKeys[] = {
     Row<CornerNotchTable, &CornerNotchTable::isParallel>("parallel", "Whether a side must run along the member."),
     Row<CornerNotchTable, &CornerNotchTable::output>("output", "Its text for the machine, with a conversion such as `%.1f` for each of `values`.", {.isRequired = true}),
     Row<CornerNotchTable, &CornerNotchTable::values>("values", "Two or three numbers for the text: the first two `length` or `width`, the third a place.", {.isRequired = true}),
+};
+
+constexpr Key kTrimKeys[] = {
+    Row<TrimTable, &TrimTable::id>("id", "Name of the trim in this job.", {.isRequired = true}),
+    Row<TrimTable, &TrimRule::faces>("faces", "The faces that it is for.", {.defaultNote = "any"}),
+    Row<TrimTable, &TrimRule::sides>("sides", "The sides of a face that it is for.", {.defaultNote = "any"}),
+    Row<TrimTable, &TrimRule::code>("code", "What the machine calls it.", {.isRequired = true}),
 };
 
 constexpr Key kPatternHoleKeys[] = {
@@ -419,6 +448,7 @@ constexpr KeyTable kHoleGroupTable{kHoleGroupKeys};
 constexpr KeyTable kUncoveredHolesTable{kUncoveredHolesKeys};
 constexpr KeyTable kUncoveredTable{kUncoveredKeys};
 constexpr KeyTable kCornerNotchTable{kCornerNotchKeys};
+constexpr KeyTable kTrimTable{kTrimKeys};
 constexpr KeyTable kPatternHoleTable{kPatternHoleKeys};
 constexpr KeyTable kAssemblyPartTable{kAssemblyPartKeys};
 constexpr KeyTable kAdditionalInfoTable{kAdditionalInfoKeys};
@@ -444,6 +474,7 @@ template <> constexpr const KeyTable& KeysOf<GroupRule>() { return kHoleGroupTab
 template <> constexpr const KeyTable& KeysOf<UncoveredHolesTable>() { return kUncoveredHolesTable; }
 template <> constexpr const KeyTable& KeysOf<UncoveredRule>() { return kUncoveredTable; }
 template <> constexpr const KeyTable& KeysOf<CornerNotchTable>() { return kCornerNotchTable; }
+template <> constexpr const KeyTable& KeysOf<TrimTable>() { return kTrimTable; }
 template <> constexpr const KeyTable& KeysOf<PatternHoleTable>() { return kPatternHoleTable; }
 template <> constexpr const KeyTable& KeysOf<AssemblyPartTable>() { return kAssemblyPartTable; }
 template <> constexpr const KeyTable& KeysOf<AdditionalInfoTable>() { return kAdditionalInfoTable; }
@@ -469,6 +500,7 @@ constexpr Key kMemberTypeKeys[] = {
     Row<MemberTypeTable, &MemberTypeTable::shortName>("short_name", "What it is called for short; kept with the type, not printed.", {.defaultNote = "its id"}),
     Row<MemberTypeTable, &MemberTypeTable::limits>("limits", "What a member may have; see the checks in brackets under `report`.", {.defaultNote = "no limits"}),
     Row<MemberTypeTable, &MemberTypeTable::report>("report", "What a finding of each check does. `warning`: a line in the warnings. `non_standard`: the same, and the member counts as non-standard; `non_standard_silent`: without the line. `error`: a line in the errors, and the member is not made. `second_...`: the same in a list of its own behind the first.", {.defaultNote = "as below"}),
+    Row<MemberTypeTable, &MemberTypeTable::areMarksMade>("marks", "Whether the machine makes marks and texts: records `mark`."),
     Row<MemberTypeTable, &MemberTypeTable::pattern>("fixed_pattern", "The fixed pattern that they must have, by id.", {.defaultNote = "none"}),
 };
 
@@ -528,6 +560,7 @@ constexpr Key kDocumentKeys[] = {
     Row<JobDocument, &JobDocument::uncoveredHoles>("uncovered_holes", "What happens to holes that no hole rule covers (`uncovered_hole`).", {.isTop = true}),
     Row<JobDocument, &JobDocument::cornerNotches>("corner_notch", "A notch at a corner that the machine has a text for. The first that fits is a notch's.", {.isTop = true}),
     Row<JobDocument, &JobDocument::uncoveredNotches>("uncovered_notches", "What happens to notches that no corner notch describes (`uncovered_notch`).", {.isTop = true}),
+    Row<JobDocument, &JobDocument::trims>("trim", "A cut along a whole side of a face that the machine has a code for. The first that fits counts; a list that is not given fits any.", {.isTop = true}),
     Row<JobDocument, &JobDocument::patterns>("fixed_pattern", "The holes that members of one length must have.", {.isTop = true}),
     Row<JobDocument, &JobDocument::assemblies>("assembly", "A main part and what is fixed to it.", {.isTop = true}),
     Row<JobDocument, &JobDocument::additionalInfo>("additional_info", "The lists of members in the file `info`.", {.isTop = true}),
@@ -565,6 +598,18 @@ const char* NameOf(eHoleFace face) {
 
 const char* NameOf(NcEncoding encoding) {
     return kNcEncodings[static_cast<std::size_t>(encoding)].word;
+}
+
+const char* NameOfCheck(int check) {
+    return kReportKeys[check].name;
+}
+
+const char* NameOfReport(eReportingTypes report) {
+    const auto* const at =
+        std::find_if(std::begin(kReportTypes), std::end(kReportTypes), [&](const auto& choice) {
+            return choice.value == report;
+        });
+    return at == std::end(kReportTypes) ? NameOfReport(eReportingWarning) : at->word;
 }
 
 std::vector<JobKeyTable> ListJobKeys() {

@@ -8,6 +8,7 @@ enum ExitCode : int {
     kExitInvalidMembers = 1,  ///< done, but some members have errors
     kExitBadInput = 2,        ///< bad usage, or an input that cannot be read
     kExitNotWritten = 3,      ///< an output could not be written
+    kExitFault = 4,           ///< a fault of the program, caught before it could do harm
     kExitCancelled = 130,     ///< stopped by Ctrl-C, as shells tell it
 };
 

@@ -1,6 +1,7 @@
 #include "camjob/run/RunJson.h"
 
 #include "camjob/console/ReportJson.h"
+#include "job/ReportWords.h"
 
 #include <array>
 
@@ -12,7 +13,7 @@ namespace {
 constexpr const char* kSchema = "camjob-run/1";
 
 /// By the value of RunStatus.
-constexpr std::array kStatusWords = {"done", "refused", "cancelled", "failed", "declined"};
+constexpr std::array kStatusWords = {"done", "refused", "cancelled", "failed", "declined", "fault"};
 
 Json ToJson(const RunFault& fault) {
     return {
@@ -32,6 +33,84 @@ Json ToJson(const RunInput& input) {
     };
 }
 
+Json ToJson(const RunNote& note) {
+    const bool isWarning = note.note.severity == dstv::NcNote::Severity::kWarning;
+    return {
+        {"file",     note.file                     },
+        {"line",     note.note.line                },
+        {"severity", isWarning ? "warning" : "note"},
+        {"text",     note.note.text.toUtf8()       },
+    };
+}
+
+/// By Account.
+constexpr std::array kAccountNames = {
+    "made", "refused", "not_made", "set_aside", "noted", "not_for_machine"};
+static_assert(kAccountNames.size() == plugin::kAccountCount);
+
+Json ToJson(const plugin::AccountNumbers& accounts) {
+    Json object = Json::object();
+    for (std::size_t i = 0; i < kAccountNames.size(); ++i)
+        object[kAccountNames[i]] = accounts.features[i];
+    return object;
+}
+
+Json OrNull(const std::optional<double>& value) {
+    return value ? Json(*value) : Json();
+}
+
+/// A feature with its place: a hosted tag is a line of the file.
+Json ToJson(const plugin::Feature& feature) {
+    return {
+        {"kind", ZetString(plugin::WordOf(feature.kind)).toUtf8()},
+        {"line", feature.tag                                     },
+    };
+}
+
+Json ToJson(const plugin::Finding& finding, const std::string& file) {
+    return {
+        {"type",     job::NameOfCheck(finding.type)                             },
+        {"report",   job::NameOfReport(finding.report)                          },
+        {"text",     finding.text.toUtf8()                                      },
+        {"rule",     finding.rule.isEmpty() ? Json() : Json(finding.rule.toUtf8())},
+        {"required", OrNull(finding.required)                                   },
+        {"found",    OrNull(finding.found)                                      },
+        {"feature",  finding.feature ? ToJson(*finding.feature) : Json()        },
+        {"file",     file                                                       },
+        {"line",     finding.feature ? finding.feature->tag : 0                 },
+    };
+}
+
+/// By SetAside.
+constexpr std::array kReasonNames = {"", "marked", "inside_slot", "duplicate", "countersink"};
+
+Json ToJson(const plugin::SetAsideFeature& setAside, const std::string& file) {
+    const bool hasOther = setAside.other.tag != 0;
+    return {
+        {"feature", ToJson(setAside.feature)                                },
+        {"reason",  kReasonNames[static_cast<std::size_t>(setAside.reason)]},
+        {"other",   hasOther ? ToJson(setAside.other) : Json()              },
+        {"file",    file                                                    },
+        {"line",    setAside.feature.tag                                    },
+    };
+}
+
+template <typename T>
+Json ListIn(const std::string& file, const std::vector<T>& items) {
+    Json array = Json::array();
+    for (const T& item : items)
+        array.push_back(ToJson(item, file));
+    return array;
+}
+
+Json ToJson(const RunUnmadeFile& file) {
+    return {
+        {"file",     file.file            },
+        {"mark",     file.mark.toUtf8()   },
+        {"accounts", ToJson(file.accounts)},
+    };
+}
+
 Json ToJson(const RunMember& member) {
     const plugin::MemberResult& result = member.result;
     return {
@@ -44,6 +123,9 @@ Json ToJson(const RunMember& member) {
         {"warnings",    result.outcome.hasWarnings  },
         {"nonStandard", result.outcome.isNonStandard},
         {"left",        result.left                 },
+        {"accounts",    ToJson(member.accounts)     },
+        {"findings",    ListIn(member.file, result.findings)},
+        {"setAside",    ListIn(member.file, result.setAside)},
     };
 }
 
@@ -94,7 +176,10 @@ void WriteRunJson(const RunReport& report, OutputStream& out) {
         {"faults",                ListOf(report.faults)                                },
         {"leftOut",               ListOf(report.leftOut)                               },
         {"input",                 ToJson(report.input)                                 },
+        {"notes",                 ListOf(report.notes)                                 },
+        {"unmadeFiles",           ListOf(report.unmadeFiles)                           },
         {"members",               ListOf(report.members)                               },
+        {"accounts",              ToJson(report.SumAccounts())                         },
         {"groups",                ListOf(report.groups)                                },
         {"bars",                  ListOf(report.nests)                                 },
         {"files",                 ListOf(report.files)                                 },

@@ -70,7 +70,14 @@ class JobRun::Member final : public JobMember {
     long GetOrdered() const { return m_ordered; }
     MemberResult GetResult() const {
         const long left = IsSecondaryPart() ? GetQty() : 0;
-        return {GetMark(), GetProfileName(), GetGroupPosition(), m_ordered, GetOutcome(), left};
+        MemberResult result;
+        result.mark = GetMark();
+        result.profileName = GetProfileName();
+        result.group = GetGroupPosition();
+        result.quantity = m_ordered;
+        result.outcome = GetOutcome();
+        result.left = left;
+        return result;
     }
 
   private:
@@ -113,6 +120,7 @@ bool JobRun::ReadSettings() {
 }
 
 JobRun::Added JobRun::Add(ZetNCEntity& entity) {
+    m_lastLedger = {};
     ZetNCCreator creator;
     creator.setNCEntity(&entity);
     creator.create();
@@ -127,6 +135,7 @@ JobRun::Added JobRun::Add(ZetNCEntity& entity) {
     if (!member->getIsPartOfAssy())
         member->SettleReport();
     member->MakeOutput();
+    m_lastLedger = member->TakeLedger();
     m_members.push_back(std::move(member));
     return Added::kAdded;
 }
@@ -288,10 +297,14 @@ JobRun::Member* JobRun::FindNestHolder(std::size_t group) const {
 
 // ---- results ------------------------------------------------------------------------------------
 
-std::vector<MemberResult> JobRun::GetMemberResults() const {
+std::vector<MemberResult> JobRun::TakeMemberResults() {
     std::vector<MemberResult> results;
-    for (const auto& member : m_members)
+    for (const auto& member : m_members) {
         results.push_back(member->GetResult());
+        results.back().findings = member->TakeFindings();
+        results.back().setAside = member->TakeSetAside();
+        results.back().notes = member->TakeNotes();
+    }
     return results;
 }
 

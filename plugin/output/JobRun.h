@@ -32,6 +32,12 @@ struct MemberResult {
     /// Of a single part: the pieces that no assembly takes; below 0: the pieces that assemblies
     /// lack. 0 for all others.
     long left = 0;
+    std::vector<Finding> findings;
+    std::vector<SetAsideFeature> setAside;
+    std::vector<FeatureNote> notes;
+
+    /// It has a block in the machine files.
+    bool IsMade() const { return outcome.isValid && quantity > 0; }
 };
 
 /// One group of a run that has members.
@@ -78,6 +84,8 @@ class JobRun {
     /// Judges a member and keeps what will be written of it. The entity, and those attached to it,
     /// are needed during the call only.
     Added Add(ZetNCEntity& entity);
+    /// What has become of the features of the member that was added last; empty unless it was.
+    const Ledger& GetLastLedger() const { return m_lastLedger; }
     long GetCount() const { return static_cast<long>(m_members.size()); }
 
     /// Files of the job that take no part, a line each; the additional information lists them.
@@ -95,8 +103,8 @@ class JobRun {
     /// What could not be opened, written or closed.
     const ZetArray<FileFault>& GetFileFaults() const { return m_faults; }
 
-    /// In the order in which they were added. After Write.
-    std::vector<MemberResult> GetMemberResults() const;
+    /// In the order in which they were added. After Write; their lists once.
+    std::vector<MemberResult> TakeMemberResults();
     /// By position. After Write.
     std::vector<GroupResult> GetGroupResults() const;
     /// By position; empty without nested groups that have valid members. After Write.
@@ -135,6 +143,7 @@ class JobRun {
     JudgingRules m_rules;
     DateOfLife m_date;
     std::vector<std::unique_ptr<Member>> m_members;
+    Ledger m_lastLedger;
     CMxCamGlobAcc m_accumulator;
     std::vector<ZetString> m_leftOut;
     ZetArray<FileFault> m_faults;

@@ -123,8 +123,8 @@ enum SampleView : int {
 inline job::Job SampleJob() {
     job::Job job = job::BuiltInJob();
     job::MemberType& type = job.memberTypes.front();
-    for (int check = job::kUncoveredHole; check <= job::kLongerThanStock; ++check)
-        type.limits.SetReportType(static_cast<eValidationTypes>(check), eReportingError);
+    for (int check = job::kUncoveredHole; check < job::kValidationTypes; ++check)
+        type.SetReportType(check, eReportingError);
     type.type.SetNameStartPos(0);
     job.areDistancesChecked = false;
     job.uncoveredHoles = {};

@@ -66,7 +66,7 @@ TEST(JobRun, MembersPartsAndMainPartsInTheirFiles) {
     EXPECT_TRUE(MatchesGoldenFolder(PLUGIN_GOLDEN_FOLDER "/assembly", folder.PathOf("")));
 
     std::string results;
-    for (const plugin::MemberResult& result : run.GetMemberResults())
+    for (const plugin::MemberResult& result : run.TakeMemberResults())
         results += result.mark.toUtf8() + " " + std::to_string(result.group) + " x" +
                    std::to_string(result.quantity) + (result.outcome.isValid ? "" : " invalid") +
                    (result.outcome.hasWarnings ? " warned" : "") +
