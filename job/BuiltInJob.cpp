@@ -35,6 +35,10 @@ CMemberValidations NoLimits() {
     limits.SetNoOfInternalContours(CMxUtil::m_NOT_LIMITED);
     limits.SetNoOfExternalContours(CMxUtil::m_NOT_LIMITED);
     limits.SetMaximumLength(kAnyLength);
+    for (int type = kUncoveredHole; type <= kLongerThanStock; ++type)
+        limits.SetReportType(static_cast<eValidationTypes>(type), eReportingWarning);
+    for (const ValidationType type : kToldByRecords)
+        limits.SetReportType(static_cast<eValidationTypes>(type), eReportingNonStdSilent);
     return limits;
 }
 
@@ -43,10 +47,6 @@ MemberType AnyMember() {
     member.id = L"members";
     member.type = TypeFromHeader();
     member.limits = NoLimits();
-    for (int type = kUncoveredHole; type < kValidationTypes; ++type)
-        member.SetReportType(type, eReportingWarning);
-    for (const ValidationType type : kToldByRecords)
-        member.SetReportType(type, eReportingNonStdSilent);
     return member;
 }
 

@@ -69,9 +69,7 @@ void JobMember::CheckFixedPattern() {
     }
     for (CMxHoles& expected : prescription.GetMxHoles()) {
         if (!expected.GetFound())
-            FileFinding({.type = job::kFixedPattern,
-                         .text = expected.GetErrMsg(prescription.GetFixedLength()),
-                         .rule = GetJob().patterns[*m_type.pattern].id});
+            FileFinding(job::kFixedPattern, expected.GetErrMsg(prescription.GetFixedLength()));
     }
     SetSingleMemValid(std::move(prescription));
 }

@@ -26,16 +26,12 @@ void JobMember::CodeHoles() {
     const ZetString profileName = GetProfileName();
     m_entryOfHole.clear();
     for (CHoleAddlInfo& hole : m_holes) {
-        if (!hole.GetValid()) {
-            m_entryOfHole.push_back(nullptr);
-            continue;
-        }
         const HoleRuleMatcher::Match match = m_rules.GetHoleRules().Find(hole, profileName);
         m_entryOfHole.push_back(match.entry);
         if (match.entry != nullptr)
             CodeHole(hole, *match.entry);
         else if (match.isExcluded)
-            RefuseHole({.type = job::kExcludedHole, .text = kExcludedText}, hole);
+            RefuseHole(job::kExcludedHole, kExcludedText, hole);
         else
             HandleUncoveredHole(hole);
     }
@@ -54,17 +50,16 @@ void JobMember::CodeHole(CHoleAddlInfo& hole, const HoleRuleMatcher::Entry& entr
 void JobMember::HandleUncoveredHole(CHoleAddlInfo& hole) {
     const job::UncoveredRule& uncovered = GetJob().uncoveredHoles;
     if (uncovered.action == job::Uncovered::kReport)
-        return RefuseHole({.type = job::kUncoveredHole, .text = kUncoveredText}, hole);
+        return RefuseHole(job::kUncoveredHole, kUncoveredText, hole);
     if (uncovered.action == job::Uncovered::kOutput)
-        FileHole({.type = job::kUncoveredHole, .text = kUncoveredText}, hole);
+        FileHole(job::kUncoveredHole, kUncoveredText, hole);
     hole.SetHoleCode(job::FillCode(uncovered.code, ValuesOf(hole)));
     hole.SetHoleStatus(eHoleStatusWaitsForPair);
 }
 
 /// Files a finding; the hole is not manufactured.
-void JobMember::RefuseHole(Finding finding, CHoleAddlInfo& hole) {
-    finding.isRefusal = true;
-    FileHole(std::move(finding), hole);
+void JobMember::RefuseHole(job::ValidationType type, const wchar_t* what, CHoleAddlInfo& hole) {
+    FileHole(type, what, hole);
     hole.SetValid(false);
     hole.SetHoleStatus(eHoleStatusNeverPair);
 }

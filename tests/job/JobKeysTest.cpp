@@ -1,6 +1,7 @@
-#include "job/Job.h"
 #include "job/JobKeys.h"
 #include "support/JobKeyNames.h"
+
+#include "camdata/rules/CMemberValidations.h"
 
 #include <cstdlib>
 #include <fstream>
@@ -44,11 +45,11 @@ TEST(JobKeys, AreDocumented) {
 /// The word of what a check does without the job is a note beside its row.
 TEST(JobKeys, DefaultsOfReportTypes) {
     const char* const words[] = {"", "\"warning\"", "\"non_standard\"", "", "\"error\""};
-    const job::MemberType type;
+    const CMemberValidations limits;
     for (const job::JobKeyTable& table : job::ListJobKeys())
         for (std::size_t i = 0; table.title == "member_type.report" && i < table.keys.size(); ++i)
             EXPECT_EQ(table.keys[i].defaultValue,
-                      words[type.GetReportType(static_cast<int>(i))])
+                      words[limits.GetReportType(static_cast<eValidationTypes>(i))])
                 << table.keys[i].name;
 }
 

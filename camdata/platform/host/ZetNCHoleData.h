@@ -1,7 +1,5 @@
 #pragma once
 
-#include <tuple>
-
 /// One hole of a view as the host's NC data gives it. A plain value; mm and degrees, in the view's
 /// 2-D coordinates.
 struct ZetNCHoleData {
@@ -26,19 +24,5 @@ struct ZetNCHoleData {
     /// carried.
     long hostTag = 0;
 
-    /// All but the tag.
-    friend bool operator==(const ZetNCHoleData& a, const ZetNCHoleData& b) {
-        const auto valuesOf = [](const ZetNCHoleData& hole) {
-            return std::tie(hole.commented,
-                            hole.x,
-                            hole.y,
-                            hole.kind,
-                            hole.size,
-                            hole.slot,
-                            hole.slotLength,
-                            hole.slotAngle,
-                            hole.depth);
-        };
-        return valuesOf(a) == valuesOf(b);
-    }
+    friend bool operator==(const ZetNCHoleData&, const ZetNCHoleData&) = default;
 };
