@@ -54,6 +54,7 @@
 #include "camdata/platform/host/MxSettings.h"
 #include "camdata/platform/host/ZetNCContour.h"
 #include "camdata/platform/host/ZetNCCreator.h"
+#include "camdata/platform/host/ZetNCCut.h"
 #include "camdata/platform/host/ZetNCEntity.h"
 #include "camdata/platform/host/ZetNCHeaderData.h"
 #include "camdata/platform/host/ZetNCHoleData.h"

@@ -22,7 +22,8 @@ namespace {
 
 constexpr const char* kExitCodes =
     "Exit codes: 0 done; 1 done, but a member has errors or a file was left out; 2 bad usage, or a file that cannot be "
-    "read; 3 a file or the report could not be written; 130 stopped by Ctrl-C. The highest wins.";
+    "read; 3 a file or the report could not be written; 4 a fault of the program that was caught before it "
+    "could do harm; 130 stopped by Ctrl-C. The highest wins.";
 
 std::string Version() {
     return "camjob " + CMxUtil::GetDllVersion(OwnModule()).toUtf8();
@@ -66,6 +67,9 @@ void DescribeRun(CLI::App& command, Options& options) {
     command.add_option("--out", options.run.folder, "Folder of the output, instead of the job's")
         ->check(FaultOfFolder);
     command.add_flag("--json", options.run.asJson, "Write one JSON document instead of tables");
+    command.add_flag("--notes",
+                     options.run.showsNotes,
+                     "Print the notes of the reader too, not only its warnings");
     command.add_flag(
         "--dialog", options.run.showsDialog, "Show the project information and let it be changed");
 }

@@ -1,4 +1,4 @@
-#include "dstv/NcGeometry.h"
+#include "dstv/NcCuts.h"
 #include "dstv/NcParser.h"
 #include "dstv/NcText.h"
 
@@ -11,62 +11,29 @@
 namespace dstv {
 namespace {
 
-/// Which header values trim a face.
-struct FaceCuts {
-    NcFace face;
-    const wchar_t* name;
-    double NcHeader::*height;
-    double NcHeader::*start;
-    double NcHeader::*end;
-    std::size_t startValue;  ///< header value of `start`, counted from 0; `end` is the next
+/// An angle of the header.
+struct HeaderCut {
+    double NcHeader::*angle;
+    std::size_t headerValue;  ///< counted from 0
+    bool isAtEnd;
+    bool isOnFlange;
 };
 
-constexpr std::array<FaceCuts, 3> kFaceCuts = {
-    {
-     {NcFace::kFront,
-         L"v",
-         &NcHeader::profileHeight,
-         &NcHeader::webStartCut,
-         &NcHeader::webEndCut,
-         16},
-     {NcFace::kTop,
-         L"o",
-         &NcHeader::flangeWidth,
-         &NcHeader::flangeStartCut,
-         &NcHeader::flangeEndCut,
-         18},
-     {NcFace::kBottom,
-         L"u",
-         &NcHeader::flangeWidth,
-         &NcHeader::flangeStartCut,
-         &NcHeader::flangeEndCut,
-         18},
-     }
+constexpr HeaderCut kHeaderCuts[] = {
+    {&NcHeader::webStartCut,    16, false, false},
+    {&NcHeader::webEndCut,      17, true,  false},
+    {&NcHeader::flangeStartCut, 18, false, true },
+    {&NcHeader::flangeEndCut,   19, true,  true },
 };
 
 constexpr double kSteepestCut = 89.0;
-constexpr wchar_t kCut[] = L"skew cut";
-
-/// True when a face of such a profile is no flat plate that a straight cut trims.
-bool HasNoPlate(const NcHeader& header, NcFace face) {
-    const bool isRound = header.profileCode == L"RO" || header.profileCode == L"RU";
-    return isRound || (header.profileCode == L"B" && face != NcFace::kFront);
-}
-
-/// The standard face that a contour lies on, or its plane.
-NcPlace StandardPlace(const NcPart& part, const NcPlace& place) {
-    if (place.plane < 0)
-        return place;
-    const NcFace face = part.planes[static_cast<std::size_t>(place.plane)].face;
-    return face == NcFace::kPlane ? place : NcPlace{face, -1};
-}
 
 }  // namespace
 
 NcPart NcParser::Finish() {
     ResolvePlanes();
     NoteRepeatedOutlines();
-    TrimFaces();
+    MakeCuts();
     m_part.notes = m_notes.Take();
     return std::move(m_part);
 }
@@ -104,48 +71,41 @@ void NcParser::NoteRepeatedOutlines() {
     }
 }
 
-bool NcParser::HasOutline(NcFace face) const {
-    return std::any_of(
-        m_part.contours.begin(), m_part.contours.end(), [&](const NcContour& contour) {
-            return !contour.isInternal && StandardPlace(m_part, contour.place).face == face;
-        });
-}
-
-void NcParser::TrimFaces() {
-    const NcHeader& header = m_part.header;
-    for (const FaceCuts& cuts : kFaceCuts) {
-        const double start = header.*cuts.start;
-        const double end = header.*cuts.end;
-        if ((start == 0.0 && end == 0.0) || HasOutline(cuts.face))
+/// The angles of the header, then the saw cuts.
+void NcParser::MakeCuts() {
+    for (const HeaderCut& value : kHeaderCuts) {
+        const double angle = m_part.header.*value.angle;
+        if (angle == 0.0)
             continue;
-        const NcLine& line = m_header.LineOf(start != 0.0 ? cuts.startValue : cuts.startValue + 1);
-        const bool isTrimmed = !HasNoPlate(header, cuts.face) && header.*cuts.height > 0.0;
-        if (isTrimmed)
-            TrimFace(cuts.face, header.*cuts.height, {start, end}, line);
-        const wchar_t* outcome =
-            isTrimmed ? L"made from the skew cuts" : L"no plate that a skew cut could trim";
-        m_notes.Note(line.number,
-                     ZetString::format(L"face %s without an outline: %s", cuts.name, outcome));
+        NcCut cut;
+        cut.line = m_header.LineOf(value.headerValue).number;
+        cut.isFromHeader = true;
+        cut.isAtEnd = value.isAtEnd;
+        cut.isOnFlange = value.isOnFlange;
+        cut.angle = angle;
+        cut.x = value.isAtEnd ? m_part.header.length : 0.0;
+        AddCut(cut);
+        if (!m_part.cuts.back().isNoted && std::abs(angle) > kSteepestCut)
+            FailAt(m_header.LineOf(value.headerValue),
+                   L"skew cut",
+                   Trimmed(m_header.LineOf(value.headerValue).text),
+                   L"angles from -89 to 89 degrees");
+    }
+    for (const NcSawCut& sawCut : m_part.sawCuts) {
+        for (const NcCut& cut : CutsOf(sawCut, m_part.header))
+            AddCut(cut);
     }
 }
 
-void NcParser::TrimFace(NcFace face,
-                        double height,
-                        const std::array<double, 2>& angles,
-                        const NcLine& line) {
-    if (std::max(std::abs(angles[0]), std::abs(angles[1])) > kSteepestCut)
-        FailAt(line, kCut, Trimmed(line.text), L"angles from -89 to 89 degrees");
-    NcContour contour;
-    contour.outline = TrimmedOutline(m_part.header.length, height, angles[0], angles[1]);
-    const Outline& corners = contour.outline;
-    if (corners[0].x > corners[1].x || corners[3].x > corners[2].x)
-        FailAt(line, kCut, Trimmed(line.text), L"an outline that does not cross itself");
-    contour.line = line.number;
-    contour.place = {face, -1};
-    contour.fromHeader = true;
-    for (const ZetGeomPoint2d& corner : corners)
-        contour.points.push_back({corner.x, corner.y, 0.0, {}});
-    m_part.contours.push_back(std::move(contour));
+void NcParser::AddCut(NcCut cut) {
+    if (!cut.isFromHeader && std::abs(cut.angle) > kSteepestCut) {
+        m_notes.Warn(cut.line, L"saw cut along the piece: not made");
+        cut.isNoted = true;
+    } else if (IsCutByOutline(m_part, cut)) {
+        m_notes.Note(cut.line, L"cut at an angle: the outline of the face has it already");
+        cut.isNoted = true;
+    }
+    m_part.cuts.push_back(cut);
 }
 
 }  // namespace dstv

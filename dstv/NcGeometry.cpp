@@ -89,17 +89,4 @@ Outline RectangleOutline(
     return outline;
 }
 
-Outline TrimmedOutline(double length, double height, double startAngle, double endAngle) {
-    // A positive angle leans the upper end of a cut towards the start, so it shortens the lower
-    // edge at the start of the piece and the upper edge at its end.
-    const double start = height * std::tan(ToRadians(startAngle));
-    const double end = height * std::tan(ToRadians(endAngle));
-    const ZetGeomPoint2d lowerLeft = {std::max(start, 0.0), 0.0};
-    const ZetGeomPoint2d lowerRight = {length + std::min(end, 0.0), 0.0};
-    const ZetGeomPoint2d upperRight = {length - std::max(end, 0.0), height};
-    // No -0.0, which would print as such.
-    const ZetGeomPoint2d upperLeft = {0.0 - std::min(start, 0.0), height};
-    return {lowerLeft, lowerRight, upperRight, upperLeft, lowerLeft};
-}
-
 }  // namespace dstv

@@ -28,8 +28,4 @@ bool AppendEdge(const ZetGeomPoint2d& to, double radius, Outline& outline);
 Outline RectangleOutline(
     const ZetGeomPoint2d& start, double width, double height, double diameter, double degrees);
 
-/// The closed outline, counter-clockwise, of a face `length` x `height` whose ends are cut at an
-/// angle, degrees from the perpendicular, counter-clockwise; the larger extent is `length`.
-Outline TrimmedOutline(double length, double height, double startAngle, double endAngle);
-
 }  // namespace dstv

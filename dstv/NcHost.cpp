@@ -132,9 +132,10 @@ ZetNCContour ContourOf(const Outline& outline, int type, long line, const PlaneM
     return contour;
 }
 
-ZetNCMark MarkOf(const Outline& points, int kind, const PlaneMap& map) {
+ZetNCMark MarkOf(const Outline& points, int kind, long line, const PlaneMap& map) {
     ZetNCMark mark;
     mark.kind = kind;
+    mark.hostTag = line;
     for (const ZetGeomPoint2d& point : points)
         mark.points.append(map.Point(point));
     return mark;
@@ -181,6 +182,20 @@ ZetNCHoleData HoleDataOf(const NcHole& hole, const PlaneMap& map) {
         data.slotAngle = map.Angle(hole.slotAngle + (isAcross ? 90.0 : 0.0));
     }
     return data;
+}
+
+ZetArray<ZetNCCut> CutsOf(const NcPart& part) {
+    ZetArray<ZetNCCut> cuts;
+    for (const NcCut& cut : part.cuts) {
+        if (cut.isNoted)
+            continue;
+        cuts.append({cut.isAtEnd ? ZetNCCut::eEndEnd : ZetNCCut::eEndStart,
+                     cut.isOnFlange ? ZetNCCut::eFaceFlange : ZetNCCut::eFaceWeb,
+                     cut.angle,
+                     cut.x,
+                     cut.line});
+    }
+    return cuts;
 }
 
 void StructureBuilder::Build() {
@@ -249,7 +264,7 @@ void StructureBuilder::AddHole(const NcHole& hole) {
 long StructureBuilder::AddHoleTo(const NcHole& hole, Target& target) {
     Draft& draft = target.draft;
     if (hole.form == NcHoleForm::kMark) {
-        draft.marks.append(MarkOf(MarkedLine(hole), ZetNCMark::eKindPunch, target.map));
+        draft.marks.append(MarkOf(MarkedLine(hole), ZetNCMark::eKindPunch, hole.line, target.map));
         return draft.marks.length() - 1;
     }
     if (hole.form == NcHoleForm::kRectangle) {
@@ -276,7 +291,7 @@ void StructureBuilder::AddMark(const NcMark& mark) {
     const Target target = TargetOf(mark.place);
     const int kind =
         mark.kind == NcMarkKind::kPowder ? ZetNCMark::eKindPowder : ZetNCMark::eKindPunch;
-    target.draft.marks.append(MarkOf(mark.outline, kind, target.map));
+    target.draft.marks.append(MarkOf(mark.outline, kind, mark.line, target.map));
 }
 
 void StructureBuilder::AddNumeration(const NcNumeration& numeration) {
@@ -286,7 +301,8 @@ void StructureBuilder::AddNumeration(const NcNumeration& numeration) {
                                      point.y,
                                      target.map.Angle(numeration.angle),
                                      numeration.textHeight,
-                                     numeration.text});
+                                     numeration.text,
+                                     numeration.line});
 }
 
 ZetNCStructure StructureBuilder::TakeStructure() {
@@ -308,6 +324,7 @@ ZetNCStructure StructureBuilder::TakeStructure() {
         target.view = indexOfPosition[target.view];
     ZetNCStructure structure;
     structure.setViews(std::move(views));
+    structure.setCuts(CutsOf(m_part));
     return structure;
 }
 
@@ -358,9 +375,6 @@ ZetNCHeaderData NcFileEntity::getHeader(long) const {
     data.height = header.profileHeight;
     data.width = isPlate ? header.profileHeight : header.flangeWidth;
     data.thickness = header.webThickness;
-    data.material = header.steelQuality;
-    data.weightPerMetre = header.weight;
-    data.surfacePerMetre = header.paintingSurface;
     return data;
 }
 

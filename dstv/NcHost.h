@@ -32,8 +32,8 @@ struct NcHoleTarget {
 ///
 /// Planes of views have the axes of x and q, so the normal points out of the piece on v and u, and
 /// into it on o and h. They are in the frame of the piece (NcPart.h), for profile codes SO and B in
-/// (X, -Z, Y) of it, the frame in which such members are judged. The host's tag of a hole or
-/// contour is its line in the file.
+/// (X, -Z, Y) of it, the frame in which such members are judged. The host's tag of a
+/// feature is its line in the file.
 class NcFileEntity : public ZetNCEntity {
   public:
     explicit NcFileEntity(NcPart part);

@@ -41,7 +41,7 @@ ZetString Quoted(const NcBlockCode& code) {
 struct NcParser::BlockReader {
     NcBlockType type;
     void (NcParser::*read)(NcTokens& tokens);
-    const wchar_t* remark;  ///< what the user is told about the first such block; null: nothing
+    const wchar_t* remark;  ///< what the user is told about the block; null: nothing
 };
 
 const std::array<NcParser::BlockReader, 13> NcParser::kReaders = {
@@ -54,7 +54,7 @@ const std::array<NcParser::BlockReader, 13> NcParser::kReaders = {
      {NcBlockType::kPunch, &NcParser::ReadMarkLine, nullptr},
      {NcBlockType::kPlane, &NcParser::ReadPlaneLine, nullptr},
      {NcBlockType::kBends, &NcParser::ReadBend, kAside},
-     {NcBlockType::kSawCuts, &NcParser::ReadSawCut, kAside},
+     {NcBlockType::kSawCuts, &NcParser::ReadSawCut, nullptr},
      {NcBlockType::kSection, &NcParser::ReadSectionLine, kAside},
      {NcBlockType::kTolerance, &NcParser::ReadTolerance, kAside},
      {NcBlockType::kCamber, &NcParser::ReadCamber, kAside},
@@ -160,7 +160,7 @@ void NcParser::ReadHeaderLines(NcLines& lines, std::vector<NcLine>& values) {
         last = line->number;
         if (KeepComment(*line))
             continue;
-        if (m_header.CanEnd() && IsKnownBlock(line->text))
+        if (m_header.CanEnd() && !BlockCodeOf(line->text).text.empty())
             return ReadLine(*line);
         values.push_back(*line);
         m_header.Read(*line);
@@ -209,6 +209,8 @@ void NcParser::NoteBlock() {
         m_notes.Warn(line,
                      ZetString::format(L"block code \"%s\" is not in capitals",
                                        Quotable(Trimmed(m_block.line.text))));
+    if (code.type == NcBlockType::kStart || code.type == NcBlockType::kUnknown)
+        m_part.skippedBlocks.push_back({line});
     if (code.type == NcBlockType::kStart)
         m_notes.Warn(line, L"a second part begins here: only the first one is read");
     if (code.type == NcBlockType::kUnknown)
@@ -222,10 +224,9 @@ void NcParser::NoteBlock() {
 
 void NcParser::NotePurpose() {
     const BlockReader* reader = m_block.reader;
-    const bool isNew = std::find(m_remarked.begin(), m_remarked.end(), reader) == m_remarked.end();
-    if (reader->remark == nullptr || !isNew)
+    if (reader->remark == nullptr)
         return;
-    m_remarked.push_back(reader);
+    m_part.skippedBlocks.push_back({m_block.line.number});
     m_notes.Note(m_block.line.number,
                  ZetString::format(L"block %s: %s", Quoted(m_block.code), reader->remark));
 }

@@ -118,12 +118,8 @@ class NcParser {
     // What needs all lines.
     NcPart Finish();
     void ResolvePlanes();
-    void TrimFaces();
-    bool HasOutline(NcFace face) const;
-    void TrimFace(NcFace face,
-                  double height,
-                  const std::array<double, 2>& angles,
-                  const NcLine& line);
+    void MakeCuts();
+    void AddCut(NcCut cut);
     void NoteRepeatedOutlines();
 
     NcPart m_part;
@@ -133,7 +129,6 @@ class NcParser {
     Block m_block;
     bool m_isAfterEnd = false;
     bool m_isAfterSecondStart = false;
-    std::vector<const BlockReader*> m_remarked;
     bool m_hasNotedBevels = false;
     std::size_t m_outlinePoints = 0;
 

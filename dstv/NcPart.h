@@ -130,8 +130,7 @@ struct NcContour {
     long line = 0;  ///< of its first point
     NcPlace place;
     bool isInternal = false;
-    bool fromHeader = false;  ///< the face has no outline in the file: made from the header's cuts
-    char reference = 0;       ///< of its first point
+    char reference = 0;                  ///< of its first point
     std::vector<NcContourPoint> points;  ///< as in the file
     std::vector<NcNotchLine> notchLines;
     std::vector<ZetGeomPoint2d>
@@ -190,6 +189,25 @@ struct NcSawCut {
     ZetGeomVector3d normal;  ///< outward, as in the file
 };
 
+/// A straight cut through the piece at one of its ends, as the web or a flange shows it: an angle
+/// of the header, or what an SC line comes to.
+struct NcCut {
+    long line = 0;
+    bool isFromHeader = false;
+    bool isAtEnd = false;
+    bool isOnFlange = false;
+    /// From the perpendicular that points down to the lower part of the cut, counter-clockwise in
+    /// view v for the web, in view u for flanges.
+    double angle = 0.0;
+    double x = 0.0;        ///< where the cut leaves the piece longest
+    bool isNoted = false;  ///< a note or warning says why it is not in the NC data
+};
+
+/// A block that is not read, or kept beside the NC data.
+struct NcSkippedBlock {
+    long line = 0;  ///< of its note or warning
+};
+
 /// One point of a PR block.
 struct NcSectionPoint {
     double y = 0.0;
@@ -237,6 +255,8 @@ struct NcPart {
     std::vector<NcPlane> planes;
     std::vector<NcBend> bends;
     std::vector<NcSawCut> sawCuts;
+    std::vector<NcCut> cuts;  ///< of header and SC lines
+    std::vector<NcSkippedBlock> skippedBlocks;
     std::vector<NcSection> sections;
     std::vector<NcTolerance> tolerances;
     std::vector<NcCamber> cambers;

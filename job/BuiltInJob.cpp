@@ -35,10 +35,6 @@ CMemberValidations NoLimits() {
     limits.SetNoOfInternalContours(CMxUtil::m_NOT_LIMITED);
     limits.SetNoOfExternalContours(CMxUtil::m_NOT_LIMITED);
     limits.SetMaximumLength(kAnyLength);
-    for (int type = kUncoveredHole; type <= kLongerThanStock; ++type)
-        limits.SetReportType(static_cast<eValidationTypes>(type), eReportingWarning);
-    for (const ValidationType type : kToldByRecords)
-        limits.SetReportType(static_cast<eValidationTypes>(type), eReportingNonStdSilent);
     return limits;
 }
 
@@ -47,6 +43,10 @@ MemberType AnyMember() {
     member.id = L"members";
     member.type = TypeFromHeader();
     member.limits = NoLimits();
+    for (int type = kUncoveredHole; type < kValidationTypes; ++type)
+        member.SetReportType(type, eReportingWarning);
+    for (const ValidationType type : kToldByRecords)
+        member.SetReportType(type, eReportingNonStdSilent);
     return member;
 }
 

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "job/ValidationTypes.h"
+
 #include "camdata/holes/eHoleFace.h"
 #include "camdata/holes/eHoleShapeType.h"
 #include "camdata/member/eSortOrder.h"
@@ -8,6 +10,7 @@
 #include "camdata/platform/text/ZetString.h"
 #include "camdata/rules/CMemTypeAndAttrib.h"
 #include "camdata/rules/CMemberValidations.h"
+#include "camdata/rules/eReportingTypes.h"
 
 #include <array>
 #include <cstddef>
@@ -33,8 +36,6 @@ enum FileRole : std::size_t {
 
 /// Ending of the file that holds the cutting lists, written when some group is nested.
 inline constexpr const wchar_t* kCuttingListEnding = L"-cutting.txt";
-/// The same for programs: one row per piece.
-inline constexpr const wchar_t* kCuttingTableEnding = L"-cutting.csv";
 
 /// Groups that every job has, by their position, which is their ID too.
 enum GroupRole : std::size_t {
@@ -67,29 +68,6 @@ struct OutputFile {
     LineEnds lineEnds = LineEnds::kLf;
 };
 
-/// Who decides which pieces come from one bar.
-enum class BarPlan {
-    kGiven,  ///< the library: from the shortest piece up
-    kLeast,  ///< fewest bars, or least cost
-};
-
-/// Bars that nested members are cut from; mm.
-struct Stock {
-    ZetString profilePattern;  ///< of the profile name; * any text, ? one character
-    double length = 0.0;
-    std::optional<double> price;   ///< of a bar; without: its length
-    std::optional<long> quantity;  ///< bars that are there; without: as many as needed
-    double kerf = 0.0;             ///< width of a saw cut
-    double gripStart = 0.0;        ///< of the bar's start that nothing is cut from
-    double gripEnd = 0.0;
-    std::optional<double> leastOffcut;  ///< an off-cut from there on is kept
-};
-
-/// How cutting plans are made.
-struct Cutting {
-    long effort = 4000;  ///< millions of steps
-};
-
 /// One group of members, a section of the order file.
 struct Group {
     ZetString id;
@@ -98,8 +76,6 @@ struct Group {
     std::vector<eSortOrder> sortKeys;
     bool isNested = false;
     double reserveLength = 0.0;  ///< an off-cut that is not longer than this stays as it is
-    /// Without: least where a stock fits the profile, else given.
-    std::optional<BarPlan> plan;
 };
 
 /// Where the flange coordinates of an NC file begin, and which way they are to run: from the web to
@@ -124,6 +100,14 @@ struct MemberType {
     FlangeZero topFlange;
     FlangeZero bottomFlange;
     std::optional<std::size_t> pattern;  ///< position in Job::patterns
+    bool areMarksMade = false;           ///< marks and texts become machine records
+    /// Of the checks from kFirstOwnType on.
+    std::array<eReportingTypes, kValidationTypes - kFirstOwnType> ownReports = {
+        eReportingError, eReportingError, eReportingError, eReportingError, eReportingWarning};
+
+    /// What a finding of a check does, one of eValidationTypes or ValidationType.
+    eReportingTypes GetReportType(int check) const;
+    void SetReportType(int check, eReportingTypes report);
 };
 
 /// A second hole that is made in one stroke with the first.
@@ -186,6 +170,22 @@ struct CornerNotch {
     SCheckNotch definition;
     NotchCorner along = NotchCorner::kStart;
     NotchCorner across = NotchCorner::kStart;
+};
+
+/// A whole side of a face.
+enum class TrimSide {
+    kStart,  ///< where the member starts
+    kEnd,
+    kLower,  ///< the edge at Y = 0
+    kUpper,
+};
+
+/// A cut along a whole side of a face that the machine has a code for. Empty lists match any.
+struct TrimRule {
+    ZetString id;
+    std::vector<eHoleFace> faces;
+    std::vector<TrimSide> sides;
+    ZetString code;
 };
 
 /// One hole of a fixed-position pattern.
@@ -287,12 +287,19 @@ enum class WhenNot {
     kLeaveOut,  ///< the rest is made, and the file is told
 };
 
+/// What warnings of the NC reader do.
+enum class NcWarnings {
+    kReport,
+    kRefuse,  ///< nothing is made
+};
+
 /// How NC files are taken.
 struct NcInput {
     MarkSource mark = MarkSource::kMark;
     NcEncoding encoding = NcEncoding::kAuto;
     WhenNot unreadable = WhenNot::kRefuse;
     WhenNot unmatched = WhenNot::kRefuse;  ///< no member type takes it
+    NcWarnings warnings = NcWarnings::kReport;
 };
 
 /// A name or pattern of NC files, and where the job file has it.
@@ -316,13 +323,12 @@ struct Job {
     std::vector<OutputFile> files;        ///< by position; at least the four of FileRole
     std::vector<Group> groups;            ///< by position; at least the two of GroupRole
     std::vector<MemberType> memberTypes;  ///< the first that fits is a member's
-    Cutting cutting;
-    std::vector<Stock> stocks;
     bool areDistancesChecked = true;
     std::vector<HoleRule> holeRules;  ///< the first that fits is a hole's
     UncoveredRule uncoveredHoles;
     std::vector<CornerNotch> cornerNotches;  ///< the first that fits is a notch's
     UncoveredRule uncoveredNotches;
+    std::vector<TrimRule> trims;  ///< the first that fits counts
     std::vector<FixedPattern> patterns;
     std::vector<Assembly> assemblies;
     std::array<std::vector<ZetString>, kInfoBlockCount> infoHeaders;  ///< first lines of each block

@@ -108,8 +108,6 @@ struct GroupTable : SecondaryPartsTable {
     PlacedText id;
 };
 
-struct StockTable : Stock, PlacedTable {};
-
 struct DimensionTable : PlacedTable {
     std::optional<long> start;
     std::optional<long> length;
@@ -146,7 +144,7 @@ struct LimitsTable : PlacedTable {
 
 /// By eValidationTypes and ValidationType.
 struct ReportTable {
-    std::array<std::optional<eReportingTypes>, kLongerThanStock + 1> types;
+    std::array<std::optional<eReportingTypes>, kValidationTypes> types;
 };
 
 struct MemberTypeTable : PlacedTable {
@@ -169,6 +167,7 @@ struct MemberTypeTable : PlacedTable {
     LimitsTable limits;
     ReportTable report;
     PlacedText pattern;
+    bool areMarksMade = false;
 };
 
 struct HoleRuleTable : HoleRule, PlacedTable {
@@ -190,6 +189,10 @@ struct CornerNotchTable : CornerNotch, PlacedTable {
     bool isParallel = false;
     PlacedText output;
     std::vector<NotchValue> values;
+};
+
+struct TrimTable : TrimRule {
+    PlacedText id;
 };
 
 struct PatternHoleTable : PatternHole, PlacedTable {
@@ -228,13 +231,12 @@ struct JobDocument {
     std::vector<FileTable> files;
     SecondaryPartsTable secondaryParts;
     std::vector<GroupTable> groups;
-    Cutting cutting;
-    std::vector<StockTable> stocks;
     std::vector<MemberTypeTable> memberTypes;
     std::vector<HoleRuleTable> holeRules;
     UncoveredHolesTable uncoveredHoles;
     std::vector<CornerNotchTable> cornerNotches;
     UncoveredRule uncoveredNotches;
+    std::vector<TrimTable> trims;
     std::vector<FixedPatternTable> patterns;
     std::vector<AssemblyTable> assemblies;
     AdditionalInfoTable additionalInfo;

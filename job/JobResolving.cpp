@@ -111,12 +111,12 @@ class JobMaker {
         TakeJob();
         TakeFiles();
         TakeGroups();
-        TakeStocks();
         CheckFileNames();
         TakePatterns();
         TakeMemberTypes();
         TakeHoleRules();
         TakeCornerNotches();
+        TakeTrims();
         TakeAssemblies();
         TakeInfo();
         CheckShadowed(m_document, m_faults);
@@ -130,9 +130,6 @@ class JobMaker {
     void TakeGroups();
     void TakeGroup(const SecondaryPartsTable& table, const PlacedText& id, Group& group);
     void TakeGroupFile(const PlacedText& reference, std::size_t file, Group& group);
-    void TakeStocks();
-    void CheckStock(const StockTable& table, bool hasPrice);
-    void CheckPlan(const GroupTable& table);
     void TakePatterns();
     void CheckPatternHole(const FixedPattern& pattern, const PatternHoleTable& hole);
     void TakeMemberTypes();
@@ -148,6 +145,7 @@ class JobMaker {
     void TakeCornerNotches();
     void CheckCornerNotch(const CornerNotchTable& table);
     void CheckNotchValues(const CornerNotchTable& table);
+    void TakeTrims();
     void TakeAssemblies();
     void CheckPart(const AssemblyTable& assembly, std::size_t part, const Ids& mains);
     void TakeInfo();
@@ -268,8 +266,7 @@ void JobMaker::CheckFileNames() {
     FileNames names;
     const auto isNested = [](const Group& group) { return group.isNested; };
     if (std::any_of(m_job.groups.begin(), m_job.groups.end(), isNested))
-        for (const wchar_t* ending : {kCuttingListEnding, kCuttingTableEnding})
-            names.Add(m_job.project.fileName + ending, fileName.at, m_faults);
+        names.Add(m_job.project.fileName + kCuttingListEnding, fileName.at, m_faults);
     for (std::size_t i = 0; i < m_job.files.size(); ++i) {
         Position at = fileName.at;
         for (const FileTable& table : m_document.files)
@@ -311,33 +308,7 @@ void JobMaker::TakeGroups() {
     for (const GroupTable& table : m_document.groups) {
         m_groups.Add(table.id, m_faults);
         TakeGroup(table, table.id, m_job.groups.emplace_back());
-        CheckPlan(table);
     }
-}
-
-void JobMaker::CheckPlan(const GroupTable& table) {
-    RequireOf(table, table.isNested || !table.plan, "\"plan\" needs \"nesting = true\"");
-    RequireOf(table,
-              table.plan != BarPlan::kLeast || table.reserveLength == 0.0,
-              "\"reserve\" goes only with plan = \"given\"");
-}
-
-void JobMaker::TakeStocks() {
-    m_job.cutting = m_document.cutting;
-    for (const StockTable& table : m_document.stocks) {
-        CheckStock(table, m_document.stocks.front().price.has_value());
-        m_job.stocks.push_back(table);
-    }
-}
-
-void JobMaker::CheckStock(const StockTable& table, bool hasPrice) {
-    RequireOf(table,
-              table.gripStart + table.gripEnd < table.length,
-              "the grips leave nothing of the bar");
-    RequireOf(
-        table,
-        table.price.has_value() == hasPrice,
-        "\"price\" must stand in all [[stock]] or in none: prices and lengths cannot be added");
 }
 
 void JobMaker::TakePatterns() {
@@ -391,6 +362,10 @@ MemberType JobMaker::MakeMemberType(const MemberTypeTable& table) {
             "the group of single parts takes its members from the assemblies alone");
     type.type = MakeDimensions(table, type.group);
     type.limits = MakeLimits(table);
+    for (std::size_t check = 0; check < table.report.types.size(); ++check)
+        if (const auto& report = table.report.types[check])
+            type.SetReportType(static_cast<int>(check), *report);
+    type.areMarksMade = table.areMarksMade;
     type.topFlange = table.topFlange;
     type.bottomFlange = table.bottomFlange;
     if (table.pattern.at.line > 0)
@@ -482,9 +457,6 @@ CMemberValidations JobMaker::MakeLimits(const MemberTypeTable& table) {
     RequireOf(given,
               limits.GetMinimumLength() <= limits.GetMaximumLength(),
               "\"min_length\" must not be above \"max_length\"");
-    for (std::size_t type = 0; type < table.report.types.size(); ++type)
-        if (const auto& report = table.report.types[type])
-            limits.SetReportType(static_cast<eValidationTypes>(type), *report);
     return limits;
 }
 
@@ -572,6 +544,14 @@ void JobMaker::CheckNotchValues(const CornerNotchTable& table) {
               count == 0 || (count >= kSizesOfNotch && count <= kMostNotchValues && areInPlace),
               "\"values\" are two of \"length\" and \"width\", then at most one of \"x\", "
               "\"corner_x\", \"y\" and \"corner_y\"");
+}
+
+void JobMaker::TakeTrims() {
+    Ids ids("[[trim]]");
+    for (const TrimTable& table : m_document.trims) {
+        ids.Add(table.id, m_faults);
+        m_job.trims.emplace_back(table).id = table.id.text;
+    }
 }
 
 void JobMaker::TakeAssemblies() {

@@ -2,9 +2,11 @@
 
 #include "job/JobKeys.h"
 #include "job/JobValue.h"
+#include "job/ReportWords.h"
 
 #include "camdata/holes/eHoleFace.h"
 
+#include <algorithm>
 #include <iterator>
 
 // The one list of the job file's keys: each row reads its key, and docs/job-file.md lists it.
@@ -136,9 +138,9 @@ constexpr Choice<WhenNot> kWhenNot[] = {
     {WhenNot::kLeaveOut, "leave_out"},
 };
 
-constexpr Choice<BarPlan> kBarPlans[] = {
-    {BarPlan::kGiven, "given"},
-    {BarPlan::kLeast, "least"},
+constexpr Choice<NcWarnings> kNcWarnings[] = {
+    {NcWarnings::kReport, "report"},
+    {NcWarnings::kRefuse, "refuse"},
 };
 
 constexpr Choice<LineEnds> kLineEnds[] = {
@@ -169,6 +171,13 @@ constexpr Choice<NotchCorner> kAlong[] = {
     {NotchCorner::kAny, "any"},
 };
 
+constexpr Choice<TrimSide> kSides[] = {
+    {TrimSide::kStart, "start"},
+    {TrimSide::kEnd, "end"},
+    {TrimSide::kLower, "lower"},
+    {TrimSide::kUpper, "upper"},
+};
+
 constexpr Choice<NotchAcross> kAcross[] = {
     {NotchAcross::kLower, "lower"},
     {NotchAcross::kUpper, "upper"},
@@ -186,13 +195,14 @@ template <> std::span<const Choice<eReportingTypes>> ChoicesOf() { return kRepor
 template <> std::span<const Choice<MarkSource>> ChoicesOf() { return kMarkSources; }
 template <> std::span<const Choice<NcEncoding>> ChoicesOf() { return kNcEncodings; }
 template <> std::span<const Choice<WhenNot>> ChoicesOf() { return kWhenNot; }
-template <> std::span<const Choice<BarPlan>> ChoicesOf() { return kBarPlans; }
+template <> std::span<const Choice<NcWarnings>> ChoicesOf() { return kNcWarnings; }
 template <> std::span<const Choice<LineEnds>> ChoicesOf() { return kLineEnds; }
 template <> std::span<const Choice<Uncovered>> ChoicesOf() { return kUncoveredActions; }
 template <> std::span<const Choice<NotchValue>> ChoicesOf() { return kNotchValues; }
 template <> std::span<const Choice<InfoBlock>> ChoicesOf() { return kInfoBlocks; }
 template <> std::span<const Choice<NotchCorner>> ChoicesOf() { return kAlong; }
 template <> std::span<const Choice<NotchAcross>> ChoicesOf() { return kAcross; }
+template <> std::span<const Choice<TrimSide>> ChoicesOf() { return kSides; }
 
 namespace {
 
@@ -209,6 +219,7 @@ constexpr Key kNcKeys[] = {
     Row<NcInput, &NcInput::encoding>("encoding", "How names in the files are written. \"auto\": each text is UTF-8 when it can be, else Windows-1252."),
     Row<NcInput, &NcInput::unreadable>("unreadable", "What a file does that cannot be read. refuse: nothing is made. leave_out: the rest is made; the file is listed with its reason, and the exit code is 1."),
     Row<NcInput, &NcInput::unmatched>("unmatched", "The same for a file that no member type takes."),
+    Row<NcInput, &NcInput::warnings>("warnings", "What a warning of the reader does, for example that a hole lies outside of its face. report: it is printed. refuse: nothing is made."),
 };
 
 constexpr Key kProjectKeys[] = {
@@ -270,24 +281,8 @@ constexpr Key kGroupKeys[] = {
     Row<GroupTable, &SecondaryPartsTable::files>("files", kGroupFilesMeaning),
     Row<GroupTable, &Group::headerLines>("header", kGroupHeaderMeaning),
     Row<GroupTable, &Group::sortKeys>("sort", kGroupSortMeaning),
-    Row<GroupTable, &Group::isNested>("nesting", "Whether the members are cut from stock bars, with a cutting list: those of one profile and material together."),
-    Row<GroupTable, &Group::plan>("plan", "Which pieces come from one bar. given: the order of the library, from the shortest piece up; for bars of 4000 mm without kerf and grips only. least: as few bars as possible, or the least cost of several stocks.", {.defaultNote = "\"least\" where a `[[stock]]` fits the profile and there is no `reserve`, else \"given\""}),
-    Row<GroupTable, &Group::reserveLength>("reserve", "An off-cut that is not longer than this gets no further piece; with the plan \"given\" only.", {.range = kDistance, .unit = "mm"}),
-};
-
-constexpr Key kCuttingKeys[] = {
-    Row<Cutting, &Cutting::effort>("effort", "How much work a plan \"least\" may be, in millions of counted steps: 1000 are about a second. It ends before, as soon as it is proved that no plan is better. Lists of more than 70,000 pieces get more.", {.range = {1.0, 1000000.0}}),
-};
-
-constexpr Key kStockKeys[] = {
-    Row<StockTable, &Stock::profilePattern>("profile", "Pattern of the profile names that the bars are of; `*` stands for any text, `?` for one character.", {.isRequired = true}),
-    Row<StockTable, &Stock::length>("length", "Length of a bar.", {.isRequired = true, .range = kSize, .unit = "mm"}),
-    Row<StockTable, &Stock::price>("price", "What a bar costs, in any unit, to three decimals. For all stocks or for none.", {.range = {0.0, 1000000.0, true}, .defaultNote = "its length"}),
-    Row<StockTable, &Stock::quantity>("quantity", "How many bars there are.", {.range = kCount, .defaultNote = "as many as needed"}),
-    Row<StockTable, &Stock::kerf>("kerf", "Width of a saw cut. Between n pieces lie n - 1 cuts; the one behind the last piece takes its kerf out of the off-cut.", {.range = {0.0, 100.0}, .unit = "mm"}),
-    Row<StockTable, &Stock::gripStart>("grip_start", "Part of the bar's start that nothing is cut from.", {.range = kDistance, .unit = "mm"}),
-    Row<StockTable, &Stock::gripEnd>("grip_end", "The same at its end.", {.range = kDistance, .unit = "mm"}),
-    Row<StockTable, &Stock::leastOffcut>("least_offcut", "An off-cut from this length on is kept.", {.range = kSize, .unit = "mm", .defaultNote = "none is kept"}),
+    Row<GroupTable, &Group::isNested>("nesting", "Whether the members are cut from stock bars of 4000 mm together, with a cutting list."),
+    Row<GroupTable, &Group::reserveLength>("reserve", "An off-cut that is not longer than this gets no further piece.", {.range = kDistance, .unit = "mm"}),
 };
 
 constexpr const char* kStartMeaning = "Where the number begins in the profile name; its first character is 0.";
@@ -361,10 +356,15 @@ constexpr Key kReportKeys[] = {
     Report<kDuplicateNotch>("duplicate_notch", "A notch repeats another and is left out.", "\"warning\""),
     Report<kUncoveredNotch>("uncovered_notch", "No corner notch describes a notch.", "\"error\""),
     Report<kFixedPattern>("fixed_pattern", "A hole of the fixed pattern is missing.", "\"error\""),
-    Report<kQuantity>("quantity", "More pieces than `max_quantity`.", "\"error\""),
+    Report<kQuantity>("quantity", "More pieces than `max_quantity`, or none at all.", "\"error\""),
     Report<kLongerThanStock>("longer_than_stock", "A member to be nested is longer than the stock bar.", "\"error\""),
+    Report<kUncoveredTrim>("uncovered_trim", "No trim covers what an outline leaves away at a whole side of its face.", "\"error\""),
+    Report<kUnclearCut>("unclear_cut", "No operations tell an outline or a saw cut as it is.", "\"error\""),
+    Report<kHoleOutside>("hole_outside", "A hole lies outside of its face or of the member, and is not made.", "\"error\""),
+    Report<kLoneCountersink>("lone_countersink", "A countersink has no hole at its place, or one that has a countersink already, and is not made.", "\"error\""),
+    Report<kUnclearPlane>("unclear_plane", "A plane of its own shows neither the web nor, within the tolerance, a flange: its features count on the face of the view before it.", "\"warning\""),
 };
-static_assert(std::size(kReportKeys) == kLongerThanStock + 1);
+static_assert(std::size(kReportKeys) == kValidationTypes);
 
 constexpr Key kPairKeys[] = {
     Row<PairRule, &PairRule::code>("code", "Text that the second hole's code contains.", {.isRequired = true}),
@@ -402,6 +402,13 @@ constexpr Key kCornerNotchKeys[] = {
     Row<CornerNotchTable, &CornerNotchTable::values>("values", "Two or three numbers for the text: the first two `length` or `width`, the third a place.", {.isRequired = true}),
 };
 
+constexpr Key kTrimKeys[] = {
+    Row<TrimTable, &TrimTable::id>("id", "Name of the trim in this job.", {.isRequired = true}),
+    Row<TrimTable, &TrimRule::faces>("faces", "The faces that it is for.", {.defaultNote = "any"}),
+    Row<TrimTable, &TrimRule::sides>("sides", "The sides of a face that it is for.", {.defaultNote = "any"}),
+    Row<TrimTable, &TrimRule::code>("code", "What the machine calls it.", {.isRequired = true}),
+};
+
 constexpr Key kPatternHoleKeys[] = {
     Row<PatternHoleTable, &PatternHole::diameter>("diameter", "Diameter.", {.isRequired = true, .range = kSize, .unit = "mm"}),
     Row<PatternHoleTable, &PatternHole::code>("code", "The code that it must have got from its hole rule.", {.isRequired = true}),
@@ -429,8 +436,6 @@ constexpr KeyTable kTolerancesTable{kTolerancesKeys};
 constexpr KeyTable kFileTable{kFileKeys};
 constexpr KeyTable kSecondaryPartsTable{kSecondaryPartsKeys};
 constexpr KeyTable kGroupTable{kGroupKeys};
-constexpr KeyTable kCuttingTable{kCuttingKeys};
-constexpr KeyTable kStockTable{kStockKeys};
 constexpr KeyTable kSizeTable{kSizeKeys};
 constexpr KeyTable kThicknessTable{kThicknessKeys};
 constexpr KeyTable kSlopeTable{kSlopeKeys};
@@ -443,6 +448,7 @@ constexpr KeyTable kHoleGroupTable{kHoleGroupKeys};
 constexpr KeyTable kUncoveredHolesTable{kUncoveredHolesKeys};
 constexpr KeyTable kUncoveredTable{kUncoveredKeys};
 constexpr KeyTable kCornerNotchTable{kCornerNotchKeys};
+constexpr KeyTable kTrimTable{kTrimKeys};
 constexpr KeyTable kPatternHoleTable{kPatternHoleKeys};
 constexpr KeyTable kAssemblyPartTable{kAssemblyPartKeys};
 constexpr KeyTable kAdditionalInfoTable{kAdditionalInfoKeys};
@@ -456,8 +462,6 @@ template <> constexpr const KeyTable& KeysOf<TolerancesTable>() { return kTolera
 template <> constexpr const KeyTable& KeysOf<FileTable>() { return kFileTable; }
 template <> constexpr const KeyTable& KeysOf<SecondaryPartsTable>() { return kSecondaryPartsTable; }
 template <> constexpr const KeyTable& KeysOf<GroupTable>() { return kGroupTable; }
-template <> constexpr const KeyTable& KeysOf<Cutting>() { return kCuttingTable; }
-template <> constexpr const KeyTable& KeysOf<StockTable>() { return kStockTable; }
 template <> constexpr const KeyTable& KeysOf<SizeTable>() { return kSizeTable; }
 template <> constexpr const KeyTable& KeysOf<ThicknessTable>() { return kThicknessTable; }
 template <> constexpr const KeyTable& KeysOf<SlopeTable>() { return kSlopeTable; }
@@ -470,6 +474,7 @@ template <> constexpr const KeyTable& KeysOf<GroupRule>() { return kHoleGroupTab
 template <> constexpr const KeyTable& KeysOf<UncoveredHolesTable>() { return kUncoveredHolesTable; }
 template <> constexpr const KeyTable& KeysOf<UncoveredRule>() { return kUncoveredTable; }
 template <> constexpr const KeyTable& KeysOf<CornerNotchTable>() { return kCornerNotchTable; }
+template <> constexpr const KeyTable& KeysOf<TrimTable>() { return kTrimTable; }
 template <> constexpr const KeyTable& KeysOf<PatternHoleTable>() { return kPatternHoleTable; }
 template <> constexpr const KeyTable& KeysOf<AssemblyPartTable>() { return kAssemblyPartTable; }
 template <> constexpr const KeyTable& KeysOf<AdditionalInfoTable>() { return kAdditionalInfoTable; }
@@ -495,6 +500,7 @@ constexpr Key kMemberTypeKeys[] = {
     Row<MemberTypeTable, &MemberTypeTable::shortName>("short_name", "What it is called for short; kept with the type, not printed.", {.defaultNote = "its id"}),
     Row<MemberTypeTable, &MemberTypeTable::limits>("limits", "What a member may have; see the checks in brackets under `report`.", {.defaultNote = "no limits"}),
     Row<MemberTypeTable, &MemberTypeTable::report>("report", "What a finding of each check does. `warning`: a line in the warnings. `non_standard`: the same, and the member counts as non-standard; `non_standard_silent`: without the line. `error`: a line in the errors, and the member is not made. `second_...`: the same in a list of its own behind the first.", {.defaultNote = "as below"}),
+    Row<MemberTypeTable, &MemberTypeTable::areMarksMade>("marks", "Whether the machine makes marks and texts: records `mark`."),
     Row<MemberTypeTable, &MemberTypeTable::pattern>("fixed_pattern", "The fixed pattern that they must have, by id.", {.defaultNote = "none"}),
 };
 
@@ -549,13 +555,12 @@ constexpr Key kDocumentKeys[] = {
     Row<JobDocument, &JobDocument::files>("file", "An output file of the job's own, or a change to one of the four that are always there: `order`, `info`, `errors`, `warnings`.", {.isTop = true}),
     Row<JobDocument, &JobDocument::secondaryParts>("secondary_parts", "The group of all single parts of assemblies.", {.isTop = true}),
     Row<JobDocument, &JobDocument::groups>("group", "A group of members: a section of the orders.", {.isRequired = true, .isTop = true}),
-    Row<JobDocument, &JobDocument::cutting>("cutting", "How the plans are made that nested members are cut by.", {.isTop = true}),
-    Row<JobDocument, &JobDocument::stocks>("stock", "Bars of one length that nested members are cut from; one table per length. Without any that fits a profile: bars of 4000 mm, and no kerf.", {.isTop = true}),
     Row<JobDocument, &JobDocument::memberTypes>("member_type", "A kind of members, and how they are judged. The first that fits is a member's.", {.isRequired = true, .isTop = true}),
     Row<JobDocument, &JobDocument::holeRules>("hole_rule", "Which holes get which code. The first that fits is a hole's; a list that is not given fits any hole.", {.isTop = true}),
     Row<JobDocument, &JobDocument::uncoveredHoles>("uncovered_holes", "What happens to holes that no hole rule covers (`uncovered_hole`).", {.isTop = true}),
     Row<JobDocument, &JobDocument::cornerNotches>("corner_notch", "A notch at a corner that the machine has a text for. The first that fits is a notch's.", {.isTop = true}),
     Row<JobDocument, &JobDocument::uncoveredNotches>("uncovered_notches", "What happens to notches that no corner notch describes (`uncovered_notch`).", {.isTop = true}),
+    Row<JobDocument, &JobDocument::trims>("trim", "A cut along a whole side of a face that the machine has a code for. The first that fits counts; a list that is not given fits any.", {.isTop = true}),
     Row<JobDocument, &JobDocument::patterns>("fixed_pattern", "The holes that members of one length must have.", {.isTop = true}),
     Row<JobDocument, &JobDocument::assemblies>("assembly", "A main part and what is fixed to it.", {.isTop = true}),
     Row<JobDocument, &JobDocument::additionalInfo>("additional_info", "The lists of members in the file `info`.", {.isTop = true}),
@@ -593,6 +598,18 @@ const char* NameOf(eHoleFace face) {
 
 const char* NameOf(NcEncoding encoding) {
     return kNcEncodings[static_cast<std::size_t>(encoding)].word;
+}
+
+const char* NameOfCheck(int check) {
+    return kReportKeys[check].name;
+}
+
+const char* NameOfReport(eReportingTypes report) {
+    const auto* const at =
+        std::find_if(std::begin(kReportTypes), std::end(kReportTypes), [&](const auto& choice) {
+            return choice.value == report;
+        });
+    return at == std::end(kReportTypes) ? NameOfReport(eReportingWarning) : at->word;
 }
 
 std::vector<JobKeyTable> ListJobKeys() {

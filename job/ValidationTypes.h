@@ -17,11 +17,21 @@ enum ValidationType : int {
     kDuplicateNotch = 13,   ///< a notch repeats another and is left out
     kUncoveredNotch = 14,   ///< no corner notch describes a notch
     kFixedPattern = 15,     ///< a hole of the fixed pattern is missing
-    kQuantity = 16,         ///< more pieces than a member may have
+    kQuantity = 16,         ///< more pieces than a member may have, or none
     kLongerThanStock = 17,  ///< a member to be nested is longer than the stock
+    // From here on CMemberValidations has no place for the report type: see MemberType.
+    kUncoveredTrim = 18,    ///< no trim covers what an outline leaves away at a whole side
+    kUnclearCut = 19,       ///< no operations tell an outline, or a cut, as it is
+    kHoleOutside = 20,      ///< a hole lies outside of its face or of the member
+    kLoneCountersink = 21,  ///< a countersink has no hole of its own
+    kUnclearPlane = 22,     ///< a plane shows neither the web nor a flange for certain
 };
+
+inline constexpr int kFirstOwnType = kUncoveredTrim;
+inline constexpr int kValidationTypes = kUnclearPlane + 1;
 
 static_assert(kUncoveredHole == static_cast<int>(eValidationFirstFeature));
 static_assert(kLongerThanStock == static_cast<int>(eValidationLastFeature));
+static_assert(kFirstOwnType == kLongerThanStock + 1);
 
 }  // namespace job

@@ -109,6 +109,7 @@ void CNotchAddInfo::AppendFurtherPieces(const ZetArray<ZetGeomAugPolygon>& piece
     for (long i = 1; i < pieces.length(); ++i) {
         notch.setNotchFromPoly(
             pieces[i].getNormalised(kPieceTolerance), m_ViewData, m_Contour.type);
+        notch.m_Contour.hostTag = m_Contour.hostTag;
         notch.CorrectData();
         extra.append(notch);
     }

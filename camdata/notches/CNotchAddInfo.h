@@ -76,7 +76,8 @@ class CAMDATA_API CNotchAddInfo {
     /// These points, in the view's coordinates.
     const ZetArray<ZetGeomPoint2d>& GetOutline() const { return m_VertexArr; }
     CViewData GetViewData() const { return m_ViewData; }
-    /// The contour that the notch was made from; a further piece of one knows only its type.
+    /// The contour that the notch was made from; a further piece of one knows only its type and the
+    /// host's tag.
     const ZetNCContour& GetContour() const { return m_Contour; }
 
     void SetIsRect(bool isRectangle) { m_bIsRect = isRectangle; }

@@ -83,8 +83,9 @@ void AddSlot(HoleReport& report, const CHoleAddlInfo& record) {
     report.angle = record.GetSlotAngle();
 }
 
-bool IsRectangle(const dstv::NcHole* source) {
-    return source == nullptr || source->form == dstv::NcHoleForm::kRectangle;
+bool IsRectangle(const dstv::NcHole* source, const CHoleAddlInfo& record) {
+    return source == nullptr ? record.GetIsRectHole() || record.GetIsSqrHole()
+                             : source->form == dstv::NcHoleForm::kRectangle;
 }
 
 /// A rectangular hole of the file, or (null) an opening that a rule of the job makes one.
@@ -169,7 +170,7 @@ HoleReport MakeHoleReport(const plugin::MemberHole& hole, const HoleSources::Sou
     report.shape = ShapeWord(record, report.hasRightThread || report.hasLeftThread);
     if (record.GetIsSlot())
         AddSlot(report, record);
-    if (IsRectangle(source.hole))
+    if (IsRectangle(source.hole, record))
         AddRectangle(report, source.hole, record);
     report.remarks = Remarks(report);
     return report;
@@ -296,6 +297,14 @@ void AddNotches(const ZetArray<CNotchAddInfo>& notches,
     }
 }
 
+/// Those that are told.
+long CountWarnings(const std::vector<plugin::Finding>& findings) {
+    return static_cast<long>(
+        std::count_if(findings.begin(), findings.end(), [](const plugin::Finding& finding) {
+            return !finding.IsError() && finding.report != eReportingNonStdSilent;
+        }));
+}
+
 std::vector<ZetString> Trimmed(const ZetArray<ZetString>& lines) {
     std::vector<ZetString> trimmed;
     for (const ZetString& line : lines)
@@ -398,7 +407,9 @@ CheckReport ReportOf(const dstv::NcFileEntity& entity,
     report.holes = MakeHoleReports(member, sources);
     AddNotches(member.GetNotches(), false, sources, type, report.notches);
     AddNotches(member.GetDuplicateNotches(), true, sources, type, report.notches);
-    report.findings = {Trimmed(member.GetErrors()), Trimmed(member.GetWarnings())};
+    report.findings = {Trimmed(member.GetErrors()),
+                       Trimmed(member.GetWarnings()),
+                       CountWarnings(member.GetFindings())};
     report.faces = MakeFaceReports(entity, creator.getNCStructure());
     return report;
 }
@@ -436,8 +447,10 @@ CheckResult MakeCheckReport(dstv::NcFileEntity& entity, const CheckRules& rules)
         report.judgement = MakeJudgement(member, *type);
         return report;
     }
-    for (ZetString& text : DistanceWarnings(member.GetHoles()))
+    for (ZetString& text : DistanceWarnings(member.GetHoles())) {
         report.findings.warnings.push_back(std::move(text));
+        ++report.findings.warningCount;
+    }
     return report;
 }
 

@@ -74,6 +74,7 @@ struct NotchReport {
 struct FindingsReport {
     std::vector<ZetString> errors;
     std::vector<ZetString> warnings;
+    long warningCount = 0;  ///< findings: one may have several lines
 };
 
 /// What a job makes of the member.

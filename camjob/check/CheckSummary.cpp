@@ -13,7 +13,7 @@ void CheckSummary::Add(const CheckReport& report) {
     }
     for (const NotchReport& notch : report.notches)
         notches += notch.isDuplicate ? 0 : 1;
-    warnings += static_cast<long>(report.findings.warnings.size());
+    warnings += report.findings.warningCount;
     const bool isValid =
         report.judgement ? report.judgement->isValid : report.findings.errors.empty();
     invalidMembers += isValid ? 0 : 1;

@@ -70,22 +70,37 @@ std::vector<RunFault> JobInput::TakeLeftOut() {
     return InOrder(std::move(m_leftOut));
 }
 
+std::vector<RunUnmadeFile> JobInput::TakeUnmadeFiles() {
+    return InOrder(std::move(m_unmadeFiles));
+}
+
 /// Parts that waited were judged after files behind them were read.
-std::vector<RunFault> JobInput::InOrder(std::vector<PlacedFault> list) {
+template <typename T>
+std::vector<T> JobInput::InOrder(std::vector<Placed<T>> list) {
     std::stable_sort(list.begin(), list.end(), [](const auto& a, const auto& b) {
         return a.position < b.position;
     });
-    std::vector<RunFault> faults;
-    for (PlacedFault& placed : list)
-        faults.push_back(std::move(placed.fault));
-    return faults;
+    std::vector<T> values;
+    for (Placed<T>& placed : list)
+        values.push_back(std::move(placed.value));
+    return values;
 }
 
 void JobInput::Hold(Part part) {
     for (const dstv::NcNote& note : part.entity->getPart().notes)
-        ++(note.severity == dstv::NcNote::Severity::kWarning ? m_counts.warnings : m_counts.notes);
+        AddNote(part.position, part.file, note);
     m_assemblies.add(*part.entity);
     m_held.push_back(std::move(part));
+}
+
+void JobInput::AddNote(std::size_t position, const std::string& file, const dstv::NcNote& note) {
+    const bool isWarning = note.severity == dstv::NcNote::Severity::kWarning;
+    ++(isWarning ? m_counts.warnings : m_counts.notes);
+    m_notes.push_back({file, note});
+    if (isWarning && m_job.nc.warnings == job::NcWarnings::kRefuse)
+        m_faults.push_back({
+            position, {file, note.line, 0, DescribeNote(m_notes.back())}
+        });
 }
 
 bool JobInput::IsReady(const Part& part) const {
@@ -114,6 +129,8 @@ void JobInput::Note(const Part& part, plugin::JobRun::Added added) {
         ++m_counts.skipped;
     else
         AddUnmatched(part, header);
+    if (added != plugin::JobRun::Added::kAdded)
+        AddUnmade(part);
 }
 
 void JobInput::AddUnmatched(const Part& part, const dstv::NcHeader& header) {
@@ -138,6 +155,15 @@ void JobInput::AddMember(const Part& part, const ZetString& mark) {
                                    ZetString::fromUtf8(m_memberFiles[at->second])) +
                      kOtherSource);
     m_memberFiles.push_back(part.file);
+    m_memberAccounts.push_back(
+        SettleAccounts(dstv::EntriesOf(part.entity->getPart()), m_run.GetLastLedger()));
+}
+
+void JobInput::AddUnmade(const Part& part) {
+    const dstv::NcPart& content = part.entity->getPart();
+    m_unmadeFiles.push_back({
+        part.position, {part.file, content.header.mark, AllNotMade(dstv::EntriesOf(content))}
+    });
 }
 
 RunFault JobInput::FaultOf(const Part& part, const ZetString& text) {

@@ -36,6 +36,12 @@ class JobInput {
     std::vector<RunFault> TakeLeftOut();
     /// By member, in the order in which the run has them.
     std::vector<std::string> TakeMemberFiles() { return std::move(m_memberFiles); }
+    /// The same.
+    std::vector<FeatureAccounts> TakeMemberAccounts() { return std::move(m_memberAccounts); }
+    /// The files without a member that could be read, in their order.
+    std::vector<RunUnmadeFile> TakeUnmadeFiles();
+    /// What the reader has to say, in the order of the files and their lines.
+    std::vector<RunNote> TakeNotes() { return std::move(m_notes); }
 
   private:
     struct Part {
@@ -43,10 +49,12 @@ class JobInput {
         std::string file;      ///< UTF-8
         std::unique_ptr<dstv::NcFileEntity> entity;
     };
-    struct PlacedFault {
+    template <typename T>
+    struct Placed {
         std::size_t position;
-        RunFault fault;
+        T value;
     };
+    using PlacedFault = Placed<RunFault>;
 
     void Hold(Part part);
     bool IsReady(const Part& part) const;
@@ -56,7 +64,10 @@ class JobInput {
     void AddUnmatched(const Part& part, const dstv::NcHeader& header);
     static RunFault FaultOf(const Part& part, const ZetString& text);
     void AddFault(const Part& part, const ZetString& text);
-    static std::vector<RunFault> InOrder(std::vector<PlacedFault> list);
+    void AddUnmade(const Part& part);
+    void AddNote(std::size_t position, const std::string& file, const dstv::NcNote& note);
+    template <typename T>
+    static std::vector<T> InOrder(std::vector<Placed<T>> list);
     std::vector<PlacedFault>& ListFor(job::WhenNot what) {
         return what == job::WhenNot::kRefuse ? m_faults : m_leftOut;
     }
@@ -71,6 +82,9 @@ class JobInput {
     std::vector<std::unique_ptr<dstv::NcFileEntity>> m_assemblyParts;
     std::unordered_map<std::string, std::size_t> m_memberOfMark;  ///< position in m_memberFiles
     std::vector<std::string> m_memberFiles;
+    std::vector<FeatureAccounts> m_memberAccounts;
+    std::vector<Placed<RunUnmadeFile>> m_unmadeFiles;
+    std::vector<RunNote> m_notes;
     std::vector<PlacedFault> m_faults;
     std::vector<PlacedFault> m_leftOut;
 };

@@ -78,6 +78,8 @@ class JobRunner {
     void TakeLeftOut(JobInput& input, plugin::JobRun& run);
     void RefuseToReplaceInput(plugin::JobRun& run);
     bool Write(plugin::JobRun& run, const StagedOutput& output);
+    void TakeMembers(plugin::JobRun& run);
+    bool AddsUp();
     void TakeResults(plugin::JobRun& run);
 
     std::string OutputName(const ZetString& file) const {
@@ -90,8 +92,6 @@ class JobRunner {
     bool Refuse(const std::vector<job::JobError>& errors);
     bool Refuse();
     bool Cancel();
-    /// By a fault of the program.
-    void FailByFault(const std::string& message);
     void Fail(const std::string& message);
 
     const RunOptions& m_options;
@@ -101,6 +101,7 @@ class JobRunner {
     job::Job m_job;
     std::vector<fs::path> m_ncFiles;
     std::vector<std::string> m_memberFiles;
+    std::vector<FeatureAccounts> m_memberAccounts;
 };
 
 RunReport JobRunner::Run() {
@@ -142,6 +143,9 @@ void JobRunner::RunInFolder() {
         return;
     output.Begin();
     if (!Write(run, output))
+        return;
+    TakeMembers(run);
+    if (!AddsUp())
         return;
     output.Commit();
     TakeResults(run);
@@ -199,11 +203,12 @@ bool JobRunner::ReadInput(plugin::JobRun& run) {
     input.Finish();
     m_report.input = input.GetCounts();
     m_memberFiles = input.TakeMemberFiles();
+    m_memberAccounts = input.TakeMemberAccounts();
+    m_report.notes = input.TakeNotes();
+    m_report.unmadeFiles = input.TakeUnmadeFiles();
     for (RunFault& fault : input.TakeFaults())
         m_report.faults.push_back(std::move(fault));
     TakeLeftOut(input, run);
-    for (const ZetString& conflict : run.FindPlanConflicts())
-        Complain(m_options.job, conflict.toUtf8());
     RefuseToReplaceInput(run);
     return m_report.faults.empty() || Refuse();
 }
@@ -266,19 +271,50 @@ bool JobRunner::Write(plugin::JobRun& run, const StagedOutput& output) {
         return Cancel();
     for (const FileFault& fault : run.GetFileFaults())
         Fail(TextOf(fault));
-    for (const ZetString& fault : run.GetPlanFaults())
-        FailByFault("a cutting plan is wrong: " + fault.toUtf8());
     return m_report.status == RunStatus::kDone;
 }
 
+void JobRunner::TakeMembers(plugin::JobRun& run) {
+    std::vector<plugin::MemberResult> members = run.TakeMemberResults();
+    for (std::size_t i = 0; i < members.size(); ++i) {
+        const FeatureAccounts& accounts = m_memberAccounts[i];
+        const bool isMade = members[i].IsMade();
+        for (plugin::FeatureNote& note : members[i].notes) {
+            ++m_report.input.notes;
+            m_report.notes.push_back({
+                m_memberFiles[i],
+                {dstv::NcNote::Severity::kNote, note.feature.tag, std::move(note.text)}
+            });
+        }
+        m_report.members.push_back({std::move(members[i]),
+                                    std::move(m_memberFiles[i]),
+                                    isMade ? accounts.whenMade : accounts.whenNotMade});
+    }
+}
+
+/// Each feature of a member that is made has ended in an account.
+bool JobRunner::AddsUp() {
+    for (std::size_t i = 0; i < m_report.members.size(); ++i) {
+        const RunMember& member = m_report.members[i];
+        if (!member.result.IsMade())
+            continue;
+        for (const LostFeature& lost : m_memberAccounts[i].lost)
+            m_report.faults.push_back(
+                {member.file,
+                 lost.line,
+                 0,
+                 member.file + ":" + std::to_string(lost.line) + ": " + lost.text.toUtf8()});
+    }
+    if (!m_report.faults.empty())
+        m_report.status = RunStatus::kFault;
+    return m_report.faults.empty();
+}
+
 void JobRunner::TakeResults(plugin::JobRun& run) {
-    std::vector<plugin::MemberResult> members = run.GetMemberResults();
-    for (std::size_t i = 0; i < members.size(); ++i)
-        m_report.members.push_back({std::move(members[i]), std::move(m_memberFiles[i])});
     for (const plugin::GroupResult& group : run.GetGroupResults())
         m_report.groups.push_back({m_job.groups[group.group].id, group});
-    for (const plugin::ProfilePlan& plan : run.GetPlans())
-        m_report.plans.push_back({m_job.groups[plan.group].id, plan});
+    for (const plugin::NestResult& nest : run.GetNestResults())
+        m_report.nests.push_back({m_job.groups[nest.group].id, nest});
     for (const ZetString& name : run.GetFileNames()) {
         const std::string file = OutputName(name);
         std::error_code ignored;
@@ -307,11 +343,6 @@ bool JobRunner::Cancel() {
     return false;
 }
 
-void JobRunner::FailByFault(const std::string& message) {
-    m_report.status = RunStatus::kFault;
-    m_report.faults.push_back({"", 0, 0, message});
-}
-
 void JobRunner::Fail(const std::string& message) {
     m_report.status = RunStatus::kFailed;
     m_report.faults.push_back({"", 0, 0, message});
@@ -327,7 +358,7 @@ int RunJob(const RunOptions& options,
     if (options.asJson)
         WriteRunJson(report, out);
     else
-        WriteRunText(report, out, err);
+        WriteRunText(report, options.showsNotes, out, err);
     return report.GetExitCode();
 }
 

@@ -1,6 +1,7 @@
 #include "camjob/run/RunJson.h"
 
 #include "camjob/console/ReportJson.h"
+#include "job/ReportWords.h"
 
 #include <array>
 
@@ -32,6 +33,84 @@ Json ToJson(const RunInput& input) {
     };
 }
 
+Json ToJson(const RunNote& note) {
+    const bool isWarning = note.note.severity == dstv::NcNote::Severity::kWarning;
+    return {
+        {"file",     note.file                     },
+        {"line",     note.note.line                },
+        {"severity", isWarning ? "warning" : "note"},
+        {"text",     note.note.text.toUtf8()       },
+    };
+}
+
+/// By Account.
+constexpr std::array kAccountNames = {
+    "made", "refused", "not_made", "set_aside", "noted", "not_for_machine"};
+static_assert(kAccountNames.size() == plugin::kAccountCount);
+
+Json ToJson(const plugin::AccountNumbers& accounts) {
+    Json object = Json::object();
+    for (std::size_t i = 0; i < kAccountNames.size(); ++i)
+        object[kAccountNames[i]] = accounts.features[i];
+    return object;
+}
+
+Json OrNull(const std::optional<double>& value) {
+    return value ? Json(*value) : Json();
+}
+
+/// A feature with its place: a hosted tag is a line of the file.
+Json ToJson(const plugin::Feature& feature) {
+    return {
+        {"kind", ZetString(plugin::WordOf(feature.kind)).toUtf8()},
+        {"line", feature.tag                                     },
+    };
+}
+
+Json ToJson(const plugin::Finding& finding, const std::string& file) {
+    return {
+        {"type",     job::NameOfCheck(finding.type)                             },
+        {"report",   job::NameOfReport(finding.report)                          },
+        {"text",     finding.text.toUtf8()                                      },
+        {"rule",     finding.rule.isEmpty() ? Json() : Json(finding.rule.toUtf8())},
+        {"required", OrNull(finding.required)                                   },
+        {"found",    OrNull(finding.found)                                      },
+        {"feature",  finding.feature ? ToJson(*finding.feature) : Json()        },
+        {"file",     file                                                       },
+        {"line",     finding.feature ? finding.feature->tag : 0                 },
+    };
+}
+
+/// By SetAside.
+constexpr std::array kReasonNames = {"", "marked", "inside_slot", "duplicate", "countersink"};
+
+Json ToJson(const plugin::SetAsideFeature& setAside, const std::string& file) {
+    const bool hasOther = setAside.other.tag != 0;
+    return {
+        {"feature", ToJson(setAside.feature)                                },
+        {"reason",  kReasonNames[static_cast<std::size_t>(setAside.reason)]},
+        {"other",   hasOther ? ToJson(setAside.other) : Json()              },
+        {"file",    file                                                    },
+        {"line",    setAside.feature.tag                                    },
+    };
+}
+
+template <typename T>
+Json ListIn(const std::string& file, const std::vector<T>& items) {
+    Json array = Json::array();
+    for (const T& item : items)
+        array.push_back(ToJson(item, file));
+    return array;
+}
+
+Json ToJson(const RunUnmadeFile& file) {
+    return {
+        {"file",     file.file            },
+        {"mark",     file.mark.toUtf8()   },
+        {"accounts", ToJson(file.accounts)},
+    };
+}
+
 Json ToJson(const RunMember& member) {
     const plugin::MemberResult& result = member.result;
     return {
@@ -44,6 +123,9 @@ Json ToJson(const RunMember& member) {
         {"warnings",    result.outcome.hasWarnings  },
         {"nonStandard", result.outcome.isNonStandard},
         {"left",        result.left                 },
+        {"accounts",    ToJson(member.accounts)     },
+        {"findings",    ListIn(member.file, result.findings)},
+        {"setAside",    ListIn(member.file, result.setAside)},
     };
 }
 
@@ -59,71 +141,15 @@ Json ToJson(const RunGroup& group) {
     };
 }
 
-/// By the value of plugin::PlanUnit.
-constexpr std::array kUnitWords = {"bars", "mm", "price"};
-
-Json PieceJson(const plugin::ProfilePlan& plan, const plugin::PieceOnBar& piece) {
+Json ToJson(const RunNest& nest) {
     return {
-        {"position", plugin::Millimetres(piece.position) },
-        {"mark",     plan.parts[piece.part].mark.toUtf8()},
-        {"member",   plan.parts[piece.part].member       },
-        {"piece",    piece.number                        },
-        {"length",   plugin::Millimetres(piece.length)   },
-    };
-}
-
-/// Bars that are cut alike are one entry, with the pieces of its first bar.
-Json EntriesJson(const plugin::ProfilePlan& plan) {
-    Json entries = Json::array();
-    plugin::BarWalk walk(plan);
-    long bar = plan.firstBar;
-    for (const cutting::PlannedBars& bars : plan.plan.bars) {
-        Json pieces = Json::array();
-        for (const plugin::PieceOnBar& piece : walk.Next(bars))
-            pieces.push_back(PieceJson(plan, piece));
-        for (cutting::Count other = 1; other < bars.bars; ++other)
-            walk.Next(bars);
-        entries.push_back({
-            {"bar",    bar                             },
-            {"count",  bars.bars                       },
-            {"stock",  plan.stocks[bars.stock].length  },
-            {"kerf",   plan.stocks[bars.stock].kerf    },
-            {"offCut", plugin::Millimetres(bars.offCut)},
-            {"kept",   IsKept(plan,                      bars)},
-            {"pieces",        std::move(pieces)                                },
-        });
-        bar += static_cast<long>(bars.bars);
-    }
-    return entries;
-}
-
-Json ToJson(const RunPlan& run) {
-    const plugin::ProfilePlan& plan = run.plan;
-    const plugin::PlanTotals totals = TotalsOf(plan);
-    const double metres = totals.barLength / 1000.0;
-    return {
-        {"group",                    plan.group                                                             },
-        {"name",                     run.group.toUtf8()                                                     },
-        {"profile",                  plan.profileName.toUtf8()                                              },
-        {"material",                 plan.material.toUtf8()                                                 },
-        {"plan",                     plan.kind == job::BarPlan::kLeast ? "least" : "given"                  },
-        {"bars",                     totals.bars                                                            },
-        {"pieces",                   totals.pieces                                                          },
-        {"uncut",                    totals.uncut                                                           },
-        {"barLength",                totals.barLength                                                       },
-        {"pieceLength",              totals.pieceLength                                                     },
-        {"utilisation",              totals.GetUtilisation()                                                },
-        {"kerfLoss",                 totals.kerfLoss                                                        },
-        {"kept",                     totals.kept                                                            },
-        {"scrapped",                 totals.scrapped                                                        },
-        {"weight",                   plan.weightPerMetre > 0.0 ? Json(plan.weightPerMetre * metres) : Json()},
-        {"unit",                     kUnitWords[static_cast<std::size_t>(plan.unit)]                        },
-        {"cost",                     CostNumber(plan,                                                         plan.plan.cost)},
-        {"lowerBound",                          CostNumber(plan,                                                                                      plan.plan.bound)},
-        {"provedLeast",          plan.plan.IsProvedLeast()},
-        {"firstFit",CostNumber(plan,                                                                    plan.firstFit)},
-        {"given",                    CostNumber(plan,          plan.given)},
-        {"entries",                    EntriesJson(plan)                                                        },
+        {"group",       nest.result.group      },
+        {"name",        nest.name.toUtf8()     },
+        {"pieceLength", nest.result.pieceLength},
+        {"bars",        nest.result.bars       },
+        {"utilisation", nest.result.utilisation},
+        {"lowerBound",  nest.result.lowerBound },
+        {"firstFit",    nest.result.firstFit   },
     };
 }
 
@@ -150,9 +176,12 @@ void WriteRunJson(const RunReport& report, OutputStream& out) {
         {"faults",                ListOf(report.faults)                                },
         {"leftOut",               ListOf(report.leftOut)                               },
         {"input",                 ToJson(report.input)                                 },
+        {"notes",                 ListOf(report.notes)                                 },
+        {"unmadeFiles",           ListOf(report.unmadeFiles)                           },
         {"members",               ListOf(report.members)                               },
+        {"accounts",              ToJson(report.SumAccounts())                         },
         {"groups",                ListOf(report.groups)                                },
-        {"bars",                  ListOf(report.plans)                                 },
+        {"bars",                  ListOf(report.nests)                                 },
         {"files",                 ListOf(report.files)                                 },
     };
     constexpr int kIndentWidth = 1;

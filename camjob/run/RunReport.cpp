@@ -4,11 +4,26 @@
 
 namespace camjob {
 
+std::string DescribeNote(const RunNote& note) {
+    const bool isWarning = note.note.severity == dstv::NcNote::Severity::kWarning;
+    const std::string line = note.note.line > 0 ? ":" + std::to_string(note.note.line) : "";
+    return note.file + line + (isWarning ? ": warning: " : ": note: ") + note.note.text.toUtf8();
+}
+
 long RunReport::CountInvalid() const {
     long count = 0;
     for (const RunGroup& group : groups)
         count += group.result.invalid;
     return count;
+}
+
+plugin::AccountNumbers RunReport::SumAccounts() const {
+    plugin::AccountNumbers sum;
+    for (const RunMember& member : members)
+        sum += member.accounts;
+    for (const RunUnmadeFile& file : unmadeFiles)
+        sum += file.accounts;
+    return sum;
 }
 
 int RunReport::GetExitCode() const {

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "camjob/run/Accounts.h"
+#include "dstv/NcNote.h"
 #include "plugin/output/JobRun.h"
 
 #include "camdata/platform/text/ZetString.h"
@@ -17,7 +19,7 @@ enum class RunStatus {
     kCancelled,  ///< stopped by the user; the last output is as it was
     kFailed,     ///< a file could not be written; the last output is as it was, or the text tells
     kDeclined,   ///< the user cancelled the dialog; nothing was written
-    kFault,      ///< of the program, caught in time; the last output is as it was
+    kFault,      ///< the accounts do not add up; the last output is as it was
 };
 
 /// Why a run was refused or failed, or why a file was left out, in one line.
@@ -36,21 +38,37 @@ struct RunInput {
     long warnings = 0;
 };
 
+/// What the reader, or the plug-in, has to say about a file that takes part.
+struct RunNote {
+    std::string file;  ///< UTF-8
+    dstv::NcNote note;
+};
+
+/// "part.nc1:27: warning: hole with a negative X"
+std::string DescribeNote(const RunNote& note);
+
 /// A member and its file.
 struct RunMember {
     plugin::MemberResult result;
     std::string file;  ///< UTF-8
+    plugin::AccountNumbers accounts;
 };
 
-/// A group, by its name in the job.
+/// A file that could be read and takes no part: its member type is left out, or none takes it.
+struct RunUnmadeFile {
+    std::string file;  ///< UTF-8
+    ZetString mark;
+    plugin::AccountNumbers accounts;
+};
+
+/// A group or its bars, by its name in the job.
 struct RunGroup {
     ZetString name;
     plugin::GroupResult result;
 };
-/// How its members of one profile are cut.
-struct RunPlan {
-    ZetString group;
-    plugin::ProfilePlan plan;
+struct RunNest {
+    ZetString name;
+    plugin::NestResult result;
 };
 
 /// A file of the output.
@@ -69,12 +87,16 @@ struct RunReport {
     std::vector<RunFault> faults;
     std::vector<RunFault> leftOut;  ///< files that take no part, because the job says so
     RunInput input;
-    std::vector<RunMember> members;  ///< in the order of the files
+    std::vector<RunNote> notes;              ///< in the order of the files and their lines
+    std::vector<RunUnmadeFile> unmadeFiles;  ///< in the order of the files
+    std::vector<RunMember> members;          ///< in the order of the files
     std::vector<RunGroup> groups;
-    std::vector<RunPlan> plans;
+    std::vector<RunNest> nests;
     std::vector<RunFile> files;
 
     long CountInvalid() const;
+    /// Of all files that could be read.
+    plugin::AccountNumbers SumAccounts() const;
     int GetExitCode() const;
 };
 

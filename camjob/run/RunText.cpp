@@ -4,6 +4,7 @@
 #include "camjob/console/TextTable.h"
 
 #include <algorithm>
+#include <array>
 
 namespace camjob {
 
@@ -72,41 +73,26 @@ ZetString GroupTable(const RunReport& report) {
 }
 
 ZetString NestTable(const RunReport& report) {
-    ZetString uncut;
     TextTable table({
         {L"bars of group", Align::kLeft },
-        {L"profile",       Align::kLeft },
-        {L"plan",          Align::kLeft },
         {L"pieces m",      Align::kRight},
+        {L"bars",          Align::kRight},
         {L"used %",        Align::kRight},
-        {L"takes",         Align::kRight},
         {L"at least",      Align::kRight},
-        {L"first fit",     Align::kRight},
-        {L"given",         Align::kRight}
+        {L"first fit",     Align::kRight}
     });
-    for (const auto& [group, plan] : report.plans) {
-        const plugin::PlanTotals totals = TotalsOf(plan);
-        table.AddRow({group,
-                      OneLine(NameOfProfile(plan)),
-                      plan.kind == job::BarPlan::kLeast ? L"least" : L"given",
-                      Number(totals.pieceLength / kMillimetresAMetre),
-                      Number(totals.GetUtilisation() * kPercent),
-                      DescribeCost(plan, plan.plan.cost),
-                      DescribeCost(plan, plan.plan.bound),
-                      DescribeCost(plan, plan.firstFit),
-                      DescribeCost(plan, plan.given)});
-        if (totals.uncut > 0)
-            uncut += Line(Count(totals.uncut, L"piece") + L" of " + OneLine(NameOfProfile(plan)) +
-                          L" not cut: no bar is long enough, or none is left");
-    }
+    for (const RunNest& nest : report.nests)
+        table.AddRow({nest.name,
+                      Number(nest.result.pieceLength / kMillimetresAMetre),
+                      Integer(nest.result.bars),
+                      Number(nest.result.utilisation * kPercent),
+                      Integer(nest.result.lowerBound),
+                      Integer(nest.result.firstFit)});
     const ZetString text = table.Format();
-    if (text.isEmpty())
-        return text;
-    return text +
-           Line(
-               L"at least: no plan takes less; first fit: longest pieces first; given: shortest "
-               L"pieces first") +
-           uncut;
+    return text.isEmpty() ? text
+                          : text + Line(
+                                       L"at least: total length over stock length; first fit: "
+                                       L"bars of a first-fit-decreasing plan");
 }
 
 /// Single parts that assemblies do not come out even with.
@@ -129,19 +115,66 @@ ZetString SinglePartTable(const RunReport& report) {
     return table.Format();
 }
 
-ZetString InvalidMembers(const RunReport& report) {
-    TextTable table({
-        {L"invalid", Align::kLeft},
-        {L"file",    Align::kLeft}
-    });
-    long count = 0;
+struct UnmadeMember {
+    ZetString mark;
+    std::string file;
+    const plugin::AccountNumbers& accounts;
+    const wchar_t* reason;
+};
+
+std::vector<UnmadeMember> UnmadeMembers(const RunReport& report) {
+    std::vector<UnmadeMember> unmade;
     for (const RunMember& member : report.members)
-        if (!member.result.outcome.isValid && ++count <= kMaxListedMembers)
-            table.AddRow({OneLine(member.result.mark), OneLine(ZetString::fromUtf8(member.file))});
-    if (count == 0)
+        if (!member.result.IsMade())
+            unmade.push_back({member.result.mark,
+                              member.file,
+                              member.accounts,
+                              member.result.outcome.isValid ? L"no pieces" : L"invalid"});
+    for (const RunUnmadeFile& file : report.unmadeFiles)
+        unmade.push_back({file.mark, file.file, file.accounts, L"left out"});
+    return unmade;
+}
+
+/// Members that are not in the machine files, with the features that are not made with them.
+ZetString UnmadeTable(const RunReport& report) {
+    const std::vector<UnmadeMember> unmade = UnmadeMembers(report);
+    if (unmade.empty())
         return {};
+    TextTable table({
+        {L"not made", Align::kLeft },
+        {L"because",  Align::kLeft },
+        {L"features", Align::kRight},
+        {L"file",     Align::kLeft }
+    });
+    const long count = static_cast<long>(unmade.size());
+    for (long i = 0; i < std::min(count, kMaxListedMembers); ++i) {
+        const UnmadeMember& member = unmade[static_cast<std::size_t>(i)];
+        table.AddRow({OneLine(member.mark),
+                      member.reason,
+                      Integer(member.accounts.Sum()),
+                      OneLine(ZetString::fromUtf8(member.file))});
+    }
+    const ZetString list = table.Format() + MoreLine(count - kMaxListedMembers);
+    if (report.CountInvalid() == 0)
+        return list;
     const ZetString errorFile = OneLine(ZetString::fromUtf8(report.files[job::kErrorFile].name));
-    return table.Format() + MoreLine(count - kMaxListedMembers) + Line(L"why: see " + errorFile);
+    return list + Line(L"why invalid: see " + errorFile);
+}
+
+/// By Account.
+constexpr std::array kAccountWords = {
+    L"made", L"refused", L"not made", L"set aside", L"noted", L"not for this machine"};
+static_assert(kAccountWords.size() == plugin::kAccountCount);
+
+/// "412 features: 380 made, 14 refused, 10 set aside, 8 noted"
+ZetString AccountLine(const RunReport& report) {
+    const plugin::AccountNumbers sum = report.SumAccounts();
+    std::vector<ZetString> parts;
+    for (std::size_t i = 0; i < kAccountWords.size(); ++i)
+        if (sum.features[i] > 0 || i == 0)
+            parts.push_back(
+                ZetString::format(L"%d %s", sum.features[i], ZetString(kAccountWords[i])));
+    return Count(sum.Sum(), L"feature") + L": " + Joined(parts, L", ") + L"\n";
 }
 
 ZetString LeftOutLines(const RunReport& report) {
@@ -174,8 +207,9 @@ std::string ClosingMessage(const RunReport& report) {
         case RunStatus::kCancelled:
             return "camjob: stopped; the output in " + report.folder + " is as it was";
         case RunStatus::kFault:
-            return "camjob: this is a fault of this program; the output in " + report.folder +
-                   " is as it was";
+            return "camjob: the accounts of the features do not add up, which is a fault of this "
+                   "program; the output in " +
+                   report.folder + " is as it was";
         case RunStatus::kDeclined:
             return "camjob: the dialog was cancelled; nothing was written";
         default:
@@ -185,21 +219,25 @@ std::string ClosingMessage(const RunReport& report) {
 
 }  // namespace
 
-void WriteRunText(const RunReport& report, OutputStream& out, OutputStream& err) {
+void WriteRunText(const RunReport& report, bool showsNotes, OutputStream& out, OutputStream& err) {
     if (report.hasFinishedEarlierOutput)
         WriteMessage("camjob: finished the output of an earlier run in " + report.folder +
                          ", which was cut off",
                      err);
+    for (const RunNote& note : report.notes)
+        if (showsNotes || note.note.severity == dstv::NcNote::Severity::kWarning)
+            WriteMessage(DescribeNote(note), err);
     for (const RunFault& fault : report.faults)
         WriteMessage(fault.message, err);
     if (report.status == RunStatus::kDone)
         out.Write(Printable(Paragraphs({InputLine(report),
                                         LeftOutLines(report),
                                         GroupTable(report),
-                                        InvalidMembers(report),
+                                        UnmadeTable(report),
                                         SinglePartTable(report),
                                         NestTable(report),
-                                        FileTable(report)})));
+                                        FileTable(report),
+                                        AccountLine(report)})));
     else if (const std::string closing = ClosingMessage(report); !closing.empty())
         WriteMessage(closing, err);
 }

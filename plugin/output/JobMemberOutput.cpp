@@ -108,37 +108,59 @@ MachineOperation OperationOf(const CNotchAddInfo& notch) {
 }  // namespace
 
 void JobMember::GenerateOutPutStringForHoles() {
-    const std::map<HolePlace, const CHoleAddlInfo*> sinks = SinksByPlace();
     for (const CHoleAddlInfo& hole : m_holes) {
         if (!IsManufactured(hole))
             continue;
         MachineOperation operation = OperationOf(hole);
-        const auto sink = sinks.find(PlaceOf(hole));
-        if (hole.GetIsCSK() && sink != sinks.end()) {
-            operation.sinkDiameter = sink->second->GetSize();
-            operation.sinkDepth = sink->second->GetHoleData().depth;
+        if (const CHoleAddlInfo* sink = SinkOf(hole)) {
+            operation.sinkDiameter = sink->GetSize();
+            operation.sinkDepth = sink->GetHoleData().depth;
         }
-        m_textList1.append(FormatOperationLine(operation));
+        AddOperation(FormatOperationLine(operation), hole.GetHoleData().hostTag);
     }
-}
-
-/// The countersinks; the library finds the hole of one at exactly its place.
-std::map<JobMember::HolePlace, const CHoleAddlInfo*> JobMember::SinksByPlace() const {
-    std::map<HolePlace, const CHoleAddlInfo*> sinks;
-    for (const CHoleAddlInfo& sink : m_cskHoles)
-        sinks.insert({PlaceOf(sink), &sink});
-    return sinks;
-}
-
-JobMember::HolePlace JobMember::PlaceOf(const CHoleAddlInfo& hole) {
-    return {hole.GetViewData().GetHoleFace(), hole.GetXPos(), hole.GetYPos()};
 }
 
 void JobMember::GenerateOutPutStringForNotches() {
     for (const CNotchAddInfo& notch : m_notches) {
         if (IsManufactured(notch))
-            m_textList2.append(FormatOperationLine(OperationOf(notch)));
+            AddOperation(FormatOperationLine(OperationOf(notch)), notch.GetContour().hostTag);
     }
+}
+
+void JobMember::MakeTrims() {
+    for (const Trim& trim : m_trims) {
+        MachineOperation operation;
+        operation.kind = MachineOperationKind::kTrim;
+        operation.face = trim.face;
+        operation.side = static_cast<int>(trim.side);
+        operation.at = trim.at;
+        operation.code = trim.code;
+        AddOperationOnce(FormatOperationLine(operation), trim.tag);
+    }
+}
+
+void JobMember::MakeMitres() {
+    for (const ZetNCCut& cut : m_mitres) {
+        MachineOperation operation;
+        operation.kind = MachineOperationKind::kMitre;
+        operation.end = cut.end;
+        operation.cutFace = cut.face;
+        operation.angle = cut.angle;
+        AddOperationOnce(FormatOperationLine(operation), cut.hostTag);
+    }
+}
+
+/// Of cuts that are the same, one is made for all.
+void JobMember::AddOperationOnce(const ZetString& line, long tag) {
+    if (m_cutLines.insert(line).second)
+        AddOperation(line, tag);
+    else
+        m_ledger.Claim(tag, Account::kMade);
+}
+
+void JobMember::AddOperation(const ZetString& line, long tag) {
+    m_textList1.append(line);
+    m_ledger.Claim(tag, Account::kMade);
 }
 
 void JobMember::GenerateMemData() {
@@ -152,7 +174,7 @@ void JobMember::GenerateMemData() {
 
 ZetString JobMember::GetMemOutPutStr() {
     ZetString text;
-    for (const auto* lines : {&m_textList3, &m_textList1, &m_textList2})
+    for (const auto* lines : {&m_textList3, &m_textList1})
         for (const ZetString& line : *lines) {
             text += line;
             text += L"\n";

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "job/Job.h"
+#include "plugin/output/CuttingList.h"
 #include "plugin/output/JobProjectInformation.h"
-#include "plugin/output/ProfilePlan.h"
 #include "plugin/rules/JobMember.h"
 #include "plugin/rules/JudgingRules.h"
 
@@ -32,6 +32,12 @@ struct MemberResult {
     /// Of a single part: the pieces that no assembly takes; below 0: the pieces that assemblies
     /// lack. 0 for all others.
     long left = 0;
+    std::vector<Finding> findings;
+    std::vector<SetAsideFeature> setAside;
+    std::vector<FeatureNote> notes;
+
+    /// It has a block in the machine files.
+    bool IsMade() const { return outcome.isValid && quantity > 0; }
 };
 
 /// One group of a run that has members.
@@ -42,6 +48,11 @@ struct GroupResult {
     long invalid = 0;
     long withWarnings = 0;
     long nonStandard = 0;
+};
+
+/// The bars of one nested group.
+struct NestResult : NestFigures {
+    std::size_t group = 0;  ///< position in Job::groups
 };
 
 /// One run of a job: takes the members one by one, then writes all files.
@@ -73,6 +84,8 @@ class JobRun {
     /// Judges a member and keeps what will be written of it. The entity, and those attached to it,
     /// are needed during the call only.
     Added Add(ZetNCEntity& entity);
+    /// What has become of the features of the member that was added last; empty unless it was.
+    const Ledger& GetLastLedger() const { return m_lastLedger; }
     long GetCount() const { return static_cast<long>(m_members.size()); }
 
     /// Files of the job that take no part, a line each; the additional information lists them.
@@ -85,23 +98,17 @@ class JobRun {
     /// Once per run.
     bool Write(const std::filesystem::path& folder, const CancelCheck& isCancelled = {});
     /// Names of the files of the run, without folder, by position in Job::files; last the cutting
-    /// list and table, when a group is nested.
+    /// list, when a group is nested.
     std::vector<ZetString> GetFileNames();
     /// What could not be opened, written or closed.
     const ZetArray<FileFault>& GetFileFaults() const { return m_faults; }
 
-    /// In the order in which they were added. After Write.
-    std::vector<MemberResult> GetMemberResults() const;
+    /// In the order in which they were added. After Write; their lists once.
+    std::vector<MemberResult> TakeMemberResults();
     /// By position. After Write.
     std::vector<GroupResult> GetGroupResults() const;
-    /// Why members that were added cannot be cut as the job says; one sentence each.
-    std::vector<ZetString> FindPlanConflicts() const;
-    /// By group, then by profile and material; empty without nested groups that have valid members.
-    /// After Write.
-    const std::vector<ProfilePlan>& GetPlans() const { return m_plans; }
-    /// What was wrong with a plan, one sentence each: a fault of the program. What Write has
-    /// written is of no use then.
-    const std::vector<ZetString>& GetPlanFaults() const { return m_planFaults; }
+    /// By position; empty without nested groups that have valid members. After Write.
+    const std::vector<NestResult>& GetNestResults() const { return m_nestResults; }
 
   private:
     class Member;
@@ -127,23 +134,20 @@ class JobRun {
     void SetUpGroups();
     void SetUpAdditionalInfo();
     void EndLines(const std::filesystem::path& folder);
-    bool IsAnyGroupNested() const;
-    void MakePlans();
-    ProfilePlan PlanFor(const std::vector<std::size_t>& members);
     void WriteCuttingList(const ZetString& folder);
-    void WriteCuttingTable(const ZetString& folder);
-    void CloseFile(ZetFileAccess& file, const ZetString& name);
+    bool IsAnyGroupNested() const;
+    Member* FindNestHolder(std::size_t group) const;
+    ZetArray<ZetString> CutGroup(std::size_t group);
 
     const job::Job& m_job;
     JudgingRules m_rules;
     DateOfLife m_date;
     std::vector<std::unique_ptr<Member>> m_members;
+    Ledger m_lastLedger;
     CMxCamGlobAcc m_accumulator;
     std::vector<ZetString> m_leftOut;
     ZetArray<FileFault> m_faults;
-    std::vector<ProfilePlan> m_plans;
-    std::vector<ZetString> m_planFaults;
-    std::vector<std::size_t> m_written;  ///< positions of members, as they were written
+    std::vector<NestResult> m_nestResults;
     CancelCheck m_isCancelled;
 };
 

@@ -42,6 +42,15 @@ constexpr std::array<std::wstring_view, 2> kCutWords = {L"external", L"internal"
 /// By ZetNCHoleData::Kind.
 constexpr std::array<std::wstring_view, 3> kThreadWords = {L"none", L"right", L"left"};
 
+/// By job::TrimSide.
+constexpr std::array<std::wstring_view, 4> kSideWords = {L"start", L"end", L"lower", L"upper"};
+/// By ZetNCCut::End.
+constexpr std::array<std::wstring_view, 2> kEndWords = {L"start", L"end"};
+/// By ZetNCCut::Face.
+constexpr std::array<std::wstring_view, 2> kCutFaceWords = {L"web", L"flange"};
+/// By MachineMark.
+constexpr std::array<std::wstring_view, 3> kMarkWords = {L"powder", L"punch", L"text"};
+
 /// A field that holds one of some words, as the position of its word.
 template <typename Record>
 struct WordField {
@@ -91,6 +100,22 @@ constexpr OperationField kThread = {
 constexpr OperationField kPoints = {L"points", &Operation::points};
 constexpr OperationField kCode = {L"code", &Operation::code};
 
+constexpr OperationField kSide = {
+    L"side", WordField<Operation>{&Operation::side, kSideWords}
+};
+constexpr OperationField kAt = {L"at", &Operation::at};
+constexpr OperationField kEnd = {
+    L"end", WordField<Operation>{&Operation::end, kEndWords}
+};
+constexpr OperationField kCutFace = {
+    L"face", WordField<Operation>{&Operation::cutFace, kCutFaceWords}
+};
+constexpr OperationField kMarkKind = {
+    L"kind", WordField<Operation>{&Operation::mark, kMarkWords}
+};
+constexpr OperationField kHeight = {L"height", &Operation::height};
+constexpr OperationField kText = {L"text", &Operation::text};
+
 constexpr OperationField kHole[] = {kFace, kX, kY, kDiameter, kDepth, kThread, kCode};
 constexpr OperationField kCountersunk[] = {
     kFace, kX, kY, kDiameter, kDepth, kSinkDiameter, kSinkDepth, kCode};
@@ -98,6 +123,9 @@ constexpr OperationField kSlot[] = {kFace, kX, kY, kWidth, kLength, kAngle, kDep
 constexpr OperationField kRectangle[] = {kFace, kX, kY, kLength, kWidth, kCode};
 constexpr OperationField kNotch[] = {kFace, kCut, kX, kY, kLength, kWidth, kCode};
 constexpr OperationField kOutline[] = {kFace, kCut, kX, kY, kPoints, kCode};
+constexpr OperationField kTrim[] = {kFace, kSide, kAt, kCode};
+constexpr OperationField kMitre[] = {kEnd, kCutFace, kAngle};
+constexpr OperationField kMark[] = {kFace, kMarkKind, kX, kY, kAngle, kHeight, kPoints, kText};
 
 struct OperationType {
     std::wstring_view word;
@@ -105,7 +133,7 @@ struct OperationType {
 };
 
 /// By MachineOperationKind.
-constexpr std::array<OperationType, 6> kOperations = {
+constexpr std::array<OperationType, 9> kOperations = {
     {
      {L"hole", kHole},
      {L"countersunk", kCountersunk},
@@ -113,9 +141,12 @@ constexpr std::array<OperationType, 6> kOperations = {
      {L"rectangle", kRectangle},
      {L"notch", kNotch},
      {L"outline", kOutline},
+     {L"trim", kTrim},
+     {L"mitre", kMitre},
+     {L"mark", kMark},
      }
 };
-static_assert(kOperations.size() == static_cast<std::size_t>(MachineOperationKind::kOutline) + 1);
+static_assert(kOperations.size() == static_cast<std::size_t>(MachineOperationKind::kMark) + 1);
 
 // ---- values -------------------------------------------------------------------------------------
 

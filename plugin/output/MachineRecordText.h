@@ -23,12 +23,22 @@ enum class MachineOperationKind {
     kRectangle,    ///< a rectangular or square hole
     kNotch,        ///< a rectangle along the member, cut from the outline or out of the face
     kOutline,      ///< any other shape, cut from the outline or out of the face
+    kTrim,         ///< a whole side of a face is cut off
+    kMitre,        ///< an end of the member is cut at an angle
+    kMark,         ///< points, a line or a text that the machine marks
 };
 
 /// Where a notch is cut.
 enum MachineCut : int {
     kExternalCut = 0,  ///< from the outline of the face
     kInternalCut = 1,  ///< out of the face
+};
+
+/// What a mark is made with, or that it is a text.
+enum MachineMark : int {
+    kPowderMark = 0,
+    kPunchMark = 1,
+    kTextMark = 2,
 };
 
 /// One operation on a member, mm and degrees, in the frame of its face: X along the member from its
@@ -47,7 +57,14 @@ struct MachineOperation {
     double sinkDiameter = 0.0;
     double sinkDepth = 0.0;
     int thread = ZetNCHoleData::eKindPlain;  ///< ZetNCHoleData::Kind without countersunk
-    ZetArray<ZetGeomPoint2d> points;         ///< corners of an outline, each once
+    ZetArray<ZetGeomPoint2d> points;         ///< corners of an outline, each once; of a mark
+    int side = 0;                            ///< of a trim: job::TrimSide
+    double at = 0.0;                         ///< of a trim: X or Y of the new edge
+    int end = 0;                             ///< of a mitre: ZetNCCut::End
+    int cutFace = 0;                         ///< of a mitre: ZetNCCut::Face
+    int mark = kPunchMark;
+    double height = 0.0;  ///< of a text
+    ZetString text;
     ZetString code;
 };
 

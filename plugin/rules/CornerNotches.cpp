@@ -44,6 +44,7 @@ void JobMember::MatchCornerNotch(CNotchAddInfo& notch) const {
 void JobMember::SettleNotches() {
     const job::Uncovered action = GetJob().uncoveredNotches.action;
     if (action == job::Uncovered::kAccept) {
+        FileNotches(eNotchNotAllowed, kNotAllowedText);
         CodeUncoveredNotches(eNotchValid);
         CountContours();
         return;
@@ -56,9 +57,11 @@ void JobMember::SettleNotches() {
 }
 
 void JobMember::FileNotches(eNotchStatus status, const wchar_t* what) {
+    const bool isRefusal =
+        status != eNotchValid || GetJob().uncoveredNotches.action == job::Uncovered::kReport;
     for (const CNotchAddInfo& notch : m_notches) {
         if (notch.GetNotchStatus() == status)
-            FileNotch(job::kUncoveredNotch, what, notch);
+            FileNotch({.type = job::kUncoveredNotch, .text = what, .isRefusal = isRefusal}, notch);
     }
 }
 

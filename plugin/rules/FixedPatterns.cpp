@@ -69,7 +69,9 @@ void JobMember::CheckFixedPattern() {
     }
     for (CMxHoles& expected : prescription.GetMxHoles()) {
         if (!expected.GetFound())
-            FileFinding(job::kFixedPattern, expected.GetErrMsg(prescription.GetFixedLength()));
+            FileFinding({.type = job::kFixedPattern,
+                         .text = expected.GetErrMsg(prescription.GetFixedLength()),
+                         .rule = GetJob().patterns[*m_type.pattern].id});
     }
     SetSingleMemValid(std::move(prescription));
 }

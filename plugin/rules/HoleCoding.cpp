@@ -26,12 +26,16 @@ void JobMember::CodeHoles() {
     const ZetString profileName = GetProfileName();
     m_entryOfHole.clear();
     for (CHoleAddlInfo& hole : m_holes) {
+        if (!hole.GetValid()) {
+            m_entryOfHole.push_back(nullptr);
+            continue;
+        }
         const HoleRuleMatcher::Match match = m_rules.GetHoleRules().Find(hole, profileName);
         m_entryOfHole.push_back(match.entry);
         if (match.entry != nullptr)
             CodeHole(hole, *match.entry);
         else if (match.isExcluded)
-            RefuseHole(job::kExcludedHole, kExcludedText, hole);
+            RefuseHole({.type = job::kExcludedHole, .text = kExcludedText}, hole);
         else
             HandleUncoveredHole(hole);
     }
@@ -50,16 +54,17 @@ void JobMember::CodeHole(CHoleAddlInfo& hole, const HoleRuleMatcher::Entry& entr
 void JobMember::HandleUncoveredHole(CHoleAddlInfo& hole) {
     const job::UncoveredRule& uncovered = GetJob().uncoveredHoles;
     if (uncovered.action == job::Uncovered::kReport)
-        return RefuseHole(job::kUncoveredHole, kUncoveredText, hole);
+        return RefuseHole({.type = job::kUncoveredHole, .text = kUncoveredText}, hole);
     if (uncovered.action == job::Uncovered::kOutput)
-        FileHole(job::kUncoveredHole, kUncoveredText, hole);
+        FileHole({.type = job::kUncoveredHole, .text = kUncoveredText}, hole);
     hole.SetHoleCode(job::FillCode(uncovered.code, ValuesOf(hole)));
     hole.SetHoleStatus(eHoleStatusWaitsForPair);
 }
 
 /// Files a finding; the hole is not manufactured.
-void JobMember::RefuseHole(job::ValidationType type, const wchar_t* what, CHoleAddlInfo& hole) {
-    FileHole(type, what, hole);
+void JobMember::RefuseHole(Finding finding, CHoleAddlInfo& hole) {
+    finding.isRefusal = true;
+    FileHole(std::move(finding), hole);
     hole.SetValid(false);
     hole.SetHoleStatus(eHoleStatusNeverPair);
 }

@@ -61,7 +61,7 @@ void JobMember::FormGroup(const std::vector<long>& column) {
         if (isWhole)
             PutIntoGroup(hole, group);
         if (!hole.checkGroupHole())
-            LeaveAlone(hole, group);
+            LeaveAlone(hole, *EntryOfHole(index)->job);
     }
 }
 
@@ -73,9 +73,13 @@ void JobMember::PutIntoGroup(CHoleAddlInfo& hole, const job::GroupRule& group) {
 }
 
 /// The library has refused the hole already when it must be in a group; else it goes out alone.
-void JobMember::LeaveAlone(CHoleAddlInfo& hole, const job::GroupRule& group) {
-    if (group.isMust)
-        FileHole(job::kMissingGroup, kMissingGroupText, hole);
+void JobMember::LeaveAlone(CHoleAddlInfo& hole, const job::HoleRule& rule) {
+    if (rule.group.isMust)
+        FileHole({.type = job::kMissingGroup,
+                  .text = kMissingGroupText,
+                  .rule = rule.id,
+                  .isRefusal = true},
+                 hole);
     else
         hole.SetHoleStatus(eHoleStatusWaitsForPair);
 }

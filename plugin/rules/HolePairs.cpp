@@ -22,7 +22,9 @@ void JobMember::FindPairs() {
     for (long i = 0; i < m_holes.length(); ++i) {
         const HoleRuleMatcher::Entry* entry = EntryOfHole(i);
         if (entry != nullptr && entry->job->isPairMust && IsUnsettled(m_holes[i]))
-            RefuseHole(job::kMissingPair, kMissingPairText, m_holes[i]);
+            RefuseHole(
+                {.type = job::kMissingPair, .text = kMissingPairText, .rule = entry->job->id},
+                m_holes[i]);
     }
 }
 

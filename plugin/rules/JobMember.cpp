@@ -1,7 +1,8 @@
 #include "plugin/rules/JobMember.h"
 
-#include "plugin/rules/BarStock.h"
+#include "plugin/rules/CircularOpenings.h"
 #include "plugin/rules/FlangeZero.h"
+#include "plugin/rules/NegativeZeros.h"
 
 #include "camdata/member/MemberFiles.h"
 #include "camdata/tolerance/CMxGeom.h"
@@ -9,6 +10,10 @@
 #include "camdata/util/HostBridge.h"
 #include "camdata/util/ReportIndent.h"
 
+#include <algorithm>
+#include <array>
+#include <cstddef>
+#include <iterator>
 #include <utility>
 
 namespace plugin {
@@ -17,6 +22,28 @@ namespace {
 
 ZetString Indented(const ZetString& text) {
     return MemberLineIndent() + text;
+}
+
+/// What tells the library's lines about limits apart; the first that fits.
+struct LimitLine {
+    const wchar_t* fragment;
+    eValidationTypes type;
+};
+constexpr LimitLine kLimitLines[] = {
+    {L"No of holes",           eValidationNoOfHoles           },
+    {L"Internal contours",     eValidationNoOfInternalContours},
+    {L"external contours",     eValidationNoOfExternalContours},
+    {L"should not be greater", eValidationMaximumLength       },
+    {L"is less than",          eValidationMinimumLength       },
+    {L"should be",             eValidationFixedLength         },
+};
+
+int TypeOfLine(const ZetString& line) {
+    const auto* const row =
+        std::find_if(std::begin(kLimitLines), std::end(kLimitLines), [&](const LimitLine& each) {
+            return line.contains(each.fragment);
+        });
+    return row == std::end(kLimitLines) ? eValidationNoOfHoles : row->type;
 }
 
 /// The lines under their heading; nothing without one.
@@ -34,13 +61,11 @@ ZetArray<ZetString> BlockOf(ZetArray<ZetString> heading,
 
 JobMember::JobMember(const JudgingRules& rules, const job::MemberType& type, ZetNCCreator& creator)
     : m_rules(rules), m_type(type) {
-    const ZetNCHeaderData header = creator.getHeader();
-    m_material = header.material;
-    m_weightPerMetre = header.weightPerMetre;
     CMemberValidations limits = type.limits;
-    limits.SetPartofAssy(rules.IsPartOfAssembly(header.mark));
+    limits.SetPartofAssy(rules.IsPartOfAssembly(creator.getHeader().mark));
     SetMemObjects(type.type, std::move(limits));
     SetNCObjects(&creator);
+    m_ledger = Ledger(FeaturesOf(m_structure));
     SetEntTypeAndProfileName(creator.getNCEntity()->getType(), GetProfileNameFromCreator(&creator));
     SetNesting(GetGroup().isNested);
     m_reserveLength = GetGroup().reserveLength;
@@ -54,76 +79,112 @@ std::size_t JobMember::GetGroupPosition() const {
 
 void JobMember::ValidateMember() {
     ApplyFlangeZeros(m_structure, m_type);
+    TakeCircularOpenings(m_structure, m_notes);
     GetAndSortHolesNotches();
-    FileSetAside();
+    CheckOutlines();
+    SetAsideNotches();
+    SettleSetAsideHoles();
+    JoinCountersinks();
     TakeRectangularHoles();
+    CheckPlanes();
+    CheckPlaces();
     CheckDistances();
     CodeHoles();
     FindPairs();
     FindGroups();
     MatchCornerNotches();
+    CheckCuts();
     SetNoOfHoles(MakeValidHoles());
     SettleNotches();
     CheckFixedPattern();
-    CMxPeilaib::ValidateMember();
+    CheckLimits();
     CheckQuantity();
     CheckStockLength();
 }
 
-void JobMember::CheckDistances() {
-    if (!GetJob().areDistancesChecked)
-        return;
-    const double length = GetLength();
-    for (CHoleAddlInfo& hole : m_holes) {
-        ZetArray<ZetString> lines;
-        hole.CheckEdgeAndEndDist(m_memType, length);
-        // Not without lines: they would make the member invalid or non-standard too.
-        if (hole.GetWarMsg(lines))
-            AppendMsg_VT(ReportTypeOf(job::kHoleDistance), lines);
-    }
+/// The checks of the library, whose lines become findings of ours too.
+void JobMember::CheckLimits() {
+    const std::array lists = {&m_errors, &m_warnings};
+    std::array<long, 2> before{};
+    for (std::size_t i = 0; i < lists.size(); ++i)
+        before[i] = lists[i]->length();
+    CMxPeilaib::ValidateMember();
+    for (std::size_t i = 0; i < lists.size(); ++i)
+        for (long line = before[i]; line < lists[i]->length(); ++line)
+            RecordFinding(
+                {.type = TypeOfLine((*lists[i])[line]), .text = (*lists[i])[line].trimmedLeft()});
 }
 
 void JobMember::CheckQuantity() {
     const long most = GetJob().maximumQuantity;
+    m_hasPieces = GetQty() > 0;
+    if (!m_hasPieces)
+        FileFinding(
+            {.type = job::kQuantity,
+             .text = ZetString::format(L"Quantity (%d): there is nothing to make", GetQty()),
+             .required = 1.0,
+             .found = static_cast<double>(GetQty())});
     if (GetQty() > most)
-        FileFinding(job::kQuantity,
-                    ZetString::format(L"Quantity (%d) is above %d", GetQty(), most));
+        FileFinding({.type = job::kQuantity,
+                     .text = ZetString::format(L"Quantity (%d) is above %d", GetQty(), most),
+                     .required = static_cast<double>(most),
+                     .found = static_cast<double>(GetQty())});
 }
 
 void JobMember::CheckStockLength() {
-    const std::vector<job::Stock> stocks = StocksFor(GetJob(), GetProfileName());
-    const job::Stock& longest = LongestOf(stocks);
-    const double usable = UsableLength(longest);
+    const double stockLength = CMxNestParts().GetNestLength();
     CMxGeom::SetTol(eTolEPS);
-    if (!GetGroup().isNested || !CMxGeom::IsGreater_Mx(GetLength(), usable))
-        return;
-    const ZetString grips =
-        usable < longest.length ? ZetString::format(L", of which %.0f can be used", usable) : L"";
-    FileFinding(job::kLongerThanStock,
-                ZetString::format(L"Member length (%.1f) is greater than the stock length %.0f%s",
-                                  GetLength(),
-                                  longest.length,
-                                  grips));
+    if (GetGroup().isNested && CMxGeom::IsGreater_Mx(GetLength(), stockLength))
+        FileFinding({.type = job::kLongerThanStock,
+                     .text = ZetString::format(
+                         L"Member length (%.1f) is greater than the stock length %.0f",
+                         GetLength(),
+                         stockLength),
+                     .required = stockLength,
+                     .found = GetLength()});
 }
 
-eReportingTypes JobMember::ReportTypeOf(job::ValidationType type) const {
-    return m_validations.GetReportType(static_cast<eValidationTypes>(type));
+// ---- findings -----------------------------------------------------------------------------------
+
+std::optional<Feature> JobMember::FeatureOf(long tag) const {
+    const Feature* const feature = m_ledger.Find(tag);
+    return feature == nullptr ? std::nullopt : std::optional(*feature);
 }
 
-void JobMember::FileFinding(job::ValidationType type, const ZetString& text) {
-    AppendMsg_VT(ReportTypeOf(type), Indented(text));
+void JobMember::RecordFinding(Finding finding) {
+    finding.text = WithoutNegativeZeros(finding.text);
+    finding.report = ReportTypeOf(finding.type);
+    if (finding.feature && (finding.isRefusal || finding.IsError()))
+        m_ledger.Claim(finding.feature->tag, Account::kRefused);
+    m_findings.push_back(std::move(finding));
 }
 
-void JobMember::FileHole(job::ValidationType type, const wchar_t* what, const CHoleAddlInfo& hole) {
-    FileFinding(type, ZetString::format(L"%s: %s", what, hole.GetHoleMsg().trimmedLeft()));
+void JobMember::FileFinding(Finding finding) {
+    AppendMsg_VT(ReportTypeOf(finding.type), Indented(WithoutNegativeZeros(finding.text)));
+    RecordFinding(std::move(finding));
+}
+
+void JobMember::FileHole(Finding finding, const CHoleAddlInfo& hole) {
+    finding.text = ZetString::format(L"%s: %s", finding.text, hole.GetHoleMsg().trimmedLeft());
+    finding.feature = FeatureOf(hole.GetHoleData().hostTag);
+    FileFinding(std::move(finding));
 }
 
 /// In the lines of the library, with this finding as the notch's error.
-void JobMember::FileNotch(job::ValidationType type, const wchar_t* what, CNotchAddInfo notch) {
+void JobMember::FileNotch(Finding finding, CNotchAddInfo notch) {
     ZetArray<ZetString> lines;
-    notch.AppendMsg(eHoleMsgError, what);
+    notch.AppendMsg(eHoleMsgError, finding.text);
     notch.GetErrMsg(lines);
-    AppendMsg_VT(ReportTypeOf(type), lines);
+    for (ZetString& line : lines)
+        line = WithoutNegativeZeros(line);
+    AppendMsg_VT(ReportTypeOf(finding.type), lines);
+    finding.text = ZetString::format(L"%s: notch on %s at (X:%.1f, Y:%.1f)",
+                                     finding.text,
+                                     notch.GetViewData().GetFaceStrForOutPut(),
+                                     notch.GetXPos(),
+                                     notch.GetYPos());
+    finding.feature = FeatureOf(notch.GetContour().hostTag);
+    RecordFinding(std::move(finding));
 }
 
 // ---- report -------------------------------------------------------------------------------------
@@ -155,6 +216,9 @@ void JobMember::MakeOutput() {
         GetAttachedPartNos();
     GenerateOutPutStringForHoles();
     GenerateOutPutStringForNotches();
+    MakeTrims();
+    MakeMitres();
+    MakeMarks();
     GenerateMemData();
     m_records = GetMemOutPutStr().toUtf8();
     ReleaseSources();
@@ -168,6 +232,12 @@ void JobMember::ReleaseSources() {
     m_holes = {};
     m_cskHoles = {};
     m_duplicateHoles = {};
+    m_reasons = {};
+    m_sinks.clear();
+    m_mitres = {};
+    m_trims = {};
+    m_cutLines.clear();
+    m_plate.reset();
     m_notches = {};
     m_duplicateNotches = {};
     m_textList1 = {};
@@ -175,7 +245,6 @@ void JobMember::ReleaseSources() {
     m_textList3 = {};
     SetSingleMemValid({});
     m_entryOfHole = {};
-    m_insideSlots.clear();
 }
 
 void JobMember::WriteMemOutPut(const ZetArray<ZetFileAccess*>& files,
@@ -183,7 +252,7 @@ void JobMember::WriteMemOutPut(const ZetArray<ZetFileAccess*>& files,
     if (IsMainPart())
         CheckAttachedPartsSelection(secondaryParts);
     SettleReport();
-    for (long i = 0; i < CountGroupFiles(files) && GetValid(); ++i)
+    for (long i = 0; i < CountGroupFiles(files) && GetValid() && m_hasPieces; ++i)
         WriteRecords(files[i]);
     m_records = {};
     WriteMemErrors(ErrorFileOf(files));
@@ -205,8 +274,7 @@ void JobMember::WriteMemWarnings(ZetFileAccess* file) {
 
 // ---- nesting ------------------------------------------------------------------------------------
 
-ZetArray<CMxNestParts> JobMember::MakeNests(ZetArray<CMxParts> parts) {
-    m_partsToNest = std::move(parts);
+ZetArray<CMxNestParts> JobMember::MakeNests() {
     // With one kind of part, nesting reads what is there.
     CMxGeom::SetTol(eTolEPS);
     Nesting();

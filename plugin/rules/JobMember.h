@@ -2,26 +2,24 @@
 
 #include "job/Job.h"
 #include "job/ValidationTypes.h"
+#include "plugin/ledger/Finding.h"
+#include "plugin/ledger/Ledger.h"
+#include "plugin/rules/FaceOutline.h"
 #include "plugin/rules/JudgingRules.h"
 
 #include "camdata/member/CMxPeilaib.h"
 
 #include <map>
+#include <optional>
 #include <set>
 #include <string>
 #include <tuple>
+#include <utility>
 #include <vector>
 
 namespace plugin {
 
-/// Why a hole is not among the member's holes.
-enum class SetAside {
-    kNot,          ///< it is among them
-    kMarked,       ///< set aside in the NC data
-    kInsideSlot,   ///< lies inside a slot
-    kDuplicate,    ///< stands at the place of another hole, touches it or overlaps it
-    kCountersink,  ///< the countersink of another hole
-};
+class ReachIndex;
 
 /// One hole of a member, wherever the member keeps it.
 struct MemberHole {
@@ -76,6 +74,18 @@ class JobMember : public CMxPeilaib {
     const ZetArray<CHoleAddlInfo>& GetHoles() const { return m_holes; }
     const ZetArray<CNotchAddInfo>& GetNotches() const { return m_notches; }
     const ZetArray<CNotchAddInfo>& GetDuplicateNotches() const { return m_duplicateNotches; }
+    /// What was found, in the order in which it was found; also what the job leaves unprinted.
+    const std::vector<Finding>& GetFindings() const { return m_findings; }
+    std::vector<Finding> TakeFindings() { return std::move(m_findings); }
+    /// What somebody should know of a feature, although nothing is wrong with it.
+    const std::vector<FeatureNote>& GetNotes() const { return m_notes; }
+    std::vector<FeatureNote> TakeNotes() { return std::move(m_notes); }
+    /// The features that are not made because others are. Ordered by tag.
+    const std::vector<SetAsideFeature>& GetSetAside() const { return m_setAside; }
+    std::vector<SetAsideFeature> TakeSetAside() { return std::move(m_setAside); }
+    /// What has become of the features of the NC data. Complete after MakeOutput.
+    const Ledger& GetLedger() const { return m_ledger; }
+    Ledger TakeLedger() { return std::move(m_ledger); }
     const ZetArray<ZetString>& GetErrors() const { return m_errors; }
     const ZetArray<ZetString>& GetWarnings() const { return m_warnings; }
     /// The error block: header lines and findings, as WriteMemErrors writes them; "" before
@@ -91,11 +101,9 @@ class JobMember : public CMxPeilaib {
     /// Position in Job::groups of the group that it is written with.
     std::size_t GetGroupPosition() const;
 
-    /// The library's nests of these parts, with the reserve of the member's group.
-    ZetArray<CMxNestParts> MakeNests(ZetArray<CMxParts> parts);
-    const ZetString& GetMaterial() const { return m_material; }
-    /// kg; 0: not known.
-    double GetWeightPerMetre() const { return m_weightPerMetre; }
+    /// The parts of its group that the member holds for nesting; MakeNests uses them up.
+    const ZetArray<CMxParts>& GetPartsToNest() const { return m_partsToNest; }
+    ZetArray<CMxNestParts> MakeNests();
 
     void GenerateOutPutStringForHoles() override;
     void GenerateOutPutStringForNotches() override;
@@ -110,13 +118,18 @@ class JobMember : public CMxPeilaib {
     void WriteMemWarnings(ZetFileAccess* file) override;
 
   private:
-    ZetString m_material;
-    double m_weightPerMetre = 0.0;
-
-    /// Tells one hole of the NC data from another.
-    using HoleKey = std::tuple<long, eHoleFace, double, double, double>;
-    /// Face and position.
-    using HolePlace = std::tuple<eHoleFace, double, double>;
+    class HoleSettlement;
+    struct NotchSum;
+    /// A whole side of a face that is cut off.
+    struct Trim {
+        eHoleFace face;
+        job::TrimSide side;
+        double at;  ///< X or Y of the new edge
+        ZetString code;
+        long tag;
+    };
+    /// Tag, face and position.
+    using HolePlace = std::tuple<long, eHoleFace, double, double>;
 
     const job::Job& GetJob() const { return m_rules.GetJob(); }
     const job::Group& GetGroup() const { return GetJob().groups[GetGroupPosition()]; }
@@ -125,24 +138,52 @@ class JobMember : public CMxPeilaib {
         return m_entryOfHole[static_cast<std::size_t>(index)];
     }
 
-    eReportingTypes ReportTypeOf(job::ValidationType type) const;
-    void FileFinding(job::ValidationType type, const ZetString& text);
-    void FileHole(job::ValidationType type, const wchar_t* what, const CHoleAddlInfo& hole);
-    void FileNotch(job::ValidationType type, const wchar_t* what, CNotchAddInfo notch);
+    eReportingTypes ReportTypeOf(int type) const { return m_type.GetReportType(type); }
+    /// Files a finding with its report type, as a line of the member.
+    void FileFinding(Finding finding);
+    /// Files a finding whose lines stand in the library's lists already, or nowhere.
+    void RecordFinding(Finding finding);
+    void FileHole(Finding finding, const CHoleAddlInfo& hole);
+    void FileNotch(Finding finding, CNotchAddInfo notch);
+    std::optional<Feature> FeatureOf(long tag) const;
 
-    void FileSetAside();
-    void FindHolesInsideSlots();
-    SetAside WhySetAside(const CHoleAddlInfo& hole) const;
-    static HoleKey KeyOf(const CHoleAddlInfo& hole);
+    bool IsPlate() const;
+    bool IsRound() const;
+    std::optional<FaceBox> FaceOfView(int viewPosition) const;
+    static eHoleFace FaceAtView(int viewPosition);
+    void CheckOutlines();
+    ZetString FaultOf(const ZetNCContour& outline, int viewPosition, const NotchSum& sum) const;
+    bool FindTrims(const ZetNCContour& outline, int viewPosition);
+    void TakeTrim(Trim trim, double missing);
+    static void DropNotches(ZetArray<CNotchAddInfo>& notches, const std::set<long>& tags);
+
+    void SettleSetAsideHoles();
+    void OrderByView();
+    void FileMarked(const CHoleAddlInfo& hole);
+    void FileSetAside(const CHoleAddlInfo& hole, SetAside reason, const CHoleAddlInfo& other);
+    void AddSetAside(long tag, SetAside reason, long otherTag);
+    long ViewOf(const CHoleAddlInfo& hole) const;
+    static void DropPlainOutlines(ZetArray<CNotchAddInfo>& notches);
+    void SetAsideNotches();
+
+    void JoinCountersinks();
+    long FindHoleOf(const CHoleAddlInfo& sink, const ReachIndex& holes) const;
+    const CHoleAddlInfo* SinkOf(const CHoleAddlInfo& hole) const;
 
     void TakeRectangularHoles();
 
     void CheckDistances();
+    void CheckDistancesOf(CHoleAddlInfo& hole, const FaceOutline* outline);
+    void FileDistances(const CHoleAddlInfo& hole, const ZetArray<ZetString>& lines);
+    void CheckPlaces();
+    const FaceOutline* PlateOutline();
+    bool IsOutside(const CHoleAddlInfo& hole, const FaceOutline* outline) const;
+    void CheckPlanes();
 
     void CodeHoles();
     static void CodeHole(CHoleAddlInfo& hole, const HoleRuleMatcher::Entry& entry);
     void HandleUncoveredHole(CHoleAddlInfo& hole);
-    void RefuseHole(job::ValidationType type, const wchar_t* what, CHoleAddlInfo& hole);
+    void RefuseHole(Finding finding, CHoleAddlInfo& hole);
 
     void FindPairs();
     void FindPairOf(long index, const HoleRuleMatcher::Entry& entry);
@@ -152,7 +193,7 @@ class JobMember : public CMxPeilaib {
     bool IsSameColumn(long a, long b) const;
     void FormGroup(const std::vector<long>& column);
     static void PutIntoGroup(CHoleAddlInfo& hole, const job::GroupRule& group);
-    void LeaveAlone(CHoleAddlInfo& hole, const job::GroupRule& group);
+    void LeaveAlone(CHoleAddlInfo& hole, const job::HoleRule& rule);
 
     void MatchCornerNotches();
     void MatchCornerNotch(CNotchAddInfo& notch) const;
@@ -166,11 +207,18 @@ class JobMember : public CMxPeilaib {
     bool TakeHoleOf(const CMxHoles& expected, std::vector<char>& isTaken) const;
     static bool IsExpectedHole(const CHoleAddlInfo& hole, const CMxHoles& expected, double x);
 
+    void CheckLimits();
     void CheckQuantity();
     void CheckStockLength();
 
-    std::map<HolePlace, const CHoleAddlInfo*> SinksByPlace() const;
     static HolePlace PlaceOf(const CHoleAddlInfo& hole);
+    void CheckCuts();
+    void MakeTrims();
+    void MakeMitres();
+    CViewData ViewDataOf(int viewPosition) const;
+    void MakeMarks();
+    void AddOperation(const ZetString& line, long tag);
+    void AddOperationOnce(const ZetString& line, long tag);
     void WriteRecords(ZetFileAccess* file) const;
     void ReleaseSources();
 
@@ -178,7 +226,17 @@ class JobMember : public CMxPeilaib {
     const job::MemberType& m_type;
     /// By hole; null: no rule. Only while the member is validated.
     std::vector<const HoleRuleMatcher::Entry*> m_entryOfHole;
-    std::set<HoleKey> m_insideSlots;  ///< those of the duplicate holes
+    std::optional<FaceOutline> m_plate;  ///< its outline, or its box
+    bool m_hasPieces = true;
+    std::vector<Trim> m_trims;
+    std::vector<ZetNCCut> m_mitres;
+    std::set<ZetString> m_cutLines;              ///< of trims and mitres
+    std::vector<SetAside> m_reasons;             ///< by duplicate hole
+    std::map<HolePlace, CHoleAddlInfo> m_sinks;  ///< by the place of their holes
+    std::vector<Finding> m_findings;
+    std::vector<SetAsideFeature> m_setAside;
+    std::vector<FeatureNote> m_notes;
+    Ledger m_ledger;
     MemberOutcome m_outcome;
     bool m_isSettled = false;
     /// UTF-8: of many members this is most of what is kept.

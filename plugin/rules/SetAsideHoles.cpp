@@ -1,64 +1,166 @@
 #include "plugin/rules/JobMember.h"
+#include "plugin/rules/ReachIndex.h"
 
-#include <utility>
+#include "camdata/tolerance/CMxGeom.h"
+
+#include <algorithm>
+#include <cmath>
+#include <tuple>
+
+// The library sets holes aside and does not say for which, each once for every slot that holds it;
+// of slots that lie in each other it leaves none. Here each gets the hole that it is set aside for,
+// one that is not set aside itself, and comes back when there is none.
 
 namespace plugin {
 
 namespace {
 
-constexpr const wchar_t* kInsideSlotText = L"Left out, it lies inside a slot";
-constexpr const wchar_t* kDuplicateText = L"Left out, it repeats or touches another hole";
-constexpr const wchar_t* kDuplicateNotchText = L"Left out, it repeats another notch";
+constexpr const wchar_t* kInsideSlotFormat = L"Left out, it lies inside a slot: %s; the slot: %s";
+constexpr const wchar_t* kDuplicateFormat =
+    L"Left out, it repeats or touches another hole: %s; the other: %s";
 
 /// A hole inside several slots was set aside once for each; all but the first have this status.
 bool IsRepeated(const CHoleAddlInfo& hole) {
     return hole.GetHoleStatus() == eHoleStatusInsideSlot;
 }
 
+/// A hole that is set aside for another one has its centre no farther from that one than both
+/// reach.
+double ReachOf(const CHoleAddlInfo& hole) {
+    const double tolerance = std::fmax(std::abs(CMxGeom::GetEPS()), std::abs(CMxGeom::GetYTol()));
+    return std::fmax(hole.GetSlotVector().length(), hole.GetSize() * 0.5) + tolerance;
+}
+
+ZetString TextOf(const CHoleAddlInfo& hole) {
+    return hole.GetHoleMsg().trimmedLeft();
+}
+
 }  // namespace
 
-JobMember::HoleKey JobMember::KeyOf(const CHoleAddlInfo& hole) {
-    const ZetNCHoleData& data = hole.GetHoleData();
-    return {data.hostTag, hole.GetViewData().GetHoleFace(), data.x, data.y, data.size};
-}
-
-/// The library does not say why it set a hole aside: it is asked once more, with all holes that are
-/// not marked back in the list.
-void JobMember::FindHolesInsideSlots() {
-    if (m_duplicateHoles.isEmpty())
-        return;
-    ZetArray<CHoleAddlInfo> holes = m_holes;
-    ZetArray<CHoleAddlInfo> duplicates = std::exchange(m_duplicateHoles, {});
-    for (const CHoleAddlInfo& hole : duplicates) {
-        if (hole.IsCommented())
-            continue;
-        m_holes.append(hole);
-        m_holes.last().SetHoleStatus(eHoleStatusNone);
+/// The holes that are left to be made or refused, and those that are set aside for them.
+class JobMember::HoleSettlement {
+  public:
+    explicit HoleSettlement(JobMember& member) : m_member(member) {
+        for (long i = 0; i < m_member.m_holes.length(); ++i)
+            AddKept(i);
     }
-    MakeDupHoleArrForHolesInsideSlot();
-    for (const CHoleAddlInfo& hole : m_duplicateHoles)
-        m_insideSlots.insert(KeyOf(hole));
-    m_holes = std::move(holes);
-    m_duplicateHoles = std::move(duplicates);
-}
 
-SetAside JobMember::WhySetAside(const CHoleAddlInfo& hole) const {
-    if (hole.IsCommented())
-        return SetAside::kMarked;
-    return m_insideSlots.count(KeyOf(hole)) > 0 ? SetAside::kInsideSlot : SetAside::kDuplicate;
-}
+    /// False when there is no hole that it could be set aside for.
+    bool SetAsideFor(const CHoleAddlInfo& hole) {
+        for (const SetAside reason : {SetAside::kInsideSlot, SetAside::kDuplicate})
+            if (const CHoleAddlInfo* other = FindOther(hole, reason)) {
+                m_member.FileSetAside(hole, reason, *other);
+                return true;
+            }
+        return false;
+    }
+    void TakeBack(const CHoleAddlInfo& hole) {
+        m_member.m_holes.append(hole);
+        AddKept(m_member.m_holes.length() - 1);
+    }
 
-void JobMember::FileSetAside() {
-    FindHolesInsideSlots();
-    for (const CHoleAddlInfo& hole : m_duplicateHoles) {
-        const SetAside reason = IsRepeated(hole) ? SetAside::kNot : WhySetAside(hole);
+  private:
+    void AddKept(long index) {
+        const CHoleAddlInfo& hole = m_member.m_holes[index];
+        m_kept.Add(index, hole.GetXPos(), ReachOf(hole));
+    }
+
+    /// The first in the file of those that are near enough.
+    const CHoleAddlInfo* FindOther(const CHoleAddlInfo& hole, SetAside reason) const {
+        const CHoleAddlInfo* found = nullptr;
+        m_kept.FindNear(hole.GetXPos(), ReachOf(hole), [&](long index) {
+            const CHoleAddlInfo& kept = m_member.m_holes[index];
+            const bool isEarlier =
+                found == nullptr || kept.GetHoleData().hostTag < found->GetHoleData().hostTag;
+            if (isEarlier && IsReason(kept, hole, reason))
+                found = &kept;
+            return false;
+        });
+        return found;
+    }
+    bool IsReason(const CHoleAddlInfo& kept, const CHoleAddlInfo& hole, SetAside reason) const {
         if (reason == SetAside::kInsideSlot)
-            FileHole(job::kHoleInsideSlot, kInsideSlotText, hole);
-        else if (reason == SetAside::kDuplicate)
-            FileHole(job::kDuplicateHole, kDuplicateText, hole);
+            return kept.IsInside(hole);
+        return m_member.ViewOf(kept) == m_member.ViewOf(hole) && kept == hole;
     }
-    for (const CNotchAddInfo& notch : m_duplicateNotches)
-        FileNotch(job::kDuplicateNotch, kDuplicateNotchText, notch);
+
+    JobMember& m_member;
+    ReachIndex m_kept;
+};
+
+/// A view's position, or the face where the host gave no tag to tell it by.
+long JobMember::ViewOf(const CHoleAddlInfo& hole) const {
+    const Feature* const feature = m_ledger.Find(hole.GetHoleData().hostTag);
+    return feature == nullptr ? hole.GetViewData().GetHoleFace() : feature->viewPosition;
+}
+
+void JobMember::SettleSetAsideHoles() {
+    std::vector<CHoleAddlInfo> open;
+    for (const CHoleAddlInfo& hole : std::exchange(m_duplicateHoles, {})) {
+        if (hole.IsCommented())
+            FileMarked(hole);
+        else if (!IsRepeated(hole))
+            open.push_back(hole);
+    }
+    std::stable_sort(open.begin(), open.end(), [](const auto& a, const auto& b) {
+        return a.GetHoleData().hostTag < b.GetHoleData().hostTag;
+    });
+    HoleSettlement settlement(*this);
+    const long kept = m_holes.length();
+    // What comes back may be what others wait for, so one at a time.
+    for (auto end = open.end(); !open.empty(); end = open.end()) {
+        open.erase(
+            std::remove_if(
+                open.begin(), end, [&](const auto& hole) { return settlement.SetAsideFor(hole); }),
+            end);
+        if (open.empty())
+            break;
+        settlement.TakeBack(open.front());
+        open.erase(open.begin());
+    }
+    if (m_holes.length() > kept)
+        OrderByView();
+}
+
+/// As the library has them: view by view, of each along the member.
+void JobMember::OrderByView() {
+    std::map<long, long> orderOfView;
+    for (const ZetNCView& view : m_structure.getViews())
+        orderOfView.insert({view.getViewPos(), static_cast<long>(orderOfView.size())});
+    const auto keyOf = [&](const CHoleAddlInfo& hole) {
+        return std::tuple(orderOfView[ViewOf(hole)], hole.GetXPos(), hole.GetYPos());
+    };
+    std::stable_sort(m_holes.begin(), m_holes.end(), [&](const auto& a, const auto& b) {
+        return keyOf(a) < keyOf(b);
+    });
+}
+
+void JobMember::FileMarked(const CHoleAddlInfo& hole) {
+    m_duplicateHoles.append(hole);
+    m_reasons.push_back(SetAside::kMarked);
+    AddSetAside(hole.GetHoleData().hostTag, SetAside::kMarked, 0);
+}
+
+void JobMember::FileSetAside(const CHoleAddlInfo& hole,
+                             SetAside reason,
+                             const CHoleAddlInfo& other) {
+    m_duplicateHoles.append(hole);
+    m_reasons.push_back(reason);
+    const bool isInSlot = reason == SetAside::kInsideSlot;
+    const ZetString text = isInSlot
+                               ? ZetString::format(kInsideSlotFormat, TextOf(hole), TextOf(other))
+                               : ZetString::format(kDuplicateFormat, TextOf(hole), TextOf(other));
+    FileFinding({.type = isInSlot ? job::kHoleInsideSlot : job::kDuplicateHole,
+                 .text = text,
+                 .feature = FeatureOf(hole.GetHoleData().hostTag)});
+    AddSetAside(hole.GetHoleData().hostTag, reason, other.GetHoleData().hostTag);
+}
+
+void JobMember::AddSetAside(long tag, SetAside reason, long otherTag) {
+    m_ledger.ClaimSetAside(tag, otherTag);
+    const std::optional<Feature> feature = FeatureOf(tag);
+    if (feature)
+        m_setAside.push_back({*feature, reason, FeatureOf(otherTag).value_or(Feature())});
 }
 
 std::vector<MemberHole> JobMember::CollectHoles() const {
@@ -67,10 +169,8 @@ std::vector<MemberHole> JobMember::CollectHoles() const {
         holes.push_back({hole, SetAside::kNot});
     for (const CHoleAddlInfo& hole : m_cskHoles)
         holes.push_back({hole, SetAside::kCountersink});
-    for (const CHoleAddlInfo& hole : m_duplicateHoles) {
-        if (!IsRepeated(hole))
-            holes.push_back({hole, WhySetAside(hole)});
-    }
+    for (long i = 0; i < m_duplicateHoles.length(); ++i)
+        holes.push_back({m_duplicateHoles[i], m_reasons[static_cast<std::size_t>(i)]});
     return holes;
 }
 

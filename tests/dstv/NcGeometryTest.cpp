@@ -100,24 +100,4 @@ TEST(NcGeometry, RectanglesHaveTheirTrueShape) {
     }
 }
 
-/// The cuts of a tube that its maker gives both as angles and as an outline to 0.01 mm.
-TEST(NcGeometry, TrimsByTheHeaderAngles) {
-    const Outline outline = dstv::TrimmedOutline(2259.98, 50.8, -29.202, 60.798);
-    // clang-format off
-    const ZetGeomPoint2d expected[] = {
-        {0.0, 0.0}, {2259.98, 0.0}, {2169.09, 50.8}, {28.39, 50.8}, {0.0, 0.0}};
-    // clang-format on
-    ASSERT_EQ(outline.size(), std::size(expected));
-    for (std::size_t i = 0; i < outline.size(); ++i) {
-        EXPECT_NEAR(outline[i].x, expected[i].x, 0.01);
-        EXPECT_EQ(outline[i].y, expected[i].y);
-    }
-    EXPECT_FALSE(std::signbit(dstv::TrimmedOutline(1000.0, 100.0, 0.0, 15.0)[3].x));
-    const Outline mirrored = dstv::TrimmedOutline(1000.0, 100.0, 45.0, -45.0);
-    EXPECT_NEAR(mirrored[0].x, 100.0, 1e-9);
-    EXPECT_NEAR(mirrored[1].x, 900.0, 1e-9);
-    EXPECT_EQ(mirrored[2].x, 1000.0);
-    EXPECT_EQ(mirrored[3].x, 0.0);
-}
-
 }  // namespace

@@ -1,3 +1,4 @@
+#include "dstv/NcEntries.h"
 #include "dstv/NcHost.h"
 #include "dstv/NcSample.h"
 
@@ -107,23 +108,53 @@ TEST(NcHost, MakesContoursAndMarksOfOtherHoleLines) {
     // clang-format on
 }
 
-/// Contours: in the file, from the header where the file has none, none without a skew cut.
-TEST(NcHost, TrimsFacesWithoutAnOutline) {
-    NcSample sample;
-    EXPECT_TRUE(EntityOf(sample, "EN\n").getNCStructure(0).getViews().isEmpty());
-    sample.webStartCut = "45.0";
-    sample.flangeEndCut = "45.0";
-    const ZetNCStructure structure =
-        EntityOf(sample, "AK\n  u 0 0\n  9 0\n  9 9\n  0 0\nEN\n").getNCStructure(0);
-    const ZetNCView* front = ViewAt(structure, 1);
-    const ZetNCView* top = ViewAt(structure, 0);
-    const ZetNCView* bottom = ViewAt(structure, 2);
-    ASSERT_TRUE(front != nullptr && top != nullptr && bottom != nullptr);
-    EXPECT_NEAR(front->getExternalContours()[0].xValues[0], 175.0, 1e-9);
-    EXPECT_EQ(front->getExternalContours()[0].xValues[2], 3000.0);
-    EXPECT_NEAR(top->getExternalContours()[0].xValues[2], 3000.0 - 81.0, 1e-9);
-    ASSERT_EQ(bottom->getExternalContours().length(), 1);
-    EXPECT_EQ(bottom->getExternalContours()[0].xValues[1], 9.0);
+/// "start web 45 at 0 line 18" for each cut, a line each; "noted" for those that are no NC data.
+std::string CutsIn(const NcFileEntity& entity) {
+    std::string text;
+    const ZetNCStructure structure = entity.getNCStructure(0);
+    for (const ZetNCCut& cut : structure.getCuts())
+        text += ZetString::format(L"%s %s %.3f at %.1f line %d\n",
+                                  ZetString(cut.end == ZetNCCut::eEndStart ? L"start" : L"end"),
+                                  ZetString(cut.face == ZetNCCut::eFaceWeb ? L"web" : L"flange"),
+                                  cut.angle,
+                                  cut.x,
+                                  cut.hostTag)
+                    .toUtf8();
+    for (const dstv::NcEntry& entry : EntriesOf(entity.getPart()))
+        if (entry.isNoted)
+            text += "noted line " + std::to_string(entry.line) + "\n";
+    return text;
+}
+
+/// A piece 3000 long, 175 high and 81 wide: angles of the header, and planes that cut it.
+TEST(NcHost, OffersTheCutsThatNoOutlineHas) {
+    struct Case {
+        const char *webStart, *webEnd, *flangeEnd, *blocks, *cuts;
+    };
+    const Case cases[] = {
+        {"0",  "0", "0",   "",                                                   ""                                                                       },
+        {"45",
+         "0",       "-30",
+         "",                                                                     "start web 45.000 at 0.0 line 18\nend flange -30.000 at 3000.0 line 21\n"},
+        {"45", "0", "0",   "AK\n v 175 0\n 3000 0\n 3000 175\n 0 175\n 175 0\n", "noted line 18\n"                                                        },
+        {"45",
+         "0",       "0",
+         "AK\n v 0 0\n 3000 0\n 3000 175\n 0 175\n 0 0\n",                       "start web 45.000 at 0.0 line 18\n"                                      },
+        {"0",  "0", "0",   "SC\n 3000 0 0 1 0 0\n",                              "end web 0.000 at 3000.0 line 27\n"                                      },
+        {"0",  "0", "0",   "SC\n 3000 175 0 1 -1 0\n",                           "end web -45.000 at 3000.0 line 27\n"                                    },
+        {"0",
+         "0",       "0",
+         "SC\n 0 0 0 -1 1 1\n",                                                  "start web -45.000 at 0.0 line 27\nstart flange -45.000 at 0.0 line 27\n"},
+        {"0",  "0", "0",   "SC\n 0 50 0 0 1 0\n",                                "noted line 27\n"                                                        },
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(std::string(c.blocks) + c.webStart);
+        NcSample sample;
+        sample.webStartCut = c.webStart;
+        sample.webEndCut = c.webEnd;
+        sample.flangeEndCut = c.flangeEnd;
+        EXPECT_EQ(CutsIn(EntityOf(sample, std::string(c.blocks) + "EN\n")), c.cuts);
+    }
 }
 
 /// Faces of a piece 175 high and 81 wide; on each a slot, a text and a mark at (100, 50) of its

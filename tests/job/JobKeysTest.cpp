@@ -1,7 +1,6 @@
+#include "job/Job.h"
 #include "job/JobKeys.h"
 #include "support/JobKeyNames.h"
-
-#include "camdata/rules/CMemberValidations.h"
 
 #include <cstdlib>
 #include <fstream>
@@ -45,11 +44,11 @@ TEST(JobKeys, AreDocumented) {
 /// The word of what a check does without the job is a note beside its row.
 TEST(JobKeys, DefaultsOfReportTypes) {
     const char* const words[] = {"", "\"warning\"", "\"non_standard\"", "", "\"error\""};
-    const CMemberValidations limits;
+    const job::MemberType type;
     for (const job::JobKeyTable& table : job::ListJobKeys())
         for (std::size_t i = 0; table.title == "member_type.report" && i < table.keys.size(); ++i)
             EXPECT_EQ(table.keys[i].defaultValue,
-                      words[limits.GetReportType(static_cast<eValidationTypes>(i))])
+                      words[type.GetReportType(static_cast<int>(i))])
                 << table.keys[i].name;
 }
 

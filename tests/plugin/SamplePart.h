@@ -37,7 +37,6 @@ class Part : public ZetNCEntity {
     Part& operator=(const Part&) = delete;
 
     Part& Qty(long quantity) { return m_header.quantity = quantity, *this; }
-    Part& Material(const wchar_t* material) { return m_header.material = material, *this; }
     Part& Length(double length) { return m_header.length = length, *this; }
     Part& Hole(int view, double x, double y, double size, int kind = 0) {
         return Hole(view, ZetNCHoleData{.x = x, .y = y, .kind = kind, .size = size});
@@ -124,8 +123,8 @@ enum SampleView : int {
 inline job::Job SampleJob() {
     job::Job job = job::BuiltInJob();
     job::MemberType& type = job.memberTypes.front();
-    for (int check = job::kUncoveredHole; check <= job::kLongerThanStock; ++check)
-        type.limits.SetReportType(static_cast<eValidationTypes>(check), eReportingError);
+    for (int check = job::kUncoveredHole; check < job::kValidationTypes; ++check)
+        type.SetReportType(check, eReportingError);
     type.type.SetNameStartPos(0);
     job.areDistancesChecked = false;
     job.uncoveredHoles = {};

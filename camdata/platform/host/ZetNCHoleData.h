@@ -1,5 +1,7 @@
 #pragma once
 
+#include <tuple>
+
 /// One hole of a view as the host's NC data gives it. A plain value; mm and degrees, in the view's
 /// 2-D coordinates.
 struct ZetNCHoleData {
@@ -24,5 +26,19 @@ struct ZetNCHoleData {
     /// carried.
     long hostTag = 0;
 
-    friend bool operator==(const ZetNCHoleData&, const ZetNCHoleData&) = default;
+    /// All but the tag.
+    friend bool operator==(const ZetNCHoleData& a, const ZetNCHoleData& b) {
+        const auto valuesOf = [](const ZetNCHoleData& hole) {
+            return std::tie(hole.commented,
+                            hole.x,
+                            hole.y,
+                            hole.kind,
+                            hole.size,
+                            hole.slot,
+                            hole.slotLength,
+                            hole.slotAngle,
+                            hole.depth);
+        };
+        return valuesOf(a) == valuesOf(b);
+    }
 };

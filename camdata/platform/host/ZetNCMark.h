@@ -12,4 +12,6 @@ struct ZetNCMark {
 
     int kind = eKindPunch;
     ZetArray<ZetGeomPoint2d> points;
+    /// The host's own mark of where it comes from, for example a line of a file; only carried.
+    long hostTag = 0;
 };

@@ -9,4 +9,6 @@ struct ZetNCNumeration {
     double angle = 0.0;
     double textHeight = 0.0;
     ZetString text;
+    /// The host's own mark of where it comes from, for example a line of a file; only carried.
+    long hostTag = 0;
 };

@@ -133,7 +133,7 @@ const FindingCase kFindingCases[] = {
          job.uncoveredHoles.action = Uncovered::kAccept;
          part.Slot(kWebView, 100, 50, 18, 40).Hole(kWebView, 139, 50, 10);
      },
-     "Left out, it lies inside a slot: 10.0 round holes on web at (X:139.0, Y:50.0)\n"},
+     "Left out, it lies inside a slot: 10.0 round holes on web at (X:139.0, Y:50.0); the slot: 18.0x40.0 slot holes on web at (X:120.0, Y:50.0)\n"},
     {"ExcludedHole", job::kExcludedHole, [](Job& job, Part& part) {
          HoleAndRule(job, part);
          job.holeRules[0].excludedMembers = {L"Z200x2.0"};
@@ -153,7 +153,7 @@ const FindingCase kFindingCases[] = {
          HoleAndRule(job, part);
          part.Hole(kWebView, 300, 50, 18);
      },
-     "Left out, it repeats or touches another hole: 18.0 round holes on web at (X:300.0, Y:50.0)\n"},
+     "Left out, it repeats or touches another hole: 18.0 round holes on web at (X:300.0, Y:50.0); the other: 18.0 round holes on web at (X:300.0, Y:50.0)\n"},
     {"DuplicateNotch", job::kDuplicateNotch, [](Job& job, Part& part) {
          job.uncoveredNotches.action = Uncovered::kAccept;
          part.Opening(kWebView, 500, 100, 60, 40).Opening(kWebView, 500, 100, 60, 40);

@@ -1,0 +1,45 @@
+#include "camjob/run/Accounts.h"
+
+#include <optional>
+
+namespace camjob {
+
+namespace {
+
+using plugin::Account;
+
+/// A feature that the reader has told has no place in the NC data.
+std::optional<Account> AccountOf(const dstv::NcEntry& entry,
+                                 const plugin::Ledger& ledger,
+                                 bool isMemberMade) {
+    if (!entry.isNoted)
+        return ledger.AccountOf(entry.line, isMemberMade);
+    return isMemberMade ? Account::kNoted : Account::kNotMade;
+}
+
+}  // namespace
+
+FeatureAccounts SettleAccounts(const std::vector<dstv::NcEntry>& entries,
+                               const plugin::Ledger& ledger) {
+    FeatureAccounts accounts;
+    for (const dstv::NcEntry& entry : entries) {
+        if (const auto account = AccountOf(entry, ledger, true))
+            ++accounts.whenMade[*account];
+        else
+            accounts.lost.push_back(
+                {entry.line,
+                 ZetString::format(L"%s: neither made nor told", ZetString(entry.kind))});
+        ++accounts.whenNotMade[AccountOf(entry, ledger, false).value_or(Account::kNotMade)];
+    }
+    for (const long tag : ledger.GetStrangeTags())
+        accounts.lost.push_back({tag, L"an operation or a message belongs to no feature"});
+    return accounts;
+}
+
+plugin::AccountNumbers AllNotMade(const std::vector<dstv::NcEntry>& entries) {
+    plugin::AccountNumbers numbers;
+    numbers[Account::kNotMade] = static_cast<long>(entries.size());
+    return numbers;
+}
+
+}  // namespace camjob

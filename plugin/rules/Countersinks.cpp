@@ -1,0 +1,93 @@
+#include "plugin/rules/JobMember.h"
+#include "plugin/rules/ReachIndex.h"
+
+#include "camdata/tolerance/CMxGeom.h"
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+#include <vector>
+
+// The library joins a countersink and a hole of any kind at exactly one place. Here it is a round
+// hole, and the place is the same within the tolerances.
+
+namespace plugin {
+
+namespace {
+
+constexpr const wchar_t* kNoHoleText = L"The countersink has no round hole at its place";
+constexpr const wchar_t* kSecondText = L"The hole has another countersink already";
+
+bool CanBeCountersunk(const CHoleAddlInfo& hole) {
+    return !hole.GetIsSlot() && hole.GetHoleData().kind == ZetNCHoleData::eKindPlain;
+}
+
+/// What rounding may add to a distance at exactly the tolerance, mm.
+constexpr double kRounding = 1e-9;
+
+}  // namespace
+
+/// The nearest hole that the countersink may be of; -1: none.
+long JobMember::FindHoleOf(const CHoleAddlInfo& sink, const ReachIndex& holes) const {
+    const double reachX = std::abs(CMxGeom::GetXTol()) + kRounding;
+    const double reachY = std::abs(CMxGeom::GetYTol()) + kRounding;
+    long nearest = -1;
+    double leastDistance = std::numeric_limits<double>::infinity();
+    holes.FindNear(sink.GetXPos(), reachX, [&](long index) {
+        const CHoleAddlInfo& hole = m_holes[index];
+        const double dx = std::abs(hole.GetXPos() - sink.GetXPos());
+        const double dy = std::abs(hole.GetYPos() - sink.GetYPos());
+        const double distance = ZetGeomVector2d{dx, dy}.length();
+        if (dx <= reachX && dy <= reachY && distance < leastDistance &&
+            ViewOf(hole) == ViewOf(sink)) {
+            nearest = index;
+            leastDistance = distance;
+        }
+        return false;
+    });
+    return nearest;
+}
+
+void JobMember::JoinCountersinks() {
+    ReachIndex holes;
+    for (long i = 0; i < m_holes.length(); ++i) {
+        m_holes[i].SetIsCSK(false);
+        m_holes[i].SetCSKPos(-1);
+        if (CanBeCountersunk(m_holes[i]))
+            holes.Add(i, m_holes[i].GetXPos(), 0.0);
+    }
+    std::vector<CHoleAddlInfo> sinks(m_cskHoles.begin(), m_cskHoles.end());
+    std::stable_sort(sinks.begin(), sinks.end(), [](const auto& a, const auto& b) {
+        return a.GetHoleData().hostTag < b.GetHoleData().hostTag;
+    });
+    for (const CHoleAddlInfo& sink : sinks) {
+        const long index = FindHoleOf(sink, holes);
+        if (index < 0 || m_holes[index].GetIsCSK()) {
+            FileHole({.type = job::kLoneCountersink,
+                      .text = index < 0 ? kNoHoleText : kSecondText,
+                      .isRefusal = true},
+                     sink);
+            continue;
+        }
+        CHoleAddlInfo& hole = m_holes[index];
+        hole.SetIsCSK(true);
+        hole.SetCSKPos(0);
+        m_sinks.insert({PlaceOf(hole), sink});
+        m_ledger.Join(sink.GetHoleData().hostTag, hole.GetHoleData().hostTag);
+    }
+}
+
+JobMember::HolePlace JobMember::PlaceOf(const CHoleAddlInfo& hole) {
+    return {hole.GetHoleData().hostTag,
+            hole.GetViewData().GetHoleFace(),
+            hole.GetXPos(),
+            hole.GetYPos()};
+}
+
+/// The countersink of a hole; null: it has none.
+const CHoleAddlInfo* JobMember::SinkOf(const CHoleAddlInfo& hole) const {
+    const auto at = m_sinks.find(PlaceOf(hole));
+    return at == m_sinks.end() ? nullptr : &at->second;
+}
+
+}  // namespace plugin

@@ -1,0 +1,110 @@
+#include "plugin/rules/FaceOutline.h"
+
+#include <algorithm>
+#include <cmath>
+#include <utility>
+
+namespace plugin {
+
+namespace {
+
+using Corners = std::vector<ZetGeomPoint2d>;
+
+const ZetGeomPoint2d& Next(const Corners& corners, std::size_t index) {
+    return corners[(index + 1) % corners.size()];
+}
+
+double DistanceToEdge(const ZetGeomPoint2d& p, const ZetGeomPoint2d& a, const ZetGeomPoint2d& b) {
+    const ZetGeomVector2d edge = b - a;
+    const double square = edge.dot(edge);
+    const double along = square > 0.0 ? std::clamp((p - a).dot(edge) / square, 0.0, 1.0) : 0.0;
+    return (p - ZetGeomPoint2d{a.x + edge.x * along, a.y + edge.y * along}).length();
+}
+
+}  // namespace
+
+std::vector<ZetGeomPoint2d> CornersOf(const ZetNCContour& contour) {
+    Corners corners;
+    for (long i = 0; i < contour.getPointCount(); ++i)
+        corners.push_back({contour.xValues[i], contour.yValues[i]});
+    while (corners.size() > 1 && (corners.back() - corners.front()).length() == 0.0)
+        corners.pop_back();
+    return corners;
+}
+
+FaceBox BoxOf(const Corners& corners) {
+    if (corners.empty())
+        return {};
+    FaceBox box = {corners[0].x, corners[0].x, corners[0].y, corners[0].y};
+    for (const ZetGeomPoint2d& corner : corners) {
+        box.minX = std::min(box.minX, corner.x);
+        box.maxX = std::max(box.maxX, corner.x);
+        box.minY = std::min(box.minY, corner.y);
+        box.maxY = std::max(box.maxY, corner.y);
+    }
+    return box;
+}
+
+double AreaOf(const Corners& corners) {
+    double twice = 0.0;
+    for (std::size_t i = 1; i + 1 < corners.size(); ++i)
+        twice += (corners[i] - corners[0]).cross(corners[i + 1] - corners[0]);
+    return std::abs(twice) * 0.5;
+}
+
+FaceOutline::FaceOutline(Corners corners)
+    : m_corners(std::move(corners)), m_box(BoxOf(m_corners)), m_rows(1) {
+    // Rows of equal height, as many as there are edges, fewer when the edges are long.
+    const double height = m_box.maxY - m_box.minY;
+    double heightOfEdges = 0.0;
+    for (std::size_t i = 0; i < m_corners.size(); ++i)
+        heightOfEdges += std::abs(Next(m_corners, i).y - m_corners[i].y);
+    constexpr double kRowsOfAnEdge = 4.0;
+    if (height > 0.0 && heightOfEdges > 0.0) {
+        const auto count = static_cast<double>(m_corners.size());
+        const double rows = std::min(count, kRowsOfAnEdge * count * height / heightOfEdges);
+        m_rows.resize(static_cast<std::size_t>(std::max(rows, 1.0)));
+    }
+    for (std::size_t i = 0; i < m_corners.size(); ++i) {
+        const auto [low, high] = std::minmax(m_corners[i].y, Next(m_corners, i).y);
+        for (std::size_t row = RowOf(low); row <= RowOf(high); ++row)
+            m_rows[row].push_back(i);
+    }
+}
+
+std::size_t FaceOutline::RowOf(double y) const {
+    const double height = m_box.maxY - m_box.minY;
+    const auto rows = static_cast<double>(m_rows.size());
+    const double row = height > 0.0 ? (y - m_box.minY) / height * rows : 0.0;
+    return static_cast<std::size_t>(std::clamp(row, 0.0, rows - 1.0));
+}
+
+/// Some edges more than once.
+template <typename Visit>
+void FaceOutline::ForEachEdgeIn(double minY, double maxY, const Visit& visit) const {
+    for (std::size_t row = RowOf(minY); row <= RowOf(maxY); ++row)
+        for (const std::size_t edge : m_rows[row])
+            visit(m_corners[edge], Next(m_corners, edge));
+}
+
+bool FaceOutline::Contains(const ZetGeomPoint2d& point) const {
+    bool isInside = false;
+    ForEachEdgeIn(point.y, point.y, [&](const ZetGeomPoint2d& a, const ZetGeomPoint2d& b) {
+        if ((a.y > point.y) != (b.y > point.y) &&
+            point.x < a.x + (b.x - a.x) * (point.y - a.y) / (b.y - a.y))
+            isInside = !isInside;
+    });
+    return isInside;
+}
+
+double FaceOutline::DistanceFrom(const ZetGeomPoint2d& point, double farthest) const {
+    double distance = farthest;
+    ForEachEdgeIn(point.y - farthest,
+                  point.y + farthest,
+                  [&](const ZetGeomPoint2d& a, const ZetGeomPoint2d& b) {
+                      distance = std::min(distance, DistanceToEdge(point, a, b));
+                  });
+    return distance;
+}
+
+}  // namespace plugin

@@ -1,0 +1,47 @@
+#pragma once
+
+#include "camdata/platform/base/ZetArray.h"
+#include "camdata/platform/geometry/ZetGeomPoint2d.h"
+#include "camdata/platform/host/ZetNCContour.h"
+
+#include <vector>
+
+namespace plugin {
+
+/// A rectangle along the axes, mm.
+struct FaceBox {
+    double minX = 0.0;
+    double maxX = 0.0;
+    double minY = 0.0;
+    double maxY = 0.0;
+
+    double Area() const { return (maxX - minX) * (maxY - minY); }
+};
+
+/// The points of a contour, without the closing repeat.
+std::vector<ZetGeomPoint2d> CornersOf(const ZetNCContour& contour);
+
+FaceBox BoxOf(const std::vector<ZetGeomPoint2d>& corners);
+/// Without sign.
+double AreaOf(const std::vector<ZetGeomPoint2d>& corners);
+
+/// A closed outline that places are held against: whether they lie in it, and how far from it.
+class FaceOutline {
+  public:
+    explicit FaceOutline(std::vector<ZetGeomPoint2d> corners);
+
+    bool Contains(const ZetGeomPoint2d& point) const;
+    /// The distance of a point from the outline; `farthest` when it is no less.
+    double DistanceFrom(const ZetGeomPoint2d& point, double farthest) const;
+
+  private:
+    std::size_t RowOf(double y) const;
+    template <typename Visit>
+    void ForEachEdgeIn(double minY, double maxY, const Visit& visit) const;
+
+    std::vector<ZetGeomPoint2d> m_corners;
+    FaceBox m_box;
+    std::vector<std::vector<std::size_t>> m_rows;  ///< edges, by their first corner
+};
+
+}  // namespace plugin

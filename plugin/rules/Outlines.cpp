@@ -1,0 +1,242 @@
+#include "plugin/rules/FaceOutline.h"
+#include "plugin/rules/JobMember.h"
+
+#include "camdata/tolerance/CMxGeom.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <map>
+#include <numbers>
+#include <set>
+#include <utility>
+
+// The library tells what an outline leaves free of its own least rectangle. What the outline leaves
+// away at a whole side of its face is a trim, told here; and what the library tells is held against
+// the area that the outline leaves away.
+
+namespace plugin {
+
+namespace {
+
+constexpr const wchar_t* kBeyondText = L"The outline reaches beyond its face";
+constexpr const wchar_t* kLostAreaFormat =
+    L"The outline is not what its notches leave: it cuts %.1f mm2 off its box, they cut %.1f";
+constexpr const wchar_t* kOutsideText = L"A notch of the outline lies outside of the outline's box";
+constexpr const wchar_t* kTrimFormat =
+    L"No trim covers it: the %s is cut off at its %s, to %s %.1f";
+
+/// How far a notch may be off the area that its outline leaves away, mm2.
+constexpr double kAreaTolerance = 1.0;
+/// What lies nearer to a side of the box counts as lying on it, in the library too, mm.
+constexpr double kTouch = 0.05 + 1e-6;
+
+/// By job::TrimSide.
+constexpr std::array kSideWords = {L"start", L"end", L"lower edge", L"upper edge"};
+
+bool IsAcross(job::TrimSide side) {
+    return side == job::TrimSide::kLower || side == job::TrimSide::kUpper;
+}
+
+/// The area between a box and the edges of an outline that run along its sides, close to them.
+double AreaAlongSides(const std::vector<ZetGeomPoint2d>& corners, const FaceBox& box) {
+    const auto distances = [&](const ZetGeomPoint2d& p) {
+        return std::array{p.x - box.minX, box.maxX - p.x, p.y - box.minY, box.maxY - p.y};
+    };
+    double area = 0.0;
+    for (std::size_t i = 0; i < corners.size(); ++i) {
+        const ZetGeomPoint2d& a = corners[i];
+        const ZetGeomPoint2d& b = corners[(i + 1) % corners.size()];
+        const auto atA = distances(a);
+        const auto atB = distances(b);
+        for (std::size_t side = 0; side < atA.size(); ++side) {
+            const double along = side < 2 ? std::abs(b.y - a.y) : std::abs(b.x - a.x);
+            if (atA[side] <= kTouch && atB[side] <= kTouch)
+                area += along * (atA[side] + atB[side]) * 0.5;
+        }
+    }
+    return area;
+}
+
+std::vector<ZetGeomPoint2d> CornersOf(const CNotchAddInfo& notch) {
+    std::vector<ZetGeomPoint2d> corners(notch.GetOutline().begin(), notch.GetOutline().end());
+    if (!corners.empty())
+        corners.pop_back();
+    return corners;
+}
+
+bool IsWithin(const FaceBox& inner, const FaceBox& outer) {
+    return inner.minX >= outer.minX - kTouch && inner.maxX <= outer.maxX + kTouch &&
+           inner.minY >= outer.minY - kTouch && inner.maxY <= outer.maxY + kTouch;
+}
+
+}  // namespace
+
+/// What the notches of one outline come to.
+struct JobMember::NotchSum {
+    double area = 0.0;
+    FaceBox box;
+    bool hasNotches = false;
+
+    void Add(const std::vector<ZetGeomPoint2d>& corners) {
+        const FaceBox added = BoxOf(corners);
+        area += AreaOf(corners);
+        box = hasNotches ? FaceBox{std::min(box.minX, added.minX),
+                                   std::max(box.maxX, added.maxX),
+                                   std::min(box.minY, added.minY),
+                                   std::max(box.maxY, added.maxY)}
+                         : added;
+        hasNotches = true;
+    }
+};
+
+bool JobMember::IsPlate() const {
+    return m_memType.GetProfileCode() == L"B";
+}
+
+bool JobMember::IsRound() const {
+    return m_memType.GetProfileCode() == L"RO" || m_memType.GetProfileCode() == L"RU";
+}
+
+/// The extents of a view's face; nothing when they are not known.
+std::optional<FaceBox> JobMember::FaceOfView(int viewPosition) const {
+    constexpr int kFirstPlanePosition = 5;
+    constexpr int kTopFlangeView = 0;
+    constexpr int kBottomFlangeView = 2;
+    const ZetNCHeaderData& header = m_memType.GetHeaderData();
+    const bool isTop = viewPosition == kTopFlangeView;
+    const bool isFlange = isTop || viewPosition == kBottomFlangeView;
+    double width = isFlange ? header.width : header.height;
+    // The surface unrolled.
+    if (IsRound())
+        width = header.height * std::numbers::pi;
+    if (viewPosition >= kFirstPlanePosition || header.length <= 0.0 || width <= 0.0)
+        return std::nullopt;
+    if (!isFlange)
+        return FaceBox{0.0, header.length, 0.0, width};
+    const job::FlangeZero& zero = isTop ? m_type.topFlange : m_type.bottomFlange;
+    const double lower = zero.isReversed ? zero.zero - width : -zero.zero;
+    return FaceBox{0.0, header.length, lower, lower + width};
+}
+
+/// Before anything is set aside: a notch that tells nothing right must not stand for others.
+void JobMember::CheckOutlines() {
+    std::map<long, NotchSum> sums;
+    for (const auto* notches : {&m_notches, &m_duplicateNotches})
+        for (const CNotchAddInfo& notch : *notches)
+            if (!notch.GetIsInternal() && notch.GetNotchStatus() != eNotchNone)
+                sums[notch.GetContour().hostTag].Add(CornersOf(notch));
+    std::set<long> unclear;
+    for (const ZetNCView& view : m_structure.getViews())
+        for (const ZetNCContour& outline : view.getExternalContours()) {
+            const NotchSum& sum = sums[outline.hostTag];
+            const ZetString fault = FaultOf(outline, view.getViewPos(), sum);
+            const bool isTrimmed = fault.isEmpty() && FindTrims(outline, view.getViewPos());
+            if (!fault.isEmpty()) {
+                unclear.insert(outline.hostTag);
+                FileFinding({.type = job::kUnclearCut,
+                             .text = fault,
+                             .feature = FeatureOf(outline.hostTag),
+                             .isRefusal = true});
+            } else if (!isTrimmed && !sum.hasNotches) {
+                // It is made with the member as it is.
+                m_ledger.Claim(outline.hostTag, Account::kMade);
+            }
+        }
+    DropNotches(m_notches, unclear);
+    DropNotches(m_duplicateNotches, unclear);
+}
+
+/// Why operations cannot tell an outline; "" when they can.
+ZetString JobMember::FaultOf(const ZetNCContour& outline,
+                             int viewPosition,
+                             const NotchSum& sum) const {
+    const std::vector<ZetGeomPoint2d> corners = CornersOf(outline);
+    const FaceBox box = BoxOf(corners);
+    const std::optional<FaceBox> face = FaceOfView(viewPosition);
+    const double x = std::abs(CMxGeom::GetXTol());
+    const double y = std::abs(CMxGeom::GetYTol());
+    const bool isBeyond = face && (box.minX < face->minX - x || box.maxX > face->maxX + x ||
+                                   box.minY < face->minY - y || box.maxY > face->maxY + y);
+    // A plate is what its outline says, but not more than its header does.
+    if (isBeyond && !IsPlate())
+        return kBeyondText;
+    // Without a tag nobody knows which notches are whose.
+    if (outline.hostTag == 0)
+        return {};
+    if (sum.hasNotches && !IsWithin(sum.box, box))
+        return kOutsideText;
+    const double cut = box.Area() - AreaOf(corners);
+    const double rest = cut - sum.area;
+    if (rest < -kAreaTolerance || rest > kAreaTolerance + AreaAlongSides(corners, box))
+        return ZetString::format(kLostAreaFormat, cut, sum.area);
+    return {};
+}
+
+/// Makes trims of what an outline leaves away at whole sides of its face. False when there is none.
+bool JobMember::FindTrims(const ZetNCContour& outline, int viewPosition) {
+    const std::optional<FaceBox> face = FaceOfView(viewPosition);
+    if (!face || IsPlate())
+        return false;
+    const FaceBox box = BoxOf(CornersOf(outline));
+    const std::array gaps = {
+        box.minX - face->minX, face->maxX - box.maxX, box.minY - face->minY, face->maxY - box.maxY};
+    const std::array edges = {box.minX, box.maxX, box.minY, box.maxY};
+    bool isTrimmed = false;
+    for (std::size_t i = 0; i < gaps.size(); ++i) {
+        const auto side = static_cast<job::TrimSide>(i);
+        const double tolerance = std::abs(IsAcross(side) ? CMxGeom::GetYTol() : CMxGeom::GetXTol());
+        if (gaps[i] <= tolerance)
+            continue;
+        isTrimmed = true;
+        TakeTrim({FaceAtView(viewPosition), side, edges[i], {}, outline.hostTag}, gaps[i]);
+    }
+    return isTrimmed;
+}
+
+eHoleFace JobMember::FaceAtView(int viewPosition) {
+    constexpr std::array kFaces = {
+        eHoleFaceTopFlange, eHoleFaceWeb, eHoleFaceBottomFlange, eHoleFaceWebBack, eHoleFaceWeb};
+    const auto index = static_cast<std::size_t>(viewPosition);
+    return index < kFaces.size() ? kFaces[index] : eHoleFaceNone;
+}
+
+/// The first trim of the job that fits counts.
+void JobMember::TakeTrim(Trim trim, double missing) {
+    const std::vector<job::TrimRule>& rules = GetJob().trims;
+    const auto allows = [](const auto& list, auto value) {
+        return list.empty() || std::find(list.begin(), list.end(), value) != list.end();
+    };
+    const auto rule = std::find_if(rules.begin(), rules.end(), [&](const job::TrimRule& each) {
+        return allows(each.faces, trim.face) && allows(each.sides, trim.side);
+    });
+    if (rule != rules.end()) {
+        trim.code = rule->code;
+        m_trims.push_back(std::move(trim));
+        return;
+    }
+    CViewData view;
+    view.SetHoleFace(trim.face);
+    FileFinding(
+        {.type = job::kUncoveredTrim,
+         .text = ZetString::format(kTrimFormat,
+                                   view.GetFaceStrForOutPut(),
+                                   ZetString(kSideWords[static_cast<std::size_t>(trim.side)]),
+                                   ZetString(IsAcross(trim.side) ? L"Y" : L"X"),
+                                   trim.at),
+         .found = missing,
+         .feature = FeatureOf(trim.tag),
+         .isRefusal = true});
+}
+
+void JobMember::DropNotches(ZetArray<CNotchAddInfo>& notches, const std::set<long>& tags) {
+    if (tags.empty())
+        return;
+    ZetArray<CNotchAddInfo> rest;
+    for (CNotchAddInfo& notch : notches)
+        if (notch.GetIsInternal() || tags.count(notch.GetContour().hostTag) == 0)
+            rest.append(std::move(notch));
+    notches = std::move(rest);
+}
+
+}  // namespace plugin

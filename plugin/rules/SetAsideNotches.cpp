@@ -1,0 +1,67 @@
+#include "plugin/rules/JobMember.h"
+#include "plugin/rules/ReachIndex.h"
+
+#include <algorithm>
+#include <iterator>
+#include <utility>
+
+namespace plugin {
+
+namespace {
+
+constexpr const wchar_t* kDuplicateText = L"Left out, it repeats another notch";
+
+/// Positions that agree after rounding are no farther apart, whatever the tolerance is by then, mm.
+constexpr double kFarthest = 100.5;
+
+/// Profile codes of sections with two walls: an opening in each is no repetition.
+constexpr const wchar_t* kHollowCodes[] = {L"M", L"RO"};
+
+bool IsHollow(const ZetString& profileCode) {
+    return std::find(std::begin(kHollowCodes), std::end(kHollowCodes), profileCode) !=
+           std::end(kHollowCodes);
+}
+
+}  // namespace
+
+/// An outline that cuts nothing is no notch.
+void JobMember::DropPlainOutlines(ZetArray<CNotchAddInfo>& notches) {
+    ZetArray<CNotchAddInfo> rest;
+    for (CNotchAddInfo& notch : notches) {
+        if (notch.GetNotchStatus() != eNotchNone)
+            rest.append(std::move(notch));
+    }
+    notches = std::move(rest);
+}
+
+/// The tolerance is still the one by which the library has compared the notches.
+void JobMember::SetAsideNotches() {
+    DropPlainOutlines(m_notches);
+    DropPlainOutlines(m_duplicateNotches);
+    const bool isHollow = IsHollow(m_memType.GetProfileCode());
+    ReachIndex kept;
+    for (long i = 0; i < m_notches.length(); ++i)
+        kept.Add(i, m_notches[i].GetXPos(), 0.0);
+    for (CNotchAddInfo& notch : std::exchange(m_duplicateNotches, {})) {
+        long other = -1;
+        kept.FindNear(notch.GetXPos(), kFarthest, [&](long index) {
+            const CNotchAddInfo& each = m_notches[index];
+            const bool isSameWall =
+                !isHollow || each.GetViewData().GetHoleFace() == notch.GetViewData().GetHoleFace();
+            other = isSameWall && each == notch ? index : -1;
+            return other >= 0;
+        });
+        if (other < 0) {
+            m_notches.append(std::move(notch));
+            kept.Add(m_notches.length() - 1, m_notches.last().GetXPos(), 0.0);
+            continue;
+        }
+        FileNotch({.type = job::kDuplicateNotch, .text = kDuplicateText}, notch);
+        AddSetAside(notch.GetContour().hostTag,
+                    SetAside::kDuplicate,
+                    m_notches[other].GetContour().hostTag);
+        m_duplicateNotches.append(std::move(notch));
+    }
+}
+
+}  // namespace plugin

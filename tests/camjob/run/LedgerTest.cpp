@@ -1,0 +1,412 @@
+#include "camjob/CamjobRun.h"
+#include "camjob/NcFiles.h"
+#include "camjob/run/Accounts.h"
+#include "camjob/run/RunReport.h"
+#include "plugin/output/MachineRecordText.h"
+
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <map>
+#include <nlohmann/json.hpp>
+#include <random>
+#include <set>
+
+namespace {
+
+using Json = nlohmann::ordered_json;
+
+constexpr const char* kJob = R"([job]
+nc_files = ["nc/*.nc1"]
+[project]
+file_name = "s"
+[tolerances]
+check_distances = false
+[[group]]
+id = "all"
+[[hole_rule]]
+id = "countersunk"
+shape = "countersunk"
+code = "K"
+[[hole_rule]]
+id = "slot"
+shape = "slot"
+code = "L"
+[[hole_rule]]
+id = "round"
+diameters = [10.0, 13.0, 18.0, 20.0]
+code = "H"
+[uncovered_notches]
+action = "accept"
+code = "N"
+[[trim]]
+id = "saw"
+faces = ["web"]
+sides = ["start", "end"]
+code = "SAW"
+[[member_type]]
+id = "any"
+group = "all"
+)";
+
+std::string Read(const std::filesystem::path& path) {
+    std::ifstream stream(path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(stream), {}};
+}
+
+/// A run of NC files by a job.
+struct Ran {
+    explicit Ran(const std::map<std::string, std::string>& files, const std::string& job = kJob) {
+        const TempFolder folder;
+        std::filesystem::create_directories(folder.PathOf("nc"));
+        folder.Write("job.toml", job);
+        for (const auto& [name, text] : files)
+            folder.Write("nc/" + name + ".nc1", text);
+        const CamjobRun run = RunTool({"run",
+                                       ArgumentFor(folder, "job.toml"),
+                                       "--out",
+                                       ArgumentFor(folder, "out"),
+                                       "--json"});
+        exitCode = run.exitCode;
+        document = Json::parse(run.out);
+        orders = Read(folder.PathOf("out/s-orders.txt"));
+    }
+
+    int exitCode;
+    Json document;
+    std::string orders;
+};
+
+/// The operations of the only member, what was told with its line, and the accounts that have any.
+std::string Show(const Ran& ran) {
+    std::string text;
+    const std::size_t begin = ran.orders.find("member ");
+    if (begin != std::string::npos)
+        text = ran.orders.substr(ran.orders.find('\n', begin) + 1);
+    text = text.substr(0, text.find("end\n"));
+    const Json& member = ran.document["members"][0];
+    for (const Json& finding : member["findings"])
+        text += finding["type"].get<std::string>() + " " + finding["line"].dump() + "\n";
+    for (const Json& aside : member["setAside"])
+        text += "aside " + aside["line"].dump() + " for " + aside["other"]["line"].dump() + "\n";
+    for (const Json& note : ran.document["notes"])
+        text += note["severity"].get<std::string>() + " " + note["line"].dump() + "\n";
+    for (const auto& [name, count] : member["accounts"].items())
+        if (count != 0)
+            text += name + "=" + count.dump() + " ";
+    return text;
+}
+
+struct Case {
+    const char* name;
+    const char* profile;  ///< name and code
+    const char* length;
+    const char* blocks;  ///< from line 22 on
+    const char* shown;
+};
+
+constexpr const char* kZ = "Z200x2.0\n  SO";
+constexpr const char* kTube = "CHS200\n  RO";
+constexpr const char* kBox = "RHS200x65\n  M";
+constexpr const char* kPlate = "PL2\n  B";
+
+// The face of the web is 200 high, that of a flange 65.
+// clang-format off
+const Case kCases[] = {
+    {"WebCutBackAtBothEnds", kZ, "753", "AK\n  v 77 0\n  676 0\n  676 200\n  77 200\n  77 0\n",
+     "trim face=web side=start at=77.000 code=\"SAW\"\ntrim face=web side=end at=676.000 code=\"SAW\"\nmade=1 "},
+    {"FlangeEndsEarly", kZ, "1912", "AK\n  o 0 0\n  1842 0\n  1842 65\n  0 65\n  0 0\n", "uncovered_trim 23\nrefused=1 "},
+    {"FlangeInTheMiddle", kZ, "2000", "AK\n  o 300 0\n  1800 0\n  1800 65\n  300 65\n  300 0\n",
+     "uncovered_trim 23\nuncovered_trim 23\nrefused=1 "},
+    {"TrimAndNotch", kZ, "1000", "AK\n  v 0 0\n  900 0\n  900 160\n  850 160\n  850 200\n  0 200\n  0 0\n",
+     "notch face=web cut=external x=875.000 y=180.000 length=50.000 width=40.000 code=\"N\"\n"
+     "trim face=web side=end at=900.000 code=\"SAW\"\nmade=1 "},
+    {"TurnedRectangle", kPlate, "500", "AK\n  v 0 0\n  133 0\n  333 200\n  200 200\n  0 0\n", "unclear_cut 23\nrefused=1 "},
+    {"LargerThanTheFace", kZ, "1000", "AK\n  v 0 0\n  1200 0\n  1200 200\n  0 200\n  0 0\n", "unclear_cut 23\nrefused=1 "},
+    {"CutsNothing", kZ, "1000", "AK\n  v 0 0\n  1000 0\n  1000 200\n  0 200\n  0 0\nAK\n  h 0 0\n  1000 0\n  1000 200\n  0 200\n  0 0\n", "made=2 "},
+    {"PlateIsItsOutline", kPlate, "1000", "AK\n  v -100 0\n  100 0\n  100 200\n  -100 200\n  -100 0\nBO\n  v -50 100 18\n",
+     "hole face=web x=-50.000 y=100.000 diameter=18.000 depth=0.000 thread=none code=\"H\"\nwarning 23\nwarning 29\nmade=2 "},
+    {"BackWallOfATube", kBox, "1000", "IK\n  v 100 50\n  200 50\n  200 90\n  100 90\n  100 50\nIK\n  h 100 50\n  200 50\n  200 90\n  100 90\n  100 50\n",
+     "notch face=web cut=internal x=150.000 y=70.000 length=100.000 width=40.000 code=\"N\"\n"
+     "notch face=web_back cut=internal x=150.000 y=70.000 length=100.000 width=40.000 code=\"N\"\nmade=2 "},
+    {"BackOfASection", kZ, "1000", "IK\n  v 100 50\n  200 50\n  200 90\n  100 90\n  100 50\nIK\n  h 100 50\n  200 50\n  200 90\n  100 90\n  100 50\n",
+     "notch face=web cut=internal x=150.000 y=70.000 length=100.000 width=40.000 code=\"N\"\nduplicate_notch 29\naside 29 for 23\nmade=1 set_aside=1 "},
+    {"CircularOpening", kZ, "1000", "IK\n  v 510 100 10\n  490 100 10\n  510 100 0\n",
+     "hole face=web x=500.000 y=100.000 diameter=20.000 depth=0.000 thread=none code=\"H\"\nnote 23\nmade=1 "},
+    {"SawCut", kZ, "1000", "SC\n  1000 200 0 1 -1 0\n", "mitre end=end face=web angle=-45.000\nmade=1 "},
+    {"SawCutInTheMiddle", kZ, "1000", "SC\n  500 0 0 1 0 0\n", "unclear_cut 23\nrefused=1 "},
+    {"SinkWithinTheTolerance", kZ, "1000", "BO\n  v 500 100 13\n  v 500.01 100s 26 6.5 0 0 90\n",
+     "countersunk face=web x=500.000 y=100.000 diameter=13.000 depth=0.000 sink_diameter=26.000 sink_depth=6.500 code=\"K\"\nmade=2 "},
+    {"SinkWithoutHole", kZ, "1000", "BO\n  v 500 100 13\n  v 510 100s 26 6.5 0 0 90\n", "lone_countersink 24\nrefused=1 not_made=1 "},
+    {"SecondSink", kZ, "1000", "BO\n  v 500 100 13\n  v 500 100s 26 6.5 0 0 90\n  v 500 100s 30 6.5 0 0 90\n",
+     "lone_countersink 25\nrefused=1 not_made=2 "},
+    {"SinkOfASlot", kZ, "1000", "BO\n  v 480 100 13 0l 40 0 0\n  v 500 100s 26 6.5 0 0 90\n", "lone_countersink 24\nrefused=1 not_made=1 "},
+    {"SlotsInEachOther", kZ, "1000", "BO\n  v 500 100 20 0l 100 0 0\n  v 540 100 20 0l 100 0 0\n",
+     "slot face=web x=550.000 y=100.000 width=20.000 length=120.000 angle=0.000 depth=0.000 code=\"L\"\nhole_inside_slot 24\naside 24 for 23\nmade=1 set_aside=1 "},
+    {"RefusedHoleAndItsRepetition", kZ, "1000", "BO\n  v 500 100 99\n  v 500 100 99\n", "duplicate_hole 23\nuncovered_hole 24\naside 23 for 24\nrefused=1 not_made=1 "},
+    {"HoleBeyondTheWeb", kZ, "1000", "BO\n  v 500 100 18\n  v 500 250 18\n", "hole_outside 24\nwarning 24\nrefused=1 not_made=1 "},
+    {"HoleBeyondTheEnd", kZ, "1000", "BO\n  v 1001 100 18\n", "hole_outside 23\nwarning 23\nrefused=1 "},
+    {"RoundTube", kTube, "1000", "BO\n  v 500 239 18\n",
+     "hole face=web x=500.000 y=239.000 diameter=18.000 depth=0.000 thread=none code=\"H\"\nmade=1 "},
+    {"BeyondARoundTube", kTube, "1000", "BO\n  v 500 630 18\n", "hole_outside 23\nrefused=1 "},
+    {"OutlineOfARoundTube", kTube, "1000", "AK\n  v 0 0\n  1000 0\n  1000 628.32\n  0 628.32\n  0 0\n", "made=1 "},
+    {"MarksAndTexts", kZ, "1000", "KO\n  v 100 50\n  200 50\nSI\n  v 50 100 0 10r P1\nBO\n  v 900 50m 0 0\n", "not_for_machine=3 "},
+    {"UnknownBlock", kZ, "1000", "IN\n  A : B\nBR\n  what\n", "note 22\nwarning 24\nnoted=2 "},
+};
+// clang-format on
+
+class Accounts : public ::testing::TestWithParam<Case> {};
+
+TEST_P(Accounts, AddUp) {
+    const Case& c = GetParam();
+    const Ran ran({
+        {"1", nc::Header("P1", c.profile, c.length) + c.blocks + "EN\n"}
+    });
+    EXPECT_EQ(Show(ran), c.shown) << ran.document.dump(1);
+}
+
+INSTANTIATE_TEST_SUITE_P(Ledger, Accounts, ::testing::ValuesIn(kCases), [](const auto& row) {
+    return std::string(row.param.name);
+});
+
+std::string With(std::string text, const std::string& from, const std::string& to) {
+    return text.replace(text.find(from), from.size(), to);
+}
+
+TEST(Ledger, QuantityOfNothing) {
+    const std::string part = nc::Header("P1", kZ, "1000") + "BO\n  v 500 100 18\n";
+    const Ran ran(
+        {
+            {"1", With(part, "\n  12\n", "\n  0\n")}
+    },
+        std::string(kJob) + "report = { quantity = \"warning\" }\n");
+    EXPECT_EQ(Show(ran), "quantity 0\nnot_made=1 ");
+    EXPECT_EQ(ran.exitCode, 0);
+}
+
+TEST(Ledger, MarksAndTextsAsRecords) {
+    const Ran ran(
+        {
+            {"1",
+             nc::Header("P1", kZ, "1000") +
+                 "PU\n  o 100 50\n  200 60\nSI\n  v 50 100 30 10r P \"1\"\n"}
+    },
+        std::string(kJob) + "marks = true\n");
+    EXPECT_EQ(Show(ran),
+              "mark face=top_flange kind=powder x=100.000 y=50.000 angle=0.000 height=0.000 "
+              "points=\"100.000,50.000 200.000,60.000\" text=\"\"\n"
+              "mark face=web kind=text x=50.000 y=100.000 angle=30.000 height=10.000 points=\"\" "
+              "text=\"P \\\"1\\\"\"\nmade=2 ");
+}
+
+TEST(Ledger, RefusesFilesWithWarnings) {
+    const Ran ran(
+        {
+            {"1", nc::Header("P1", kZ, "1000") + "IN\nBR\n"}
+    },
+        std::string(kJob) + "[nc]\nwarnings = \"refuse\"\n");
+    EXPECT_EQ(ran.exitCode, 2);
+    EXPECT_EQ(ran.document["faults"][0]["line"], 23);
+}
+
+/// What would be a fault of the program: holes of lines 23 and 24, and what was claimed.
+TEST(Ledger, TellsWhatDoesNotAddUp) {
+    using plugin::Account;
+    const std::vector<dstv::NcEntry> entries = {
+        {L"hole", 23, false},
+        {L"hole", 24, false}
+    };
+    const auto lostWith = [&](void (*claim)(plugin::Ledger&)) {
+        plugin::Ledger ledger({
+            {plugin::FeatureKind::kHole, 23, 1},
+            {plugin::FeatureKind::kHole, 24, 1}
+        });
+        ledger.Claim(23, Account::kMade);
+        claim(ledger);
+        std::string lines;
+        for (const camjob::LostFeature& lost : camjob::SettleAccounts(entries, ledger).lost)
+            lines += std::to_string(lost.line) + " ";
+        return lines;
+    };
+    EXPECT_EQ(lostWith([](plugin::Ledger& ledger) { ledger.Claim(24, Account::kRefused); }), "");
+    EXPECT_EQ(lostWith([](plugin::Ledger& ledger) { ledger.ClaimSetAside(24, 23); }), "");
+    EXPECT_EQ(lostWith([](plugin::Ledger&) {}), "24 ");
+    EXPECT_EQ(lostWith([](plugin::Ledger& ledger) { ledger.ClaimSetAside(24, 25); }), "24 ");
+    EXPECT_EQ(lostWith([](plugin::Ledger& ledger) {
+                  ledger.Claim(24, Account::kMade);
+                  ledger.Claim(25, Account::kMade);
+              }),
+              "25 ");
+    camjob::RunReport report;
+    report.status = camjob::RunStatus::kFault;
+    EXPECT_EQ(report.GetExitCode(), 4);
+}
+
+// ---- the law, from outside ----------------------------------------------------------------------
+
+/// Parts of every kind of feature, many of them wrong, and how many features each has.
+class PartMaker {
+  public:
+    explicit PartMaker(unsigned seed) : m_random(seed) {}
+
+    std::string Make(int number, long features) {
+        std::string text = nc::Header("P" + std::to_string(number),
+                                      std::vector<const char*>{kZ, kBox, kPlate, kTube}[Pick(4)],
+                                      "6000");
+        for (long i = 0; i < features; ++i)
+            text += Feature();
+        return text + "EN\n";
+    }
+
+  private:
+    using Maker = std::string (PartMaker::*)();
+
+    std::size_t Pick(std::size_t count) { return m_random() % count; }
+    /// On a grid, so that features meet each other.
+    std::string At(double from, double to) {
+        const auto steps = static_cast<std::size_t>((to - from) / 12.5);
+        return Number(from + 12.5 * static_cast<double>(Pick(steps + 1)));
+    }
+    static std::string Number(double value) { return ZetString::format(L"%.2f", value).toUtf8(); }
+    std::string Face() { return std::string(1, "vouh"[Pick(4)]); }
+    std::string Place() { return "  " + Face() + " " + At(-25, 6050) + " " + At(-12.5, 212.5); }
+    std::string Size() { return " " + Number(std::vector<double>{10, 13, 18, 22}[Pick(4)]); }
+
+    std::string Hole() { return "BO\n" + Place() + Size() + "\n"; }
+    std::string Thread() { return "BO\n" + Place() + "g 12.00\n"; }
+    std::string Sink() { return "BO\n" + Place() + "s 26.00 6.50 0.00 0.00 90.00\n"; }
+    std::string Slot() {
+        return "BO\n" + Place() + Size() + " 0.00l " + At(12.5, 100) + " 0.00 " +
+               (Pick(2) == 0 ? "0.00" : "90.00") + "\n";
+    }
+    std::string Rectangle() { return "BO\n" + Place() + " 10.00 0.00l 50.00 25.00 0.00\n"; }
+    std::string Mark() { return "KO\n" + Place() + "\n"; }
+    std::string Text() { return "SI\n" + Place() + " 0.00 10r T\n"; }
+    std::string Opening() {
+        return Contour("IK\n  " + Face(), 100.0 * static_cast<double>(Pick(60)), 25, 50, 50);
+    }
+    std::string Circle() {
+        const std::string y = At(50, 150);
+        const double x = 100.0 * static_cast<double>(Pick(60)) + 30;
+        const std::string right = Number(x + 9) + " " + y;
+        return "IK\n  v " + right + " 9.00\n  " + Number(x - 9) + " " + y + " 9.00\n  " + right +
+               "\n";
+    }
+    std::string Outline() {
+        return Contour("AK\n  " + Face(), 25.0 * static_cast<double>(Pick(3)), 0, 5900, 200);
+    }
+    std::string SawCut() {
+        return "SC\n  " + std::string(Pick(2) == 0 ? "6000" : "0") + " 0 0 1 " +
+               std::to_string(Pick(3)) + " " + std::to_string(Pick(2)) + "\n";
+    }
+    std::string Block() { return "XY\n  what\n"; }
+
+    /// A box, with a corner cut out of it or not.
+    std::string Contour(const std::string& begin, double x, double y, double length, double width) {
+        const auto point = [](double a, double b) {
+            return " " + Number(a) + " " + Number(b) + "\n";
+        };
+        std::string text = begin + point(x, y) + point(x + length, y);
+        if (Pick(2) == 0)
+            text += point(x + length, y + width);
+        else
+            text += point(x + length, y + width / 2) + point(x + length - 20, y + width / 2) +
+                    point(x + length - 20, y + width);
+        return text + point(x, y + width) + point(x, y);
+    }
+
+    std::string Feature() {
+        constexpr Maker kMakers[] = {&PartMaker::Hole,
+                                     &PartMaker::Hole,
+                                     &PartMaker::Hole,
+                                     &PartMaker::Thread,
+                                     &PartMaker::Sink,
+                                     &PartMaker::Slot,
+                                     &PartMaker::Rectangle,
+                                     &PartMaker::Mark,
+                                     &PartMaker::Text,
+                                     &PartMaker::Opening,
+                                     &PartMaker::Circle,
+                                     &PartMaker::Outline,
+                                     &PartMaker::SawCut,
+                                     &PartMaker::Block};
+        return (this->*kMakers[Pick(std::size(kMakers))])();
+    }
+
+    std::mt19937 m_random;
+};
+
+/// The holes in the lines of an NC file, as "face x y" of their operations, by line.
+std::map<long, std::string> RoundHolesIn(const std::string& text) {
+    std::map<long, std::string> holes;
+    std::istringstream lines(text);
+    std::string block;
+    std::string line;
+    for (long number = 1; std::getline(lines, line); ++number) {
+        if (line.size() == 2)
+            block = line;
+        std::istringstream words(line);
+        char face = 0;
+        double x = 0.0;
+        double y = 0.0;
+        std::string rest;
+        if (block != "BO" || !(words >> face >> x >> y) || !std::getline(words, rest) ||
+            rest.find_first_of("sl") != std::string::npos)
+            continue;
+        const std::map<char, const wchar_t*> faces = {
+            {'v', L"web"          },
+            {'o', L"top_flange"   },
+            {'u', L"bottom_flange"},
+            {'h', L"web_back"     }
+        };
+        holes[number] =
+            ZetString::format(L"face=%s x=%.3f y=%.3f ", ZetString(faces.at(face)), x, y).toUtf8();
+    }
+    return holes;
+}
+
+// Every line of a hole is an operation at its place, or a message has its line; and what is made,
+// told and left out is as much as there is.
+TEST(Ledger, HoldsForRandomParts) {
+    const unsigned seed = std::random_device()();
+    SCOPED_TRACE("seed " + std::to_string(seed));
+    constexpr int kParts = 200;
+    constexpr long kFeatures = 500;
+    PartMaker maker(seed);
+    std::map<std::string, std::string> files;
+    for (int i = 0; i < kParts; ++i)
+        files["P" + std::to_string(i)] = maker.Make(i, kFeatures);
+    std::string job = kJob;
+    job +=
+        "report = { uncovered_hole = \"warning\", uncovered_trim = \"warning\", unclear_cut = "
+        "\"warning\", hole_outside = \"warning\", lone_countersink = \"warning\" }\n";
+    const Ran ran(files, job);
+    ASSERT_EQ(ran.exitCode, 0) << ran.document["faults"].dump(1);
+    const auto records = plugin::ReadMachineRecords(ZetString::fromUtf8(ran.orders));
+    const auto* members = std::get_if<std::vector<plugin::MachineMember>>(&records);
+    ASSERT_NE(members, nullptr);
+    ASSERT_EQ(members->size(), std::size_t{kParts});
+    long sum = 0;
+    for (const Json& member : ran.document["members"]) {
+        const std::string mark = member["mark"];
+        SCOPED_TRACE(mark);
+        long features = 0;
+        for (const auto& [name, count] : member["accounts"].items())
+            features += count.get<long>();
+        EXPECT_EQ(features, kFeatures);
+        sum += features;
+        std::set<long> told;
+        for (const char* list : {"findings", "setAside"})
+            for (const Json& message : member[list])
+                told.insert(message["line"].get<long>());
+        const std::size_t begin = ran.orders.find("member mark=\"" + mark + "\"");
+        const std::string block =
+            ran.orders.substr(begin, ran.orders.find("\nend\n", begin) - begin);
+        for (const auto& [line, place] : RoundHolesIn(files[mark]))
+            EXPECT_TRUE(told.count(line) > 0 || block.find(place) != std::string::npos)
+                << "line " << line << ": " << place;
+    }
+    EXPECT_EQ(sum, kParts * kFeatures);
+}
+
+}  // namespace
