@@ -309,6 +309,11 @@ struct NcFilePattern {
     long column = 0;   ///< from 1
 };
 
+/// What the reports of members tell besides their findings.
+struct Reports {
+    bool areSourcesTold = false;  ///< the NC file of each member, below its part number
+};
+
 /// Everything that one job file says.
 struct Job {
     std::string file;  ///< as the caller named it, UTF-8
@@ -318,6 +323,7 @@ struct Job {
     std::optional<CalendarDate> date;  ///< counts as today
     long maximumQuantity = 100000;
     NcInput nc;
+    Reports reports;
     ProjectData project;
     Tolerances tolerances;
     std::vector<OutputFile> files;        ///< by position; at least the four of FileRole

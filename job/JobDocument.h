@@ -106,6 +106,7 @@ struct SecondaryPartsTable : Group, PlacedTable {
 
 struct GroupTable : SecondaryPartsTable {
     PlacedText id;
+    std::optional<std::vector<ZetString>> header;
 };
 
 struct DimensionTable : PlacedTable {
@@ -226,6 +227,7 @@ struct AdditionalInfoTable {
 struct JobDocument {
     JobTable job;
     NcInput nc;
+    Reports reports;
     ProjectTable project;
     TolerancesTable tolerances;
     std::vector<FileTable> files;

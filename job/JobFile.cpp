@@ -32,6 +32,7 @@ constexpr SyntaxWords kSyntaxWords[] = {
     {"leading zeroes",         "a number must not begin with 0"                            },
     {"escape sequence",        "a backslash in a text stands twice, or the text in '...'"  },
     {"expected '='",           "a line is key = value, or [table]"                         },
+    {"whitespace, saw ','",    "a comma cannot stand here: a number has a decimal point"   },
     {"parsing string",         "a text must end with its quote on the line where it begins"},
     {"closing ']'",            "a list is [value, value, ...]"                             },
     {"inline table",           "a table on one line is { key = value, key = value }"       },

@@ -181,6 +181,7 @@ void JobMaker::TakeJob() {
     m_job.date = table.date;
     m_job.maximumQuantity = table.maximumQuantity;
     m_job.nc = m_document.nc;
+    m_job.reports = m_document.reports;
     m_job.project = m_document.project;
     m_job.project.fileName = m_document.project.fileName.text;
     if (m_job.project.fileName.isEmpty())
@@ -307,7 +308,10 @@ void JobMaker::TakeGroups() {
               m_job.groups[kSecondaryGroup]);
     for (const GroupTable& table : m_document.groups) {
         m_groups.Add(table.id, m_faults);
-        TakeGroup(table, table.id, m_job.groups.emplace_back());
+        Group& group = m_job.groups.emplace_back();
+        TakeGroup(table, table.id, group);
+        group.headerLines = table.header.value_or(std::vector<ZetString>{L"", table.id.text});
+        CheckHeadings(table, group.headerLines);
     }
 }
 

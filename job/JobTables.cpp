@@ -222,6 +222,10 @@ constexpr Key kNcKeys[] = {
     Row<NcInput, &NcInput::warnings>("warnings", "What a warning of the reader does, for example that a hole lies outside of its face. report: it is printed. refuse: nothing is made."),
 };
 
+constexpr Key kReportsKeys[] = {
+    Row<Reports, &Reports::areSourcesTold>("sources", "Whether the errors and warnings name the NC file of each member below its part number."),
+};
+
 constexpr Key kProjectKeys[] = {
     Row<ProjectTable, &ProjectTable::caption>("caption", "Title of the project dialog."),
     Row<ProjectTable, &ProjectTable::fileName>("file_name", "What the names of all output files begin with.", {.defaultNote = "the job file's name without its ending"}),
@@ -279,7 +283,7 @@ constexpr Key kSecondaryPartsKeys[] = {
 constexpr Key kGroupKeys[] = {
     Row<GroupTable, &GroupTable::id>("id", "Name of the group in this job.", {.isRequired = true}),
     Row<GroupTable, &SecondaryPartsTable::files>("files", kGroupFilesMeaning),
-    Row<GroupTable, &Group::headerLines>("header", kGroupHeaderMeaning),
+    Row<GroupTable, &GroupTable::header>("header", kGroupHeaderMeaning, {.defaultNote = "a blank line and the id; [] for none"}),
     Row<GroupTable, &Group::sortKeys>("sort", kGroupSortMeaning),
     Row<GroupTable, &Group::isNested>("nesting", "Whether the members are cut from stock bars of 4000 mm together, with a cutting list."),
     Row<GroupTable, &Group::reserveLength>("reserve", "An off-cut that is not longer than this gets no further piece.", {.range = kDistance, .unit = "mm"}),
@@ -431,6 +435,7 @@ constexpr Key kAdditionalInfoKeys[] = {
 
 constexpr KeyTable kJobTable{kJobKeys};
 constexpr KeyTable kNcTable{kNcKeys};
+constexpr KeyTable kReportsTable{kReportsKeys};
 constexpr KeyTable kProjectTable{kProjectKeys};
 constexpr KeyTable kTolerancesTable{kTolerancesKeys};
 constexpr KeyTable kFileTable{kFileKeys};
@@ -457,6 +462,7 @@ constexpr KeyTable kAdditionalInfoTable{kAdditionalInfoKeys};
 
 template <> constexpr const KeyTable& KeysOf<JobTable>() { return kJobTable; }
 template <> constexpr const KeyTable& KeysOf<NcInput>() { return kNcTable; }
+template <> constexpr const KeyTable& KeysOf<Reports>() { return kReportsTable; }
 template <> constexpr const KeyTable& KeysOf<ProjectTable>() { return kProjectTable; }
 template <> constexpr const KeyTable& KeysOf<TolerancesTable>() { return kTolerancesTable; }
 template <> constexpr const KeyTable& KeysOf<FileTable>() { return kFileTable; }
@@ -563,6 +569,7 @@ constexpr Key kDocumentKeys[] = {
     Row<JobDocument, &JobDocument::trims>("trim", "A cut along a whole side of a face that the machine has a code for. The first that fits counts; a list that is not given fits any.", {.isTop = true}),
     Row<JobDocument, &JobDocument::patterns>("fixed_pattern", "The holes that members of one length must have.", {.isTop = true}),
     Row<JobDocument, &JobDocument::assemblies>("assembly", "A main part and what is fixed to it.", {.isTop = true}),
+    Row<JobDocument, &JobDocument::reports>("reports", "What the files of errors and warnings tell besides the findings.", {.isTop = true}),
     Row<JobDocument, &JobDocument::additionalInfo>("additional_info", "The lists of members in the file `info`.", {.isTop = true}),
 };
 constexpr KeyTable kDocumentTable{kDocumentKeys};

@@ -27,6 +27,7 @@ struct JobDraft {
     std::vector<ProfileFamily> families;
     std::map<eHoleShapeType, HoleSizes> holes;
     std::map<NotchForm, long> notches;
+    long trims = 0;
     long otherCuts = 0;
     std::vector<RefusedFile> leftOut;
     std::string foreignName;  ///< see PartSurvey

@@ -201,6 +201,13 @@ std::string CornerNotches(const JobDraft& draft) {
     return text;
 }
 
+std::string Trims(const JobDraft& draft) {
+    if (draft.trims == 0)
+        return "";
+    return "\n" + Comment(Count(draft.trims, "cut", "cuts") + " along a whole side of a face") +
+           "[[trim]]\nid = \"trim\"\ncode = \"TRIM\"\n";
+}
+
 std::string UncoveredTables(const JobDraft& draft) {
     std::string text =
         "\n# A hole that no rule above covers is an error; \"output\" makes it all the same.\n"
@@ -235,7 +242,7 @@ std::string WriteJobText(const JobDraft& draft) {
     for (const ProfileFamily& family : draft.families)
         text += MemberTypeTable(family);
     text += Ruler("holes and notches: the first that fits counts");
-    return text + HoleRules(draft) + CornerNotches(draft) + UncoveredTables(draft);
+    return text + HoleRules(draft) + CornerNotches(draft) + Trims(draft) + UncoveredTables(draft);
 }
 
 }  // namespace camjob

@@ -79,6 +79,8 @@ void TakeFeatures(dstv::NcFileEntity& entity, const plugin::JudgingRules& rules,
     for (const CHoleAddlInfo& hole : member.GetHoles())
         part.holes.push_back(
             {hole.GetHoleShapeType(), hole.GetSize(), plugin::OverallLength(hole)});
+    for (const plugin::Finding& finding : member.GetFindings())
+        part.trims += finding.type == job::kUncoveredTrim ? 1 : 0;
     for (const CNotchAddInfo& notch : member.GetNotches())
         if (notch.GetNotchStatus() != eNotchNone)
             TakeNotch(notch, member.GetLength(), part);

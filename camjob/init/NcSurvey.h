@@ -38,6 +38,7 @@ struct PartSurvey {
     double height = 0.0;  ///< of the header, mm
     std::vector<HoleForm> holes;
     std::vector<NotchForm> notches;
+    long trims = 0;            ///< cuts along a whole side of a face
     long otherCuts = 0;        ///< notches and openings of no form that a corner notch describes
     std::string foreignName;   ///< a name whose bytes are not UTF-8, as Windows-1252
     std::string otherReading;  ///< the same name as Windows-1251

@@ -114,7 +114,7 @@ void JobInput::JudgeFirst() {
     const ZetString mark = part.entity->getPart().header.mark;
     if (m_assemblies.isMainPart(mark))
         m_assemblies.attach(*part.entity);
-    Note(part, m_run.Add(*part.entity));
+    Note(part, m_run.Add(*part.entity, ZetString::fromUtf8(part.file)));
     if (!m_assemblies.names(mark))
         return;
     part.entity->releaseFeatures();

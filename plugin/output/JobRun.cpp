@@ -119,7 +119,7 @@ bool JobRun::ReadSettings() {
     return GetJobProjectInfo().ReadSettings();
 }
 
-JobRun::Added JobRun::Add(ZetNCEntity& entity) {
+JobRun::Added JobRun::Add(ZetNCEntity& entity, const ZetString& source) {
     m_lastLedger = {};
     ZetNCCreator creator;
     creator.setNCEntity(&entity);
@@ -130,6 +130,8 @@ JobRun::Added JobRun::Add(ZetNCEntity& entity) {
     if (type->isSkipped)
         return Added::kSkipped;
     auto member = std::make_unique<Member>(*this, *type, creator);
+    if (m_job.reports.areSourcesTold)
+        member->SetSource(source);
     member->ValidateMember();
     // Parts of assemblies are settled as they are written: a main part lacks what was not selected.
     if (!member->getIsPartOfAssy())

@@ -83,7 +83,8 @@ class JobRun {
 
     /// Judges a member and keeps what will be written of it. The entity, and those attached to it,
     /// are needed during the call only.
-    Added Add(ZetNCEntity& entity);
+    /// `source` is the name of its NC file, for reports.
+    Added Add(ZetNCEntity& entity, const ZetString& source = {});
     /// What has become of the features of the member that was added last; empty unless it was.
     const Ledger& GetLastLedger() const { return m_lastLedger; }
     long GetCount() const { return static_cast<long>(m_members.size()); }

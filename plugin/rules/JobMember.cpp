@@ -193,12 +193,20 @@ void JobMember::SettleReport() {
     if (std::exchange(m_isSettled, true))
         return;
     CreateErrWarHeader();
+    TellSource(m_errorReport);
+    TellSource(m_warningReport);
     m_outcome = {GetValid(), !m_warningReport.isEmpty(), GetNonStd()};
     if (!m_outcome.isNonStandard)
         return;
     ZetArray<long> blocks = GetAddInfoArrLoc();
     blocks.append(job::kNonStandardBlock);
     SetAddInfoArrLoc(std::move(blocks));
+}
+
+/// Below the part number, as the library aligns its lines.
+void JobMember::TellSource(ZetArray<ZetString>& report) const {
+    if (!m_source.isEmpty() && !report.isEmpty())
+        report.insertAt(1, Indented(ZetString::format(L"%-10s = %s", L"NC file", m_source)));
 }
 
 ZetArray<ZetString> JobMember::GetErrorBlock() const {

@@ -60,6 +60,9 @@ class JobMember : public CMxPeilaib {
     /// the member; creator and entity are needed until MakeOutput is done.
     JobMember(const JudgingRules& rules, const job::MemberType& type, ZetNCCreator& creator);
 
+    /// The NC file, for the blocks; before SettleReport. Without it they do not tell.
+    void SetSource(const ZetString& file) { m_source = file; }
+
     void ValidateMember() override;
     /// Settles whether the member is valid, and makes its error and warning blocks. A second call
     /// does nothing.
@@ -137,6 +140,8 @@ class JobMember : public CMxPeilaib {
     const HoleRuleMatcher::Entry* EntryOfHole(long index) const {
         return m_entryOfHole[static_cast<std::size_t>(index)];
     }
+
+    void TellSource(ZetArray<ZetString>& report) const;
 
     eReportingTypes ReportTypeOf(int type) const { return m_type.GetReportType(type); }
     /// Files a finding with its report type, as a line of the member.
@@ -237,6 +242,7 @@ class JobMember : public CMxPeilaib {
     std::vector<SetAsideFeature> m_setAside;
     std::vector<FeatureNote> m_notes;
     Ledger m_ledger;
+    ZetString m_source;
     MemberOutcome m_outcome;
     bool m_isSettled = false;
     /// UTF-8: of many members this is most of what is kept.

@@ -159,6 +159,7 @@ TEST(JobFile, NcInputAndLineEnds) {
     EXPECT_STREQ(NameOf(job.nc.encoding), "iso-8859-13");
     EXPECT_EQ(job.nc.unreadable, job::WhenNot::kLeaveOut);
     EXPECT_EQ(job.nc.unmatched, job::WhenNot::kLeaveOut);
+    EXPECT_TRUE(job.reports.areSourcesTold);
     EXPECT_EQ(job.files[job::kWarningFile].lineEnds, job::LineEnds::kCrLf);
     EXPECT_EQ(job.files[job::kOrderFile].lineEnds, job::LineEnds::kLf);
 }

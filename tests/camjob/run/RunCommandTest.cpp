@@ -100,6 +100,16 @@ TEST(RunCommand, RefusesFaultyInputWithAllFaultsAndWritesNothing) {
     }
 }
 
+TEST(RunCommand, NamesTheFilesOfMembersWithErrors) {
+    const TempFolder folder;
+    SampleJob job;
+    job.more = "[reports]\nsources = true\n";
+    job.Write(folder);
+    EXPECT_EQ(RunJobFile(folder).exitCode, 1);
+    ExpectParts(folder.Read("out/s-errors.txt"),
+                {"Part Number = L1\n          NC file    = ", "/nc/4.nc1\n          Section "});
+}
+
 TEST(RunCommand, GoesOnWithoutFilesThatTheJobLeavesOut) {
     const TempFolder folder;
     SampleJob job;

@@ -1,0 +1,105 @@
+#include "camjob/SampleJob.h"
+
+#include <gtest/gtest.h>
+
+// What goes wrong in somebody's first jobs: each message names file, line and what to do.
+
+namespace {
+
+struct Mistake {
+    const char* name;
+    std::pair<std::string, std::string>
+        jobEdit;  ///< text of the sample job, and what takes its place
+    std::pair<std::string, std::string> ncFile;  ///< a file beside the sample's, or instead of one
+    std::vector<std::string> told;               ///< parts of what is told, or of the errors file
+};
+
+std::string Header(const std::string& name, const std::string& length = "900.00") {
+    return nc::Header("N1", name, length);
+}
+
+const std::string kHoleRule = "[[hole_rule]]\nid = \"bolt\"\n";
+
+// clang-format off
+const Mistake kMistakes[] = {
+    {"NoMemberTypeForAProfile", {}, {"nc/6.nc1", Header("IPE300\n  I") + "EN\n"},
+     {"nc/6.nc1: profile \"IPE300\", code I: no member type of the job takes it"}},
+    {"PatternInOtherLetters", {"profile = \"Z*\"", "profile = \"z*\""}, {},
+     {"nc/1.nc1: profile \"Z200x2.0\", code SO: no member type of the job takes it"}},
+    {"MarkInAnotherLine", {}, {"nc/6.nc1", nc::Plain("")},
+     {"nc/6.nc1: the part has no mark to tell it by", "\"mark\" in [nc] of the job can name another text"}},
+    {"SameMarkTwice", {}, {"nc/6.nc1", nc::Plain("L1")},
+     {"nc/6.nc1: mark \"L1\" is already that of the part in ", "nc/4.nc1; \"mark\" in [nc]"}},
+    {"MarkSourceThatRepeats", {"[project]", "[nc]\nmark = \"drawing\"\n[project]"}, {},
+     {"mark \"D-4711\" is already that of the part in ", "\"mark\" in [nc]"}},
+    {"MarkSourceUnknown", {"[project]", "[nc]\nmark = \"name\"\n[project]"}, {},
+     {"job.toml:7:8: \"mark\" must be one of \"mark\", \"drawing\", \"phase\", \"file_name\""}},
+    {"WrongEncoding", {"[project]", "[nc]\nencoding = \"utf-8\"\n[project]"}, {"nc/6.nc1", nc::Header("Tr\xE4ger") + "EN\n"},
+     {"nc/6.nc1:5: text \"Träger\": expected text in utf-8"}},
+    {"EncodingMisspelt", {"[project]", "[nc]\nencoding = \"window-1251\"\n[project]"}, {},
+     {"job.toml:7:12: \"encoding\" must be one of", "did you mean \"windows-1251\"?"}},
+    {"ShadowedHoleRule", {kHoleRule, "[[hole_rule]]\nid = \"all\"\ncode = \"X\"\n\n" + kHoleRule}, {},
+     {"job.toml:43:1: this table can never be reached: hole rule \"all\" in line 39", "put it before that one"}},
+    {"ShadowedMemberType", {"profile = \"Z*\"", "profile = \"*\""}, {},
+     {"this table can never be reached: member type \"purlin\" in line 27"}},
+    {"BraceInACode", {"code = \"B18\"", "code = \"B{18}\""}, {},
+     {"job.toml:42:8: \"code\": there is no value {18}", "is written {{"}},
+    {"BraceThatStaysOpen", {"code = \"B18\"", "code = \"B{diameter\""}, {},
+     {"job.toml:42:8: \"code\": { and } enclose a value, such as {diameter:.1f}"}},
+    {"DiameterAsText", {"diameters = [18.0]", "diameters = [\"18\"]"}, {},
+     {"job.toml:41:14: each of \"diameters\" must be a number, not a text; write it without quotes"}},
+    {"DiameterWithoutBrackets", {"diameters = [18.0]", "diameters = 18.0"}, {},
+     {"job.toml:41:13: \"diameters\" must be a list", "in square brackets"}},
+    {"DecimalComma", {"diameters = [18.0]", "diameters = [18]\nmember_name_length = 1,5"}, {}, {"job.toml:42:23: a comma cannot stand here: a number has a decimal point"}},
+    {"MisspeltKey", {"diameters", "diameter"}, {},
+     {"job.toml:41:1: unknown key \"diameter\" in [[hole_rule]]; did you mean \"diameters\"?"}},
+    {"MisspeltGroup", {"group = \"struts\"", "group = \"strut\""}, {},
+     {"there is no [[group]] with the id \"strut\"; did you mean \"struts\"?"}},
+    {"NoFileFits", {"nc/*.nc1", "NC/*.nc1"}, {}, {"job.toml:3:13: no file fits \"NC/*.nc1\""}},
+    {"FolderWithBackslash", {"nc/*.nc1", "nc\\\\*.nc1"}, {}, {"job.toml:3:13: ", "part folders with / on every system"}},
+    {"TypographicQuotes", {"id = \"bolt\"", "id = \u201Cbolt\u201D"}, {},
+     {"job.toml:40:6: this character can only stand in a text", "plain quotes"}},
+    {"QuantityAsWord", {}, {"nc/6.nc1", std::string(nc::Plain("N1")).replace(nc::Plain("N1").find("  12\n"), 5, "  two\n")},
+     {"nc/6.nc1:7: quantity \"two\": expected a whole number"}},
+    {"QuantityTooLarge", {"[project]", "max_quantity = 11\n[project]"}, {}, {"Quantity (12) is above 11"}},
+    {"HeaderLineMissing", {}, {"nc/6.nc1", "ST\n  O\n  D\n  N1\n  S350\n  12\n  Z200\n  SO\n  900\n  200\n  65\n"},
+     {"nc/6.nc1:7: quantity \"Z200\"", "a header line before it seems to be missing"}},
+    {"TwoErrorsInOneFile", {}, {"nc/6.nc1", Header("Z200x2.0\n  SO") + "BO\n  v 1,5 2.0 18\n  w 5 5 18\nEN\n"},
+     {"nc/6.nc1:23: hole X \"1,5\"", "nc/6.nc1:24: face \"w\": expected v, o, u or h"}},
+    {"PartOfAnAssemblyMissing", {"parts = [{ mark = \"C1\" }]", "parts = [{ mark = \"C9\" }]"}, {},
+     {"job.toml: the assemblies name part \"C9\", which no NC file has"}},
+    {"MainPartAsPart", {"parts = [{ mark = \"C1\" }]", "parts = [{ mark = \"A1\" }]"}, {},
+     {"\"A1\" is a main part: it cannot be a part of an assembly"}},
+    {"UncoveredHole", {"id = \"any\"\ncode", "id = \"any\"\ndiameters = [30.0]\ncode"}, {}, {"No hole rule covers it"}},
+    {"WrongPairSpacing", {"code = \"B18\"", "code = \"B18\"\npairs = [{ code = \"B18\", spacing = 40.0 }]\npair_must = true"}, {},
+     {"It has no second hole"}},
+    {"TooLong", {}, {}, {"length"}},
+};
+// clang-format on
+
+class BeginnersMistake : public ::testing::TestWithParam<Mistake> {};
+
+TEST_P(BeginnersMistake, IsToldWithItsRemedy) {
+    const Mistake& mistake = GetParam();
+    const TempFolder folder;
+    SampleJob().Write(folder);
+    std::string job = SampleJob().Text();
+    const std::size_t at = job.find(mistake.jobEdit.first);
+    ASSERT_NE(at, std::string::npos);
+    folder.Write("job.toml", job.replace(at, mistake.jobEdit.first.size(), mistake.jobEdit.second));
+    if (!mistake.ncFile.first.empty())
+        folder.Write(mistake.ncFile.first, mistake.ncFile.second);
+    const CamjobRun run = RunJobFile(folder);
+    EXPECT_NE(run.exitCode, 0);
+    const bool isMade = std::filesystem::exists(folder.PathOf("out/s-errors.txt"));
+    const std::string told = run.err + (isMade ? folder.Read("out/s-errors.txt") : "");
+    for (const std::string& part : mistake.told)
+        EXPECT_NE(told.find(part), std::string::npos) << "no \"" << part << "\" in:\n" << told;
+}
+
+INSTANTIATE_TEST_SUITE_P(Mistakes,
+                         BeginnersMistake,
+                         ::testing::ValuesIn(kMistakes),
+                         [](const auto& instance) { return instance.param.name; });
+
+}  // namespace
