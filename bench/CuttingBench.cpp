@@ -206,28 +206,6 @@ struct Totals {
     double mostSeconds = 0.0;
 };
 
-/// The order that the library gives: from the shortest piece up, on the longest bars.
-Cost CostFromShortest(const List& list) {
-    const Stock* longest = &list.stocks.front();
-    for (const Stock& stock : list.stocks)
-        if (stock.count == cutting::kUnlimited && stock.length > longest->length)
-            longest = &stock;
-    std::vector<Length> pieces;
-    for (const cutting::Part& part : list.demand)
-        pieces.insert(pieces.end(), static_cast<std::size_t>(part.count), part.length);
-    std::sort(pieces.begin(), pieces.end());
-    Cost cost = 0;
-    Length room = 0;
-    for (const Length length : pieces) {
-        if (room < length) {
-            cost += longest->cost;
-            room = longest->GetUsable();
-        }
-        room -= length + longest->kerf;
-    }
-    return cost;
-}
-
 double GapOf(Cost cost, Cost bound) {
     return 100.0 * static_cast<double>(cost - bound) / static_cast<double>(bound);
 }
@@ -250,7 +228,7 @@ void AddList(Totals& totals, const List& list) {
         cheapest = std::min(cheapest, stock.cost);
     totals.gap += GapOf(plan.cost, plan.bound);
     totals.firstFitGap += GapOf(firstFit.cost, plan.bound);
-    totals.givenGap += GapOf(CostFromShortest(list), plan.bound);
+    totals.givenGap += GapOf(cutting::CostFromShortest(list.demand, list.stocks), plan.bound);
     totals.atBound += plan.cost == plan.bound ? 1 : 0;
     totals.oneAbove += plan.cost <= plan.bound + cheapest ? 1 : 0;
     totals.firstFitAtBound += firstFit.cost == plan.bound ? 1 : 0;

@@ -6,6 +6,7 @@
 #include "cutting/Task.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace cutting {
 
@@ -13,8 +14,8 @@ namespace {
 
 /// Longer lists get more steps, in proportion; lists that are solved by chunks a base and as many
 /// per piece.
-constexpr Count kPiecesOfSteps = 50'000;
-constexpr std::int64_t kShareOfBase = 16;
+constexpr Count kPiecesOfSteps = 70'000;
+constexpr std::int64_t kShareOfBase = 8;
 
 Length LongestUsable(const std::vector<Stock>& stocks) {
     Length longest = 0;
@@ -34,13 +35,12 @@ Demand WithoutTooLong(Demand demand, const std::vector<Stock>& stocks) {
 }
 
 void AddTooLong(Plan& plan, const Demand& demand, const std::vector<Stock>& stocks) {
-    const Length longest = LongestUsable(stocks);
-    for (std::size_t part = 0; part < demand.size(); ++part) {
-        if (demand[part].length <= longest || demand[part].count == 0)
-            continue;
-        plan.uncut.resize(demand.size());
-        plan.uncut[part] = demand[part].count;
-    }
+    const std::vector<Count> tooLong = FindTooLong(demand, stocks);
+    if (tooLong.empty())
+        return;
+    plan.uncut.resize(demand.size());
+    for (std::size_t part = 0; part < demand.size(); ++part)
+        plan.uncut[part] += tooLong[part];
 }
 
 /// Makes a plan of what `solve` makes of the task.
@@ -89,6 +89,42 @@ Plan MakeFirstFitPlan(const Demand& demand, const std::vector<Stock>& stocks) {
     return MakePlan(demand, stocks, [](const Task& task) {
         return Answer{FitDecreasing(task, Rest(task)), 0};
     });
+}
+
+Cost CostFromShortest(const Demand& demand, const std::vector<Stock>& stocks) {
+    const auto isWorse = [](const Stock& a, const Stock& b) {
+        return std::pair(a.count == kUnlimited, a.GetUsable()) <
+               std::pair(b.count == kUnlimited, b.GetUsable());
+    };
+    const Stock& stock = *std::max_element(stocks.begin(), stocks.end(), isWorse);
+    Demand ascending = demand;
+    std::sort(ascending.begin(), ascending.end(), [](const Part& a, const Part& b) {
+        return a.length < b.length;
+    });
+    Count bars = 0;
+    Length room = 0;
+    for (const Part& part : ascending) {
+        for (Count left = part.length <= stock.GetUsable() ? part.count : 0; left > 0;) {
+            if (room < part.length) {
+                ++bars;
+                room = stock.GetUsable();
+            }
+            const Length width = part.length + stock.kerf;
+            const Count count = std::min(left, (room + stock.kerf) / width);
+            room -= count * width;
+            left -= count;
+        }
+    }
+    return bars * stock.cost;
+}
+
+std::vector<Count> FindTooLong(const Demand& demand, const std::vector<Stock>& stocks) {
+    const Length longest = LongestUsable(stocks);
+    std::vector<Count> tooLong(demand.size());
+    for (std::size_t part = 0; part < demand.size(); ++part)
+        tooLong[part] = demand[part].length > longest ? demand[part].count : 0;
+    const bool isAny = std::any_of(tooLong.begin(), tooLong.end(), [](Count c) { return c > 0; });
+    return isAny ? tooLong : std::vector<Count>();
 }
 
 Cost FindCostBound(const Demand& demand, const std::vector<Stock>& stocks) {

@@ -17,6 +17,13 @@ Plan MakeLeastPlan(const Demand& demand,
 /// The plan of first-fit-decreasing, for comparison. Without a bound.
 Plan MakeFirstFitPlan(const Demand& demand, const std::vector<Stock>& stocks);
 
+/// The cost when bars are filled from the shortest piece up, on the longest stock without limit (or
+/// the longest, when all have one). Pieces that are longer do not count.
+Cost CostFromShortest(const Demand& demand, const std::vector<Stock>& stocks);
+
+/// By mark: the pieces that no bar is long enough for; empty when there are none.
+std::vector<Count> FindTooLong(const Demand& demand, const std::vector<Stock>& stocks);
+
 /// A cost that no plan goes below, from sums over the lengths.
 Cost FindCostBound(const Demand& demand, const std::vector<Stock>& stocks);
 

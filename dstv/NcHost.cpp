@@ -375,6 +375,9 @@ ZetNCHeaderData NcFileEntity::getHeader(long) const {
     data.height = header.profileHeight;
     data.width = isPlate ? header.profileHeight : header.flangeWidth;
     data.thickness = header.webThickness;
+    data.material = header.steelQuality;
+    data.weightPerMetre = header.weight;
+    data.surfacePerMetre = header.paintingSurface;
     return data;
 }
 

@@ -36,6 +36,8 @@ enum FileRole : std::size_t {
 
 /// Ending of the file that holds the cutting lists, written when some group is nested.
 inline constexpr const wchar_t* kCuttingListEnding = L"-cutting.txt";
+/// The same for programs: one row per piece.
+inline constexpr const wchar_t* kCuttingTableEnding = L"-cutting.csv";
 
 /// Groups that every job has, by their position, which is their ID too.
 enum GroupRole : std::size_t {
@@ -68,6 +70,29 @@ struct OutputFile {
     LineEnds lineEnds = LineEnds::kLf;
 };
 
+/// Who decides which pieces come from one bar.
+enum class BarPlan {
+    kGiven,  ///< the library: from the shortest piece up
+    kLeast,  ///< fewest bars, or least cost
+};
+
+/// Bars that nested members are cut from; mm.
+struct Stock {
+    ZetString profilePattern;  ///< of the profile name; * any text, ? one character
+    double length = 0.0;
+    std::optional<double> price;   ///< of a bar; without: its length
+    std::optional<long> quantity;  ///< bars that are there; without: as many as needed
+    double kerf = 0.0;             ///< width of a saw cut
+    double gripStart = 0.0;        ///< of the bar's start that nothing is cut from
+    double gripEnd = 0.0;
+    std::optional<double> leastOffcut;  ///< an off-cut from there on is kept
+};
+
+/// How cutting plans are made.
+struct Cutting {
+    long effort = 4000;  ///< millions of steps
+};
+
 /// One group of members, a section of the order file.
 struct Group {
     ZetString id;
@@ -76,6 +101,8 @@ struct Group {
     std::vector<eSortOrder> sortKeys;
     bool isNested = false;
     double reserveLength = 0.0;  ///< an off-cut that is not longer than this stays as it is
+    /// Without: least where a stock fits the profile, else given.
+    std::optional<BarPlan> plan;
 };
 
 /// Where the flange coordinates of an NC file begin, and which way they are to run: from the web to
@@ -329,6 +356,8 @@ struct Job {
     std::vector<OutputFile> files;        ///< by position; at least the four of FileRole
     std::vector<Group> groups;            ///< by position; at least the two of GroupRole
     std::vector<MemberType> memberTypes;  ///< the first that fits is a member's
+    Cutting cutting;
+    std::vector<Stock> stocks;
     bool areDistancesChecked = true;
     std::vector<HoleRule> holeRules;  ///< the first that fits is a hole's
     UncoveredRule uncoveredHoles;

@@ -109,6 +109,8 @@ struct GroupTable : SecondaryPartsTable {
     std::optional<std::vector<ZetString>> header;
 };
 
+struct StockTable : Stock, PlacedTable {};
+
 struct DimensionTable : PlacedTable {
     std::optional<long> start;
     std::optional<long> length;
@@ -233,6 +235,8 @@ struct JobDocument {
     std::vector<FileTable> files;
     SecondaryPartsTable secondaryParts;
     std::vector<GroupTable> groups;
+    Cutting cutting;
+    std::vector<StockTable> stocks;
     std::vector<MemberTypeTable> memberTypes;
     std::vector<HoleRuleTable> holeRules;
     UncoveredHolesTable uncoveredHoles;

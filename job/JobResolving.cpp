@@ -111,6 +111,7 @@ class JobMaker {
         TakeJob();
         TakeFiles();
         TakeGroups();
+        TakeStocks();
         CheckFileNames();
         TakePatterns();
         TakeMemberTypes();
@@ -130,6 +131,9 @@ class JobMaker {
     void TakeGroups();
     void TakeGroup(const SecondaryPartsTable& table, const PlacedText& id, Group& group);
     void TakeGroupFile(const PlacedText& reference, std::size_t file, Group& group);
+    void TakeStocks();
+    void CheckStock(const StockTable& table, bool hasPrice);
+    void CheckPlan(const GroupTable& table);
     void TakePatterns();
     void CheckPatternHole(const FixedPattern& pattern, const PatternHoleTable& hole);
     void TakeMemberTypes();
@@ -267,7 +271,8 @@ void JobMaker::CheckFileNames() {
     FileNames names;
     const auto isNested = [](const Group& group) { return group.isNested; };
     if (std::any_of(m_job.groups.begin(), m_job.groups.end(), isNested))
-        names.Add(m_job.project.fileName + kCuttingListEnding, fileName.at, m_faults);
+        for (const wchar_t* ending : {kCuttingListEnding, kCuttingTableEnding})
+            names.Add(m_job.project.fileName + ending, fileName.at, m_faults);
     for (std::size_t i = 0; i < m_job.files.size(); ++i) {
         Position at = fileName.at;
         for (const FileTable& table : m_document.files)
@@ -312,7 +317,33 @@ void JobMaker::TakeGroups() {
         TakeGroup(table, table.id, group);
         group.headerLines = table.header.value_or(std::vector<ZetString>{L"", table.id.text});
         CheckHeadings(table, group.headerLines);
+        CheckPlan(table);
     }
+}
+
+void JobMaker::CheckPlan(const GroupTable& table) {
+    RequireOf(table, table.isNested || !table.plan, "\"plan\" needs \"nesting = true\"");
+    RequireOf(table,
+              table.plan != BarPlan::kLeast || table.reserveLength == 0.0,
+              "\"reserve\" goes only with plan = \"given\"");
+}
+
+void JobMaker::TakeStocks() {
+    m_job.cutting = m_document.cutting;
+    for (const StockTable& table : m_document.stocks) {
+        CheckStock(table, m_document.stocks.front().price.has_value());
+        m_job.stocks.push_back(table);
+    }
+}
+
+void JobMaker::CheckStock(const StockTable& table, bool hasPrice) {
+    RequireOf(table,
+              table.gripStart + table.gripEnd < table.length,
+              "the grips leave nothing of the bar");
+    RequireOf(
+        table,
+        table.price.has_value() == hasPrice,
+        "\"price\" must stand in all [[stock]] or in none: prices and lengths cannot be added");
 }
 
 void JobMaker::TakePatterns() {

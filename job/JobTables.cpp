@@ -143,6 +143,11 @@ constexpr Choice<NcWarnings> kNcWarnings[] = {
     {NcWarnings::kRefuse, "refuse"},
 };
 
+constexpr Choice<BarPlan> kBarPlans[] = {
+    {BarPlan::kGiven, "given"},
+    {BarPlan::kLeast, "least"},
+};
+
 constexpr Choice<LineEnds> kLineEnds[] = {
     {LineEnds::kLf, "lf"},
     {LineEnds::kCrLf, "crlf"},
@@ -196,6 +201,7 @@ template <> std::span<const Choice<MarkSource>> ChoicesOf() { return kMarkSource
 template <> std::span<const Choice<NcEncoding>> ChoicesOf() { return kNcEncodings; }
 template <> std::span<const Choice<WhenNot>> ChoicesOf() { return kWhenNot; }
 template <> std::span<const Choice<NcWarnings>> ChoicesOf() { return kNcWarnings; }
+template <> std::span<const Choice<BarPlan>> ChoicesOf() { return kBarPlans; }
 template <> std::span<const Choice<LineEnds>> ChoicesOf() { return kLineEnds; }
 template <> std::span<const Choice<Uncovered>> ChoicesOf() { return kUncoveredActions; }
 template <> std::span<const Choice<NotchValue>> ChoicesOf() { return kNotchValues; }
@@ -285,8 +291,24 @@ constexpr Key kGroupKeys[] = {
     Row<GroupTable, &SecondaryPartsTable::files>("files", kGroupFilesMeaning),
     Row<GroupTable, &GroupTable::header>("header", kGroupHeaderMeaning, {.defaultNote = "a blank line and the id; [] for none"}),
     Row<GroupTable, &Group::sortKeys>("sort", kGroupSortMeaning),
-    Row<GroupTable, &Group::isNested>("nesting", "Whether the members are cut from stock bars of 4000 mm together, with a cutting list."),
-    Row<GroupTable, &Group::reserveLength>("reserve", "An off-cut that is not longer than this gets no further piece.", {.range = kDistance, .unit = "mm"}),
+    Row<GroupTable, &Group::isNested>("nesting", "Whether the members are cut from stock bars, with a cutting list: those of one profile and material together."),
+    Row<GroupTable, &Group::plan>("plan", "Which pieces come from one bar. given: the order of the library, from the shortest piece up; for bars of 4000 mm without kerf and grips only. least: as few bars as possible, or the least cost of several stocks.", {.defaultNote = "\"least\" where a `[[stock]]` fits the profile and there is no `reserve`, else \"given\""}),
+    Row<GroupTable, &Group::reserveLength>("reserve", "An off-cut that is not longer than this gets no further piece; with the plan \"given\" only.", {.range = kDistance, .unit = "mm"}),
+};
+
+constexpr Key kCuttingKeys[] = {
+    Row<Cutting, &Cutting::effort>("effort", "How much work a plan \"least\" may be, in millions of counted steps: 1000 are about a second. It ends before, as soon as it is proved that no plan is better. Lists of more than 70,000 pieces get more.", {.range = {1.0, 1000000.0}}),
+};
+
+constexpr Key kStockKeys[] = {
+    Row<StockTable, &Stock::profilePattern>("profile", "Pattern of the profile names that the bars are of; `*` stands for any text, `?` for one character.", {.isRequired = true}),
+    Row<StockTable, &Stock::length>("length", "Length of a bar.", {.isRequired = true, .range = kSize, .unit = "mm"}),
+    Row<StockTable, &Stock::price>("price", "What a bar costs, in any unit, to three decimals. For all stocks or for none.", {.range = {0.0, 1000000.0, true}, .defaultNote = "its length"}),
+    Row<StockTable, &Stock::quantity>("quantity", "How many bars there are.", {.range = kCount, .defaultNote = "as many as needed"}),
+    Row<StockTable, &Stock::kerf>("kerf", "Width of a saw cut. Between n pieces lie n - 1 cuts; the one behind the last piece takes its kerf out of the off-cut.", {.range = {0.0, 100.0}, .unit = "mm"}),
+    Row<StockTable, &Stock::gripStart>("grip_start", "Part of the bar's start that nothing is cut from.", {.range = kDistance, .unit = "mm"}),
+    Row<StockTable, &Stock::gripEnd>("grip_end", "The same at its end.", {.range = kDistance, .unit = "mm"}),
+    Row<StockTable, &Stock::leastOffcut>("least_offcut", "An off-cut from this length on is kept.", {.range = kSize, .unit = "mm", .defaultNote = "none is kept"}),
 };
 
 constexpr const char* kStartMeaning = "Where the number begins in the profile name; its first character is 0.";
@@ -441,6 +463,8 @@ constexpr KeyTable kTolerancesTable{kTolerancesKeys};
 constexpr KeyTable kFileTable{kFileKeys};
 constexpr KeyTable kSecondaryPartsTable{kSecondaryPartsKeys};
 constexpr KeyTable kGroupTable{kGroupKeys};
+constexpr KeyTable kCuttingTable{kCuttingKeys};
+constexpr KeyTable kStockTable{kStockKeys};
 constexpr KeyTable kSizeTable{kSizeKeys};
 constexpr KeyTable kThicknessTable{kThicknessKeys};
 constexpr KeyTable kSlopeTable{kSlopeKeys};
@@ -468,6 +492,8 @@ template <> constexpr const KeyTable& KeysOf<TolerancesTable>() { return kTolera
 template <> constexpr const KeyTable& KeysOf<FileTable>() { return kFileTable; }
 template <> constexpr const KeyTable& KeysOf<SecondaryPartsTable>() { return kSecondaryPartsTable; }
 template <> constexpr const KeyTable& KeysOf<GroupTable>() { return kGroupTable; }
+template <> constexpr const KeyTable& KeysOf<Cutting>() { return kCuttingTable; }
+template <> constexpr const KeyTable& KeysOf<StockTable>() { return kStockTable; }
 template <> constexpr const KeyTable& KeysOf<SizeTable>() { return kSizeTable; }
 template <> constexpr const KeyTable& KeysOf<ThicknessTable>() { return kThicknessTable; }
 template <> constexpr const KeyTable& KeysOf<SlopeTable>() { return kSlopeTable; }
@@ -561,6 +587,8 @@ constexpr Key kDocumentKeys[] = {
     Row<JobDocument, &JobDocument::files>("file", "An output file of the job's own, or a change to one of the four that are always there: `order`, `info`, `errors`, `warnings`.", {.isTop = true}),
     Row<JobDocument, &JobDocument::secondaryParts>("secondary_parts", "The group of all single parts of assemblies.", {.isTop = true}),
     Row<JobDocument, &JobDocument::groups>("group", "A group of members: a section of the orders.", {.isRequired = true, .isTop = true}),
+    Row<JobDocument, &JobDocument::cutting>("cutting", "How the plans are made that nested members are cut by.", {.isTop = true}),
+    Row<JobDocument, &JobDocument::stocks>("stock", "Bars of one length that nested members are cut from; one table per length. Without any that fits a profile: bars of 4000 mm, and no kerf.", {.isTop = true}),
     Row<JobDocument, &JobDocument::memberTypes>("member_type", "A kind of members, and how they are judged. The first that fits is a member's.", {.isRequired = true, .isTop = true}),
     Row<JobDocument, &JobDocument::holeRules>("hole_rule", "Which holes get which code. The first that fits is a hole's; a list that is not given fits any hole.", {.isTop = true}),
     Row<JobDocument, &JobDocument::uncoveredHoles>("uncovered_holes", "What happens to holes that no hole rule covers (`uncovered_hole`).", {.isTop = true}),

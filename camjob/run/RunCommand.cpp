@@ -92,6 +92,8 @@ class JobRunner {
     bool Refuse(const std::vector<job::JobError>& errors);
     bool Refuse();
     bool Cancel();
+    /// By a fault of the program.
+    void FailByFault(const std::string& message);
     void Fail(const std::string& message);
 
     const RunOptions& m_options;
@@ -209,6 +211,8 @@ bool JobRunner::ReadInput(plugin::JobRun& run) {
     for (RunFault& fault : input.TakeFaults())
         m_report.faults.push_back(std::move(fault));
     TakeLeftOut(input, run);
+    for (const ZetString& conflict : run.FindPlanConflicts())
+        Complain(m_options.job, conflict.toUtf8());
     RefuseToReplaceInput(run);
     return m_report.faults.empty() || Refuse();
 }
@@ -271,6 +275,8 @@ bool JobRunner::Write(plugin::JobRun& run, const StagedOutput& output) {
         return Cancel();
     for (const FileFault& fault : run.GetFileFaults())
         Fail(TextOf(fault));
+    for (const ZetString& fault : run.GetPlanFaults())
+        FailByFault("a cutting plan is wrong: " + fault.toUtf8());
     return m_report.status == RunStatus::kDone;
 }
 
@@ -313,8 +319,8 @@ bool JobRunner::AddsUp() {
 void JobRunner::TakeResults(plugin::JobRun& run) {
     for (const plugin::GroupResult& group : run.GetGroupResults())
         m_report.groups.push_back({m_job.groups[group.group].id, group});
-    for (const plugin::NestResult& nest : run.GetNestResults())
-        m_report.nests.push_back({m_job.groups[nest.group].id, nest});
+    for (const plugin::ProfilePlan& plan : run.GetPlans())
+        m_report.plans.push_back({m_job.groups[plan.group].id, plan});
     for (const ZetString& name : run.GetFileNames()) {
         const std::string file = OutputName(name);
         std::error_code ignored;
@@ -341,6 +347,11 @@ bool JobRunner::Refuse() {
 bool JobRunner::Cancel() {
     m_report.status = RunStatus::kCancelled;
     return false;
+}
+
+void JobRunner::FailByFault(const std::string& message) {
+    m_report.status = RunStatus::kFault;
+    m_report.faults.push_back({"", 0, 0, message});
 }
 
 void JobRunner::Fail(const std::string& message) {

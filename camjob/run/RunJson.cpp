@@ -141,15 +141,71 @@ Json ToJson(const RunGroup& group) {
     };
 }
 
-Json ToJson(const RunNest& nest) {
+/// By the value of plugin::PlanUnit.
+constexpr std::array kUnitWords = {"bars", "mm", "price"};
+
+Json PieceJson(const plugin::ProfilePlan& plan, const plugin::PieceOnBar& piece) {
     return {
-        {"group",       nest.result.group      },
-        {"name",        nest.name.toUtf8()     },
-        {"pieceLength", nest.result.pieceLength},
-        {"bars",        nest.result.bars       },
-        {"utilisation", nest.result.utilisation},
-        {"lowerBound",  nest.result.lowerBound },
-        {"firstFit",    nest.result.firstFit   },
+        {"position", plugin::Millimetres(piece.position) },
+        {"mark",     plan.parts[piece.part].mark.toUtf8()},
+        {"member",   plan.parts[piece.part].member       },
+        {"piece",    piece.number                        },
+        {"length",   plugin::Millimetres(piece.length)   },
+    };
+}
+
+/// Bars that are cut alike are one entry, with the pieces of its first bar.
+Json EntriesJson(const plugin::ProfilePlan& plan) {
+    Json entries = Json::array();
+    plugin::BarWalk walk(plan);
+    long bar = plan.firstBar;
+    for (const cutting::PlannedBars& bars : plan.plan.bars) {
+        Json pieces = Json::array();
+        for (const plugin::PieceOnBar& piece : walk.Next(bars))
+            pieces.push_back(PieceJson(plan, piece));
+        for (cutting::Count other = 1; other < bars.bars; ++other)
+            walk.Next(bars);
+        entries.push_back({
+            {"bar",    bar                             },
+            {"count",  bars.bars                       },
+            {"stock",  plan.stocks[bars.stock].length  },
+            {"kerf",   plan.stocks[bars.stock].kerf    },
+            {"offCut", plugin::Millimetres(bars.offCut)},
+            {"kept",   IsKept(plan,                      bars)},
+            {"pieces",        std::move(pieces)                                },
+        });
+        bar += static_cast<long>(bars.bars);
+    }
+    return entries;
+}
+
+Json ToJson(const RunPlan& run) {
+    const plugin::ProfilePlan& plan = run.plan;
+    const plugin::PlanTotals totals = TotalsOf(plan);
+    const double metres = totals.barLength / 1000.0;
+    return {
+        {"group",                    plan.group                                                             },
+        {"name",                     run.group.toUtf8()                                                     },
+        {"profile",                  plan.profileName.toUtf8()                                              },
+        {"material",                 plan.material.toUtf8()                                                 },
+        {"plan",                     plan.kind == job::BarPlan::kLeast ? "least" : "given"                  },
+        {"bars",                     totals.bars                                                            },
+        {"pieces",                   totals.pieces                                                          },
+        {"uncut",                    totals.uncut                                                           },
+        {"barLength",                totals.barLength                                                       },
+        {"pieceLength",              totals.pieceLength                                                     },
+        {"utilisation",              totals.GetUtilisation()                                                },
+        {"kerfLoss",                 totals.kerfLoss                                                        },
+        {"kept",                     totals.kept                                                            },
+        {"scrapped",                 totals.scrapped                                                        },
+        {"weight",                   plan.weightPerMetre > 0.0 ? Json(plan.weightPerMetre * metres) : Json()},
+        {"unit",                     kUnitWords[static_cast<std::size_t>(plan.unit)]                        },
+        {"cost",                     CostNumber(plan,                                                         plan.plan.cost)},
+        {"lowerBound",                          CostNumber(plan,                                                                                      plan.plan.bound)},
+        {"provedLeast",          plan.plan.IsProvedLeast()},
+        {"firstFit",CostNumber(plan,                                                                    plan.firstFit)},
+        {"given",                    CostNumber(plan,          plan.given)},
+        {"entries",                    EntriesJson(plan)                                                        },
     };
 }
 
@@ -181,7 +237,7 @@ void WriteRunJson(const RunReport& report, OutputStream& out) {
         {"members",               ListOf(report.members)                               },
         {"accounts",              ToJson(report.SumAccounts())                         },
         {"groups",                ListOf(report.groups)                                },
-        {"bars",                  ListOf(report.nests)                                 },
+        {"bars",                  ListOf(report.plans)                                 },
         {"files",                 ListOf(report.files)                                 },
     };
     constexpr int kIndentWidth = 1;

@@ -19,7 +19,7 @@ enum class RunStatus {
     kCancelled,  ///< stopped by the user; the last output is as it was
     kFailed,     ///< a file could not be written; the last output is as it was, or the text tells
     kDeclined,   ///< the user cancelled the dialog; nothing was written
-    kFault,      ///< the accounts do not add up; the last output is as it was
+    kFault,      ///< of the program, caught in time; the last output is as it was
 };
 
 /// Why a run was refused or failed, or why a file was left out, in one line.
@@ -61,14 +61,15 @@ struct RunUnmadeFile {
     plugin::AccountNumbers accounts;
 };
 
-/// A group or its bars, by its name in the job.
+/// A group, by its name in the job.
 struct RunGroup {
     ZetString name;
     plugin::GroupResult result;
 };
-struct RunNest {
-    ZetString name;
-    plugin::NestResult result;
+/// How its members of one profile are cut.
+struct RunPlan {
+    ZetString group;
+    plugin::ProfilePlan plan;
 };
 
 /// A file of the output.
@@ -91,7 +92,7 @@ struct RunReport {
     std::vector<RunUnmadeFile> unmadeFiles;  ///< in the order of the files
     std::vector<RunMember> members;          ///< in the order of the files
     std::vector<RunGroup> groups;
-    std::vector<RunNest> nests;
+    std::vector<RunPlan> plans;
     std::vector<RunFile> files;
 
     long CountInvalid() const;

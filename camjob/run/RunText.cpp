@@ -73,26 +73,41 @@ ZetString GroupTable(const RunReport& report) {
 }
 
 ZetString NestTable(const RunReport& report) {
+    ZetString uncut;
     TextTable table({
         {L"bars of group", Align::kLeft },
+        {L"profile",       Align::kLeft },
+        {L"plan",          Align::kLeft },
         {L"pieces m",      Align::kRight},
-        {L"bars",          Align::kRight},
         {L"used %",        Align::kRight},
+        {L"takes",         Align::kRight},
         {L"at least",      Align::kRight},
-        {L"first fit",     Align::kRight}
+        {L"first fit",     Align::kRight},
+        {L"given",         Align::kRight}
     });
-    for (const RunNest& nest : report.nests)
-        table.AddRow({nest.name,
-                      Number(nest.result.pieceLength / kMillimetresAMetre),
-                      Integer(nest.result.bars),
-                      Number(nest.result.utilisation * kPercent),
-                      Integer(nest.result.lowerBound),
-                      Integer(nest.result.firstFit)});
+    for (const auto& [group, plan] : report.plans) {
+        const plugin::PlanTotals totals = TotalsOf(plan);
+        table.AddRow({group,
+                      OneLine(NameOfProfile(plan)),
+                      plan.kind == job::BarPlan::kLeast ? L"least" : L"given",
+                      Number(totals.pieceLength / kMillimetresAMetre),
+                      Number(totals.GetUtilisation() * kPercent),
+                      DescribeCost(plan, plan.plan.cost),
+                      DescribeCost(plan, plan.plan.bound),
+                      DescribeCost(plan, plan.firstFit),
+                      DescribeCost(plan, plan.given)});
+        if (totals.uncut > 0)
+            uncut += Line(Count(totals.uncut, L"piece") + L" of " + OneLine(NameOfProfile(plan)) +
+                          L" not cut: no bar is long enough, or none is left");
+    }
     const ZetString text = table.Format();
-    return text.isEmpty() ? text
-                          : text + Line(
-                                       L"at least: total length over stock length; first fit: "
-                                       L"bars of a first-fit-decreasing plan");
+    if (text.isEmpty())
+        return text;
+    return text +
+           Line(
+               L"at least: no plan takes less; first fit: longest pieces first; given: shortest "
+               L"pieces first") +
+           uncut;
 }
 
 /// Single parts that assemblies do not come out even with.
@@ -207,9 +222,8 @@ std::string ClosingMessage(const RunReport& report) {
         case RunStatus::kCancelled:
             return "camjob: stopped; the output in " + report.folder + " is as it was";
         case RunStatus::kFault:
-            return "camjob: the accounts of the features do not add up, which is a fault of this "
-                   "program; the output in " +
-                   report.folder + " is as it was";
+            return "camjob: this is a fault of this program; the output in " + report.folder +
+                   " is as it was";
         case RunStatus::kDeclined:
             return "camjob: the dialog was cancelled; nothing was written";
         default:

@@ -1,87 +1,161 @@
 #include "plugin/output/CuttingList.h"
 
-#include "plugin/output/FirstFit.h"
-#include "plugin/output/MachineRecordText.h"
-
-#include "camdata/tolerance/CMxGeom.h"
-
-#include <algorithm>
-#include <cmath>
-#include <map>
-#include <utility>
+#include <string_view>
 
 namespace plugin {
 
 namespace {
 
-double StockLength() {
-    return CMxNestParts().GetNestLength();
+constexpr double kPercent = 100.0;
+constexpr double kMillimetresAMetre = 1000.0;
+
+// ---- text ---------------------------------------------------------------------------------------
+
+ZetString BarNumbers(long first, long count) {
+    if (count == 1)
+        return ZetString::format(L"Bar %d", first);
+    return ZetString::format(L"Bars %d to %d: %d bars", first, first + count - 1, count);
+}
+
+ZetString OffCutLine(const ProfilePlan& plan, const cutting::PlannedBars& bars) {
+    if (bars.offCut == 0)
+        return L"\tNo off-cut";
+    return ZetString::format(
+        L"\tOff-cut %.1f%s", Millimetres(bars.offCut), IsKept(plan, bars) ? L", kept" : L"");
+}
+
+void AppendBars(const ProfilePlan& plan, ZetArray<ZetString>& lines) {
+    BarWalk walk(plan);
+    long number = plan.firstBar;
+    for (const cutting::PlannedBars& bars : plan.plan.bars) {
+        const auto count = static_cast<long>(bars.bars);
+        lines.append(L"");
+        lines.append(BarNumbers(number, count) +
+                     ZetString::format(L" of %.1f", plan.stocks[bars.stock].length));
+        for (const PieceOnBar& piece : walk.Next(bars))
+            lines.append(ZetString::format(L"\t%9.1f  %-12s %9.1f  piece %d",
+                                           Millimetres(piece.position),
+                                           plan.parts[piece.part].mark,
+                                           Millimetres(piece.length),
+                                           piece.number));
+        lines.append(OffCutLine(plan, bars));
+        for (cutting::Count other = 1; other < bars.bars; ++other)
+            walk.Next(bars);
+        number += count;
+    }
+}
+
+void AppendUncut(const ProfilePlan& plan, ZetArray<ZetString>& lines) {
+    if (plan.plan.uncut.empty())
+        return;
+    lines.append(L"");
+    lines.append(L"Not cut: no bar is long enough, or none is left");
+    for (std::size_t part = 0; part < plan.parts.size(); ++part)
+        if (const auto count = static_cast<long>(plan.plan.uncut[part]); count > 0)
+            lines.append(ZetString::format(L"\t%d of %s, %.1f",
+                                           count,
+                                           plan.parts[part].mark,
+                                           Millimetres(plan.demand[part].length)));
+}
+
+/// Bars of each stock that is used.
+void AppendStocks(const ProfilePlan& plan, ZetArray<ZetString>& lines) {
+    for (std::size_t stock = 0; stock < plan.stocks.size(); ++stock) {
+        cutting::Count count = 0;
+        for (const cutting::PlannedBars& bars : plan.plan.bars)
+            count += bars.stock == stock ? bars.bars : 0;
+        if (count > 0)
+            lines.append(ZetString::format(
+                L"Bars of %-14.1f: %d", plan.stocks[stock].length, static_cast<long>(count)));
+    }
+}
+
+ZetString MetreLine(const wchar_t* what, double millimetres) {
+    return ZetString::format(L"%-22s: %.1f m", what, millimetres / kMillimetresAMetre);
+}
+
+ZetString CostLine(const ProfilePlan& plan, const wchar_t* what, cutting::Cost cost) {
+    return ZetString::format(L"%-22s: %s", what, DescribeCost(plan, cost));
+}
+
+void AppendTotals(const ProfilePlan& plan, ZetArray<ZetString>& lines) {
+    const PlanTotals totals = TotalsOf(plan);
+    lines.append(L"");
+    AppendStocks(plan, lines);
+    lines.append(MetreLine(L"Length of all bars", totals.barLength));
+    lines.append(MetreLine(L"Length of all pieces", totals.pieceLength));
+    lines.append(
+        ZetString::format(L"%-22s: %.1f %%", L"Utilisation", totals.GetUtilisation() * kPercent));
+    lines.append(MetreLine(L"Saw cuts", totals.kerfLoss));
+    lines.append(MetreLine(L"Off-cuts kept", totals.kept));
+    lines.append(MetreLine(L"Scrapped", totals.scrapped));
+    if (plan.weightPerMetre > 0.0)
+        lines.append(
+            ZetString::format(L"%-22s: %.1f kg",
+                              L"Weight of all bars",
+                              plan.weightPerMetre * totals.barLength / kMillimetresAMetre));
+    lines.append(CostLine(plan, L"This plan", plan.plan.cost) + L" (" + DescribeProof(plan) + L")");
+    lines.append(CostLine(plan, L"No plan needs less than", plan.plan.bound));
+    lines.append(CostLine(plan, L"First-fit-decreasing", plan.firstFit));
+    if (plan.kind == job::BarPlan::kLeast)
+        lines.append(CostLine(plan, L"From the shortest up", plan.given));
+}
+
+// ---- table --------------------------------------------------------------------------------------
+
+constexpr const char* kLineEnd = "\r\n";
+
+/// In quotes where the text could be taken for more than one field.
+std::string Field(const ZetString& text) {
+    const std::string field = text.toUtf8();
+    if (field.find_first_of(",\"\r\n") == std::string::npos)
+        return field;
+    std::string quoted = "\"";
+    for (const char c : field)
+        quoted += c == '"' ? std::string("\"\"") : std::string(1, c);
+    return quoted + "\"";
+}
+
+/// Millimetres with all decimals that a plan counts.
+std::string Field(cutting::Length length) {
+    return ZetString::format(L"%.3f", Millimetres(length)).toUtf8();
 }
 
 }  // namespace
 
-CuttingList::CuttingList(const ZetArray<CMxParts>& parts, const ZetArray<CMxNestParts>& nests) {
-    AddBars(nests);
-    AddFigures(parts);
-}
-
-/// A nest is one bar or two; a large quantity gives many nests that are cut in the same way.
-void CuttingList::AddBars(const ZetArray<CMxNestParts>& nests) {
-    std::map<std::pair<ZetString, double>, std::size_t> known;
-    for (const CMxNestParts& nest : nests) {
-        Pattern pattern = {nest.GenerateCombinations(), nest.GenerateOffCutLength(), 0};
-        const auto [at, isNew] = known.insert({
-            {pattern.combination, pattern.offCut},
-            m_patterns.size()
-        });
-        if (isNew)
-            m_patterns.push_back(std::move(pattern));
-        m_patterns[at->second].bars += nest.GetQty();
-        m_figures.bars += nest.GetQty();
-    }
-}
-
-void CuttingList::AddFigures(const ZetArray<CMxParts>& parts) {
-    const double stockLength = StockLength();
-    std::vector<StockPieces> pieces;
-    double filled = 0.0;
-    for (const CMxParts& part : parts) {
-        const auto quantity = static_cast<double>(part.GetQty());
-        pieces.push_back({part.GetLength(), part.GetQty()});
-        m_figures.pieceLength += quantity * part.GetLength();
-        // A longer piece has a bar of its own and can do no more than fill it.
-        filled += quantity * std::min(part.GetLength(), stockLength);
-    }
-    const double barLength = static_cast<double>(m_figures.bars) * stockLength;
-    m_figures.utilisation = barLength > 0.0 ? filled / barLength : 0.0;
-    // A sum that is off by rounding must not fill one bar more.
-    m_figures.lowerBound = static_cast<long>(std::ceil(RoundAsRecorded(filled) / stockLength));
-    m_figures.firstFit = CountFirstFitBars(std::move(pieces), stockLength, CMxGeom::GetEPS());
-}
-
-ZetArray<ZetString> CuttingList::MakeLines(const ZetString& heading) const {
-    ZetArray<ZetString> lines = {heading};
-    for (const Pattern& pattern : m_patterns) {
-        lines.append(L"");
-        lines.append(
-            ZetString::format(L"%d %s", pattern.bars, pattern.bars == 1 ? L"bar" : L"bars"));
-        lines.append(pattern.combination);
-        lines.append(ZetString::format(L"\tOff-cut of each bar: %.1f", pattern.offCut));
-    }
+ZetArray<ZetString> MakeCuttingLines(const ProfilePlan& plan, const ZetString& group) {
+    ZetArray<ZetString> lines = {
+        ZetString::format(L"Cutting list of group %s, %s", group, NameOfProfile(plan))};
+    AppendBars(plan, lines);
+    AppendUncut(plan, lines);
+    AppendTotals(plan, lines);
     lines.append(L"");
-    lines.appendAll(FigureLines());
     return lines;
 }
 
-ZetArray<ZetString> CuttingList::FigureLines() const {
-    return {
-        ZetString::format(L"Bars used               : %d", m_figures.bars),
-        ZetString::format(L"Stock length            : %.0f", StockLength()),
-        ZetString::format(L"Length of all pieces    : %.1f", m_figures.pieceLength),
-        ZetString::format(L"Utilisation             : %.1f %%", m_figures.utilisation * 100.0),
-        ZetString::format(L"No plan needs less than : %d", m_figures.lowerBound),
-        ZetString::format(L"First-fit-decreasing    : %d", m_figures.firstFit),
-    };
+std::string CuttingTable::MakeHead() {
+    return std::string("group,profile,material,bar,stock,position,mark,piece,length,offcut,kept") +
+           kLineEnd;
+}
+
+std::string CuttingTable::MakeRows(const ProfilePlan& plan, const ZetString& group) {
+    const std::string begin =
+        Field(group) + "," + Field(plan.profileName) + "," + Field(plan.material) + ",";
+    std::string rows;
+    BarWalk walk(plan);
+    long bar = plan.firstBar;
+    for (const cutting::PlannedBars& bars : plan.plan.bars) {
+        const std::string end = "," + Field(bars.offCut) + (IsKept(plan, bars) ? ",yes" : ",no");
+        for (cutting::Count i = 0; i < bars.bars; ++i, ++bar) {
+            const std::string onBar =
+                begin + std::to_string(bar) + "," + Field(plan.cutStocks[bars.stock].length) + ",";
+            for (const PieceOnBar& piece : walk.Next(bars))
+                rows += onBar + Field(piece.position) + "," + Field(plan.parts[piece.part].mark) +
+                        "," + std::to_string(piece.number) + "," + Field(piece.length) + end +
+                        kLineEnd;
+        }
+    }
+    return rows;
 }
 
 }  // namespace plugin

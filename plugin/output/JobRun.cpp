@@ -1,8 +1,11 @@
 #include "plugin/output/JobRun.h"
 
+#include "cutting/Verification.h"
 #include "job/Utf8Path.h"
+#include "plugin/output/CuttingList.h"
 #include "plugin/output/LineEnds.h"
 #include "plugin/rules/ArrayFromVector.h"
+#include "plugin/rules/BarStock.h"
 
 #include "camdata/platform/system/Clock.h"
 #include "camdata/util/CMxUtil.h"
@@ -10,7 +13,9 @@
 #include <algorithm>
 #include <map>
 #include <optional>
+#include <set>
 #include <string>
+#include <tuple>
 #include <utility>
 
 namespace plugin {
@@ -56,14 +61,18 @@ void Count(const MemberOutcome& member, long pieces, GroupResult& group) {
 /// cancelled before each member that is written.
 class JobRun::Member final : public JobMember {
   public:
-    Member(const JobRun& run, const job::MemberType& type, ZetNCCreator& creator)
-        : JobMember(run.m_rules, type, creator), m_run(run), m_ordered(GetQty()) {}
+    Member(JobRun& run, const job::MemberType& type, ZetNCCreator& creator)
+        : JobMember(run.m_rules, type, creator),
+          m_run(run),
+          m_position(run.m_members.size()),
+          m_ordered(GetQty()) {}
 
     void WriteMemOutPut(const ZetArray<ZetFileAccess*>& files,
                         ZetArray<CMxPeilaib*>& secondaryParts) override {
         if (m_run.m_isCancelled && m_run.m_isCancelled())
             throw Cancelled();
         JobMember::WriteMemOutPut(files, secondaryParts);
+        m_run.m_written.push_back(m_position);
     }
 
     /// Pieces as ordered.
@@ -81,7 +90,8 @@ class JobRun::Member final : public JobMember {
     }
 
   private:
-    const JobRun& m_run;
+    JobRun& m_run;
+    std::size_t m_position;  ///< among the members of the run
     long m_ordered;
 };
 
@@ -170,7 +180,14 @@ bool JobRun::Write(const std::filesystem::path& folder, const CancelCheck& isCan
         return false;
     }
     EndLines(folder);
-    WriteCuttingList(folderText);
+    if (!IsAnyGroupNested())
+        return true;
+    MakePlans();
+    // A wrong plan reaches no file.
+    if (m_planFaults.empty()) {
+        WriteCuttingList(folderText);
+        WriteCuttingTable(folderText);
+    }
     return true;
 }
 
@@ -194,7 +211,8 @@ std::vector<ZetString> JobRun::GetFileNames() {
     for (const job::OutputFile& file : m_job.files)
         names.push_back(GetFileName(file.ending));
     if (IsAnyGroupNested())
-        names.push_back(GetFileName(job::kCuttingListEnding));
+        for (const wchar_t* ending : {job::kCuttingListEnding, job::kCuttingTableEnding})
+            names.push_back(GetFileName(ending));
     return names;
 }
 
@@ -262,39 +280,88 @@ bool JobRun::IsAnyGroupNested() const {
     });
 }
 
+/// Members that a group, a profile and a material have in common are planned together.
+void JobRun::MakePlans() {
+    std::map<std::tuple<std::size_t, ZetString, ZetString>, std::vector<std::size_t>> together;
+    for (const std::size_t position : m_written) {
+        const Member& member = *m_members[position];
+        const std::size_t group = member.GetGroupPosition();
+        if (m_job.groups[group].isNested && member.GetValid())
+            together[{group, member.GetProfileName(), member.GetMaterial()}].push_back(position);
+    }
+    long nextBar = 1;
+    for (const auto& [key, members] : together) {
+        ProfilePlan plan = PlanFor(members);
+        plan.firstBar = nextBar;
+        nextBar += TotalsOf(plan).bars;
+        for (const std::string& fault : cutting::FindFaults(plan.demand, plan.cutStocks, plan.plan))
+            m_planFaults.push_back(NameOfProfile(plan) + L": " + ZetString::fromUtf8(fault));
+        m_plans.push_back(std::move(plan));
+    }
+}
+
+ProfilePlan JobRun::PlanFor(const std::vector<std::size_t>& members) {
+    Member& first = *m_members[members.front()];
+    PartsOfProfile parts;
+    parts.group = first.GetGroupPosition();
+    parts.profileName = first.GetProfileName();
+    parts.material = first.GetMaterial();
+    for (const std::size_t position : members) {
+        const Member& member = *m_members[position];
+        parts.parts.push_back({member.GetMark(), position});
+        parts.demand.push_back({PieceLength(member.GetLength()), std::max(member.GetQty(), 0L)});
+        if (parts.weightPerMetre == 0.0)
+            parts.weightPerMetre = member.GetWeightPerMetre();
+    }
+    return MakeProfilePlan(m_job, std::move(parts), [&](ZetArray<CMxParts> pieces) {
+        return first.MakeNests(std::move(pieces));
+    });
+}
+
 void JobRun::WriteCuttingList(const ZetString& folder) {
-    if (!IsAnyGroupNested())
-        return;
     ZetFileAccess file;
     const ZetString name = folder + GetFileName(job::kCuttingListEnding);
     file.Open(name, L"w");
-    for (std::size_t group = 0; group < m_job.groups.size(); ++group)
-        CMxUtil::AsArrStrPrint(CutGroup(group), &file);
+    for (const ProfilePlan& plan : m_plans)
+        CMxUtil::AsArrStrPrint(MakeCuttingLines(plan, m_job.groups[plan.group].id), &file);
+    CloseFile(file, name);
+}
+
+void JobRun::WriteCuttingTable(const ZetString& folder) {
+    ZetFileAccess file;
+    const ZetString name = folder + GetFileName(job::kCuttingTableEnding);
+    file.Open(name, L"w");
+    file.Write(ZetString::fromUtf8(CuttingTable::MakeHead()));
+    for (const ProfilePlan& plan : m_plans)
+        file.Write(ZetString::fromUtf8(CuttingTable::MakeRows(plan, m_job.groups[plan.group].id)));
+    CloseFile(file, name);
+}
+
+void JobRun::CloseFile(ZetFileAccess& file, const ZetString& name) {
     file.Close();
     if (file.GetFault())
         m_faults.append({name, file.GetFault()->operation, file.GetFault()->systemError});
 }
 
-/// Nests the parts of a group; the lines of its cutting list.
-ZetArray<ZetString> JobRun::CutGroup(std::size_t group) {
-    Member* const holder = FindNestHolder(group);
-    if (holder == nullptr)
-        return {};
-    const ZetArray<CMxParts> parts = holder->GetPartsToNest();
-    const CuttingList list(parts, holder->MakeNests());
-    m_nestResults.push_back({list.GetFigures(), group});
-    ZetArray<ZetString> lines =
-        list.MakeLines(ZetString::format(L"Cutting list of group %s", m_job.groups[group].id));
-    lines.append(L"");
-    return lines;
-}
-
-/// The member that the library has made the holder of its group's parts.
-JobRun::Member* JobRun::FindNestHolder(std::size_t group) const {
-    const auto at = std::find_if(m_members.begin(), m_members.end(), [&](const auto& member) {
-        return member->GetGroupPosition() == group && !member->GetPartsToNest().isEmpty();
-    });
-    return at == m_members.end() ? nullptr : at->get();
+/// The library knows nothing but lengths, and one of them only.
+std::vector<ZetString> JobRun::FindPlanConflicts() const {
+    std::set<ZetString> conflicts;
+    for (const auto& member : m_members) {
+        const job::Group& group = m_job.groups[member->GetGroupPosition()];
+        const ZetString profile = member->GetProfileName();
+        if (!group.isNested || PlanOf(m_job, group, profile) != job::BarPlan::kGiven)
+            continue;
+        for (const job::Stock& stock : StocksFor(m_job, profile))
+            if (!IsLibraryStock(stock))
+                conflicts.insert(ZetString::format(
+                    L"group \"%s\": plan = \"given\" cuts %s from bars of %.0f without kerf, grips, "
+                    L"price and quantity only; take away the plan, or the [[stock]] of %.0f",
+                    group.id,
+                    profile,
+                    CMxNestParts().GetNestLength(),
+                    stock.length));
+    }
+    return {conflicts.begin(), conflicts.end()};
 }
 
 // ---- results ------------------------------------------------------------------------------------

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "job/Job.h"
-#include "plugin/output/CuttingList.h"
 #include "plugin/output/JobProjectInformation.h"
+#include "plugin/output/ProfilePlan.h"
 #include "plugin/rules/JobMember.h"
 #include "plugin/rules/JudgingRules.h"
 
@@ -50,11 +50,6 @@ struct GroupResult {
     long nonStandard = 0;
 };
 
-/// The bars of one nested group.
-struct NestResult : NestFigures {
-    std::size_t group = 0;  ///< position in Job::groups
-};
-
 /// One run of a job: takes the members one by one, then writes all files.
 ///
 /// Sets the process-wide tolerances and, for a job with a date, the clock; at the end of its life
@@ -99,7 +94,7 @@ class JobRun {
     /// Once per run.
     bool Write(const std::filesystem::path& folder, const CancelCheck& isCancelled = {});
     /// Names of the files of the run, without folder, by position in Job::files; last the cutting
-    /// list, when a group is nested.
+    /// list and table, when a group is nested.
     std::vector<ZetString> GetFileNames();
     /// What could not be opened, written or closed.
     const ZetArray<FileFault>& GetFileFaults() const { return m_faults; }
@@ -108,8 +103,14 @@ class JobRun {
     std::vector<MemberResult> TakeMemberResults();
     /// By position. After Write.
     std::vector<GroupResult> GetGroupResults() const;
-    /// By position; empty without nested groups that have valid members. After Write.
-    const std::vector<NestResult>& GetNestResults() const { return m_nestResults; }
+    /// Why members that were added cannot be cut as the job says; one sentence each.
+    std::vector<ZetString> FindPlanConflicts() const;
+    /// By group, then by profile and material; empty without nested groups that have valid members.
+    /// After Write.
+    const std::vector<ProfilePlan>& GetPlans() const { return m_plans; }
+    /// What was wrong with a plan, one sentence each: a fault of the program. What Write has
+    /// written is of no use then.
+    const std::vector<ZetString>& GetPlanFaults() const { return m_planFaults; }
 
   private:
     class Member;
@@ -135,10 +136,12 @@ class JobRun {
     void SetUpGroups();
     void SetUpAdditionalInfo();
     void EndLines(const std::filesystem::path& folder);
-    void WriteCuttingList(const ZetString& folder);
     bool IsAnyGroupNested() const;
-    Member* FindNestHolder(std::size_t group) const;
-    ZetArray<ZetString> CutGroup(std::size_t group);
+    void MakePlans();
+    ProfilePlan PlanFor(const std::vector<std::size_t>& members);
+    void WriteCuttingList(const ZetString& folder);
+    void WriteCuttingTable(const ZetString& folder);
+    void CloseFile(ZetFileAccess& file, const ZetString& name);
 
     const job::Job& m_job;
     JudgingRules m_rules;
@@ -148,7 +151,9 @@ class JobRun {
     CMxCamGlobAcc m_accumulator;
     std::vector<ZetString> m_leftOut;
     ZetArray<FileFault> m_faults;
-    std::vector<NestResult> m_nestResults;
+    std::vector<ProfilePlan> m_plans;
+    std::vector<ZetString> m_planFaults;
+    std::vector<std::size_t> m_written;  ///< positions of members, as they were written
     CancelCheck m_isCancelled;
 };
 

@@ -1,5 +1,6 @@
 #include "plugin/rules/JobMember.h"
 
+#include "plugin/rules/BarStock.h"
 #include "plugin/rules/CircularOpenings.h"
 #include "plugin/rules/FlangeZero.h"
 #include "plugin/rules/NegativeZeros.h"
@@ -61,8 +62,11 @@ ZetArray<ZetString> BlockOf(ZetArray<ZetString> heading,
 
 JobMember::JobMember(const JudgingRules& rules, const job::MemberType& type, ZetNCCreator& creator)
     : m_rules(rules), m_type(type) {
+    const ZetNCHeaderData header = creator.getHeader();
+    m_material = header.material;
+    m_weightPerMetre = header.weightPerMetre;
     CMemberValidations limits = type.limits;
-    limits.SetPartofAssy(rules.IsPartOfAssembly(creator.getHeader().mark));
+    limits.SetPartofAssy(rules.IsPartOfAssembly(header.mark));
     SetMemObjects(type.type, std::move(limits));
     SetNCObjects(&creator);
     m_ledger = Ledger(FeaturesOf(m_structure));
@@ -132,16 +136,22 @@ void JobMember::CheckQuantity() {
 }
 
 void JobMember::CheckStockLength() {
-    const double stockLength = CMxNestParts().GetNestLength();
+    const std::vector<job::Stock> stocks = StocksFor(GetJob(), GetProfileName());
+    const job::Stock& longest = LongestOf(stocks);
+    const double usable = UsableLength(longest);
     CMxGeom::SetTol(eTolEPS);
-    if (GetGroup().isNested && CMxGeom::IsGreater_Mx(GetLength(), stockLength))
-        FileFinding({.type = job::kLongerThanStock,
-                     .text = ZetString::format(
-                         L"Member length (%.1f) is greater than the stock length %.0f",
-                         GetLength(),
-                         stockLength),
-                     .required = stockLength,
-                     .found = GetLength()});
+    if (!GetGroup().isNested || !CMxGeom::IsGreater_Mx(GetLength(), usable))
+        return;
+    const ZetString grips =
+        usable < longest.length ? ZetString::format(L", of which %.0f can be used", usable) : L"";
+    FileFinding({.type = job::kLongerThanStock,
+                 .text = ZetString::format(
+                     L"Member length (%.1f) is greater than the stock length %.0f%s",
+                     GetLength(),
+                     longest.length,
+                     grips),
+                 .required = usable,
+                 .found = GetLength()});
 }
 
 // ---- findings -----------------------------------------------------------------------------------
@@ -282,7 +292,8 @@ void JobMember::WriteMemWarnings(ZetFileAccess* file) {
 
 // ---- nesting ------------------------------------------------------------------------------------
 
-ZetArray<CMxNestParts> JobMember::MakeNests() {
+ZetArray<CMxNestParts> JobMember::MakeNests(ZetArray<CMxParts> parts) {
+    m_partsToNest = std::move(parts);
     // With one kind of part, nesting reads what is there.
     CMxGeom::SetTol(eTolEPS);
     Nesting();

@@ -104,9 +104,11 @@ class JobMember : public CMxPeilaib {
     /// Position in Job::groups of the group that it is written with.
     std::size_t GetGroupPosition() const;
 
-    /// The parts of its group that the member holds for nesting; MakeNests uses them up.
-    const ZetArray<CMxParts>& GetPartsToNest() const { return m_partsToNest; }
-    ZetArray<CMxNestParts> MakeNests();
+    /// The library's nests of these parts, with the reserve of the member's group.
+    ZetArray<CMxNestParts> MakeNests(ZetArray<CMxParts> parts);
+    const ZetString& GetMaterial() const { return m_material; }
+    /// kg; 0: not known.
+    double GetWeightPerMetre() const { return m_weightPerMetre; }
 
     void GenerateOutPutStringForHoles() override;
     void GenerateOutPutStringForNotches() override;
@@ -121,6 +123,9 @@ class JobMember : public CMxPeilaib {
     void WriteMemWarnings(ZetFileAccess* file) override;
 
   private:
+    ZetString m_material;
+    double m_weightPerMetre = 0.0;
+
     class HoleSettlement;
     struct NotchSum;
     /// A whole side of a face that is cut off.

@@ -137,7 +137,7 @@ TEST(JobFile, TolerancesFilesAndGroups) {
     EXPECT_FALSE(job.files[job::kInfoFile].hasProjectHeader);
     EXPECT_TRUE(job.files[job::kFirstOwnFile].hasProjectHeader);
 
-    ASSERT_EQ(job.groups.size(), 4u);
+    ASSERT_EQ(job.groups.size(), 5u);
     EXPECT_EQ(job.groups[1].files, std::vector<std::size_t>{4});
     EXPECT_EQ(job.groups[1].sortKeys, (std::vector{eSortProfileNameLength, eSortGroupID}));
     EXPECT_EQ(job.groups[2].files, (std::vector<std::size_t>{0, 4}));
@@ -149,6 +149,12 @@ TEST(JobFile, TolerancesFilesAndGroups) {
     // clang-format on
     EXPECT_TRUE(job.groups[2].isNested);
     EXPECT_EQ(job.groups[2].reserveLength, 150.5);
+    EXPECT_EQ(job.groups[4].plan, job::BarPlan::kLeast);
+    EXPECT_EQ(job.cutting.effort, 500);
+    ASSERT_EQ(job.stocks.size(), 1u);
+    EXPECT_EQ(job.stocks[0].price, 96.5);
+    EXPECT_EQ(job.stocks[0].gripEnd, 25.5);
+    EXPECT_EQ(job.stocks[0].leastOffcut, 1000.0);
     EXPECT_EQ(job.groups[3].id, L"rest");
     EXPECT_EQ(job.groups[3].files, std::vector<std::size_t>{0});
 }

@@ -17,7 +17,7 @@ struct HeaderOf {
     operator ZetNCHeaderData() const {
         // clang-format off
         return {drawingNumber, mark, quantity, profileName, profileCode,
-                length, 0.0, height, width, thickness};
+                length, 0.0, height, width, thickness, {}, 0.0, 0.0};
         // clang-format on
     }
 };

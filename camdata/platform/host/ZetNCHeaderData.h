@@ -14,4 +14,7 @@ struct ZetNCHeaderData {
     double height = 0.0;
     double width = 0.0;
     double thickness = 0.0;
+    ZetString material;            ///< grade, for example "S350GD"
+    double weightPerMetre = 0.0;   ///< kg; of plates per square metre; 0: not given
+    double surfacePerMetre = 0.0;  ///< m2 to be painted; of plates per square metre; 0: not given
 };

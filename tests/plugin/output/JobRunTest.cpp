@@ -90,11 +90,11 @@ TEST(JobRun, NestsTheValidMembersOfAGroup) {
     JobRun run(job, folder.PathOf(""));
     AddAll(run, {&a.Qty(2).Length(1500), &b.Length(5000), &c.Length(900)});
     ASSERT_TRUE(run.Write(folder.PathOf("")));
-    EXPECT_EQ(run.GetFileNames().back(), L"job-cutting.txt");
+    EXPECT_EQ(run.GetFileNames().back(), L"job-cutting.csv");
     EXPECT_TRUE(MatchesGoldenFolder(PLUGIN_GOLDEN_FOLDER "/nested", folder.PathOf("")));
-    ASSERT_EQ(run.GetNestResults().size(), 1u);
-    EXPECT_EQ(run.GetNestResults()[0].group, 2u);
-    EXPECT_EQ(run.GetNestResults()[0].bars, 1);
+    ASSERT_EQ(run.GetPlans().size(), 1u);
+    EXPECT_EQ(run.GetPlans()[0].group, 2u);
+    EXPECT_EQ(run.GetPlans()[0].plan.cost, 1);
 }
 
 TEST(JobRun, ReserveLengthKeepsOffCuts) {
@@ -106,7 +106,7 @@ TEST(JobRun, ReserveLengthKeepsOffCuts) {
     JobRun run(job, folder.PathOf(""));
     AddAll(run, {&a.Qty(2).Length(1500)});
     ASSERT_TRUE(run.Write(folder.PathOf("")));
-    EXPECT_EQ(run.GetNestResults().at(0).bars, 2);
+    EXPECT_EQ(run.GetPlans().at(0).plan.cost, 2);
 }
 
 TEST(JobRun, MembersFallUnderTheFirstTypeThatFits) {

@@ -1,0 +1,228 @@
+#include "plugin/output/ProfilePlan.h"
+
+#include "cutting/Planner.h"
+#include "plugin/rules/BarStock.h"
+
+#include <algorithm>
+#include <cmath>
+#include <map>
+#include <string_view>
+#include <utility>
+
+namespace plugin {
+
+namespace {
+
+constexpr double kUnits = 1000.0;    ///< of a millimetre
+constexpr double kRounding = 0.001;  ///< of such a unit: what a sum of doubles may be off
+constexpr std::int64_t kStepsOfEffort = 1'000'000;
+
+cutting::Length RoundedUp(double length) {
+    return static_cast<cutting::Length>(std::ceil(length * kUnits - kRounding));
+}
+
+cutting::Length RoundedDown(double length) {
+    return static_cast<cutting::Length>(std::floor(length * kUnits + kRounding));
+}
+
+PlanUnit UnitOf(const std::vector<job::Stock>& stocks) {
+    if (stocks.front().price)
+        return PlanUnit::kPrice;
+    return stocks.size() == 1 ? PlanUnit::kBars : PlanUnit::kLength;
+}
+
+cutting::Cost CostOf(const job::Stock& stock, PlanUnit unit) {
+    switch (unit) {
+        case PlanUnit::kPrice:
+            return std::max<cutting::Cost>(1, std::llround(*stock.price * kUnits));
+        case PlanUnit::kLength:
+            return RoundedDown(stock.length);
+        default:
+            return 1;
+    }
+}
+
+cutting::Stock StockOf(const job::Stock& stock, PlanUnit unit) {
+    return {.length = RoundedDown(stock.length),
+            .kerf = RoundedUp(stock.kerf),
+            .gripStart = RoundedUp(stock.gripStart),
+            .gripEnd = RoundedUp(stock.gripEnd),
+            .cost = CostOf(stock, unit),
+            .count = stock.quantity ? *stock.quantity : cutting::kUnlimited};
+}
+
+// ---- the library's plan -------------------------------------------------------------------------
+
+/// The whole number behind `name` in a line of the library; the text goes on behind it.
+long NumberBehind(std::wstring_view name, std::wstring_view& text) {
+    text.remove_prefix(text.find(name) + name.size());
+    long number = 0;
+    for (; !text.empty() && text.front() >= L'0' && text.front() <= L'9'; text.remove_prefix(1))
+        number = number * 10 + (text.front() - L'0');
+    return number;
+}
+
+/// A nest tells its marks in its text only. They are positions of parts here.
+cutting::PlannedBars BarsOf(const CMxNestParts& nest, const ProfilePlan& plan) {
+    constexpr std::wstring_view kMark = L"\tMark:";
+    cutting::PlannedBars bars;
+    bars.bars = nest.GetQty();
+    const ZetString combinations = nest.GenerateCombinations();
+    std::wstring_view text = combinations.view();
+    cutting::Length pieceLength = 0;
+    cutting::Count pieces = 0;
+    while (text.find(kMark) != std::wstring_view::npos) {
+        const auto part = static_cast<std::size_t>(NumberBehind(kMark, text));
+        const cutting::Count count = NumberBehind(L"Qty:", text);
+        bars.cuts.push_back({part, count});
+        pieceLength += count * plan.demand[part].length;
+        pieces += count;
+    }
+    bars.offCut = cutting::OffCutOf(plan.cutStocks[bars.stock], pieceLength, pieces);
+    return bars;
+}
+
+/// The parts that fit a bar, each named by its position.
+ZetArray<CMxParts> PartsToNest(const ProfilePlan& plan) {
+    ZetArray<CMxParts> parts;
+    for (std::size_t i = 0; i < plan.demand.size(); ++i) {
+        if (plan.demand[i].length > plan.cutStocks.front().GetUsable())
+            continue;
+        CMxParts part;
+        part.SetPartNo(ZetString::format(L"%d", static_cast<long>(i)));
+        part.SetQty(static_cast<long>(plan.demand[i].count));
+        part.SetLength(Millimetres(plan.demand[i].length));
+        parts.append(std::move(part));
+    }
+    return parts;
+}
+
+cutting::Plan MakeGivenPlan(const ProfilePlan& plan, const NestMaker& makeNests) {
+    cutting::Plan given;
+    std::map<std::vector<cutting::Cut>, std::size_t> known;
+    for (const CMxNestParts& nest : makeNests(PartsToNest(plan))) {
+        cutting::PlannedBars bars = BarsOf(nest, plan);
+        given.cost += bars.bars * plan.cutStocks[bars.stock].cost;
+        // A nest is one bar or two; a large quantity gives many nests that are cut alike.
+        const auto [at, isNew] = known.insert({bars.cuts, given.bars.size()});
+        if (isNew)
+            given.bars.push_back(std::move(bars));
+        else
+            given.bars[at->second].bars += bars.bars;
+    }
+    given.bound = cutting::FindCostBound(plan.demand, plan.cutStocks);
+    given.uncut = cutting::FindTooLong(plan.demand, plan.cutStocks);
+    return given;
+}
+
+}  // namespace
+
+cutting::Length PieceLength(double length) {
+    return RoundedUp(length);
+}
+
+double Millimetres(cutting::Length length) {
+    return static_cast<double>(length) / kUnits;
+}
+
+ProfilePlan MakeProfilePlan(const job::Job& job, PartsOfProfile parts, const NestMaker& makeNests) {
+    ProfilePlan plan;
+    static_cast<PartsOfProfile&>(plan) = std::move(parts);
+    plan.kind = PlanOf(job, job.groups[plan.group], plan.profileName);
+    plan.stocks = StocksFor(job, plan.profileName);
+    plan.unit = UnitOf(plan.stocks);
+    for (const job::Stock& stock : plan.stocks)
+        plan.cutStocks.push_back(StockOf(stock, plan.unit));
+    plan.firstFit = cutting::MakeFirstFitPlan(plan.demand, plan.cutStocks).cost;
+    plan.given = cutting::CostFromShortest(plan.demand, plan.cutStocks);
+    if (plan.kind == job::BarPlan::kLeast) {
+        plan.plan = cutting::MakeLeastPlan(
+            plan.demand, plan.cutStocks, job.cutting.effort * kStepsOfEffort);
+    } else {
+        plan.plan = MakeGivenPlan(plan, makeNests);
+        plan.given = plan.plan.cost;
+    }
+    return plan;
+}
+
+// ---- what is on the bars ------------------------------------------------------------------------
+
+BarWalk::BarWalk(const ProfilePlan& plan) : m_plan(plan), m_numbers(plan.parts.size()) {}
+
+std::vector<PieceOnBar> BarWalk::Next(const cutting::PlannedBars& bars) {
+    const cutting::Stock& stock = m_plan.cutStocks[bars.stock];
+    std::vector<PieceOnBar> pieces;
+    cutting::Length position = stock.gripStart;
+    for (const cutting::Cut& cut : bars.cuts)
+        for (cutting::Count i = 0; i < cut.count; ++i) {
+            const cutting::Length length = m_plan.demand[cut.part].length;
+            pieces.push_back({cut.part, position, length, ++m_numbers[cut.part]});
+            position += length + stock.kerf;
+        }
+    return pieces;
+}
+
+bool IsKept(const ProfilePlan& plan, const cutting::PlannedBars& bars) {
+    const std::optional<double>& least = plan.stocks[bars.stock].leastOffcut;
+    return least && bars.offCut >= RoundedUp(*least);
+}
+
+PlanTotals TotalsOf(const ProfilePlan& plan) {
+    PlanTotals totals;
+    for (const cutting::PlannedBars& bars : plan.plan.bars) {
+        const cutting::Stock& stock = plan.cutStocks[bars.stock];
+        cutting::Length pieces = 0;
+        cutting::Count count = 0;
+        for (const cutting::Cut& cut : bars.cuts) {
+            pieces += cut.count * plan.demand[cut.part].length;
+            count += cut.count;
+        }
+        const auto times = static_cast<double>(bars.bars);
+        const cutting::Length grips = stock.gripStart + stock.gripEnd;
+        const bool isKept = IsKept(plan, bars);
+        totals.bars += static_cast<long>(bars.bars);
+        totals.pieces += static_cast<long>(bars.bars * count);
+        totals.barLength += times * Millimetres(stock.length);
+        totals.pieceLength += times * Millimetres(pieces);
+        totals.kerfLoss += times * Millimetres(stock.GetUsable() - pieces - bars.offCut);
+        totals.kept += times * Millimetres(isKept ? bars.offCut : 0);
+        totals.scrapped += times * Millimetres(grips + (isKept ? 0 : bars.offCut));
+    }
+    for (const cutting::Count count : plan.plan.uncut)
+        totals.uncut += static_cast<long>(count);
+    return totals;
+}
+
+// ---- words --------------------------------------------------------------------------------------
+
+ZetString NameOfProfile(const PartsOfProfile& parts) {
+    return parts.material.isEmpty() ? parts.profileName
+                                    : parts.profileName + L", " + parts.material;
+}
+
+double CostNumber(const ProfilePlan& plan, cutting::Cost cost) {
+    return plan.unit == PlanUnit::kBars ? static_cast<double>(cost) : Millimetres(cost);
+}
+
+ZetString DescribeCost(const ProfilePlan& plan, cutting::Cost cost) {
+    const double number = CostNumber(plan, cost);
+    switch (plan.unit) {
+        case PlanUnit::kBars:
+            return ZetString::format(L"%d %s", cost, cost == 1 ? L"bar" : L"bars");
+        case PlanUnit::kLength:
+            return ZetString::format(L"%.1f m", number / kUnits);
+        default:
+            return ZetString::format(L"%.3f", number);
+    }
+}
+
+ZetString DescribeProof(const ProfilePlan& plan) {
+    if (plan.plan.IsProvedLeast())
+        return L"proved least";
+    if (!plan.plan.uncut.empty())
+        return L"pieces are left";
+    return ZetString::format(L"at most %s above the least",
+                             DescribeCost(plan, plan.plan.cost - plan.plan.bound));
+}
+
+}  // namespace plugin

@@ -1,0 +1,110 @@
+#pragma once
+
+#include "cutting/Plan.h"
+#include "job/Job.h"
+
+#include "camdata/nesting/CMxNestParts.h"
+#include "camdata/nesting/CMxParts.h"
+#include "camdata/platform/base/ZetArray.h"
+#include "camdata/platform/text/ZetString.h"
+
+#include <cstddef>
+#include <functional>
+#include <vector>
+
+namespace plugin {
+
+/// What a plan counts as cost.
+enum class PlanUnit {
+    kBars,    ///< one stock: its bars
+    kLength,  ///< several: their length, 0.001 mm
+    kPrice,   ///< their prices, in thousandths
+};
+
+/// Pieces of one member that are cut from bars.
+struct BarPart {
+    ZetString mark;
+    std::size_t member = 0;  ///< its position in the run
+};
+
+/// The members of one group that have a profile and material in common.
+struct PartsOfProfile {
+    std::size_t group = 0;  ///< position in Job::groups
+    ZetString profileName;
+    ZetString material;
+    double weightPerMetre = 0.0;  ///< kg; 0: not known
+    std::vector<BarPart> parts;
+    cutting::Demand demand;  ///< by part
+};
+
+/// How they are cut.
+struct ProfilePlan : PartsOfProfile {
+    job::BarPlan kind = job::BarPlan::kGiven;
+    PlanUnit unit = PlanUnit::kBars;
+    std::vector<job::Stock> stocks;
+    std::vector<cutting::Stock> cutStocks;  ///< the same, as they are planned with
+    cutting::Plan plan;
+    cutting::Cost firstFit = 0;  ///< cost of first-fit-decreasing
+    cutting::Cost given = 0;     ///< cost of the library's order, on the longest bars
+    long firstBar = 1;           ///< number of its first bar among the bars of the run
+};
+
+/// Makes the library's nests of some parts.
+using NestMaker = std::function<ZetArray<CMxNestParts>(ZetArray<CMxParts>)>;
+
+/// The plan that the job asks for.
+ProfilePlan MakeProfilePlan(const job::Job& job, PartsOfProfile parts, const NestMaker& makeNests);
+
+/// A length in 0.001 mm; pieces are rounded up.
+cutting::Length PieceLength(double length);
+/// In mm.
+double Millimetres(cutting::Length length);
+
+/// A piece on a bar, in cutting order.
+struct PieceOnBar {
+    std::size_t part = 0;
+    cutting::Length position = 0;  ///< of its start, from the bar's start
+    cutting::Length length = 0;
+    long number = 0;  ///< of the piece among those of its part, from 1
+};
+
+/// The pieces of each bar in turn; numbers go on from bar to bar.
+class BarWalk {
+  public:
+    explicit BarWalk(const ProfilePlan& plan);
+    /// Of the next bar that is cut like this.
+    std::vector<PieceOnBar> Next(const cutting::PlannedBars& bars);
+
+  private:
+    const ProfilePlan& m_plan;
+    std::vector<long> m_numbers;  ///< by part
+};
+
+/// What a plan comes to; lengths in mm.
+struct PlanTotals {
+    long bars = 0;
+    long pieces = 0;
+    long uncut = 0;  ///< pieces that no bar is long enough or left for
+    double barLength = 0.0;
+    double pieceLength = 0.0;
+    double kerfLoss = 0.0;
+    double kept = 0.0;      ///< off-cuts
+    double scrapped = 0.0;  ///< off-cuts and grips
+
+    double GetUtilisation() const { return barLength > 0.0 ? pieceLength / barLength : 0.0; }
+};
+PlanTotals TotalsOf(const ProfilePlan& plan);
+
+/// Whether the off-cut of these bars is worth keeping.
+bool IsKept(const ProfilePlan& plan, const cutting::PlannedBars& bars);
+
+/// "HAT60x1.2, S350GD", without a material "HAT60x1.2".
+ZetString NameOfProfile(const PartsOfProfile& parts);
+/// A cost of the plan: "12 bars", "144000 mm", "1250.5".
+ZetString DescribeCost(const ProfilePlan& plan, cutting::Cost cost);
+/// "proved least", or how much above the least it may be.
+ZetString DescribeProof(const ProfilePlan& plan);
+/// A cost as a number in its unit: bars, mm or price.
+double CostNumber(const ProfilePlan& plan, cutting::Cost cost);
+
+}  // namespace plugin
