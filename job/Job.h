@@ -34,6 +34,8 @@ enum FileRole : std::size_t {
     kFirstOwnFile = 4,  ///< the job's own from here on
 };
 
+/// Ending of the page for people.
+inline constexpr const wchar_t* kPageEnding = L"-report.html";
 /// Ending of the file that holds the cutting lists, written when some group is nested.
 inline constexpr const wchar_t* kCuttingListEnding = L"-cutting.txt";
 /// The same for programs: one row per piece.
@@ -336,9 +338,10 @@ struct NcFilePattern {
     long column = 0;   ///< from 1
 };
 
-/// What the reports of members tell besides their findings.
+/// What a run makes for people to look at, and what its reports tell besides the findings.
 struct Reports {
     bool areSourcesTold = false;  ///< the NC file of each member, below its part number
+    bool hasPage = true;          ///< a page for people, its name ending with kPageEnding
 };
 
 /// Everything that one job file says.

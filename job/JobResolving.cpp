@@ -273,6 +273,8 @@ void JobMaker::CheckFileNames() {
     if (std::any_of(m_job.groups.begin(), m_job.groups.end(), isNested))
         for (const wchar_t* ending : {kCuttingListEnding, kCuttingTableEnding})
             names.Add(m_job.project.fileName + ending, fileName.at, m_faults);
+    if (m_job.reports.hasPage)
+        names.Add(m_job.project.fileName + kPageEnding, fileName.at, m_faults);
     for (std::size_t i = 0; i < m_job.files.size(); ++i) {
         Position at = fileName.at;
         for (const FileTable& table : m_document.files)

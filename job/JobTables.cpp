@@ -230,6 +230,7 @@ constexpr Key kNcKeys[] = {
 
 constexpr Key kReportsKeys[] = {
     Row<Reports, &Reports::areSourcesTold>("sources", "Whether the errors and warnings name the NC file of each member below its part number."),
+    Row<Reports, &Reports::hasPage>("html", "Whether a page for people is made, `<file_name>-report.html`."),
 };
 
 constexpr Key kProjectKeys[] = {
@@ -597,7 +598,7 @@ constexpr Key kDocumentKeys[] = {
     Row<JobDocument, &JobDocument::trims>("trim", "A cut along a whole side of a face that the machine has a code for. The first that fits counts; a list that is not given fits any.", {.isTop = true}),
     Row<JobDocument, &JobDocument::patterns>("fixed_pattern", "The holes that members of one length must have.", {.isTop = true}),
     Row<JobDocument, &JobDocument::assemblies>("assembly", "A main part and what is fixed to it.", {.isTop = true}),
-    Row<JobDocument, &JobDocument::reports>("reports", "What the files of errors and warnings tell besides the findings.", {.isTop = true}),
+    Row<JobDocument, &JobDocument::reports>("reports", "What a run makes for people, and what the files of errors and warnings tell besides the findings.", {.isTop = true}),
     Row<JobDocument, &JobDocument::additionalInfo>("additional_info", "The lists of members in the file `info`.", {.isTop = true}),
 };
 constexpr KeyTable kDocumentTable{kDocumentKeys};

@@ -394,7 +394,24 @@ JudgementReport MakeJudgement(plugin::JobMember& member, const job::MemberType& 
             ListOf(member.GetWarningBlock())};
 }
 
-/// The member's part in the report; it is judged already.
+dstv::NcError NoMemberType(const dstv::NcPart& part) {
+    return {part.file,
+            0,
+            0,
+            L"profile",
+            part.header.profileName,
+            L"one that a member type of the job takes (code " + part.header.profileCode + L")"};
+}
+
+/// Main parts answer as such, so that they are not judged as single parts.
+void TellAssemblies(dstv::NcFileEntity& entity, const job::Job& job) {
+    for (const job::Assembly& assembly : job.assemblies)
+        if (assembly.mark == entity.getPart().header.mark)
+            entity.setAssembly({});
+}
+
+}  // namespace
+
 CheckReport ReportOf(const dstv::NcFileEntity& entity,
                      const ZetNCCreator& creator,
                      const plugin::JobMember& member,
@@ -413,24 +430,6 @@ CheckReport ReportOf(const dstv::NcFileEntity& entity,
     report.faces = MakeFaceReports(entity, creator.getNCStructure());
     return report;
 }
-
-dstv::NcError NoMemberType(const dstv::NcPart& part) {
-    return {part.file,
-            0,
-            0,
-            L"profile",
-            part.header.profileName,
-            L"one that a member type of the job takes (code " + part.header.profileCode + L")"};
-}
-
-/// Main parts answer as such, so that they are not judged as single parts.
-void TellAssemblies(dstv::NcFileEntity& entity, const job::Job& job) {
-    for (const job::Assembly& assembly : job.assemblies)
-        if (assembly.mark == entity.getPart().header.mark)
-            entity.setAssembly({});
-}
-
-}  // namespace
 
 CheckResult MakeCheckReport(dstv::NcFileEntity& entity, const CheckRules& rules) {
     TellAssemblies(entity, rules.rules.GetJob());

@@ -117,6 +117,12 @@ struct CheckRules {
     bool isJob;  ///< of the user's job; else those that every member passes
 };
 
+/// Reports a member that was judged already.
+CheckReport ReportOf(const dstv::NcFileEntity& entity,
+                     const ZetNCCreator& creator,
+                     const plugin::JobMember& member,
+                     const job::MemberType& type);
+
 /// Gathers and checks the member that an entity is, and reports it. A part that no member type of
 /// the rules takes is an error.
 CheckResult MakeCheckReport(dstv::NcFileEntity& entity, const CheckRules& rules);

@@ -29,8 +29,12 @@ RunFault FaultOfReading(const dstv::NcError& error) {
 
 }  // namespace
 
-JobInput::JobInput(const job::Job& job, plugin::JobRun& run)
-    : m_job(job), m_reading(ReadingOf(job.nc)), m_run(run), m_assemblies(AssembliesOf(job)) {}
+JobInput::JobInput(const job::Job& job, plugin::JobRun& run, ReportPage* page)
+    : m_job(job),
+      m_reading(ReadingOf(job.nc)),
+      m_run(run),
+      m_page(page),
+      m_assemblies(AssembliesOf(job)) {}
 
 void JobInput::Read(const std::filesystem::path& file) {
     const std::size_t position = m_position++;
@@ -108,13 +112,23 @@ bool JobInput::IsReady(const Part& part) const {
     return !m_assemblies.isMainPart(mark) || m_assemblies.isComplete(mark);
 }
 
+plugin::JobRun::Observer JobInput::ObserverOf(const Part& part) {
+    if (m_page == nullptr)
+        return {};
+    return [this, &part](const plugin::JobMember& member,
+                         const job::MemberType& type,
+                         const ZetNCCreator& creator) {
+        m_page->Draw(*part.entity, member, type, creator);
+    };
+}
+
 void JobInput::JudgeFirst() {
     Part part = std::move(m_held.front());
     m_held.pop_front();
     const ZetString mark = part.entity->getPart().header.mark;
     if (m_assemblies.isMainPart(mark))
         m_assemblies.attach(*part.entity);
-    Note(part, m_run.Add(*part.entity, ZetString::fromUtf8(part.file)));
+    Note(part, m_run.Add(*part.entity, ZetString::fromUtf8(part.file), ObserverOf(part)));
     if (!m_assemblies.names(mark))
         return;
     part.entity->releaseFeatures();

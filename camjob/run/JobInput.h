@@ -1,5 +1,6 @@
 #pragma once
 
+#include "camjob/run/ReportPage.h"
 #include "camjob/run/RunReport.h"
 #include "dstv/NcAssemblies.h"
 #include "dstv/NcHost.h"
@@ -22,8 +23,8 @@ namespace camjob {
 /// assembly, and those behind it with it.
 class JobInput {
   public:
-    /// Job and run must outlive the input.
-    JobInput(const job::Job& job, plugin::JobRun& run);
+    /// Job, run and page must outlive the input. `page` null: none is made.
+    JobInput(const job::Job& job, plugin::JobRun& run, ReportPage* page);
 
     void Read(const std::filesystem::path& file);
     /// After the last file.
@@ -57,6 +58,7 @@ class JobInput {
     using PlacedFault = Placed<RunFault>;
 
     void Hold(Part part);
+    plugin::JobRun::Observer ObserverOf(const Part& part);
     bool IsReady(const Part& part) const;
     void JudgeFirst();
     void Note(const Part& part, plugin::JobRun::Added added);
@@ -75,6 +77,7 @@ class JobInput {
     const job::Job& m_job;
     const dstv::NcReading m_reading;
     plugin::JobRun& m_run;
+    ReportPage* m_page;
     dstv::NcAssemblies m_assemblies;
     RunInput m_counts;
     std::size_t m_position = 0;

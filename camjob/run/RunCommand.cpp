@@ -6,6 +6,7 @@
 #include "camjob/disk/RevocableFiles.h"
 #include "camjob/disk/StagedOutput.h"
 #include "camjob/run/JobInput.h"
+#include "camjob/run/ReportPage.h"
 #include "camjob/run/RunJson.h"
 #include "camjob/run/RunReport.h"
 #include "camjob/run/RunText.h"
@@ -14,6 +15,7 @@
 
 #include <algorithm>
 #include <filesystem>
+#include <fstream>
 #include <map>
 #include <optional>
 #include <system_error>
@@ -80,7 +82,9 @@ class JobRunner {
     bool Write(plugin::JobRun& run, const StagedOutput& output);
     void TakeMembers(plugin::JobRun& run);
     bool AddsUp();
-    void TakeResults(plugin::JobRun& run);
+    void TakeResults(plugin::JobRun& run, const fs::path& staging);
+    std::vector<ZetString> FileNames(plugin::JobRun& run) const;
+    bool WritePage(plugin::JobRun& run, const fs::path& staging);
 
     std::string OutputName(const ZetString& file) const {
         return NameIn(m_report.folder, file.toUtf8());
@@ -104,6 +108,7 @@ class JobRunner {
     std::vector<fs::path> m_ncFiles;
     std::vector<std::string> m_memberFiles;
     std::vector<FeatureAccounts> m_memberAccounts;
+    ReportPage m_page{m_job};
 };
 
 RunReport JobRunner::Run() {
@@ -115,6 +120,7 @@ RunReport JobRunner::Run() {
         RunInFolder();
     } catch (const OutputFailure& failure) {
         Fail(failure.what());
+        m_report.DropResults();
     }
     m_progress.Erase();
     return std::move(m_report);
@@ -149,8 +155,11 @@ void JobRunner::RunInFolder() {
     TakeMembers(run);
     if (!AddsUp())
         return;
-    output.Commit();
-    TakeResults(run);
+    TakeResults(run, output.GetStagingFolder());
+    if (WritePage(run, output.GetStagingFolder()))
+        output.Commit();
+    else
+        m_report.DropResults();
 }
 
 /// The project information of job and settings file, and of the user. With a faulty settings file
@@ -199,7 +208,7 @@ void JobRunner::ShowDialog(plugin::JobRun& run) {
 }
 
 bool JobRunner::ReadInput(plugin::JobRun& run) {
-    JobInput input(m_job, run);
+    JobInput input(m_job, run, m_job.reports.hasPage ? &m_page : nullptr);
     if (!ReadFiles(input))
         return false;
     input.Finish();
@@ -240,7 +249,7 @@ bool JobRunner::ReadFiles(JobInput& input) {
 /// in another case and links lead to the same file.
 void JobRunner::RefuseToReplaceInput(plugin::JobRun& run) {
     std::vector<fs::path> outputs;
-    for (const ZetString& name : run.GetFileNames())
+    for (const ZetString& name : FileNames(run))
         outputs.push_back(PathFromUtf8(OutputName(name)));
     InFolder isBesideOutput(PathFromUtf8(m_report.folder));
     const auto check = [&](const fs::path& input) {
@@ -316,16 +325,45 @@ bool JobRunner::AddsUp() {
     return m_report.faults.empty();
 }
 
-void JobRunner::TakeResults(plugin::JobRun& run) {
+ZetString PageName(plugin::JobRun& run) {
+    return run.GetProjectInfo().GetFileName() + job::kPageEnding;
+}
+
+/// Of all files of the output.
+std::vector<ZetString> JobRunner::FileNames(plugin::JobRun& run) const {
+    std::vector<ZetString> names = run.GetFileNames();
+    if (m_job.reports.hasPage)
+        names.push_back(PageName(run));
+    return names;
+}
+
+void JobRunner::TakeResults(plugin::JobRun& run, const fs::path& staging) {
     for (const plugin::GroupResult& group : run.GetGroupResults())
         m_report.groups.push_back({m_job.groups[group.group].id, group});
     for (const plugin::ProfilePlan& plan : run.GetPlans())
         m_report.plans.push_back({m_job.groups[plan.group].id, plan});
     for (const ZetString& name : run.GetFileNames()) {
-        const std::string file = OutputName(name);
         std::error_code ignored;
-        m_report.files.push_back({file, fs::file_size(PathFromUtf8(file), ignored)});
+        m_report.files.push_back(
+            {OutputName(name), fs::file_size(staging / PathFromUtf8(name.toUtf8()), ignored)});
     }
+}
+
+/// Tells of the other files, not of itself.
+bool JobRunner::WritePage(plugin::JobRun& run, const fs::path& staging) {
+    if (!m_job.reports.hasPage)
+        return true;
+    const std::string html = m_page.MakeHtml(m_report, run.GetProjectInfo());
+    const std::string name = PageName(run).toUtf8();
+    std::ofstream file(staging / PathFromUtf8(name), std::ios::binary);
+    file.write(html.data(), static_cast<std::streamsize>(html.size()));
+    file.close();
+    if (file.fail()) {
+        Fail(NameIn(m_report.folder, name) + ": cannot be written");
+        return false;
+    }
+    m_report.files.push_back({NameIn(m_report.folder, name), html.size()});
+    return true;
 }
 
 void JobRunner::Complain(const std::string& file, const std::string& text) {

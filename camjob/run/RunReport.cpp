@@ -10,6 +10,13 @@ std::string DescribeNote(const RunNote& note) {
     return note.file + line + (isWarning ? ": warning: " : ": note: ") + note.note.text.toUtf8();
 }
 
+void RunReport::DropResults() {
+    members.clear();
+    groups.clear();
+    nests.clear();
+    files.clear();
+}
+
 long RunReport::CountInvalid() const {
     long count = 0;
     for (const RunGroup& group : groups)

@@ -95,6 +95,8 @@ struct RunReport {
     std::vector<RunPlan> plans;
     std::vector<RunFile> files;
 
+    /// For a run that came to no output after all.
+    void DropResults();
     long CountInvalid() const;
     /// Of all files that could be read.
     plugin::AccountNumbers SumAccounts() const;

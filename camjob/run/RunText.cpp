@@ -181,17 +181,6 @@ constexpr std::array kAccountWords = {
     L"made", L"refused", L"not made", L"set aside", L"noted", L"not for this machine"};
 static_assert(kAccountWords.size() == plugin::kAccountCount);
 
-/// "412 features: 380 made, 14 refused, 10 set aside, 8 noted"
-ZetString AccountLine(const RunReport& report) {
-    const plugin::AccountNumbers sum = report.SumAccounts();
-    std::vector<ZetString> parts;
-    for (std::size_t i = 0; i < kAccountWords.size(); ++i)
-        if (sum.features[i] > 0 || i == 0)
-            parts.push_back(
-                ZetString::format(L"%d %s", sum.features[i], ZetString(kAccountWords[i])));
-    return Count(sum.Sum(), L"feature") + L": " + Joined(parts, L", ") + L"\n";
-}
-
 ZetString LeftOutLines(const RunReport& report) {
     ZetString lines;
     for (const RunFault& file : report.leftOut)
@@ -233,6 +222,15 @@ std::string ClosingMessage(const RunReport& report) {
 
 }  // namespace
 
+ZetString DescribeAccounts(const plugin::AccountNumbers& accounts) {
+    std::vector<ZetString> parts;
+    for (std::size_t i = 0; i < kAccountWords.size(); ++i)
+        if (accounts.features[i] > 0 || i == 0)
+            parts.push_back(
+                ZetString::format(L"%d %s", accounts.features[i], ZetString(kAccountWords[i])));
+    return Count(accounts.Sum(), L"feature") + L": " + Joined(parts, L", ");
+}
+
 void WriteRunText(const RunReport& report, bool showsNotes, OutputStream& out, OutputStream& err) {
     if (report.hasFinishedEarlierOutput)
         WriteMessage("camjob: finished the output of an earlier run in " + report.folder +
@@ -251,7 +249,7 @@ void WriteRunText(const RunReport& report, bool showsNotes, OutputStream& out, O
                                         SinglePartTable(report),
                                         NestTable(report),
                                         FileTable(report),
-                                        AccountLine(report)})));
+                                        DescribeAccounts(report.SumAccounts()) + L"\n"})));
     else if (const std::string closing = ClosingMessage(report); !closing.empty())
         WriteMessage(closing, err);
 }

@@ -5,6 +5,9 @@
 
 namespace camjob {
 
+/// "412 features: 380 made, 14 refused, 10 set aside, 8 noted"
+ZetString DescribeAccounts(const plugin::AccountNumbers& accounts);
+
 /// The report for people: tables of what was made on one stream, what went wrong on the other.
 void WriteRunText(const RunReport& report, bool showsNotes, OutputStream& out, OutputStream& err);
 

@@ -129,7 +129,9 @@ bool JobRun::ReadSettings() {
     return GetJobProjectInfo().ReadSettings();
 }
 
-JobRun::Added JobRun::Add(ZetNCEntity& entity, const ZetString& source) {
+JobRun::Added JobRun::Add(ZetNCEntity& entity,
+                          const ZetString& source,
+                          const Observer& observer) {
     m_lastLedger = {};
     ZetNCCreator creator;
     creator.setNCEntity(&entity);
@@ -146,6 +148,8 @@ JobRun::Added JobRun::Add(ZetNCEntity& entity, const ZetString& source) {
     // Parts of assemblies are settled as they are written: a main part lacks what was not selected.
     if (!member->getIsPartOfAssy())
         member->SettleReport();
+    if (observer)
+        observer(*member, *type, creator);
     member->MakeOutput();
     m_lastLedger = member->TakeLedger();
     m_members.push_back(std::move(member));

@@ -76,10 +76,13 @@ class JobRun {
     /// Lent; for the dialog. The names of the output files begin with its file name.
     CProjectInformation& GetProjectInfo();
 
+    /// Sees a member that was judged, while it still knows its holes and notches.
+    using Observer = std::function<void(
+        const JobMember& member, const job::MemberType& type, const ZetNCCreator& creator)>;
     /// Judges a member and keeps what will be written of it. The entity, and those attached to it,
     /// are needed during the call only.
     /// `source` is the name of its NC file, for reports.
-    Added Add(ZetNCEntity& entity, const ZetString& source = {});
+    Added Add(ZetNCEntity& entity, const ZetString& source = {}, const Observer& observer = {});
     /// What has become of the features of the member that was added last; empty unless it was.
     const Ledger& GetLastLedger() const { return m_lastLedger; }
     long GetCount() const { return static_cast<long>(m_members.size()); }

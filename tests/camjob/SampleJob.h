@@ -20,6 +20,9 @@ nc_files = [")" +
                ncFiles + R"("]
 date = 2026-03-02
 
+[reports]
+html = false
+
 [project]
 file_name = "s"
 number = ")" + number +

@@ -1,0 +1,145 @@
+#include "report/page/CompactMember.h"
+
+#include "report/drawing/DrawingText.h"
+
+#include <array>
+
+namespace report {
+
+namespace {
+
+/// One JSON array in the making.
+class JsonArray {
+  public:
+    void Add(const std::string& json) { m_items.push_back(json); }
+    void AddNumber(double value) { Add(Number(value)); }
+    void AddIndex(std::size_t index) { Add(std::to_string(index)); }
+    void AddText(std::string_view text) { Add(JsonText(text)); }
+
+    std::string ToJson() const {
+        std::string json = "[";
+        for (const std::string& item : m_items)
+            Append(json, json.size() == 1 ? "" : ",", item);
+        return json + "]";
+    }
+    /// The reader takes what is missing at the end for 0.
+    std::string ToShortJson() {
+        while (!m_items.empty() && m_items.back() == "0")
+            m_items.pop_back();
+        return ToJson();
+    }
+
+  private:
+    std::vector<std::string> m_items;
+};
+
+/// x, y, x, y and so on.
+std::string FlatPoints(const Polyline& line) {
+    JsonArray points;
+    for (const Point& point : line) {
+        points.AddNumber(point.x);
+        points.AddNumber(point.y);
+    }
+    return points.ToJson();
+}
+
+std::string FaceJson(const DrawnFace& face, SharedTexts& texts) {
+    JsonArray outlines;
+    for (const Polyline& outline : face.outlines)
+        outlines.Add(FlatPoints(outline));
+    JsonArray json;
+    json.AddIndex(texts.IndexOf(face.name));
+    json.AddNumber(face.width);
+    json.Add(face.isUnrolled ? "1" : "0");
+    json.Add(face.outlines.empty() ? "0" : outlines.ToJson());
+    return json.ToShortJson();
+}
+
+std::string FeatureJson(const DrawnFeature& feature, SharedTexts& texts) {
+    JsonArray json;
+    json.AddIndex(static_cast<std::size_t>(feature.kind));
+    json.AddIndex(static_cast<std::size_t>(feature.state));
+    json.AddIndex(feature.face);
+    json.Add(std::to_string(feature.line));
+    json.AddNumber(feature.at.x);
+    json.AddNumber(feature.at.y);
+    json.AddNumber(feature.size);
+    json.AddIndex(texts.IndexOf(feature.shape));
+    json.AddIndex(texts.IndexOf(feature.code));
+    json.AddNumber(feature.length);
+    json.AddNumber(feature.angle);
+    json.Add(feature.told == feature.at ? "0" : FlatPoints({feature.told}));
+    json.AddIndex(texts.IndexOf(feature.remark));
+    json.Add(feature.outline.empty() ? "0" : FlatPoints(feature.outline));
+    json.AddIndex(texts.IndexOf(feature.text));
+    return json.ToShortJson();
+}
+
+std::string FindingJson(const DrawnFinding& finding) {
+    JsonArray json;
+    json.AddIndex(static_cast<std::size_t>(finding.state));
+    json.AddText(finding.text);
+    json.Add(std::to_string(finding.line));
+    return json.ToShortJson();
+}
+
+}  // namespace
+
+std::size_t SharedTexts::IndexOf(const std::string& text) {
+    const auto [at, isNew] = m_indices.insert({text, m_texts.size()});
+    if (isNew)
+        m_texts.push_back(text);
+    return at->second;
+}
+
+std::string SharedTexts::ToJson() const {
+    JsonArray json;
+    for (const std::string& text : m_texts)
+        json.AddText(text);
+    return json.ToJson();
+}
+
+std::string JsonText(std::string_view text) {
+    constexpr std::string_view kDigits = "0123456789abcdef";
+    std::string json = "\"";
+    for (const char character : text) {
+        const auto byte = static_cast<unsigned char>(character);
+        // "<" would let "</script>" end the page.
+        if (byte < 0x20 || character == '<' || character == '"' || character == '\\')
+            Append(json, "\\u00", std::string{kDigits[byte >> 4], kDigits[byte & 0xFu]});
+        else
+            json += character;
+    }
+    return json + "\"";
+}
+
+std::string CompactDrawing(const MemberDrawing& drawing, SharedTexts& texts) {
+    JsonArray faces;
+    JsonArray features;
+    for (const DrawnFace& face : drawing.faces)
+        faces.Add(FaceJson(face, texts));
+    for (const DrawnFeature& feature : drawing.features)
+        features.Add(FeatureJson(feature, texts));
+    return faces.ToJson() + "," + features.ToJson();
+}
+
+std::string CompactMember(const PageMember& member, bool isDrawn, SharedTexts& texts) {
+    JsonArray findings;
+    for (const DrawnFinding& finding : member.findings)
+        findings.Add(FindingJson(finding));
+    JsonArray json;
+    json.AddText(member.mark);
+    json.AddIndex(texts.IndexOf(member.profile));
+    json.AddNumber(member.length);
+    json.Add(std::to_string(member.quantity));
+    json.AddIndex(texts.IndexOf(member.group));
+    json.AddIndex(static_cast<std::size_t>(member.state));
+    json.Add(member.isNonStandard ? "1" : "0");
+    json.AddText(member.file);
+    json.AddIndex(texts.IndexOf(member.accounts));
+    json.Add(findings.ToJson());
+    json.Add(isDrawn && !member.drawing.empty() ? member.drawing : "[],[]");
+    return json.ToJson();
+}
+
+}  // namespace report

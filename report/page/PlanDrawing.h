@@ -1,0 +1,34 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+namespace report {
+
+/// One piece of a bar, mm.
+struct PlanPiece {
+    std::string mark;
+    double start = 0.0;
+    double length = 0.0;
+};
+
+/// Bars that are cut alike.
+struct PlanBar {
+    long count = 1;
+    double length = 0.0;
+    std::vector<PlanPiece> pieces;  ///< in cutting order
+    double offcut = 0.0;            ///< at the end
+    bool isOffcutKept = false;
+};
+
+/// What a group's bars of one profile are cut into.
+struct CuttingPlan {
+    std::string title;
+    std::string summary;  ///< figures in one line
+    std::vector<PlanBar> bars;
+};
+
+/// A plan as HTML: each bar to scale, all in the scale of the longest one.
+std::string PlanHtml(const CuttingPlan& plan);
+
+}  // namespace report

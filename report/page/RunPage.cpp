@@ -1,0 +1,158 @@
+#include "report/page/RunPage.h"
+
+#include "report/drawing/DrawingStyle.h"
+#include "report/drawing/DrawingText.h"
+#include "report/page/PageText.h"
+#include "report/page/PageTexts.h"
+
+#include <algorithm>
+
+namespace report {
+
+namespace {
+
+/// Beyond that many bytes of members, drawings of members in order are left out: a browser would
+/// take too long.
+constexpr std::size_t kMostMemberBytes = 15u << 20;
+/// Members of the list that needs no script.
+constexpr std::size_t kMostFaulty = 100;
+
+std::string FactsHtml(const std::vector<PageFact>& facts) {
+    std::string html;
+    for (const PageFact& fact : facts)
+        if (!fact.value.empty())
+            Append(html, "<div>", Element("dt", fact.name), Element("dd", fact.value), "</div>\n");
+    return html;
+}
+
+std::string RowHtml(const char* cell, const std::vector<std::string>& texts) {
+    std::string html = "<tr>";
+    for (const std::string& text : texts)
+        html += Element(cell, text);
+    return html + "</tr>\n";
+}
+
+std::string TableHtml(const PageTable& table) {
+    if (table.rows.empty() && table.ifEmpty.empty())
+        return {};
+    std::string html = "<section>" + Element("h2", table.title);
+    if (table.rows.empty())
+        return html + Element("p", table.ifEmpty) + "</section>\n";
+    html +=
+        "<div class=\"wide\"><table><thead>" + RowHtml("th", table.headings) + "</thead><tbody>\n";
+    for (const std::vector<std::string>& row : table.rows)
+        html += RowHtml("td", row);
+    return html + "</tbody></table></div></section>\n";
+}
+
+std::string TablesHtml(const std::vector<PageTable>& tables) {
+    std::string html;
+    for (const PageTable& table : tables)
+        html += TableHtml(table);
+    return html;
+}
+
+std::string PlansHtml(const std::vector<CuttingPlan>& plans) {
+    if (plans.empty())
+        return {};
+    std::string html = "<section id=\"plans\"><h2>Cutting plans</h2>\n";
+    for (const CuttingPlan& plan : plans)
+        html += PlanHtml(plan);
+    return html + "</section>\n";
+}
+
+std::string FindingHtml(const DrawnFinding& finding) {
+    const bool isError = finding.state == FeatureState::kError;
+    return std::string("<li class=\"") + (isError ? "is-error" : "is-warning") + "\"><b>" +
+           (isError ? "Error" : "Warning") + ":</b> " + Escaped(finding.text) +
+           (finding.line == 0 ? "" : " (line " + std::to_string(finding.line) + ")") + "</li>";
+}
+
+long CountErrors(const std::vector<DrawnFinding>& findings) {
+    return std::count_if(findings.begin(), findings.end(), [](const DrawnFinding& finding) {
+        return finding.state == FeatureState::kError;
+    });
+}
+
+}  // namespace
+
+void RunPage::AddMember(const PageMember& member) {
+    const bool isFaulty = member.state >= FeatureState::kWarning;
+    const bool isDrawn = isFaulty || m_bytes < kMostMemberBytes;
+    m_members.push_back(CompactMember(member, isDrawn, m_texts));
+    m_bytes += m_members.back().size();
+    m_undrawn += isDrawn ? 0 : 1;
+    m_invalid += member.state == FeatureState::kError ? 1 : 0;
+    m_withWarnings += member.state == FeatureState::kWarning ? 1 : 0;
+    if (isFaulty)
+        m_faulty.push_back({member.mark, member.findings});
+}
+
+/// The one sentence that says whether the job can go to the machine.
+std::string RunPage::VerdictHtml() const {
+    const std::string all = std::to_string(m_members.size());
+    if (m_invalid > 0)
+        return "<p class=\"verdict is-error\"><b>" + std::to_string(m_invalid) + " of " + all +
+               " members have errors and are not made.</b> The files hold the others.</p>";
+    if (m_withWarnings > 0)
+        return "<p class=\"verdict is-warning\"><b>All " + all + " members are made.</b> " +
+               std::to_string(m_withWarnings) + " have warnings.</p>";
+    return "<p class=\"verdict is-good\"><b>All " + all + " members are made.</b></p>";
+}
+
+/// The worst first.
+std::string RunPage::FaultyHtml() const {
+    if (m_faulty.empty())
+        return "<p>No member has findings.</p>";
+    std::vector<const Faulty*> faulty;
+    for (const Faulty& member : m_faulty)
+        faulty.push_back(&member);
+    std::stable_sort(faulty.begin(), faulty.end(), [](const Faulty* a, const Faulty* b) {
+        const long errorsOfA = CountErrors(a->findings);
+        const long errorsOfB = CountErrors(b->findings);
+        return errorsOfA != errorsOfB ? errorsOfA > errorsOfB
+                                      : a->findings.size() > b->findings.size();
+    });
+    std::string html = "<ul class=\"faulty\">\n";
+    for (std::size_t i = 0; i < std::min(faulty.size(), kMostFaulty); ++i) {
+        html += "<li><a class=\"jump\" href=\"#member\" data-mark=\"" + Escaped(faulty[i]->mark) +
+                "\">" + Escaped(faulty[i]->mark) + "</a><ul>";
+        for (const DrawnFinding& finding : faulty[i]->findings)
+            html += FindingHtml(finding);
+        html += "</ul></li>\n";
+    }
+    html += "</ul>";
+    if (faulty.size() > kMostFaulty)
+        html += "<p>" + std::to_string(faulty.size() - kMostFaulty) +
+                " more members with findings stand in the table.</p>";
+    return html;
+}
+
+std::string RunPage::ToHtml() const {
+    std::string data = "{\"texts\":" + m_texts.ToJson() + ",\n\"members\":[";
+    for (std::size_t i = 0; i < m_members.size(); ++i)
+        Append(data, i == 0 ? "\n" : ",\n", m_members[i]);
+    data += "]}";
+    const std::string undrawn =
+        m_undrawn == 0 ? ""
+                       : "<p>" + std::to_string(m_undrawn) +
+                             " members in order are not drawn: the page would be too large.</p>";
+    return Filled(
+        kPageTemplate,
+        {
+            {"title",   Escaped(name)                                                          },
+            {"style",   std::string(kDrawingStyle) + std::string(kPageStyle)                   },
+            {"project", FactsHtml(project)                                                     },
+            {"verdict", VerdictHtml()                                                          },
+            {"totals",  FactsHtml(totals)                                                      },
+            {"changes", TablesHtml(changes)                                                    },
+            {"faulty",  FaultyHtml() + undrawn                                                 },
+            {"plans",   PlansHtml(plans)                                                       },
+            {"tables",  TablesHtml(tables)                                                     },
+            {"data",    data                                                                   },
+            {"script",
+             std::string(kDrawingScript) + std::string(kTableScript) + std::string(kPageScript)},
+    });
+}
+
+}  // namespace report

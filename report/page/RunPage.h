@@ -1,0 +1,66 @@
+#pragma once
+
+#include "report/drawing/MemberDrawing.h"
+#include "report/page/CompactMember.h"
+#include "report/page/PlanDrawing.h"
+
+#include <cstddef>
+#include <string>
+#include <vector>
+
+/// @file
+/// A run as its page shows it: plain data, texts in UTF-8.
+
+namespace report {
+
+/// One line of a list of names and values.
+struct PageFact {
+    std::string name;
+    std::string value;
+};
+
+/// A table with a heading of its own.
+struct PageTable {
+    std::string title;
+    std::vector<std::string> headings;
+    std::vector<std::vector<std::string>> rows;
+    std::string ifEmpty;  ///< what is said instead of an empty table; "": nothing at all
+};
+
+/// The page of a run: one HTML file that needs no other and no network.
+///
+/// Members are taken one by one and kept as short texts. The same calls give the same bytes.
+class RunPage {
+  public:
+    std::string name;               ///< of the job
+    std::vector<PageFact> project;  ///< in order; those without a value are left out
+    std::vector<PageFact> totals;   ///< the counts that everybody looks for first
+    std::vector<CuttingPlan> plans;
+    std::vector<PageTable> changes;  ///< against an earlier run
+    std::vector<PageTable> tables;   ///< below the members
+
+    /// The drawing of a member that is added later.
+    std::string Compact(const MemberDrawing& drawing) { return CompactDrawing(drawing, m_texts); }
+    void AddMember(const PageMember& member);
+    std::string ToHtml() const;
+
+  private:
+    /// A member with findings, for the list that needs no script.
+    struct Faulty {
+        std::string mark;
+        std::vector<DrawnFinding> findings;
+    };
+
+    std::string FaultyHtml() const;
+    std::string VerdictHtml() const;
+
+    SharedTexts m_texts;
+    std::vector<std::string> m_members;
+    std::vector<Faulty> m_faulty;
+    std::size_t m_bytes = 0;
+    std::size_t m_undrawn = 0;
+    std::size_t m_invalid = 0;
+    std::size_t m_withWarnings = 0;
+};
+
+}  // namespace report

@@ -1,0 +1,58 @@
+
+// Which members are shown, in which order: without a page, so that it can be tried for itself.
+
+const COLUMNS = [
+  { key: "mark", name: "Mark", width: "19%" },
+  { key: "profile", name: "Profile", width: "21%" },
+  { key: "length", name: "Length", width: "13%", isNumber: true },
+  { key: "quantity", name: "Qty", width: "9%", isNumber: true },
+  { key: "group", name: "Group", width: "19%" },
+  { key: "state", name: "Status", width: "19%" },
+];
+
+const FILTERS = [
+  { key: "all", name: "All", fits: () => true },
+  { key: "error", name: "Errors", fits: (row) => row.state === 3 },
+  { key: "warning", name: "Warnings", fits: (row) => row.state === 2 },
+  { key: "nonstandard", name: "Non-standard", fits: (row) => row.isNonStandard },
+  { key: "good", name: "In order", fits: (row) => row.state === 1 },
+];
+
+// The cells of a member, and all that a search looks at.
+function rowOf(raw, texts, index) {
+  const row = {
+    index, mark: raw[0], profile: texts[raw[1]], length: raw[2], quantity: raw[3], group: texts[raw[4]], state: raw[5],
+    isNonStandard: raw[6] === 1, file: raw[7], findings: raw[9].length,
+  };
+  row.search = [row.mark, row.profile, row.group, row.file, STATES[row.state], ...raw[9].map((f) => f[1])].join("\n").toLowerCase();
+  return row;
+}
+
+// One word of a filter: `text`, `column:text`, `column<number`, `column>number` or `column=value`.
+function termOf(word) {
+  const parts = /^(mark|profile|length|quantity|group|file|status)([:<>=])(.+)$/.exec(word);
+  if (!parts) return (row) => row.search.includes(word);
+  const [, column, sign, value] = parts;
+  const cell = (row) => (column === "status" ? STATES[row.state] : row[column]);
+  if (sign === "<") return (row) => Number(cell(row)) < Number(value);
+  if (sign === ">") return (row) => Number(cell(row)) > Number(value);
+  if (sign === "=") return (row) => String(cell(row)).toLowerCase() === value;
+  return (row) => String(cell(row)).toLowerCase().includes(value);
+}
+
+function filtered(rows, query, state) {
+  const terms = query.toLowerCase().split(/\s+/).filter(Boolean).map(termOf);
+  const { fits } = FILTERS.find((filter) => filter.key === state) || FILTERS[0];
+  return rows.filter((row) => fits(row) && terms.every((term) => term(row)));
+}
+
+const byText = new Intl.Collator("en", { numeric: true }).compare;
+
+// Status begins with the worst; equal ones stay in their order.
+function sorted(rows, key, isDown) {
+  const { isNumber } = COLUMNS.find((column) => column.key === key) || {};
+  const sign = isDown ? -1 : 1;
+  const compare = key === "state" ? (a, b) => b.state - a.state || b.findings - a.findings
+    : isNumber ? (a, b) => a[key] - b[key] : (a, b) => byText(a[key], b[key]);
+  return [...rows].sort((a, b) => sign * compare(a, b) || a.index - b.index);
+}
