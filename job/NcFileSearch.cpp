@@ -4,8 +4,10 @@
 
 #include <algorithm>
 #include <map>
+#include <string>
 #include <string_view>
 #include <system_error>
+#include <utility>
 
 // Finding the NC files of a job: names are compared byte by byte on every system.
 
@@ -25,20 +27,62 @@ bool HasWildcard(std::string_view text) {
     return text.find_first_of("*?") != std::string_view::npos;
 }
 
+/// For comparing by whole characters: bytes that are no UTF-8 are one each, and so are the two
+/// halves of a character on Windows.
+std::u32string CharactersOf(const fs::path& name) {
+    const ZetString text = ZetString::fromUtf8(Utf8Of(name));
+    std::u32string characters;
+    for (const wchar_t c : text.view()) {
+        const bool isSecondHalf = c >= 0xDC00 && c <= 0xDFFF;
+        if (isSecondHalf && !characters.empty())
+            characters.back() = (characters.back() << 16) | static_cast<char32_t>(c);
+        else
+            characters.push_back(static_cast<char32_t>(c));
+    }
+    return characters;
+}
+
 /// Whether a file's name fits, by whole characters; one that begins with a dot only fits a pattern
 /// that does.
 bool FitsName(const fs::path& pattern, const fs::path& name) {
-    const std::u32string wanted = pattern.u32string();
-    const std::u32string text = name.u32string();
+    const std::u32string wanted = CharactersOf(pattern);
+    const std::u32string text = CharactersOf(name);
     return (text.front() != U'.' || wanted.front() == U'.') &&
            MatchesPattern<char32_t>(text, wanted);
 }
 
-/// Also a link to a file that is gone: it must not be left out unseen.
-bool IsMeant(const fs::path& file) {
-    std::error_code ignored;
-    return fs::is_regular_file(file, ignored) ||
-           (fs::is_symlink(file, ignored) && !fs::exists(file, ignored));
+/// What lies behind a name.
+enum class Kind {
+    kFile,
+    kFolder,
+    kLinkToNothing,
+    kNothing,
+    kOther,    ///< a device, a pipe
+    kUnknown,  ///< the system does not tell
+};
+
+Kind KindOf(const fs::path& path, std::error_code& error) {
+    const fs::file_status status = fs::status(path, error);
+    if (fs::is_regular_file(status))
+        return Kind::kFile;
+    if (fs::is_directory(status))
+        return Kind::kFolder;
+    if (status.type() == fs::file_type::not_found) {
+        std::error_code ignored;
+        return fs::is_symlink(path, ignored) ? Kind::kLinkToNothing : Kind::kNothing;
+    }
+    return fs::status_known(status) ? Kind::kOther : Kind::kUnknown;
+}
+
+/// There is nothing to list, which is an answer.
+bool IsNoFolder(const std::error_code& error) {
+    return error == std::errc::no_such_file_or_directory || error == std::errc::not_a_directory;
+}
+
+std::string TextOf(const fs::path& path, const char* what, const std::error_code& error = {}) {
+    const std::string reason =
+        error ? " (" + error.default_error_condition().message() + ")" : std::string();
+    return "\"" + Utf8Of(path) + "\" " + what + reason;
 }
 
 /// The search for all patterns of one job; each folder is listed once.
@@ -49,12 +93,18 @@ class NcFileSearch {
         std::vector<fs::path> found = {folder};
         for (const fs::path& segment : pattern)
             found = Descend(found, segment);
-        std::erase_if(found, [](const fs::path& file) { return !IsMeant(file); });
+        std::erase_if(found, [this](const fs::path& file) { return !IsMeant(file); });
         return found;
     }
 
+    /// What a search came across and could not look into, so that its result may lack files.
+    std::vector<std::string> TakeFaults() { return std::exchange(m_faults, {}); }
+
   private:
-    using Names = std::vector<std::string>;
+    struct Listing {
+        std::vector<std::string> names;
+        std::error_code error;
+    };
 
     std::vector<fs::path> Descend(const std::vector<fs::path>& folders, const fs::path& segment) {
         std::vector<fs::path> found;
@@ -70,7 +120,10 @@ class NcFileSearch {
     void AppendFitting(const fs::path& folder,
                        const fs::path& pattern,
                        std::vector<fs::path>& found) {
-        for (const std::string& name : ListFolder(folder))
+        const Listing& listing = ListFolder(folder);
+        if (listing.error && !IsNoFolder(listing.error))
+            m_faults.push_back(TextOf(folder, "cannot be listed", listing.error));
+        for (const std::string& name : listing.names)
             if (FitsName(pattern, PathFromUtf8(name)))
                 found.push_back(folder / PathFromUtf8(name));
     }
@@ -78,25 +131,40 @@ class NcFileSearch {
     /// Also true for a name that no folder lists, such as "..", and in a folder that cannot be
     /// listed: the file is then looked for by its name alone.
     bool IsThere(const fs::path& folder, const std::string& name) {
-        const Names& names = ListFolder(folder);
-        return names.empty() || name.empty() || name == "." || name == ".." ||
-               std::binary_search(names.begin(), names.end(), name);
+        const Listing& listing = ListFolder(folder);
+        return listing.error || name.empty() || name == "." || name == ".." ||
+               std::binary_search(listing.names.begin(), listing.names.end(), name);
     }
 
-    const Names& ListFolder(const fs::path& folder) {
+    /// Also a link to nothing: whoever reads it tells. Nothing is left out unseen but folders.
+    bool IsMeant(const fs::path& file) {
+        std::error_code error;
+        const Kind kind = KindOf(file, error);
+        if (kind == Kind::kOther)
+            m_faults.push_back(TextOf(file, "is not a file"));
+        if (kind == Kind::kUnknown)
+            m_faults.push_back(TextOf(file, "cannot be looked at", error));
+        return kind == Kind::kFile || kind == Kind::kLinkToNothing;
+    }
+
+    const Listing& ListFolder(const fs::path& folder) {
         const auto [entry, isNew] = m_folders.try_emplace(folder);
+        auto& [names, error] = entry->second;
         if (isNew) {
-            std::error_code error;
             const fs::path listed = folder.empty() ? fs::path(".") : folder;
-            for (fs::directory_iterator file(listed, error), end; !error && file != end;
-                 file.increment(error))
-                entry->second.push_back(Utf8Of(file->path().filename()));
-            std::sort(entry->second.begin(), entry->second.end());
+            fs::directory_iterator file(listed, error);
+            for (; !error && file != fs::directory_iterator(); file.increment(error))
+                names.push_back(Utf8Of(file->path().filename()));
+            std::sort(names.begin(), names.end());
+            std::error_code ignored;
+            if (error && KindOf(folder, ignored) == Kind::kLinkToNothing)
+                m_faults.push_back(TextOf(folder, "is a link to nothing"));
         }
         return entry->second;
     }
 
-    std::map<fs::path, Names> m_folders;
+    std::map<fs::path, Listing> m_folders;
+    std::vector<std::string> m_faults;
 };
 
 }  // namespace
@@ -113,9 +181,11 @@ NcFilesResult ExpandNcFiles(const Job& job) {
                         path.relative_path().lexically_normal());
         for (const fs::path& file : found)
             files.emplace(Utf8Of(file.lexically_normal()), file);
-        if (found.empty())
-            errors.push_back(
-                {job.file, pattern.line, pattern.column, "no file fits \"" + pattern.text + "\""});
+        std::vector<std::string> faults = search.TakeFaults();
+        if (found.empty() && faults.empty())
+            faults.push_back("no file fits \"" + pattern.text + "\"");
+        for (std::string& fault : faults)
+            errors.push_back({job.file, pattern.line, pattern.column, std::move(fault)});
     }
     if (!errors.empty())
         return errors;

@@ -1,6 +1,10 @@
 #include "job/JobFile.h"
 #include "support/TempFolder.h"
 
+#ifndef _WIN32
+#include <sys/stat.h>
+#endif
+
 namespace {
 
 using job::Job;
@@ -72,18 +76,58 @@ INSTANTIATE_TEST_SUITE_P(Cases,
                          [](const auto& instance) { return std::string(instance.param.name); });
 
 #ifndef _WIN32
-/// Whoever reads the files will tell.
-TEST(NcFileSearchLinks, ALinkToAFileThatIsGoneIsFound) {
-    const TempFolder folder;
-    std::filesystem::create_symlink("gone", folder.PathOf("link.nc1"));
-    Job job;
-    job.file = folder.NameOf("job.toml").toUtf8();
-    job.ncFiles = {
-        {"*.nc1", 1, 7}
-    };
-    const job::NcFilesResult result = ExpandNcFiles(job);
-    ASSERT_EQ(result.index(), 0u);
-    EXPECT_EQ(std::get<0>(result).size(), 1u);
+/// What a search comes across and cannot use: left out unseen, files of the job would be missing.
+struct Obstacle {
+    const char* name;
+    void (*make)(const TempFolder& folder);
+    const char* pattern;
+    const char* fault;  ///< "": the file is found, and whoever reads it tells
+};
+
+void LinkTo(const char* target, const std::filesystem::path& link) {
+    std::filesystem::create_symlink(target, link);
+}
+
+// clang-format off
+const Obstacle kObstacles[] = {
+    {"LinkToNothing", [](const TempFolder& f) { LinkTo("gone", f.PathOf("nc/link.nc1")); }, "nc/l*", ""},
+    {"NameThatIsNoUtf8", [](const TempFolder& f) { f.Write("nc/\xE4\xDF.nc1", ""); }, "nc/??.nc1", ""},
+    {"Pipe", [](const TempFolder& f) { mkfifo(f.PathOf("nc/p.nc1").c_str(), 0600); }, "nc/*",
+     "nc/p.nc1\" is not a file"},
+    {"Loop", [](const TempFolder& f) { LinkTo("o.nc1", f.PathOf("nc/o.nc1")); }, "nc/*",
+     "nc/o.nc1\" cannot be looked at ("},
+    {"LoopInTheWay", [](const TempFolder& f) { LinkTo("o", f.PathOf("o")); }, "*/*.nc1",
+     "o\" cannot be listed ("},
+    {"LoopBeforeAName", [](const TempFolder& f) { LinkTo("o", f.PathOf("o")); }, "*/a.nc1",
+     "o/a.nc1\" cannot be looked at ("},
+    {"LinkToNoFolder", [](const TempFolder& f) { LinkTo("gone", f.PathOf("o")); }, "*/*.nc1",
+     "o\" is a link to nothing"},
+    {"LinkToNoFolderBeforeAName", [](const TempFolder& f) { LinkTo("gone", f.PathOf("o")); }, "*/a.nc1",
+     "o\" is a link to nothing"},
+};
+// clang-format on
+
+TEST(NcFileSearchObstacles, AreFoundOrTold) {
+    for (const Obstacle& obstacle : kObstacles) {
+        SCOPED_TRACE(obstacle.name);
+        const TempFolder folder;
+        std::filesystem::create_directory(folder.PathOf("nc"));
+        folder.Write("nc/a.nc1", "");
+        obstacle.make(folder);
+        Job job;
+        job.file = folder.NameOf("job.toml").toUtf8();
+        job.ncFiles = {
+            {obstacle.pattern, 1, 7}
+        };
+        const job::NcFilesResult result = ExpandNcFiles(job);
+        const auto* errors = std::get_if<1>(&result);
+        ASSERT_EQ(errors == nullptr, obstacle.fault == std::string());
+        if (errors == nullptr)
+            EXPECT_EQ(std::get<0>(result).size(), 1u);
+        else
+            EXPECT_NE(DescribeJobError(errors->front()).find(obstacle.fault), std::string::npos)
+                << DescribeJobError(errors->front());
+    }
 }
 #endif
 
