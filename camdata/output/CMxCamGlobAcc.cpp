@@ -2,6 +2,7 @@
 
 #include "camdata/member/CMxPeilaib.h"
 #include "camdata/member/MemberSorting.h"
+#include "camdata/output/OutputRun.h"
 #include "camdata/platform/host/MxSettings.h"
 #include "camdata/platform/system/Modules.h"
 #include "camdata/project/CProjectInformation.h"
@@ -12,14 +13,36 @@
 
 namespace {
 
+using camdata::detail::MemberLists;
+using camdata::detail::OutputRun;
+
 /// Index in the group table of the group that takes all secondary parts of assemblies.
 constexpr int kSecondaryPartsIndex = 1;
 
 /// Characters of the library's file version that make the product version.
 constexpr long kProductVersionLength = 4;
 
+/// The text of the assertion that a member fails which changes the run that writes it.
+constexpr const char* kNotWriting = "!isWriting()";
+
 bool IsSecondaryPart(const CMxPeilaib& member) {
     return member.getIsPartOfAssy() && !member.getIsMainPart();
+}
+
+/// The first list with the member group ID of `group`; null when there is none.
+CMxPeilaibArr* FindList(const MemberLists& lists, const CMxGroups& group) {
+    for (const auto& list : lists) {
+        if (list->GetGroup().GetMemGroupID() == group.GetMemGroupID())
+            return list.get();
+    }
+    return nullptr;
+}
+
+/// A member may neither begin a list of the run that writes it nor get into one of its lists.
+void CheckNotWriting(const MemberLists& lists, const CMxGroups& group) {
+    const CMxPeilaibArr* list = FindList(lists, group);
+    ZET_ASSERT(!OutputRun::IsWriting(lists), kNotWriting);
+    ZET_ASSERT(list == nullptr || !OutputRun::IsWriting(*list), kNotWriting);
 }
 
 }  // namespace
@@ -49,6 +72,7 @@ void CMxCamGlobAcc::appendFileGroups(ZetArray<CMxFileGroups>& fileGroups) {
 }
 
 void CMxCamGlobAcc::appendFileGroups(ZetArray<CMxFileGroups>&& fileGroups) {
+    ZET_ASSERT(!OutputRun::IsWriting(m_memberLists), kNotWriting);
     m_fileGroups = std::exchange(fileGroups, {});
 }
 
@@ -90,6 +114,7 @@ bool CMxCamGlobAcc::Append(CMxPeilaib* member) {
     if (IsSecondaryPart(*member))
         index = kSecondaryPartsIndex;
     const CMxGroups& group = m_groups[index];
+    CheckNotWriting(m_memberLists, group);
     member->SetSortOrderArr(group.GetSortOrderArr());
     ++m_count;
     ListOf(group).Append(member);
@@ -98,10 +123,8 @@ bool CMxCamGlobAcc::Append(CMxPeilaib* member) {
 
 /// The first list with the member group ID of `group`; a new one when there is none.
 CMxPeilaibArr& CMxCamGlobAcc::ListOf(const CMxGroups& group) {
-    for (const auto& list : m_memberLists) {
-        if (list->GetGroup().GetMemGroupID() == group.GetMemGroupID())
-            return *list;
-    }
+    if (CMxPeilaibArr* list = FindList(m_memberLists, group))
+        return *list;
     m_memberLists.append(std::make_shared<CMxPeilaibArr>(group));
     return *m_memberLists.last();
 }

@@ -50,7 +50,8 @@ class CAMDATA_API CMxCamGlobAcc {
     /// table. Both arrays are taken and left empty.
     void appendGroups(ZetArray<int>& groupIndexMap, ZetArray<CMxGroups>& groups);
     void appendGroups(ZetArray<int>&& groupIndexMap, ZetArray<CMxGroups>&& groups);
-    /// Sets the file groups. The array is taken and left empty.
+    /// Sets the file groups. The array is taken and left empty. While WriteOutPut writes, the
+    /// assertion "!isWriting()" fails, with nothing changed: members hold the files.
     void appendFileGroups(ZetArray<CMxFileGroups>& fileGroups);
     void appendFileGroups(ZetArray<CMxFileGroups>&& fileGroups);
     /// Sets all tolerances and distance limits of CMxGeom, but not the current tolerance.
@@ -77,7 +78,8 @@ class CAMDATA_API CMxCamGlobAcc {
     /// the first one's group; equal members are not merged. Always true.
     ///
     /// A group ID outside the index map, and an index outside the group table, fail the assertion
-    /// "isValid( index )"; nothing has changed then.
+    /// "isValid( index )"; while WriteOutPut writes the lists of this accumulator, or the member's
+    /// list of another that shares it, "!isWriting()" fails. Nothing has changed then.
     bool Append(CMxPeilaib* member);
     /// Orders the lists by member group ID, and the members of each by CMxPeilaib::compare; those
     /// that compare equal keep their order. Sets the current tolerance to m_EPS when a list has two
@@ -99,8 +101,11 @@ class CAMDATA_API CMxCamGlobAcc {
     ///
     /// Sorts the members as SortPeilaibArr. Fewer than four file groups, a member group ID outside
     /// the group table, a file group ID outside the file groups, and additional information without
-    /// any block fail the assertion "isValid( index )". Then, and when a member raises an
-    /// error, the files stay open.
+    /// any block fail the assertion "isValid( index )". Then, and when a member raises an error,
+    /// the files are closed and the additional information is as before: the next WriteOutPut
+    /// begins anew. What members were given stays theirs, the entries to nest among it.
+    ///
+    /// A member that is being written must neither end nor assign to the accumulator.
     void WriteOutPut();
     /// Writes the additional information to the file of the file group at 1, at its write position;
     /// opens the file anew when it was closed. Nothing is written when that file group makes no

@@ -1,5 +1,6 @@
 #include "camdata/member/CMxPeilaib.h"
 #include "camdata/output/CMxCamGlobAcc.h"
+#include "camdata/output/OutputRun.h"
 #include "camdata/util/CMxUtil.h"
 
 #include <algorithm>
@@ -69,6 +70,7 @@ void WriteGroup(const CMxPeilaibArr& list,
 void CMxCamGlobAcc::WriteOutPut() {
     ZetFileAccess noErrorFile;
     ZetFileAccess noWarningFile;
+    camdata::detail::OutputRun run(m_memberLists, m_fileGroups, m_addInfo);
     OpenAllFiles();
     ZetFileAccess* const errorFile = OpenFile(kErrorFile, &noErrorFile);
     ZetFileAccess* const warningFile = OpenFile(kWarningFile, &noWarningFile);
@@ -83,8 +85,7 @@ void CMxCamGlobAcc::WriteOutPut() {
         part->PrintSinglePartDetail(filesOfLastList);
     m_addInfo.AppendInfo(secondaryParts);
     WriteAddInfo();
-    for (CMxFileGroups& fileGroup : m_fileGroups)
-        fileGroup.closeFile();
+    run.SetDone();
 }
 
 /// The open file of a file group, `otherwise` when it makes none.

@@ -4,6 +4,7 @@
 #include "camdata/project/CProjectInformationDlg.h"
 
 #include <algorithm>
+#include <cerrno>
 #include <cstddef>
 #include <iterator>
 #include <optional>
@@ -104,6 +105,16 @@ std::optional<std::vector<std::wstring>> ReadEntries(ZetFileAccess& file, std::i
     return std::move(reader).Entries();
 }
 
+/// The content of a settings file.
+ZetString SettingsText(const CProjectInformation& project) {
+    const ZetArray<ZetString> prefixes = project.GetProjInfoArrInFile();
+    ZetString lines;
+    long entry = 0;
+    for (const Setting& setting : kSettings)
+        lines += ZetString::format(L"%s%s\n", prefixes[entry++], (project.*setting.get)());
+    return lines;
+}
+
 }  // namespace
 
 // A program that takes their address looks for them in the library on Windows.
@@ -155,10 +166,10 @@ void CProjectInformation::AppendFileHeaderLine(const ZetString& label, const Zet
 }
 
 std::optional<FileFault> CProjectInformation::WriteSettings() const {
-    ZetString lines;
-    long entry = 0;
-    for (const Setting& setting : kSettings)
-        lines += ZetString::format(L"%s%s\n", m_projInfoArrInFile[entry++], (this->*setting.get)());
+    // A record that names no file needs no prefixes either.
+    const ZetString lines = m_projFileName.isEmpty() ? ZetString() : SettingsText(*this);
+    if (lines.length() > kMaxSettingsLength)
+        return FileFault{m_projFileName, ZetFileFault::Operation::kWrite, EFBIG};
     ZetFileAccess file;
     if (file.Open(m_projFileName, L"w")) {
         file.Write(lines);

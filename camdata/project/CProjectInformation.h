@@ -47,12 +47,13 @@ class CAMDATA_API CProjectInformation {
     /// file cannot be read to its end, and when it has more than kMaxSettingsLength characters. A
     /// file that cannot be opened changes nothing and gives true.
     bool GetDetailFromFile();
-    /// The most characters that a settings file may have.
+    /// The most characters that a settings file may have, to be read and to be written.
     static constexpr long kMaxSettingsLength = 4L * 1024 * 1024;
     /// Writes the settings file that GetProjFileName names: a line per entry, its prefix and its
     /// value, in the order in which GetDetailFromFile reads them. What went wrong; nothing: all was
-    /// written. Fewer than eight prefixes fail the assertion "isValid( index )", and nothing is
-    /// written.
+    /// written. With more than kMaxSettingsLength characters that is EFBIG, and the file stays as
+    /// it is. Fewer than eight prefixes fail the assertion "isValid( index )", unless no file is
+    /// named, and nothing is written.
     std::optional<FileFault> WriteSettings() const;
 
     /// Adds a header entry to the gathered header lines: the comment mark, the label filled up to

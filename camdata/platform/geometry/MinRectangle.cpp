@@ -13,8 +13,11 @@ using Points = std::vector<ZetGeomPoint2d>;
 /// an outline given as chords must not get a crooked rectangle for the sake of a hair's breadth.
 constexpr double kUprightAllowance = 0.05;
 
-/// Areas that differ by less, relatively, count as equal: the first one found stays.
-constexpr double kEqualAreas = 1e-9;
+/// Areas, and lengths, that differ by less, relatively, count as equal.
+constexpr double kEqual = 1e-9;
+
+/// Edges whose directions differ by less, in radians, go on in one.
+constexpr double kSameDirection = 1e-9;
 
 /// Appends the lower hull of sorted points, without its last point.
 template <typename Iterator>
@@ -61,6 +64,11 @@ struct Frame {
     }
 };
 
+/// The edge from a vertex of the hull to the next; positions count on beyond the last vertex.
+ZetGeomVector2d EdgeAt(const Points& hull, std::size_t at) {
+    return hull[(at + 1) % hull.size()] - hull[at % hull.size()];
+}
+
 /// Moves `at` on along the hull while the next vertex lies further in `direction`.
 void AdvanceTo(const Points& hull, std::size_t& at, const ZetGeomVector2d& direction) {
     for (std::size_t steps = 0; steps < hull.size(); ++steps) {
@@ -71,16 +79,16 @@ void AdvanceTo(const Points& hull, std::size_t& at, const ZetGeomVector2d& direc
     }
 }
 
-/// The smallest rectangle of those that have a side along an edge of the hull. The three far
-/// vertices only ever move on while the edge turns once around: linear time (rotating calipers).
-Frame SmallestAlongAnEdge(const Points& hull) {
-    Frame best;
-    double bestArea = std::numeric_limits<double>::infinity();
+/// The rectangle along each edge of the hull. The three far vertices only ever move on while the
+/// edge turns once around: linear time (rotating calipers).
+std::vector<Frame> FramesAlongEdges(const Points& hull) {
+    std::vector<Frame> frames;
+    frames.reserve(hull.size());
     std::size_t right = 0;
     std::size_t top = 0;
     std::size_t left = 0;
     for (std::size_t i = 0; i < hull.size(); ++i) {
-        const ZetGeomVector2d edge = hull[(i + 1) % hull.size()] - hull[i];
+        const ZetGeomVector2d edge = EdgeAt(hull, i);
         const double length = edge.length();
         const ZetGeomVector2d u = {edge.x / length, edge.y / length};
         const ZetGeomVector2d v = {-u.y, u.x};
@@ -96,13 +104,72 @@ Frame SmallestAlongAnEdge(const Points& hull) {
         const auto along = [&](const ZetGeomVector2d& axis, std::size_t at) {
             return axis.x * hull[at].x + axis.y * hull[at].y;
         };
-        const Frame frame = {u, along(u, left), along(u, right), along(v, i), along(v, top)};
-        if (frame.Area() < bestArea * (1.0 - kEqualAreas)) {
-            best = frame;
-            bestArea = frame.Area();
-        }
+        frames.push_back({u, along(u, left), along(u, right), along(v, i), along(v, top)});
     }
-    return best;
+    return frames;
+}
+
+/// Edges of the hull that go on in one direction. Whether a vertex between them is there at all is
+/// up to the last digit of its numbers.
+struct Side {
+    std::size_t first = 0;  ///< edge
+    double length = 0.0;
+};
+
+bool GoesOn(const ZetGeomVector2d& edge, const ZetGeomVector2d& next) {
+    return edge.dot(next) > 0.0 &&
+           edge.cross(next) <= kSameDirection * edge.length() * next.length();
+}
+
+std::vector<Side> SidesOf(const Points& hull) {
+    const std::size_t count = hull.size();
+    std::size_t corner = 0;
+    while (corner + 1 < count && GoesOn(EdgeAt(hull, corner + count - 1), EdgeAt(hull, corner)))
+        ++corner;
+    std::vector<Side> sides;
+    for (std::size_t i = corner; i < corner + count; ++i) {
+        if (i == corner || !GoesOn(EdgeAt(hull, sides.back().first), EdgeAt(hull, i)))
+            sides.push_back({i % count, 0.0});
+        sides.back().length += EdgeAt(hull, i).length();
+    }
+    return sides;
+}
+
+/// The side that the outline comes to first, by the vertices where the sides begin.
+std::size_t FirstOf(const std::vector<Side>& sides, const Points& hull, const Points& outline) {
+    const auto isBefore = [&](const ZetGeomPoint2d& a, const ZetGeomPoint2d& b) {
+        return a.x < b.x || (a.x == b.x && a.y < b.y);
+    };
+    Points starts;
+    for (const Side& side : sides)
+        starts.push_back(hull[side.first]);
+    std::sort(starts.begin(), starts.end(), isBefore);
+    const auto first = std::find_if(outline.begin(), outline.end(), [&](const auto& point) {
+        return std::binary_search(starts.begin(), starts.end(), point, isBefore);
+    });
+    const auto side = std::find_if(sides.begin(), sides.end(), [&](const Side& each) {
+        return first != outline.end() && hull[each.first] == *first;
+    });
+    return (side == sides.end() ? sides.front() : *side).first;
+}
+
+/// The smallest rectangle of those that have a side along an edge of the hull. Of equal ones that
+/// along the longest side, then that whose side the outline comes to first: the same however the
+/// outline is turned.
+Frame SmallestAlongAnEdge(const Points& hull, const Points& outline) {
+    const std::vector<Frame> frames = FramesAlongEdges(hull);
+    std::vector<Side> sides = SidesOf(hull);
+    double least = std::numeric_limits<double>::infinity();
+    for (const Side& side : sides)
+        least = std::min(least, frames[side.first].Area());
+    std::erase_if(sides, [&](const Side& side) {
+        return frames[side.first].Area() > least * (1.0 + kEqual);
+    });
+    double longest = 0.0;
+    for (const Side& side : sides)
+        longest = std::max(longest, side.length);
+    std::erase_if(sides, [&](const Side& side) { return side.length < longest * (1.0 - kEqual); });
+    return frames[FirstOf(sides, hull, outline)];
 }
 
 Frame UprightFrame(const Points& points) {
@@ -129,7 +196,7 @@ ZetGeomAugPolygon ZetGeomAugPolygon::getMinRectangle() const {
     const Points points(m_vertices.begin(), m_vertices.end());
     const Frame upright = UprightFrame(points);
     const Points hull = ConvexHull(points);
-    const Frame turned = hull.size() < 3 ? upright : SmallestAlongAnEdge(hull);
+    const Frame turned = hull.size() < 3 ? upright : SmallestAlongAnEdge(hull, points);
     const bool takesUpright =
         upright.Area() - turned.Area() <= kUprightAllowance * upright.Perimeter();
     rectangle.m_vertices = (takesUpright ? upright : turned).Corners();

@@ -27,7 +27,10 @@ class CAMDATA_API ZetGeomAugPolygon {
 
     /// The smallest rectangle around the polygon, counter-clockwise. The one that is parallel to
     /// the axes is taken when its area exceeds the least by at most 0.05 times its perimeter, and
-    /// is then made of the polygon's own coordinates. Empty when a coordinate is not finite.
+    /// is then made of the polygon's own coordinates. Of others whose areas are equal within 1e-9,
+    /// relatively, it is the one along the longest side of the convex hull, then the one whose side
+    /// the vertices come to first, counter-clockwise: the same however the polygon is turned, but
+    /// not for its mirror image. Empty when a coordinate is not finite.
     ZetGeomAugPolygon getMinRectangle() const;
 
     /// The pieces of this rectangle that `outline` leaves free: ordered by the lowest X, then the

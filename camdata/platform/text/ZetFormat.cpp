@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <array>
+#include <bit>
 #include <charconv>
 #include <cmath>
 #include <cstdlib>
@@ -21,7 +22,8 @@ struct NumberText {
     NumberBuffer buffer;
     std::size_t length = 0;
     bool isNegative = false;
-    bool zeroPadded = false;  ///< fill the width with zeros after the sign
+    bool zeroPadded = false;  ///< fill the width with zeros after sign and prefix
+    bool hasPrefix = false;   ///< begins with "0x", which counts for the width
 
     void Append(char c) { buffer[length++] = c; }
     void Insert(std::size_t at, char c) {
@@ -53,11 +55,21 @@ void AppendSign(std::wstring& text, bool isNegative, const FormatConversion& con
         text.push_back(L' ');
 }
 
+wchar_t CapitalLetter(wchar_t c) {
+    return c >= L'a' && c <= L'z' ? static_cast<wchar_t>(c - L'a' + L'A') : c;
+}
+
+wchar_t SmallLetter(wchar_t c) {
+    return c >= L'A' && c <= L'Z' ? static_cast<wchar_t>(c - L'A' + L'a') : c;
+}
+
 void AppendNumber(std::wstring& text,
                   const NumberText& number,
                   const FormatConversion& conversion) {
     const std::size_t start = text.size();
     AppendSign(text, number.isNegative, conversion);
+    if (number.hasPrefix)
+        text.append(L"0x");
     const std::size_t used = text.size() - start + number.length;
     const auto width = static_cast<std::size_t>(conversion.width);
     if (number.zeroPadded && !conversion.leftAligned && used < width)
@@ -66,29 +78,46 @@ void AppendNumber(std::wstring& text,
     const std::size_t end = text.size();
     text.resize(end + number.length);
     std::copy_n(number.buffer.begin(), number.length, text.data() + end);
+    if (conversion.letter >= L'A' && conversion.letter <= L'Z')
+        std::transform(text.begin() + static_cast<std::ptrdiff_t>(start),
+                       text.end(),
+                       text.begin() + static_cast<std::ptrdiff_t>(start),
+                       CapitalLetter);
     PadTo(text, start, conversion);
 }
 
-/// The value that `%u` prints: a negative number as the bits of 32-bit integer where it fits one.
+/// The value that `%u` and its like print: a negative number as the bits of 32-bit integer where it
+/// fits one.
 std::uint64_t AsUnsigned(const ZetFormatArg& arg) {
     const std::int64_t value = arg.GetInteger();
     const bool is32Bit = !arg.IsUnsigned() && value < 0 && value >= INT32_MIN;
     return is32Bit ? static_cast<std::uint32_t>(value) : static_cast<std::uint64_t>(value);
 }
 
+int BaseOf(wchar_t letter) {
+    if (SmallLetter(letter) == L'x')
+        return 16;
+    return letter == L'o' ? 8 : 10;
+}
+
 void AppendInteger(std::wstring& text,
                    const ZetFormatArg& arg,
                    const FormatConversion& conversion) {
     NumberText number;
-    const bool printsUnsigned = conversion.letter == L'u';
+    const bool printsUnsigned = conversion.letter != L'd' && conversion.letter != L'i';
+    const int base = BaseOf(conversion.letter);
     number.isNegative = !printsUnsigned && !arg.IsUnsigned() && arg.GetInteger() < 0;
     const std::uint64_t bits =
         printsUnsigned ? AsUnsigned(arg) : static_cast<std::uint64_t>(arg.GetInteger());
     const std::uint64_t magnitude = number.isNegative ? 0 - bits : bits;
     if (magnitude != 0 || conversion.precision != 0)
-        number.Print(magnitude);
+        number.Print(magnitude, base);
     while (number.length < static_cast<std::size_t>(std::max(conversion.precision, 0)))
         number.Insert(0, '0');
+    // The alternate form tells the base by its beginning.
+    if (conversion.alternate && base == 8 && !number.View().starts_with('0'))
+        number.Insert(0, '0');
+    number.hasPrefix = conversion.alternate && base == 16 && magnitude != 0;
     number.zeroPadded = conversion.zeroPadded && conversion.precision < 0;
     FormatConversion signs = conversion;
     if (printsUnsigned)
@@ -136,20 +165,64 @@ void PrintGeneral(NumberText& number, double magnitude, int precision, bool keep
         number.Print(magnitude, std::chars_format::scientific, precision - 1);
 }
 
+/// Without its last bits, rounded half to even.
+std::uint64_t WithoutBits(std::uint64_t value, int count) {
+    if (count == 0)
+        return value;
+    const std::uint64_t half = std::uint64_t{1} << (count - 1);
+    const std::uint64_t rest = value & (2 * half - 1);
+    const std::uint64_t kept = value >> count;
+    return rest > half || (rest == half && kept % 2 == 1) ? kept + 1 : kept;
+}
+
+/// `%a`: the leading bit, a fraction and a power of two, as the value is stored; below 0 the
+/// precision is that of all digits up to the last that is not 0.
+void PrintHexadecimal(NumberText& number, double magnitude, int precision) {
+    constexpr int kFractionBits = 52;
+    constexpr int kFractionDigits = kFractionBits / 4;
+    constexpr int kBias = 1023;
+    constexpr std::uint64_t kLeadingBit = std::uint64_t{1} << kFractionBits;
+    const auto bits = std::bit_cast<std::uint64_t>(magnitude);
+    const int biased = static_cast<int>(bits >> kFractionBits);
+    const std::uint64_t fraction = bits % kLeadingBit;
+    const int needed = fraction == 0 ? 0 : kFractionDigits - std::countr_zero(fraction) / 4;
+    const int digits = std::min(precision < 0 ? needed : precision, kFractionDigits);
+    number.Print(WithoutBits(biased == 0 ? fraction : fraction + kLeadingBit,
+                             4 * (kFractionDigits - digits)),
+                 16);
+    while (number.length <= static_cast<std::size_t>(digits))
+        number.Insert(0, '0');
+    while (number.length <= static_cast<std::size_t>(std::max(precision, 0)))
+        number.Append('0');
+    if (number.length > 1)
+        number.Insert(1, '.');
+    const int exponent = magnitude == 0.0 ? 0 : std::max(biased, 1) - kBias;
+    NumberText power;
+    power.Print(std::abs(exponent));
+    number.Append('p');
+    number.Append(exponent < 0 ? '-' : '+');
+    for (const char c : power.View())
+        number.Append(c);
+    number.hasPrefix = true;
+}
+
 /// The alternate form always has a point.
 void EnsurePoint(NumberText& number) {
     if (number.View().find('.') != std::string_view::npos)
         return;
-    const std::size_t exponent = number.View().find('e');
+    const std::size_t exponent = number.View().find_first_of("ep");
     number.Insert(exponent == std::string_view::npos ? number.length : exponent, '.');
 }
 
 void PrintFinite(NumberText& number, double value, const FormatConversion& conversion) {
     const int precision = conversion.precision < 0 ? 6 : conversion.precision;
-    if (conversion.letter == L'f')
+    const wchar_t letter = SmallLetter(conversion.letter);
+    if (letter == L'f')
         PrintFixed(number, value, precision);
-    else if (conversion.letter == L'e')
+    else if (letter == L'e')
         number.Print(std::abs(value), std::chars_format::scientific, precision);
+    else if (letter == L'a')
+        PrintHexadecimal(number, std::abs(value), conversion.precision);
     else
         PrintGeneral(number, std::abs(value), precision, conversion.alternate);
     if (conversion.alternate)

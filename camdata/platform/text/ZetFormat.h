@@ -19,14 +19,18 @@
 /// | conversion          | argument            |
 /// |---------------------|---------------------|
 /// | `s`                 | wide text           |
-/// | `d`, `i`, `u`       | an integer          |
-/// | `f`, `e`, `g`       | a double            |
+/// | `d`, `i`            | an integer          |
+/// | `u`, `x`, `X`, `o`  | an integer          |
+/// | `f`, `e`, `g`, `a`  | a double            |
+/// | `F`, `E`, `G`, `A`  | a double            |
 /// | `c`                 | a wide character    |
 /// | `%`                 | none                |
 ///
 /// Every conversion but `%%` takes the next argument, whether it fits or not. Digits are those of
-/// the C library in the "C" locale. `%u` prints a negative integer as its 32-bit two's complement
-/// where that holds it. Widths and precisions above kZetFormatMaxField are no conversions.
+/// the C library in the "C" locale. `u`, `x`, `X` and `o` print a negative integer as its 32-bit
+/// two's complement where that holds it. Widths and precisions above kZetFormatMaxField are no
+/// conversions, and neither are `x`, `X`, `o`, `a` and `A` behind the flag blank, which means
+/// nothing there: "50% of" and "10% above" are texts.
 
 /// The largest width or precision of a conversion.
 inline constexpr int kZetFormatMaxField = 4096;
@@ -133,7 +137,8 @@ constexpr bool ReadFlag(wchar_t c, FormatConversion& conversion) {
 
 /// Takes apart the conversion that `text` begins with ("%" included).
 constexpr FormatConversion ParseFormatConversion(std::wstring_view text) {
-    constexpr std::wstring_view kConversions = L"sdiufegc%";
+    constexpr std::wstring_view kConversions = L"sdiuxXofFeEgGaAc%";
+    constexpr std::wstring_view kNoBlank = L"xXoaA";
     FormatConversion conversion;
     std::size_t at = 1;
     while (at < text.size() && ReadFlag(text[at], conversion))
@@ -145,29 +150,32 @@ constexpr FormatConversion ParseFormatConversion(std::wstring_view text) {
         ++at;
     const bool fields =
         conversion.width <= kZetFormatMaxField && conversion.precision <= kZetFormatMaxField;
-    if (at < text.size() && fields && kConversions.find(text[at]) != std::wstring_view::npos)
+    const bool isText =
+        conversion.blankSign && kNoBlank.find(text.substr(at, 1)) != std::wstring_view::npos;
+    if (at < text.size() && fields && !isText &&
+        kConversions.find(text[at]) != std::wstring_view::npos)
         conversion.letter = text[at];
     conversion.length = at < text.size() ? at + 1 : at;
     return conversion;
 }
 
-constexpr bool Fits(wchar_t letter, ZetFormatArg::Kind kind) {
-    switch (letter) {
-        case L's':
-            return kind == ZetFormatArg::Kind::kText;
-        case L'd':
-        case L'i':
-        case L'u':
-            return kind == ZetFormatArg::Kind::kInteger;
-        case L'f':
-        case L'e':
-        case L'g':
-            return kind == ZetFormatArg::Kind::kDouble;
-        case L'c':
-            return kind == ZetFormatArg::Kind::kCharacter;
-        default:
-            return false;
+/// The conversions that take one kind of argument.
+constexpr std::wstring_view LettersOf(ZetFormatArg::Kind kind) {
+    switch (kind) {
+        case ZetFormatArg::Kind::kText:
+            return L"s";
+        case ZetFormatArg::Kind::kInteger:
+            return L"diuxXo";
+        case ZetFormatArg::Kind::kDouble:
+            return L"fFeEgGaA";
+        case ZetFormatArg::Kind::kCharacter:
+            return L"c";
     }
+    return {};
+}
+
+constexpr bool Fits(wchar_t letter, ZetFormatArg::Kind kind) {
+    return LettersOf(kind).find(letter) != std::wstring_view::npos;
 }
 
 /// True when every conversion of `format` is known, and they take all of `kinds` in order.

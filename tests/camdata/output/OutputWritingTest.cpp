@@ -9,7 +9,9 @@
 #include <cerrno>
 #include <deque>
 #include <filesystem>
+#include <functional>
 #include <set>
+#include <stdexcept>
 #include <string>
 #include <utility>
 #include <vector>
@@ -236,6 +238,67 @@ TEST(OutputWritingTest, AdditionalInformationWrittenLaterReplacesTheFile) {
     run.m_accumulator = CMxCamGlobAcc();
     EXPECT_EQ(run.m_folder.Read("info.txt"), "INFO\n" + gap + "all\n" + line);
     EXPECT_EQ(AssertionOf([&] { run.m_accumulator.WriteAddInfo(); }), "isValid( index )");
+}
+
+/// A member that calls the host's code while it is written.
+class CallingMember : public TestMember {
+  public:
+    CallingMember(long groupID, std::function<void()> call) : m_call(std::move(call)) {
+        SetGroupID(groupID);
+    }
+    void WriteMemOutPut(const ZetArray<ZetFileAccess*>&, ZetArray<CMxPeilaib*>&) override {
+        m_call();
+    }
+
+  private:
+    std::function<void()> m_call;
+};
+
+TEST(OutputWritingTest, MembersCannotChangeTheRunThatWritesThem) {
+    JobRun run(Job({kM1}));
+    CMxCamGlobAcc& accumulator = run.m_accumulator;
+    TestMember ofTheSameGroup;
+    ofTheSameGroup.SetGroupID(0);
+    TestMember ofAnotherGroup;
+    ofAnotherGroup.SetGroupID(2);
+    std::vector<std::string> assertions;
+    const auto note = [&](auto call) { assertions.push_back(AssertionOf(call)); };
+    CallingMember member(0, [&] {
+        ZetArray<CMxFileGroups> none;
+        CMxCamGlobAcc copy = accumulator;
+        note([&] { accumulator.Append(&ofTheSameGroup); });
+        note([&] { accumulator.Append(&ofAnotherGroup); });
+        note([&] { copy.Append(&ofTheSameGroup); });
+        note([&] { copy.Append(&ofAnotherGroup); });
+        note([&] { copy.appendFileGroups(none); });
+        note([&] { accumulator.appendFileGroups(none); });
+    });
+    accumulator.Append(&member);
+    accumulator.WriteOutPut();
+    const std::string failed = "!isWriting()";
+    EXPECT_EQ(assertions,
+              (std::vector<std::string>{failed, failed, failed, "none", "none", failed}));
+    EXPECT_EQ(accumulator.GetCount(), 2);
+    EXPECT_EQ(run.m_folder.Read("a.txt"), "A\nG0\nM1 x1\n");
+    accumulator.Append(&ofTheSameGroup);
+    EXPECT_EQ(accumulator.GetCount(), 3);
+}
+
+TEST(OutputWritingTest, AfterAnExceptionTheNextRunBeginsAnew) {
+    JobRun run(Job({kM1, kM2}));
+    bool isFaulty = true;
+    CallingMember member(2, [&] {
+        if (isFaulty)
+            throw std::runtime_error("no");
+    });
+    run.m_accumulator.Append(&member);
+    EXPECT_THROW(run.m_accumulator.WriteOutPut(), std::runtime_error);
+    EXPECT_EQ(run.m_folder.Read("a.txt"), "A\nG0\nM1 x1\nM2 x1\nG2\n");
+    isFaulty = false;
+    run.m_accumulator.WriteOutPut();
+    EXPECT_EQ(run.m_folder.Read("a.txt").substr(0, 17), "A\nG0\nM1 x1\nM2 x1\n");
+    const std::string info = run.m_folder.Read("info.txt");
+    EXPECT_EQ(info.find("M1 "), info.rfind("M1 ")) << info;
 }
 
 TEST(OutputWritingTest, LinkFileNamesOfFileGroups) {

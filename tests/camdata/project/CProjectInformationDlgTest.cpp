@@ -322,6 +322,18 @@ TEST_P(CProjectInformationDlgTest, SavingSettingsTellsWhereOrWhyNot) {
     EXPECT_TRUE(m_boxes.empty());
 }
 
+TEST_P(CProjectInformationDlgTest, WithoutASettingsFileOKKeepsTheEntries) {
+    m_project = CProjectInformation();
+    const auto enter = [](DialogWindow& window) {
+        window.SetText(1101, L"Shed");
+        window.Click(kOK);
+    };
+    EXPECT_EQ(Show(enter), DialogOutcome::kConfirmed);
+    EXPECT_EQ(m_project.GetFileName(), L"Shed");
+    ASSERT_TRUE(m_project.GetSettingsFault());
+    EXPECT_EQ(m_project.GetSettingsFault()->operation, ZetFileFault::Operation::kOpen);
+}
+
 TEST_P(CProjectInformationDlgTest, ErrorsComeOutOfTheDialog) {
     const auto fail = [](auto&&...) -> bool { throw std::runtime_error("of the driver"); };
     BeTheUser(fail);

@@ -2,6 +2,7 @@
 
 #include "camdata/project/CProjectInformation.h"
 
+#include <cerrno>
 #include <string>
 #include <vector>
 
@@ -137,6 +138,24 @@ TEST_F(CProjectInformationTest, ASettingsFileOfManyLinesIsRead) {
     // The last line end is an LF behind the CR.
     EXPECT_TRUE(project.GetFileName().view() ==
                 std::wstring_view(entry).substr(0, entry.size() - 1));
+}
+
+TEST_F(CProjectInformationTest, WhatIsSavedCanBeReadBack) {
+    Project project = ProjectIn(m_folder, 8);
+    project.SetProjFileName(m_folder.NameOf("set.txt"));
+    project.SetProjInfoArrInFile({L"+", L"+", L"+", L"+", L"+", L"+", L"+", L"+"});
+    constexpr long kOthers = 7 * 3 + 2;  // "+-\n", and "+" and "\n" of the comments
+    project.SetMxComments(ZetString(L'x', CProjectInformation::kMaxSettingsLength - kOthers));
+    EXPECT_FALSE(project.WriteSettings());
+    EXPECT_TRUE(project.GetDetailFromFile());
+
+    m_folder.Write("set.txt", "as it was");
+    project.SetMxComments(project.GetMxComments() + L"x");
+    const std::optional<FileFault> fault = project.WriteSettings();
+    ASSERT_TRUE(fault);
+    EXPECT_EQ(fault->fileName, project.GetProjFileName());
+    EXPECT_EQ(fault->systemError, EFBIG);
+    EXPECT_EQ(m_folder.Read("set.txt"), "as it was");
 }
 
 #if defined(__linux__)

@@ -216,6 +216,37 @@ TEST(ZetGeomAugPolygonTest, FindsTheNotchesThatAnOutlineWasMadeFrom) {
     EXPECT_LT(crooked, 300);
 }
 
+/// Of rectangles of one area the choice is the same however the outline lies.
+TEST(ZetGeomAugPolygonTest, TheLeastRectangleTurnsWithItsOutline) {
+    struct Case {
+        const char* name;
+        OutlinePoints outline;
+        double width;          ///< of the rectangle along the side that is chosen
+        ZetGeomPoint2d start;  ///< of that side
+    };
+    // All three rectangles along the sides of a triangle have twice its area.
+    // clang-format off
+    const Case cases[] = {
+        {"longest side", {{0, 0}, {900, 100}, {300, 400}}, std::hypot(900, 100), {0, 0}},
+        {"longest side last", {{300, 400}, {0, 0}, {900, 100}}, std::hypot(900, 100), {0, 0}},
+        {"a vertex on the longest side", {{0, 0}, {450, 50}, {900, 100}, {300, 400}},
+         std::hypot(900, 100), {0, 0}},
+        {"two longest sides", {{0, 0}, {600, 800}, {-800, 600}}, std::hypot(1400, 200), {600, 800}},
+        {"two equal sides", {{1000, 0}, {400, 800}, {0, 0}}, 1000.0, {1000, 0}},
+    };
+    // clang-format on
+    for (const Case& c : cases) {
+        for (int degrees = 3; degrees < 360; degrees += 7) {
+            SCOPED_TRACE(testing::Message() << c.name << " at " << degrees);
+            const OutlinePoints turned = TurnedBy(c.outline, degrees);
+            const OutlinePoints rectangle = Polygon(turned).getMinRectangle().getVertices();
+            EXPECT_NEAR((rectangle[1] - rectangle[0]).length(), c.width, 1e-6);
+            const ZetGeomPoint2d start = TurnedBy({c.start}, degrees)[0];
+            EXPECT_NEAR((rectangle[0] - start).length(), 0.0, 1e-6);
+        }
+    }
+}
+
 TEST(ZetGeomAugPolygonTest, LawsHoldForStars) {
     constexpr unsigned kSeed = 99;
     std::mt19937_64 random(kSeed);

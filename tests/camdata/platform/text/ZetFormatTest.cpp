@@ -30,7 +30,7 @@ TEST(ZetFormatTest, NumbersAreThoseOfTheCLibrary) {
         "%f", "%.0f", "%.1f", "%.2f", "%.3f", "%3.1f", "%-5.1f|", "%8.3f", "%08.2f", "%+.2f",
         "% .2f", "%#.0f", "%-+8.1f", "%e", "%.0e", "%12.4e", "%g", "%.3g", "%#.3g", "%.0g",
         "%-0.1f", "%0.7f", "%015.6g", "%.20f", "%.9f", "%#.10g", "%+09.1f", "%#e", "%#.0e",
-        "%-12g|"};
+        "%-12g|", "%F", "%.3E", "%G", "%+012.3G", "%#.3G"};
     const double values[] = {
         0.0, -0.0, 1.0, -1.0, 0.5, 1.5, 2.5, 0.05, 0.15, 2.675, 1.005, 1e-7, 123456.789, 999999.5,
         0.000123, -250.0, 1e15 / 3, 1e9, 999999999, 1e22, 1e300, -5e-324, 99.995, 0.9999995,
@@ -55,6 +55,54 @@ TEST(ZetFormatTest, Integers) {
     EXPECT_EQ(ZetString::format(L"%08.3d|%-08d|", 5, 5), L"     005|5       |");
 }
 
+TEST(ZetFormatTest, IntegersToOtherBases) {
+    for (const char* format : {"%x",
+                               "%X",
+                               "%#x",
+                               "%#X",
+                               "%08x",
+                               "%#08x",
+                               "%#.4x",
+                               "%-6x|",
+                               "%+x",
+                               "%o",
+                               "%#o",
+                               "%05o",
+                               "%#.0o",
+                               "%#.0x",
+                               "%.3o",
+                               "%#.3o",
+                               "%#6o"})
+        for (const int value : {0, 1, 8, 255, -1, 123456789})
+            EXPECT_EQ(ZetString::formatRuntime(ZetString::fromUtf8(format), value).toUtf8(),
+                      Printed(format, value))
+                << format << " of " << value;
+    EXPECT_EQ(ZetString::formatRuntime(L"%x %o", -1LL - (1LL << 32), 1LL << 33),
+              L"fffffffeffffffff 100000000000");
+}
+
+TEST(ZetFormatTest, HexadecimalDoubles) {
+    struct Case {
+        const wchar_t* format;
+        double value;
+        const wchar_t* expected;
+    };
+    // clang-format off
+    const Case cases[] = {
+        {L"%a", 0.0, L"0x0p+0"},              {L"%a", 1.5, L"0x1.8p+0"},
+        {L"%a", 0.1, L"0x1.999999999999ap-4"},{L"%a", -1e300, L"-0x1.7e43c8800759cp+996"},
+        {L"%a", 5e-324, L"0x0.0000000000001p-1022"}, {L"%A", 0.1, L"0X1.999999999999AP-4"},
+        {L"%.0a", 1.5, L"0x2p+0"},            {L"%.0a", 2.5, L"0x1p+1"},
+        {L"%.1a", 1.96875, L"0x2.0p+0"},      {L"%.1a", 1.53125, L"0x1.8p+0"},
+        {L"%.15a", 1.5, L"0x1.800000000000000p+0"}, {L"%#.0a", 1.0, L"0x1.p+0"},
+        {L"%020.2a|", 2.5, L"0x000000000001.40p+1|"}, {L"%-12.1A|", 1.5, L"0X1.8P+0    |"},
+        {L"%A", kInfinity, L"INF"},           {L"%+10a", kInfinity, L"      +inf"},
+    };
+    // clang-format on
+    for (const Case& c : cases)
+        EXPECT_EQ(ZetString::formatRuntime(c.format, c.value), c.expected);
+}
+
 TEST(ZetFormatTest, TextsAreWideAndPaddedByCharacters) {
     EXPECT_EQ(ZetString::format(
                   L"%s|%-6s|%6s|%.2s|%ls", L"Träger", ZetString(L"öß"), L"öß", L"äöü", L"x"),
@@ -75,12 +123,13 @@ TEST(ZetFormatTest, ForeignFormatsPrintWhatDoesNotFitAsItStands) {
     struct Case { const wchar_t *format, *expected; };
     const Case cases[] = {
         {L"%f|%s|%d|", L"18.000000|web|3|"}, {L"%d|%s|%f", L"%d|web|%f"},
-        {L"%s%s%s%s", L"%sweb%s%s"},         {L"%n%x%p%a %.1f", L"%n%x%p%a 18.0"},
+        {L"%s%s%s%s", L"%sweb%s%s"},         {L"%n%p%q %.1f", L"%n%p%q 18.0"},
         {L"50% of %.0f", L"50% of 18"},      {L"%.0f %", L"18 %"},
         {L"%.0f %-", L"18 %-"},              {L"%*f %.1f", L"%*f 18.0"},
         {L"%1$s %.0f", L"%1$s 18"},          {L"no conversion", L"no conversion"},
         {L"%99999999999f|%.0f", L"%99999999999f|18"},
         {L"%.99999999999f|%.0f", L"%.99999999999f|18"},
+        {L"10% above %.0f % X", L"10% above 18 % X"}, {L"%x %X%X%o", L"%x %X3%o"},
         {L"%.0f %s %d %d %s", L"18 web 3 %d %s"},
     };
     // clang-format on
@@ -91,7 +140,7 @@ TEST(ZetFormatTest, ForeignFormatsPrintWhatDoesNotFitAsItStands) {
 TEST(ZetFormatTest, NoForeignFormatDoesHarm) {
     constexpr unsigned kSeed = 31;
     std::mt19937_64 random(kSeed);
-    const std::wstring alphabet = L"%%%%0123456789-+ #.lhsdiufegcnxp*$a";
+    const std::wstring alphabet = L"%%%%0123456789-+ #.lhsdiufegcnxXoFEGaAp*$q";
     for (int i = 0; i < 50000; ++i) {
         std::wstring format;
         for (std::size_t length = random() % 24; format.size() < length;)
@@ -112,7 +161,7 @@ TEST(ZetFormatTest, FixedFormatsAreCheckedByTheCompiler) {
     static_assert(!FormatTakes(L"%s", {Kind::kInteger}));
     static_assert(!FormatTakes(L"%s %s", {Kind::kText}));
     static_assert(!FormatTakes(L"%s", {Kind::kText, Kind::kText}));
-    static_assert(!FormatTakes(L"%x", {Kind::kInteger}));
+    static_assert(!FormatTakes(L"%p", {Kind::kInteger}));
 }
 
 }  // namespace

@@ -1,0 +1,43 @@
+#pragma once
+
+#include "camdata/output/CMxAddlInfo.h"
+#include "camdata/output/CMxFileGroups.h"
+#include "camdata/output/CMxPeilaibArr.h"
+#include "camdata/platform/base/ZetArray.h"
+
+#include <memory>
+
+namespace camdata::detail {
+
+using MemberLists = ZetArray<std::shared_ptr<CMxPeilaibArr>>;
+
+/// A run of an accumulator while it writes. Its end closes the files, however it comes; a run that
+/// an exception cut off leaves nothing in the additional information.
+///
+/// Members write through code of the host, which may call the accumulator back: the runs that are
+/// under way know what must not change then. The library is used from one thread.
+class OutputRun {
+  public:
+    /// All that it refers to must outlive the run.
+    OutputRun(const MemberLists& lists, ZetArray<CMxFileGroups>& fileGroups, CMxAddlInfo& info);
+    ~OutputRun();
+    OutputRun(const OutputRun&) = delete;
+    OutputRun& operator=(const OutputRun&) = delete;
+
+    void SetDone() { m_isDone = true; }
+
+    /// A run is under way that writes these lists.
+    static bool IsWriting(const MemberLists& lists);
+    /// The same for one list, which copies of the accumulator may share.
+    static bool IsWriting(const CMxPeilaibArr& list);
+
+  private:
+    const MemberLists& m_lists;
+    ZetArray<CMxFileGroups>& m_fileGroups;
+    CMxAddlInfo& m_info;
+    CMxAddlInfo m_infoBefore;
+    bool m_isDone = false;
+    const OutputRun* m_outer;
+};
+
+}  // namespace camdata::detail
