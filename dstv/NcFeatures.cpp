@@ -113,7 +113,7 @@ void NcParser::ReadNumeration(NcTokens& tokens) {
     else
         m_notes.Note(text.line, L"text without a height");
     text.rule = tokens.TakeGlued("rz");
-    text.text = DecodeText(tokens.GetRest());
+    text.text = TextAt(tokens.GetLine(), tokens.GetRest());
     m_part.numerations.push_back(std::move(text));
 }
 
@@ -165,8 +165,8 @@ void NcParser::ReadInformation(NcTokens& tokens) {
     const std::size_t colon = std::min(text.find(':'), text.size());
     const std::string_view value = text.substr(std::min(colon + 1, text.size()));
     m_part.information.push_back({tokens.GetLine().number,
-                                  DecodeText(Trimmed(text.substr(0, colon))),
-                                  DecodeText(Trimmed(value))});
+                                  TextAt(tokens.GetLine(), Trimmed(text.substr(0, colon))),
+                                  TextAt(tokens.GetLine(), Trimmed(value))});
 }
 
 }  // namespace dstv

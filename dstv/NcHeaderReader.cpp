@@ -89,7 +89,7 @@ void NcHeaderReader::Read(const NcLine& line) {
 }
 
 ZetString NcHeaderReader::TextOf(const NcLine& line) {
-    const ZetString text = DecodeText(Trimmed(line.text));
+    const ZetString text = TextAt(line, Trimmed(line.text));
     if (line.text.size() > 2 && IsBlank(line.text[1]) && !IsBlank(line.text[0]))
         m_notes.Note(line.number, L"text begins in column 1, where two blanks belong");
     if (text.view().size() > kMaxTextLength)

@@ -1,5 +1,7 @@
 #include "dstv/NcText.h"
 
+#include "camdata/platform/text/Unicode.h"
+
 #include <algorithm>
 #include <array>
 #include <cstddef>
@@ -97,8 +99,7 @@ std::string_view Trimmed(std::string_view text) {
 
 ZetString Quotable(std::string_view bytes) {
     std::wstring text(DecodeText(bytes).view());
-    std::replace_if(
-        text.begin(), text.end(), [](wchar_t c) { return c < 0x20 || c == 0x7F; }, kReplacement);
+    std::replace_if(text.begin(), text.end(), camdata::detail::IsControl, kReplacement);
     if (text.size() > kMaxQuoted)
         text.replace(kMaxQuoted, std::wstring::npos, L"...");
     return ZetString(std::move(text));

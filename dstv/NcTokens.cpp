@@ -3,9 +3,12 @@
 #include "dstv/NcReader.h"
 #include "dstv/NcText.h"
 
+#include "camdata/platform/text/Unicode.h"
+
 #include <algorithm>
 #include <charconv>
 #include <cmath>
+#include <functional>
 #include <string>
 #include <system_error>
 
@@ -81,12 +84,21 @@ void FailAt(const NcLine& line,
             const ZetString& what,
             std::string_view found,
             const ZetString& expected) {
-    const bool isInLine = found.data() >= line.text.data() &&
-                          found.data() <= line.text.data() + line.text.size() && !found.empty();
+    // Of pointers into different texts only std::less knows an order.
+    constexpr std::less_equal<const char*> isUpTo;
+    const bool isInLine = !found.empty() && isUpTo(line.text.data(), found.data()) &&
+                          isUpTo(found.data(), line.text.data() + line.text.size());
     const long column = isInLine ? static_cast<long>(found.data() - line.text.data()) + 1 : 0;
-    throw NcFailure{
-        {{}, line.number, column, what, Quotable(found), expected}
-    };
+    throw NcFailure(NcError{{}, line.number, column, what, Quotable(found), expected});
+}
+
+ZetString TextAt(const NcLine& line, std::string_view bytes) {
+    ZetString text = DecodeText(bytes);
+    if (std::any_of(text.view().begin(), text.view().end(), [](wchar_t c) {
+            return c != L'\t' && camdata::detail::IsControl(c);
+        }))
+        FailAt(line, L"text", bytes, L"a text without control characters");
+    return text;
 }
 
 NcLines::NcLines(std::string_view bytes)
@@ -185,7 +197,7 @@ double NcTokens::TakeNumberOr(double missing) {
 
 char NcTokens::TakeGlued(std::string_view letters) {
     if (IsAtEnd() || m_at != m_tokenEnd ||
-        letters.find(m_line.text[m_at]) == std::string_view::npos)
+        letters.find(LowerCase(m_line.text[m_at])) == std::string_view::npos)
         return 0;
     return TakeLetter();
 }

@@ -2,8 +2,10 @@
 
 #include "dstv/NcNote.h"
 
+#include <exception>
 #include <optional>
 #include <string_view>
+#include <utility>
 
 namespace dstv {
 
@@ -14,7 +16,9 @@ struct NcLine {
 };
 
 /// Raised inside the reader; ParseNc hands the error out.
-struct NcFailure {
+struct NcFailure : std::exception {
+    explicit NcFailure(NcError reason) : error(std::move(reason)) {}
+
     NcError error;
 };
 
@@ -23,6 +27,9 @@ struct NcFailure {
                          const ZetString& what,
                          std::string_view found,
                          const ZetString& expected);
+
+/// A text of a line, decoded. Fails on control characters, tabs apart.
+ZetString TextAt(const NcLine& line, std::string_view bytes);
 
 /// Cuts bytes into lines. LF and CR LF end a line; CR does when the bytes hold no LF at all.
 class NcLines {

@@ -1,5 +1,7 @@
 #include "job/FileNames.h"
 
+#include "camdata/platform/text/Unicode.h"
+
 #include <algorithm>
 #include <iterator>
 #include <string_view>
@@ -56,6 +58,10 @@ std::string FaultOfFileName(const ZetString& name) {
     const std::wstring small = SmallLetters(name);
     if (small.find_first_of(kNoFileNameCharacters) != std::wstring::npos)
         return "a file's name cannot have any of < > : \" / \\ | ? *";
+    if (std::any_of(small.begin(), small.end(), [](wchar_t c) {
+            return camdata::detail::IsControl(c) || camdata::detail::IsLayoutControl(c);
+        }))
+        return "a file's name cannot have control characters";
     if (small.empty() || small.ends_with(L'.') || small.ends_with(L' '))
         return "a file's name cannot be empty nor end with a dot or a blank";
     const std::wstring stem = small.substr(0, small.find(L'.'));

@@ -7,6 +7,7 @@
 #include "camjob/input/NcFolderSearch.h"
 
 #include <memory>
+#include <new>
 #include <optional>
 #include <utility>
 #include <variant>
@@ -16,10 +17,15 @@ namespace camjob {
 namespace {
 
 CheckResult CheckFile(const std::string& name, const CheckRules& rules) {
-    auto result = ReadEntity(name, rules.rules.GetJob());
-    if (auto* error = std::get_if<dstv::NcError>(&result))
-        return std::move(*error);
-    return MakeCheckReport(std::get<dstv::NcFileEntity>(result), rules);
+    try {
+        auto result = ReadEntity(name, rules.rules.GetJob());
+        if (auto* error = std::get_if<dstv::NcError>(&result))
+            return std::move(*error);
+        return MakeCheckReport(std::get<dstv::NcFileEntity>(result), rules);
+    } catch (const std::bad_alloc&) {
+        const ZetString file = ZetString::fromUtf8(name);
+        return dstv::NcError{file, 0, 0, L"file", file, L"more memory: out of memory"};
+    }
 }
 
 void ReportFile(const CheckResult& result, CheckWriter& writer, CheckSummary& summary) {

@@ -7,7 +7,7 @@ namespace camjob {
 
 /// The report for people: tables on one stream, errors as they come on the other.
 ///
-/// Lengths have one decimal. Control characters of a file's texts show as U+FFFD.
+/// Lengths have one decimal. Control characters of a file's texts show as "\u001B".
 class CheckTextWriter : public CheckWriter {
   public:
     CheckTextWriter(OutputStream& out, OutputStream& err) : m_out(out), m_err(err) {}

@@ -1,17 +1,33 @@
 #include "camjob/console/ReportText.h"
 
+#include "camdata/platform/text/Unicode.h"
+
 #include <algorithm>
+#include <string_view>
 #include <utility>
 
 namespace camjob {
 
+namespace {
+
+bool IsEscaped(wchar_t c) {
+    return (camdata::detail::IsControl(c) && c != L'\n') || camdata::detail::IsLayoutControl(c);
+}
+
+}  // namespace
+
 std::string Printable(const ZetString& text) {
-    std::wstring shown(text.view());
-    const auto isControl = [](wchar_t c) {
-        return (c < 0x20 && c != L'\n') || (c >= 0x7F && c < 0xA0);
-    };
-    std::replace_if(shown.begin(), shown.end(), isControl, wchar_t{0xFFFD});
-    return ZetString(shown).toUtf8();
+    ZetString shown;
+    std::wstring_view rest = text.view();
+    while (!rest.empty()) {
+        const auto end = std::find_if(rest.begin(), rest.end(), IsEscaped);
+        const auto plain = static_cast<std::size_t>(end - rest.begin());
+        shown += ZetString(rest.substr(0, plain));
+        if (end != rest.end())
+            shown += ZetString::format(L"\\u%04X", static_cast<long>(*end));
+        rest.remove_prefix(std::min(plain + 1, rest.size()));
+    }
+    return shown.toUtf8();
 }
 
 ZetString OneLine(const ZetString& text) {

@@ -17,6 +17,7 @@
 #include <filesystem>
 #include <fstream>
 #include <map>
+#include <new>
 #include <optional>
 #include <system_error>
 #include <utility>
@@ -58,6 +59,16 @@ class InFolder {
     fs::path m_folder;
     std::map<fs::path, bool> m_known;
 };
+
+/// Of a run that the memory was not enough for; what it found is let go of.
+RunReport ReportWithoutMemory(const RunOptions& options, bool hasBegun) {
+    RunReport report;
+    report.job = options.job;
+    report.folder = options.folder;
+    report.status = hasBegun ? RunStatus::kFailed : RunStatus::kRefused;
+    report.faults.push_back({"", 0, 0, "camjob: out of memory"});
+    return report;
+}
 
 /// One run, step by step. A step that finds the run at its end says so in the report and returns
 /// false.
@@ -104,6 +115,7 @@ class JobRunner {
     const RunSystem& m_system;
     Progress m_progress;
     RunReport m_report;
+    bool m_hasBegun = false;  ///< to make the output
     job::Job m_job;
     std::vector<fs::path> m_ncFiles;
     std::vector<std::string> m_memberFiles;
@@ -112,15 +124,17 @@ class JobRunner {
 };
 
 RunReport JobRunner::Run() {
-    if (!ReadJob())
-        return std::move(m_report);
-    m_report.folder =
-        m_options.folder.empty() ? Utf8FromPath(job::GetOutputFolder(m_job)) : m_options.folder;
     try {
+        if (!ReadJob())
+            return std::move(m_report);
+        m_report.folder =
+            m_options.folder.empty() ? Utf8FromPath(job::GetOutputFolder(m_job)) : m_options.folder;
         RunInFolder();
     } catch (const OutputFailure& failure) {
         Fail(failure.what());
         m_report.DropResults();
+    } catch (const std::bad_alloc&) {
+        m_report = ReportWithoutMemory(m_options, m_hasBegun);
     }
     m_progress.Erase();
     return std::move(m_report);
@@ -149,6 +163,7 @@ void JobRunner::RunInFolder() {
     plugin::JobRun run(m_job, folder);
     if (!PrepareProject(run) || !ReadInput(run))
         return;
+    m_hasBegun = true;
     output.Begin();
     if (!Write(run, output))
         return;
@@ -403,11 +418,20 @@ int RunJob(const RunOptions& options,
            const RunSystem& system,
            OutputStream& out,
            OutputStream& err) {
-    const RunReport report = JobRunner(options, system, err).Run();
-    if (options.asJson)
-        WriteRunJson(report, out);
-    else
-        WriteRunText(report, options.showsNotes, out, err);
+    RunReport report = JobRunner(options, system, err).Run();
+    const auto write = [&] {
+        if (options.asJson)
+            WriteRunJson(report, out);
+        else
+            WriteRunText(report, options.showsNotes, out, err);
+    };
+    try {
+        write();
+    } catch (const std::bad_alloc&) {
+        // The output is there, but not the memory to tell of it.
+        report = ReportWithoutMemory(options, true);
+        write();
+    }
     return report.GetExitCode();
 }
 

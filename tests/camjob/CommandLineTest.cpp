@@ -59,6 +59,7 @@ const Case kCases[] = {
     {"JsonAfterFiles",       {"check", "{}good.nc1", "--json"},     0, "\"schema\"",                      ""                                   },
     {"DashInAName",          {"check", "--", "{}-x.nc1"},           0, "1 file read",                     ""                                   },
     {"LineEndInAName",       {"check", "{}a\nb.nc1"},               2, "1 file refused\n",                "a\uFFFDb.nc1: "                     },
+    {"SteeringName",         {"check", "{}a\x1B\xE2\x80\xAE" "b.nc1"},  2, "1 file refused\n",                "a\\u001B\\u202Eb.nc1: "             },
     {"OutWithoutName",       {"run", "{}job.toml", "--out", ""},    2, "",                                "--out: the folder has no name"      },
     {"NamedLikeACommand",    {"check", "check"},                    2, "1 file refused\n",                "check: "                            },
 };

@@ -231,11 +231,26 @@ TEST(NcReader, DecodesEachTextByItself) {
     EXPECT_EQ(part.header.infoTexts[0], L"Tr\u00E4ger \u20AC\uFFFD");
 }
 
+TEST(NcReader, RefusesControlCharactersInTexts) {
+    for (const std::string& control :
+         {std::string(1, '\0'), std::string("\x1B"), std::string("\f"), std::string("\x7F"),
+          std::string("\xC2\x85")}) {
+        SCOPED_TRACE(testing::PrintToString(control));
+        NcSample sample;
+        sample.mark = "P" + control + "1";
+        const std::string expected =
+            ": text \"P\xEF\xBF\xBD" "1\": expected a text without control characters";
+        EXPECT_EQ(ToldOf(sample.With("EN\n")), "refused 5" + expected + "\n");
+        EXPECT_EQ(ToldOf(NcSample().With("SI\n  v 1.0u 2.0 0.0 10r P" + control + "1\nEN\n")),
+                  "refused 27" + expected + "\n");
+    }
+}
+
 TEST(NcReader, ReadsTextLines) {
     // clang-format off
     struct Case { const char* line; double height; char rule; const wchar_t* text; };
     constexpr Case kCases[] = {
-        {"v 1 2 0.00 20r768",     20.0, 'r', L"768"}, {"v 1u 2 0.00 012   A 1", 12.0, 0, L"A 1"},
+        {"v 1 2 0.00 20r768",     20.0, 'r', L"768"}, {"v 1 2 0.00 10R ABC",    10.0, 'r', L"ABC"}, {"v 1u 2 0.00 012   A 1", 12.0, 0, L"A 1"},
         {"v 1 2 0.00 12 r1",      12.0, 0,   L"r1" }, {"v 1 2 0.00 12zz",       12.0, 'z', L"z"},
         {"v 1 2 0.00",            0.0,  0,   L""   },
     };

@@ -11,6 +11,17 @@ namespace camdata::detail {
 
 inline constexpr char32_t kReplacementCharacter = 0xFFFD;
 
+/// A character that steers whoever shows or reads it instead of standing for something.
+constexpr bool IsControl(wchar_t c) {
+    return (c >= 0 && c < 0x20) || (c >= 0x7F && c < 0xA0);
+}
+
+/// A character that turns the direction of a text or ends its line, though it is none of the above.
+constexpr bool IsLayoutControl(wchar_t c) {
+    return c == 0x061C || c == 0x200E || c == 0x200F || (c >= 0x2028 && c <= 0x202E) ||
+           (c >= 0x2066 && c <= 0x2069);
+}
+
 /// One code point and the bytes that it was read from.
 struct DecodedCharacter {
     char32_t codePoint;
