@@ -9,6 +9,7 @@
 
 #include <algorithm>
 #include <filesystem>
+#include <iterator>
 #include <utility>
 
 namespace camjob {
@@ -59,8 +60,8 @@ std::vector<PageFact> Totals(const RunReport& report) {
         nonStandard += group.result.nonStandard;
     }
     long bars = 0;
-    for (const RunNest& nest : report.nests)
-        bars += nest.result.bars;
+    for (const RunPlan& plan : report.plans)
+        bars += TotalsOf(plan.plan).bars;
     return {
         {"Members",       Text(static_cast<long>(report.members.size())) },
         {"Valid",         Text(valid)                                    },
@@ -68,7 +69,7 @@ std::vector<PageFact> Totals(const RunReport& report) {
         {"With warnings", Text(withWarnings)                             },
         {"Non-standard",  Text(nonStandard)                              },
         {"Pieces",        Text(pieces)                                   },
-        {"Bars",          report.nests.empty() ? "" : Text(bars)         },
+        {"Bars",          report.plans.empty() ? "" : Text(bars)         },
         {"NC files read", Text(report.input.filesRead)                   },
         {"Features",      DescribeAccounts(report.SumAccounts()).toUtf8()},
     };
@@ -91,23 +92,42 @@ PageTable GroupTable(const RunReport& report) {
     return table;
 }
 
-PageTable NestTable(const RunReport& report) {
-    constexpr double kMillimetresAMetre = 1000.0;
+report::PlanBar BarOf(const plugin::ProfilePlan& plan,
+                      const cutting::PlannedBars& bars,
+                      const std::vector<plugin::PieceOnBar>& pieces) {
+    const job::Stock& stock = plan.stocks[bars.stock];
+    report::PlanBar bar;
+    bar.count = static_cast<long>(bars.bars);
+    bar.length = stock.length;
+    bar.gripEnd = stock.gripEnd;
+    bar.offcut = plugin::Millimetres(bars.offCut);
+    bar.isOffcutKept = IsKept(plan, bars);
+    for (const plugin::PieceOnBar& piece : pieces)
+        bar.pieces.push_back({plan.parts[piece.part].mark.toUtf8(),
+                              plugin::Millimetres(piece.position),
+                              plugin::Millimetres(piece.length)});
+    return bar;
+}
+
+/// What the plan saves beside the usual ways to fill bars.
+std::string SummaryOf(const plugin::ProfilePlan& plan) {
     constexpr double kPercent = 100.0;
-    PageTable table = {
-        "Bars",
-        {"Group",                    "Pieces m", "Bars", "Used %", "No plan needs less than", "First-fit-decreasing"},
-        {},
-        ""
-    };
-    for (const RunNest& nest : report.nests)
-        table.rows.push_back({nest.name.toUtf8(),
-                              Number(nest.result.pieceLength / kMillimetresAMetre).toUtf8(),
-                              Text(nest.result.bars),
-                              Number(nest.result.utilisation * kPercent).toUtf8(),
-                              Text(nest.result.lowerBound),
-                              Text(nest.result.firstFit)});
-    return table;
+    return (DescribeCost(plan, plan.plan.cost) + L", " + DescribeProof(plan) + L"; used " +
+            Number(TotalsOf(plan).GetUtilisation() * kPercent) + L" %; longest pieces first: " +
+            DescribeCost(plan, plan.firstFit) + L"; shortest first: " +
+            DescribeCost(plan, plan.given))
+        .toUtf8();
+}
+
+report::CuttingPlan PlanOf(const RunPlan& source) {
+    const plugin::ProfilePlan& plan = source.plan;
+    report::CuttingPlan shown;
+    shown.title = (source.group + L": " + NameOfProfile(plan)).toUtf8();
+    shown.summary = SummaryOf(plan);
+    shown.firstBar = plan.firstBar;
+    for (const cutting::PlannedBars& bars : plan.plan.bars)
+        shown.bars.push_back(BarOf(plan, bars, plugin::BarWalk(plan).Next(bars)));
+    return shown;
 }
 
 /// Names without the folder: the same output in another folder has the same page.
@@ -245,12 +265,13 @@ std::string ReportPage::MakeHtml(const RunReport& report, const CProjectInformat
     m_page.project = ProjectFacts(project);
     m_page.totals = Totals(report);
     m_page.tables = {GroupTable(report),
-                     NestTable(report),
                      FileTable(report),
                      LeftOutTable(report),
                      NoteTable(report),
                      MemberTypeTable(m_job),
                      HoleRuleTable(m_job)};
+    std::transform(
+        report.plans.begin(), report.plans.end(), std::back_inserter(m_page.plans), &PlanOf);
     AddMembers(report);
     return m_page.ToHtml();
 }

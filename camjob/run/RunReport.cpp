@@ -13,7 +13,7 @@ std::string DescribeNote(const RunNote& note) {
 void RunReport::DropResults() {
     members.clear();
     groups.clear();
-    nests.clear();
+    plans.clear();
     files.clear();
 }
 

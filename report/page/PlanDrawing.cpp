@@ -45,7 +45,7 @@ std::string PieceOf(const PlanPiece& piece, double scale) {
 std::string OffcutOf(const PlanBar& bar, double scale) {
     if (bar.offcut <= 0.0)
         return {};
-    const double x = (bar.length - bar.offcut) * scale;
+    const double x = (bar.length - bar.gripEnd - bar.offcut) * scale;
     const double width = bar.offcut * scale;
     const std::string text = Number(bar.offcut, 1);
     return "<g><title>off-cut " + text + " mm" + (bar.isOffcutKept ? ", kept" : "") + "</title>" +
@@ -95,7 +95,7 @@ std::string PlanHtml(const CuttingPlan& plan) {
         longest = std::max(longest, bar.length);
     std::string text =
         Element("h3", plan.title) + Element("p", plan.summary) + "<ol class=\"bars\">\n";
-    long number = 1;
+    long number = plan.firstBar;
     for (const PlanBar& bar : plan.bars) {
         text += BarOf(bar, number, kWidth / longest);
         number += bar.count;

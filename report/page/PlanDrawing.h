@@ -17,7 +17,8 @@ struct PlanBar {
     long count = 1;
     double length = 0.0;
     std::vector<PlanPiece> pieces;  ///< in cutting order
-    double offcut = 0.0;            ///< at the end
+    double gripEnd = 0.0;           ///< at the end; nothing is cut from it
+    double offcut = 0.0;            ///< before it
     bool isOffcutKept = false;
 };
 
@@ -25,6 +26,7 @@ struct PlanBar {
 struct CuttingPlan {
     std::string title;
     std::string summary;  ///< figures in one line
+    long firstBar = 1;    ///< number of the first bar
     std::vector<PlanBar> bars;
 };
 

@@ -11,6 +11,7 @@ struct SampleJob {
     std::string number = "1";     ///< heads every file
     std::string ownFile = "own";  ///< ID and ending of a file besides the usual four
     std::string more;             ///< further lines
+    std::string reports;          ///< further lines of [reports]
     std::string ncFiles = "nc/*.nc1";
 
     std::string Text() const {
@@ -22,7 +23,7 @@ date = 2026-03-02
 
 [reports]
 html = false
-
+)" + reports + R"(
 [project]
 file_name = "s"
 number = ")" + number +

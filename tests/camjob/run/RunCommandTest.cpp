@@ -103,7 +103,7 @@ TEST(RunCommand, RefusesFaultyInputWithAllFaultsAndWritesNothing) {
 TEST(RunCommand, NamesTheFilesOfMembersWithErrors) {
     const TempFolder folder;
     SampleJob job;
-    job.more = "[reports]\nsources = true\n";
+    job.reports = "sources = true\n";
     job.Write(folder);
     EXPECT_EQ(RunJobFile(folder).exitCode, 1);
     ExpectParts(folder.Read("out/s-errors.txt"),
