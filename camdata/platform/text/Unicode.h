@@ -13,7 +13,8 @@ inline constexpr char32_t kReplacementCharacter = 0xFFFD;
 
 /// A character that steers whoever shows or reads it instead of standing for something.
 constexpr bool IsControl(wchar_t c) {
-    return (c >= 0 && c < 0x20) || (c >= 0x7F && c < 0xA0);
+    const auto codeUnit = static_cast<char32_t>(c);  // signed on some systems
+    return codeUnit < 0x20 || (codeUnit >= 0x7F && codeUnit < 0xA0);
 }
 
 /// A character that turns the direction of a text or ends its line, though it is none of the above.
