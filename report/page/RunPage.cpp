@@ -69,9 +69,10 @@ std::string FindingHtml(const DrawnFinding& finding) {
 }
 
 long CountErrors(const std::vector<DrawnFinding>& findings) {
-    return std::count_if(findings.begin(), findings.end(), [](const DrawnFinding& finding) {
+    const auto isError = [](const DrawnFinding& finding) {
         return finding.state == FeatureState::kError;
-    });
+    };
+    return static_cast<long>(std::count_if(findings.begin(), findings.end(), isError));
 }
 
 }  // namespace
