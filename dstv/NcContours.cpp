@@ -21,6 +21,8 @@ constexpr wchar_t kContour[] = L"contour";
 constexpr double kSamePoint = 0.01;
 /// A plane's axes may miss the right angle by this without a note, degrees.
 constexpr double kSkewSlack = 0.1;
+/// Contours may reach beyond their face by this, mm: some headers give sizes in whole mm.
+constexpr double kHeaderRounding = 1.0;
 
 ZetGeomPoint2d PointOf(const NcContourPoint& point) {
     return {point.x, point.q};
@@ -35,6 +37,18 @@ bool RepeatsClosingPoint(const NcOpenOutline& outline, const std::vector<NcConto
     return !contours.empty() && outline.points.size() == 1 && outline.notchLines.empty() &&
            contours.back().place == outline.place &&
            AreSame(contours.back().points.back(), outline.points.front());
+}
+
+/// True when a closed outline is nowhere wider than the rounding of points.
+bool HasNoArea(const Outline& outline) {
+    double twiceArea = 0.0;
+    double perimeter = 0.0;
+    for (std::size_t i = 1; i < outline.size(); ++i) {
+        const ZetGeomVector2d edge = outline[i] - outline[i - 1];
+        twiceArea += (outline[i - 1] - outline.front()).cross(edge);
+        perimeter += edge.length();
+    }
+    return std::abs(twiceArea) <= kSamePoint * perimeter;
 }
 
 bool IsBevelled(const NcContourPoint& point) {
@@ -167,7 +181,32 @@ std::vector<ZetGeomPoint2d> NcParser::CheckedOutline(const NcOpenOutline& outlin
     }
     if (std::any_of(chords.begin(), chords.end(), [](const auto& point) { return point.x < 0.0; }))
         m_notes.Warn(first.number, L"contour with a negative X");
+    if (HasNoArea(chords))
+        m_notes.Warn(first.number, L"contour without area");
     return chords;
+}
+
+/// A negative X is told by itself; what is drawn about X = 0 is judged by its size.
+void NcParser::CheckReach(const NcContour& contour) {
+    const NcFace face = contour.place.face;
+    if (face == NcFace::kPlane)
+        return;
+    ZetGeomPoint2d low;
+    ZetGeomPoint2d high = contour.outline.front();
+    for (const ZetGeomPoint2d& point : contour.outline) {
+        low = {std::min(low.x, point.x), std::min(low.y, point.y)};
+        high = {std::max(high.x, point.x), std::max(high.y, point.y)};
+    }
+    const ZetGeomPoint2d limits = LimitsOf(face);
+    // Flanges of a mitred piece may be longer than its web.
+    const bool isFlange = face == NcFace::kTop || face == NcFace::kBottom;
+    const double mitres = isFlange ? 2.0 * m_part.header.profileHeight : 0.0;
+    const double along = limits.x == 0.0 ? 0.0 : high.x - low.x - limits.x - mitres;
+    const double across = limits.y == 0.0 ? 0.0 : std::max(-low.y, high.y - limits.y);
+    if (std::max(along, across) > kHeaderRounding)
+        m_notes.Warn(contour.line,
+                     ZetString::format(L"%s reaches beyond its face",
+                                       contour.isInternal ? L"opening" : L"outline"));
 }
 
 void NcParser::FinishContour(NcOpenOutline outline) {
@@ -186,6 +225,7 @@ void NcParser::FinishContour(NcOpenOutline outline) {
     contour.outline = CheckedOutline(outline);
     contour.points = std::move(outline.points);
     contour.notchLines = std::move(outline.notchLines);
+    CheckReach(contour);
     m_part.contours.push_back(std::move(contour));
 }
 

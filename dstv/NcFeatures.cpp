@@ -78,7 +78,7 @@ void NcParser::FinishHole(NcHole hole, const NcLine& line) {
     Spend(hole.outline.size(), line);
     if (m_part.holes.size() == kMaxHoles)
         FailAt(line, L"hole", Trimmed(line.text), L"at most 100000 holes in one file");
-    CheckInside(line.number, hole.place, CentreOf(hole), L"hole");
+    CheckHole(line.number, hole.place, CentreOf(hole));
     m_part.holes.push_back(std::move(hole));
 }
 

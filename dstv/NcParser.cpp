@@ -18,6 +18,8 @@ constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 constexpr char kOldEndOfFile = 0x1A;
 
 constexpr wchar_t kAside[] = L"kept beside the NC data, which have no place for it";
+/// The centre of a hole may lie beyond its face by this, mm.
+constexpr double kHoleSlack = 0.5;
 
 bool IsComment(const NcLine& line) {
     return line.text.substr(0, 2) == "**";
@@ -310,25 +312,27 @@ char NcParser::TakeReference(NcTokens& tokens) {
     return m_block.reference;
 }
 
-void NcParser::CheckInside(long line,
-                           const NcPlace& place,
-                           const ZetGeomPoint2d& point,
-                           const wchar_t* what) {
-    constexpr double kSlack = 0.5;
-    if (place.face == NcFace::kPlane)
-        return;
+/// Length and width of a face; 0: not told by the header.
+ZetGeomPoint2d NcParser::LimitsOf(NcFace face) const {
     const NcHeader& header = m_part.header;
     const bool isRound = header.profileCode == L"RO" || header.profileCode == L"RU";
-    const bool isFlange = place.face == NcFace::kTop || place.face == NcFace::kBottom;
+    const bool isFlange = face == NcFace::kTop || face == NcFace::kBottom;
     const double width = isFlange ? header.flangeWidth : header.profileHeight;
     // The front view of a round section is its surface unrolled.
-    const double limit = isRound ? std::max(4.0 * width, kSlack) : width;
-    const bool isAlong = point.x <= header.length + kSlack;
-    const bool isAcross = limit == 0.0 || (point.y >= -kSlack && point.y <= limit + kSlack);
-    if (point.x < 0.0)
-        m_notes.Warn(line, ZetString::format(L"%s with a negative X", what));
+    return {header.length, isRound ? std::max(4.0 * width, kHoleSlack) : width};
+}
+
+void NcParser::CheckHole(long line, const NcPlace& place, const ZetGeomPoint2d& centre) {
+    if (place.face == NcFace::kPlane)
+        return;
+    const ZetGeomPoint2d limits = LimitsOf(place.face);
+    const bool isAlong = centre.x <= limits.x + kHoleSlack;
+    const bool isAcross =
+        limits.y == 0.0 || (centre.y >= -kHoleSlack && centre.y <= limits.y + kHoleSlack);
+    if (centre.x < 0.0)
+        m_notes.Warn(line, L"hole with a negative X");
     else if (!isAlong || !isAcross)
-        m_notes.Warn(line, ZetString::format(L"%s outside of its face", what));
+        m_notes.Warn(line, L"hole outside of its face");
 }
 
 void NcParser::Spend(std::size_t points, const NcLine& line) {

@@ -79,10 +79,8 @@ class NcParser {
     NcPlace PlaceOfPlane(int number);
     NcPlace TakePlace(NcTokens& tokens);
     char TakeReference(NcTokens& tokens);
-    void CheckInside(long line,
-                     const NcPlace& place,
-                     const ZetGeomPoint2d& point,
-                     const wchar_t* what);
+    ZetGeomPoint2d LimitsOf(NcFace face) const;
+    void CheckHole(long line, const NcPlace& place, const ZetGeomPoint2d& centre);
     void Spend(std::size_t points, const NcLine& line);
 
     // Lines that stand for themselves.
@@ -107,6 +105,7 @@ class NcParser {
     void FinishOutline();
     void CloseContour(NcOpenOutline& outline);
     std::vector<ZetGeomPoint2d> CheckedOutline(const NcOpenOutline& outline);
+    void CheckReach(const NcContour& contour);
     void FinishContour(NcOpenOutline outline);
     void FinishMark(NcOpenOutline outline);
     void FinishSection();

@@ -122,7 +122,7 @@ const Case kCases[] = {
      "notch face=web cut=external x=875.000 y=180.000 length=50.000 width=40.000 code=\"N\"\n"
      "trim face=web side=end at=900.000 code=\"SAW\"\nmade=1 "},
     {"TurnedRectangle", kPlate, "500", "AK\n  v 0 0\n  133 0\n  333 200\n  200 200\n  0 0\n", "unclear_cut 23\nrefused=1 "},
-    {"LargerThanTheFace", kZ, "1000", "AK\n  v 0 0\n  1200 0\n  1200 200\n  0 200\n  0 0\n", "unclear_cut 23\nrefused=1 "},
+    {"LargerThanTheFace", kZ, "1000", "AK\n  v 0 0\n  1200 0\n  1200 200\n  0 200\n  0 0\n", "unclear_cut 23\nwarning 23\nrefused=1 "},
     {"CutsNothing", kZ, "1000", "AK\n  v 0 0\n  1000 0\n  1000 200\n  0 200\n  0 0\nAK\n  h 0 0\n  1000 0\n  1000 200\n  0 200\n  0 0\n", "made=2 "},
     {"PlateIsItsOutline", kPlate, "1000", "AK\n  v -100 0\n  100 0\n  100 200\n  -100 200\n  -100 0\nBO\n  v -50 100 18\n",
      "hole face=web x=-50.000 y=100.000 diameter=18.000 depth=0.000 thread=none code=\"H\"\nwarning 23\nwarning 29\nmade=2 "},
