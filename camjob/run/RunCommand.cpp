@@ -30,9 +30,14 @@ namespace {
 
 namespace fs = std::filesystem;
 
+/// Windows finds no folder whose name ends with a slash.
+fs::path WithoutSlash(const fs::path& path) {
+    return path.has_filename() || path == path.root_path() ? path : path.parent_path();
+}
+
 bool IsSameFile(const fs::path& a, const fs::path& b) {
     std::error_code ignored;
-    return fs::equivalent(a, b, ignored);
+    return fs::equivalent(WithoutSlash(a), WithoutSlash(b), ignored);
 }
 
 /// Whether a file stands in a folder, by its own path or by that of the file that it is a link to.

@@ -59,8 +59,11 @@ inline std::string CheckedFile(const std::string& name) {
 /// A report without the part of names that differs from test to test.
 inline std::string WithoutFolder(std::string text, const TempFolder& folder) {
     const std::string path = ArgumentFor(folder, "");
-    for (std::size_t at = text.find(path); at != std::string::npos; at = text.find(path, at))
-        text.erase(at, path.size());
+    std::string withSlashes = path;
+    std::replace(withSlashes.begin(), withSlashes.end(), '\\', '/');
+    for (const std::string& name : {path, withSlashes})
+        for (std::size_t at = text.find(name); at != std::string::npos; at = text.find(name, at))
+            text.erase(at, name.size());
     return text;
 }
 

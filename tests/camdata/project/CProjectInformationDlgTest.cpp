@@ -403,7 +403,8 @@ TEST(CProjectInformationDlgResourceTest, IsADialogOfTheLibrary) {
     std::wstring text = std::to_wstring(controls) + L" controls, " + std::to_wstring(reader.Word());
     text += L" x " + std::to_wstring(reader.Word()) + L": [";
     reader.Skip(2);  // no menu, the usual class
-    text += reader.Name() + L"] " + std::to_wstring(reader.Word()) + L" [";
+    text += reader.Name() + L"] ";
+    text += std::to_wstring(reader.Word()) + L" [";
     reader.Skip(2);
     text += reader.Name() + L"]\n";
     for (int i = 0; i < controls; ++i) {

@@ -68,7 +68,6 @@ TEST(ZetFormatTest, IntegersToOtherBases) {
                                "%o",
                                "%#o",
                                "%05o",
-                               "%#.0o",
                                "%#.0x",
                                "%.3o",
                                "%#.3o",
@@ -77,6 +76,7 @@ TEST(ZetFormatTest, IntegersToOtherBases) {
             EXPECT_EQ(ZetString::formatRuntime(ZetString::fromUtf8(format), value).toUtf8(),
                       Printed(format, value))
                 << format << " of " << value;
+    EXPECT_EQ(ZetString::formatRuntime(L"%#.0o", 0), L"0");  // not so on every system
     EXPECT_EQ(ZetString::formatRuntime(L"%x %o", -1LL - (1LL << 32), 1LL << 33),
               L"fffffffeffffffff 100000000000");
 }
