@@ -2,6 +2,7 @@
 #include "plugin/output/JobRun.h"
 #include "support/TempFolder.h"
 
+#include <charconv>
 #include <cmath>
 #include <map>
 #include <memory>
@@ -22,7 +23,10 @@ struct Row {
     const std::string& operator[](const std::string& column) const { return fields.at(column); }
     /// In 0.001 mm.
     long Length(const std::string& column) const {
-        return std::lround(std::stod((*this)[column]) * 1000.0);
+        const std::string& text = (*this)[column];
+        double value = 0.0;
+        std::from_chars(text.data(), text.data() + text.size(), value);  // whatever the locale
+        return std::lround(value * 1000.0);
     }
 };
 
