@@ -4,6 +4,7 @@
 
 #include "camdata/util/CMxUtil.h"
 
+#include <algorithm>
 #include <limits>
 
 namespace job {
@@ -43,10 +44,9 @@ MemberType AnyMember() {
     member.id = L"members";
     member.type = TypeFromHeader();
     member.limits = NoLimits();
-    for (int type = kUncoveredHole; type < kValidationTypes; ++type)
-        member.SetReportType(type, eReportingWarning);
+    std::fill(member.reports.begin() + kUncoveredHole, member.reports.end(), eReportingWarning);
     for (const ValidationType type : kToldByRecords)
-        member.SetReportType(type, eReportingNonStdSilent);
+        member.reports[type] = eReportingNonStdSilent;
     return member;
 }
 

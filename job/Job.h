@@ -1,6 +1,6 @@
 #pragma once
 
-#include "job/ValidationTypes.h"
+#include "job/FindingTypes.h"
 
 #include "camdata/holes/eHoleFace.h"
 #include "camdata/holes/eHoleShapeType.h"
@@ -10,7 +10,6 @@
 #include "camdata/platform/text/ZetString.h"
 #include "camdata/rules/CMemTypeAndAttrib.h"
 #include "camdata/rules/CMemberValidations.h"
-#include "camdata/rules/eReportingTypes.h"
 
 #include <array>
 #include <cstddef>
@@ -125,18 +124,12 @@ struct MemberType {
     bool isSkipped = false;    ///< its members are left out of the run
     std::size_t group = kFirstOwnGroup;
     CMemTypeAndAttrib type;  ///< the group's position is its record type
-    CMemberValidations limits;
+    CMemberValidations limits;  ///< their report types do not count
     FlangeZero topFlange;
     FlangeZero bottomFlange;
     std::optional<std::size_t> pattern;  ///< position in Job::patterns
     bool areMarksMade = false;           ///< marks and texts become machine records
-    /// Of the checks from kFirstOwnType on.
-    std::array<eReportingTypes, kValidationTypes - kFirstOwnType> ownReports = {
-        eReportingError, eReportingError, eReportingError, eReportingError, eReportingWarning};
-
-    /// What a finding of a check does, one of eValidationTypes or ValidationType.
-    eReportingTypes GetReportType(int check) const;
-    void SetReportType(int check, eReportingTypes report);
+    ReportTypes reports = kDefaultReports;
 };
 
 /// A second hole that is made in one stroke with the first.

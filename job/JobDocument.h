@@ -3,7 +3,6 @@
 #include "job/Job.h"
 #include "job/ValidationTypes.h"
 
-#include <array>
 #include <cstddef>
 #include <optional>
 #include <string>
@@ -145,9 +144,8 @@ struct LimitsTable : PlacedTable {
     std::optional<double> maxLength;
 };
 
-/// By eValidationTypes and ValidationType.
 struct ReportTable {
-    std::array<std::optional<eReportingTypes>, kValidationTypes> types;
+    ReportTypes types = kDefaultReports;
 };
 
 struct MemberTypeTable : PlacedTable {

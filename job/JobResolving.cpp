@@ -399,9 +399,7 @@ MemberType JobMaker::MakeMemberType(const MemberTypeTable& table) {
             "the group of single parts takes its members from the assemblies alone");
     type.type = MakeDimensions(table, type.group);
     type.limits = MakeLimits(table);
-    for (std::size_t check = 0; check < table.report.types.size(); ++check)
-        if (const auto& report = table.report.types[check])
-            type.SetReportType(static_cast<int>(check), *report);
+    type.reports = table.report.types;
     type.areMarksMade = table.areMarksMade;
     type.topFlange = table.topFlange;
     type.bottomFlange = table.bottomFlange;

@@ -1,5 +1,6 @@
 #include "job/JobTables.h"
 
+#include "job/FindingTypes.h"
 #include "job/JobKeys.h"
 #include "job/JobValue.h"
 #include "job/ReportWords.h"
@@ -7,7 +8,9 @@
 #include "camdata/holes/eHoleFace.h"
 
 #include <algorithm>
+#include <array>
 #include <iterator>
+#include <utility>
 
 // The one list of the job file's keys: each row reads its key, and docs/job-file.md lists it.
 
@@ -80,6 +83,7 @@ constexpr Choice<SlopeSource> kSlopeSources[] = {
 
 // eReportingDefault does what a warning does: it needs no word.
 constexpr Choice<eReportingTypes> kReportTypes[] = {
+    {kReportingOff, "off"},
     {eReportingWarning, "warning"},
     {eReportingNonStd, "non_standard"},
     {eReportingNonStdSilent, "non_standard_silent"},
@@ -88,7 +92,7 @@ constexpr Choice<eReportingTypes> kReportTypes[] = {
     {eReportingSecondNonStd, "second_non_standard"},
     {eReportingSecondError, "second_error"},
 };
-static_assert(std::size(kReportTypes) == eReportingSecondError);
+static_assert(std::size(kReportTypes) == eReportingSecondError + 1);
 
 constexpr Choice<Uncovered> kUncoveredActions[] = {
     {Uncovered::kReport, "report"},
@@ -359,39 +363,13 @@ constexpr Key kLimitsKeys[] = {
     Row<LimitsTable, &LimitsTable::maxLength>("max_length", "The longest member (`max_length`).", {.range = kSize, .unit = "mm", .defaultNote = "any length"}),
 };
 
-/// The row of one check's report type; `note` is what a finding is unless the job says otherwise.
-template <int Type>
-constexpr Key Report(const char* name, const char* meaning, const char* note) {
-    return MakeKey<ReportTable, [](ReportTable& table) -> auto& { return table.types[Type]; }>(
-        name, meaning, {.defaultNote = note});
+/// A key for each finding.
+template <std::size_t... Types>
+constexpr auto MakeReportKeys(std::index_sequence<Types...>) {
+    return std::array{MakeKey<ReportTable, [](ReportTable& table) -> auto& { return table.types[Types]; }>(
+        kFindingTypes[Types].name, kFindingTypes[Types].meaning, {})...};
 }
-
-constexpr Key kReportKeys[] = {
-    Report<eValidationNoOfHoles>("holes", "More holes than `max_holes`.", "\"warning\""),
-    Report<eValidationNoOfInternalContours>("internal_contours", "More openings than `max_internal_contours`.", "\"error\""),
-    Report<eValidationNoOfExternalContours>("external_contours", "More notches than `max_external_contours`.", "\"error\""),
-    Report<eValidationMinimumLength>("min_length", "Shorter than `min_length`.", "\"warning\""),
-    Report<eValidationMaximumLength>("max_length", "Longer than `max_length`.", "\"error\""),
-    Report<eValidationFixedLength>("fixed_length", "Not of the fixed pattern's length.", "\"error\""),
-    Report<kUncoveredHole>("uncovered_hole", "No hole rule covers a hole.", "\"error\""),
-    Report<kHoleDistance>("hole_distance", "A hole is too near an edge, an end or a face.", "\"non_standard\""),
-    Report<kHoleInsideSlot>("hole_inside_slot", "A hole lies inside a slot and is left out.", "\"non_standard\""),
-    Report<kExcludedHole>("excluded_hole", "The rule of a hole excludes the member and names no other.", "\"error\""),
-    Report<kMissingPair>("missing_pair", "A hole that must have a second hole has none.", "\"error\""),
-    Report<kMissingGroup>("missing_group", "A hole that must belong to a group belongs to none.", "\"error\""),
-    Report<kDuplicateHole>("duplicate_hole", "A hole repeats another and is left out.", "\"warning\""),
-    Report<kDuplicateNotch>("duplicate_notch", "A notch repeats another and is left out.", "\"warning\""),
-    Report<kUncoveredNotch>("uncovered_notch", "No corner notch describes a notch.", "\"error\""),
-    Report<kFixedPattern>("fixed_pattern", "A hole of the fixed pattern is missing.", "\"error\""),
-    Report<kQuantity>("quantity", "More pieces than `max_quantity`, or none at all.", "\"error\""),
-    Report<kLongerThanStock>("longer_than_stock", "A member to be nested is longer than the stock bar.", "\"error\""),
-    Report<kUncoveredTrim>("uncovered_trim", "No trim covers what an outline leaves away at a whole side of its face.", "\"error\""),
-    Report<kUnclearCut>("unclear_cut", "No operations tell an outline or a saw cut as it is.", "\"error\""),
-    Report<kHoleOutside>("hole_outside", "A hole lies outside of its face or of the member, and is not made.", "\"error\""),
-    Report<kLoneCountersink>("lone_countersink", "A countersink has no hole at its place, or one that has a countersink already, and is not made.", "\"error\""),
-    Report<kUnclearPlane>("unclear_plane", "A plane of its own shows neither the web nor, within the tolerance, a flange: its features count on the face of the view before it.", "\"warning\""),
-};
-static_assert(std::size(kReportKeys) == kValidationTypes);
+constexpr auto kReportKeys = MakeReportKeys(std::make_index_sequence<kValidationTypes>());
 
 constexpr Key kPairKeys[] = {
     Row<PairRule, &PairRule::code>("code", "Text that the second hole's code contains.", {.isRequired = true}),
@@ -532,7 +510,7 @@ constexpr Key kMemberTypeKeys[] = {
     Row<MemberTypeTable, &MemberTypeTable::description>("description", "What the kind is called in full; kept with the type, not printed.", {.defaultNote = "its id"}),
     Row<MemberTypeTable, &MemberTypeTable::shortName>("short_name", "What it is called for short; kept with the type, not printed.", {.defaultNote = "its id"}),
     Row<MemberTypeTable, &MemberTypeTable::limits>("limits", "What a member may have; see the checks in brackets under `report`.", {.defaultNote = "no limits"}),
-    Row<MemberTypeTable, &MemberTypeTable::report>("report", "What a finding of each check does. `warning`: a line in the warnings. `non_standard`: the same, and the member counts as non-standard; `non_standard_silent`: without the line. `error`: a line in the errors, and the member is not made. `second_...`: the same in a list of its own behind the first.", {.defaultNote = "as below"}),
+    Row<MemberTypeTable, &MemberTypeTable::report>("report", "What each finding does. `error`: a line in the errors, and the member is not made. `warning`: a line in the warnings. `off`: neither. `non_standard`: a warning, and the member counts as non-standard; `non_standard_silent`: without the line. `second_...`: the same in a list of its own behind the first.", {.defaultNote = "as below"}),
     Row<MemberTypeTable, &MemberTypeTable::areMarksMade>("marks", "Whether the machine makes marks and texts: records `mark`."),
     Row<MemberTypeTable, &MemberTypeTable::pattern>("fixed_pattern", "The fixed pattern that they must have, by id.", {.defaultNote = "none"}),
 };
@@ -636,15 +614,10 @@ const char* NameOf(NcEncoding encoding) {
     return kNcEncodings[static_cast<std::size_t>(encoding)].word;
 }
 
-const char* NameOfCheck(int check) {
-    return kReportKeys[check].name;
-}
-
 const char* NameOfReport(eReportingTypes report) {
-    const auto* const at =
-        std::find_if(std::begin(kReportTypes), std::end(kReportTypes), [&](const auto& choice) {
-            return choice.value == report;
-        });
+    const auto* const at = std::find_if(std::begin(kReportTypes),
+                                        std::end(kReportTypes),
+                                        [&](const auto& choice) { return choice.value == report; });
     return at == std::end(kReportTypes) ? NameOfReport(eReportingWarning) : at->word;
 }
 

@@ -4,8 +4,7 @@
 
 namespace job {
 
-/// The checks of holes, notches and members that this plug-in adds to the library's six. Their
-/// findings have report types of their own in CMemberValidations.
+/// The checks of holes, notches and members that the plug-in adds to the library's six.
 enum ValidationType : int {
     kUncoveredHole = 6,     ///< no hole rule covers a hole
     kHoleDistance = 7,      ///< a hole is too near an edge, an end or a face
@@ -19,7 +18,6 @@ enum ValidationType : int {
     kFixedPattern = 15,     ///< a hole of the fixed pattern is missing
     kQuantity = 16,         ///< more pieces than a member may have, or none
     kLongerThanStock = 17,  ///< a member to be nested is longer than the stock
-    // From here on CMemberValidations has no place for the report type: see MemberType.
     kUncoveredTrim = 18,    ///< no trim covers what an outline leaves away at a whole side
     kUnclearCut = 19,       ///< no operations tell an outline, or a cut, as it is
     kHoleOutside = 20,      ///< a hole lies outside of its face or of the member
@@ -27,11 +25,9 @@ enum ValidationType : int {
     kUnclearPlane = 22,     ///< a plane shows neither the web nor a flange for certain
 };
 
-inline constexpr int kFirstOwnType = kUncoveredTrim;
 inline constexpr int kValidationTypes = kUnclearPlane + 1;
 
 static_assert(kUncoveredHole == static_cast<int>(eValidationFirstFeature));
 static_assert(kLongerThanStock == static_cast<int>(eValidationLastFeature));
-static_assert(kFirstOwnType == kLongerThanStock + 1);
 
 }  // namespace job

@@ -301,7 +301,7 @@ void AddNotches(const ZetArray<CNotchAddInfo>& notches,
 long CountWarnings(const std::vector<plugin::Finding>& findings) {
     return static_cast<long>(
         std::count_if(findings.begin(), findings.end(), [](const plugin::Finding& finding) {
-            return !finding.IsError() && finding.report != eReportingNonStdSilent;
+            return !finding.IsError() && finding.IsPrinted();
         }));
 }
 

@@ -69,10 +69,10 @@ Json ToJson(const plugin::Feature& feature) {
 
 Json ToJson(const plugin::Finding& finding, const std::string& file) {
     return {
-        {"type",     job::NameOfCheck(finding.type)                             },
+        {"type",     job::kFindingTypes[finding.type].name                      },
         {"report",   job::NameOfReport(finding.report)                          },
         {"text",     finding.text.toUtf8()                                      },
-        {"rule",     finding.rule.isEmpty() ? Json() : Json(finding.rule.toUtf8())},
+        {"rule",     finding.rule.toUtf8()},
         {"required", OrNull(finding.required)                                   },
         {"found",    OrNull(finding.found)                                      },
         {"feature",  finding.feature ? ToJson(*finding.feature) : Json()        },

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "job/ValidationTypes.h"
+#include "job/FindingTypes.h"
 #include "plugin/ledger/Feature.h"
 
 #include "camdata/platform/text/ZetString.h"
@@ -18,7 +18,7 @@ struct Finding {
     int type = 0;  ///< eValidationTypes, or job::ValidationType
     eReportingTypes report = eReportingWarning;
     ZetString text = {};  ///< one line, without indentation
-    ZetString rule = {};  ///< id of the job's rule that counts, "": none
+    ZetString rule = {};  ///< id of the job's rule that judged, or of the member type
     std::optional<double> required = {};
     std::optional<double> found = {};
     std::optional<Feature> feature = {};  ///< nothing: the member as a whole
@@ -26,6 +26,10 @@ struct Finding {
     bool isRefusal = false;
 
     bool IsError() const { return report == eReportingError || report == eReportingSecondError; }
+    /// It stands in the file of errors or in that of warnings.
+    bool IsPrinted() const {
+        return report != job::kReportingOff && report != eReportingNonStdSilent;
+    }
 };
 
 /// What somebody should know of a feature, although nothing is wrong with it.

@@ -164,7 +164,7 @@ void JobMember::FileDistances(const CHoleAddlInfo& hole, const ZetArray<ZetStrin
     ZetArray<ZetString> printed;
     for (const ZetString& line : lines)
         printed.append(WithoutNegativeZeros(line));
-    AppendMsg_VT(ReportTypeOf(job::kHoleDistance), printed);
+    Tell(job::kHoleDistance, printed);
     // The first line names the hole.
     for (long i = 1; i < lines.length(); ++i)
         RecordFinding({.type = job::kHoleDistance,

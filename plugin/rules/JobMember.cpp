@@ -1,6 +1,5 @@
 #include "plugin/rules/JobMember.h"
 
-#include "plugin/rules/BarStock.h"
 #include "plugin/rules/CircularOpenings.h"
 #include "plugin/rules/FlangeZero.h"
 #include "plugin/rules/NegativeZeros.h"
@@ -12,9 +11,7 @@
 #include "camdata/util/ReportIndent.h"
 
 #include <algorithm>
-#include <array>
 #include <cstddef>
-#include <iterator>
 #include <utility>
 
 namespace plugin {
@@ -23,28 +20,6 @@ namespace {
 
 ZetString Indented(const ZetString& text) {
     return MemberLineIndent() + text;
-}
-
-/// What tells the library's lines about limits apart; the first that fits.
-struct LimitLine {
-    const wchar_t* fragment;
-    eValidationTypes type;
-};
-constexpr LimitLine kLimitLines[] = {
-    {L"No of holes",           eValidationNoOfHoles           },
-    {L"Internal contours",     eValidationNoOfInternalContours},
-    {L"external contours",     eValidationNoOfExternalContours},
-    {L"should not be greater", eValidationMaximumLength       },
-    {L"is less than",          eValidationMinimumLength       },
-    {L"should be",             eValidationFixedLength         },
-};
-
-int TypeOfLine(const ZetString& line) {
-    const auto* const row =
-        std::find_if(std::begin(kLimitLines), std::end(kLimitLines), [&](const LimitLine& each) {
-            return line.contains(each.fragment);
-        });
-    return row == std::end(kLimitLines) ? eValidationNoOfHoles : row->type;
 }
 
 /// The lines under their heading; nothing without one.
@@ -67,6 +42,8 @@ JobMember::JobMember(const JudgingRules& rules, const job::MemberType& type, Zet
     m_weightPerMetre = header.weightPerMetre;
     CMemberValidations limits = type.limits;
     limits.SetPartofAssy(rules.IsPartOfAssembly(header.mark));
+    for (int check = 0; check < job::kUncoveredHole; ++check)
+        limits.SetReportType(static_cast<eValidationTypes>(check), ReportTypeOf(check));
     SetMemObjects(type.type, std::move(limits));
     SetNCObjects(&creator);
     m_ledger = Ledger(FeaturesOf(m_structure));
@@ -106,54 +83,6 @@ void JobMember::ValidateMember() {
     CheckStockLength();
 }
 
-/// The checks of the library, whose lines become findings of ours too.
-void JobMember::CheckLimits() {
-    const std::array lists = {&m_errors, &m_warnings};
-    std::array<long, 2> before{};
-    for (std::size_t i = 0; i < lists.size(); ++i)
-        before[i] = lists[i]->length();
-    CMxPeilaib::ValidateMember();
-    for (std::size_t i = 0; i < lists.size(); ++i)
-        for (long line = before[i]; line < lists[i]->length(); ++line)
-            RecordFinding(
-                {.type = TypeOfLine((*lists[i])[line]), .text = (*lists[i])[line].trimmedLeft()});
-}
-
-void JobMember::CheckQuantity() {
-    const long most = GetJob().maximumQuantity;
-    m_hasPieces = GetQty() > 0;
-    if (!m_hasPieces)
-        FileFinding(
-            {.type = job::kQuantity,
-             .text = ZetString::format(L"Quantity (%d): there is nothing to make", GetQty()),
-             .required = 1.0,
-             .found = static_cast<double>(GetQty())});
-    if (GetQty() > most)
-        FileFinding({.type = job::kQuantity,
-                     .text = ZetString::format(L"Quantity (%d) is above %d", GetQty(), most),
-                     .required = static_cast<double>(most),
-                     .found = static_cast<double>(GetQty())});
-}
-
-void JobMember::CheckStockLength() {
-    const std::vector<job::Stock> stocks = StocksFor(GetJob(), GetProfileName());
-    const job::Stock& longest = LongestOf(stocks);
-    const double usable = UsableLength(longest);
-    CMxGeom::SetTol(eTolEPS);
-    if (!GetGroup().isNested || !CMxGeom::IsGreater_Mx(GetLength(), usable))
-        return;
-    const ZetString grips =
-        usable < longest.length ? ZetString::format(L", of which %.0f can be used", usable) : L"";
-    FileFinding({.type = job::kLongerThanStock,
-                 .text = ZetString::format(
-                     L"Member length (%.1f) is greater than the stock length %.0f%s",
-                     GetLength(),
-                     longest.length,
-                     grips),
-                 .required = usable,
-                 .found = GetLength()});
-}
-
 // ---- findings -----------------------------------------------------------------------------------
 
 std::optional<Feature> JobMember::FeatureOf(long tag) const {
@@ -161,16 +90,23 @@ std::optional<Feature> JobMember::FeatureOf(long tag) const {
     return feature == nullptr ? std::nullopt : std::optional(*feature);
 }
 
+void JobMember::Tell(int type, const ZetArray<ZetString>& lines) {
+    if (ReportTypeOf(type) != job::kReportingOff)
+        AppendMsg_VT(ReportTypeOf(type), lines);
+}
+
 void JobMember::RecordFinding(Finding finding) {
     finding.text = WithoutNegativeZeros(finding.text);
     finding.report = ReportTypeOf(finding.type);
+    if (finding.rule.isEmpty())
+        finding.rule = m_type.id;
     if (finding.feature && (finding.isRefusal || finding.IsError()))
         m_ledger.Claim(finding.feature->tag, Account::kRefused);
     m_findings.push_back(std::move(finding));
 }
 
 void JobMember::FileFinding(Finding finding) {
-    AppendMsg_VT(ReportTypeOf(finding.type), Indented(WithoutNegativeZeros(finding.text)));
+    Tell(finding.type, {Indented(WithoutNegativeZeros(finding.text))});
     RecordFinding(std::move(finding));
 }
 
@@ -187,7 +123,7 @@ void JobMember::FileNotch(Finding finding, CNotchAddInfo notch) {
     notch.GetErrMsg(lines);
     for (ZetString& line : lines)
         line = WithoutNegativeZeros(line);
-    AppendMsg_VT(ReportTypeOf(finding.type), lines);
+    Tell(finding.type, lines);
     finding.text = ZetString::format(L"%s: notch on %s at (X:%.1f, Y:%.1f)",
                                      finding.text,
                                      notch.GetViewData().GetFaceStrForOutPut(),

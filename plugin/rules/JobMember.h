@@ -49,7 +49,7 @@ struct MemberOutcome {
 /// 5. hole codes (HoleCoding.cpp), pairs (HolePairs.cpp), groups (HoleGroups.cpp)
 /// 6. corner notches, and what is left of the notches (CornerNotches.cpp)
 /// 7. the holes of a fixed pattern (FixedPatterns.cpp)
-/// 8. the library's checks of counts and length, then those of quantity and stock (JobMember.cpp)
+/// 8. the library's checks of counts and length, then those of quantity and stock (Limits.cpp)
 ///
 /// A hole or notch that is not manufactured is invalid, or has another status than
 /// eHoleStatusGroup, eHoleStatusIsPair, eNotchValid or eNotchCornerMatched.
@@ -148,7 +148,11 @@ class JobMember : public CMxPeilaib {
 
     void TellSource(ZetArray<ZetString>& report) const;
 
-    eReportingTypes ReportTypeOf(int type) const { return m_type.GetReportType(type); }
+    eReportingTypes ReportTypeOf(int type) const {
+        return m_type.reports[static_cast<std::size_t>(type)];
+    }
+    /// Lines of a finding of this type for the files of errors and warnings.
+    void Tell(int type, const ZetArray<ZetString>& lines);
     /// Files a finding with its report type, as a line of the member.
     void FileFinding(Finding finding);
     /// Files a finding whose lines stand in the library's lists already, or nowhere.
@@ -218,6 +222,7 @@ class JobMember : public CMxPeilaib {
     static bool IsExpectedHole(const CHoleAddlInfo& hole, const CMxHoles& expected, double x);
 
     void CheckLimits();
+    void CheckLimit(Finding finding);
     void CheckQuantity();
     void CheckStockLength();
 

@@ -206,10 +206,8 @@ TEST(JobFile, LimitsAndReportTypes) {
     EXPECT_EQ(limits.GetMinimumLength(), 300.0);
     EXPECT_EQ(limits.GetMaximumLength(), 12000.0);
     const std::vector<int> wanted = {4, 1, 2, 3, 5, 6, 7, 4, 4, 1, 1, 1, 4, 4, 1, 1, 1, 1};
-    std::vector<int> types;
-    for (int type = 0; type < 18; ++type)
-        types.push_back(limits.GetReportType(static_cast<eValidationTypes>(type)));
-    EXPECT_EQ(types, wanted);
+    const job::ReportTypes& reports = job.memberTypes[0].reports;
+    EXPECT_EQ(std::vector<int>(reports.begin(), reports.begin() + 18), wanted);
 
     const CMemberValidations& none = job.memberTypes[1].limits;
     EXPECT_EQ(none.GetNoOfHoles(), -1);

@@ -18,11 +18,34 @@ std::string ReadFile(const std::string& name) {
     return {std::istreambuf_iterator<char>(stream), {}};
 }
 
+/// The texts of a finding, as code.
+std::string ListTexts(std::string texts) {
+    for (std::size_t end = 0; (end = texts.find('\n', end)) != std::string::npos; end += 6)
+        texts.replace(end, 1, "`<br>`");
+    return '`' + texts + '`';
+}
+
+std::string ListFindings(const job::JobKeyTable& table) {
+    std::string text = "Each is " + table.keys.front().value +
+                       ".\n\n| finding | what is said | what it means | what to do | default "
+                       "|\n|---|---|---|---|---|\n";
+    for (std::size_t i = 0; i < table.keys.size(); ++i) {
+        const job::FindingType& type = job::kFindingTypes[i];
+        text += "| `" + table.keys[i].name + "` | " + ListTexts(type.text) + " | " + type.meaning +
+                " | " + type.remedy + " | " + table.keys[i].defaultValue + " |\n";
+    }
+    return text;
+}
+
 std::string ListKeys() {
     std::string text;
     for (const job::JobKeyTable& table : job::ListJobKeys()) {
-        text += "\n### `" + table.title + "`\n\n" + table.meaning +
-                "\n\n| key | value | unit | default | meaning |\n|---|---|---|---|---|\n";
+        text += "\n### `" + table.title + "`\n\n" + table.meaning + "\n\n";
+        if (table.title == "member_type.report") {
+            text += ListFindings(table);
+            continue;
+        }
+        text += "| key | value | unit | default | meaning |\n|---|---|---|---|---|\n";
         for (const job::JobKey& key : table.keys)
             text += "| `" + key.name + "` | " + key.value + " | " + key.unit + " | " +
                     key.defaultValue + " | " + key.meaning + " |\n";
@@ -41,15 +64,13 @@ TEST(JobKeys, AreDocumented) {
         EXPECT_EQ(document, wanted) << "run the tests with UPDATE_GOLDEN=1";
 }
 
-/// The word of what a check does without the job is a note beside its row.
-TEST(JobKeys, DefaultsOfReportTypes) {
-    const char* const words[] = {"", "\"warning\"", "\"non_standard\"", "", "\"error\""};
-    const job::MemberType type;
-    for (const job::JobKeyTable& table : job::ListJobKeys())
-        for (std::size_t i = 0; table.title == "member_type.report" && i < table.keys.size(); ++i)
-            EXPECT_EQ(table.keys[i].defaultValue,
-                      words[type.GetReportType(static_cast<int>(i))])
-                << table.keys[i].name;
+/// The library's own checks do in a job what they do without one.
+TEST(JobKeys, DefaultsOfTheLibrarysChecks) {
+    const CMemberValidations library;
+    for (int check = 0; check < job::kUncoveredHole; ++check)
+        EXPECT_EQ(library.GetReportType(static_cast<eValidationTypes>(check)),
+                  job::kDefaultReports[static_cast<std::size_t>(check)])
+            << job::kFindingTypes[check].name;
 }
 
 /// What is read in the good job is every key.

@@ -125,7 +125,7 @@ inline job::Job SampleJob() {
     job::Job job = job::BuiltInJob();
     job::MemberType& type = job.memberTypes.front();
     for (int check = job::kUncoveredHole; check < job::kValidationTypes; ++check)
-        type.SetReportType(check, eReportingError);
+        type.reports[static_cast<std::size_t>(check)] = eReportingError;
     type.type.SetNameStartPos(0);
     job.areDistancesChecked = false;
     job.uncoveredHoles = {};

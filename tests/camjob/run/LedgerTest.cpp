@@ -3,7 +3,9 @@
 #include "camjob/run/Accounts.h"
 #include "camjob/run/RunReport.h"
 #include "plugin/output/MachineRecordText.h"
+#include "support/FindingText.h"
 
+#include <algorithm>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
@@ -69,7 +71,21 @@ struct Ran {
                                        "--json"});
         exitCode = run.exitCode;
         document = Json::parse(run.out);
+        CheckTexts();
         orders = Read(folder.PathOf("out/s-orders.txt"));
+    }
+
+    /// Each finding is told as the table of findings says.
+    void CheckTexts() const {
+        for (const Json& member : document["members"])
+            for (const Json& finding : member["findings"]) {
+                const auto* const type = std::find_if(
+                    std::begin(job::kFindingTypes),
+                    std::end(job::kFindingTypes),
+                    [&](const job::FindingType& each) { return finding["type"] == each.name; });
+                ASSERT_NE(type, std::end(job::kFindingTypes));
+                EXPECT_TRUE(IsTextOf(*type, finding["text"].get<std::string>())) << finding.dump(1);
+            }
     }
 
     int exitCode;
@@ -182,6 +198,21 @@ TEST(Ledger, QuantityOfNothing) {
         std::string(kJob) + "report = { quantity = \"warning\" }\n");
     EXPECT_EQ(Show(ran), "quantity 0\nnot_made=1 ");
     EXPECT_EQ(ran.exitCode, 0);
+}
+
+TEST(Ledger, WhatIsRefusedWithoutALineIsNoted) {
+    for (const char* report : {"off", "non_standard_silent"}) {
+        const Ran ran(
+            {
+                {"1", nc::Header("P1", kZ, "1000") + "BO\n  v 500 100 99\n  v 600 100 13\n"}
+        },
+            std::string(kJob) + "report = { uncovered_hole = \"" + report + "\" }\n");
+        EXPECT_EQ(Show(ran),
+                  "hole face=web x=600.000 y=100.000 diameter=13.000 depth=0.000 thread=none "
+                  "code=\"H\"\nuncovered_hole 23\nnote 23\nmade=1 refused=1 ");
+        EXPECT_EQ(ran.exitCode, 0);
+        EXPECT_EQ(ran.document["members"][0]["nonStandard"], report != std::string("off"));
+    }
 }
 
 TEST(Ledger, MarksAndTextsAsRecords) {

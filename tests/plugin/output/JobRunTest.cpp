@@ -49,8 +49,7 @@ TEST(JobRun, MembersPartsAndMainPartsInTheirFiles) {
     // clang-format off
     job.assemblies = {{L"M", {{L"A", 1}, {L"B", 1}}}, {L"N", {{L"C", 1}}}};
     // clang-format on
-    job.memberTypes[0].limits.SetReportType(static_cast<eValidationTypes>(job::kQuantity),
-                                            eReportingNonStd);
+    job.memberTypes[0].reports[job::kQuantity] = eReportingNonStd;
     job.maximumQuantity = 50;
     Part a(L"A"), b(L"B"), c(L"C"), d(L"D"), e(L"E"), m(L"M");
     a.Qty(6).Hole(kWebView, 100, 50, 18);

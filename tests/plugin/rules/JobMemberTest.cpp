@@ -1,5 +1,6 @@
 #include "plugin/SamplePart.h"
 #include "plugin/rules/JobMember.h"
+#include "support/FindingText.h"
 
 #include <functional>
 #include <string>
@@ -93,7 +94,7 @@ TEST(JobMember, GroupsAreOfOneRuleAndOneFace) {
 
 struct FindingCase {
     const char* name;
-    job::ValidationType type;
+    int type;  ///< eValidationTypes or job::ValidationType
     void (*setUp)(Job&, Part&);
     const char* lines;
 };
@@ -105,12 +106,21 @@ TEST_P(Finding, GoesWhereItsReportTypeSays) {
     Job job = SampleJob();
     Part part(L"Z1");
     c.setUp(job, part);
+    eReportingTypes& report = job.memberTypes.front().reports[static_cast<std::size_t>(c.type)];
+    report = eReportingError;
     EXPECT_EQ(Judged(job, part).Errors(), c.lines);
-    job.memberTypes.front().limits.SetReportType(static_cast<eValidationTypes>(c.type),
-                                                 eReportingWarning);
-    Judged judged(job, part);
-    EXPECT_EQ(judged.Warnings(), c.lines);
-    EXPECT_EQ(judged.Errors(), "");
+    report = eReportingWarning;
+    const Judged warned(job, part);
+    EXPECT_EQ(warned.Warnings(), c.lines);
+    EXPECT_EQ(warned.Errors(), "");
+    report = job::kReportingOff;
+    const Judged silent(job, part);
+    EXPECT_EQ(silent.Errors() + silent.Warnings(), "");
+    ASSERT_EQ(silent.member->GetFindings().size(), 1u);
+    const plugin::Finding& finding = silent.member->GetFindings().front();
+    EXPECT_EQ(finding.type, c.type);
+    const job::FindingType& type = job::kFindingTypes[c.type];
+    EXPECT_TRUE(IsTextOf(type, finding.text.toUtf8())) << finding.text.toUtf8() << type.text;
 }
 
 void HoleAndRule(Job& job, Part& part) {
@@ -120,6 +130,27 @@ void HoleAndRule(Job& job, Part& part) {
 
 // clang-format off
 const FindingCase kFindingCases[] = {
+    {"Holes", eValidationNoOfHoles, [](Job& job, Part& part) {
+         HoleAndRule(job, part);
+         job.memberTypes[0].limits.SetNoOfHoles(0);
+     },
+     "1 No of holes exceeded the maximum limit of 0\n"},
+    {"InternalContours", eValidationNoOfInternalContours, [](Job& job, Part& part) {
+         job.uncoveredNotches.action = Uncovered::kAccept;
+         job.memberTypes[0].limits.SetNoOfInternalContours(1);
+         part.Opening(kWebView, 500, 100, 60, 40).Opening(kWebView, 700, 100, 60, 40);
+     },
+     "1 No of Internal contours exceeded the maximum limit of 1\n"},
+    {"MinimumLength", eValidationMinimumLength, [](Job& job, Part&) { job.memberTypes[0].limits.SetMinimumLength(3001.0); },
+     "Member length (3000.0) is less than 3001\n"},
+    {"MaximumLength", eValidationMaximumLength, [](Job& job, Part&) { job.memberTypes[0].limits.SetMaximumLength(2999.0); },
+     "Member length (3000.0) should not be greater than 2999\n"},
+    {"FixedLength", eValidationFixedLength, [](Job& job, Part&) {
+         job.patterns = {{L"p", 2000.0, false, {}}};
+         job.memberTypes[0].pattern = 0;
+         job.memberTypes[0].limits.SetMaximumLength(2999.0);
+     },
+     "Member length (3000.0) should be 2000 \n"},
     {"UncoveredHole", job::kUncoveredHole, [](Job&, Part& part) { part.Hole(kWebView, 300, 50, 18); },
      "No hole rule covers it: 18.0 round holes on web at (X:300.0, Y:50.0)\n"},
     {"HoleDistance", job::kHoleDistance, [](Job& job, Part& part) {
