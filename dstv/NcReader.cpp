@@ -1,7 +1,11 @@
 #include "dstv/NcReader.h"
 
 #include "dstv/NcParser.h"
+#include "dstv/NcTokens.h"
 
+#include "camdata/platform/text/Unicode.h"
+
+#include <algorithm>
 #include <array>
 #include <cerrno>
 #include <cstdio>
@@ -41,6 +45,15 @@ ZetString StemOf(const ZetString& file) {
     return ZetString(std::wstring(name.substr(0, dot == 0 ? name.size() : dot)));
 }
 
+/// A file's name is the only mark that no line of the file was checked for.
+ZetString MarkFromName(const ZetString& file) {
+    const ZetString mark = StemOf(file);
+    if (std::any_of(mark.view().begin(), mark.view().end(), camdata::detail::IsControl))
+        throw NcFailure(NcError{
+            file, 0, 0, L"file", file, L"a name without control characters, for it is the mark"});
+    return mark;
+}
+
 ZetString MarkOf(const NcPart& part, NcMarkSource source) {
     switch (source) {
         case NcMarkSource::kDrawing:
@@ -48,7 +61,7 @@ ZetString MarkOf(const NcPart& part, NcMarkSource source) {
         case NcMarkSource::kPhase:
             return part.header.phase;
         case NcMarkSource::kFileName:
-            return StemOf(part.file);
+            return MarkFromName(part.file);
         default:
             return part.header.mark;
     }

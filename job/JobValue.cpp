@@ -1,13 +1,14 @@
 #include "job/JobValue.h"
 
+#include "camdata/platform/text/Unicode.h"
+
 #include <algorithm>
 #include <cmath>
+#include <string_view>
 
 namespace job {
 
 namespace {
-
-constexpr char kDelete = '\x7F';
 
 constexpr const char* kPlainly = "without quotes";
 constexpr const char* kInQuotes = "in quotes";
@@ -178,8 +179,9 @@ bool ReadText(const Key& key, const toml::node& node, std::string& text, JobFaul
         return false;
     }
     text = value->get();
-    const auto isControl = [](char c) { return (c >= 0 && c < ' ') || c == kDelete; };
-    if (std::any_of(text.begin(), text.end(), isControl)) {
+    const ZetString characters = ZetString::fromUtf8(text);
+    const std::wstring_view view = characters.view();
+    if (std::any_of(view.begin(), view.end(), camdata::detail::IsControl)) {
         AddFault(key, node, "must be one line, without tabs and control characters", faults);
         return false;
     }

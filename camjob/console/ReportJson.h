@@ -14,11 +14,9 @@ namespace camjob {
 
 using Json = nlohmann::ordered_json;
 
-/// The text of a value; bytes that are no UTF-8 become U+FFFD. With lines of their own for the
-/// parts when `indent` is 0 or more.
-inline std::string Dump(const Json& value, int indent = -1) {
-    return value.dump(indent, ' ', false, Json::error_handler_t::replace);
-}
+/// The text of a value; bytes that are no UTF-8 become U+FFFD, control characters are escaped. With
+/// lines of their own for the parts when `indent` is 0 or more.
+std::string Dump(const Json& value, int indent = -1);
 
 /// Makes an array of items, each as a function makes it.
 template <typename ItemToJson>

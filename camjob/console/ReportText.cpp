@@ -1,9 +1,11 @@
 #include "camjob/console/ReportText.h"
 
+#include "job/ControlCharacters.h"
+
 #include "camdata/platform/text/Unicode.h"
 
 #include <algorithm>
-#include <string_view>
+#include <string>
 #include <utility>
 
 namespace camjob {
@@ -17,17 +19,14 @@ bool IsEscaped(wchar_t c) {
 }  // namespace
 
 std::string Printable(const ZetString& text) {
-    ZetString shown;
-    std::wstring_view rest = text.view();
-    while (!rest.empty()) {
-        const auto end = std::find_if(rest.begin(), rest.end(), IsEscaped);
-        const auto plain = static_cast<std::size_t>(end - rest.begin());
-        shown += ZetString(rest.substr(0, plain));
-        if (end != rest.end())
-            shown += ZetString::format(L"\\u%04X", static_cast<long>(*end));
-        rest.remove_prefix(std::min(plain + 1, rest.size()));
+    std::wstring shown;
+    for (const wchar_t c : text.view()) {
+        if (IsEscaped(c))
+            job::AppendEscape(shown, c);
+        else
+            shown += c;
     }
-    return shown.toUtf8();
+    return ZetString(std::move(shown)).toUtf8();
 }
 
 ZetString OneLine(const ZetString& text) {

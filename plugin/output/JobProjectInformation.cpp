@@ -1,5 +1,6 @@
 #include "plugin/output/JobProjectInformation.h"
 
+#include "job/ControlCharacters.h"
 #include "plugin/rules/ArrayFromVector.h"
 
 #include <cstdint>
@@ -138,7 +139,7 @@ ZetArray<ZetString> JobProjectInformation::MakeHeaderLines() {
     for (const HeaderRow& row : kHeaderRows) {
         const ZetString text = (this->*row.get)();
         if (!text.isEmpty())
-            AppendFileHeaderLine(row.label, text);
+            AppendFileHeaderLine(row.label, job::EscapeControls(text));
     }
     return GetFileHeaderArr();
 }

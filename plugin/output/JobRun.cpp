@@ -1,6 +1,7 @@
 #include "plugin/output/JobRun.h"
 
 #include "cutting/Verification.h"
+#include "job/ControlCharacters.h"
 #include "job/Utf8Path.h"
 #include "plugin/output/CuttingList.h"
 #include "plugin/output/LineEnds.h"
@@ -129,9 +130,7 @@ bool JobRun::ReadSettings() {
     return GetJobProjectInfo().ReadSettings();
 }
 
-JobRun::Added JobRun::Add(ZetNCEntity& entity,
-                          const ZetString& source,
-                          const Observer& observer) {
+JobRun::Added JobRun::Add(ZetNCEntity& entity, const ZetString& source, const Observer& observer) {
     m_lastLedger = {};
     ZetNCCreator creator;
     creator.setNCEntity(&entity);
@@ -143,7 +142,7 @@ JobRun::Added JobRun::Add(ZetNCEntity& entity,
         return Added::kSkipped;
     auto member = std::make_unique<Member>(*this, *type, creator);
     if (m_job.reports.areSourcesTold)
-        member->SetSource(source);
+        member->SetSource(job::EscapeControls(source));
     member->ValidateMember();
     // Parts of assemblies are settled as they are written: a main part lacks what was not selected.
     if (!member->getIsPartOfAssy())
@@ -257,7 +256,7 @@ void JobRun::SetUpAdditionalInfo() {
         order.append(blocks.length());
         blocks.append({L"Files left out"});
         for (const ZetString& line : m_leftOut)
-            blocks.last().append(line);
+            blocks.last().append(job::EscapeControls(line));
     }
     CMxAddlInfo info;
     info.SetAddInfoArr(std::move(blocks), std::move(order));

@@ -1,7 +1,9 @@
 #include "plugin/output/MachineRecordText.h"
 
+#include "job/ControlCharacters.h"
 #include "job/MemberLine.h"
 
+#include "camdata/platform/text/Unicode.h"
 #include "camdata/tolerance/CMxGeom.h"
 
 #include <algorithm>
@@ -155,7 +157,7 @@ struct Escape {
     wchar_t letter;  ///< behind the backslash
 };
 
-/// Characters that a text in quotes may not hold as they are.
+/// Characters that a text in quotes may not hold as they are, and have a letter of their own.
 constexpr Escape kEscapes[] = {
     {L'"',  L'"' },
     {L'\\', L'\\'},
@@ -169,37 +171,57 @@ const Escape* FindEscape(wchar_t Escape::*part, wchar_t c) {
     return at == std::end(kEscapes) ? nullptr : at;
 }
 
+void AppendInQuotes(std::wstring& line, wchar_t c) {
+    if (const Escape* const escape = FindEscape(&Escape::character, c))
+        line += {L'\\', escape->letter};
+    else if (c != L'\t' && camdata::detail::IsControl(c))
+        job::AppendEscape(line, c);
+    else
+        line += c;
+}
+
 void AppendQuoted(std::wstring& line, std::wstring_view text) {
     line += L'"';
-    for (const wchar_t c : text) {
-        const Escape* const escape = FindEscape(&Escape::character, c);
-        if (escape != nullptr)
-            line += L'\\';
-        line += escape != nullptr ? escape->letter : c;
-    }
+    for (const wchar_t c : text)
+        AppendInQuotes(line, c);
     line += L'"';
+}
+
+bool TakePrefix(std::wstring_view& text, std::wstring_view prefix) {
+    const bool isThere = text.substr(0, prefix.size()) == prefix;
+    text.remove_prefix(isThere ? prefix.size() : 0);
+    return isThere;
+}
+
+/// Takes one character, or the escape of one, from the beginning of `text`; nothing when there is
+/// none.
+std::optional<wchar_t> TakeCharacter(std::wstring_view& text) {
+    const std::size_t isEscape = text.substr(0, 1) == L"\\" ? 1 : 0;
+    if (text.size() <= isEscape)
+        return std::nullopt;
+    const wchar_t c = text[isEscape];
+    text.remove_prefix(isEscape + 1);
+    if (isEscape == 0)
+        return c;
+    if (c == job::kEscapeLetter)
+        return job::TakeEscaped(text);
+    const Escape* const escape = FindEscape(&Escape::letter, c);
+    return escape != nullptr ? std::optional(escape->character) : std::nullopt;
 }
 
 /// What stands in quotes at the beginning of `text`, which is then what follows; nothing when there
 /// is no such text.
 std::optional<ZetString> TakeQuoted(std::wstring_view& text) {
+    if (!TakePrefix(text, L"\""))
+        return std::nullopt;
     std::wstring value;
-    for (std::size_t at = 1; !text.empty() && text[0] == L'"' && at < text.size(); ++at) {
-        if (text[at] == L'"') {
-            text.remove_prefix(at + 1);
-            return ZetString(std::move(value));
-        }
-        if (text[at] != L'\\') {
-            value += text[at];
-            continue;
-        }
-        const Escape* const escape =
-            ++at < text.size() ? FindEscape(&Escape::letter, text[at]) : nullptr;
-        if (escape == nullptr)
-            break;
-        value += escape->character;
+    while (!TakePrefix(text, L"\"")) {
+        const std::optional<wchar_t> c = TakeCharacter(text);
+        if (!c)
+            return std::nullopt;
+        value += *c;
     }
-    return std::nullopt;
+    return ZetString(std::move(value));
 }
 
 /// What stands before the first of `separators`, or all; `text` is then what follows that.
@@ -318,12 +340,6 @@ ZetString FormatLine(std::wstring_view word,
         std::visit(FieldFormatter<Record>{record, line}, field.value);
     }
     return ZetString(std::move(line));
-}
-
-bool TakePrefix(std::wstring_view& text, std::wstring_view prefix) {
-    const bool isThere = text.substr(0, prefix.size()) == prefix;
-    text.remove_prefix(isThere ? prefix.size() : 0);
-    return isThere;
 }
 
 /// Reads what follows the word of a line. The fault, "" when there is none.

@@ -142,6 +142,43 @@ TEST(RunCommand, GoesOnWithoutFilesThatTheJobLeavesOut) {
     ExpectParts(orders, {"member mark=\"A1\""});
 }
 
+/// A job's own texts have none; names of files and settings are made elsewhere.
+TEST(RunCommand, EscapesControlCharactersFromElsewhere) {
+    const TempFolder folder;
+    SampleJob job;
+    job.reports = "sources = true\n";
+    job.more =
+        "[nc]\nunreadable = \"leave_out\"\n"
+        "[[file]]\nid = \"orders\"\nproject_header = true\n";
+    job.Write(folder);
+    const std::string controls = "x\x7F\xC2\x85\xC2\x9Fy";
+    folder.Write("nc/4" + controls + ".nc1", nc::Header("L2") + "EN\n");
+    folder.Write("nc/7" + controls + ".nc1", nc::BadLength());
+    std::filesystem::create_directories(folder.PathOf("out"));
+    folder.Write("out/s-settings.txt",
+                 "+s\n+1" + controls + "\x1B\f\n+\n+one\r\ntwo\n+\n+\n+\n+\n");
+    EXPECT_EQ(RunJobFile(folder).exitCode, 1);
+    const std::string escaped = "x\\u007F\\u0085\\u009Fy";
+    ExpectParts(folder.Read("out/s-orders.txt"), {": 1" + escaped + "\\u001B\\u000C\n", ": one\n"});
+    ExpectParts(folder.Read("out/s-errors.txt"), {"4" + escaped + ".nc1\n"});
+    ExpectParts(folder.Read("out/s-info.txt"), {"7" + escaped + ".nc1:10"});
+    const std::string text =
+        RunTool(
+            {"run", "--json", ArgumentFor(folder, "job.toml"), "--out", ArgumentFor(folder, "out")})
+            .out;
+    ExpectParts(text, {"nc/4x\\u007f\\u0085\\u009fy.nc1\""});
+    EXPECT_EQ(text.find(controls), std::string::npos);
+    const nlohmann::json json = nlohmann::json::parse(text);
+    ExpectParts(json["leftOut"][0]["file"], {"7" + controls + ".nc1"});
+    // A mark may not have them, whatever it is taken from.
+    SampleJob marked;
+    marked.more = "[nc]\nmark = \"file_name\"\n";
+    folder.Write("job.toml", marked.Text());
+    const CamjobRun run = RunJobFile(folder);
+    EXPECT_EQ(run.exitCode, 2);
+    ExpectParts(run.err, {"expected a name without control characters, for it is the mark"});
+}
+
 TEST(RunCommand, DoesNotReplaceItsOwnInput) {
     const TempFolder folder;
     SampleJob job;

@@ -2,6 +2,9 @@
 #include "plugin/output/MachineRecordText.h"
 #include "support/Golden.h"
 
+#include "camdata/platform/text/Unicode.h"
+
+#include <algorithm>
 #include <fstream>
 #include <iterator>
 #include <random>
@@ -98,7 +101,7 @@ TEST(MachineRecord, LeavesOutWhatIsNotMade) {
 // clang-format off
 const wchar_t* const kAwkwardTexts[] = {
     L"", L"\"", L"a \"b\" c", L"\\", L"\\\"", L"x=1 code=", L"end", L"two\nlines\r\n", L"member ",
-    L"Träger 12°, 鋼", L"\t "};
+    L"Träger 12°, 鋼", L"\t ", L"\033[2J\f\177\205\237 \\u001B"};
 // clang-format on
 
 /// A part with up to 12 holes, slots and openings at places with three decimals, far apart.
@@ -134,6 +137,10 @@ TEST(MachineRecord, ReadsBackAsTheMemberIs) {
         const std::vector<MachineMember> members =
             Read("heading\n" + records + "  \nmember-like\n");
         ASSERT_EQ(members.size(), 1u);
+        const ZetString written = ZetString::fromUtf8(records);
+        EXPECT_TRUE(std::none_of(written.view().begin(), written.view().end(), [](wchar_t c) {
+            return c != L'\t' && c != L'\n' && camdata::detail::IsControl(c);
+        })) << records;
         const MachineMember& member = members.front();
         EXPECT_EQ(member.mark, judged->GetMark());
         EXPECT_EQ(member.profile, judged->GetProfileName());
@@ -179,6 +186,8 @@ const FaultCase kFaultCases[] = {
     {"MissingField",  "member mark=\"A\" profile=\"P\" length=1\nend\n", 1, "the field quantity is missing"},
     {"OpenQuotes",    "member mark=\"A quantity=1\nend\n",               1, "the field mark has no valid value"},
     {"UnknownEscape", "member mark=\"\\x\" quantity=1\nend\n",           1, "the field mark has no valid value"},
+    {"ShortEscape",   "member mark=\"\\u01B\" quantity=1\nend\n",        1, "the field mark has no valid value"},
+    {"CutEscape",     "member mark=\"\\u00",                              1, "the field mark has no valid value"},
     {"NotWhole",      "member mark=\"A\" quantity=1.5 profile=\"P\"\n",  1, "the field quantity has no valid value"},
     {"TooMany",       "member mark=\"A\" quantity=99999999999999999999\n", 1, "the field quantity has no valid value"},
     {"NoNumber",      MEMBER "rectangle face=web x=1e5\nend\n",          2, "the field x has no valid value"},
