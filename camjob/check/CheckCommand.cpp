@@ -17,15 +17,15 @@ namespace camjob {
 namespace {
 
 CheckResult CheckFile(const std::string& name, const CheckRules& rules) {
-    try {
-        auto result = ReadEntity(name, rules.rules.GetJob());
-        if (auto* error = std::get_if<dstv::NcError>(&result))
-            return std::move(*error);
-        return MakeCheckReport(std::get<dstv::NcFileEntity>(result), rules);
-    } catch (const std::bad_alloc&) {
-        const ZetString file = ZetString::fromUtf8(name);
-        return dstv::NcError{file, 0, 0, L"file", file, L"more memory: out of memory"};
-    }
+    auto result = ReadEntity(name, rules.rules.GetJob());
+    if (auto* error = std::get_if<dstv::NcError>(&result))
+        return std::move(*error);
+    return MakeCheckReport(std::get<dstv::NcFileEntity>(result), rules);
+}
+
+dstv::NcError WithoutMemory(const std::string& name) {
+    const ZetString file = ZetString::fromUtf8(name);
+    return {file, 0, 0, L"file", file, L"more memory: out of memory"};
 }
 
 void ReportFile(const CheckResult& result, CheckWriter& writer, CheckSummary& summary) {
@@ -36,6 +36,23 @@ void ReportFile(const CheckResult& result, CheckWriter& writer, CheckSummary& su
     }
     summary.Add(std::get<CheckReport>(result));
     writer.AddRead(std::get<CheckReport>(result));
+}
+
+/// Whatever takes too much memory, a report takes each file once.
+void CheckAndReport(const std::string& name,
+                    const CheckRules& rules,
+                    CheckWriter& writer,
+                    CheckSummary& summary) {
+    std::optional<CheckResult> result;
+    CheckSummary before = summary;
+    try {
+        result = CheckFile(name, rules);
+        ReportFile(*result, writer, summary);
+    } catch (const std::bad_alloc&) {
+        result.reset();
+        summary = std::move(before);
+        ReportFile(WithoutMemory(name), writer, summary);
+    }
 }
 
 std::unique_ptr<CheckWriter> MakeWriter(bool asJson, OutputStream& out, OutputStream& err) {
@@ -56,7 +73,7 @@ int RunCheck(const CheckOptions& options, OutputStream& out, OutputStream& err) 
     const std::unique_ptr<CheckWriter> writer = MakeWriter(options.asJson, out, err);
     writer->Begin();
     for (const std::string& name : FindNcFiles(options.files)) {
-        ReportFile(CheckFile(name, {rules, !options.job.empty()}), *writer, summary);
+        CheckAndReport(name, {rules, !options.job.empty()}, *writer, summary);
         if (!out.Flush())
             break;
     }

@@ -18,9 +18,10 @@ class StandardStream : public OutputStream {
 
     bool IsTerminal() const override;
 
-  private:
+  protected:
     std::error_code WriteBytes(std::string_view bytes) override;
 
+  private:
     int m_descriptor;
 };
 

@@ -230,7 +230,12 @@ void StagedOutput::WriteRecord(const Record& record) {
 /// From the record on the new output counts, whatever happens here.
 void StagedOutput::RollForward(const Record& record) {
     try {
-        PlaceAll(record);
+        try {
+            PlaceAll(record);
+        } catch (const std::bad_alloc&) {
+            // The failure has let go of some memory: enough for a second time.
+            PlaceAll(record);
+        }
     } catch (const OutputFailure& failure) {
         throw OutputFailure(std::string(failure.what()) + kFinishesLater);
     } catch (const std::bad_alloc&) {
@@ -247,7 +252,8 @@ void StagedOutput::PlaceAll(const Record& record) {
     for (const std::string& name : record.placed)
         Place(name);
     Check(m_disk.FlushFolder(m_folder), m_folder, kNotComplete);
-    Check(m_disk.Rename(m_record, m_lastRecord), m_own, kNotComplete);
+    if (Exists(m_record))
+        Check(m_disk.Rename(m_record, m_lastRecord), m_own, kNotComplete);
     Check(m_disk.FlushFolder(m_own), m_own, kNotComplete);
     // What cannot be removed now is empty, and is removed by the next run.
     m_disk.RemoveFolder(m_staging);
