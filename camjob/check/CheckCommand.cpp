@@ -77,7 +77,12 @@ int RunCheck(const CheckOptions& options, OutputStream& out, OutputStream& err) 
         if (!out.Flush())
             break;
     }
-    writer->End(summary);
+    try {
+        writer->End(summary);
+    } catch (const std::bad_alloc&) {
+        // What was let go of is enough for the end of a document.
+        writer->End(summary);
+    }
     return summary.GetExitCode();
 }
 

@@ -149,13 +149,13 @@ TEST(RunCommand, EscapesControlCharactersFromElsewhere) {
     job.reports = "sources = true\n";
     job.more =
         "[nc]\nunreadable = \"leave_out\"\n"
-        "[[file]]\nid = \"orders\"\nproject_header = true\n";
+        "[[file]]\nid = \"order\"\nproject_header = true\n";
     job.Write(folder);
     const std::string controls = "x\x7F\xC2\x85\xC2\x9Fy";
     folder.Write("nc/4" + controls + ".nc1", nc::Header("L2") + "EN\n");
     folder.Write("nc/7" + controls + ".nc1", nc::BadLength());
     std::filesystem::create_directories(folder.PathOf("out"));
-    folder.Write("out/s-settings.txt",
+    folder.Write("out/project-settings.txt",
                  "+s\n+1" + controls + "\x1B\f\n+\n+one\r\ntwo\n+\n+\n+\n+\n");
     EXPECT_EQ(RunJobFile(folder).exitCode, 1);
     const std::string escaped = "x\\u007F\\u0085\\u009Fy";
