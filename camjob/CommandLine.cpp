@@ -80,13 +80,6 @@ int Run(const Options& options, OutputStream& out, OutputStream& err) {
     return RunJob(options.run, {disk, [&] { return interrupt.WasRequested(); }}, out, err);
 }
 
-const std::map<std::string, InitKind> kInitKinds = {
-    {"mixed",   InitKind::kMixed  },
-    {"purlins", InitKind::kPurlins},
-    {"frames",  InitKind::kFrames },
-    {"plates",  InitKind::kPlates },
-};
-
 void DescribeInit(CLI::App& command, Options& options) {
     command.add_option("DIR", options.init.folder, "Folder for the job; made when missing")
         ->required()
@@ -96,7 +89,12 @@ void DescribeInit(CLI::App& command, Options& options) {
                                     "NC files, or folders of them, that the job is to take; they "
                                     "stay where they are");
     command.add_option("--kind", options.init.kind, "Without --from: what the example job is for")
-        ->transform(CLI::CheckedTransformer(kInitKinds))
+        ->transform(CLI::CheckedTransformer(std::map<std::string, InitKind>{
+            {"mixed",   InitKind::kMixed  },
+            {"purlins", InitKind::kPurlins},
+            {"frames",  InitKind::kFrames },
+            {"plates",  InitKind::kPlates },
+    }))
         ->option_text("purlins|plates|frames|mixed (default mixed)")
         ->excludes(from);
 }
@@ -127,14 +125,19 @@ struct Command {
     const char* meaning;
     void (*describe)(CLI::App& command, Options& options);
     int (*run)(const Options& options, OutputStream& out, OutputStream& err);
+    /// Its document when the memory was not enough; null: it has none.
+    void (*writeNoMemory)(bool isBegun, OutputStream& out);
+    int codeOfNoMemory;
 };
 
+// clang-format off
 constexpr Command kCommands[] = {
-    {"check", "Show what is in NC files and what is wrong with them", &DescribeCheck, &Check},
-    {"run",   "Make the manufacturing files of a job",                &DescribeRun,   &Run  },
-    {"init",  "Write a commented job to start from",                  &DescribeInit,  &Init },
-    {"show",  "Draw NC files as SVG or DXF",                          &DescribeShow,  &Show },
+    {"check", "Show what is in NC files and what is wrong with them", &DescribeCheck, &Check, &WriteCheckWithoutMemory, kExitBadInput},
+    {"run",   "Make the manufacturing files of a job",                &DescribeRun,   &Run,   &WriteRunWithoutMemory,   kExitNotWritten},
+    {"init",  "Write a commented job to start from",                  &DescribeInit,  &Init,  nullptr,                  kExitNotWritten},
+    {"show",  "Draw NC files as SVG or DXF",                          &DescribeShow,  &Show,  nullptr,                  kExitNotWritten},
 };
+// clang-format on
 
 void Describe(CLI::App& app, Options& options) {
     app.allow_windows_style_options(false);
@@ -184,6 +187,25 @@ int RunCamjob(std::vector<std::string> arguments, OutputStream& out, OutputStrea
     }
     err.Flush();
     return code;
+}
+
+int EndWithoutMemory(const std::vector<std::string>& arguments,
+                     bool hasReported,
+                     OutputStream& out,
+                     OutputStream& err) {
+    err.Write("camjob: out of memory\n");
+    err.Flush();
+    const auto isCalled = [&](const Command& command) {
+        return !arguments.empty() && arguments.front() == command.name;
+    };
+    const auto command = std::find_if(std::begin(kCommands), std::end(kCommands), isCalled);
+    if (command == std::end(kCommands))
+        return kExitBadInput;
+    const bool isJson = std::find(arguments.begin(), arguments.end(), "--json") != arguments.end();
+    if (isJson && command->writeNoMemory != nullptr)
+        command->writeNoMemory(hasReported, out);
+    out.Flush();
+    return command->codeOfNoMemory;
 }
 
 }  // namespace camjob

@@ -1,7 +1,6 @@
 #include "camjob/CommandLine.h"
 #include "camjob/console/Console.h"
 
-#include <algorithm>
 #include <cstddef>
 #include <cstdio>
 #include <cstdlib>
@@ -16,7 +15,7 @@
 namespace {
 
 /// Memory to say in that there is none.
-std::unique_ptr<char[]> s_reserve;
+[[gnu::init_priority(101)]] std::unique_ptr<char[]> s_reserve;
 
 /// The first allocation that fails lets go of the reserve, so that the way out has some.
 void FailWithReserve() {
@@ -24,35 +23,42 @@ void FailWithReserve() {
     throw std::bad_alloc();
 }
 
-/// What is left to do where memory ends in a place that cannot hand the failure on.
-struct LastWords {
-    bool makesOutput = false;
-    bool isJson = false;
-    bool hasReported = false;  ///< something of the report is out
+#ifdef _WIN32
+using Character = wchar_t;
+#else
+using Character = char;
+#endif
 
-    /// Takes no memory.
-    int Say() const;
-};
+/// The program's own, for the last words too.
+int s_argumentCount = 0;
+Character** s_arguments = nullptr;
+/// Something of the report is out: a document cannot begin anew.
+bool s_hasReported = false;
 
-LastWords s_lastWords;
+std::vector<std::string> TakeArguments() {
+    std::vector<std::string> texts;
+    for (int i = 1; i < s_argumentCount; ++i)
+        texts.push_back(camjob::Utf8Argument(s_arguments[i]));
+    return texts;
+}
 
-int LastWords::Say() const {
-    std::fputs("camjob: out of memory\n", stderr);
-    if (isJson && !hasReported)
-        std::printf(
-            "{\"schema\": 1, \"status\": \"%s\", \"exitCode\": %d, \"faults\": "
-            "[{\"message\": \"camjob: out of memory\"}]}\n",
-            makesOutput ? "failed" : "refused",
-            makesOutput ? camjob::kExitNotWritten : camjob::kExitBadInput);
-    std::fflush(stdout);
-    return makesOutput ? camjob::kExitNotWritten : camjob::kExitBadInput;
+/// By now the reserve is there to be used.
+int SayLastWords() {
+    camjob::StandardStream out(camjob::StandardOutput::kReport);
+    camjob::StandardStream err(camjob::StandardOutput::kMessages);
+    try {
+        return camjob::EndWithoutMemory(TakeArguments(), s_hasReported, out, err);
+    } catch (const std::bad_alloc&) {
+        std::fputs("camjob: out of memory\n", stderr);
+        return camjob::kExitNotWritten;
+    }
 }
 
 /// A destructor that needs memory, and finds none, ends here. The output stays old or new: the next
 /// run finishes what this one began.
 [[noreturn]] void EndAtOnce() {
     if (s_reserve == nullptr)
-        std::_Exit(s_lastWords.Say());
+        std::_Exit(SayLastWords());
     std::abort();
 }
 
@@ -62,40 +68,31 @@ class ReportStream : public camjob::StandardStream {
 
   private:
     std::error_code WriteBytes(std::string_view bytes) override {
-        s_lastWords.hasReported = true;
+        s_hasReported = true;
         return StandardStream::WriteBytes(bytes);
     }
 };
 
-void PrepareForFailures() {
-    constexpr std::size_t kReserve = std::size_t{1} << 20;
-    std::set_terminate(EndAtOnce);
-    s_reserve = std::make_unique<char[]>(kReserve);
-    std::set_new_handler(FailWithReserve);
-}
+/// Before all else: what the libraries make before main takes memory too.
+struct Preparation {
+    Preparation() {
+        constexpr std::size_t kReserve = std::size_t{1} << 20;
+        std::set_terminate(EndAtOnce);
+        s_reserve.reset(new (std::nothrow) char[kReserve]);
+        std::set_new_handler(FailWithReserve);
+    }
+};
+[[gnu::init_priority(101)]] const Preparation s_preparation;
 
-template <typename Character>
-std::vector<std::string> TakeArguments(int count, Character** arguments) {
-    std::vector<std::string> texts;
-    for (int i = 1; i < count; ++i)
-        texts.push_back(camjob::Utf8Argument(arguments[i]));
-    const auto isJson = [](const std::string& text) { return text == "--json"; };
-    s_lastWords.makesOutput = !texts.empty() && texts[0] == "run";
-    s_lastWords.isJson = std::any_of(texts.begin(), texts.end(), isJson);
-    return texts;
-}
-
-template <typename Character>
-int RunProgram(int count, Character** arguments) {
-    PrepareForFailures();
+int RunProgram() {
     const camjob::ConsoleMode mode;
     ReportStream out;
     camjob::StandardStream err(camjob::StandardOutput::kMessages);
     try {
-        return camjob::RunCamjob(TakeArguments(count, arguments), out, err);
+        return camjob::RunCamjob(TakeArguments(), out, err);
     } catch (const std::bad_alloc&) {
         err.Flush();
-        return s_lastWords.Say();
+        return SayLastWords();
     } catch (const std::exception& failure) {
         err.Write(std::string("camjob: ") + failure.what() + "\n");
         err.Flush();
@@ -110,5 +107,7 @@ int wmain(int count, wchar_t** arguments) {
 #else
 int main(int count, char** arguments) {
 #endif
-    return RunProgram(count, arguments);
+    s_argumentCount = count;
+    s_arguments = arguments;
+    return RunProgram();
 }

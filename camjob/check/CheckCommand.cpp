@@ -28,14 +28,17 @@ dstv::NcError WithoutMemory(const std::string& name) {
     return {file, 0, 0, L"file", file, L"more memory: out of memory"};
 }
 
+/// Both or, without memory, neither.
 void ReportFile(const CheckResult& result, CheckWriter& writer, CheckSummary& summary) {
+    CheckSummary sum = summary;
     if (const auto* error = std::get_if<dstv::NcError>(&result)) {
-        summary.Add(*error);
+        sum.Add(*error);
         writer.AddRefused(*error);
-        return;
+    } else {
+        sum.Add(std::get<CheckReport>(result));
+        writer.AddRead(std::get<CheckReport>(result));
     }
-    summary.Add(std::get<CheckReport>(result));
-    writer.AddRead(std::get<CheckReport>(result));
+    summary = std::move(sum);
 }
 
 /// Whatever takes too much memory, a report takes each file once.
@@ -43,17 +46,23 @@ void CheckAndReport(const std::string& name,
                     const CheckRules& rules,
                     CheckWriter& writer,
                     CheckSummary& summary) {
-    std::optional<CheckResult> result;
-    CheckSummary before = summary;
     try {
-        result = CheckFile(name, rules);
-        ReportFile(*result, writer, summary);
+        ReportFile(CheckFile(name, rules), writer, summary);
     } catch (const std::bad_alloc&) {
-        result.reset();
-        summary = std::move(before);
         ReportFile(WithoutMemory(name), writer, summary);
     }
 }
+
+/// What is reported so far, for the end of a document that memory fails.
+const CheckSummary* s_reported = nullptr;
+
+class Reporting {
+  public:
+    explicit Reporting(const CheckSummary& summary) { s_reported = &summary; }
+    ~Reporting() { s_reported = nullptr; }
+    Reporting(const Reporting&) = delete;
+    Reporting& operator=(const Reporting&) = delete;
+};
 
 std::unique_ptr<CheckWriter> MakeWriter(bool asJson, OutputStream& out, OutputStream& err) {
     if (asJson)
@@ -70,6 +79,7 @@ int RunCheck(const CheckOptions& options, OutputStream& out, OutputStream& err) 
     plugin::UseTolerances(job->tolerances);
     const plugin::JudgingRules rules(*job);
     CheckSummary summary;
+    const Reporting reporting(summary);
     const std::unique_ptr<CheckWriter> writer = MakeWriter(options.asJson, out, err);
     writer->Begin();
     for (const std::string& name : FindNcFiles(options.files)) {
@@ -84,6 +94,19 @@ int RunCheck(const CheckOptions& options, OutputStream& out, OutputStream& err) 
         writer->End(summary);
     }
     return summary.GetExitCode();
+}
+
+void WriteCheckWithoutMemory(bool isBegun, OutputStream& out) {
+    CheckJsonWriter writer(out);
+    CheckSummary summary;
+    if (isBegun && s_reported != nullptr) {
+        summary = *s_reported;
+        writer.Continue();
+    } else {
+        writer.Begin();
+    }
+    ReportFile(WithoutMemory("camjob"), writer, summary);
+    writer.End(summary);
 }
 
 }  // namespace camjob

@@ -18,4 +18,8 @@ struct CheckOptions {
 /// A faulty job ends it at once. Returns the exit code.
 int RunCheck(const CheckOptions& options, OutputStream& out, OutputStream& err);
 
+/// The document of a check that the memory was not enough for: what `isBegun` says is out of it,
+/// and the rest.
+void WriteCheckWithoutMemory(bool isBegun, OutputStream& out);
+
 }  // namespace camjob

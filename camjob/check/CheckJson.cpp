@@ -167,6 +167,10 @@ void CheckJsonWriter::Begin() {
     m_out.Write("{\"schema\":" + Dump(kSchema) + ",\n\"files\":[");
 }
 
+void CheckJsonWriter::Continue() {
+    m_separator = kNextFile;
+}
+
 void CheckJsonWriter::AddRead(const CheckReport& report) {
     AddFile(Dump({
         {"file",      report.file.toUtf8()    },
@@ -207,7 +211,7 @@ void CheckJsonWriter::End(const CheckSummary& summary) {
 
 void CheckJsonWriter::AddFile(const std::string& file) {
     m_out.Write(m_separator + file);
-    m_separator = ",\n";
+    m_separator = kNextFile;
 }
 
 }  // namespace camjob

@@ -14,6 +14,8 @@ class CheckJsonWriter : public CheckWriter {
     explicit CheckJsonWriter(OutputStream& out) : m_out(out) {}
 
     void Begin() override;
+    /// Instead of Begin, when an earlier writer's files are out already.
+    void Continue();
     void AddRead(const CheckReport& report) override;
     void AddRefused(const dstv::NcError& error) override;
     void End(const CheckSummary& summary) override;
@@ -21,8 +23,10 @@ class CheckJsonWriter : public CheckWriter {
   private:
     void AddFile(const std::string& file);
 
+    static constexpr const char* kNextFile = ",\n";
+
     OutputStream& m_out;
-    const char* m_separator = "\n";
+    const char* m_separator = "\n";  ///< before the next file
 };
 
 }  // namespace camjob

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <new>
 #include <sstream>
+#include <string_view>
 #include <utility>
 
 namespace camjob {
@@ -38,9 +39,9 @@ std::string ReasonOf(const std::error_code& error) {
     throw OutputFailure(Utf8FromPath(path) + ": " + what);
 }
 
-void Check(const std::error_code& error, const fs::path& path, const std::string& what) {
+void Check(const std::error_code& error, const fs::path& path, std::string_view what) {
     if (error)
-        Fail(path, what + " (" + ReasonOf(error) + ")");
+        Fail(path, std::string(what) + " (" + ReasonOf(error) + ")");
 }
 
 /// A name that stands for a file in a folder itself, on a line of its own.
@@ -77,11 +78,15 @@ StagedOutput::StagedOutput(fs::path folder, StagingDisk& disk)
       m_lastRecord(m_own / kLastRecordFile) {}
 
 StagedOutput::~StagedOutput() {
+    if (m_isStaging)
+        DropStaging();
+}
+
+/// What cannot be removed now is removed by the next run.
+void StagedOutput::DropStaging() {
     try {
-        if (m_isStaging)
-            m_disk.RemoveFolder(m_staging);
+        m_disk.RemoveFolder(m_staging);
     } catch (const std::exception&) {
-        // The next run removes it.
     }
 }
 
@@ -93,7 +98,7 @@ bool StagedOutput::Recover() {
     if (Exists(m_record)) {
         const Record record = ReadRecord(m_record);
         CheckStaged(record);
-        RollForward(record);
+        RollForward(MovesOf(record));
         return true;
     }
     Check(m_disk.RemoveFolder(m_staging), m_staging, "what an earlier run left cannot be removed");
@@ -114,9 +119,10 @@ void StagedOutput::Commit() {
         for (const std::string& name : *names)
             CheckReplaceable(name);
     FlushStaging(record);
+    const Moves moves = MovesOf(record);
     WriteRecord(record);
     m_isStaging = false;
-    RollForward(record);
+    RollForward(moves);
 }
 
 /// What is there of the way to the folder has to be folders.
@@ -227,15 +233,19 @@ void StagedOutput::WriteRecord(const Record& record) {
     Check(m_disk.Rename(written, m_record), m_folder, "the folder cannot be written to");
 }
 
+StagedOutput::Moves StagedOutput::MovesOf(const Record& record) const {
+    Moves moves;
+    for (const std::string& name : record.removed)
+        moves.removed.push_back(PathOf(name));
+    for (const std::string& name : record.placed)
+        moves.placed.push_back({m_staging / PathFromUtf8(name), PathOf(name)});
+    return moves;
+}
+
 /// From the record on the new output counts, whatever happens here.
-void StagedOutput::RollForward(const Record& record) {
+void StagedOutput::RollForward(const Moves& moves) {
     try {
-        try {
-            PlaceAll(record);
-        } catch (const std::bad_alloc&) {
-            // The failure has let go of some memory: enough for a second time.
-            PlaceAll(record);
-        }
+        PlaceAll(moves);
     } catch (const OutputFailure& failure) {
         throw OutputFailure(std::string(failure.what()) + kFinishesLater);
     } catch (const std::bad_alloc&) {
@@ -244,25 +254,18 @@ void StagedOutput::RollForward(const Record& record) {
 }
 
 /// Whatever part of this was done before, by this process or another, is done again to the same
-/// end.
-void StagedOutput::PlaceAll(const Record& record) {
+/// end. Takes no memory: while there is none, the output still becomes whole.
+void StagedOutput::PlaceAll(const Moves& moves) {
     Check(m_disk.FlushFolder(m_own), m_own, kNotComplete);
-    for (const std::string& name : record.removed)
-        Check(m_disk.RemoveFile(PathOf(name)), PathOf(name), "cannot be removed");
-    for (const std::string& name : record.placed)
-        Place(name);
+    for (const fs::path& file : moves.removed)
+        Check(m_disk.RemoveFile(file), file, "cannot be removed");
+    for (const Move& move : moves.placed)
+        if (Exists(move.staged))
+            Check(m_disk.Rename(move.staged, move.place), move.place, "cannot be replaced");
     Check(m_disk.FlushFolder(m_folder), m_folder, kNotComplete);
-    if (Exists(m_record))
-        Check(m_disk.Rename(m_record, m_lastRecord), m_own, kNotComplete);
+    Check(m_disk.Rename(m_record, m_lastRecord), m_own, kNotComplete);
     Check(m_disk.FlushFolder(m_own), m_own, kNotComplete);
-    // What cannot be removed now is empty, and is removed by the next run.
-    m_disk.RemoveFolder(m_staging);
-}
-
-void StagedOutput::Place(const std::string& name) {
-    const fs::path staged = m_staging / PathFromUtf8(name);
-    if (Exists(staged))
-        Check(m_disk.Rename(staged, PathOf(name)), PathOf(name), "cannot be replaced");
+    DropStaging();
 }
 
 fs::path StagedOutput::PathOf(const std::string& name) const {

@@ -51,6 +51,16 @@ class StagedOutput {
         std::vector<std::string> removed;  ///< in the last output only
     };
 
+    /// What a record comes to, as paths.
+    struct Move {
+        std::filesystem::path staged;
+        std::filesystem::path place;
+    };
+    struct Moves {
+        std::vector<std::filesystem::path> removed;
+        std::vector<Move> placed;
+    };
+
     void CheckFolder() const;
     void Lock();
     bool Exists(const std::filesystem::path& path) const;
@@ -60,9 +70,10 @@ class StagedOutput {
     void CheckStaged(const Record& record) const;
     void FlushStaging(const Record& record);
     void WriteRecord(const Record& record);
-    void RollForward(const Record& record);
-    void PlaceAll(const Record& record);
-    void Place(const std::string& name);
+    Moves MovesOf(const Record& record) const;
+    void RollForward(const Moves& moves);
+    void PlaceAll(const Moves& moves);
+    void DropStaging();
     std::filesystem::path PathOf(const std::string& name) const;
 
     Record ReadRecord(const std::filesystem::path& file) const;

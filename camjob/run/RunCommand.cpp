@@ -459,4 +459,9 @@ int RunJob(const RunOptions& options,
     return report.GetExitCode();
 }
 
+void WriteRunWithoutMemory(bool isBegun, OutputStream& out) {
+    if (!isBegun)
+        WriteRunJson(ReportWithoutMemory({}, true), out);
+}
+
 }  // namespace camjob

@@ -31,4 +31,7 @@ int RunJob(const RunOptions& options,
            OutputStream& out,
            OutputStream& err);
 
+/// The document of a run that the memory was not enough for; nothing when one is out already.
+void WriteRunWithoutMemory(bool isBegun, OutputStream& out);
+
 }  // namespace camjob

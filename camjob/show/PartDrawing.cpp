@@ -7,10 +7,12 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <iterator>
 #include <map>
 #include <numbers>
 #include <set>
 #include <unordered_map>
+#include <utility>
 
 namespace camjob {
 
@@ -27,21 +29,22 @@ constexpr int kWebBack = 3;
 
 /// The faces of a profile code, whether they hold something or not; from the lowest up.
 struct CodeFaces {
-    const wchar_t* code;
-    std::vector<int> positions;
+    const wchar_t* code;  ///< null: all others
+    std::array<int, 4> positions;
+    std::size_t count;
 };
 
-const CodeFaces kCodeFaces[] = {
-    {L"B",  {kWeb}                                     },
-    {L"RO", {kWeb}                                     },
-    {L"RU", {kWeb}                                     },
-    {L"L",  {kBottomFlange, kWeb}                      },
-    {L"M",  {kBottomFlange, kWeb, kTopFlange, kWebBack}},
+constexpr CodeFaces kCodeFaces[] = {
+    {L"B",    {kWeb},                                      1},
+    {L"RO",   {kWeb},                                      1},
+    {L"RU",   {kWeb},                                      1},
+    {L"L",    {kBottomFlange, kWeb},                       2},
+    {L"M",    {kBottomFlange, kWeb, kTopFlange, kWebBack}, 4},
+    {nullptr, {kBottomFlange, kWeb, kTopFlange},           3},
 };
-const std::vector<int> kUsualFaces = {kBottomFlange, kWeb, kTopFlange};
 
 /// Faces that have no position of their own are not in it.
-const std::map<eHoleFace, int> kPositionsOfFaces = {
+constexpr std::pair<eHoleFace, int> kPositionsOfFaces[] = {
     {eHoleFaceTopFlange,    kTopFlange   },
     {eHoleFaceWeb,          kWeb         },
     {eHoleFaceBottomFlange, kBottomFlange},
@@ -150,12 +153,12 @@ report::MemberDrawing DrawingMaker::Make() {
 }
 
 void DrawingMaker::AddFaces() {
-    const auto* known =
-        std::find_if(std::begin(kCodeFaces), std::end(kCodeFaces), [&](const CodeFaces& faces) {
-            return GetHeader().profileCode == faces.code;
+    const auto* const faces =
+        std::find_if(std::begin(kCodeFaces), std::end(kCodeFaces), [&](const CodeFaces& row) {
+            return row.code == nullptr || GetHeader().profileCode == row.code;
         });
-    for (const int position : known == std::end(kCodeFaces) ? kUsualFaces : known->positions)
-        AddFace(position);
+    for (std::size_t i = 0; i < faces->count; ++i)
+        AddFace(faces->positions[i]);
     for (const ZetNCView& view : m_structure.getViews()) {
         AddFace(view.getViewPos());
         for (const ZetNCContour& contour : view.getExternalContours())
@@ -242,8 +245,11 @@ void DrawingMaker::TakeReport(DrawnFeature& feature) {
 /// Rectangular holes are among the holes.
 void DrawingMaker::AddNotches() {
     for (const NotchReport& notch : m_report.notches) {
-        const auto position = kPositionsOfFaces.find(notch.holeFace);
-        if (notch.holeLine || position == kPositionsOfFaces.end())
+        const auto* const position = std::find_if(
+            std::begin(kPositionsOfFaces), std::end(kPositionsOfFaces), [&](const auto& row) {
+                return row.first == notch.holeFace;
+            });
+        if (notch.holeLine || position == std::end(kPositionsOfFaces))
             continue;
         const auto face = m_faceOfPosition.find(position->second);
         if (face != m_faceOfPosition.end())

@@ -3,6 +3,7 @@
 #include "camjob/check/CheckInput.h"
 #include "camjob/console/ExitCode.h"
 #include "camjob/console/Paths.h"
+#include "camjob/disk/FlushRenameLock.h"
 #include "camjob/disk/RevocableFiles.h"
 #include "camjob/show/PartDrawing.h"
 #include "report/drawing/DxfDrawing.h"
@@ -130,8 +131,11 @@ int Shower::WriteDrawing(const std::string& target, const std::string& text) {
         m_out.Write(text);
         return kExitDone;
     }
+    // A drawing that is there stays as it is until the new one is whole.
     RevocableFiles files;
-    if (!files.Write(PathFromUtf8(target), text)) {
+    const fs::path place = PathFromUtf8(target);
+    const fs::path made = PathFromUtf8(target + ".new");
+    if (!files.Write(made, text) || RenameOver(made, place)) {
         m_err.Write("camjob: " + target + " could not be written\n");
         return kExitNotWritten;
     }
