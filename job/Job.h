@@ -39,6 +39,9 @@ inline constexpr const wchar_t* kPageEnding = L"-report.html";
 inline constexpr const wchar_t* kCuttingListEnding = L"-cutting.txt";
 /// The same for programs: one row per piece.
 inline constexpr const wchar_t* kCuttingTableEnding = L"-cutting.csv";
+/// What is left of the remnants, and the off-cuts worth keeping; written when the job names
+/// remnants.
+inline constexpr const wchar_t* kRemnantsEnding = L"-remnants.csv";
 
 /// Groups that every job has, by their position, which is their ID too.
 enum GroupRole : std::size_t {
@@ -91,7 +94,19 @@ struct Stock {
 
 /// How cutting plans are made.
 struct Cutting {
-    long effort = 4000;  ///< millions of steps
+    long effort = 4000;    ///< millions of steps
+    std::string remnants;  ///< table, relative to the job file's folder, UTF-8; "": none
+};
+
+/// Bars that earlier runs have left.
+struct Remnant {
+    ZetString profileName;
+    ZetString material;  ///< "": as members have it whose NC file tells none
+    double length = 0.0;
+    long quantity = 0;
+    ZetString name;  ///< for people
+
+    bool operator==(const Remnant&) const = default;
 };
 
 /// One group of members, a section of the order file.
@@ -354,6 +369,7 @@ struct Job {
     std::vector<MemberType> memberTypes;  ///< the first that fits is a member's
     Cutting cutting;
     std::vector<Stock> stocks;
+    std::vector<Remnant> remnants;  ///< those of the table in `cutting`
     bool areDistancesChecked = true;
     std::vector<HoleRule> holeRules;  ///< the first that fits is a hole's
     UncoveredRule uncoveredHoles;

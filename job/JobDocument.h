@@ -110,6 +110,10 @@ struct GroupTable : SecondaryPartsTable {
 
 struct StockTable : Stock, PlacedTable {};
 
+struct CuttingTable : Cutting {
+    PlacedText remnants;
+};
+
 struct DimensionTable : PlacedTable {
     std::optional<long> start;
     std::optional<long> length;
@@ -233,7 +237,7 @@ struct JobDocument {
     std::vector<FileTable> files;
     SecondaryPartsTable secondaryParts;
     std::vector<GroupTable> groups;
-    Cutting cutting;
+    CuttingTable cutting;
     std::vector<StockTable> stocks;
     std::vector<MemberTypeTable> memberTypes;
     std::vector<HoleRuleTable> holeRules;

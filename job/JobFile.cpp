@@ -3,21 +3,18 @@
 #include "job/JobLines.h"
 #include "job/JobResolving.h"
 #include "job/JobTables.h"
+#include "job/Remnants.h"
+#include "job/TextFile.h"
 #include "job/Utf8Path.h"
 
 #include <algorithm>
-#include <cstddef>
-#include <fstream>
 #include <string_view>
-#include <system_error>
 #include <utility>
 
 namespace job {
 
 namespace {
 
-constexpr std::size_t kMostBytes = std::size_t{4} * 1024 * 1024;
-constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 /// Reasons of the parser, in other words.
 struct SyntaxWords {
     std::string_view reason;  ///< part of it
@@ -40,32 +37,6 @@ constexpr SyntaxWords kSyntaxWords[] = {
     {"nested value depth",     "too many brackets in each other"                           },
     {"",                       "a job file has lines of key = value under lines of [table]"},
 };
-
-JobFaults::Fault WholeFile(std::string text) {
-    return {{}, std::move(text)};
-}
-
-using Bytes = std::variant<std::string, JobFaults::Fault>;
-
-Bytes ReadBytes(const std::filesystem::path& file) {
-    std::error_code error;
-    const std::filesystem::file_status status = std::filesystem::status(file, error);
-    if (status.type() == std::filesystem::file_type::not_found)
-        return WholeFile("there is no such file");
-    if (std::filesystem::is_directory(status))
-        return WholeFile("this is a folder, not a job file");
-    std::ifstream stream(file, std::ios::binary);
-    std::string bytes(kMostBytes + 1, '\0');
-    stream.read(bytes.data(), static_cast<std::streamsize>(bytes.size()));
-    if (!stream.is_open() || stream.bad())
-        return WholeFile("the file cannot be read");
-    bytes.resize(static_cast<std::size_t>(stream.gcount()));
-    if (bytes.size() > kMostBytes)
-        return WholeFile("the file is larger than 4 MB: this is no job file");
-    if (bytes.starts_with(kByteOrderMark))
-        bytes.erase(0, kByteOrderMark.size());
-    return bytes;
-}
 
 void AddSyntaxFault(const toml::parse_error& error, JobFaults& faults) {
     const std::string_view reason = error.description();
@@ -111,15 +82,21 @@ std::string DescribeJobError(const JobError& error) {
 
 JobResult ReadJobFile(const std::filesystem::path& file) {
     const std::string name = Utf8FromPath(file);
-    const Bytes bytes = ReadBytes(file);
-    if (const auto* fault = std::get_if<JobFaults::Fault>(&bytes))
-        return AsErrors(name, {*fault});
+    const auto bytes = ReadTextFile(file, "job file");
+    if (const auto* fault = std::get_if<TextFileFault>(&bytes))
+        return std::vector<JobError>{
+            {name, 0, 0, fault->text}
+        };
     JobFaults faults;
     CheckLines(std::get<std::string>(bytes), faults);
     Job job = faults.IsEmpty() ? Parse(std::get<std::string>(bytes), file, faults) : Job();
     if (!faults.IsEmpty())
         return AsErrors(name, faults.TakeSorted());
     job.file = name;
+    auto remnants = ReadRemnants(job);
+    if (auto* errors = std::get_if<std::vector<JobError>>(&remnants))
+        return std::move(*errors);
+    job.remnants = std::get<std::vector<Remnant>>(std::move(remnants));
     return job;
 }
 

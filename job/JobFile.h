@@ -28,8 +28,9 @@ std::string DescribeJobError(const JobError& error);
 using JobResult = std::variant<Job, std::vector<JobError>>;
 using NcFilesResult = std::variant<std::vector<std::filesystem::path>, std::vector<JobError>>;
 
-/// Reads a job and checks it completely. Else one fault, when the file cannot be read or is no
-/// TOML, or all faults by line; never an empty list.
+/// Reads a job and checks it completely, then the table of remnants that it names. Else one fault,
+/// when the file cannot be read or is no TOML, or all faults by line, of the job before those of
+/// the table; never an empty list.
 JobResult ReadJobFile(const std::filesystem::path& file);
 
 /// The NC files that the patterns of a job name, each once, in the order of the bytes of their

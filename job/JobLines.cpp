@@ -1,5 +1,7 @@
 #include "job/JobLines.h"
 
+#include "job/TextFile.h"
+
 #include <algorithm>
 #include <cstddef>
 #include <string>
@@ -15,7 +17,6 @@ constexpr int kMostDots = 20;
 constexpr std::string_view kKeyEnds = "=,{}[]";
 constexpr std::string_view kBeforeText = " \t=,{[";
 
-constexpr const char* kNotUtf8 = "this line is not UTF-8: save the file with the encoding UTF-8";
 constexpr const char* kLongText = "a text stands in single quotes or double quotes, on one line";
 constexpr const char* kGluedText =
     "a text cannot begin here: a blank, a comma or a bracket is missing";

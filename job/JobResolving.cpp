@@ -273,6 +273,8 @@ void JobMaker::CheckFileNames() {
     if (std::any_of(m_job.groups.begin(), m_job.groups.end(), isNested))
         for (const wchar_t* ending : {kCuttingListEnding, kCuttingTableEnding})
             names.Add(m_job.project.fileName + ending, fileName.at, m_faults);
+    if (!m_document.cutting.remnants.text.isEmpty())
+        names.Add(m_job.project.fileName + kRemnantsEnding, fileName.at, m_faults);
     if (m_job.reports.hasPage)
         names.Add(m_job.project.fileName + kPageEnding, fileName.at, m_faults);
     for (std::size_t i = 0; i < m_job.files.size(); ++i) {
@@ -331,7 +333,10 @@ void JobMaker::CheckPlan(const GroupTable& table) {
 }
 
 void JobMaker::TakeStocks() {
+    const PlacedText& remnants = m_document.cutting.remnants;
     m_job.cutting = m_document.cutting;
+    m_job.cutting.remnants = remnants.text.toUtf8();
+    CheckSlashes("remnants", m_job.cutting.remnants, remnants.at);
     for (const StockTable& table : m_document.stocks) {
         CheckStock(table, m_document.stocks.front().price.has_value());
         m_job.stocks.push_back(table);

@@ -302,7 +302,8 @@ constexpr Key kGroupKeys[] = {
 };
 
 constexpr Key kCuttingKeys[] = {
-    Row<Cutting, &Cutting::effort>("effort", "How much work a plan \"least\" may be, in millions of counted steps: 1000 are about a second. It ends before, as soon as it is proved that no plan is better. Lists of more than 70,000 pieces get more.", {.range = {1.0, 1000000.0}}),
+    Row<CuttingTable, &Cutting::effort>("effort", "How much work a plan \"least\" may be, in millions of counted steps: 1000 are about a second. It ends before, as soon as it is proved that no plan is better. Lists of more than 70,000 pieces get more.", {.range = {1.0, 1000000.0}}),
+    Row<CuttingTable, &CuttingTable::remnants>("remnants", "Table of remnants that plans \"least\" take bars from, relative to the job file's folder: CSV with the columns `profile`, `material`, `length`, `quantity` and `name`. What is left of it and the off-cuts worth keeping are written as `<file_name>-remnants.csv`; the table itself stays as it is.", {.defaultNote = "none"}),
 };
 
 constexpr Key kStockKeys[] = {
@@ -471,7 +472,7 @@ template <> constexpr const KeyTable& KeysOf<TolerancesTable>() { return kTolera
 template <> constexpr const KeyTable& KeysOf<FileTable>() { return kFileTable; }
 template <> constexpr const KeyTable& KeysOf<SecondaryPartsTable>() { return kSecondaryPartsTable; }
 template <> constexpr const KeyTable& KeysOf<GroupTable>() { return kGroupTable; }
-template <> constexpr const KeyTable& KeysOf<Cutting>() { return kCuttingTable; }
+template <> constexpr const KeyTable& KeysOf<CuttingTable>() { return kCuttingTable; }
 template <> constexpr const KeyTable& KeysOf<StockTable>() { return kStockTable; }
 template <> constexpr const KeyTable& KeysOf<SizeTable>() { return kSizeTable; }
 template <> constexpr const KeyTable& KeysOf<ThicknessTable>() { return kThicknessTable; }

@@ -12,6 +12,7 @@
 #include "camjob/run/RunText.h"
 #include "job/FileNames.h"
 #include "job/JobFile.h"
+#include "job/Remnants.h"
 
 #include <algorithm>
 #include <filesystem>
@@ -280,6 +281,8 @@ void JobRunner::RefuseToReplaceInput(plugin::JobRun& run) {
     };
     check(PathFromUtf8(m_options.job));
     std::for_each(m_ncFiles.begin(), m_ncFiles.end(), check);
+    if (const fs::path remnants = job::GetRemnantFile(m_job); !remnants.empty())
+        check(remnants);
 }
 
 /// What the system says of it, "" for nothing.

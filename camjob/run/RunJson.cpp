@@ -170,6 +170,7 @@ Json EntriesJson(const plugin::ProfilePlan& plan) {
             {"count",  bars.bars                       },
             {"stock",  plan.stocks[bars.stock].length  },
             {"kerf",   plan.stocks[bars.stock].kerf    },
+            {"remnant", plan.stocks[bars.stock].remnant ? Json(plan.stocks[bars.stock].name.toUtf8()) : Json()},
             {"offCut", plugin::Millimetres(bars.offCut)},
             {"kept",   IsKept(plan,                      bars)},
             {"pieces",        std::move(pieces)                                },

@@ -1,5 +1,7 @@
 #include "plugin/output/CuttingList.h"
 
+#include "job/CsvTable.h"
+
 #include <string_view>
 
 namespace plugin {
@@ -17,6 +19,12 @@ ZetString BarNumbers(long first, long count) {
     return ZetString::format(L"Bars %d to %d: %d bars", first, first + count - 1, count);
 }
 
+/// "6000.0", "2350.0, remnant R-17"
+ZetString DescribeStock(const BarStock& stock) {
+    const ZetString name = stock.name.isEmpty() ? L"" : L" " + stock.name;
+    return ZetString::format(L"%.1f", stock.length) + (stock.remnant ? L", remnant" + name : L"");
+}
+
 ZetString OffCutLine(const ProfilePlan& plan, const cutting::PlannedBars& bars) {
     if (bars.offCut == 0)
         return L"\tNo off-cut";
@@ -30,8 +38,7 @@ void AppendBars(const ProfilePlan& plan, ZetArray<ZetString>& lines) {
     for (const cutting::PlannedBars& bars : plan.plan.bars) {
         const auto count = static_cast<long>(bars.bars);
         lines.append(L"");
-        lines.append(BarNumbers(number, count) +
-                     ZetString::format(L" of %.1f", plan.stocks[bars.stock].length));
+        lines.append(BarNumbers(number, count) + L" of " + DescribeStock(plan.stocks[bars.stock]));
         for (const PieceOnBar& piece : walk.Next(bars))
             lines.append(ZetString::format(L"\t%9.1f  %-12s %9.1f  piece %d",
                                            Millimetres(piece.position),
@@ -103,17 +110,8 @@ void AppendTotals(const ProfilePlan& plan, ZetArray<ZetString>& lines) {
 
 // ---- table --------------------------------------------------------------------------------------
 
-constexpr const char* kLineEnd = "\r\n";
-
-/// In quotes where the text could be taken for more than one field.
 std::string Field(const ZetString& text) {
-    const std::string field = text.toUtf8();
-    if (field.find_first_of(",\"\r\n") == std::string::npos)
-        return field;
-    std::string quoted = "\"";
-    for (const char c : field)
-        quoted += c == '"' ? std::string("\"\"") : std::string(1, c);
-    return quoted + "\"";
+    return job::CsvField(text.toUtf8());
 }
 
 /// Millimetres with all decimals that a plan counts.
@@ -135,7 +133,7 @@ ZetArray<ZetString> MakeCuttingLines(const ProfilePlan& plan, const ZetString& g
 
 std::string CuttingTable::MakeHead() {
     return std::string("group,profile,material,bar,stock,position,mark,piece,length,offcut,kept") +
-           kLineEnd;
+           job::kCsvLineEnd;
 }
 
 std::string CuttingTable::MakeRows(const ProfilePlan& plan, const ZetString& group) {
@@ -152,7 +150,7 @@ std::string CuttingTable::MakeRows(const ProfilePlan& plan, const ZetString& gro
             for (const PieceOnBar& piece : walk.Next(bars))
                 rows += onBar + Field(piece.position) + "," + Field(plan.parts[piece.part].mark) +
                         "," + std::to_string(piece.number) + "," + Field(piece.length) + end +
-                        kLineEnd;
+                        job::kCsvLineEnd;
         }
     }
     return rows;

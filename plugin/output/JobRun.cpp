@@ -2,11 +2,11 @@
 
 #include "cutting/Verification.h"
 #include "job/ControlCharacters.h"
+#include "job/Remnants.h"
 #include "job/Utf8Path.h"
 #include "plugin/output/CuttingList.h"
 #include "plugin/output/LineEnds.h"
 #include "plugin/rules/ArrayFromVector.h"
-#include "plugin/rules/BarStock.h"
 
 #include "camdata/platform/system/Clock.h"
 #include "camdata/util/CMxUtil.h"
@@ -109,7 +109,7 @@ JobRun::DateOfLife::~DateOfLife() {
 }
 
 JobRun::JobRun(const job::Job& job, const std::filesystem::path& folder)
-    : m_job(job), m_rules(job), m_date(job.date) {
+    : m_job(job), m_rules(job), m_date(job.date), m_bars(job) {
     UseTolerances(job.tolerances);
     m_accumulator.SetProjectInfo(new JobProjectInformation(job, TextOf(folder / "")));
     m_accumulator.SetManuFacturerDetails(
@@ -183,14 +183,16 @@ bool JobRun::Write(const std::filesystem::path& folder, const CancelCheck& isCan
         return false;
     }
     EndLines(folder);
-    if (!IsAnyGroupNested())
-        return true;
     MakePlans();
     // A wrong plan reaches no file.
-    if (m_planFaults.empty()) {
-        WriteCuttingList(folderText);
-        WriteCuttingTable(folderText);
+    if (!m_planFaults.empty())
+        return true;
+    if (IsAnyGroupNested()) {
+        WriteCuttingList(folderText + GetFileName(job::kCuttingListEnding));
+        WriteCuttingTable(folderText + GetFileName(job::kCuttingTableEnding));
     }
+    if (!m_job.cutting.remnants.empty())
+        WriteRemnants(folderText + GetFileName(job::kRemnantsEnding));
     return true;
 }
 
@@ -216,6 +218,8 @@ std::vector<ZetString> JobRun::GetFileNames() {
     if (IsAnyGroupNested())
         for (const wchar_t* ending : {job::kCuttingListEnding, job::kCuttingTableEnding})
             names.push_back(GetFileName(ending));
+    if (!m_job.cutting.remnants.empty())
+        names.push_back(GetFileName(job::kRemnantsEnding));
     return names;
 }
 
@@ -299,6 +303,7 @@ void JobRun::MakePlans() {
         nextBar += TotalsOf(plan).bars;
         for (const std::string& fault : cutting::FindFaults(plan.demand, plan.cutStocks, plan.plan))
             m_planFaults.push_back(NameOfProfile(plan) + L": " + ZetString::fromUtf8(fault));
+        m_bars.Take(plan, GetProjectInfo().GetFileName());
         m_plans.push_back(std::move(plan));
     }
 }
@@ -316,27 +321,38 @@ ProfilePlan JobRun::PlanFor(const std::vector<std::size_t>& members) {
         if (parts.weightPerMetre == 0.0)
             parts.weightPerMetre = member.GetWeightPerMetre();
     }
-    return MakeProfilePlan(m_job, std::move(parts), [&](ZetArray<CMxParts> pieces) {
-        return first.MakeNests(std::move(pieces));
-    });
+    const NestedMembers together = first.GetNestedMembers();
+    std::vector<BarStock> stocks = StocksFor(m_job, together);
+    m_bars.Limit(stocks);
+    return MakeProfilePlan(
+        m_job,
+        std::move(parts),
+        PlanOf(m_job, together),
+        std::move(stocks),
+        [&](ZetArray<CMxParts> pieces) { return first.MakeNests(std::move(pieces)); });
 }
 
-void JobRun::WriteCuttingList(const ZetString& folder) {
+void JobRun::WriteCuttingList(const ZetString& name) {
     ZetFileAccess file;
-    const ZetString name = folder + GetFileName(job::kCuttingListEnding);
     file.Open(name, L"w");
     for (const ProfilePlan& plan : m_plans)
         CMxUtil::AsArrStrPrint(MakeCuttingLines(plan, m_job.groups[plan.group].id), &file);
     CloseFile(file, name);
 }
 
-void JobRun::WriteCuttingTable(const ZetString& folder) {
+void JobRun::WriteCuttingTable(const ZetString& name) {
     ZetFileAccess file;
-    const ZetString name = folder + GetFileName(job::kCuttingTableEnding);
     file.Open(name, L"w");
     file.Write(ZetString::fromUtf8(CuttingTable::MakeHead()));
     for (const ProfilePlan& plan : m_plans)
         file.Write(ZetString::fromUtf8(CuttingTable::MakeRows(plan, m_job.groups[plan.group].id)));
+    CloseFile(file, name);
+}
+
+void JobRun::WriteRemnants(const ZetString& name) {
+    ZetFileAccess file;
+    file.Open(name, L"w");
+    file.Write(ZetString::fromUtf8(job::MakeRemnantTable(m_bars.GetRemnants())));
     CloseFile(file, name);
 }
 
@@ -350,17 +366,16 @@ void JobRun::CloseFile(ZetFileAccess& file, const ZetString& name) {
 std::vector<ZetString> JobRun::FindPlanConflicts() const {
     std::set<ZetString> conflicts;
     for (const auto& member : m_members) {
-        const job::Group& group = m_job.groups[member->GetGroupPosition()];
-        const ZetString profile = member->GetProfileName();
-        if (!group.isNested || PlanOf(m_job, group, profile) != job::BarPlan::kGiven)
+        const NestedMembers members = member->GetNestedMembers();
+        if (!members.group.isNested || PlanOf(m_job, members) != job::BarPlan::kGiven)
             continue;
-        for (const job::Stock& stock : StocksFor(m_job, profile))
+        for (const BarStock& stock : StocksFor(m_job, members))
             if (!IsLibraryStock(stock))
                 conflicts.insert(ZetString::format(
                     L"group \"%s\": plan = \"given\" cuts %s from bars of %.0f without kerf, grips, "
                     L"price and quantity only; take away the plan, or the [[stock]] of %.0f",
-                    group.id,
-                    profile,
+                    members.group.id,
+                    members.profileName,
                     CMxNestParts().GetNestLength(),
                     stock.length));
     }

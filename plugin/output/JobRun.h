@@ -1,6 +1,7 @@
 #pragma once
 
 #include "job/Job.h"
+#include "plugin/output/BarsInHand.h"
 #include "plugin/output/JobProjectInformation.h"
 #include "plugin/output/ProfilePlan.h"
 #include "plugin/rules/JobMember.h"
@@ -96,8 +97,8 @@ class JobRun {
     /// False when it was cancelled: all files are closed then, and what they hold is of no use.
     /// Once per run.
     bool Write(const std::filesystem::path& folder, const CancelCheck& isCancelled = {});
-    /// Names of the files of the run, without folder, by position in Job::files; last the cutting
-    /// list and table, when a group is nested.
+    /// Names of the files of the run, without folder, by position in Job::files; then the cutting
+    /// list and table, when a group is nested; last the remnants, when the job names some.
     std::vector<ZetString> GetFileNames();
     /// What could not be opened, written or closed.
     const ZetArray<FileFault>& GetFileFaults() const { return m_faults; }
@@ -142,8 +143,9 @@ class JobRun {
     bool IsAnyGroupNested() const;
     void MakePlans();
     ProfilePlan PlanFor(const std::vector<std::size_t>& members);
-    void WriteCuttingList(const ZetString& folder);
-    void WriteCuttingTable(const ZetString& folder);
+    void WriteCuttingList(const ZetString& name);
+    void WriteCuttingTable(const ZetString& name);
+    void WriteRemnants(const ZetString& name);
     void CloseFile(ZetFileAccess& file, const ZetString& name);
 
     const job::Job& m_job;
@@ -154,6 +156,7 @@ class JobRun {
     CMxCamGlobAcc m_accumulator;
     std::vector<ZetString> m_leftOut;
     ZetArray<FileFault> m_faults;
+    BarsInHand m_bars;
     std::vector<ProfilePlan> m_plans;
     std::vector<ZetString> m_planFaults;
     std::vector<std::size_t> m_written;  ///< positions of members, as they were written

@@ -1,7 +1,6 @@
 #include "plugin/output/ProfilePlan.h"
 
 #include "cutting/Planner.h"
-#include "plugin/rules/BarStock.h"
 
 #include <algorithm>
 #include <cmath>
@@ -25,24 +24,21 @@ cutting::Length RoundedDown(double length) {
     return static_cast<cutting::Length>(std::floor(length * kUnits + kRounding));
 }
 
-PlanUnit UnitOf(const std::vector<job::Stock>& stocks) {
+PlanUnit UnitOf(const std::vector<BarStock>& stocks) {
     if (stocks.front().price)
         return PlanUnit::kPrice;
     return stocks.size() == 1 ? PlanUnit::kBars : PlanUnit::kLength;
 }
 
-cutting::Cost CostOf(const job::Stock& stock, PlanUnit unit) {
-    switch (unit) {
-        case PlanUnit::kPrice:
-            return std::max<cutting::Cost>(1, std::llround(*stock.price * kUnits));
-        case PlanUnit::kLength:
-            return RoundedDown(stock.length);
-        default:
-            return 1;
-    }
+/// A remnant counts half: it is paid for, but what is cut from it leaves less to keep.
+cutting::Cost CostOf(const BarStock& stock, PlanUnit unit) {
+    if (unit == PlanUnit::kBars)
+        return 1;
+    const double full = unit == PlanUnit::kPrice ? *stock.price : stock.length;
+    return std::max<cutting::Cost>(1, std::llround(full * kUnits / (stock.remnant ? 2.0 : 1.0)));
 }
 
-cutting::Stock StockOf(const job::Stock& stock, PlanUnit unit) {
+cutting::Stock StockOf(const BarStock& stock, PlanUnit unit) {
     return {.length = RoundedDown(stock.length),
             .kerf = RoundedUp(stock.kerf),
             .gripStart = RoundedUp(stock.gripStart),
@@ -125,13 +121,17 @@ double Millimetres(cutting::Length length) {
     return static_cast<double>(length) / kUnits;
 }
 
-ProfilePlan MakeProfilePlan(const job::Job& job, PartsOfProfile parts, const NestMaker& makeNests) {
+ProfilePlan MakeProfilePlan(const job::Job& job,
+                            PartsOfProfile parts,
+                            job::BarPlan kind,
+                            std::vector<BarStock> stocks,
+                            const NestMaker& makeNests) {
     ProfilePlan plan;
     static_cast<PartsOfProfile&>(plan) = std::move(parts);
-    plan.kind = PlanOf(job, job.groups[plan.group], plan.profileName);
-    plan.stocks = StocksFor(job, plan.profileName);
+    plan.kind = kind;
+    plan.stocks = std::move(stocks);
     plan.unit = UnitOf(plan.stocks);
-    for (const job::Stock& stock : plan.stocks)
+    for (const BarStock& stock : plan.stocks)
         plan.cutStocks.push_back(StockOf(stock, plan.unit));
     plan.firstFit = cutting::MakeFirstFitPlan(plan.demand, plan.cutStocks).cost;
     plan.given = cutting::CostFromShortest(plan.demand, plan.cutStocks);
@@ -167,6 +167,10 @@ bool IsKept(const ProfilePlan& plan, const cutting::PlannedBars& bars) {
     return least && bars.offCut >= RoundedUp(*least);
 }
 
+double KeptLength(const ProfilePlan& plan, const cutting::PlannedBars& bars) {
+    return IsKept(plan, bars) ? Millimetres(bars.offCut + plan.cutStocks[bars.stock].gripEnd) : 0.0;
+}
+
 PlanTotals TotalsOf(const ProfilePlan& plan) {
     PlanTotals totals;
     for (const cutting::PlannedBars& bars : plan.plan.bars) {
@@ -178,15 +182,15 @@ PlanTotals TotalsOf(const ProfilePlan& plan) {
             count += cut.count;
         }
         const auto times = static_cast<double>(bars.bars);
+        const double kept = KeptLength(plan, bars);
         const cutting::Length grips = stock.gripStart + stock.gripEnd;
-        const bool isKept = IsKept(plan, bars);
         totals.bars += static_cast<long>(bars.bars);
         totals.pieces += static_cast<long>(bars.bars * count);
         totals.barLength += times * Millimetres(stock.length);
         totals.pieceLength += times * Millimetres(pieces);
         totals.kerfLoss += times * Millimetres(stock.GetUsable() - pieces - bars.offCut);
-        totals.kept += times * Millimetres(isKept ? bars.offCut : 0);
-        totals.scrapped += times * Millimetres(grips + (isKept ? 0 : bars.offCut));
+        totals.kept += times * kept;
+        totals.scrapped += times * (Millimetres(grips + bars.offCut) - kept);
     }
     for (const cutting::Count count : plan.plan.uncut)
         totals.uncut += static_cast<long>(count);

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "cutting/Plan.h"
-#include "job/Job.h"
+#include "plugin/rules/BarStock.h"
 
 #include "camdata/nesting/CMxNestParts.h"
 #include "camdata/nesting/CMxParts.h"
@@ -41,7 +41,7 @@ struct PartsOfProfile {
 struct ProfilePlan : PartsOfProfile {
     job::BarPlan kind = job::BarPlan::kGiven;
     PlanUnit unit = PlanUnit::kBars;
-    std::vector<job::Stock> stocks;
+    std::vector<BarStock> stocks;
     std::vector<cutting::Stock> cutStocks;  ///< the same, as they are planned with
     cutting::Plan plan;
     cutting::Cost firstFit = 0;  ///< cost of first-fit-decreasing
@@ -52,8 +52,12 @@ struct ProfilePlan : PartsOfProfile {
 /// Makes the library's nests of some parts.
 using NestMaker = std::function<ZetArray<CMxNestParts>(ZetArray<CMxParts>)>;
 
-/// The plan that the job asks for.
-ProfilePlan MakeProfilePlan(const job::Job& job, PartsOfProfile parts, const NestMaker& makeNests);
+/// The plan of this kind from these bars, as the job asks for it.
+ProfilePlan MakeProfilePlan(const job::Job& job,
+                            PartsOfProfile parts,
+                            job::BarPlan kind,
+                            std::vector<BarStock> stocks,
+                            const NestMaker& makeNests);
 
 /// A length in 0.001 mm; pieces are rounded up.
 cutting::Length PieceLength(double length);
@@ -88,8 +92,8 @@ struct PlanTotals {
     double barLength = 0.0;
     double pieceLength = 0.0;
     double kerfLoss = 0.0;
-    double kept = 0.0;      ///< off-cuts
-    double scrapped = 0.0;  ///< off-cuts and grips
+    double kept = 0.0;      ///< as KeptLength
+    double scrapped = 0.0;  ///< other off-cuts and grips
 
     double GetUtilisation() const { return barLength > 0.0 ? pieceLength / barLength : 0.0; }
 };
@@ -97,6 +101,8 @@ PlanTotals TotalsOf(const ProfilePlan& plan);
 
 /// Whether the off-cut of these bars is worth keeping.
 bool IsKept(const ProfilePlan& plan, const cutting::PlannedBars& bars);
+/// Length of a bar's off-cut that is kept, with the grip that is still on it; else 0. In mm.
+double KeptLength(const ProfilePlan& plan, const cutting::PlannedBars& bars);
 
 /// "HAT60x1.2, S350GD", without a material "HAT60x1.2".
 ZetString NameOfProfile(const PartsOfProfile& parts);

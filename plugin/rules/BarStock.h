@@ -2,19 +2,33 @@
 
 #include "job/Job.h"
 
+#include <cstddef>
+#include <optional>
 #include <vector>
 
 namespace plugin {
 
-/// The stocks that members of this profile are cut from: those of the job that fit it, or bars of
-/// the library's length without kerf and grips.
-std::vector<job::Stock> StocksFor(const job::Job& job, const ZetString& profileName);
+/// Bars that members are cut from: a stock of the job, a remnant, or the library's bars.
+struct BarStock : job::Stock {
+    std::optional<std::size_t> stock;    ///< position in Job::stocks
+    std::optional<std::size_t> remnant;  ///< position in Job::remnants
+    ZetString name;                      ///< of a remnant
+};
 
-/// Whether a stock of the job fits the profile.
-bool HasStock(const job::Job& job, const ZetString& profileName);
+/// What members to be nested have in common.
+struct NestedMembers {
+    const job::Group& group;
+    ZetString profileName;
+    ZetString material;
+};
 
-/// Least where the group or, without its word, the stock says so.
-job::BarPlan PlanOf(const job::Job& job, const job::Group& group, const ZetString& profileName);
+/// The bars that they are cut from: the job's stocks for the profile, else bars of the library's
+/// length without kerf and grips. With the least plan also the remnants of profile and material;
+/// these are sawn as the first stock is.
+std::vector<BarStock> StocksFor(const job::Job& job, const NestedMembers& members);
+
+/// Least where the group or, without its word, a stock or a remnant says so.
+job::BarPlan PlanOf(const job::Job& job, const NestedMembers& members);
 
 /// Whether the library's plan can be for such bars.
 bool IsLibraryStock(const job::Stock& stock);
@@ -23,6 +37,6 @@ bool IsLibraryStock(const job::Stock& stock);
 double UsableLength(const job::Stock& stock);
 
 /// The stock that the longest piece can be cut from; there must be one.
-const job::Stock& LongestOf(const std::vector<job::Stock>& stocks);
+const BarStock& LongestOf(const std::vector<BarStock>& stocks);
 
 }  // namespace plugin

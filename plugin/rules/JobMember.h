@@ -4,6 +4,7 @@
 #include "job/ValidationTypes.h"
 #include "plugin/ledger/Finding.h"
 #include "plugin/ledger/Ledger.h"
+#include "plugin/rules/BarStock.h"
 #include "plugin/rules/FaceOutline.h"
 #include "plugin/rules/JudgingRules.h"
 
@@ -106,6 +107,8 @@ class JobMember : public CMxPeilaib {
 
     /// The library's nests of these parts, with the reserve of the member's group.
     ZetArray<CMxNestParts> MakeNests(ZetArray<CMxParts> parts);
+    /// Whom it is cut from bars with.
+    NestedMembers GetNestedMembers() const { return {GetGroup(), GetProfileName(), m_material}; }
     const ZetString& GetMaterial() const { return m_material; }
     /// kg; 0: not known.
     double GetWeightPerMetre() const { return m_weightPerMetre; }

@@ -1,4 +1,3 @@
-#include "plugin/rules/BarStock.h"
 #include "plugin/rules/JobMember.h"
 
 #include "camdata/tolerance/CMxGeom.h"
@@ -121,11 +120,13 @@ void JobMember::CheckQuantity() {
 }
 
 void JobMember::CheckStockLength() {
-    const std::vector<job::Stock> stocks = StocksFor(GetJob(), GetProfileName());
-    const job::Stock& longest = LongestOf(stocks);
+    if (!GetGroup().isNested)
+        return;
+    const std::vector<BarStock> stocks = StocksFor(GetJob(), GetNestedMembers());
+    const BarStock& longest = LongestOf(stocks);
     const double usable = UsableLength(longest);
     CMxGeom::SetTol(eTolEPS);
-    if (!GetGroup().isNested || !CMxGeom::IsGreater_Mx(GetLength(), usable))
+    if (!CMxGeom::IsGreater_Mx(GetLength(), usable))
         return;
     const ZetString grips =
         usable < longest.length ? ZetString::format(L", of which %.0f can be used", usable) : L"";

@@ -151,6 +151,8 @@ TEST(JobFile, TolerancesFilesAndGroups) {
     EXPECT_EQ(job.groups[2].reserveLength, 150.5);
     EXPECT_EQ(job.groups[4].plan, job::BarPlan::kLeast);
     EXPECT_EQ(job.cutting.effort, 500);
+    ASSERT_EQ(job.remnants.size(), 1u);
+    EXPECT_EQ(job.remnants[0].name, L"Rack 7");
     ASSERT_EQ(job.stocks.size(), 1u);
     EXPECT_EQ(job.stocks[0].price, 96.5);
     EXPECT_EQ(job.stocks[0].gripEnd, 25.5);

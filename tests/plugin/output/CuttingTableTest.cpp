@@ -217,6 +217,42 @@ TEST(CuttingPlans, GivenIsRefusedForOtherBarsThanTheLibraryKnows) {
     }
 }
 
+/// What one plan takes is not there for the next. An off-cut below 500 is not kept; the grip is
+/// still on one that is.
+TEST(CuttingPlans, LimitedBarsAreTakenOnce) {
+    TempFolder folder;
+    job::Job job = SampleJob();
+    job.project.fileName = L"job";
+    job.groups[job::kFirstOwnGroup].isNested = true;
+    job.cutting.remnants = "rest.csv";
+    job.remnants = {
+        {L"Z200x2.0", L"S1", 3075, 1, L"one"},
+        {L"Z200x2.0", L"S1", 1500, 2, L"two"},
+        {L"Z200x2.0", L"S2", 6575, 1, L"six"},
+        {L"Z250x2.0", L"S1", 3075, 1, L"no" },
+    };
+    job.stocks = {MakeStock(12000, 3.5), MakeStock(6075, 3.5)};
+    job.stocks[1].quantity = 1;
+    Part a(L"A"), b(L"B");
+    plugin::JobRun run(job, folder.PathOf(""));
+    run.Add(a.Material(L"S1").Length(3000).Qty(2));
+    run.Add(b.Material(L"S2").Length(6000).Qty(2));
+    ASSERT_TRUE(run.Write(folder.PathOf("")));
+    EXPECT_TRUE(run.GetPlanFaults().empty());
+    std::multiset<std::string> bars;
+    for (const Row& row : ReadTable(folder.Read("job-cutting.csv")))
+        bars.insert(row["mark"] + " " + row["stock"]);
+    EXPECT_EQ(
+        bars,
+        (std::multiset<std::string>{"A 3075.000", "A 6075.000", "B 6575.000", "B 12000.000"}));
+    EXPECT_EQ(folder.Read("job-remnants.csv"),
+              "profile,material,length,quantity,name\r\n"
+              "Z200x2.0,S1,1500,2,two\r\n"
+              "Z250x2.0,S1,3075,1,no\r\n"
+              "Z200x2.0,S1,3021.5,1,job bar 1\r\n"
+              "Z200x2.0,S2,5946.5,1,job bar 3\r\n");
+}
+
 TEST(CuttingPlans, APieceLongerThanTheLongestStockIsAFinding) {
     TempFolder folder;
     job::Job job = SampleJob();
