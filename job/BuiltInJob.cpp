@@ -12,8 +12,7 @@ namespace job {
 namespace {
 
 /// Findings that stand with the records of holes and notches, and need no lines of the member.
-constexpr ValidationType kToldByRecords[] = {
-    kHoleDistance, kHoleInsideSlot, kDuplicateHole, kDuplicateNotch};
+constexpr ValidationType kToldByRecords[] = {kHoleInsideSlot, kDuplicateHole, kDuplicateNotch};
 
 CMemTypeAndAttrib TypeFromHeader() {
     constexpr eProfPropType kSource = eProfPropHeader;
@@ -41,7 +40,6 @@ CMemberValidations NoLimits() {
 
 MemberType AnyMember() {
     MemberType member;
-    member.id = L"members";
     member.type = TypeFromHeader();
     member.limits = NoLimits();
     std::fill(member.reports.begin() + kUncoveredHole, member.reports.end(), eReportingWarning);

@@ -1,6 +1,6 @@
 #include "camjob/check/CheckJson.h"
 
-#include "camjob/console/ReportJson.h"
+#include "camjob/check/FindingJson.h"
 
 #include <array>
 
@@ -9,7 +9,7 @@ namespace camjob {
 namespace {
 
 /// Changes with every change that a reader of the document could stumble over.
-constexpr const char* kSchema = "camjob-check/1";
+constexpr const char* kSchema = "camjob-check/2";
 
 Json OrNull(const std::optional<double>& value) {
     return value ? Json(*value) : Json();
@@ -110,13 +110,6 @@ Json ToJson(const NotchReport& notch) {
     };
 }
 
-Json ToJson(const FindingsReport& findings) {
-    return {
-        {"errors",   TextList(findings.errors)  },
-        {"warnings", TextList(findings.warnings)},
-    };
-}
-
 Json ToJson(const std::optional<JudgementReport>& judgement) {
     if (!judgement)
         return {};
@@ -173,15 +166,15 @@ void CheckJsonWriter::Continue() {
 
 void CheckJsonWriter::AddRead(const CheckReport& report) {
     AddFile(Dump({
-        {"file",      report.file.toUtf8()    },
-        {"status",    "read"                  },
-        {"header",    ToJson(report.header)   },
-        {"notes",     ListOf(report.notes)    },
-        {"holes",     ListOf(report.holes)    },
-        {"notches",   ListOf(report.notches)  },
-        {"findings",  ToJson(report.findings) },
-        {"judgement", ToJson(report.judgement)},
-        {"faces",     ListOf(report.faces)    },
+        {"file",     report.file.toUtf8()        },
+        {"status",   "read"                      },
+        {"header",   ToJson(report.header)       },
+        {"notes",    ListOf(report.notes)        },
+        {"holes",    ListOf(report.holes)        },
+        {"notches",  ListOf(report.notches)      },
+        {"findings", FindingsJson(report.findings, report.file.toUtf8())},
+        {"judgement",          ToJson(report.judgement)                           },
+        {"faces",          ListOf(report.faces)    },
     }));
 }
 

@@ -297,21 +297,6 @@ void AddNotches(const ZetArray<CNotchAddInfo>& notches,
     }
 }
 
-/// Those that are told.
-long CountWarnings(const std::vector<plugin::Finding>& findings) {
-    return static_cast<long>(
-        std::count_if(findings.begin(), findings.end(), [](const plugin::Finding& finding) {
-            return !finding.IsError() && finding.IsPrinted();
-        }));
-}
-
-std::vector<ZetString> Trimmed(const ZetArray<ZetString>& lines) {
-    std::vector<ZetString> trimmed;
-    for (const ZetString& line : lines)
-        trimmed.push_back(line.trimmedLeft());
-    return trimmed;
-}
-
 /// A closed contour repeats its first point.
 long CornerCount(const ZetNCContour& contour) {
     const long count = contour.getPointCount();
@@ -360,27 +345,6 @@ std::vector<FaceReport> MakeFaceReports(const dstv::NcFileEntity& entity,
     return faces;
 }
 
-/// What the distances of a hole were found to be, each with the hole's line; ordered by line.
-std::vector<ZetString> DistanceWarnings(const ZetArray<CHoleAddlInfo>& holes) {
-    std::vector<std::pair<long, ZetString>> warnings;
-    for (const CHoleAddlInfo& hole : holes) {
-        ZetArray<ZetString> lines;
-        hole.GetWarMsg(lines);
-        const long line = hole.GetHoleData().hostTag;
-        // The first line describes the hole.
-        for (long i = 1; i < lines.length(); ++i)
-            warnings.push_back(
-                {line, ZetString::format(L"line %d: %s", line, lines[i].trimmedLeft())});
-    }
-    std::stable_sort(warnings.begin(), warnings.end(), [](const auto& a, const auto& b) {
-        return a.first < b.first;
-    });
-    std::vector<ZetString> texts;
-    for (auto& [line, text] : warnings)
-        texts.push_back(std::move(text));
-    return texts;
-}
-
 std::vector<ZetString> ListOf(const ZetArray<ZetString>& lines) {
     return {lines.begin(), lines.end()};
 }
@@ -424,9 +388,7 @@ CheckReport ReportOf(const dstv::NcFileEntity& entity,
     report.holes = MakeHoleReports(member, sources);
     AddNotches(member.GetNotches(), false, sources, type, report.notches);
     AddNotches(member.GetDuplicateNotches(), true, sources, type, report.notches);
-    report.findings = {Trimmed(member.GetErrors()),
-                       Trimmed(member.GetWarnings()),
-                       CountWarnings(member.GetFindings())};
+    report.findings = member.GetFindings();
     report.faces = MakeFaceReports(entity, creator.getNCStructure());
     return report;
 }
@@ -442,14 +404,8 @@ CheckResult MakeCheckReport(dstv::NcFileEntity& entity, const CheckRules& rules)
     plugin::JobMember member(rules.rules, *type, creator);
     member.ValidateMember();
     CheckReport report = ReportOf(entity, creator, member, *type);
-    if (rules.isJob) {
+    if (rules.isJob)
         report.judgement = MakeJudgement(member, *type);
-        return report;
-    }
-    for (ZetString& text : DistanceWarnings(member.GetHoles())) {
-        report.findings.warnings.push_back(std::move(text));
-        ++report.findings.warningCount;
-    }
     return report;
 }
 

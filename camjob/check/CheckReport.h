@@ -70,13 +70,6 @@ struct NotchReport {
     std::vector<ZetGeomPoint2d> outline;  ///< in the coordinates of its face in the file
 };
 
-/// What the member as a whole was found to be; texts of the library.
-struct FindingsReport {
-    std::vector<ZetString> errors;
-    std::vector<ZetString> warnings;
-    long warningCount = 0;  ///< findings: one may have several lines
-};
-
 /// What a job makes of the member.
 struct JudgementReport {
     ZetString memberType;    ///< its id in the job
@@ -101,9 +94,9 @@ struct CheckReport {
     ZetString file;
     ZetNCHeaderData header;
     std::vector<dstv::NcNote> notes;
-    std::vector<HoleReport> holes;     ///< in the order of the file's lines
-    std::vector<NotchReport> notches;  ///< in the order in which they were gathered
-    FindingsReport findings;
+    std::vector<HoleReport> holes;             ///< in the order of the file's lines
+    std::vector<NotchReport> notches;          ///< in the order in which they were gathered
+    std::vector<plugin::Finding> findings;     ///< in the order in which they were found
     std::optional<JudgementReport> judgement;  ///< nothing: checked without a job
     std::vector<FaceReport> faces;  ///< in the order of the views; only faces with something
 };

@@ -13,9 +13,11 @@ void CheckSummary::Add(const CheckReport& report) {
     }
     for (const NotchReport& notch : report.notches)
         notches += notch.isDuplicate ? 0 : 1;
-    warnings += report.findings.warningCount;
-    const bool isValid =
-        report.judgement ? report.judgement->isValid : report.findings.errors.empty();
+    bool isValid = true;
+    for (const plugin::Finding& finding : report.findings) {
+        isValid = isValid && !finding.IsError();
+        warnings += !finding.IsError() && finding.IsPrinted() ? 1 : 0;
+    }
     invalidMembers += isValid ? 0 : 1;
     for (const dstv::NcNote& note : report.notes)
         ++(note.severity == dstv::NcNote::Severity::kWarning ? warnings : notes);

@@ -15,13 +15,6 @@ ZetString Labelled(const wchar_t* label, const ZetString& value) {
     return Line(ZetString::format(L"%-10s %s", label, value));
 }
 
-ZetString Lines(const std::vector<ZetString>& lines) {
-    ZetString text;
-    for (const ZetString& line : lines)
-        text += line + L"\n";
-    return text;
-}
-
 /// What the job makes of the member; "" without a job.
 ZetString JudgementLine(const std::optional<JudgementReport>& judgement) {
     if (!judgement)
@@ -131,18 +124,25 @@ ZetString NotchTable(const std::vector<NotchReport>& notches) {
     return table.Format();
 }
 
-ZetString FindingLines(const FindingsReport& findings) {
-    ZetString lines;
-    for (const ZetString& text : findings.errors)
-        lines += Line(L"error   " + text);
-    for (const ZetString& text : findings.warnings)
-        lines += Line(L"warning " + text);
-    return lines;
+ZetString FindingLine(const plugin::Finding& finding) {
+    const ZetString line =
+        finding.feature ? ZetString::format(L"line %d: ", finding.feature->tag) : L"";
+    return Line((finding.IsError() ? L"error   " : L"warning ") + line + Describe(finding));
 }
 
-/// As they will stand in the job's files.
-ZetString BlockLines(const JudgementReport& judgement) {
-    return Paragraphs({Lines(judgement.errorBlock), Lines(judgement.warningBlock)});
+/// Errors first, each by its line.
+ZetString FindingLines(std::vector<plugin::Finding> findings) {
+    const auto keyOf = [](const plugin::Finding& finding) {
+        return std::pair(!finding.IsError(), finding.feature ? finding.feature->tag : 0);
+    };
+    std::stable_sort(findings.begin(), findings.end(), [&](const auto& a, const auto& b) {
+        return keyOf(a) < keyOf(b);
+    });
+    ZetString lines;
+    for (const plugin::Finding& finding : findings)
+        if (finding.IsPrinted())
+            lines += FindingLine(finding);
+    return lines;
 }
 
 ZetString ExternalContours(const std::vector<long>& points) {
@@ -224,14 +224,13 @@ ZetString RefusedLines(const CheckSummary& summary) {
 }  // namespace
 
 void CheckTextWriter::AddRead(const CheckReport& report) {
-    const ZetString text = Paragraphs(
-        {OneLine(report.file) + L"\n" + HeaderLines(report.header) +
-             JudgementLine(report.judgement),
-         NoteLines(report.notes),
-         HoleTable(report.holes, report.judgement.has_value()),
-         NotchTable(report.notches),
-         report.judgement ? BlockLines(*report.judgement) : FindingLines(report.findings),
-         FaceLines(report.faces)});
+    const ZetString text = Paragraphs({OneLine(report.file) + L"\n" + HeaderLines(report.header) +
+                                           JudgementLine(report.judgement),
+                                       NoteLines(report.notes),
+                                       HoleTable(report.holes, report.judgement.has_value()),
+                                       NotchTable(report.notches),
+                                       FindingLines(report.findings),
+                                       FaceLines(report.faces)});
     m_out.Write(Printable(text + L"\n"));
 }
 

@@ -1,7 +1,6 @@
 #include "camjob/run/RunJson.h"
 
-#include "camjob/console/ReportJson.h"
-#include "job/ReportWords.h"
+#include "camjob/check/FindingJson.h"
 
 #include <array>
 
@@ -10,7 +9,7 @@ namespace camjob {
 namespace {
 
 /// Changes with every change that a reader of the document could stumble over.
-constexpr const char* kSchema = "camjob-run/1";
+constexpr const char* kSchema = "camjob-run/2";
 
 /// By the value of RunStatus.
 constexpr std::array kStatusWords = {"done", "refused", "cancelled", "failed", "declined", "fault"};
@@ -55,41 +54,15 @@ Json ToJson(const plugin::AccountNumbers& accounts) {
     return object;
 }
 
-Json OrNull(const std::optional<double>& value) {
-    return value ? Json(*value) : Json();
-}
-
-/// A feature with its place: a hosted tag is a line of the file.
-Json ToJson(const plugin::Feature& feature) {
-    return {
-        {"kind", ZetString(plugin::WordOf(feature.kind)).toUtf8()},
-        {"line", feature.tag                                     },
-    };
-}
-
-Json ToJson(const plugin::Finding& finding, const std::string& file) {
-    return {
-        {"type",     job::kFindingTypes[finding.type].name                      },
-        {"report",   job::NameOfReport(finding.report)                          },
-        {"text",     finding.text.toUtf8()                                      },
-        {"rule",     finding.rule.toUtf8()},
-        {"required", OrNull(finding.required)                                   },
-        {"found",    OrNull(finding.found)                                      },
-        {"feature",  finding.feature ? ToJson(*finding.feature) : Json()        },
-        {"file",     file                                                       },
-        {"line",     finding.feature ? finding.feature->tag : 0                 },
-    };
-}
-
 /// By SetAside.
 constexpr std::array kReasonNames = {"", "marked", "inside_slot", "duplicate", "countersink"};
 
 Json ToJson(const plugin::SetAsideFeature& setAside, const std::string& file) {
     const bool hasOther = setAside.other.tag != 0;
     return {
-        {"feature", ToJson(setAside.feature)                                },
+        {"feature", FeatureJson(setAside.feature)                                },
         {"reason",  kReasonNames[static_cast<std::size_t>(setAside.reason)]},
-        {"other",   hasOther ? ToJson(setAside.other) : Json()              },
+        {"other",   hasOther ? FeatureJson(setAside.other) : Json()              },
         {"file",    file                                                    },
         {"line",    setAside.feature.tag                                    },
     };
@@ -124,7 +97,7 @@ Json ToJson(const RunMember& member) {
         {"nonStandard", result.outcome.isNonStandard},
         {"left",        result.left                 },
         {"accounts",    ToJson(member.accounts)     },
-        {"findings",    ListIn(member.file, result.findings)},
+        {"findings",    FindingsJson(result.findings, member.file)},
         {"setAside",    ListIn(member.file, result.setAside)},
     };
 }

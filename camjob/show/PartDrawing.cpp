@@ -125,7 +125,7 @@ class DrawingMaker {
     void AddNotches();
     void AddNotch(const NotchReport& notch, std::size_t face);
     void AddMarks(const ZetNCView& view);
-    void AddFindings(const std::vector<ZetString>& texts, FeatureState state);
+    void AddFindings(bool areErrors, FeatureState state);
 
     const dstv::NcFileEntity& m_entity;
     const CheckReport& m_report;
@@ -147,8 +147,8 @@ report::MemberDrawing DrawingMaker::Make() {
     AddNotches();
     for (const ZetNCView& view : m_structure.getViews())
         AddMarks(view);
-    AddFindings(m_report.findings.errors, FeatureState::kError);
-    AddFindings(m_report.findings.warnings, FeatureState::kWarning);
+    AddFindings(true, FeatureState::kError);
+    AddFindings(false, FeatureState::kWarning);
     return std::move(m_drawing);
 }
 
@@ -299,9 +299,11 @@ void DrawingMaker::AddMarks(const ZetNCView& view) {
     }
 }
 
-void DrawingMaker::AddFindings(const std::vector<ZetString>& texts, FeatureState state) {
-    for (const ZetString& text : texts)
-        m_drawing.findings.push_back({state, text.toUtf8(), 0});
+void DrawingMaker::AddFindings(bool areErrors, FeatureState state) {
+    for (const plugin::Finding& finding : m_report.findings)
+        if (finding.IsPrinted() && finding.IsError() == areErrors)
+            m_drawing.findings.push_back(
+                {state, finding.text.toUtf8(), finding.feature ? finding.feature->tag : 0});
 }
 
 }  // namespace

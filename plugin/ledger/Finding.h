@@ -32,6 +32,9 @@ struct Finding {
     }
 };
 
+/// Its text, with its name, the rule that judged, and what was required and found.
+ZetString Describe(const Finding& finding);
+
 /// What somebody should know of a feature, although nothing is wrong with it.
 struct FeatureNote {
     Feature feature;

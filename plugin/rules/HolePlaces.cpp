@@ -67,7 +67,7 @@ double LimitOf(const ZetString& line, double diameter) {
 /// The number in the first brackets.
 double NumberIn(const ZetString& line) {
     const long bracket = line.find(L"(");
-    return bracket < 0 ? 0.0 : line.mid(bracket + 1).toDouble(true);
+    return bracket < 0 ? 0.0 : line.mid(bracket + 1).toDouble();
 }
 
 }  // namespace

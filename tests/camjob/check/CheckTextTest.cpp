@@ -50,9 +50,9 @@ TEST(CheckText, IsTheApprovedReport) {
 
 TEST(CheckSummary, ARefusedFileOutranksAnInvalidMember) {
     camjob::CheckReport invalid;
-    invalid.findings.errors = {L"an error"};
+    invalid.findings = {{.report = eReportingError}};
     camjob::CheckReport warned;
-    warned.findings.warnings = {L"a warning"};
+    warned.findings = {{.report = eReportingWarning}};
     camjob::CheckSummary summary;
     summary.Add(warned);
     EXPECT_EQ(summary.GetExitCode(), 0);

@@ -1,0 +1,43 @@
+#include "camjob/check/FindingJson.h"
+
+#include "job/ReportWords.h"
+
+namespace camjob {
+
+namespace {
+
+Json OrNull(const std::optional<double>& value) {
+    return value ? Json(*value) : Json();
+}
+
+Json FindingJson(const plugin::Finding& finding, const std::string& file) {
+    return {
+        {"type",     job::kFindingTypes[finding.type].name                   },
+        {"report",   job::NameOfReport(finding.report)                       },
+        {"text",     finding.text.toUtf8()                                   },
+        {"rule",     finding.rule.toUtf8()                                   },
+        {"required", OrNull(finding.required)                                },
+        {"found",    OrNull(finding.found)                                   },
+        {"feature",  finding.feature ? FeatureJson(*finding.feature) : Json()},
+        {"file",     file                                                    },
+        {"line",     finding.feature ? finding.feature->tag : 0              },
+    };
+}
+
+}  // namespace
+
+Json FeatureJson(const plugin::Feature& feature) {
+    return {
+        {"kind", ZetString(plugin::WordOf(feature.kind)).toUtf8()},
+        {"line", feature.tag                                     },
+    };
+}
+
+Json FindingsJson(const std::vector<plugin::Finding>& findings, const std::string& file) {
+    Json array = Json::array();
+    for (const plugin::Finding& finding : findings)
+        array.push_back(FindingJson(finding, file));
+    return array;
+}
+
+}  // namespace camjob

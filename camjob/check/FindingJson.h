@@ -1,0 +1,16 @@
+#pragma once
+
+#include "camjob/console/ReportJson.h"
+#include "plugin/ledger/Finding.h"
+
+#include <string>
+#include <vector>
+
+namespace camjob {
+
+/// Its kind and line.
+Json FeatureJson(const plugin::Feature& feature);
+/// The findings on a member of a file, each an object that stands for itself.
+Json FindingsJson(const std::vector<plugin::Finding>& findings, const std::string& file);
+
+}  // namespace camjob

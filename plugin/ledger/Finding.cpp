@@ -1,0 +1,26 @@
+#include "plugin/ledger/Finding.h"
+
+#include <cmath>
+
+namespace plugin {
+
+namespace {
+
+/// As people write it: without decimals that say nothing.
+ZetString Shown(double value) {
+    return ZetString::format(L"%.10g", std::round(value * 10.0) / 10.0 + 0.0);
+}
+
+}  // namespace
+
+ZetString Describe(const Finding& finding) {
+    ZetString numbers;
+    if (finding.required && finding.found)
+        numbers = ZetString::format(
+            L": required %s, found %s", Shown(*finding.required), Shown(*finding.found));
+    const ZetString name = ZetString::fromUtf8(job::kFindingTypes[finding.type].name);
+    const ZetString rule = finding.rule.isEmpty() ? L"" : L" by " + finding.rule;
+    return ZetString::format(L"%s [%s%s%s]", finding.text, name, rule, numbers);
+}
+
+}  // namespace plugin
