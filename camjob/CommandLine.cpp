@@ -77,7 +77,10 @@ void DescribeRun(CLI::App& command, Options& options) {
 int Run(const Options& options, OutputStream& out, OutputStream& err) {
     StagingDisk disk;
     const Interrupt interrupt;
-    return RunJob(options.run, {disk, [&] { return interrupt.WasRequested(); }}, out, err);
+    return RunJob(options.run,
+                  {.disk = disk, .isCancelled = [&] { return interrupt.WasRequested(); }},
+                  out,
+                  err);
 }
 
 void DescribeInit(CLI::App& command, Options& options) {

@@ -2,6 +2,8 @@
 
 #include "cutting/Plan.h"
 
+#include <functional>
+
 namespace cutting {
 
 /// Steps that a plan of some thousand pieces may take: about four seconds on one core.
@@ -13,6 +15,9 @@ constexpr std::int64_t kDefaultSteps = 4'000'000'000;
 Plan MakeLeastPlan(const Demand& demand,
                    const std::vector<Stock>& stocks,
                    std::int64_t steps = kDefaultSteps);
+
+/// What makes such plans.
+using Planner = std::function<Plan(const Demand&, const std::vector<Stock>&, std::int64_t steps)>;
 
 /// The plan of first-fit-decreasing, for comparison. Without a bound.
 Plan MakeFirstFitPlan(const Demand& demand, const std::vector<Stock>& stocks);

@@ -168,6 +168,7 @@ void JobRunner::RunInFolder() {
     StagedOutput output(folder, m_system.disk);
     m_report.hasFinishedEarlierOutput = output.Recover();
     plugin::JobRun run(m_job, folder);
+    run.SetPlanner(m_system.planLeast);
     if (!PrepareProject(run) || !ReadInput(run))
         return;
     m_hasBegun = true;

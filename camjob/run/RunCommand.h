@@ -2,6 +2,7 @@
 
 #include "camjob/console/OutputStream.h"
 #include "camjob/disk/StagingDisk.h"
+#include "cutting/Planner.h"
 
 #include <functional>
 #include <string>
@@ -17,10 +18,11 @@ struct RunOptions {
     bool showsDialog = false;  ///< for the project information, before anything is read
 };
 
-/// What a run needs of the system that it runs on.
+/// What a run does not do itself; tests put something else in its place.
 struct RunSystem {
     StagingDisk& disk;
     std::function<bool()> isCancelled;  ///< asked before each file is read and each member written
+    cutting::Planner planLeast = &cutting::MakeLeastPlan;
 };
 
 /// Runs a job from NC files to manufacturing files, and reports it. All inputs are read before

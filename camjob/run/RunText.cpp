@@ -74,6 +74,7 @@ ZetString GroupTable(const RunReport& report) {
 
 ZetString NestTable(const RunReport& report) {
     ZetString uncut;
+    bool hasRemnants = false;
     TextTable table({
         {L"bars of group", Align::kLeft },
         {L"profile",       Align::kLeft },
@@ -96,6 +97,7 @@ ZetString NestTable(const RunReport& report) {
                       DescribeCost(plan, plan.plan.bound),
                       DescribeCost(plan, plan.firstFit),
                       DescribeCost(plan, plan.given)});
+        hasRemnants = hasRemnants || HasRemnants(plan);
         if (totals.uncut > 0)
             uncut += Line(Count(totals.uncut, L"piece") + L" of " + OneLine(NameOfProfile(plan)) +
                           L" not cut: no bar is long enough, or none is left");
@@ -107,6 +109,7 @@ ZetString NestTable(const RunReport& report) {
            Line(
                L"at least: no plan takes less; first fit: longest pieces first; given: shortest "
                L"pieces first") +
+           (hasRemnants ? Line(L"of remnants half the length or price counts") : ZetString()) +
            uncut;
 }
 

@@ -19,10 +19,15 @@ ZetString BarNumbers(long first, long count) {
     return ZetString::format(L"Bars %d to %d: %d bars", first, first + count - 1, count);
 }
 
-/// "6000.0", "2350.0, remnant R-17"
+/// "6000.0, kerf 3.0, grips 20.0 and 30.0", "2350.0, remnant R-17, kerf 3.0"
 ZetString DescribeStock(const BarStock& stock) {
-    const ZetString name = stock.name.isEmpty() ? L"" : L" " + stock.name;
-    return ZetString::format(L"%.1f", stock.length) + (stock.remnant ? L", remnant" + name : L"");
+    ZetString text = ZetString::format(L"%.1f", stock.length);
+    if (stock.remnant)
+        text += L", remnant" + (stock.name.isEmpty() ? ZetString() : L" " + stock.name);
+    text += ZetString::format(L", kerf %.1f", stock.kerf);
+    if (stock.gripStart > 0.0 || stock.gripEnd > 0.0)
+        text += ZetString::format(L", grips %.1f and %.1f", stock.gripStart, stock.gripEnd);
+    return text;
 }
 
 ZetString OffCutLine(const ProfilePlan& plan, const cutting::PlannedBars& bars) {
@@ -35,16 +40,19 @@ ZetString OffCutLine(const ProfilePlan& plan, const cutting::PlannedBars& bars) 
 void AppendBars(const ProfilePlan& plan, ZetArray<ZetString>& lines) {
     BarWalk walk(plan);
     long number = plan.firstBar;
+    lines.append(L"");
+    lines.append(L"\t position  mark            length   piece  member");
     for (const cutting::PlannedBars& bars : plan.plan.bars) {
         const auto count = static_cast<long>(bars.bars);
         lines.append(L"");
         lines.append(BarNumbers(number, count) + L" of " + DescribeStock(plan.stocks[bars.stock]));
         for (const PieceOnBar& piece : walk.Next(bars))
-            lines.append(ZetString::format(L"\t%9.1f  %-12s %9.1f  piece %d",
+            lines.append(ZetString::format(L"\t%9.1f  %-12s %9.1f  %6d  %s",
                                            Millimetres(piece.position),
                                            plan.parts[piece.part].mark,
                                            Millimetres(piece.length),
-                                           piece.number));
+                                           piece.number,
+                                           plan.parts[piece.part].file));
         lines.append(OffCutLine(plan, bars));
         for (cutting::Count other = 1; other < bars.bars; ++other)
             walk.Next(bars);
@@ -102,10 +110,12 @@ void AppendTotals(const ProfilePlan& plan, ZetArray<ZetString>& lines) {
                               L"Weight of all bars",
                               plan.weightPerMetre * totals.barLength / kMillimetresAMetre));
     lines.append(CostLine(plan, L"This plan", plan.plan.cost) + L" (" + DescribeProof(plan) + L")");
-    lines.append(CostLine(plan, L"No plan needs less than", plan.plan.bound));
+    lines.append(CostLine(plan, L"No plan takes less", plan.plan.bound));
     lines.append(CostLine(plan, L"First-fit-decreasing", plan.firstFit));
     if (plan.kind == job::BarPlan::kLeast)
         lines.append(CostLine(plan, L"From the shortest up", plan.given));
+    if (HasRemnants(plan))
+        lines.append(L"A remnant counts half.");
 }
 
 // ---- table --------------------------------------------------------------------------------------

@@ -28,6 +28,12 @@ ZetString TextOf(const std::filesystem::path& path) {
     return ZetString::fromUtf8(job::Utf8FromPath(path));
 }
 
+/// Without its folder: the same wherever the job lies.
+ZetString FileNameOf(const ZetString& file) {
+    const std::size_t slash = file.view().rfind(L'/');
+    return slash == std::wstring_view::npos ? file : ZetString(file.view().substr(slash + 1));
+}
+
 /// The day that counts as today while a run of a job with a date lives.
 CalendarDate g_dateOfRun;
 
@@ -62,9 +68,10 @@ void Count(const MemberOutcome& member, long pieces, GroupResult& group) {
 /// cancelled before each member that is written.
 class JobRun::Member final : public JobMember {
   public:
-    Member(JobRun& run, const job::MemberType& type, ZetNCCreator& creator)
+    Member(JobRun& run, const job::MemberType& type, ZetNCCreator& creator, const ZetString& file)
         : JobMember(run.m_rules, type, creator),
           m_run(run),
+          m_file(file),
           m_position(run.m_members.size()),
           m_ordered(GetQty()) {}
 
@@ -76,6 +83,8 @@ class JobRun::Member final : public JobMember {
         m_run.m_written.push_back(m_position);
     }
 
+    /// Its NC file, "" when it was not told.
+    const ZetString& GetFile() const { return m_file; }
     /// Pieces as ordered.
     long GetOrdered() const { return m_ordered; }
     MemberResult GetResult() const {
@@ -92,6 +101,7 @@ class JobRun::Member final : public JobMember {
 
   private:
     JobRun& m_run;
+    ZetString m_file;
     std::size_t m_position;  ///< among the members of the run
     long m_ordered;
 };
@@ -140,9 +150,9 @@ JobRun::Added JobRun::Add(ZetNCEntity& entity, const ZetString& source, const Ob
         return Added::kNoType;
     if (type->isSkipped)
         return Added::kSkipped;
-    auto member = std::make_unique<Member>(*this, *type, creator);
+    auto member = std::make_unique<Member>(*this, *type, creator, job::EscapeControls(source));
     if (m_job.reports.areSourcesTold)
-        member->SetSource(job::EscapeControls(source));
+        member->SetSource(member->GetFile());
     member->ValidateMember();
     // Parts of assemblies are settled as they are written: a main part lacks what was not selected.
     if (!member->getIsPartOfAssy())
@@ -316,7 +326,7 @@ ProfilePlan JobRun::PlanFor(const std::vector<std::size_t>& members) {
     parts.material = first.GetMaterial();
     for (const std::size_t position : members) {
         const Member& member = *m_members[position];
-        parts.parts.push_back({member.GetMark(), position});
+        parts.parts.push_back({member.GetMark(), FileNameOf(member.GetFile()), position});
         parts.demand.push_back({PieceLength(member.GetLength()), std::max(member.GetQty(), 0L)});
         if (parts.weightPerMetre == 0.0)
             parts.weightPerMetre = member.GetWeightPerMetre();
@@ -329,7 +339,7 @@ ProfilePlan JobRun::PlanFor(const std::vector<std::size_t>& members) {
         std::move(parts),
         PlanOf(m_job, together),
         std::move(stocks),
-        [&](ZetArray<CMxParts> pieces) { return first.MakeNests(std::move(pieces)); });
+        {m_planner, [&](ZetArray<CMxParts> pieces) { return first.MakeNests(std::move(pieces)); }});
 }
 
 void JobRun::WriteCuttingList(const ZetString& name) {

@@ -88,6 +88,9 @@ class JobRun {
     const Ledger& GetLastLedger() const { return m_lastLedger; }
     long GetCount() const { return static_cast<long>(m_members.size()); }
 
+    /// Makes the plans "least" instead of the planner of `cutting/`.
+    void SetPlanner(cutting::Planner planner) { m_planner = std::move(planner); }
+
     /// Files of the job that take no part, a line each; the additional information lists them.
     void SetLeftOut(std::vector<ZetString> lines) { m_leftOut = std::move(lines); }
 
@@ -157,6 +160,7 @@ class JobRun {
     std::vector<ZetString> m_leftOut;
     ZetArray<FileFault> m_faults;
     BarsInHand m_bars;
+    cutting::Planner m_planner = &cutting::MakeLeastPlan;
     std::vector<ProfilePlan> m_plans;
     std::vector<ZetString> m_planFaults;
     std::vector<std::size_t> m_written;  ///< positions of members, as they were written

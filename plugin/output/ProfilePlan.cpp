@@ -1,7 +1,5 @@
 #include "plugin/output/ProfilePlan.h"
 
-#include "cutting/Planner.h"
-
 #include <algorithm>
 #include <cmath>
 #include <map>
@@ -125,7 +123,7 @@ ProfilePlan MakeProfilePlan(const job::Job& job,
                             PartsOfProfile parts,
                             job::BarPlan kind,
                             std::vector<BarStock> stocks,
-                            const NestMaker& makeNests) {
+                            const PlanMakers& makers) {
     ProfilePlan plan;
     static_cast<PartsOfProfile&>(plan) = std::move(parts);
     plan.kind = kind;
@@ -136,10 +134,9 @@ ProfilePlan MakeProfilePlan(const job::Job& job,
     plan.firstFit = cutting::MakeFirstFitPlan(plan.demand, plan.cutStocks).cost;
     plan.given = cutting::CostFromShortest(plan.demand, plan.cutStocks);
     if (plan.kind == job::BarPlan::kLeast) {
-        plan.plan = cutting::MakeLeastPlan(
-            plan.demand, plan.cutStocks, job.cutting.effort * kStepsOfEffort);
+        plan.plan = makers.least(plan.demand, plan.cutStocks, job.cutting.effort * kStepsOfEffort);
     } else {
-        plan.plan = MakeGivenPlan(plan, makeNests);
+        plan.plan = MakeGivenPlan(plan, makers.given);
         plan.given = plan.plan.cost;
     }
     return plan;
@@ -160,6 +157,12 @@ std::vector<PieceOnBar> BarWalk::Next(const cutting::PlannedBars& bars) {
             position += length + stock.kerf;
         }
     return pieces;
+}
+
+bool HasRemnants(const ProfilePlan& plan) {
+    return std::any_of(plan.stocks.begin(), plan.stocks.end(), [](const BarStock& stock) {
+        return stock.remnant.has_value();
+    });
 }
 
 bool IsKept(const ProfilePlan& plan, const cutting::PlannedBars& bars) {

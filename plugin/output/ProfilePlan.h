@@ -1,6 +1,6 @@
 #pragma once
 
-#include "cutting/Plan.h"
+#include "cutting/Planner.h"
 #include "plugin/rules/BarStock.h"
 
 #include "camdata/nesting/CMxNestParts.h"
@@ -24,6 +24,7 @@ enum class PlanUnit {
 /// Pieces of one member that are cut from bars.
 struct BarPart {
     ZetString mark;
+    ZetString file;          ///< its NC file, without folder; "": not known
     std::size_t member = 0;  ///< its position in the run
 };
 
@@ -52,12 +53,18 @@ struct ProfilePlan : PartsOfProfile {
 /// Makes the library's nests of some parts.
 using NestMaker = std::function<ZetArray<CMxNestParts>(ZetArray<CMxParts>)>;
 
+/// Who makes the plans of each kind.
+struct PlanMakers {
+    cutting::Planner least;
+    NestMaker given;
+};
+
 /// The plan of this kind from these bars, as the job asks for it.
 ProfilePlan MakeProfilePlan(const job::Job& job,
                             PartsOfProfile parts,
                             job::BarPlan kind,
                             std::vector<BarStock> stocks,
-                            const NestMaker& makeNests);
+                            const PlanMakers& makers);
 
 /// A length in 0.001 mm; pieces are rounded up.
 cutting::Length PieceLength(double length);
@@ -99,6 +106,8 @@ struct PlanTotals {
 };
 PlanTotals TotalsOf(const ProfilePlan& plan);
 
+/// Whether remnants are among its bars, used or not.
+bool HasRemnants(const ProfilePlan& plan);
 /// Whether the off-cut of these bars is worth keeping.
 bool IsKept(const ProfilePlan& plan, const cutting::PlannedBars& bars);
 /// Length of a bar's off-cut that is kept, with the grip that is still on it; else 0. In mm.

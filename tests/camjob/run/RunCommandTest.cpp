@@ -225,7 +225,7 @@ CamjobRun RunSample(const TempFolder& folder,
     TextStream out;
     TextStream err;
     const int code = camjob::RunJob({ArgumentFor(folder, "new.toml"), ArgumentFor(folder, "out")},
-                                    {disk, isCancelled},
+                                    {.disk = disk, .isCancelled = isCancelled},
                                     out,
                                     err);
     return {code, out.GetText(), err.GetText()};
@@ -269,6 +269,40 @@ CamjobRun RunWithDialog(const TempFolder& folder,
     SetDialogDriver({});
     EXPECT_TRUE(isShown);
     return run;
+}
+
+/// A saw would make one bar too few of what such a planner plans.
+TEST(RunCommand, RefusesAWrongPlan) {
+    const TempFolder folder;
+    OldAndNew files(folder);
+    SampleJob newer;
+    newer.number = "2";
+    newer.more = "[[stock]]\nprofile = \"C*\"\nlength = 6000\n";
+    newer.Write(folder, "new.toml");
+    camjob::StagingDisk disk;
+    const auto run = [&](const cutting::Planner& planner) {
+        TextStream out, err;
+        const int code = camjob::RunJob(
+            {ArgumentFor(folder, "new.toml"), ArgumentFor(folder, "out")},
+            {.disk = disk, .isCancelled = [] { return false; }, .planLeast = planner},
+            out,
+            err);
+        return CamjobRun{code, out.GetText(), err.GetText()};
+    };
+    const CamjobRun wrong = run([](const auto& demand, const auto& stocks, std::int64_t steps) {
+        cutting::Plan plan = cutting::MakeLeastPlan(demand, stocks, steps);
+        plan.bars.pop_back();
+        return plan;
+    });
+    EXPECT_EQ(wrong.exitCode, 4);
+    EXPECT_EQ(wrong.out, "");
+    ExpectParts(wrong.err,
+                {"a cutting plan is wrong: C100x1.5, S350GD: Mark 1: 0 pieces instead of",
+                 "this is a fault of this program; the output in",
+                 "is as it was"});
+    EXPECT_EQ(ContentOf(folder.PathOf("out")), files.oldFiles);
+    EXPECT_EQ(run(&cutting::MakeLeastPlan).exitCode, 1);
+    EXPECT_NE(ContentOf(folder.PathOf("out")), files.oldFiles);
 }
 
 TEST(RunCommand, ShowsTheDialogFirst) {
