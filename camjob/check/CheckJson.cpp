@@ -110,6 +110,18 @@ Json ToJson(const NotchReport& notch) {
     };
 }
 
+Json ToJson(const CutReport& cut) {
+    return {
+        {"kind",  ZetString(cut.kind).toUtf8()},
+        {"line",  cut.line                    },
+        {"face",  cut.face.toUtf8()           },
+        {"side",  ZetString(cut.side).toUtf8()},
+        {"at",    cut.at                      },
+        {"angle", OrNull(cut.angle)           },
+        {"code",  OrNull(cut.code)            },
+    };
+}
+
 Json ToJson(const std::optional<JudgementReport>& judgement) {
     if (!judgement)
         return {};
@@ -172,6 +184,7 @@ void CheckJsonWriter::AddRead(const CheckReport& report) {
         {"notes",    ListOf(report.notes)        },
         {"holes",    ListOf(report.holes)        },
         {"notches",  ListOf(report.notches)      },
+        {"cuts",     ListOf(report.cuts)         },
         {"findings", FindingsJson(report.findings, report.file.toUtf8())},
         {"judgement",          ToJson(report.judgement)                           },
         {"faces",          ListOf(report.faces)    },

@@ -4,6 +4,7 @@
 #include "plugin/rules/FlangeZero.h"
 
 #include <algorithm>
+#include <array>
 #include <unordered_map>
 #include <utility>
 
@@ -297,6 +298,28 @@ void AddNotches(const ZetArray<CNotchAddInfo>& notches,
     }
 }
 
+/// By job::TrimSide.
+constexpr std::array kSideWords = {L"start", L"end", L"lower", L"upper"};
+
+std::vector<CutReport> MakeCutReports(const plugin::JobMember& member) {
+    std::vector<CutReport> reports;
+    for (const plugin::Trim& trim : member.GetTrims())
+        reports.push_back({.kind = L"trim",
+                           .line = trim.tag,
+                           .face = FaceWord(trim.face),
+                           .side = kSideWords[static_cast<std::size_t>(trim.side)],
+                           .at = trim.at,
+                           .code = trim.code});
+    for (const ZetNCCut& cut : member.GetMitres())
+        reports.push_back({.kind = L"mitre",
+                           .line = cut.hostTag,
+                           .face = cut.face == ZetNCCut::eFaceWeb ? L"web" : L"flange",
+                           .side = cut.end == ZetNCCut::eEndStart ? L"start" : L"end",
+                           .at = cut.x,
+                           .angle = cut.angle});
+    return reports;
+}
+
 /// A closed contour repeats its first point.
 long CornerCount(const ZetNCContour& contour) {
     const long count = contour.getPointCount();
@@ -388,6 +411,7 @@ CheckReport ReportOf(const dstv::NcFileEntity& entity,
     report.holes = MakeHoleReports(member, sources);
     AddNotches(member.GetNotches(), false, sources, type, report.notches);
     AddNotches(member.GetDuplicateNotches(), true, sources, type, report.notches);
+    report.cuts = MakeCutReports(member);
     report.findings = member.GetFindings();
     report.faces = MakeFaceReports(entity, creator.getNCStructure());
     return report;

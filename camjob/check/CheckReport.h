@@ -70,6 +70,17 @@ struct NotchReport {
     std::vector<ZetGeomPoint2d> outline;  ///< in the coordinates of its face in the file
 };
 
+/// A cut through a whole face or the whole member.
+struct CutReport {
+    const wchar_t* kind;  ///< "trim" or "mitre"
+    long line = 0;
+    ZetString face;                 ///< of a mitre "web" or "flange": which shows the angle
+    const wchar_t* side;            ///< "start", "end", "lower" or "upper"
+    double at = 0.0;                ///< X or Y of a trim's new edge; X of a mitre
+    std::optional<double> angle{};  ///< of a mitre, degrees
+    ZetString code{};               ///< of a trim
+};
+
 /// What a job makes of the member.
 struct JudgementReport {
     ZetString memberType;    ///< its id in the job
@@ -96,6 +107,7 @@ struct CheckReport {
     std::vector<dstv::NcNote> notes;
     std::vector<HoleReport> holes;             ///< in the order of the file's lines
     std::vector<NotchReport> notches;          ///< in the order in which they were gathered
+    std::vector<CutReport> cuts;               ///< trims, then mitres
     std::vector<plugin::Finding> findings;     ///< in the order in which they were found
     std::optional<JudgementReport> judgement;  ///< nothing: checked without a job
     std::vector<FaceReport> faces;  ///< in the order of the views; only faces with something

@@ -124,6 +124,28 @@ ZetString NotchTable(const std::vector<NotchReport>& notches) {
     return table.Format();
 }
 
+ZetString CutTable(const std::vector<CutReport>& cuts) {
+    using Align = TextTable::Align;
+    TextTable table({
+        {L"line",  Align::kRight},
+        {L"cut",   Align::kLeft },
+        {L"face",  Align::kLeft },
+        {L"side",  Align::kLeft },
+        {L"at mm", Align::kRight},
+        {L"angle", Align::kRight},
+        {L"code",  Align::kLeft }
+    });
+    for (const CutReport& cut : cuts)
+        table.AddRow({ZetString::format(L"%d", cut.line),
+                      cut.kind,
+                      cut.face,
+                      cut.side,
+                      Number(cut.at),
+                      cut.angle ? Number(*cut.angle) : L"-",
+                      cut.code});
+    return table.Format();
+}
+
 ZetString FindingLine(const plugin::Finding& finding) {
     const ZetString line =
         finding.feature ? ZetString::format(L"line %d: ", finding.feature->tag) : L"";
@@ -229,6 +251,7 @@ void CheckTextWriter::AddRead(const CheckReport& report) {
                                        NoteLines(report.notes),
                                        HoleTable(report.holes, report.judgement.has_value()),
                                        NotchTable(report.notches),
+                                       CutTable(report.cuts),
                                        FindingLines(report.findings),
                                        FaceLines(report.faces)});
     m_out.Write(Printable(text + L"\n"));

@@ -177,7 +177,7 @@ void JobRunner::RunInFolder() {
         return;
     TakeMembers(run);
     if (!AddsUp())
-        return;
+        return m_report.DropResults();
     TakeResults(run, output.GetStagingFolder());
     if (WritePage(run, output.GetStagingFolder()))
         output.Commit();

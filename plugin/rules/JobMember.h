@@ -28,6 +28,15 @@ struct MemberHole {
     SetAside setAside = SetAside::kNot;
 };
 
+/// A whole side of a face that is cut off.
+struct Trim {
+    eHoleFace face;
+    job::TrimSide side;
+    double at;  ///< X or Y of the new edge
+    ZetString code;
+    long tag;
+};
+
 /// What a member was found to be, settled with its report.
 struct MemberOutcome {
     bool isValid = true;  ///< no error: it is manufactured
@@ -78,6 +87,9 @@ class JobMember : public CMxPeilaib {
     const ZetArray<CHoleAddlInfo>& GetHoles() const { return m_holes; }
     const ZetArray<CNotchAddInfo>& GetNotches() const { return m_notches; }
     const ZetArray<CNotchAddInfo>& GetDuplicateNotches() const { return m_duplicateNotches; }
+    /// The trims and mitres to be made. Empty after MakeOutput.
+    const std::vector<Trim>& GetTrims() const { return m_trims; }
+    const std::vector<ZetNCCut>& GetMitres() const { return m_mitres; }
     /// What was found, in the order in which it was found; also what the job leaves unprinted.
     const std::vector<Finding>& GetFindings() const { return m_findings; }
     std::vector<Finding> TakeFindings() { return std::move(m_findings); }
@@ -131,14 +143,6 @@ class JobMember : public CMxPeilaib {
 
     class HoleSettlement;
     struct NotchSum;
-    /// A whole side of a face that is cut off.
-    struct Trim {
-        eHoleFace face;
-        job::TrimSide side;
-        double at;  ///< X or Y of the new edge
-        ZetString code;
-        long tag;
-    };
     /// Tag, face and position.
     using HolePlace = std::tuple<long, eHoleFace, double, double>;
 

@@ -167,6 +167,9 @@ const Case kCases[] = {
     {"BeyondARoundTube", kTube, "1000", "BO\n  v 500 630 18\n", "hole_outside 23\nrefused=1 "},
     {"OutlineOfARoundTube", kTube, "1000", "AK\n  v 0 0\n  1000 0\n  1000 628.32\n  0 628.32\n  0 0\n", "made=1 "},
     {"MarksAndTexts", kZ, "1000", "KO\n  v 100 50\n  200 50\nSI\n  v 50 100 0 10r P1\nBO\n  v 900 50m 0 0\n", "not_for_machine=3 "},
+    {"PlaneBetweenBottomAndTop", kZ, "1000", "BO\n  o 500 30 18\nE1\n  100 2.625 0\n  200 2.625 0\n  100 62.625 80\nB1\n  20 30 18\n",
+     "hole face=top_flange x=500.000 y=30.000 diameter=18.000 depth=0.000 thread=none code=\"H\"\n"
+     "hole face=top_flange x=120.000 y=30.000 diameter=18.000 depth=0.000 thread=none code=\"H\"\nunclear_plane 29\nmade=2 "},
     {"UnknownBlock", kZ, "1000", "IN\n  A : B\nBR\n  what\n", "note 22\nwarning 24\nnoted=2 "},
 };
 // clang-format on

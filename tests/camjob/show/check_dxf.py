@@ -87,7 +87,12 @@ def check(file, part):
             complaints.append(f"{len(left)} too many on {layer}")
     outline = [box(e) for e in shapes["WEB_OUTLINE"]]
     header = part["header"]
-    if len(outline) != 1 or outline[0][2] > header["length"] + NEAR or outline[0][3] > header["height"] + NEAR:
+    around = math.pi if header["profileCode"] in ("RO", "RU") else 1.0
+    if (
+        len(outline) != 1
+        or outline[0][2] > header["length"] + NEAR
+        or outline[0][3] > header["height"] * around + NEAR
+    ):
         complaints.append(f"outline of the web: {outline}")
     return found, complaints
 
