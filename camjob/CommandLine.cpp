@@ -1,14 +1,13 @@
 #include "camjob/CommandLine.h"
 
+#include "camjob/Version.h"
 #include "camjob/check/CheckCommand.h"
 #include "camjob/console/Interrupt.h"
 #include "camjob/disk/StagingDisk.h"
+#include "camjob/host/HostCommand.h"
 #include "camjob/init/InitCommand.h"
 #include "camjob/run/RunCommand.h"
 #include "camjob/show/ShowCommand.h"
-
-#include "camdata/platform/system/Modules.h"
-#include "camdata/util/CMxUtil.h"
 
 #include <CLI/CLI.hpp>
 #include <algorithm>
@@ -25,10 +24,6 @@ constexpr const char* kExitCodes =
     "read; 3 a file or the report could not be written; 4 a fault of the program that was caught before it "
     "could do harm; 130 stopped by Ctrl-C. The highest wins.";
 
-std::string Version() {
-    return "camjob " + CMxUtil::GetDllVersion(OwnModule()).toUtf8();
-}
-
 std::string UsageError(const CLI::App* app, const CLI::Error& error) {
     return std::string("camjob: ") + error.what() + "\n" + app->help();
 }
@@ -39,6 +34,7 @@ struct Options {
     RunOptions run;
     InitOptions init;
     ShowOptions show;
+    HostOptions host;
 };
 
 void DescribeCheck(CLI::App& command, Options& options) {
@@ -123,6 +119,30 @@ int Show(const Options& options, OutputStream& out, OutputStream& err) {
     return RunShow(options.show, out, err);
 }
 
+void DescribeHost(CLI::App& command, Options& options) {
+    command.add_option("PLUGIN", options.host.plugin, "The plug-in: a DLL or shared object")
+        ->required();
+    command.add_option(
+        "FILE",
+        options.host.files,
+        "DSTV NC files, or folders of them, whose parts the plug-in gets; without any those of the job");
+    command.add_option(
+        "--job", options.host.job, "Read the files as this job says, with its assemblies");
+    command
+        .add_option("--out",
+                    options.host.folder,
+                    "Folder of the plug-in's output; without it one named after the plug-in")
+        ->check(FaultOfFolder);
+}
+
+/// The job names files of its own.
+int Host(const Options& options, OutputStream& out, OutputStream& err) {
+    if (!options.host.files.empty() || !options.host.job.empty())
+        return RunHost(options.host, out, err);
+    err.Write("camjob: FILE or --job is required: whose parts is the plug-in to get?\n");
+    return kExitBadInput;
+}
+
 struct Command {
     const char* name;
     const char* meaning;
@@ -139,12 +159,13 @@ constexpr Command kCommands[] = {
     {"run",   "Make the manufacturing files of a job",                &DescribeRun,   &Run,   &WriteRunWithoutMemory,   kExitNotWritten},
     {"init",  "Write a commented job to start from",                  &DescribeInit,  &Init,  nullptr,                  kExitNotWritten},
     {"show",  "Draw NC files as SVG or DXF",                          &DescribeShow,  &Show,  nullptr,                  kExitNotWritten},
+    {"host",  "Run a plug-in on the parts of NC files",               &DescribeHost,  &Host,  nullptr,                  kExitBadInput},
 };
 // clang-format on
 
 void Describe(CLI::App& app, Options& options) {
     app.allow_windows_style_options(false);
-    app.set_version_flag("--version", Version(), "Print the version and exit");
+    app.set_version_flag("--version", VersionText(), "Print the version and exit");
     app.require_subcommand(0, 1);
     app.failure_message(UsageError);
     app.footer(kExitCodes);

@@ -1,5 +1,5 @@
 # camdata_module_version(TARGET VERSION DESCRIPTION) gives a shared library or program its file
-# version, which ModuleFileVersion() finds at run time: on Windows a version resource, elsewhere an
+# version, four numbers, which ModuleFileVersion() finds at run time: on Windows a version resource, elsewhere an
 # ELF note (visible with readelf -n).
 if(WIN32)
     enable_language(RC)

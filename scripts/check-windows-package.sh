@@ -25,7 +25,8 @@ unpack() {
 contents() {
     local file
     for file in README.txt bin/camdata.dll bin/camjob.exe lib/libcamdata.dll.a include/camdata/camdata.h \
-        lib/cmake/camdata/camdataConfig.cmake examples/minimal-plugin/CMakeLists.txt examples/nc \
+        lib/cmake/camdata/camdataConfig.cmake lib/libcamdata_dstv.a include/dstv/NcHost.h docs/plugin-guide.md \
+        examples/minimal-plugin/CMakeLists.txt examples/nc \
         third-party-notices/{00-overview,libcli11-dev,libfmt-dev,nlohmann-json3-dev,libtomlplusplus-dev}.txt \
         third-party-notices/{g++-mingw-w64-x86-64-posix,mingw-w64-x86-64-dev}.txt; do
         [ -e "$unpacked/$file" ] || fail "$file is missing"
@@ -64,7 +65,7 @@ exported_names() {
 }
 
 plug_ins() {
-    RUNNER=$runner tests/check-installed.sh "$unpacked/examples" "$scratch/projects" \
+    RUNNER=$runner CAMJOB=$unpacked/bin/camjob.exe tests/check-installed.sh "$unpacked/examples" "$scratch/projects" \
         -DCMAKE_TOOLCHAIN_FILE="$PWD/cmake/mingw-w64-x86_64.cmake" \
         -Dcamdata_DIR="$unpacked/lib/cmake/camdata"
 }

@@ -1,8 +1,8 @@
 #!/usr/bin/env bash
 # check-installed.sh EXAMPLES SCRATCH CMAKE-ARGUMENT... builds projects of other people against an
 # installed or unpacked library, and runs them: one that links with it, and a plug-in (that of the folder
-# of examples) that a host loads and unloads. The CMake arguments say where the library is and for which
-# system to build. RUNNER in the environment is a program that starts them.
+# of examples) that a host loads and unloads, the installed tool CAMJOB too. The CMake arguments say where the
+# library is and for which system to build. RUNNER in the environment is a program that starts them.
 set -euo pipefail
 tests=$(realpath "$(dirname "${BASH_SOURCE[0]}")")
 examples=$(realpath "$1")
@@ -27,10 +27,23 @@ build "$examples/minimal-plugin" "$@"
 build "$tests/plugin_host" "$@"
 
 run() {
-    echo "Running $*"
+    echo "Running $*" >&2
     "${runner[@]}" "$@"
 }
 
+# The bytes of FILE are those of the golden file.
+expect() {
+    tr -d '\r' <"$1" | diff -u "$tests/consumer/golden/$1" - || exit 1
+}
+
 run "$(built './consumer/consumer*')"
+run "$(built './consumer/reader*')" "$examples/nc/Z200-purlin.nc1" >holes.txt
+expect holes.txt
 run "$(built './plugin_host/plugin_host*')" \
     "$(built './minimal-plugin/minimal_plugin.*')" "$(built './plugin_host/host_entities.*')"
+
+# The same plug-in with the tool as its host.
+cp "$examples"/nc/{PL12-bracket,Z200-purlin}.nc1 .
+run "$CAMJOB" host "$(built './minimal-plugin/minimal_plugin.*')" PL12-bracket.nc1 Z200-purlin.nc1 --out hosted || [ $? -eq 1 ]
+cat hosted/*.txt >hosted.txt
+expect hosted.txt

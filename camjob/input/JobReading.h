@@ -1,11 +1,17 @@
 #pragma once
 
+#include "dstv/NcAssemblies.h"
 #include "dstv/NcReader.h"
 #include "job/Job.h"
+
+#include <vector>
 
 namespace camjob {
 
 /// How the NC files of a job are read, in the words of the reader.
 dstv::NcReading ReadingOf(const job::NcInput& input);
+
+/// What is fixed to what, as the job says it.
+std::vector<dstv::NcAssembly> AssembliesOf(const job::Job& job);
 
 }  // namespace camjob

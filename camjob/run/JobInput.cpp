@@ -10,16 +10,6 @@ namespace camjob {
 
 namespace {
 
-std::vector<dstv::NcAssembly> AssembliesOf(const job::Job& job) {
-    std::vector<dstv::NcAssembly> assemblies;
-    for (const job::Assembly& assembly : job.assemblies) {
-        assemblies.push_back({assembly.mark, {}});
-        for (const job::AssemblyPart& part : assembly.parts)
-            assemblies.back().parts.push_back({part.mark, part.count});
-    }
-    return assemblies;
-}
-
 constexpr const wchar_t* kOtherSource =
     L"; \"mark\" in [nc] of the job can name another text to tell parts by";
 

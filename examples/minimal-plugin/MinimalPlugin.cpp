@@ -1,8 +1,7 @@
-#include "MinimalPlugin.h"
-
 #include "PunchMember.h"
 
 #include "camdata/output/CMxCamGlobAcc.h"
+#include "camdata/platform/host/ZetNCPlugin.h"
 
 #include <deque>
 
@@ -60,7 +59,7 @@ void SetUp(CMxCamGlobAcc& run, const ZetString& folder) {
     run.SetAddInfo(info);
 }
 
-PluginResult RunJob(ZetNCEntity* const* entities, long count, const ZetString& folder) {
+eNCPluginResult RunJob(ZetNCEntity* const* entities, long count, const ZetString& folder) {
     CMxCamGlobAcc::SetGeomEPSs(0.1, 0.5, 0.5, 0.5, 0.01, 15.0, 15.0, 15.0);
     Members members;
     for (long i = 0; i < count; ++i)
@@ -71,16 +70,17 @@ PluginResult RunJob(ZetNCEntity* const* entities, long count, const ZetString& f
         run.Append(&member);
     run.WriteOutPut();
     if (!run.GetFileFaults().isEmpty())
-        return kPluginFileFault;
-    return members.AreValid() ? kPluginDone : kPluginInvalidMembers;
+        return eNCPluginFileFault;
+    return members.AreValid() ? eNCPluginDone : eNCPluginInvalidMembers;
 }
 
 }  // namespace
 
-int RunMinimalPlugin(ZetNCEntity* const* entities, long count, const char* folder) {
+/// Writes the members to the files punch.txt, info.txt, errors.txt and warnings.txt.
+int RunNCPlugin(ZetNCEntity* const* entities, long count, const char* folder) {
     try {
         return RunJob(entities, count, ZetString::fromUtf8(folder));
     } catch (...) {
-        return kPluginFailed;
+        return eNCPluginFailed;
     }
 }

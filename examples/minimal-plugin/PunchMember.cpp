@@ -1,6 +1,7 @@
 #include "PunchMember.h"
 
 #include "camdata/member/MemberFiles.h"
+#include "camdata/rules/MemberTypeValues.h"
 #include "camdata/util/CMxUtil.h"
 
 namespace {
@@ -12,17 +13,14 @@ constexpr double kLongestMember = 12000.0;
 
 /// All dimensions come from the NC header.
 CMemTypeAndAttrib TypeOfMembers() {
-    constexpr eProfPropType kHeader = eProfPropHeader;
-    CMemTypeAndAttrib type;
-    // clang-format off
-    type.SetValues(kRecordType, 0,
-                   kHeader, -1, 0, 0.0,             // height
-                   kHeader, -1, 0, 0.0,             // width
-                   kHeader, -1, 0, 0.0, 1.0,        // thickness
-                   eProfPropNone, -1, 0, 0.0, 1.0,  // slope of the top flange
-                   0, 0, L"Punched member", L"PM", 0, 0, 0);
-    // clang-format on
-    return type;
+    constexpr DimensionValues kHeader = {.source = eProfPropHeader};
+    return MakeMemberType({.recordType = kRecordType,
+                           .height = kHeader,
+                           .width = kHeader,
+                           .thickness = kHeader,
+                           .description = L"Punched member",
+                           .shortName = L"PM",
+                           .nameStart = 0});
 }
 
 CMemberValidations LimitsOfTheMachine() {

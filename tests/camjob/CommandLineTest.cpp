@@ -46,7 +46,7 @@ const Case kCases[] = {
     {"UnknownCommand",       {"frob", "a.nc1"},                     2, "",                                "frob"                               },
     {"Help",                 {"--help"},                            0, "Usage: camjob",                   ""                                   },
     {"HelpOfCheck",          {"check", "--help"},                   0, "1 done, but a member has errors", ""                                   },
-    {"Version",              {"--version"},                         0, "camjob " CAMJOB_VERSION "\n",     ""                                   },
+    {"Version",              {"--version"},                         0, "camjob " CAMJOB_VERSION,     ""                                   },
     {"NoFile",               {"check"},                             2, "",                                "FILE is required"                   },
     {"UnknownOptionOfCheck", {"check", "--xml", "{}good.nc1"},      2, "",                                "--xml"                              },
     {"Good",                 {"check", "{}good.nc1"},               0, "1 file read: 2 holes (2 round)",  ""                                   },

@@ -75,7 +75,7 @@ bool RunOnce(const char* pluginPath,
     if (plugin == nullptr || entities == nullptr)
         return false;
     const auto getParts = reinterpret_cast<GetHostParts*>(FindFunction(entities, "GetHostParts"));
-    const auto run = reinterpret_cast<RunPlugin*>(FindFunction(plugin, "RunMinimalPlugin"));
+    const auto run = reinterpret_cast<RunPlugin*>(FindFunction(plugin, "RunNCPlugin"));
     if (!Check(getParts != nullptr && run != nullptr, "both functions are exported"))
         return false;
     ZetNCEntity* const* parts = nullptr;

@@ -1,6 +1,7 @@
 #include "support/HeaderOf.h"
 
 #include "camdata/rules/CMemTypeAndAttrib.h"
+#include "camdata/rules/MemberTypeValues.h"
 
 #include <string>
 #include <vector>
@@ -30,6 +31,30 @@ CMemTypeAndAttrib TypeFrom(const Source (&from)[4], double thickFactor, double s
     return memType;
 }
 
+/// The same by the names of the values.
+CMemTypeAndAttrib NamedTypeFrom(const Source (&from)[4], double thickFactor, double slopeFactor) {
+    const auto dimension = [&](int i, double value, double factor) {
+        return DimensionValues{
+            static_cast<eProfPropType>(from[i].type), from[i].start, from[i].length, value, factor};
+    };
+    return MakeMemberType({.recordType = 3,
+                           .profileLength = 11,
+                           .height = dimension(0, 201.0, 1.0),
+                           .width = dimension(1, 61.0, 1.0),
+                           .thickness = dimension(2, 2.5, thickFactor),
+                           .slope = dimension(3, 7.0, slopeFactor),
+                           .checkProfileLength = 12,
+                           .viewStart = 13,
+                           .description = L"Z purlin",
+                           .shortName = L"Z",
+                           .nameStart = 14,
+                           .nameLength = 15,
+                           .attributeSearchLength = 16});
+}
+
+constexpr CMemTypeAndAttrib (*kWaysToSet[])(const Source (&)[4], double, double) = {TypeFrom,
+                                                                                    NamedTypeFrom};
+
 CMemTypeAndAttrib TypeFrom(const Source& all) {
     return TypeFrom({all, all, all, all}, 0.1, 1.0);
 }
@@ -51,31 +76,57 @@ Numbers FlangeWidthsOf(const CMemTypeAndAttrib& type) {
     return {type.GetTopFlangeWidth(), type.GetBottomFlangeWidth()};
 }
 
+/// All that is neither a dimension nor the header.
+std::vector<long> NumbersOf(const CMemTypeAndAttrib& type) {
+    return {type.GetRecordType(),
+            type.GetProfileLength(),
+            type.GetCheckProfileLength(),
+            type.GetViewStartNo(),
+            type.GetNameStartPos(),
+            type.GetNameLength(),
+            type.GetSearchLenForAttrib()};
+}
+
+ZetString TextsOf(const CMemTypeAndAttrib& type) {
+    return type.GetProfDesc() + L"|" + type.GetShortName();
+}
+
 TEST(CMemTypeAndAttribTest, SetsEachFieldFromItsArgument) {
-    const CMemTypeAndAttrib type = TypeFrom({eProfPropFixed, 0, 0});
-    // clang-format off
-    const std::vector<long> numbers = {
-        type.GetRecordType(), type.GetProfileLength(), type.GetCheckProfileLength(),
-        type.GetViewStartNo(), type.GetNameStartPos(), type.GetNameLength(),
-        type.GetSearchLenForAttrib()};
-    // clang-format on
-    EXPECT_EQ(numbers, (std::vector<long>{3, 11, 12, 13, 14, 15, 16}));
-    EXPECT_EQ(type.GetProfDesc() + L"|" + type.GetShortName(), L"Z purlin|Z");
+    const Source sources[] = {
+        {2, 0, 0},
+        {2, 0, 0},
+        {2, 0, 0},
+        {2, 0, 0}
+    };
+    for (const auto& set : kWaysToSet) {
+        const CMemTypeAndAttrib type = set(sources, 0.1, 1.0);
+        EXPECT_EQ(NumbersOf(type), (std::vector<long>{3, 11, 12, 13, 14, 15, 16}));
+        EXPECT_EQ(TextsOf(type), L"Z purlin|Z");
+    }
+}
+
+TEST(CMemTypeAndAttribTest, WhatIsNotNamedIsAsNobodySetIt) {
+    const CMemTypeAndAttrib named = MakeMemberType({});
+    const CMemTypeAndAttrib untouched;
+    EXPECT_EQ(NumbersOf(named), NumbersOf(untouched));
+    EXPECT_EQ(TextsOf(named), TextsOf(untouched));
+    EXPECT_EQ(SizesOf(named), SizesOf(untouched));
 }
 
 TEST(CMemTypeAndAttribTest, EachDimensionHasItsOwnSourceAndPlace) {
     const Numbers fixed = {201, 61, 2.5, 7};
-    for (std::size_t i = 0; i < fixed.size(); ++i) {
-        // clang-format off
-        Source sources[] = {{1, 1, 3}, {1, 4, 2}, {1, 6, 2}, {1, 8, 2}};
-        // clang-format on
-        sources[i].type = eProfPropFixed;
-        CMemTypeAndAttrib type = TypeFrom(sources, 0.1, 5.0);
-        type.SetProfileName(L"Z2006015-12");
-        Numbers expected = {200, 60, 1.5, -12};
-        expected[i] = fixed[i];
-        EXPECT_EQ(SizesOf(type), expected) << i;
-    }
+    for (const auto& set : kWaysToSet)
+        for (std::size_t i = 0; i < fixed.size(); ++i) {
+            // clang-format off
+            Source sources[] = {{1, 1, 3}, {1, 4, 2}, {1, 6, 2}, {1, 8, 2}};
+            // clang-format on
+            sources[i].type = eProfPropFixed;
+            CMemTypeAndAttrib type = set(sources, 0.1, 5.0);
+            type.SetProfileName(L"Z2006015-12");
+            Numbers expected = {200, 60, 1.5, -12};
+            expected[i] = fixed[i];
+            EXPECT_EQ(SizesOf(type), expected) << i;
+        }
 }
 
 TEST(CMemTypeAndAttribTest, DimensionsComeFromTheirSource) {

@@ -1,0 +1,65 @@
+#!/usr/bin/env bash
+# check-guide.sh GUIDE DOCUMENTS SCRATCH follows a guide as its reader would: writes the files that it shows, types
+# its commands, and compares what they show. `camjob` and the library must be found (PATH, CMAKE_PREFIX_PATH);
+# DOCUMENTS stands for the folder /usr/share/doc/camdata of the guide.
+#
+# In the guide, a block behind a line that ends with "`NAME`:" is a file of that name, a block "sh" is typed, and a
+# block "text" behind it is what it shows. All other blocks are left out.
+set -euo pipefail
+guide=$(realpath "$1")
+documents=$(realpath "$2")
+rm -rf "$3"
+mkdir -p "$3/blocks" "$3/work"
+cd "$3"
+# The guide's commands have no quotes, the folder may have blanks.
+ln -s "$documents" documents
+
+# Steps in their order: "file NUMBER NAME", "type NUMBER", "shows NUMBER".
+awk '
+    /^```/ && !inBlock {
+        inBlock = 1
+        kind = substr($0, 4)
+        step = ""
+        if (kind == "sh")
+            step = "type"
+        else if (kind == "text" && last == "type")
+            step = "shows"
+        else if (match(before, /`[A-Za-z.\/]+`:$/))
+            step = "file " substr(before, RSTART + 1, RLENGTH - 3)
+        last = step
+        block = step == "" ? "/dev/null" : sprintf("blocks/%03d", ++count)
+        printf "" >block
+        if (step != "")
+            print count, step
+        next
+    }
+    /^```$/ { inBlock = 0; close(block); next }
+    inBlock { print >block; next }
+    /[^ ]/ { before = $0 }
+' "$guide" >steps
+[ -s steps ] || { echo "$guide: nothing to follow" >&2; exit 1; }
+
+typed=0
+compared=0
+while read -r number step name; do
+    block=$(printf '%s/blocks/%03d' "$PWD" "$number")
+    case $step in
+    file)
+        mkdir -p "$(dirname "work/$name")"
+        cp "$block" "work/$name"
+        ;;
+    type)
+        typed=$((typed + 1))
+        sed -i "s|/usr/share/doc/camdata|$PWD/documents|g" "$block"
+        sed 's/^/$ /' "$block"
+        # What camjob thinks of its input is an exit code; that the host and the compiler work is seen by what is shown.
+        (cd work && bash "$block") >shown 2>&1 </dev/null || true
+        ;;
+    shows)
+        compared=$((compared + 1))
+        diff -u --label "the guide says" --label "it shows" "$block" shown
+        ;;
+    esac
+done <steps
+[ $compared -gt 0 ] || { echo "$guide: nothing was compared" >&2; exit 1; }
+echo "$guide: $typed blocks typed, $compared compared"
