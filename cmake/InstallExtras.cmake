@@ -8,7 +8,8 @@ if(WIN32)
 else()
     set(documents ${CMAKE_INSTALL_DATADIR}/doc/camdata)
 endif()
-install(DIRECTORY examples docs DESTINATION ${documents} COMPONENT tool PATTERN build EXCLUDE)
+install(DIRECTORY examples docs DESTINATION ${documents} COMPONENT tool
+        PATTERN build EXCLUDE PATTERN Doxyfile EXCLUDE)
 install(FILES README.md CHANGELOG.md DESTINATION ${documents} COMPONENT tool)
 
 include(Notices)

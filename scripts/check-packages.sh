@@ -48,7 +48,7 @@ contents() {
         lib/cmake/camdata/camdataConfig.cmake lib/pkgconfig/camdata.pc lib/pkgconfig/camdata-dstv.pc
     local documents=share/doc/camdata
     holds camjob bin/camjob share/man/man1/camjob.1 share/bash-completion/completions/camjob \
-        share/zsh/vendor-completions/_camjob $documents/docs/plugin-guide.md $documents/docs/job-file.md \
+        share/zsh/vendor-completions/_camjob $documents/docs/{first-job,plugin-guide,job-file}.md \
         $documents/README.md $documents/CHANGELOG.md $documents/examples/warehouse/warehouse.toml \
         $documents/examples/minimal-plugin/CMakeLists.txt \
         $documents/third-party-notices/{00-overview,libcli11-dev,libfmt-dev,nlohmann-json3-dev,libtomlplusplus-dev}.txt
@@ -103,13 +103,16 @@ manual_and_completion() {
     ! command -v zsh >/dev/null || zsh -n "$debian/share/zsh/vendor-completions/_camjob"
 }
 
-# Projects of others, with CMake and with pkg-config, and the guide.
+# Projects of others, with CMake and with pkg-config, and the guides.
 projects() {
     local documents="$archive/share/doc/camdata"
     CAMJOB=$archive/bin/camjob tests/check-installed.sh "$documents/examples" "$scratch/projects" \
         -DCMAKE_PREFIX_PATH="$archive"
-    PATH=$archive/bin:$PATH CMAKE_PREFIX_PATH=$archive tests/check-guide.sh "$documents/docs/plugin-guide.md" \
-        "$documents" "$scratch/guide"
+    local guide
+    for guide in first-job plugin-guide; do
+        PATH=$archive/bin:$PATH CMAKE_PREFIX_PATH=$archive \
+            tests/check-guide.sh "$documents/docs/$guide.md" "$documents" "$scratch/$guide"
+    done
     # No blanks: those who read what pkg-config says part it there.
     local flags
     flags=$(PKG_CONFIG_PATH=$debian/lib/pkgconfig pkg-config --cflags --libs camdata-dstv)

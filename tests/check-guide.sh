@@ -3,8 +3,9 @@
 # its commands, and compares what they show. `camjob` and the library must be found (PATH, CMAKE_PREFIX_PATH);
 # DOCUMENTS stands for the folder /usr/share/doc/camdata of the guide.
 #
-# In the guide, a block behind a line that ends with "`NAME`:" is a file of that name, a block "sh" is typed, and a
-# block "text" behind it is what it shows. All other blocks are left out.
+# In the guide, a block behind a line that ends with "`NAME`:" is a file of that name, behind "at the end of `NAME`:"
+# it is added to it; a block "sh" is typed, and a block "text" behind it is what it shows. All other blocks are left
+# out.
 set -euo pipefail
 guide=$(realpath "$1")
 documents=$(realpath "$2")
@@ -14,7 +15,7 @@ cd "$3"
 # The guide's commands have no quotes, the folder may have blanks.
 ln -s "$documents" documents
 
-# Steps in their order: "file NUMBER NAME", "type NUMBER", "shows NUMBER".
+# Steps in their order: number, then "file NAME", "more NAME", "type" or "shows".
 awk '
     /^```/ && !inBlock {
         inBlock = 1
@@ -24,8 +25,8 @@ awk '
             step = "type"
         else if (kind == "text" && last == "type")
             step = "shows"
-        else if (match(before, /`[A-Za-z.\/]+`:$/))
-            step = "file " substr(before, RSTART + 1, RLENGTH - 3)
+        else if (match(before, /`[A-Za-z0-9.\/-]+`:$/))
+            step = (before ~ /at the end of `[^`]*`:$/ ? "more " : "file ") substr(before, RSTART + 1, RLENGTH - 3)
         last = step
         block = step == "" ? "/dev/null" : sprintf("blocks/%03d", ++count)
         printf "" >block
@@ -47,6 +48,9 @@ while read -r number step name; do
     file)
         mkdir -p "$(dirname "work/$name")"
         cp "$block" "work/$name"
+        ;;
+    more)
+        { echo; cat "$block"; } >>"work/$name"
         ;;
     type)
         typed=$((typed + 1))
