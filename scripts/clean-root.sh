@@ -9,7 +9,11 @@ scripts/setup.sh release
 [ "$(id -u)" -eq 0 ] || { echo "clean-root.sh: only root can make a root of its own" >&2; exit 3; }
 
 root=$(mktemp -d)
-trap 'rm -rf --one-file-system "$root"' EXIT
+clean_up() {
+    ! mountpoint -q "$root/proc" || umount "$root/proc"
+    rm -rf --one-file-system "$root"
+}
+trap clean_up EXIT
 log=$root.log
 version=$(<VERSION)
 
@@ -25,6 +29,8 @@ quietly() {
 
 echo "A clean Debian 12 ..."
 quietly debootstrap --variant=minbase bookworm "$root" "${MIRROR:-http://deb.debian.org/debian}"
+# Programs ask there where they are.
+mountpoint -q "$root/proc" || mount -t proc proc "$root/proc"
 mkdir "$root/packages"
 cp "$packages"/*.deb "$packages"/*.tar.gz "$root/packages"
 

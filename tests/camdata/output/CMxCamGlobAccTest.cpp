@@ -93,6 +93,7 @@ TEST(CMxCamGlobAccTest, VersionsOfHostAndLibrary) {
     std::ifstream file(CAMDATA_VERSION_FILE);
     std::string version;
     ASSERT_TRUE(std::getline(file, version)) << CAMDATA_VERSION_FILE;
+    version += ".0";
     accumulator.SetDllVer(L"plug-in 9.9");
     EXPECT_EQ(accumulator.GetCamDllVersion(), L"plug-in 9.9");
     EXPECT_EQ(accumulator.GetBaseDllVersion().toUtf8(), version);
