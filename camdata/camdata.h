@@ -71,6 +71,7 @@
 #include "camdata/platform/text/ZetString.h"
 #include "camdata/project/COutPutFiles.h"
 #include "camdata/project/CProjectInformation.h"
+#include "camdata/project/ProjectDialogGuide.h"
 #include "camdata/rules/CMemAttrib.h"
 #include "camdata/rules/CMemTypeAndAttrib.h"
 #include "camdata/rules/CMemberValidations.h"

@@ -68,6 +68,9 @@ void DescribeRun(CLI::App& command, Options& options) {
                      "Print the notes of the reader too, not only its warnings");
     command.add_flag(
         "--dialog", options.run.showsDialog, "Show the project information and let it be changed");
+    command.add_flag("--ignore-settings",
+                     options.run.ignoresSettings,
+                     "Go by the job alone, not by what the dialog changed in earlier runs");
 }
 
 int Run(const Options& options, OutputStream& out, OutputStream& err) {

@@ -37,6 +37,8 @@ wchar_t SmallLetter(wchar_t c) {
     return c;
 }
 
+constexpr std::size_t kMostBytes = 255;
+
 constexpr std::wstring_view kNoFileNameCharacters = L"<>:\"/\\|?*";
 
 /// Names that Windows keeps for devices, also with an ending.
@@ -54,6 +56,34 @@ std::wstring SmallLetters(const ZetString& text) {
     return small;
 }
 
+std::vector<OutputEnding> OutputEndings(const Job& job) {
+    // By position; the files of the job's own have their ids.
+    constexpr const wchar_t* kLabels[] = {
+        L"Orders", L"Additional information", L"Errors", L"Warnings"};
+    static_assert(std::size(kLabels) == kFirstOwnFile);
+    std::vector<OutputEnding> endings;
+    for (std::size_t i = 0; i < job.files.size(); ++i)
+        endings.push_back(
+            {job.files[i].ending, i < kFirstOwnFile ? ZetString(kLabels[i]) : job.files[i].id});
+    const auto isNested = [](const Group& group) { return group.isNested; };
+    if (std::any_of(job.groups.begin(), job.groups.end(), isNested)) {
+        endings.push_back({kCuttingListEnding, L"Cutting list"});
+        endings.push_back({kCuttingTableEnding, L"Cutting table"});
+    }
+    if (!job.cutting.remnants.empty())
+        endings.push_back({kRemnantsEnding, L"Remnants"});
+    if (job.reports.hasPage)
+        endings.push_back({kPageEnding, L"Report page"});
+    return endings;
+}
+
+ZetString SettingsOriginFile(const ProjectData& project) {
+    const std::wstring_view name = project.settingsFile;
+    // An ending has to follow something: ".txt" is a name as a whole.
+    const std::size_t dot = name.rfind(L'.');
+    return ZetString(name.substr(0, dot == 0 ? name.size() : dot)) + L"-job.json";
+}
+
 std::string FaultOfFileName(const ZetString& name) {
     const std::wstring small = SmallLetters(name);
     if (small.find_first_of(kNoFileNameCharacters) != std::wstring::npos)
@@ -62,6 +92,8 @@ std::string FaultOfFileName(const ZetString& name) {
             return camdata::detail::IsControl(c) || camdata::detail::IsLayoutControl(c);
         }))
         return "a file's name cannot have control characters";
+    if (name.toUtf8().size() > kMostBytes)
+        return "a file's name cannot have more than 255 bytes";
     if (small.empty() || small.ends_with(L'.') || small.ends_with(L' '))
         return "a file's name cannot be empty nor end with a dot or a blank";
     const std::wstring stem = small.substr(0, small.find(L'.'));

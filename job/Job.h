@@ -269,11 +269,18 @@ struct Assembly {
     std::vector<AssemblyPart> parts;
 };
 
+/// What a run makes of what the dialog saved beside the output.
+enum class SettingsUse {
+    kUse,
+    kIgnore,
+};
+
 /// Project and delivery data, and how they head the files.
 struct ProjectData {
     ZetString caption = L"Project information";        ///< of the dialog
     ZetString fileName;                                ///< what all output files' names begin with
     ZetString settingsFile = L"project-settings.txt";  ///< beside the output
+    SettingsUse settings = SettingsUse::kUse;
     ZetString modelName;
     ZetString modelRef;
     ZetString name;
@@ -281,14 +288,14 @@ struct ProjectData {
     ZetString client;
     ZetString coldRolledCustomer;
     ZetString coldRolledOrderNo;
-    ZetString coldRolledOrderDate;
+    ZetString coldRolledOrderDate;  ///< yyyy-MM-dd; "": the date of the job
     ZetString contractor;
     ZetString designer;
     ZetString detailer;
     std::vector<ZetString> comments;
     ZetString revision;
-    ZetString revisionDate;
-    ZetString deliveryDate;
+    ZetString revisionDate;  ///< yyyy-MM-dd; "": the date of the job
+    ZetString deliveryDate;  ///< yyyy-MM-dd; "": the date of the job
     std::vector<ZetString> deliveryAddress;
     ZetString commentMarker = L"** ";  ///< before each project header line
 };

@@ -85,6 +85,9 @@ struct JobTable {
 struct ProjectTable : ProjectData {
     PlacedText fileName;
     PlacedText settingsFile{ProjectData().settingsFile, {}};
+    PlacedText coldRolledOrderDate;
+    PlacedText revisionDate;
+    PlacedText deliveryDate;
     PlacedText commentMarker{ProjectData().commentMarker, {}};
 };
 

@@ -3,6 +3,7 @@
 #include "job/BuiltInJob.h"
 #include "job/CodeFormat.h"
 #include "job/FileNames.h"
+#include "job/IsoDate.h"
 #include "job/MemberLine.h"
 #include "job/MessageTexts.h"
 #include "job/ShadowedRules.h"
@@ -156,6 +157,7 @@ class JobMaker {
 
     void TakeUncoveredHoles();
     bool CheckCode(const PlacedText& code);
+    void TakeDates();
     void TakeCommentMarker();
     void CheckHeadings(const PlacedTable& table, const std::vector<ZetString>& lines);
     void CheckSlashes(const char* key, const std::string& path, Position at);
@@ -191,6 +193,7 @@ void JobMaker::TakeJob() {
     if (m_job.project.fileName.isEmpty())
         m_job.project.fileName = m_stem;
     m_job.project.settingsFile = m_document.project.settingsFile.text;
+    TakeDates();
     TakeCommentMarker();
     m_job.tolerances = m_document.tolerances;
     m_job.areDistancesChecked = m_document.tolerances.areDistancesChecked;
@@ -213,6 +216,31 @@ bool JobMaker::CheckCode(const PlacedText& code) {
     const std::string fault = FaultOfCode(code.text);
     Require(fault.empty(), code.at, "\"code\": " + fault);
     return fault.empty();
+}
+
+/// The dialog shows a day, and gives it back as the day that it is.
+void JobMaker::TakeDates() {
+    struct DateRow {
+        const char* key;
+        PlacedText ProjectTable::*from;
+        ZetString ProjectData::*to;
+    };
+    constexpr DateRow kDates[] = {
+        {"cold_rolled_order_date",
+         &ProjectTable::coldRolledOrderDate,
+         &ProjectData::coldRolledOrderDate                                                },
+        {"revision_date",          &ProjectTable::revisionDate, &ProjectData::revisionDate},
+        {"delivery_date",          &ProjectTable::deliveryDate, &ProjectData::deliveryDate},
+    };
+    for (const DateRow& row : kDates) {
+        const PlacedText& text = m_document.project.*row.from;
+        m_job.project.*row.to = text.text;
+        Require(text.text.isEmpty() || ParseIsoDate(text.text),
+                text.at,
+                job::Quoted(row.key) + ": " + Quoted(text.text) +
+                    " is no day from 1601-01-01 on that is written as 2026-03-31; without this key "
+                    "it is the day of the run");
+    }
 }
 
 /// Blanks follow it in the second line of comments and address.
@@ -285,7 +313,8 @@ void JobMaker::CheckFileNames() {
         if (i < kFirstOwnFile || at.line > 0)
             names.Add(m_job.project.fileName + m_job.files[i].ending, at, m_faults);
     }
-    names.Add(m_job.project.settingsFile, m_document.project.settingsFile.at, m_faults);
+    for (const ZetString& name : {m_job.project.settingsFile, SettingsOriginFile(m_job.project)})
+        names.Add(name, m_document.project.settingsFile.at, m_faults);
 }
 
 void JobMaker::TakeGroup(const SecondaryPartsTable& table, const PlacedText& id, Group& group) {

@@ -152,6 +152,11 @@ constexpr Choice<BarPlan> kBarPlans[] = {
     {BarPlan::kLeast, "least"},
 };
 
+constexpr Choice<SettingsUse> kSettingsUses[] = {
+    {SettingsUse::kUse,    "use"   },
+    {SettingsUse::kIgnore, "ignore"},
+};
+
 constexpr Choice<LineEnds> kLineEnds[] = {
     {LineEnds::kLf, "lf"},
     {LineEnds::kCrLf, "crlf"},
@@ -206,6 +211,7 @@ template <> std::span<const Choice<NcEncoding>> ChoicesOf() { return kNcEncoding
 template <> std::span<const Choice<WhenNot>> ChoicesOf() { return kWhenNot; }
 template <> std::span<const Choice<NcWarnings>> ChoicesOf() { return kNcWarnings; }
 template <> std::span<const Choice<BarPlan>> ChoicesOf() { return kBarPlans; }
+template <> std::span<const Choice<SettingsUse>> ChoicesOf() { return kSettingsUses; }
 template <> std::span<const Choice<LineEnds>> ChoicesOf() { return kLineEnds; }
 template <> std::span<const Choice<Uncovered>> ChoicesOf() { return kUncoveredActions; }
 template <> std::span<const Choice<NotchValue>> ChoicesOf() { return kNotchValues; }
@@ -240,7 +246,8 @@ constexpr Key kReportsKeys[] = {
 constexpr Key kProjectKeys[] = {
     Row<ProjectTable, &ProjectTable::caption>("caption", "Title of the project dialog."),
     Row<ProjectTable, &ProjectTable::fileName>("file_name", "What the names of all output files begin with.", {.defaultNote = "the job file's name without its ending"}),
-    Row<ProjectTable, &ProjectTable::settingsFile>("settings_file", "File beside the output that keeps the project data from run to run."),
+    Row<ProjectTable, &ProjectTable::settingsFile>("settings_file", "File beside the output that keeps what the dialog changed from run to run. A second one beside it, its name with `-job.json` at the end, keeps what the job said at that time."),
+    Row<ProjectTable, &ProjectTable::settings>("settings", "What the dialog changed in earlier runs. use: a value counts until the job's own value changes; the run tells which it takes. ignore: the job alone counts."),
     Row<ProjectTable, &ProjectTable::modelName>("model_name", "The model that the NC files come from."),
     Row<ProjectTable, &ProjectTable::modelRef>("model_ref", "The model's reference."),
     Row<ProjectTable, &ProjectTable::name>("name", "Project name."),
@@ -248,14 +255,14 @@ constexpr Key kProjectKeys[] = {
     Row<ProjectTable, &ProjectTable::client>("client", "Client."),
     Row<ProjectTable, &ProjectTable::coldRolledCustomer>("cold_rolled_customer", "Customer of the cold-rolled steel."),
     Row<ProjectTable, &ProjectTable::coldRolledOrderNo>("cold_rolled_order_no", "Its order number."),
-    Row<ProjectTable, &ProjectTable::coldRolledOrderDate>("cold_rolled_order_date", "Its order date, as it is to be printed.", {.defaultNote = "today"}),
+    Row<ProjectTable, &ProjectTable::coldRolledOrderDate>("cold_rolled_order_date", "Its order date, yyyy-mm-dd.", {.defaultNote = "the day of the run, or `date` of [job]"}),
     Row<ProjectTable, &ProjectTable::contractor>("contractor", "Contractor."),
     Row<ProjectTable, &ProjectTable::designer>("designer", "Designer."),
     Row<ProjectTable, &ProjectTable::detailer>("detailer", "Detailer."),
     Row<ProjectTable, &ProjectTable::comments>("comments", "Comment lines."),
     Row<ProjectTable, &ProjectTable::revision>("revision", "Revision."),
-    Row<ProjectTable, &ProjectTable::revisionDate>("revision_date", "Its date, as it is to be printed.", {.defaultNote = "today"}),
-    Row<ProjectTable, &ProjectTable::deliveryDate>("delivery_date", "Delivery date, as it is to be printed.", {.defaultNote = "today"}),
+    Row<ProjectTable, &ProjectTable::revisionDate>("revision_date", "Its date, yyyy-mm-dd.", {.defaultNote = "the day of the run, or `date` of [job]"}),
+    Row<ProjectTable, &ProjectTable::deliveryDate>("delivery_date", "Delivery date, yyyy-mm-dd.", {.defaultNote = "the day of the run, or `date` of [job]"}),
     Row<ProjectTable, &ProjectTable::deliveryAddress>("delivery_address", "Lines of the delivery address."),
     Row<ProjectTable, &ProjectTable::commentMarker>("comment_marker", "What each project line in the output files begins with."),
 };

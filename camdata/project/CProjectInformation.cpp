@@ -181,8 +181,17 @@ std::optional<FileFault> CProjectInformation::WriteSettings() const {
 }
 
 void CProjectInformation::ShowDialog() {
+    RunDialog(nullptr);
+}
+
+void CProjectInformation::ShowGuidedDialog(ProjectDialogGuide& guide) {
+    RunDialog(&guide);
+}
+
+void CProjectInformation::RunDialog(ProjectDialogGuide* guide) {
     CProjectInformationDlg dialog;
     dialog.Init(*this);
+    dialog.SetGuide(guide);
     m_dialogResult = dialog.DoModal();
     if (m_dialogResult.outcome != DialogOutcome::kConfirmed) {
         m_isCancelled = true;

@@ -13,6 +13,8 @@
 #include <optional>
 #include <utility>
 
+class ProjectDialogGuide;
+
 /// The project and delivery data that heads the output files of a run. A value; plug-ins may derive
 /// from it. Texts and lists are empty at first, but for the three dates, which are today's.
 class CAMDATA_API CProjectInformation {
@@ -72,6 +74,8 @@ class CAMDATA_API CProjectInformation {
     ///
     /// A date that is none in the platform's form is shown, and confirmed, as today.
     void ShowDialog();
+    /// The same, with a program that looks after the user's entries.
+    void ShowGuidedDialog(ProjectDialogGuide& guide);
     /// How the last ShowDialog ended, and why it could not show the dialog.
     const DialogResult& GetDialogResult() const { return m_dialogResult; }
     /// Why the last confirmed dialog left no complete settings file; nothing: it did.
@@ -189,6 +193,8 @@ class CAMDATA_API CProjectInformation {
     ZetString m_ownText;
 
   private:
+    void RunDialog(ProjectDialogGuide* guide);
+
     ZetString m_prefix;
     ZetString m_manDirName;
     ZetString m_fullName;

@@ -16,6 +16,7 @@ enum ControlID {
     kFileName = 1101,
     kLocation = 1102,
     kModelRef = 1201,
+    kColdRolledOrderNo = 1206,
     kColdRolledOrderDate = 1207,
     kComments = 1211,
     kRevision = 1212,
@@ -48,8 +49,24 @@ constexpr ControlDef kControls[] = {
 #include "camdata/project/ProjectInformationControls.def"
 };
 
+/// Each once on a tab; fields that only show something need none, but for those that can be copied
+/// from.
+constexpr Mnemonic kMnemonics[] = {
+    {kFileName + kLabelOffset,            L'F'},
+    {kLocation + kLabelOffset,            L'L'},
+    {kModelRef + kLabelOffset,            L'M'},
+    {kColdRolledOrderNo + kLabelOffset,   L'N'},
+    {kColdRolledOrderDate + kLabelOffset, L'D'},
+    {kComments + kLabelOffset,            L'C'},
+    {kRevision + kLabelOffset,            L'R'},
+    {kRevisionDate + kLabelOffset,        L't'},
+    {kDeliveryDate + kLabelOffset,        L'D'},
+    {kDeliveryAddress + kLabelOffset,     L'A'},
+    {kSaveSettings,                       L'S'},
+};
+
 constexpr DialogTemplate kTemplate = {
-    1000, L"Dialog", 287, 273, kOK, kCancel, kLabelOffset, kControls};
+    1000, L"Dialog", 287, 273, kOK, kCancel, kLabelOffset, kControls, kMnemonics};
 
 enum Tab { kOutputTab, kProjectTab, kDeliveryTab };
 
@@ -96,7 +113,7 @@ constexpr Field kFields[] = {
     {1203,                 &Info::GetProjectNo,           &Info::SetProjectNo,           false},
     {1204,                 &Info::GetClient,              &Info::SetClient,              false},
     {1205,                 &Info::GetColdRolledCust,      &Info::SetColdRolledCust,      false},
-    {1206,                 &Info::GetColdRolledOrderNo,   &Info::SetColdRolledOrderNo,   true },
+    {kColdRolledOrderNo,   &Info::GetColdRolledOrderNo,   &Info::SetColdRolledOrderNo,   true },
     {kColdRolledOrderDate, &Info::GetColdRolledOrderDate, &Info::SetColdRolledOrderDate, true },
     {1208,                 &Info::GetContractor,          &Info::SetContractor,          false},
     {1209,                 &Info::GetDesigner,            &Info::SetDesigner,            false},
@@ -164,6 +181,8 @@ void CProjectInformationDlg::OnInitDialog() {
     DoDataExchange(false);
     Window().Enable(kSaveSettings, !m_project.GetProjFileName().isEmpty());
     ShowTab(kOutputTab);
+    if (m_guide != nullptr)
+        m_guide->OnFilled(Window());
 }
 
 void CProjectInformationDlg::InsertTabs() {
@@ -232,8 +251,19 @@ ZetString CProjectInformationDlg::OutputPath() const {
     return m_project.GetLocation() + m_project.GetFileName() + ending;
 }
 
+/// Tells what is wrong with them.
+bool CProjectInformationDlg::AreEntriesSound() {
+    const ZetString fault =
+        m_guide == nullptr ? ZetString() : m_guide->FindFault(Window(), m_project);
+    if (!fault.isEmpty())
+        Window().Tell(m_caption, fault);
+    return fault.isEmpty();
+}
+
 void CProjectInformationDlg::OnOK() {
     DoDataExchange(true);
+    if (!AreEntriesSound())
+        return;
     if (camdata::detail::OsIsFile(OutputPath()) &&
         !Window().AskYesNo(L"Overwrite Option",
                            L"Output files already exist!\n Do you want to replace the files?"))
@@ -245,7 +275,17 @@ void CProjectInformationDlg::OnCommand(int id) {
     if (id != kSaveSettings)
         return;
     DoDataExchange(true);
-    Window().Tell(L"Save Settings", SavingMessage(m_project.GetProjFileName(), WriteSettings()));
+    if (!AreEntriesSound())
+        return;
+    const std::optional<FileFault> fault = WriteSettings();
+    if (!fault && m_guide != nullptr)
+        m_guide->OnSaved();
+    Window().Tell(L"Save Settings", SavingMessage(m_project.GetProjFileName(), fault));
+}
+
+void CProjectInformationDlg::OnEdited(int id) {
+    if (m_guide != nullptr)
+        m_guide->OnEdited(Window(), id);
 }
 
 void CProjectInformationDlg::OnTabChanged(int, int index) {

@@ -2,6 +2,7 @@
 
 #include "camdata/platform/dialog/Dialog.h"
 #include "camdata/project/CProjectInformation.h"
+#include "camdata/project/ProjectDialogGuide.h"
 
 #include <array>
 #include <vector>
@@ -14,6 +15,8 @@ class CProjectInformationDlg final : public Dialog {
 
     /// Takes over what the dialog shows. Before DoModal.
     void Init(const CProjectInformation& project);
+    /// Before DoModal; null: none. Lent.
+    void SetGuide(ProjectDialogGuide* guide) { m_guide = guide; }
     /// Writes the settings file from the dialog's fields.
     std::optional<FileFault> WriteSettings() const { return m_project.WriteSettings(); }
     /// Hands out what the user may edit; comments and delivery address also line by line.
@@ -22,11 +25,13 @@ class CProjectInformationDlg final : public Dialog {
   protected:
     void OnInitDialog() override;
     void DoDataExchange(bool save) override;
-    /// Asks before existing output is replaced; on No the dialog stays open.
+    /// Asks before existing output is replaced; on No, and when the guide finds a fault, the dialog
+    /// stays open.
     void OnOK() override;
     /// "Save Settings": writes the settings file at once, and tells where, or why not.
     void OnCommand(int id) override;
     void OnTabChanged(int id, int index) override;
+    void OnEdited(int id) override;
 
   private:
     struct PlacedControl {
@@ -41,9 +46,11 @@ class CProjectInformationDlg final : public Dialog {
     void Place(int tab, int id, const DialogRect& place);
     void PlaceRow(int tab, int field, int y);
     void ShowTab(int tab);
+    bool AreEntriesSound();
     ZetString OutputPath() const;
 
     CProjectInformation m_project;
+    ProjectDialogGuide* m_guide = nullptr;
     ZetString m_caption;
     std::array<ZetString, 3> m_tabs;
     std::vector<PlacedControl> m_placed;

@@ -5,6 +5,8 @@
 #include "camjob/console/ReportText.h"
 #include "camjob/disk/RevocableFiles.h"
 #include "camjob/disk/StagedOutput.h"
+#include "camjob/project/ProjectDialog.h"
+#include "camjob/project/ProjectSettings.h"
 #include "camjob/run/JobInput.h"
 #include "camjob/run/ReportPage.h"
 #include "camjob/run/RunJson.h"
@@ -17,6 +19,7 @@
 #include <algorithm>
 #include <filesystem>
 #include <fstream>
+#include <iterator>
 #include <map>
 #include <new>
 #include <optional>
@@ -91,17 +94,20 @@ class JobRunner {
     bool ReadJob();
     void RunInFolder();
     bool PrepareProject(plugin::JobRun& run);
-    void ShowDialog(plugin::JobRun& run);
+    bool ShowDialog(plugin::JobRun& run,
+                    ProjectSettings& settings,
+                    const std::vector<std::string>& faults);
     bool ReadInput(plugin::JobRun& run);
     bool ReadFiles(JobInput& input);
     void TakeLeftOut(JobInput& input, plugin::JobRun& run);
-    void RefuseToReplaceInput(plugin::JobRun& run);
+    std::vector<std::string> InputsReplacedBy(const ZetString& fileName) const;
+    std::string FindNameFault(const ZetString& fileName) const;
     bool Write(plugin::JobRun& run, const StagedOutput& output);
     void TakeMembers(plugin::JobRun& run);
     void NoteUnprinted(const std::string& file, const plugin::MemberResult& member);
     bool AddsUp();
     void TakeResults(plugin::JobRun& run, const fs::path& staging);
-    std::vector<ZetString> FileNames(plugin::JobRun& run) const;
+    std::vector<ZetString> FileNames(const ZetString& fileName) const;
     bool WritePage(plugin::JobRun& run, const fs::path& staging);
 
     std::string OutputName(const ZetString& file) const {
@@ -185,49 +191,52 @@ void JobRunner::RunInFolder() {
         m_report.DropResults();
 }
 
-/// The project information of job and settings file, and of the user. With a faulty settings file
-/// the dialog would ask for what is lost already: the run ends before it.
+/// The project information of the job, of earlier dialogs, and of the user.
 bool JobRunner::PrepareProject(plugin::JobRun& run) {
-    const std::string settings = OutputName(m_job.project.settingsFile);
-    if (!run.ReadSettings())
-        Complain(settings, "the settings cannot be read; without this file those of the job count");
-    if (m_options.showsDialog) {
-        if (m_report.faults.empty())
-            ShowDialog(run);
-        if (m_report.status != RunStatus::kDone)
-            return false;
-        if (!m_report.faults.empty())
-            return Refuse();
-    }
-    const std::string fault = job::FaultOfFileNameStart(run.GetProjectInfo().GetFileName());
-    if (!fault.empty())
-        Complain(settings, "the file name in the settings is impossible: " + fault);
+    CProjectInformation& project = run.GetProjectInfo();
+    m_report.settingsFile = OutputName(m_job.project.settingsFile);
+    ProjectSettings settings(m_job, project);
+    const bool isUsed =
+        m_job.project.settings == job::SettingsUse::kUse && !m_options.ignoresSettings;
+    const std::vector<std::string> faults = isUsed ? settings.Read() : std::vector<std::string>();
+    if (m_options.showsDialog && !ShowDialog(run, settings, faults))
+        return false;
+    if (!m_options.showsDialog)
+        for (const std::string& fault : faults)
+            Complain(m_report.settingsFile,
+                     fault +
+                         "; correct it with --dialog, or go by the job alone with "
+                         "--ignore-settings");
+    SetTexts(project, settings.GetTexts());
+    m_report.settings = settings.GetTaken();
     return true;
 }
 
-/// The dialog writes the settings file as soon as the user confirms it, so its folder has to be
-/// there before. What it wrote is read back: the next run must be able to.
-void JobRunner::ShowDialog(plugin::JobRun& run) {
+/// Faults of the settings lock nobody out: the dialog opens without what is at fault. It writes the
+/// settings file as soon as the user confirms it, so its folder has to be there before.
+bool JobRunner::ShowDialog(plugin::JobRun& run,
+                           ProjectSettings& settings,
+                           const std::vector<std::string>& faults) {
     RevocableFiles folders;
     if (!folders.MakeFolder(PathFromUtf8(m_report.folder)))
         throw OutputFailure(m_report.folder + ": the folder cannot be made");
-    CProjectInformation& project = run.GetProjectInfo();
-    project.ShowDialog();
-    const DialogResult& result = project.GetDialogResult();
-    if (result.outcome == DialogOutcome::kCancelled)
+    std::vector<std::string> notices;
+    for (const std::string& fault : faults)
+        notices.push_back(m_report.settingsFile + ": " + fault +
+                          ". The job's own values are shown instead; OK saves them.");
+    const auto findNameFault = [&](const ZetString& name) { return FindNameFault(name); };
+    ProjectDialog dialog(m_job, settings, findNameFault, std::move(notices));
+    const DialogResult result = dialog.Show(run.GetProjectInfo());
+    if (!dialog.GetFault().empty())
+        Fail(dialog.GetFault());
+    else if (result.outcome == DialogOutcome::kCancelled)
         m_report.status = RunStatus::kDeclined;
-    if (result.outcome == DialogOutcome::kNotShown)
+    else if (result.outcome == DialogOutcome::kNotShown) {
         Complain("", "camjob: the dialog cannot be shown: " + result.reason.toUtf8());
-    if (result.outcome != DialogOutcome::kConfirmed)
-        return;
-    folders.Keep();
-    const std::string settings = OutputName(m_job.project.settingsFile);
-    if (const std::optional<FileFault>& fault = project.GetSettingsFault())
-        Fail(settings + ": cannot be written" + ReasonOf(*fault));
-    else if (!run.ReadSettings())
-        Complain(settings,
-                 "the settings cannot be read back: no line of the comments and of the delivery "
-                 "address may begin with \"+\"");
+        Refuse();
+    } else
+        folders.Keep();
+    return m_report.status == RunStatus::kDone;
 }
 
 bool JobRunner::ReadInput(plugin::JobRun& run) {
@@ -245,7 +254,8 @@ bool JobRunner::ReadInput(plugin::JobRun& run) {
     TakeLeftOut(input, run);
     for (const ZetString& conflict : run.FindPlanConflicts())
         Complain(m_options.job, conflict.toUtf8());
-    RefuseToReplaceInput(run);
+    for (const std::string& replaced : InputsReplacedBy(run.GetProjectInfo().GetFileName()))
+        Complain(replaced, "the output would replace this file");
     return m_report.faults.empty() || Refuse();
 }
 
@@ -270,20 +280,38 @@ bool JobRunner::ReadFiles(JobInput& input) {
 
 /// An output must not take the place of what it is made from, whatever name that goes by: letters
 /// in another case and links lead to the same file.
-void JobRunner::RefuseToReplaceInput(plugin::JobRun& run) {
+std::vector<std::string> JobRunner::InputsReplacedBy(const ZetString& fileName) const {
     std::vector<fs::path> outputs;
-    for (const ZetString& name : FileNames(run))
+    for (const ZetString& name : FileNames(fileName))
         outputs.push_back(PathFromUtf8(OutputName(name)));
+    std::vector<std::string> replaced;
     InFolder isBesideOutput(PathFromUtf8(m_report.folder));
     const auto check = [&](const fs::path& input) {
         const auto isInput = [&](const fs::path& output) { return IsSameFile(input, output); };
         if (isBesideOutput(input) && std::any_of(outputs.begin(), outputs.end(), isInput))
-            Complain(Utf8FromPath(input), "the output would replace this file");
+            replaced.push_back(Utf8FromPath(input));
     };
     check(PathFromUtf8(m_options.job));
     std::for_each(m_ncFiles.begin(), m_ncFiles.end(), check);
     if (const fs::path remnants = job::GetRemnantFile(m_job); !remnants.empty())
         check(remnants);
+    return replaced;
+}
+
+/// What is wrong with what the names of all output files begin with; "" for nothing.
+std::string JobRunner::FindNameFault(const ZetString& fileName) const {
+    if (std::string fault = job::FaultOfFileNameStart(fileName); !fault.empty())
+        return fault;
+    const std::wstring kept[] = {job::SmallLetters(m_job.project.settingsFile),
+                                 job::SmallLetters(job::SettingsOriginFile(m_job.project))};
+    for (const ZetString& name : FileNames(fileName)) {
+        if (std::string fault = job::FaultOfFileName(name); !fault.empty())
+            return name.toUtf8() + ": " + fault;
+        if (std::count(std::begin(kept), std::end(kept), job::SmallLetters(name)) > 0)
+            return name.toUtf8() + ": the settings are kept in a file of this name";
+    }
+    const std::vector<std::string> replaced = InputsReplacedBy(fileName);
+    return replaced.empty() ? "" : "the output would replace " + replaced.front();
 }
 
 /// What the system says of it, "" for nothing.
@@ -372,11 +400,11 @@ ZetString PageName(plugin::JobRun& run) {
     return run.GetProjectInfo().GetFileName() + job::kPageEnding;
 }
 
-/// Of all files of the output.
-std::vector<ZetString> JobRunner::FileNames(plugin::JobRun& run) const {
-    std::vector<ZetString> names = run.GetFileNames();
-    if (m_job.reports.hasPage)
-        names.push_back(PageName(run));
+/// Of all files of an output whose names begin so.
+std::vector<ZetString> JobRunner::FileNames(const ZetString& fileName) const {
+    std::vector<ZetString> names;
+    for (const job::OutputEnding& output : job::OutputEndings(m_job))
+        names.push_back(fileName + output.ending);
     return names;
 }
 

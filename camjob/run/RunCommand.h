@@ -14,8 +14,9 @@ struct RunOptions {
     std::string job;     ///< name of the job file, UTF-8
     std::string folder;  ///< of the output, UTF-8; "": as the job says
     bool asJson = false;
-    bool showsNotes = false;   ///< of the reader, besides its warnings
-    bool showsDialog = false;  ///< for the project information, before anything is read
+    bool showsNotes = false;       ///< of the reader, besides its warnings
+    bool showsDialog = false;      ///< for the project information, before anything is read
+    bool ignoresSettings = false;  ///< of the project information, whatever the job says of them
 };
 
 /// What a run does not do itself; tests put something else in its place.

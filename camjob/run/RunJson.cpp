@@ -23,6 +23,16 @@ Json ToJson(const RunFault& fault) {
     };
 }
 
+Json ToJson(const TakenSetting& setting) {
+    return {
+        {"key",     setting.key            },
+        {"value",   setting.value.toUtf8() },
+        {"since",   setting.since          },
+        {"job",     setting.ofJob.toUtf8() },
+        {"certain", setting.isCertain      },
+    };
+}
+
 Json ToJson(const RunInput& input) {
     return {
         {"filesRead", input.filesRead},
@@ -205,6 +215,7 @@ void WriteRunJson(const RunReport& report, OutputStream& out) {
         {"finishedEarlierOutput", report.hasFinishedEarlierOutput                      },
         {"faults",                ListOf(report.faults)                                },
         {"leftOut",               ListOf(report.leftOut)                               },
+        {"settings",              ListOf(report.settings)                              },
         {"input",                 ToJson(report.input)                                 },
         {"notes",                 ListOf(report.notes)                                 },
         {"unmadeFiles",           ListOf(report.unmadeFiles)                           },

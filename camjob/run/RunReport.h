@@ -1,5 +1,6 @@
 #pragma once
 
+#include "camjob/project/ProjectSettings.h"
 #include "camjob/run/Accounts.h"
 #include "dstv/NcNote.h"
 #include "plugin/output/JobRun.h"
@@ -86,7 +87,9 @@ struct RunReport {
     ZetString name;                         ///< of the job
     bool hasFinishedEarlierOutput = false;  ///< of a run in the folder that was cut off
     std::vector<RunFault> faults;
-    std::vector<RunFault> leftOut;  ///< files that take no part, because the job says so
+    std::vector<RunFault> leftOut;       ///< files that take no part, because the job says so
+    std::string settingsFile;            ///< UTF-8, in the folder as the user named it
+    std::vector<TakenSetting> settings;  ///< taken from there; the job says something else
     RunInput input;
     std::vector<RunNote> notes;              ///< in the order of the files and their lines
     std::vector<RunUnmadeFile> unmadeFiles;  ///< in the order of the files

@@ -191,6 +191,31 @@ ZetString LeftOutLines(const RunReport& report) {
     return lines.isEmpty() ? lines : Line(L"files left out") + lines;
 }
 
+ZetString QuotedLine(const ZetString& text) {
+    std::wstring line = L"\"";
+    for (const wchar_t c : text.view())
+        line += c == L'\n' ? L"/ " : c == L'\r' ? L" " : std::wstring(1, c);
+    return ZetString(std::move(line)) + L"\"";
+}
+
+ZetString DescribeSetting(const TakenSetting& setting) {
+    const ZetString said =
+        setting.ofJob.isEmpty() ? ZetString(L"nothing") : QuotedLine(setting.ofJob);
+    return ZetString::fromUtf8(setting.key) + L" = " + QuotedLine(setting.value) + L", changed " +
+           ZetString::fromUtf8(setting.since) + L"; the job says " + said +
+           (setting.isCertain ? L"" : L" (what it said then is not known)");
+}
+
+/// A line for each value that does not come from the job.
+ZetString SettingLines(const RunReport& report) {
+    ZetString lines;
+    for (const TakenSetting& setting : report.settings)
+        lines += Line(DescribeSetting(setting));
+    return lines.isEmpty() ? lines
+                           : L"taken from " + OneLine(ZetString::fromUtf8(report.settingsFile)) +
+                                 L" instead of the job\n" + lines;
+}
+
 ZetString FileTable(const RunReport& report) {
     TextTable table({
         {L"file made", Align::kLeft },
@@ -244,8 +269,11 @@ void WriteRunText(const RunReport& report, bool showsNotes, OutputStream& out, O
             WriteMessage(DescribeNote(note), err);
     for (const RunFault& fault : report.faults)
         WriteMessage(fault.message, err);
+    if (report.status != RunStatus::kDone)
+        err.Write(Printable(SettingLines(report)));
     if (report.status == RunStatus::kDone)
         out.Write(Printable(Paragraphs({InputLine(report),
+                                        SettingLines(report),
                                         LeftOutLines(report),
                                         GroupTable(report),
                                         UnmadeTable(report),

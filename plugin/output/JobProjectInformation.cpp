@@ -1,6 +1,7 @@
 #include "plugin/output/JobProjectInformation.h"
 
 #include "job/ControlCharacters.h"
+#include "job/IsoDate.h"
 #include "plugin/rules/ArrayFromVector.h"
 
 #include <cstdint>
@@ -76,11 +77,6 @@ ZetString Joined(const std::vector<ZetString>& lines) {
     return text;
 }
 
-/// The same on every system, unlike the platform's short date.
-ZetString IsoDate(const CalendarDate& date) {
-    return ZetString::format(L"%04d-%02d-%02d", date.year, date.month, date.day);
-}
-
 }  // namespace
 
 JobProjectInformation::JobProjectInformation(const job::Job& job, const ZetString& location) {
@@ -93,7 +89,6 @@ JobProjectInformation::JobProjectInformation(const job::Job& job, const ZetStrin
     SetDates(job);
     SetLocation(location);
     SetProjFileName(location + job.project.settingsFile);
-    SetOutputFiles(job);
 }
 
 void JobProjectInformation::SetTexts(const job::ProjectData& project) {
@@ -106,32 +101,12 @@ void JobProjectInformation::SetTexts(const job::ProjectData& project) {
 }
 
 void JobProjectInformation::SetDates(const job::Job& job) {
+    // The same on every system, unlike the platform's short date.
+    const ZetString today = job::IsoDate(job.date.value_or(Today()));
     for (const TextRow& row : kDates) {
         const ZetString& text = job.project.*row.text;
-        if (!text.isEmpty())
-            (this->*row.set)(text);
-        else if (job.date)
-            (this->*row.set)(IsoDate(*job.date));
+        (this->*row.set)(text.isEmpty() ? today : text);
     }
-}
-
-void JobProjectInformation::SetOutputFiles(const job::Job& job) {
-    ZetArray<COutPutFiles> files;
-    for (const job::OutputFile& file : job.files) {
-        COutPutFiles entry;
-        // The dialog joins location, file name and caption to find out whether the file is there.
-        entry.SetValues(job.project.fileName + file.ending, file.ending);
-        files.append(entry);
-    }
-    SetOutPuts(files);
-}
-
-bool JobProjectInformation::ReadSettings() {
-    const ZetString fileName = GetFileName();
-    const bool isSound = GetDetailFromFile();
-    if (GetFileName().isEmpty())
-        SetFileName(fileName);
-    return isSound;
 }
 
 ZetArray<ZetString> JobProjectInformation::MakeHeaderLines() {

@@ -8,23 +8,20 @@
 
 namespace plugin {
 
-/// The project information of a job: its texts, the output files, and a settings file that reads
-/// back as it was written. A value.
+/// The project information of a job: its texts, and a settings file that reads back as it was
+/// written. A value.
 class JobProjectInformation : public CProjectInformation {
   public:
     /// `location` is the output's folder with the separator at its end; the settings file stands
     /// there. Dates that the job leaves open are the job's date, or else today's.
     JobProjectInformation(const job::Job& job, const ZetString& location);
 
-    /// Takes over the settings file. False when it is damaged, with nothing changed.
-    bool ReadSettings();
     /// The header lines of the output files: a line for each text that is not empty.
     ZetArray<ZetString> MakeHeaderLines();
 
   private:
     void SetTexts(const job::ProjectData& project);
     void SetDates(const job::Job& job);
-    void SetOutputFiles(const job::Job& job);
 };
 
 }  // namespace plugin

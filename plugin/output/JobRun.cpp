@@ -2,6 +2,7 @@
 
 #include "cutting/Verification.h"
 #include "job/ControlCharacters.h"
+#include "job/FileNames.h"
 #include "job/Remnants.h"
 #include "job/Utf8Path.h"
 #include "plugin/output/CuttingList.h"
@@ -32,6 +33,16 @@ ZetString TextOf(const std::filesystem::path& path) {
 ZetString FileNameOf(const ZetString& file) {
     const std::size_t slash = file.view().rfind(L'/');
     return slash == std::wstring_view::npos ? file : ZetString(file.view().substr(slash + 1));
+}
+
+/// The path from the root, as the system writes it. Without "." only: a folder before ".." may be a
+/// link.
+std::filesystem::path AbsoluteOf(const std::filesystem::path& path) {
+    std::filesystem::path whole;
+    for (const std::filesystem::path& name : std::filesystem::absolute(path))
+        if (name != ".")
+            whole /= name;
+    return whole.make_preferred();
 }
 
 /// The day that counts as today while a run of a job with a date lives.
@@ -121,9 +132,10 @@ JobRun::DateOfLife::~DateOfLife() {
 JobRun::JobRun(const job::Job& job, const std::filesystem::path& folder)
     : m_job(job), m_rules(job), m_date(job.date), m_bars(job) {
     UseTolerances(job.tolerances);
-    m_accumulator.SetProjectInfo(new JobProjectInformation(job, TextOf(folder / "")));
+    const ZetString location = TextOf(AbsoluteOf(folder) / "");
+    m_accumulator.SetProjectInfo(new JobProjectInformation(job, location));
     m_accumulator.SetManuFacturerDetails(
-        job.project.fileName, TextOf(folder / ""), TextOf(folder / "") + job.project.fileName);
+        job.project.fileName, location, location + job.project.fileName);
 }
 
 JobRun::~JobRun() = default;
@@ -134,10 +146,6 @@ JobProjectInformation& JobRun::GetJobProjectInfo() {
 
 CProjectInformation& JobRun::GetProjectInfo() {
     return GetJobProjectInfo();
-}
-
-bool JobRun::ReadSettings() {
-    return GetJobProjectInfo().ReadSettings();
 }
 
 JobRun::Added JobRun::Add(ZetNCEntity& entity, const ZetString& source, const Observer& observer) {
@@ -223,13 +231,11 @@ ZetString JobRun::GetFileName(const ZetString& ending) {
 
 std::vector<ZetString> JobRun::GetFileNames() {
     std::vector<ZetString> names;
-    for (const job::OutputFile& file : m_job.files)
-        names.push_back(GetFileName(file.ending));
-    if (IsAnyGroupNested())
-        for (const wchar_t* ending : {job::kCuttingListEnding, job::kCuttingTableEnding})
-            names.push_back(GetFileName(ending));
-    if (!m_job.cutting.remnants.empty())
-        names.push_back(GetFileName(job::kRemnantsEnding));
+    for (const job::OutputEnding& output : job::OutputEndings(m_job))
+        names.push_back(GetFileName(output.ending));
+    // Others make the page.
+    if (m_job.reports.hasPage)
+        names.pop_back();
     return names;
 }
 

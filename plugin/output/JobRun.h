@@ -64,17 +64,14 @@ class JobRun {
         kNoType,   ///< no member type fits
     };
 
-    /// `folder` is where the output will stand in the end; settings are read from it. Nothing is
-    /// read or written yet. The job must outlive the run.
+    /// `folder` is where the output will stand in the end, with the settings file beside it.
+    /// Nothing is read or written yet. The job must outlive the run.
     JobRun(const job::Job& job, const std::filesystem::path& folder);
     ~JobRun();
     JobRun(const JobRun&) = delete;
     JobRun& operator=(const JobRun&) = delete;
 
-    /// Takes over the settings file beside the output, where there is one. False when there is one
-    /// that is damaged: nothing has changed then.
-    bool ReadSettings();
-    /// Lent; for the dialog. The names of the output files begin with its file name.
+    /// Lent; for settings and dialog. The names of the output files begin with its file name.
     CProjectInformation& GetProjectInfo();
 
     /// Sees a member that was judged, while it still knows its holes and notches.

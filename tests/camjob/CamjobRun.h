@@ -8,6 +8,8 @@
 #include <string>
 #include <vector>
 
+#include <gtest/gtest.h>
+
 /// Keeps what is written.
 class TextStream : public camjob::OutputStream {
   public:
@@ -48,6 +50,12 @@ inline std::string ArgumentFor(const TempFolder& folder, const std::string& file
 inline std::string ReportOf(const CamjobRun& run) {
     return "exit code " + std::to_string(run.exitCode) + "\n---- stdout\n" + run.out +
            "---- stderr\n" + run.err;
+}
+
+/// Parts of a text, each of which has to be in it.
+inline void ExpectParts(const std::string& text, const std::vector<std::string>& parts) {
+    for (const std::string& part : parts)
+        EXPECT_NE(text.find(part), std::string::npos) << "no \"" << part << "\" in:\n" << text;
 }
 
 /// A file of tests/camjob/check/nc.

@@ -1,8 +1,8 @@
 #include "camdata/platform/dialog/Dialog.h"
 
 #include "camdata/platform/base/ZetAssert.h"
+#include "camdata/platform/dialog/DialogKeyboard.h"
 
-#include <algorithm>
 #include <exception>
 #include <string>
 #include <utility>
@@ -55,7 +55,11 @@ class Dialog::Session final : public DialogEvents {
 
     void OnCreated(DialogWindow& window) noexcept override {
         m_dialog.m_window = &window;
-        Guard([&] { m_dialog.OnInitDialog(); });
+        Guard([&] {
+            m_dialog.OnInitDialog();
+            FocusFirstField();
+        });
+        m_isReady = true;
     }
     void OnShown() noexcept override {
         Guard([&] { m_driver->onShown(m_dialog.Window()); });
@@ -65,7 +69,16 @@ class Dialog::Session final : public DialogEvents {
         Guard([&] { Press(id); });
     }
     void OnTabChanged(int id, int index) noexcept override {
-        Guard([&] { m_dialog.OnTabChanged(id, index); });
+        Guard([&] {
+            const int focus = m_dialog.Window().Focus();
+            m_dialog.OnTabChanged(id, index);
+            if (focus != 0 && !m_dialog.Window().IsShown(focus))
+                FocusFirstField();
+        });
+    }
+    void OnEdited(int id) noexcept override {
+        if (m_isReady)
+            Guard([&] { m_dialog.OnEdited(id); });
     }
     bool IsDriven() const noexcept override { return m_driver.has_value(); }
     bool AnswersBoxes() const noexcept override { return m_driver && m_driver->onBox; }
@@ -85,6 +98,12 @@ class Dialog::Session final : public DialogEvents {
             m_dialog.OnCommand(id);
     }
 
+    void FocusFirstField() {
+        DialogWindow& window = m_dialog.Window();
+        if (const int field = camdata::detail::FirstField(m_dialog.m_template, window); field != 0)
+            window.SetFocus(field);
+    }
+
     template <typename Action>
     void Guard(Action action) noexcept {
         if (m_error)
@@ -100,6 +119,7 @@ class Dialog::Session final : public DialogEvents {
     Dialog& m_dialog;
     const std::optional<DialogDriver> m_driver;
     std::exception_ptr m_error;
+    bool m_isReady = false;  ///< filled: what changes now is the user's doing
 };
 
 DialogResult Dialog::DoModal() {
@@ -107,10 +127,8 @@ DialogResult Dialog::DoModal() {
 }
 
 ControlKind Dialog::KindOf(int id) const {
-    const auto& controls = m_template.controls;
-    const auto row = std::find_if(
-        controls.begin(), controls.end(), [id](const ControlDef& each) { return each.id == id; });
-    ZET_ASSERT(row != controls.end(), "control exists");
+    const ControlDef* row = FindControl(m_template, id);
+    ZET_ASSERT(row != nullptr, "control exists");
     return row->kind;
 }
 

@@ -41,7 +41,14 @@ struct ControlDef {
     DialogRect units;  ///< in dialog units
 };
 
-/// A dialog as it is before it fills itself. Its controls are in tab order.
+/// The letter of a label or button that, with Alt, goes to the field or presses the button.
+struct Mnemonic {
+    int id;
+    wchar_t letter;  ///< the first such letter of the text
+};
+
+/// A dialog as it is before it fills itself. The tab key goes from control to control as they are
+/// seen, whatever their order here.
 struct DialogTemplate {
     int resource;  ///< id of the dialog resource that says the same
     const wchar_t* caption;
@@ -51,7 +58,16 @@ struct DialogTemplate {
     int cancelButton;  ///< the button that Escape and closing the window press
     int labelOffset;   ///< a field's label has the field's id plus this
     std::span<const ControlDef> controls;
+    std::span<const Mnemonic> mnemonics;  ///< shown from the start; no part of the resource
 };
+
+/// Null when the dialog does not have it.
+constexpr const ControlDef* FindControl(const DialogTemplate& dialog, int id) {
+    for (const ControlDef& row : dialog.controls)
+        if (row.id == id)
+            return &row;
+    return nullptr;
+}
 
 /// Dialog units in pixels, for the font of all dialogs: "MS Shell Dlg" of 8 points, whose average
 /// character is 6 pixels wide and 13 high.
@@ -78,6 +94,8 @@ class DialogEvents {
     virtual void OnShown() noexcept = 0;
     virtual void OnButton(int id) noexcept = 0;
     virtual void OnTabChanged(int id, int index) noexcept = 0;
+    /// The text of an edit field of one line has changed, whoever changed it.
+    virtual void OnEdited(int id) noexcept = 0;
     virtual bool IsDriven() const noexcept = 0;
     /// The driver answers the boxes of this dialog.
     virtual bool AnswersBoxes() const noexcept = 0;
@@ -108,6 +126,8 @@ class Dialog {
     /// A button other than OK and Cancel.
     virtual void OnCommand(int id) = 0;
     virtual void OnTabChanged(int id, int index) = 0;
+    /// The text of an edit field of one line has changed since OnInitDialog.
+    virtual void OnEdited(int id) = 0;
 
     /// The window, while the dialog is shown.
     DialogWindow& Window() const { return *m_window; }

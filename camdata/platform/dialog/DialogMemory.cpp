@@ -7,6 +7,7 @@
 namespace {
 
 struct Control {
+    ControlKind kind = ControlKind::kLabel;
     DialogRect place;
     bool isShown = false;
     bool isEnabled = true;
@@ -22,7 +23,8 @@ class MemoryWindow final : public DialogWindow {
     MemoryWindow(const DialogTemplate& dialog, DialogEvents& events)
         : m_events(events), m_caption(dialog.caption) {
         for (const ControlDef& row : dialog.controls)
-            m_controls[row.id] = {InPixels(row.units),
+            m_controls[row.id] = {row.kind,
+                                  InPixels(row.units),
                                   row.isVisible,
                                   row.state != ControlState::kDisabled,
                                   row.state == ControlState::kReadOnly,
@@ -42,7 +44,11 @@ class MemoryWindow final : public DialogWindow {
     bool IsEnabled(int id) const override { return At(id).isEnabled; }
     bool IsReadOnly(int id) const override { return At(id).isReadOnly; }
 
-    void SetText(int id, const ZetString& text) override { At(id).text = text; }
+    void SetText(int id, const ZetString& text) override {
+        At(id).text = text;
+        if (At(id).kind == ControlKind::kEdit)
+            m_events.OnEdited(id);
+    }
     ZetString Text(int id) const override { return At(id).text; }
     void SetDate(int id, const CalendarDate& date) override { At(id).date = date; }
     CalendarDate Date(int id) const override { return At(id).date; }
@@ -64,6 +70,9 @@ class MemoryWindow final : public DialogWindow {
         AskYesNo(caption, message);
     }
 
+    void SetFocus(int id) override { m_focus = id; }
+    int Focus() const override { return m_focus; }
+
   private:
     void Press(int id) override { m_events.OnButton(id); }
     void EndLoop() override {}
@@ -78,6 +87,7 @@ class MemoryWindow final : public DialogWindow {
     DialogEvents& m_events;
     ZetString m_caption;
     std::map<int, Control> m_controls;
+    int m_focus = 0;
 };
 
 }  // namespace

@@ -1,5 +1,6 @@
 #include "camdata/platform/base/ZetAssert.h"
 #include "camdata/platform/dialog/Dialog.h"
+#include "camdata/platform/dialog/DialogKeyboard.h"
 
 #include <algorithm>
 #include <clocale>
@@ -12,6 +13,7 @@
 #include <QDateEdit>
 #include <QDialog>
 #include <QGroupBox>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMessageBox>
@@ -111,14 +113,32 @@ struct Control {
     const WidgetKind* kind = nullptr;
 };
 
-/// Gives Escape and the closing of the window to the dialog's own rules.
+/// Gives Escape and the closing of the window to the dialog's own rules, and turns its pages with
+/// Ctrl+Tab and Ctrl+Shift+Tab: the fields are none of the tab control's own, which would do that.
 class ReportingDialog final : public QDialog {
   public:
     ReportingDialog(DialogEvents& events, int cancelButton)
-        : QDialog(QApplication::activeWindow()), m_events(events), m_cancelButton(cancelButton) {}
+        : QDialog(QApplication::activeWindow()), m_events(events), m_cancelButton(cancelButton) {
+        // Before the fields, some of which take every kind of tab.
+        QCoreApplication::instance()->installEventFilter(this);
+    }
     void reject() override { m_events.OnButton(m_cancelButton); }
 
   private:
+    bool eventFilter(QObject* object, QEvent* event) override {
+        const auto* widget = qobject_cast<QWidget*>(object);
+        if (event->type() != QEvent::KeyPress || widget == nullptr || !isAncestorOf(widget))
+            return false;
+        const auto& key = static_cast<const QKeyEvent&>(*event);
+        const bool isBack = key.key() == Qt::Key_Backtab;
+        if (!key.modifiers().testFlag(Qt::ControlModifier) || (!isBack && key.key() != Qt::Key_Tab))
+            return false;
+        auto& tabs = *findChild<QTabWidget*>();
+        tabs.setCurrentIndex((tabs.currentIndex() + (isBack ? tabs.count() - 1 : 1)) %
+                             tabs.count());
+        return true;
+    }
+
     DialogEvents& m_events;
     const int m_cancelButton;
 };
@@ -126,7 +146,7 @@ class ReportingDialog final : public QDialog {
 class QtWindow final : public DialogWindow {
   public:
     QtWindow(const DialogTemplate& dialog, DialogEvents& events)
-        : m_events(events), m_dialog(events, dialog.cancelButton) {
+        : m_template(dialog), m_events(events), m_dialog(events, dialog.cancelButton) {
         m_dialog.setFixedSize(PixelsAcross(dialog.width), PixelsDown(dialog.height));
         QFont font = m_dialog.font();
         font.setPixelSize(kFontPixels);
@@ -143,6 +163,9 @@ class QtWindow final : public DialogWindow {
     void Run() {
         m_events.OnCreated(*this);
         m_isCreated = true;
+        for (const Mnemonic& each : m_template.mnemonics)
+            SetCaptionOf(each.id, camdata::detail::MarkedCaption(Text(each.id), each.letter));
+        ArrangeAsSeen();
         if (m_events.IsDriven())
             QTimer::singleShot(0, &m_dialog, [this] { m_events.OnShown(); });
         if (!IsClosed())
@@ -169,17 +192,15 @@ class QtWindow final : public DialogWindow {
     bool IsReadOnly(int id) const override { return At(id).property("readOnly").toBool(); }
 
     void SetText(int id, const ZetString& text) override {
-        const WidgetKind& kind = *Find(id).kind;
-        At(id).setProperty(kind.textProperty,
-                           kind.isCaption ? FromText(text).replace("&", "&&") : FromText(text));
-        Fit(id);
+        const bool isCaption = Find(id).kind->isCaption;
+        SetCaptionOf(id, isCaption ? camdata::detail::MarkedCaption(text, 0) : text);
     }
     ZetString Text(int id) const override {
         if (const auto* field = qobject_cast<const QPlainTextEdit*>(&At(id)))
             return ToText(LinesOf(*field));
         const WidgetKind& kind = *Find(id).kind;
-        QString text = At(id).property(kind.textProperty).toString();
-        return ToText(kind.isCaption ? text.replace("&&", "&") : text);
+        const ZetString text = ToText(At(id).property(kind.textProperty).toString());
+        return kind.isCaption ? camdata::detail::UnmarkedCaption(text) : text;
     }
     void SetDate(int id, const CalendarDate& date) override {
         As<QDateEdit>(id).setDate(QDate(date.year, date.month, date.day));
@@ -203,6 +224,14 @@ class QtWindow final : public DialogWindow {
     }
     void Tell(const ZetString& caption, const ZetString& message) override {
         RunBox(QMessageBox::Information, QMessageBox::Ok, caption, message);
+    }
+
+    void SetFocus(int id) override { At(id).setFocus(Qt::TabFocusReason); }
+    int Focus() const override {
+        const QWidget* widget = m_dialog.focusWidget();
+        while (widget != nullptr && widget->parentWidget() != &m_dialog)
+            widget = widget->parentWidget();
+        return widget == nullptr ? 0 : widget->objectName().toInt();
     }
 
   private:
@@ -229,12 +258,30 @@ class QtWindow final : public DialogWindow {
         if (auto* button = qobject_cast<QPushButton*>(&At(id)))
             QObject::connect(
                 button, &QPushButton::clicked, &m_dialog, [this, id] { m_events.OnButton(id); });
+        if (auto* edit = qobject_cast<QLineEdit*>(&At(id)))
+            QObject::connect(
+                edit, &QLineEdit::textChanged, &m_dialog, [this, id] { m_events.OnEdited(id); });
         // The first tab that is inserted is a change, too, but not one of the user's.
         if (auto* tabs = qobject_cast<QTabWidget*>(&At(id)))
             QObject::connect(tabs, &QTabWidget::currentChanged, &m_dialog, [this, id](int index) {
                 if (m_isCreated)
                     m_events.OnTabChanged(id, index);
             });
+    }
+
+    /// The caption of a control that has one, else its text.
+    void SetCaptionOf(int id, const ZetString& caption) {
+        At(id).setProperty(Find(id).kind->textProperty, FromText(caption));
+        Fit(id);
+    }
+
+    /// For the tab key.
+    void ArrangeAsSeen() {
+        QWidget* before = m_dialog.findChild<QTabWidget*>();
+        for (const int id : camdata::detail::OrderAsSeen(m_template, *this)) {
+            QWidget::setTabOrder(before, &At(id));
+            before = &At(id);
+        }
     }
 
     /// The colours of fields that only show something: grey, as what is disabled, but easier to
@@ -299,6 +346,7 @@ class QtWindow final : public DialogWindow {
         return *widget;
     }
 
+    const DialogTemplate& m_template;
     DialogEvents& m_events;
     ReportingDialog m_dialog;
     std::map<int, Control> m_controls;

@@ -1,8 +1,12 @@
 #include "camdata/platform/base/ZetAssert.h"
 #include "camdata/platform/dialog/Dialog.h"
+#include "camdata/platform/dialog/DialogKeyboard.h"
 #include "camdata/platform/system/Modules.h"
 
 #include <algorithm>
+#include <functional>
+#include <optional>
+#include <set>
 #include <string>
 #include <utility>
 
@@ -128,6 +132,50 @@ class FieldNames {
     IAccPropServices* m_services = nullptr;
 };
 
+/// Ctrl+Tab turns the pages of a dialog, Ctrl+Shift+Tab turns them back. The system's own loop of
+/// dialogs would take both for the tab key.
+class PageKeys {
+  public:
+    using Turn = std::function<void(int step)>;
+
+    PageKeys(HWND dialog, Turn turn)
+        : m_dialog(dialog),
+          m_turn(std::move(turn)),
+          m_outer(std::exchange(t_current, this)),
+          m_hook(SetWindowsHookExW(WH_MSGFILTER, OnMessage, nullptr, GetCurrentThreadId())) {}
+    ~PageKeys() {
+        UnhookWindowsHookEx(m_hook);
+        t_current = m_outer;
+    }
+    PageKeys(const PageKeys&) = delete;
+    PageKeys& operator=(const PageKeys&) = delete;
+
+  private:
+    static bool IsDown(int key) { return GetKeyState(key) < 0; }
+
+    static LRESULT CALLBACK OnMessage(int code, WPARAM w, LPARAM l) {
+        const MSG& message = *reinterpret_cast<const MSG*>(l);
+        if (code != MSGF_DIALOGBOX || !t_current->Turns(message))
+            return CallNextHookEx(nullptr, code, w, l);
+        t_current->m_turn(IsDown(VK_SHIFT) ? -1 : 1);
+        return TRUE;
+    }
+    /// Not in a box over the dialog.
+    bool Turns(const MSG& message) const {
+        return message.message == WM_KEYDOWN && message.wParam == VK_TAB && IsDown(VK_CONTROL) &&
+               (message.hwnd == m_dialog || IsChild(m_dialog, message.hwnd));
+    }
+
+    static thread_local PageKeys* t_current;
+
+    const HWND m_dialog;
+    const Turn m_turn;
+    PageKeys* const m_outer;
+    const HHOOK m_hook;
+};
+
+thread_local PageKeys* PageKeys::t_current = nullptr;
+
 class Win32Window final : public DialogWindow {
   public:
     Win32Window(const DialogTemplate& dialog, DialogEvents& events)
@@ -180,7 +228,10 @@ class Win32Window final : public DialogWindow {
     bool IsReadOnly(int id) const override { return HasStyle(id, ES_READONLY); }
 
     void SetText(int id, const ZetString& text) override { SetWindowTextW(At(id), text.c_str()); }
-    ZetString Text(int id) const override { return TextOf(At(id)); }
+    ZetString Text(int id) const override {
+        const ZetString text = TextOf(At(id));
+        return HasMnemonic(id) ? camdata::detail::UnmarkedCaption(text) : text;
+    }
     void SetDate(int id, const CalendarDate& date) override {
         SYSTEMTIME time = {};
         time.wYear = static_cast<WORD>(date.year);
@@ -228,6 +279,16 @@ class Win32Window final : public DialogWindow {
         RunBox(MB_OK | MB_ICONINFORMATION, caption, message);
     }
 
+    void SetFocus(int id) override {
+        SendMessageW(m_window, WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(At(id)), TRUE);
+    }
+    int Focus() const override {
+        HWND control = GetFocus();
+        while (control != nullptr && GetParent(control) != m_window)
+            control = GetParent(control);
+        return control == nullptr ? 0 : GetDlgCtrlID(control);
+    }
+
   private:
     void Press(int id) override { SendMessageW(m_window, WM_COMMAND, CommandOf(id), 0); }
     void EndLoop() override { EndDialog(m_window, 1); }
@@ -246,7 +307,8 @@ class Win32Window final : public DialogWindow {
         switch (message) {
             case WM_INITDIALOG:
                 Create(window);
-                return TRUE;
+                // The keyboard is where it belongs.
+                return FALSE;
             case kShown:
                 // Windows itself would wait until there are no more messages.
                 ShowWindow(window, SW_SHOW);
@@ -275,9 +337,46 @@ class Win32Window final : public DialogWindow {
             if (row.kind == ControlKind::kEdit || row.kind == ControlKind::kLines)
                 SendMessageW(At(row.id), EM_SETLIMITTEXT, 0, 0);
         m_events.OnCreated(*this);
+        for (const Mnemonic& each : m_template.mnemonics)
+            Mark(each);
+        ArrangeAsSeen();
+        m_pageKeys.emplace(window, [this](int step) { TurnPage(step); });
         NameFields([this](HWND field, int label) { m_names.Set(field, Text(label)); });
         if (m_events.IsDriven())
             PostMessageW(window, kShown, 0, 0);
+    }
+
+    /// From now on an "&" in the text of the control marks the letter behind it.
+    void Mark(const Mnemonic& mnemonic) {
+        const HWND control = At(mnemonic.id);
+        const ZetString text = TextOf(control);
+        m_marked.insert(mnemonic.id);
+        if (IsLabel(mnemonic.id))
+            SetWindowLongPtrW(
+                control, GWL_STYLE, GetWindowLongPtrW(control, GWL_STYLE) & ~SS_NOPREFIX);
+        SetWindowTextW(control, camdata::detail::MarkedCaption(text, mnemonic.letter).c_str());
+    }
+    bool HasMnemonic(int id) const { return m_marked.contains(id); }
+
+    /// For the tab key, and for the letters of labels, which lead to the control behind them.
+    void ArrangeAsSeen() const {
+        for (const int id : camdata::detail::OrderAsSeen(m_template, *this)) {
+            if (IsField(FindControl(m_template, id)->kind))
+                MoveToEnd(id + m_template.labelOffset);
+            MoveToEnd(id);
+        }
+    }
+    void MoveToEnd(int id) const {
+        SetWindowPos(At(id), HWND_BOTTOM, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
+    }
+
+    void TurnPage(int step) {
+        const auto& controls = m_template.controls;
+        const auto tabs = std::find_if(controls.begin(), controls.end(), [](const ControlDef& row) {
+            return row.kind == ControlKind::kTabs;
+        });
+        const int count = static_cast<int>(SendMessageW(At(tabs->id), TCM_GETITEMCOUNT, 0, 0));
+        SelectTab(tabs->id, (SelectedTab(tabs->id) + step + count) % count);
     }
 
     /// Labels lie on a tab, whose colour may be another than the dialog's.
@@ -288,10 +387,8 @@ class Win32Window final : public DialogWindow {
         return reinterpret_cast<INT_PTR>(GetStockObject(NULL_BRUSH));
     }
     bool IsLabel(int id) const {
-        const auto isThat = [id](const ControlDef& row) {
-            return row.id == id && row.kind == ControlKind::kLabel;
-        };
-        return std::any_of(m_template.controls.begin(), m_template.controls.end(), isThat);
+        const ControlDef* row = FindControl(m_template, id);
+        return row != nullptr && row->kind == ControlKind::kLabel;
     }
 
     /// Calls an action with each field and its label's id.
@@ -304,9 +401,12 @@ class Win32Window final : public DialogWindow {
     }
 
     bool OnCommand(WPARAM command) {
-        if (HIWORD(command) != BN_CLICKED)
+        if (HIWORD(command) == EN_CHANGE)
+            m_events.OnEdited(LOWORD(command));
+        else if (HIWORD(command) == BN_CLICKED)
+            m_events.OnButton(LOWORD(command));
+        else
             return false;
-        m_events.OnButton(LOWORD(command));
         return true;
     }
 
@@ -345,6 +445,8 @@ class Win32Window final : public DialogWindow {
     const DialogTemplate& m_template;
     DialogEvents& m_events;
     FieldNames m_names;
+    std::set<int> m_marked;
+    std::optional<PageKeys> m_pageKeys;
     HWND m_window = nullptr;
     SIZE m_characterSize = kUsualCharacterSize;
 };

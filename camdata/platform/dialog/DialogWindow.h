@@ -75,6 +75,15 @@ class DialogWindow {
     virtual void Press(int id) = 0;
     virtual void EndLoop() = 0;
 
+  public:
+    // Behind all others: programs know virtual operations by their places.
+
+    /// Gives the keyboard to a control, and selects its text.
+    virtual void SetFocus(int id) = 0;
+    /// The control that has the keyboard; 0: none.
+    virtual int Focus() const = 0;
+
+  private:
     std::optional<bool> m_isConfirmed;
 };
 

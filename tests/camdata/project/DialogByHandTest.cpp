@@ -194,29 +194,6 @@ TEST_F(DialogByHandTest, EscapeAndTheWindowsCloseButtonCancel) {
     EXPECT_EQ(m_project.GetFileName(), L"");
 }
 
-TEST_F(DialogByHandTest, TheTabKeyGoesFromFieldToFieldAndToTheButtons) {
-    const std::vector<std::vector<int>> orders = {
-        {1002, 1101, 1,    2,    1001, 1102},
-        {1002, 1206, 1207, 1211, 1212, 1213, 1, 2, 1001, 1201},
-        {1002,   1301,   1302,   1,       2,        1001     },
-    };
-    Show([&](Hand& hand) {
-        for (std::size_t tab = 0; tab < orders.size(); ++tab) {
-            hand.ClickTab(static_cast<int>(tab));
-            hand.Control(1002)->setFocus();
-            std::vector<int> order = {1002};
-            for (int keys = 0; keys < 20; ++keys) {
-                hand.Press(Qt::Key_Tab);
-                // A date picker has a stop for each part of its date.
-                if (hand.Focus() != order.back())
-                    order.push_back(hand.Focus());
-            }
-            order.resize(orders[tab].size());
-            EXPECT_EQ(order, orders[tab]);
-        }
-    });
-}
-
 TEST_F(DialogByHandTest, AFieldThatIsHiddenGetsNoMoreKeys) {
     Show([](Hand& hand) {
         hand.Click(1101);
@@ -244,13 +221,13 @@ TEST_F(DialogByHandTest, LabelsAreReadAloudForTheirFieldsAndFitTheirPlaces) {
             const auto* label = qobject_cast<QLabel*>(hand.Control(id + 50));
             ASSERT_NE(label, nullptr);
             const auto* field = QAccessible::queryAccessibleInterface(hand.Control(id));
-            EXPECT_EQ(field->text(QAccessible::Name), label->text()) << id;
+            EXPECT_EQ(field->text(QAccessible::Name), label->text().remove('&')) << id;
         }
         for (const int tab : {0, 1, 2}) {
             hand.ClickTab(tab);
             for (const QLabel* label : hand.Window().findChildren<QLabel*>())
-                EXPECT_TRUE(!label->isVisible() ||
-                            label->fontMetrics().horizontalAdvance(label->text()) <= label->width())
+                EXPECT_TRUE(!label->isVisible() || label->fontMetrics().horizontalAdvance(
+                                                       label->text().remove('&')) <= label->width())
                     << label->text().toStdString();
         }
     });

@@ -7,8 +7,6 @@
 #include "support/Golden.h"
 #include "support/SystemText.h"
 
-#include "camdata/platform/dialog/DialogWindow.h"
-
 #include <cstdlib>
 #include <vector>
 
@@ -21,11 +19,6 @@
 namespace {
 
 namespace fs = std::filesystem;
-
-void ExpectParts(const std::string& text, const std::vector<std::string>& parts) {
-    for (const std::string& part : parts)
-        EXPECT_NE(text.find(part), std::string::npos) << "no \"" << part << "\" in:\n" << text;
-}
 
 TEST(RunCommand, TellsWhatWasMadeAndWhere) {
     const TempFolder folder;
@@ -249,28 +242,6 @@ struct OldAndNew {
     }
 };
 
-/// Ends the dialog of a run with this file name in it.
-CamjobRun RunWithDialog(const TempFolder& folder,
-                        const wchar_t* fileName,
-                        int button,
-                        const wchar_t* comments = L"") {
-    constexpr int kComments = 1211;
-    constexpr int kFileName = 1101;
-    bool isShown = false;
-    SetDialogDriver(DialogDriver{DialogDriver::Backend::kMemory,
-                                 [&](DialogWindow& window) {
-                                     isShown = true;
-                                     window.SetText(kFileName, fileName);
-                                     window.SetText(kComments, comments);
-                                     window.Click(button);
-                                 },
-                                 {}});
-    CamjobRun run = RunTool({"run", "--dialog", ArgumentFor(folder, "job.toml")});
-    SetDialogDriver({});
-    EXPECT_TRUE(isShown);
-    return run;
-}
-
 /// A saw would make one bar too few of what such a planner plans.
 TEST(RunCommand, RefusesAWrongPlan) {
     const TempFolder folder;
@@ -303,36 +274,6 @@ TEST(RunCommand, RefusesAWrongPlan) {
     EXPECT_EQ(ContentOf(folder.PathOf("out")), files.oldFiles);
     EXPECT_EQ(run(&cutting::MakeLeastPlan).exitCode, 1);
     EXPECT_NE(ContentOf(folder.PathOf("out")), files.oldFiles);
-}
-
-TEST(RunCommand, ShowsTheDialogFirst) {
-    constexpr int kOk = 1;
-    constexpr int kCancel = 2;
-    const TempFolder folder;
-    SampleJob().Write(folder);
-    const fs::path out = folder.PathOf("out");
-
-    const CamjobRun cancelled = RunWithDialog(folder, L"t", kCancel);
-    EXPECT_EQ(cancelled.exitCode, 0);
-    EXPECT_EQ(cancelled.err, "camjob: the dialog was cancelled; nothing was written\n");
-    EXPECT_FALSE(fs::exists(out));
-
-    EXPECT_EQ(RunWithDialog(folder, L"t", kOk).exitCode, 1);
-    EXPECT_TRUE(fs::exists(out / "t-orders.txt"));
-    EXPECT_FALSE(fs::exists(out / "s-orders.txt"));
-    // The next run takes it over, and the output of the last one goes.
-    EXPECT_EQ(RunTool({"run", ArgumentFor(folder, "job.toml")}).exitCode, 1);
-    EXPECT_TRUE(fs::exists(out / "t-orders.txt"));
-
-    const CamjobRun lost = RunWithDialog(folder, L"u", kOk, L"call\r\n+49 40 123");
-    EXPECT_EQ(lost.exitCode, 2);
-    ExpectParts(lost.err, {"project-settings.txt: the settings cannot be read back: no line"});
-    fs::remove(out / "project-settings.txt");
-
-    const CamjobRun impossible = RunWithDialog(folder, L"a/b", kOk);
-    EXPECT_EQ(impossible.exitCode, 2);
-    ExpectParts(impossible.err, {"the file name in the settings is impossible", "< > : \" / "});
-    EXPECT_TRUE(fs::exists(out / "t-orders.txt"));
 }
 
 TEST(RunCommand, CancelledAtAnyMomentItLeavesTheOldOutput) {

@@ -143,23 +143,6 @@ TEST(JobRun, ProjectHeadsTheFilesUnderTheirOwnLines) {
     EXPECT_EQ(Today().day, 2);
 }
 
-TEST(JobRun, SettingsBesideTheOutputCount) {
-    TempFolder folder;
-    const Job job = RunJob();
-    JobRun run(job, folder.PathOf(""));
-    EXPECT_TRUE(run.ReadSettings()) << "no settings file";
-    folder.Write("project-settings.txt", "+other\n+no 1\n");
-    EXPECT_FALSE(run.ReadSettings()) << "too few entries";
-    EXPECT_EQ(run.GetProjectInfo().GetFileName(), L"job");
-    folder.Write("project-settings.txt", "+other\n+no 1\n+d\n+one\r\ntwo\n+B\n+d\n+d\n+street\n");
-    EXPECT_TRUE(run.ReadSettings());
-    EXPECT_EQ(run.GetFileNames().front(), L"other-orders.txt");
-    EXPECT_EQ(run.GetProjectInfo().GetMxComments(), L"one\r\ntwo");
-    // The dialog asks for location, file name and caption of the first entry.
-    EXPECT_EQ(run.GetProjectInfo().GetFileNameArr()[0].GetCaptionStr(), L"-orders.txt");
-    EXPECT_EQ(run.GetProjectInfo().GetProjFileName(), folder.NameOf("project-settings.txt"));
-}
-
 TEST(JobRun, CanBeCancelledBetweenMembersAndTellsFileFaults) {
     TempFolder folder;
     const Job job = RunJob();
