@@ -97,6 +97,11 @@ std::string FaultOf(std::size_t value, const ZetString& text) {
     return fault.empty() ? "" : name + " is \"" + text.toUtf8() + "\": " + fault;
 }
 
+/// The others, left empty, stand for what the job says.
+bool CanBeEmpty(std::size_t value) {
+    return value != kFileNameValue && kProjectValues[value].kind != ValueKind::kDate;
+}
+
 /// Reading takes a "+" at the start of a line for the start of an entry.
 bool IsStorable(const ZetString& text) {
     return text[0] != L'+' && !text.contains(L"\n+");
@@ -152,8 +157,7 @@ std::vector<std::string> ProjectSettings::TakeFrom(const ProjectTexts& saved) {
         const bool counts = isKnown
                                 ? !at->second.since.empty() && at->second.said == m_said[i].toUtf8()
                                 : saved[i] != m_ofJob[i];
-        // Older programs kept a file name that was left empty; it stands for that of the job.
-        if (!counts || (i == kFileNameValue && saved[i].isEmpty()))
+        if (!counts || (saved[i].isEmpty() && !CanBeEmpty(i)))
             continue;
         if (std::string fault = FaultOf(i, saved[i]); !fault.empty()) {
             faults.push_back(std::move(fault));

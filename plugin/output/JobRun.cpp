@@ -35,11 +35,11 @@ ZetString FileNameOf(const ZetString& file) {
     return slash == std::wstring_view::npos ? file : ZetString(file.view().substr(slash + 1));
 }
 
-/// The path from the root, as the system writes it. Without "." only: a folder before ".." may be a
-/// link.
+/// The path from the root, as the system writes it; "" is the folder at hand. Without "." only: a
+/// folder before ".." may be a link.
 std::filesystem::path AbsoluteOf(const std::filesystem::path& path) {
     std::filesystem::path whole;
-    for (const std::filesystem::path& name : std::filesystem::absolute(path))
+    for (const std::filesystem::path& name : std::filesystem::absolute(path.empty() ? "." : path))
         if (name != ".")
             whole /= name;
     return whole.make_preferred();
