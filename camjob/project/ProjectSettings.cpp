@@ -151,12 +151,13 @@ std::vector<std::string> ProjectSettings::Read() {
 std::vector<std::string> ProjectSettings::TakeFrom(const ProjectTexts& saved) {
     const KeptOrigins kept = ReadOrigins(m_originFile);
     std::vector<std::string> faults;
+    bool hasJobChanged = false;
     for (std::size_t i = 0; i < saved.size(); ++i) {
         const auto at = kept.find(kProjectValues[i].key);
         const bool isKnown = at != kept.end() && at->second.saved == saved[i].toUtf8();
-        const bool counts = isKnown
-                                ? !at->second.since.empty() && at->second.said == m_said[i].toUtf8()
-                                : saved[i] != m_ofJob[i];
+        const bool isChange = isKnown ? !at->second.since.empty() : saved[i] != m_ofJob[i];
+        const bool counts = isChange && (!isKnown || at->second.said == m_said[i].toUtf8());
+        hasJobChanged |= isChange && !counts;
         if (!counts || (saved[i].isEmpty() && !CanBeEmpty(i)))
             continue;
         if (std::string fault = FaultOf(i, saved[i]); !fault.empty()) {
@@ -166,6 +167,9 @@ std::vector<std::string> ProjectSettings::TakeFrom(const ProjectTexts& saved) {
         m_texts[i] = *Normalized(kProjectValues[i].kind, saved[i]);
         m_origins[i] = {isKnown ? at->second.since : TimeOf(m_settingsFile), isKnown};
     }
+    // A job that goes back to what it said does not bring back what the dialog said.
+    if (hasJobChanged && faults.empty())
+        WriteOrigins(saved);
     return faults;
 }
 

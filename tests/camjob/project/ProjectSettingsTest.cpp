@@ -84,10 +84,13 @@ TEST_F(ProjectSettingsTest, WhatTheDialogChangedCountsUntilTheJobChanges) {
         {"not in this run",              "revision = \"B\"\n",                        {"--ignore-settings"}, ""                            },
         {"not in this job",              "settings = \"ignore\"\nrevision = \"B\"\n", {},                    ""                            },
     };
-    m_folder.Write("out/project-settings.txt", kSettings);
-    m_folder.Write("out/project-settings-job.json", OriginsWhenJobSaid("B"));
+    const auto keep = [&] {
+        m_folder.Write("out/project-settings.txt", kSettings);
+        m_folder.Write("out/project-settings-job.json", OriginsWhenJobSaid("B"));
+    };
     for (const Case& row : cases) {
         SCOPED_TRACE(row.name);
+        keep();
         JobSays(row.jobSays);
         const CamjobRun run = Run(row.arguments);
         EXPECT_EQ(run.exitCode, 1) << run.err;
@@ -97,6 +100,11 @@ TEST_F(ProjectSettingsTest, WhatTheDialogChangedCountsUntilTheJobChanges) {
         EXPECT_EQ(orders.find("Revision                  : C") != std::string::npos,
                   isDialogs || row.jobSays == std::string("revision = \"C\"\n"));
         EXPECT_EQ(orders.find(": one\n") != std::string::npos, !row.taken.empty());
+    }
+    keep();
+    for (const char* revisionOfJob : {"D", "B"}) {
+        JobSays("revision = \"" + std::string(revisionOfJob) + "\"\n");
+        EXPECT_EQ(TakenOf(Run()), comments + delivery) << "once overruled, it is forgotten";
     }
 }
 
