@@ -40,15 +40,20 @@ int Sign(std::int64_t value) {
 struct GridEdge {
     GridPoint left;
     GridPoint right;
+    std::int64_t low;  ///< the lower Y of both ends
+    std::int64_t high;
     std::size_t index;   ///< among the edges on the grid, in the outline's order
     std::size_t source;  ///< in the outline
 };
 
-/// Points of an outline on the grid without repeats, the closing point excluded.
-struct GridOutline {
-    std::vector<GridPoint> points;
-    std::vector<std::size_t> sources;
+/// A vertex of an outline on the grid.
+struct GridVertex {
+    GridPoint at;
+    std::size_t source;  ///< in the outline
 };
+
+/// The vertices of an outline on the grid without repeats, the closing point excluded.
+using GridOutline = std::vector<GridVertex>;
 
 GridOutline OnGrid(std::span<const ZetGeomPoint2d> outline) {
     double low[2] = {outline[0].x, outline[0].y};
@@ -61,30 +66,25 @@ GridOutline OnGrid(std::span<const ZetGeomPoint2d> outline) {
     }
     const double step = std::max(kGrid, std::max(high[0] - low[0], high[1] - low[1]) / kMaxCells);
     GridOutline grid;
-    grid.points.reserve(outline.size());
-    grid.sources.reserve(outline.size());
+    grid.reserve(outline.size());
     for (std::size_t i = 0; i < outline.size(); ++i) {
         const GridPoint p = {std::llround((outline[i].x - low[0]) / step),
                              std::llround((outline[i].y - low[1]) / step)};
-        if (!grid.points.empty() && grid.points.back() == p)
-            continue;
-        grid.points.push_back(p);
-        grid.sources.push_back(i);
+        if (grid.empty() || grid.back().at != p)
+            grid.push_back({p, i});
     }
-    while (grid.points.size() > 1 && grid.points.back() == grid.points.front()) {
-        grid.points.pop_back();
-        grid.sources.pop_back();
-    }
+    while (grid.size() > 1 && grid.back().at == grid.front().at)
+        grid.pop_back();
     return grid;
 }
 
 std::vector<GridEdge> EdgesOf(const GridOutline& grid) {
     std::vector<GridEdge> edges;
-    edges.reserve(grid.points.size());
-    for (std::size_t i = 0; i < grid.points.size(); ++i) {
-        const auto [left, right] =
-            std::minmax({grid.points[i], grid.points[(i + 1) % grid.points.size()]});
-        edges.push_back({left, right, i, grid.sources[i]});
+    edges.reserve(grid.size());
+    for (std::size_t i = 0; i < grid.size(); ++i) {
+        const auto [left, right] = std::minmax({grid[i].at, grid[(i + 1) % grid.size()].at});
+        const auto [low, high] = std::minmax({left.y, right.y});
+        edges.push_back({left, right, low, high, i, grid[i].source});
     }
     return edges;
 }
@@ -103,7 +103,14 @@ bool IsBetween(const GridPoint& p, const GridEdge& edge) {
     return Turn(edge.left, edge.right, p) == 0 && edge.left <= p && p <= edge.right;
 }
 
+/// True when the boxes around both have no point in common: nearly always.
+bool AreApart(const GridEdge& a, const GridEdge& b) {
+    return a.right.x < b.left.x || b.right.x < a.left.x || a.high < b.low || b.high < a.low;
+}
+
 bool Meet(const GridEdge& a, const GridEdge& b) {
+    if (AreApart(a, b))
+        return false;
     if (IsBetween(a.left, b) || IsBetween(a.right, b) || IsBetween(b.left, a) ||
         IsBetween(b.right, a))
         return true;
@@ -120,7 +127,7 @@ bool FoldBack(const GridEdge& a, const GridEdge& b) {
 class Sweep {
   public:
     explicit Sweep(const GridOutline& grid)
-        : m_points(grid.points), m_edges(EdgesOf(grid)), m_status(Order{&m_edges}) {}
+        : m_vertices(grid), m_edges(EdgesOf(grid)), m_status(Order{&m_edges}) {}
 
     /// The outline's edge at which two edges meet that are no neighbours.
     std::optional<std::size_t> FindContact();
@@ -149,7 +156,7 @@ class Sweep {
     std::optional<std::size_t> Start(std::size_t edge);
     std::optional<std::size_t> End(std::size_t edge);
 
-    const std::vector<GridPoint>& m_points;
+    const GridOutline& m_vertices;
     std::vector<GridEdge> m_edges;
     Status m_status;
     std::vector<Status::iterator> m_places;
@@ -166,15 +173,15 @@ std::vector<Sweep::Event> Sweep::Events() const {
 }
 
 std::optional<std::size_t> Sweep::FindRepeatedPoint() const {
-    std::vector<std::size_t> order(m_points.size());
+    std::vector<std::size_t> order(m_vertices.size());
     for (std::size_t i = 0; i < order.size(); ++i)
         order[i] = i;
     std::sort(order.begin(), order.end(), [&](std::size_t a, std::size_t b) {
-        return std::tie(m_points[a], a) < std::tie(m_points[b], b);
+        return std::tie(m_vertices[a].at, a) < std::tie(m_vertices[b].at, b);
     });
     const auto repeat =
         std::adjacent_find(order.begin(), order.end(), [&](std::size_t a, std::size_t b) {
-            return m_points[a] == m_points[b];
+            return m_vertices[a].at == m_vertices[b].at;
         });
     return repeat == order.end() ? std::nullopt : std::optional(m_edges[*(repeat + 1)].source);
 }
@@ -229,7 +236,7 @@ std::optional<std::size_t> Sweep::FindContact() {
 
 std::optional<std::size_t> FindContact(std::span<const ZetGeomPoint2d> outline) {
     const GridOutline grid = OnGrid(outline);
-    return grid.points.size() < 3 ? std::nullopt : Sweep(grid).FindContact();
+    return grid.size() < 3 ? std::nullopt : Sweep(grid).FindContact();
 }
 
 }  // namespace camdata::detail

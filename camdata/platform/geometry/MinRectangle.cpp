@@ -8,6 +8,7 @@
 namespace {
 
 using Points = std::vector<ZetGeomPoint2d>;
+using Outline = ZetArray<ZetGeomPoint2d>;
 
 /// The upright rectangle wins while its area exceeds the least by at most this times its perimeter:
 /// an outline given as chords must not get a crooked rectangle for the sake of a hair's breadth.
@@ -41,6 +42,7 @@ Points ConvexHull(Points points) {
     if (points.size() < 3)
         return points;
     Points hull;
+    hull.reserve(points.size() + 1);
     AppendHalfHull(hull, points.begin(), points.end());
     AppendHalfHull(hull, points.rbegin(), points.rend());
     return hull;
@@ -136,7 +138,7 @@ std::vector<Side> SidesOf(const Points& hull) {
 }
 
 /// The side that the outline comes to first, by the vertices where the sides begin.
-std::size_t FirstOf(const std::vector<Side>& sides, const Points& hull, const Points& outline) {
+std::size_t FirstOf(const std::vector<Side>& sides, const Points& hull, const Outline& outline) {
     const auto isBefore = [&](const ZetGeomPoint2d& a, const ZetGeomPoint2d& b) {
         return a.x < b.x || (a.x == b.x && a.y < b.y);
     };
@@ -153,11 +155,9 @@ std::size_t FirstOf(const std::vector<Side>& sides, const Points& hull, const Po
     return (side == sides.end() ? sides.front() : *side).first;
 }
 
-/// The smallest rectangle of those that have a side along an edge of the hull. Of equal ones that
-/// along the longest side, then that whose side the outline comes to first: the same however the
-/// outline is turned.
-Frame SmallestAlongAnEdge(const Points& hull, const Points& outline) {
-    const std::vector<Frame> frames = FramesAlongEdges(hull);
+/// The smallest of the rectangles along the edges of the hull. Of equal ones that along the longest
+/// side, then that whose side the outline comes to first: the same however the outline is turned.
+Frame SmallestOf(const std::vector<Frame>& frames, const Points& hull, const Outline& outline) {
     std::vector<Side> sides = SidesOf(hull);
     double least = std::numeric_limits<double>::infinity();
     for (const Side& side : sides)
@@ -172,7 +172,14 @@ Frame SmallestAlongAnEdge(const Points& hull, const Points& outline) {
     return frames[FirstOf(sides, hull, outline)];
 }
 
-Frame UprightFrame(const Points& points) {
+double LeastArea(const std::vector<Frame>& frames) {
+    double least = std::numeric_limits<double>::infinity();
+    for (const Frame& frame : frames)
+        least = std::min(least, frame.Area());
+    return least;
+}
+
+Frame UprightFrame(const Outline& points) {
     const auto byX = [](const ZetGeomPoint2d& a, const ZetGeomPoint2d& b) { return a.x < b.x; };
     const auto byY = [](const ZetGeomPoint2d& a, const ZetGeomPoint2d& b) { return a.y < b.y; };
     const auto [minX, maxX] = std::minmax_element(points.begin(), points.end(), byX);
@@ -193,12 +200,20 @@ ZetGeomAugPolygon ZetGeomAugPolygon::getMinRectangle() const {
     ZetGeomAugPolygon rectangle;
     if (m_vertices.isEmpty() || !std::all_of(m_vertices.begin(), m_vertices.end(), IsFinite))
         return rectangle;
-    const Points points(m_vertices.begin(), m_vertices.end());
-    const Frame upright = UprightFrame(points);
-    const Points hull = ConvexHull(points);
-    const Frame turned = hull.size() < 3 ? upright : SmallestAlongAnEdge(hull, points);
-    const bool takesUpright =
-        upright.Area() - turned.Area() <= kUprightAllowance * upright.Perimeter();
-    rectangle.m_vertices = (takesUpright ? upright : turned).Corners();
+    const Frame upright = UprightFrame(m_vertices);
+    rectangle.m_vertices = upright.Corners();
+    const Points hull = ConvexHull({m_vertices.begin(), m_vertices.end()});
+    if (hull.size() < 3)
+        return rectangle;
+    const std::vector<Frame> frames = FramesAlongEdges(hull);
+    const auto isUprightTaken = [&](double least) {
+        return upright.Area() - least <= kUprightAllowance * upright.Perimeter();
+    };
+    // Mostly no other is small enough: then which of the small ones it would be is idle.
+    if (isUprightTaken(LeastArea(frames)))
+        return rectangle;
+    const Frame turned = SmallestOf(frames, hull, m_vertices);
+    if (!isUprightTaken(turned.Area()))
+        rectangle.m_vertices = turned.Corners();
     return rectangle;
 }
