@@ -168,6 +168,8 @@ void Sizes(benchmark::internal::Benchmark* bench) {
 
 BENCHMARK_CAPTURE(Gathering, pattern, Pattern)->Arg(10)->Apply(Sizes);
 BENCHMARK_CAPTURE(Gathering, random, Random)->Arg(10)->Apply(Sizes);
+BENCHMARK_CAPTURE(Gathering, column, Column)->Arg(10)->Apply(Sizes);
+BENCHMARK_CAPTURE(Gathering, dense, Dense)->Arg(10)->Apply(Sizes);
 
 BENCHMARK_CAPTURE(OrderPlain, random, Random)->Apply(Sizes);
 BENCHMARK_CAPTURE(Order, random, Random)->Apply(Sizes);

@@ -15,27 +15,70 @@ namespace {
 /// Below this number comparing each with each is faster.
 constexpr long kFewHoles = 24;
 
-/// What decides where a hole is filed.
+/// What decides whether two holes can be duplicates; a tenth of a hole's record.
 struct HoleKey {
     double x;
     double y;
     double ncX;
     double ncY;
     double size;
-    /// Sizes of one class are at most 1 mm, or differ at most by the factor two.
-    double largestOfClass;
 };
 
+HoleKey KeyOf(const CHoleAddlInfo& hole) {
+    const ZetNCHoleData& data = hole.GetHoleData();
+    return {hole.GetXPos(), hole.GetYPos(), data.x, data.y, data.size};
+}
+
+std::vector<HoleKey> KeysOf(const ZetArray<CHoleAddlInfo>& holes) {
+    std::vector<HoleKey> keys;
+    keys.reserve(static_cast<std::size_t>(holes.length()));
+    std::transform(holes.begin(), holes.end(), std::back_inserter(keys), KeyOf);
+    return keys;
+}
+
+/// Sizes of one class are at most 1 mm, or differ at most by the factor two.
 double LargestOfClass(double size) {
     int exponent = 0;
     std::frexp(std::max(size, 1.0), &exponent);
     return std::ldexp(1.0, exponent);
 }
 
-HoleKey KeyOf(const CHoleAddlInfo& hole) {
-    const ZetNCHoleData& data = hole.GetHoleData();
-    return {hole.GetXPos(), hole.GetYPos(), data.x, data.y, data.size, LargestOfClass(data.size)};
+/// No centre of a duplicate is farther away along either axis; the last factor and summand cover
+/// rounding.
+double Reach(double size, double otherSize) {
+    const double tolerance = std::abs(CMxGeom::GetEPS());
+    return ((std::max(size, 0.0) + otherSize) * 0.5 + tolerance) * (1.0 + 1e-9) + 1e-100;
 }
+
+/// Kept holes, all of them looked at.
+class FewKeptHoles {
+  public:
+    explicit FewKeptHoles(const ZetArray<CHoleAddlInfo>& holes) : m_keys(KeysOf(holes)) {
+        m_kept.reserve(m_keys.size());
+    }
+
+    void Add(long index) { m_kept.push_back(index); }
+
+    template <typename Visit>
+    void ForEachNear(long index, const Visit& visit) const {
+        const HoleKey& key = m_keys[static_cast<std::size_t>(index)];
+        for (const long kept : m_kept) {
+            if (!AreApart(m_keys[static_cast<std::size_t>(kept)], key))
+                visit(kept);
+        }
+    }
+
+  private:
+    /// False also when a number is none.
+    static bool AreApart(const HoleKey& a, const HoleKey& b) {
+        const double reach = Reach(a.size, b.size);
+        const bool isOneFar = std::abs(a.ncX - b.ncX) > reach || std::abs(a.ncY - b.ncY) > reach;
+        return isOneFar && !(a.x == b.x && a.y == b.y);
+    }
+
+    std::vector<HoleKey> m_keys;
+    std::vector<long> m_kept;
+};
 
 /// Kept holes by current position, which may be equal to that of another hole, and by NC position,
 /// which may be within reach of another's.
@@ -44,17 +87,14 @@ HoleKey KeyOf(const CHoleAddlInfo& hole) {
 /// cells in which many small ones lie.
 class KeptHoles {
   public:
-    explicit KeptHoles(const ZetArray<CHoleAddlInfo>& holes) {
-        m_keys.reserve(static_cast<std::size_t>(holes.length()));
-        std::transform(holes.begin(), holes.end(), std::back_inserter(m_keys), KeyOf);
-    }
+    explicit KeptHoles(const ZetArray<CHoleAddlInfo>& holes) : m_keys(KeysOf(holes)) {}
 
     void Add(long index) {
         const HoleKey& key = m_keys[static_cast<std::size_t>(index)];
         m_byPosition.Add(HashOfPosition(key.x, key.y), index);
-        const double cellSize = key.largestOfClass + m_tolerance;
-        m_byClass.try_emplace(key.largestOfClass, cellSize)
-            .first->second.Add(index, key.ncX, key.ncY);
+        const double largest = LargestOfClass(key.size);
+        const double cellSize = largest + std::abs(CMxGeom::GetEPS());
+        m_byClass.try_emplace(largest, cellSize).first->second.Add(index, key.ncX, key.ncY);
     }
 
     template <typename Visit>
@@ -68,12 +108,6 @@ class KeptHoles {
     }
 
   private:
-    /// No centre of a duplicate is farther away along either axis; the last factor covers rounding.
-    double Reach(double size, double otherSize) const {
-        return ((std::max(size, 0.0) + otherSize) * 0.5 + m_tolerance) * (1.0 + 1e-9);
-    }
-
-    const double m_tolerance = std::abs(CMxGeom::GetEPS());
     std::vector<HoleKey> m_keys;
     HashChains m_byPosition;
     std::map<double, PositionGrid> m_byClass;
@@ -94,7 +128,7 @@ bool AreFit(const ZetArray<CHoleAddlInfo>& holes) {
 Removers FindDuplicateHoles(const ZetArray<CHoleAddlInfo>& holes) {
     const auto isDuplicate = [&](long first, long later) { return holes[first] == holes[later]; };
     if (holes.length() < kFewHoles || !AreFit(holes))
-        return FindRemovers(holes.length(), KeptRecords(), isDuplicate);
+        return FindRemovers(holes.length(), FewKeptHoles(holes), isDuplicate);
     return FindRemovers(holes.length(), KeptHoles(holes), isDuplicate);
 }
 

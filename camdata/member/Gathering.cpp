@@ -59,10 +59,15 @@ void CMxPeilaib::SetHoleDataArr(ZetArray<ZetNCHoleData> holes, CViewData view) {
     ZetArray<CHoleAddlInfo> gathered;
     gathered.reserve(holes.length());
     for (const ZetNCHoleData& holeData : holes) {
-        CHoleAddlInfo hole;
+        // Made in its place: the record is large.
+        gathered.setLength(gathered.length() + 1);
+        CHoleAddlInfo& hole = gathered.last();
         hole.SetHoleData(holeData);
         hole.CorrectData(view);
-        (hole.IsCommented() ? m_duplicateHoles : gathered).append(std::move(hole));
+        if (hole.IsCommented()) {
+            m_duplicateHoles.append(std::move(hole));
+            gathered.setLength(gathered.length() - 1);
+        }
     }
     OrderHoles(gathered);
     MakeCSKHoleArrAndMark(gathered);

@@ -2,7 +2,6 @@
 
 #include "camdata/platform/base/ZetArray.h"
 
-#include <algorithm>
 #include <cstddef>
 #include <utility>
 #include <vector>
@@ -25,6 +24,25 @@ struct PositionKey {
 /// whose X is not a number stays where it is.
 std::vector<std::size_t> PositionOrder(std::vector<PositionKey> keys);
 
+/// Moves each record to its place in an order, along its cycles: a second list of large records
+/// would cost more than the moves.
+template <typename Record>
+void MoveToPlaces(ZetArray<Record>& records, std::vector<std::size_t> order) {
+    for (std::size_t start = 0; start < order.size(); ++start) {
+        if (order[start] == start)
+            continue;
+        Record held = std::move(records[static_cast<long>(start)]);
+        std::size_t to = start;
+        while (order[to] != start) {
+            const std::size_t from = std::exchange(order[to], to);
+            records[static_cast<long>(to)] = std::move(records[static_cast<long>(from)]);
+            to = from;
+        }
+        records[static_cast<long>(to)] = std::move(held);
+        order[to] = to;
+    }
+}
+
 /// Orders records by GetXPos and GetYPos as PositionOrder tells.
 template <typename Record>
 void OrderByPosition(ZetArray<Record>& records) {
@@ -32,14 +50,7 @@ void OrderByPosition(ZetArray<Record>& records) {
     keys.reserve(static_cast<std::size_t>(records.length()));
     for (const Record& record : records)
         keys.push_back({record.GetXPos(), record.GetYPos(), keys.size()});
-    const std::vector<std::size_t> order = PositionOrder(std::move(keys));
-    if (std::is_sorted(order.begin(), order.end()))
-        return;
-    ZetArray<Record> ordered;
-    ordered.reserve(records.length());
-    for (const std::size_t from : order)
-        ordered.append(std::move(records[static_cast<long>(from)]));
-    records = std::move(ordered);
+    MoveToPlaces(records, PositionOrder(std::move(keys)));
 }
 
 }  // namespace camdata::detail
