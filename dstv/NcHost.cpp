@@ -245,13 +245,16 @@ int StructureBuilder::PositionOf(const NcPlace& place) const {
 
 StructureBuilder::Target StructureBuilder::TargetOf(const NcPlace& place) {
     const int position = PositionOf(place);
+    const auto [at, isNew] = m_drafts.try_emplace(position);
+    Draft& draft = at->second;
+    if (!isNew && place.plane < 0)
+        return {position, draft, PlaneMap()};
     const bool isFace = position < kFirstPlanePosition;
     const ZetGeomPlane own = place.plane < 0
                                  ? ZetGeomPlane()
                                  : m_part.planes[static_cast<std::size_t>(place.plane)].plane;
     const ZetGeomPlane view =
         isFace ? FacePlane(static_cast<NcFace>(position), m_part.header) : InclinedViewPlane(own);
-    Draft& draft = m_drafts[position];
     draft.plane = InMemberFrame(view, m_part.header.profileCode);
     return {position, draft, place.plane >= 0 ? PlaneMap(own, view) : PlaneMap()};
 }
@@ -344,7 +347,7 @@ void NcFileEntity::releaseFeatures() {
     rest.header = std::move(m_part.header);
     m_part = std::move(rest);
     m_structure = {};
-    m_holeTargets = {};
+    m_holeTargets = std::vector<NcHoleTarget>();
 }
 
 void NcFileEntity::setAssembly(ZetArray<ZetNCEntity*> attachedEntities) {

@@ -33,6 +33,13 @@ NcError FileError(const std::filesystem::path& path, const ZetString& expected) 
     return {PathText(path), 0, 0, L"file", PathText(path), expected};
 }
 
+/// Some systems open folders, others do not; none reads them.
+NcError UnreadError(const std::filesystem::path& path, const ZetString& expected) {
+    std::error_code ignored;
+    const bool isFolder = std::filesystem::is_directory(path, ignored);
+    return FileError(path, isFolder ? ZetString(L"a file, not a folder") : expected);
+}
+
 /// Why a call of the system failed.
 ZetString ErrorText(int systemError) {
     return ZetString::fromUtf8(std::generic_category().message(systemError));
@@ -78,12 +85,11 @@ ZetString PathText(const std::filesystem::path& path) {
 }
 
 NcResult ReadNcFile(const std::filesystem::path& path, const NcReading& reading) {
-    std::error_code ignored;
-    if (std::filesystem::is_directory(path, ignored))
-        return FileError(path, L"a file, not a folder");
     const File file = Open(path);
     if (!file)
-        return FileError(path, L"a file that can be opened (" + ErrorText(errno) + L")");
+        return UnreadError(path, L"a file that can be opened (" + ErrorText(errno) + L")");
+    // Most are smaller than the piece below: a buffer of the stream would only cost.
+    std::setvbuf(file.get(), nullptr, _IONBF, 0);
     std::array<char, 1u << 14> piece;
     std::string bytes;
     for (std::size_t count = piece.size();
@@ -92,7 +98,7 @@ NcResult ReadNcFile(const std::filesystem::path& path, const NcReading& reading)
         bytes.append(piece.data(), count);
     }
     if (std::ferror(file.get()) != 0)
-        return FileError(path, L"a file that can be read");
+        return UnreadError(path, L"a file that can be read");
     if (bytes.size() > kMaxFileBytes)
         return FileError(path, L"a file of at most 64 MiB");
     return ParseNc(bytes, PathText(path), reading);

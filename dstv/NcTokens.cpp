@@ -8,9 +8,9 @@
 #include <algorithm>
 #include <charconv>
 #include <cmath>
+#include <cstdint>
 #include <functional>
 #include <string>
-#include <system_error>
 
 namespace dstv {
 namespace {
@@ -25,57 +25,51 @@ char LowerCase(char c) {
     return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
 }
 
-std::size_t DigitsAt(std::string_view text, std::size_t at) {
-    std::size_t end = at;
-    while (end < text.size() && text[end] >= '0' && text[end] <= '9')
-        ++end;
-    return end - at;
+bool IsDigit(char c) {
+    return c >= '0' && c <= '9';
 }
 
-/// Length of the number that `text` begins with: sign, digits, point, digits; 0 when there is none.
-std::size_t NumberLength(std::string_view text) {
-    std::size_t at = !text.empty() && (text[0] == '+' || text[0] == '-') ? 1 : 0;
-    const std::size_t whole = DigitsAt(text, at);
-    at += whole;
-    if (at == text.size() || text[at] != '.')
-        return whole > 0 ? at : 0;
-    const std::size_t fraction = DigitsAt(text, at + 1);
-    return whole + fraction > 0 ? at + 1 + fraction : 0;
-}
+/// The number that a text begins with: sign, digits, point, digits.
+struct LeadingNumber {
+    std::size_t length = 0;       ///< 0: the text begins with none
+    std::optional<double> value;  ///< nothing when it is too large
+};
 
-/// The same for numbers of so few digits that digits and power of ten are exact as doubles, and
-/// their quotient is the nearest double; that is nearly all of them.
-std::optional<double> ShortValueOf(std::string_view number) {
-    constexpr double kPowers[] = {1e0, 1e1, 1e2, 1e3, 1e4, 1e5, 1e6, 1e7, 1e8};
-    constexpr std::size_t kMostCharacters = 9;
-    const bool hasSign = number.front() == '+' || number.front() == '-';
-    const std::string_view digits = number.substr(hasSign ? 1 : 0);
-    if (digits.size() > kMostCharacters)
-        return std::nullopt;
-    long long value = 0;
-    std::size_t decimals = 0;
-    bool isFraction = false;
-    for (const char c : digits) {
-        isFraction = isFraction || c == '.';
-        if (c != '.')
-            value = value * 10 + (c - '0');
-        decimals += isFraction && c != '.' ? 1 : 0;
-    }
-    const double magnitude = static_cast<double>(value) / kPowers[decimals];
-    return number.front() == '-' ? -magnitude : magnitude;
-}
-
-/// The value of a text that is one number of NumberLength's form; nothing when it is too large.
-std::optional<double> ValueOf(std::string_view number) {
-    if (const std::optional<double> value = ShortValueOf(number))
-        return value;
+double LongValueOf(std::string_view number) {
     const std::string_view digits = number.front() == '+' ? number.substr(1) : number;
-    double value = 0.0;
-    const auto result = std::from_chars(
-        digits.data(), digits.data() + digits.size(), value, std::chars_format::fixed);
-    if (result.ec != std::errc() || !(std::abs(value) <= kMaxNumber))
-        return std::nullopt;
+    double value = kMaxNumber * 2.0;  // stays when it is out of range
+    std::from_chars(digits.data(), digits.data() + digits.size(), value, std::chars_format::fixed);
     return value;
+}
+
+/// In one pass. Digits and power of ten of nearly all numbers are exact as doubles, so that their
+/// quotient is the nearest double.
+LeadingNumber NumberAt(std::string_view text) {
+    constexpr double kPowers[] = {
+        1e0, 1e1, 1e2, 1e3, 1e4, 1e5, 1e6, 1e7, 1e8, 1e9, 1e10, 1e11, 1e12, 1e13, 1e14, 1e15};
+    constexpr std::size_t kExactDigits = 15;
+    std::size_t at = !text.empty() && (text[0] == '+' || text[0] == '-') ? 1 : 0;
+    std::uint64_t digits = 0;
+    const auto takeDigits = [&] {
+        const std::size_t first = at;
+        for (; at < text.size() && IsDigit(text[at]); ++at)
+            digits = digits * 10 + static_cast<std::uint64_t>(text[at] - '0');
+        return at - first;
+    };
+    const std::size_t whole = takeDigits();
+    std::size_t decimals = 0;
+    if (at < text.size() && text[at] == '.') {
+        ++at;
+        decimals = takeDigits();
+    }
+    if (whole + decimals == 0)
+        return {};
+    const double magnitude =
+        static_cast<double>(digits) / kPowers[std::min(decimals, kExactDigits)];
+    const double value = whole + decimals > kExactDigits ? LongValueOf(text.substr(0, at))
+                         : text[0] == '-'                ? -magnitude
+                                                         : magnitude;
+    return {at, std::abs(value) <= kMaxNumber ? std::optional(value) : std::nullopt};
 }
 
 }  // namespace
@@ -128,7 +122,7 @@ void NcTokens::SkipBlanks() {
 }
 
 bool NcTokens::IsAtNumber() const {
-    return NumberLength(m_line.text.substr(m_at)) > 0;
+    return NumberAt(m_line.text.substr(m_at)).length > 0;
 }
 
 char NcTokens::TakeLetter() {
@@ -143,10 +137,10 @@ char NcTokens::TakeLetter() {
 char NcTokens::TakeLetterOf(std::string_view letters,
                             const wchar_t* what,
                             const wchar_t* expected) {
-    const NcTokens before = *this;
+    const std::size_t before = m_at;
     const char letter = TakeLetter();
     if (letter != 0 && letters.find(letter) == std::string_view::npos)
-        before.Fail(what, expected);
+        FailFrom(before, what, expected);
     return letter;
 }
 
@@ -159,40 +153,41 @@ char NcTokens::TakeSign() {
     return sign;
 }
 
-double NcTokens::Convert(std::string_view number, const wchar_t* what) const {
-    const std::optional<double> value = ValueOf(number);
-    const std::size_t end = m_at + number.size();
+std::optional<double> NcTokens::TakeIfNumber(const wchar_t* what) {
+    const auto [length, value] = NumberAt(m_line.text.substr(m_at));
+    if (length == 0)
+        return std::nullopt;
+    const std::size_t end = m_at + length;
     if (!value)
-        FailAt(m_line, what, number, L"a number up to 1000000000");
+        FailAt(m_line, what, m_line.text.substr(m_at, length), L"a number up to 1000000000");
     // "12.5.0" and "1,5" are typing faults, not two numbers.
     const char next = end < m_line.text.size() ? m_line.text[end] : ' ';
     if (next == '.')
         Fail(what, L"a number with at most one point");
     if (next == ',')
         Fail(what, L"a number with a decimal point, not a comma");
-    return *value;
-}
-
-double NcTokens::TakeNumber(const wchar_t* what, const wchar_t* expected) {
-    const std::size_t length = NumberLength(m_line.text.substr(m_at));
-    if (length == 0)
-        Fail(what, expected);
-    const double value = Convert(m_line.text.substr(m_at, length), what);
-    m_tokenEnd = m_at += length;
+    m_tokenEnd = m_at = end;
     SkipBlanks();
     return value;
 }
 
+double NcTokens::TakeNumber(const wchar_t* what, const wchar_t* expected) {
+    const std::optional<double> value = TakeIfNumber(what);
+    if (!value)
+        Fail(what, expected);
+    return *value;
+}
+
 double NcTokens::TakeSize(const wchar_t* what, const wchar_t* expected) {
-    const NcTokens before = *this;
+    const std::size_t before = m_at;
     const double value = TakeNumber(what, expected);
     if (value < 0.0)
-        before.Fail(what, expected);
+        FailFrom(before, what, expected);
     return value;
 }
 
 double NcTokens::TakeNumberOr(double missing) {
-    return IsAtNumber() ? TakeNumber(L"number", L"a number") : missing;
+    return TakeIfNumber(L"number").value_or(missing);
 }
 
 char NcTokens::TakeGlued(std::string_view letters) {
@@ -212,7 +207,11 @@ void NcTokens::ExpectEnd() const {
 }
 
 void NcTokens::Fail(const wchar_t* what, const wchar_t* expected) const {
-    const std::string_view rest = m_line.text.substr(m_at);
+    FailFrom(m_at, what, expected);
+}
+
+void NcTokens::FailFrom(std::size_t at, const wchar_t* what, const wchar_t* expected) const {
+    const std::string_view rest = m_line.text.substr(at);
     const std::string_view token = rest.substr(0, rest.find_first_of(kBlanks));
     // At the end of a line the whole line shows what is missing.
     FailAt(m_line, what, token.empty() ? Trimmed(m_line.text) : token, expected);
@@ -222,9 +221,8 @@ std::optional<double> ParseNumber(std::string_view text, bool allowComma) {
     std::string number(text);
     if (allowComma)
         std::replace(number.begin(), number.end(), ',', '.');
-    if (number.empty() || NumberLength(number) != number.size())
-        return std::nullopt;
-    return ValueOf(number);
+    const auto [length, value] = NumberAt(number);
+    return length == number.size() ? value : std::nullopt;
 }
 
 }  // namespace dstv

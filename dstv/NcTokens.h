@@ -79,7 +79,9 @@ class NcTokens {
 
   private:
     void SkipBlanks();
-    double Convert(std::string_view number, const wchar_t* what) const;
+    /// Takes the next token when it is a number; nothing when it is none.
+    std::optional<double> TakeIfNumber(const wchar_t* what);
+    [[noreturn]] void FailFrom(std::size_t at, const wchar_t* what, const wchar_t* expected) const;
 
     NcLine m_line;
     std::size_t m_at = 0;
