@@ -90,11 +90,16 @@ class NcFileSearch {
   public:
     /// The files below `folder` that fit `pattern`, a relative path.
     std::vector<fs::path> Find(const fs::path& folder, const fs::path& pattern) {
-        std::vector<fs::path> found = {folder};
+        std::vector<Found> found = {
+            {folder, false}
+        };
         for (const fs::path& segment : pattern)
             found = Descend(found, segment);
-        std::erase_if(found, [this](const fs::path& file) { return !IsMeant(file); });
-        return found;
+        std::vector<fs::path> files;
+        for (Found& each : found)
+            if (each.isFile || IsMeant(each.path))
+                files.push_back(std::move(each.path));
+        return files;
     }
 
     /// What a search came across and could not look into, so that its result may lack files.
@@ -102,30 +107,33 @@ class NcFileSearch {
 
   private:
     struct Listing {
-        std::vector<std::string> names;
+        /// What the names stand for, as far as the folder tells without a look at each.
+        std::map<std::string, bool> isFile;
         std::error_code error;
     };
+    struct Found {
+        fs::path path;
+        bool isFile;  ///< for certain
+    };
 
-    std::vector<fs::path> Descend(const std::vector<fs::path>& folders, const fs::path& segment) {
-        std::vector<fs::path> found;
-        for (const fs::path& folder : folders) {
+    std::vector<Found> Descend(const std::vector<Found>& folders, const fs::path& segment) {
+        std::vector<Found> found;
+        for (const Found& folder : folders) {
             if (HasWildcard(Utf8Of(segment)))
-                AppendFitting(folder, segment, found);
-            else if (IsThere(folder, Utf8Of(segment)))
-                found.push_back(folder / segment);
+                AppendFitting(folder.path, segment, found);
+            else if (IsThere(folder.path, Utf8Of(segment)))
+                found.push_back({folder.path / segment, false});
         }
         return found;
     }
 
-    void AppendFitting(const fs::path& folder,
-                       const fs::path& pattern,
-                       std::vector<fs::path>& found) {
+    void AppendFitting(const fs::path& folder, const fs::path& pattern, std::vector<Found>& found) {
         const Listing& listing = ListFolder(folder);
         if (listing.error && !IsNoFolder(listing.error))
             m_faults.push_back(TextOf(folder, "cannot be listed", listing.error));
-        for (const std::string& name : listing.names)
+        for (const auto& [name, isFile] : listing.isFile)
             if (FitsName(pattern, PathFromUtf8(name)))
-                found.push_back(folder / PathFromUtf8(name));
+                found.push_back({folder / PathFromUtf8(name), isFile});
     }
 
     /// Also true for a name that no folder lists, such as "..", and in a folder that cannot be
@@ -133,7 +141,7 @@ class NcFileSearch {
     bool IsThere(const fs::path& folder, const std::string& name) {
         const Listing& listing = ListFolder(folder);
         return listing.error || name.empty() || name == "." || name == ".." ||
-               std::binary_search(listing.names.begin(), listing.names.end(), name);
+               listing.isFile.count(name) > 0;
     }
 
     /// Also a link to nothing: whoever reads it tells. Nothing is left out unseen but folders.
@@ -149,14 +157,13 @@ class NcFileSearch {
 
     const Listing& ListFolder(const fs::path& folder) {
         const auto [entry, isNew] = m_folders.try_emplace(folder);
-        auto& [names, error] = entry->second;
+        auto& [isFile, error] = entry->second;
         if (isNew) {
             const fs::path listed = folder.empty() ? fs::path(".") : folder;
             fs::directory_iterator file(listed, error);
-            for (; !error && file != fs::directory_iterator(); file.increment(error))
-                names.push_back(Utf8Of(file->path().filename()));
-            std::sort(names.begin(), names.end());
             std::error_code ignored;
+            for (; !error && file != fs::directory_iterator(); file.increment(error))
+                isFile.emplace(Utf8Of(file->path().filename()), file->is_regular_file(ignored));
             if (error && KindOf(folder, ignored) == Kind::kLinkToNothing)
                 m_faults.push_back(TextOf(folder, "is a link to nothing"));
         }
