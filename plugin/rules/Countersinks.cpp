@@ -49,13 +49,16 @@ long JobMember::FindHoleOf(const CHoleAddlInfo& sink, const ReachIndex& holes) c
 }
 
 void JobMember::JoinCountersinks() {
+    for (CHoleAddlInfo& hole : m_holes) {
+        hole.SetIsCSK(false);
+        hole.SetCSKPos(-1);
+    }
+    if (m_cskHoles.isEmpty())
+        return;
     ReachIndex holes;
-    for (long i = 0; i < m_holes.length(); ++i) {
-        m_holes[i].SetIsCSK(false);
-        m_holes[i].SetCSKPos(-1);
+    for (long i = 0; i < m_holes.length(); ++i)
         if (CanBeCountersunk(m_holes[i]))
             holes.Add(i, m_holes[i].GetXPos(), 0.0);
-    }
     std::vector<CHoleAddlInfo> sinks(m_cskHoles.begin(), m_cskHoles.end());
     std::stable_sort(sinks.begin(), sinks.end(), [](const auto& a, const auto& b) {
         return a.GetHoleData().hostTag < b.GetHoleData().hostTag;

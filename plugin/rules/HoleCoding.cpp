@@ -43,12 +43,17 @@ void JobMember::CodeHoles() {
 
 /// A coded hole may become the second of a pair, until it is settled.
 void JobMember::CodeHole(CHoleAddlInfo& hole, const HoleRuleMatcher::Entry& entry) {
+    hole.SetHoleStatus(eHoleStatusWaitsForPair);
+    if (!entry.isFilled) {
+        hole.SetHoleCode(entry.job->code);
+        hole.SetHoleOutPutCode(entry.code);
+        return;
+    }
     const ZetString text = job::FillCode(entry.job->code, ValuesOf(hole));
     CHoleOutPutCode code = entry.code;
     code.SetHoleCode(StandardCode(text));
     hole.SetHoleCode(text);
     hole.SetHoleOutPutCode(std::move(code));
-    hole.SetHoleStatus(eHoleStatusWaitsForPair);
 }
 
 void JobMember::HandleUncoveredHole(CHoleAddlInfo& hole) {

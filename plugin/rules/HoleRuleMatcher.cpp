@@ -1,5 +1,6 @@
 #include "plugin/rules/HoleRuleMatcher.h"
 
+#include "job/CodeFormat.h"
 #include "plugin/rules/ArrayFromVector.h"
 
 #include "camdata/tolerance/CMxGeom.h"
@@ -89,6 +90,14 @@ bool Fits(const HoleRuleMatcher::Entry& entry, const CHoleAddlInfo& hole) {
            AllowsRow(rule, hole);
 }
 
+/// As the library tells it, which takes copies: rules that exclude nobody need not be asked.
+bool Excludes(const HoleRuleMatcher::Entry& entry,
+              const ZetString& profileName,
+              ZetString& suffix) {
+    return !entry.job->excludedMembers.empty() &&
+           !entry.rule.LookInAnotherRule(profileName, suffix);
+}
+
 bool IsRectangular(const job::HoleRule& rule) {
     return rule.shape == eHoleShapeSquare || rule.shape == eHoleShapeRectangular;
 }
@@ -105,7 +114,8 @@ HoleRuleMatcher::HoleRuleMatcher(const std::vector<job::HoleRule>& rules)
     : m_hasRectangles(std::any_of(rules.begin(), rules.end(), IsRectangular)) {
     m_entries.reserve(rules.size());
     for (const job::HoleRule& rule : rules)
-        m_entries.push_back({&rule, LibraryRule(rule), OutPutCode(rule)});
+        m_entries.push_back(
+            {&rule, LibraryRule(rule), OutPutCode(rule), job::HasFields(rule.code)});
 }
 
 HoleRuleMatcher::Match HoleRuleMatcher::Find(const CHoleAddlInfo& hole,
@@ -116,7 +126,7 @@ HoleRuleMatcher::Match HoleRuleMatcher::Find(const CHoleAddlInfo& hole,
     });
     const Entry* entry = first == m_entries.end() ? nullptr : &*first;
     ZetString suffix;
-    while (entry != nullptr && !entry->rule.LookInAnotherRule(profileName, suffix)) {
+    while (entry != nullptr && Excludes(*entry, profileName, suffix)) {
         if (suffix.isEmpty())
             return {nullptr, true};
         entry = FindById(entry->job->id + suffix);

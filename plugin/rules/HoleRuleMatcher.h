@@ -20,6 +20,7 @@ class HoleRuleMatcher {
         const job::HoleRule* job;
         CHoleRule rule;
         CHoleOutPutCode code;  ///< of each hole under the rule
+        bool isFilled;         ///< its text has fields, filled for each hole
     };
 
     /// What became of the search for a hole's rule.

@@ -22,6 +22,12 @@ ZetString Indented(const ZetString& text) {
     return MemberLineIndent() + text;
 }
 
+/// Lets go of a string or vector with its memory, which an assignment of {} keeps.
+template <typename T>
+void Release(T& held) {
+    T().swap(held);
+}
+
 /// The lines under their heading; nothing without one.
 ZetArray<ZetString> BlockOf(ZetArray<ZetString> heading,
                             const ZetArray<ZetString>& lines,
@@ -186,10 +192,10 @@ void JobMember::ReleaseSources() {
     m_holes = {};
     m_cskHoles = {};
     m_duplicateHoles = {};
-    m_reasons = {};
+    Release(m_reasons);
     m_sinks.clear();
-    m_mitres = {};
-    m_trims = {};
+    Release(m_mitres);
+    Release(m_trims);
     m_cutLines.clear();
     m_plate.reset();
     m_notches = {};
@@ -198,7 +204,7 @@ void JobMember::ReleaseSources() {
     m_textList2 = {};
     m_textList3 = {};
     SetSingleMemValid({});
-    m_entryOfHole = {};
+    Release(m_entryOfHole);
 }
 
 void JobMember::WriteMemOutPut(const ZetArray<ZetFileAccess*>& files,
@@ -208,7 +214,7 @@ void JobMember::WriteMemOutPut(const ZetArray<ZetFileAccess*>& files,
     SettleReport();
     for (long i = 0; i < CountGroupFiles(files) && GetValid() && m_hasPieces; ++i)
         WriteRecords(files[i]);
-    m_records = {};
+    Release(m_records);
     WriteMemErrors(ErrorFileOf(files));
     WriteMemWarnings(WarningFileOf(files));
 }

@@ -91,11 +91,12 @@ struct JobMember::NotchSum {
 };
 
 bool JobMember::IsPlate() const {
-    return m_memType.GetProfileCode() == L"B";
+    return m_memType.GetHeaderData().profileCode == L"B";
 }
 
 bool JobMember::IsRound() const {
-    return m_memType.GetProfileCode() == L"RO" || m_memType.GetProfileCode() == L"RU";
+    const std::wstring_view code = m_memType.GetHeaderData().profileCode.view();
+    return code == L"RO" || code == L"RU";
 }
 
 /// The extents of a view's face; nothing when they are not known.

@@ -102,6 +102,8 @@ void JobMember::SettleSetAsideHoles() {
         else if (!IsRepeated(hole))
             open.push_back(hole);
     }
+    if (open.empty())
+        return;
     std::stable_sort(open.begin(), open.end(), [](const auto& a, const auto& b) {
         return a.GetHoleData().hostTag < b.GetHoleData().hostTag;
     });
