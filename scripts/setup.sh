@@ -1,8 +1,8 @@
 #!/usr/bin/env bash
 # setup.sh PURPOSE... installs the Debian packages that a purpose needs and this machine lacks.
 # Purposes: build (library, tool and tests), windows (cross build and Wine), bench (benchmarks),
-# pictures (of the dialog, for the documentation), packages (for Debian, and what checks them), reference (of
-# the classes), release (a clean root to install in), ci (all else that CI runs).
+# pictures (of the dialog) and page (of the report) for the documentation, packages (for Debian, and what
+# checks them), reference (of the classes), release (a clean root to install in), ci (all else that CI runs).
 # Installs as root, or through sudo when that asks nothing; otherwise prints the line to run and stops.
 set -euo pipefail
 
@@ -12,6 +12,7 @@ declare -A packages=(
     [windows]="g++-mingw-w64-x86-64-posix wine wine64 fonts-wine"
     [bench]="libbenchmark-dev"
     [pictures]="xvfb xauth imagemagick"
+    [page]="chromium"
     [packages]="dpkg-dev file pkg-config man-db"
     [reference]="doxygen"
     [release]="debootstrap zsh"
