@@ -25,12 +25,12 @@ CProjectInformation Warehouse() {
     project.SetDialogCaption(L"Output of warehouse north");
     project.SetFileName(L"warehouse");
     project.SetLocation(L"/projects/warehouse/cam/");
-    project.SetOutPuts({File(L"_cut", L"Cutting list"),
-                        File(L"_purlins", L"Purlins"),
-                        File(L"_rails", L"Side rails"),
-                        File(L"_columns", L"Columns and rafters"),
-                        File(L"_errors", L"Errors"),
-                        File(L"_warnings", L"Warnings")});
+    project.SetOutPuts({File(L"warehouse-orders.txt", L"-orders.txt"),
+                        File(L"warehouse-cutting.txt", L"Cutting list"),
+                        File(L"warehouse-info.txt", L"Additional information"),
+                        File(L"warehouse-errors.txt", L"Errors"),
+                        File(L"warehouse-warnings.txt", L"Warnings"),
+                        File(L"warehouse-rails.txt", L"rails")});
     project.SetModelRef(L"WH-2024 model 3");
     project.SetProjectName(L"Warehouse north");
     project.SetProjectNo(L"2024-117");
