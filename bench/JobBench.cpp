@@ -1,17 +1,14 @@
+#include "ChildProcess.h"
 #include "SampleJob.h"
 
 #include <algorithm>
-#include <chrono>
 #include <cstdio>
 #include <cstdlib>
 #include <fcntl.h>
 #include <filesystem>
 #include <fstream>
-#include <functional>
 #include <stdexcept>
 #include <string>
-#include <sys/resource.h>
-#include <sys/wait.h>
 #include <unistd.h>
 #include <vector>
 
@@ -24,27 +21,6 @@
 namespace {
 
 namespace fs = std::filesystem;
-
-struct Measured {
-    double seconds = 0.0;
-    double peakKib = 0.0;
-};
-
-/// Runs `body` in a child process and waits for its end.
-Measured RunChild(const std::function<int()>& body) {
-    const auto start = std::chrono::steady_clock::now();
-    const pid_t child = fork();
-    if (child == 0)
-        _exit(body());
-    int status = 0;
-    rusage usage{};
-    if (child < 0 || wait4(child, &status, 0, &usage) != child)
-        throw std::runtime_error("no child process");
-    const std::chrono::duration<double> time = std::chrono::steady_clock::now() - start;
-    if (!WIFEXITED(status) || WEXITSTATUS(status) != 0)
-        throw std::runtime_error("a run failed");
-    return {time.count(), static_cast<double>(usage.ru_maxrss)};
-}
 
 int RunCamjob(const std::string& camjob, const fs::path& job) {
     const int null = open("/dev/null", O_WRONLY);

@@ -186,7 +186,8 @@ std::vector<ZetGeomPoint2d> NcParser::CheckedOutline(const NcOpenOutline& outlin
     return chords;
 }
 
-/// A negative X is told by itself; what is drawn about X = 0 is judged by its size.
+/// A negative X is told by itself; an outline that is drawn about X = 0 is judged by its size. Plates
+/// are drawn about Y = 0 too.
 void NcParser::CheckReach(const NcContour& contour) {
     const NcFace face = contour.place.face;
     if (face == NcFace::kPlane)
@@ -201,8 +202,12 @@ void NcParser::CheckReach(const NcContour& contour) {
     // Flanges of a mitred piece may be longer than its web.
     const bool isFlange = face == NcFace::kTop || face == NcFace::kBottom;
     const double mitres = isFlange ? 2.0 * m_part.header.profileHeight : 0.0;
-    const double along = limits.x == 0.0 ? 0.0 : high.x - low.x - limits.x - mitres;
-    const double across = limits.y == 0.0 ? 0.0 : std::max(-low.y, high.y - limits.y);
+    const double start = contour.isInternal ? 0.0 : low.x;
+    const double along = limits.x == 0.0 ? 0.0 : high.x - start - limits.x - mitres;
+    const bool isPlate = m_part.header.profileCode == L"B";
+    const double reachY = contour.isInternal ? std::max(-low.y, high.y) : high.y - low.y;
+    const double beyondY = isPlate ? reachY - limits.y : std::max(-low.y, high.y - limits.y);
+    const double across = limits.y == 0.0 ? 0.0 : beyondY;
     if (std::max(along, across) > kHeaderRounding)
         m_notes.Warn(contour.line,
                      ZetString::format(L"%s reaches beyond its face",

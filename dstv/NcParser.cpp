@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <cmath>
 #include <iterator>
+#include <numbers>
 #include <string>
 #include <utility>
 
@@ -319,7 +320,7 @@ ZetGeomPoint2d NcParser::LimitsOf(NcFace face) const {
     const bool isFlange = face == NcFace::kTop || face == NcFace::kBottom;
     const double width = isFlange ? header.flangeWidth : header.profileHeight;
     // The front view of a round section is its surface unrolled.
-    return {header.length, isRound ? std::max(4.0 * width, kHoleSlack) : width};
+    return {header.length, isRound ? std::numbers::pi * width : width};
 }
 
 void NcParser::CheckHole(long line, const NcPlace& place, const ZetGeomPoint2d& centre) {

@@ -17,6 +17,12 @@ RunFault FaultOfReading(const dstv::NcError& error) {
     return {error.file.toUtf8(), error.line, error.column, error.describe().toUtf8()};
 }
 
+long CountNoted(const dstv::NcPart& part) {
+    const std::vector<dstv::NcEntry> entries = dstv::EntriesOf(part);
+    return static_cast<long>(std::count_if(
+        entries.begin(), entries.end(), [](const dstv::NcEntry& entry) { return entry.isNoted; }));
+}
+
 }  // namespace
 
 JobInput::JobInput(const job::Job& job, plugin::JobRun& run, ReportPage* page)
@@ -118,7 +124,11 @@ void JobInput::JudgeFirst() {
     const ZetString mark = part.entity->getPart().header.mark;
     if (m_assemblies.isMainPart(mark))
         m_assemblies.attach(*part.entity);
-    Note(part, m_run.Add(*part.entity, ZetString::fromUtf8(part.file), ObserverOf(part)));
+    Note(part,
+         m_run.Add(*part.entity,
+                   ZetString::fromUtf8(part.file),
+                   ObserverOf(part),
+                   CountNoted(part.entity->getPart())));
     if (!m_assemblies.names(mark))
         return;
     part.entity->releaseFeatures();

@@ -5,6 +5,8 @@
 
 #include <algorithm>
 #include <array>
+#include <set>
+#include <string>
 
 namespace camjob {
 
@@ -169,7 +171,7 @@ ZetString UnmadeTable(const RunReport& report) {
         const UnmadeMember& member = unmade[static_cast<std::size_t>(i)];
         table.AddRow({OneLine(member.mark),
                       member.reason,
-                      Integer(member.accounts.Sum()),
+                      Integer(member.accounts[plugin::Account::kNotMade]),
                       OneLine(ZetString::fromUtf8(member.file))});
     }
     const ZetString list = table.Format() + MoreLine(count - kMaxListedMembers);
@@ -231,6 +233,19 @@ void WriteMessage(const std::string& text, OutputStream& err) {
     err.Write(Printable(OneLine(ZetString::fromUtf8(text))) + "\n");
 }
 
+/// Warnings for which the job refuses a file are told as faults.
+void WriteNotes(const RunReport& report, bool showsNotes, OutputStream& err) {
+    std::set<std::string> faults;
+    for (const RunFault& fault : report.faults)
+        faults.insert(fault.message);
+    for (const RunNote& note : report.notes) {
+        const std::string text = DescribeNote(note);
+        const bool isWarning = note.note.severity == dstv::NcNote::Severity::kWarning;
+        if ((showsNotes || isWarning) && faults.count(text) == 0)
+            WriteMessage(text, err);
+    }
+}
+
 /// How the run ended, when it did not come to its end.
 std::string ClosingMessage(const RunReport& report) {
     switch (report.status) {
@@ -264,9 +279,7 @@ void WriteRunText(const RunReport& report, bool showsNotes, OutputStream& out, O
         WriteMessage("camjob: finished the output of an earlier run in " + report.folder +
                          ", which was cut off",
                      err);
-    for (const RunNote& note : report.notes)
-        if (showsNotes || note.note.severity == dstv::NcNote::Severity::kWarning)
-            WriteMessage(DescribeNote(note), err);
+    WriteNotes(report, showsNotes, err);
     for (const RunFault& fault : report.faults)
         WriteMessage(fault.message, err);
     if (report.status != RunStatus::kDone)

@@ -88,4 +88,11 @@ std::optional<Account> Ledger::AccountOf(long tag, bool isMemberMade) const {
     return std::nullopt;
 }
 
+long Ledger::CountNotMade() const {
+    return static_cast<long>(
+        std::count_if(m_entries.begin(), m_entries.end(), [&](const auto& each) {
+            return AccountOf(each.first, false) == Account::kNotMade;
+        }));
+}
+
 }  // namespace plugin

@@ -49,6 +49,8 @@ class Ledger {
     /// The account of a feature; nothing when it is lost, or set aside for one that is neither made
     /// nor refused. `isMemberMade`: the member is in the machine files.
     std::optional<Account> AccountOf(long tag, bool isMemberMade) const;
+    /// How many features are not made with a member that is not.
+    long CountNotMade() const;
     /// Tags that were claimed, although no feature has them.
     const std::vector<long>& GetStrangeTags() const { return m_strangeTags; }
 

@@ -148,7 +148,10 @@ CProjectInformation& JobRun::GetProjectInfo() {
     return GetJobProjectInfo();
 }
 
-JobRun::Added JobRun::Add(ZetNCEntity& entity, const ZetString& source, const Observer& observer) {
+JobRun::Added JobRun::Add(ZetNCEntity& entity,
+                          const ZetString& source,
+                          const Observer& observer,
+                          long notedFeatures) {
     m_lastLedger = {};
     ZetNCCreator creator;
     creator.setNCEntity(&entity);
@@ -161,6 +164,7 @@ JobRun::Added JobRun::Add(ZetNCEntity& entity, const ZetString& source, const Ob
     auto member = std::make_unique<Member>(*this, *type, creator, job::EscapeControls(source));
     if (m_job.reports.areSourcesTold)
         member->SetSource(member->GetFile());
+    member->SetNotedFeatures(notedFeatures);
     member->ValidateMember();
     // Parts of assemblies are settled as they are written: a main part lacks what was not selected.
     if (!member->getIsPartOfAssy())

@@ -79,8 +79,12 @@ class JobRun {
         const JobMember& member, const job::MemberType& type, const ZetNCCreator& creator)>;
     /// Judges a member and keeps what will be written of it. The entity, and those attached to it,
     /// are needed during the call only.
-    /// `source` is the name of its NC file, for reports.
-    Added Add(ZetNCEntity& entity, const ZetString& source = {}, const Observer& observer = {});
+    /// `source` is the name of its NC file, for reports; `notedFeatures` is how many features of
+    /// the file its NC data do not have.
+    Added Add(ZetNCEntity& entity,
+              const ZetString& source = {},
+              const Observer& observer = {},
+              long notedFeatures = 0);
     /// What has become of the features of the member that was added last; empty unless it was.
     const Ledger& GetLastLedger() const { return m_lastLedger; }
     long GetCount() const { return static_cast<long>(m_members.size()); }

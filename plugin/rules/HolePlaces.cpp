@@ -115,7 +115,7 @@ bool JobMember::IsOutside(const CHoleAddlInfo& hole, const FaceOutline* outline)
 void JobMember::CheckPlaces() {
     const FaceOutline* const outline = PlateOutline();
     for (CHoleAddlInfo& hole : m_holes)
-        if (IsOutside(hole, outline))
+        if (IsOutside(hole, outline) || IsCutAway(hole))
             RefuseHole({.type = job::kHoleOutside, .text = kOutsideText}, hole);
 }
 

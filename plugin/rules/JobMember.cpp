@@ -74,13 +74,13 @@ void JobMember::ValidateMember() {
     JoinCountersinks();
     TakeRectangularHoles();
     CheckPlanes();
+    CheckCuts();
     CheckPlaces();
     CheckDistances();
     CodeHoles();
     FindPairs();
     FindGroups();
     MatchCornerNotches();
-    CheckCuts();
     SetNoOfHoles(MakeValidHoles());
     SettleNotches();
     CheckFixedPattern();
@@ -162,11 +162,25 @@ void JobMember::TellSource(ZetArray<ZetString>& report) const {
 }
 
 ZetArray<ZetString> JobMember::GetErrorBlock() const {
-    return BlockOf(m_errorReport, m_errors, m_secondErrors);
+    ZetArray<ZetString> block = BlockOf(m_errorReport, m_errors, m_secondErrors);
+    TellUnmade(block);
+    return block;
 }
 
 ZetArray<ZetString> JobMember::GetWarningBlock() const {
-    return BlockOf(m_warningReport, m_warnings, m_secondWarnings);
+    ZetArray<ZetString> block = BlockOf(m_warningReport, m_warnings, m_secondWarnings);
+    if (m_errorReport.isEmpty())
+        TellUnmade(block);
+    return block;
+}
+
+/// Below what is wrong with a member that is not made.
+void JobMember::TellUnmade(ZetArray<ZetString>& block) const {
+    const bool isMade = GetValid() && m_hasPieces;
+    const ZetString word = m_unmadeFeatures == 1 ? L"feature" : L"features";
+    if (!isMade && !block.isEmpty() && m_unmadeFeatures > 0)
+        block.append(Indented(
+            ZetString::format(L"Not made with the member: %d %s", m_unmadeFeatures, word)));
 }
 
 // ---- output -------------------------------------------------------------------------------------
@@ -181,6 +195,7 @@ void JobMember::MakeOutput() {
     MakeMarks();
     GenerateMemData();
     m_records = GetMemOutPutStr().toUtf8();
+    m_unmadeFeatures = m_notedFeatures + m_ledger.CountNotMade();
     ReleaseSources();
 }
 
@@ -198,6 +213,7 @@ void JobMember::ReleaseSources() {
     Release(m_trims);
     m_cutLines.clear();
     m_plate.reset();
+    m_outlines.clear();
     m_notches = {};
     m_duplicateNotches = {};
     m_textList1 = {};

@@ -72,6 +72,8 @@ class JobMember : public CMxPeilaib {
 
     /// The NC file, for the blocks; before SettleReport. Without it they do not tell.
     void SetSource(const ZetString& file) { m_source = file; }
+    /// How many features the file has besides those of the NC data; before MakeOutput.
+    void SetNotedFeatures(long count) { m_notedFeatures = count; }
 
     void ValidateMember() override;
     /// Settles whether the member is valid, and makes its error and warning blocks. A second call
@@ -170,10 +172,15 @@ class JobMember : public CMxPeilaib {
 
     bool IsPlate() const;
     bool IsRound() const;
+    bool IsHollow() const;
     std::optional<FaceBox> FaceOfView(int viewPosition) const;
     static eHoleFace FaceAtView(int viewPosition);
     void CheckOutlines();
-    ZetString FaultOf(const ZetNCContour& outline, int viewPosition, const NotchSum& sum) const;
+    void RefuseContour(job::ValidationType type, const ZetString& text, long tag);
+    bool TakeOutline(const ZetNCContour& outline, const ZetNCView& view, const NotchSum& sum);
+    bool CheckOpening(const ZetNCContour& opening, int viewPosition);
+    bool IsBeyond(const std::vector<ZetGeomPoint2d>& corners, int viewPosition);
+    ZetString FaultOf(const ZetNCContour& outline, const ZetNCView& view, const NotchSum& sum);
     bool FindTrims(const ZetNCContour& outline, int viewPosition);
     void TakeTrim(Trim trim, double missing);
     static void DropNotches(ZetArray<CNotchAddInfo>& notches, const std::set<long>& tags);
@@ -199,6 +206,9 @@ class JobMember : public CMxPeilaib {
     void CheckPlaces();
     const FaceOutline* PlateOutline();
     bool IsOutside(const CHoleAddlInfo& hole, const FaceOutline* outline) const;
+    bool IsCutAway(const CHoleAddlInfo& hole) const;
+    const FaceOutline* OutlineOf(int viewPosition) const;
+    bool IsBeyondMitre(const ZetGeomPoint2d& centre, int viewPosition, double reach) const;
     void CheckPlanes();
 
     void CodeHoles();
@@ -243,12 +253,14 @@ class JobMember : public CMxPeilaib {
     void AddOperationOnce(const ZetString& line, long tag);
     void WriteRecords(ZetFileAccess* file) const;
     void ReleaseSources();
+    void TellUnmade(ZetArray<ZetString>& block) const;
 
     const JudgingRules& m_rules;
     const job::MemberType& m_type;
     /// By hole; null: no rule. Only while the member is validated.
     std::vector<const HoleRuleMatcher::Entry*> m_entryOfHole;
-    std::optional<FaceOutline> m_plate;  ///< its outline, or its box
+    std::optional<FaceOutline> m_plate;     ///< its outline, or its box
+    std::map<int, FaceOutline> m_outlines;  ///< by view position; those that operations tell
     bool m_hasPieces = true;
     std::vector<Trim> m_trims;
     std::vector<ZetNCCut> m_mitres;
@@ -260,6 +272,8 @@ class JobMember : public CMxPeilaib {
     std::vector<FeatureNote> m_notes;
     Ledger m_ledger;
     ZetString m_source;
+    long m_notedFeatures = 0;
+    long m_unmadeFeatures = 0;  ///< of a member that is not made
     MemberOutcome m_outcome;
     bool m_isSettled = false;
     /// UTF-8: of many members this is most of what is kept.

@@ -20,6 +20,11 @@ namespace plugin {
 namespace {
 
 constexpr const wchar_t* kBeyondText = L"The outline reaches beyond its face";
+constexpr const wchar_t* kOpeningBeyondText = L"The opening reaches beyond its face";
+constexpr const wchar_t* kNoAreaText = L"The outline has no area";
+constexpr const wchar_t* kOpeningNoAreaText = L"The opening has no area";
+constexpr const wchar_t* kSeveralText =
+    L"The face has several outlines: no operations tell them together";
 constexpr const wchar_t* kLostAreaFormat =
     L"The outline is not what its notches leave: it cuts %.1f mm2 off its box, they cut %.1f";
 constexpr const wchar_t* kOutsideText = L"A notch of the outline lies outside of the outline's box";
@@ -30,6 +35,11 @@ constexpr const wchar_t* kTrimFormat =
 constexpr double kAreaTolerance = 1.0;
 /// What lies nearer to a side of the box counts as lying on it, in the library too, mm.
 constexpr double kTouch = 0.05 + 1e-6;
+
+constexpr int kFirstPlanePosition = 5;
+
+/// What is nowhere wider has no area, mm.
+constexpr double kNarrow = 0.01;
 
 /// By job::TrimSide.
 constexpr std::array kSideWords = {L"start", L"end", L"lower edge", L"upper edge"};
@@ -65,9 +75,32 @@ std::vector<ZetGeomPoint2d> CornersOf(const CNotchAddInfo& notch) {
     return corners;
 }
 
+double PerimeterOf(const std::vector<ZetGeomPoint2d>& corners) {
+    double perimeter = 0.0;
+    for (std::size_t i = 0; i < corners.size(); ++i)
+        perimeter += (corners[(i + 1) % corners.size()] - corners[i]).length();
+    return perimeter;
+}
+
+bool HasNoArea(const std::vector<ZetGeomPoint2d>& corners) {
+    return 2.0 * AreaOf(corners) <= kNarrow * PerimeterOf(corners);
+}
+
 bool IsWithin(const FaceBox& inner, const FaceBox& outer) {
     return inner.minX >= outer.minX - kTouch && inner.maxX <= outer.maxX + kTouch &&
            inner.minY >= outer.minY - kTouch && inner.maxY <= outer.maxY + kTouch;
+}
+
+/// True when all outlines of a face are one and the same.
+bool IsOneOutline(const ZetNCView& view) {
+    const auto corners = plugin::CornersOf(view.getExternalContours().first());
+    for (const ZetNCContour& each : view.getExternalContours()) {
+        const auto others = plugin::CornersOf(each);
+        if (!IsWithin(BoxOf(others), BoxOf(corners)) || !IsWithin(BoxOf(corners), BoxOf(others)) ||
+            std::abs(AreaOf(others) - AreaOf(corners)) > kAreaTolerance)
+            return false;
+    }
+    return true;
 }
 
 }  // namespace
@@ -101,7 +134,6 @@ bool JobMember::IsRound() const {
 
 /// The extents of a view's face; nothing when they are not known.
 std::optional<FaceBox> JobMember::FaceOfView(int viewPosition) const {
-    constexpr int kFirstPlanePosition = 5;
     constexpr int kTopFlangeView = 0;
     constexpr int kBottomFlangeView = 2;
     const ZetNCHeaderData& header = m_memType.GetHeaderData();
@@ -127,41 +159,81 @@ void JobMember::CheckOutlines() {
         for (const CNotchAddInfo& notch : *notches)
             if (!notch.GetIsInternal() && notch.GetNotchStatus() != eNotchNone)
                 sums[notch.GetContour().hostTag].Add(CornersOf(notch));
-    std::set<long> unclear;
-    for (const ZetNCView& view : m_structure.getViews())
-        for (const ZetNCContour& outline : view.getExternalContours()) {
-            const NotchSum& sum = sums[outline.hostTag];
-            const ZetString fault = FaultOf(outline, view.getViewPos(), sum);
-            const bool isTrimmed = fault.isEmpty() && FindTrims(outline, view.getViewPos());
-            if (!fault.isEmpty()) {
-                unclear.insert(outline.hostTag);
-                FileFinding({.type = job::kUnclearCut,
-                             .text = fault,
-                             .feature = FeatureOf(outline.hostTag),
-                             .isRefusal = true});
-            } else if (!isTrimmed && !sum.hasNotches) {
-                // It is made with the member as it is.
-                m_ledger.Claim(outline.hostTag, Account::kMade);
-            }
-        }
-    DropNotches(m_notches, unclear);
-    DropNotches(m_duplicateNotches, unclear);
+    std::set<long> refused;
+    for (const ZetNCView& view : m_structure.getViews()) {
+        for (const ZetNCContour& outline : view.getExternalContours())
+            if (!TakeOutline(outline, view, sums[outline.hostTag]))
+                refused.insert(outline.hostTag);
+        for (const ZetNCContour& opening : view.getInternalContours())
+            if (!CheckOpening(opening, view.getViewPos()))
+                refused.insert(opening.hostTag);
+    }
+    DropNotches(m_notches, refused);
+    DropNotches(m_duplicateNotches, refused);
+}
+
+void JobMember::RefuseContour(job::ValidationType type, const ZetString& text, long tag) {
+    FileFinding({.type = type, .text = text, .feature = FeatureOf(tag), .isRefusal = true});
+}
+
+/// False when operations cannot tell it.
+bool JobMember::TakeOutline(const ZetNCContour& outline,
+                            const ZetNCView& view,
+                            const NotchSum& sum) {
+    const ZetString fault = FaultOf(outline, view, sum);
+    if (!fault.isEmpty()) {
+        RefuseContour(job::kUnclearCut, fault, outline.hostTag);
+        return false;
+    }
+    m_outlines.insert_or_assign(view.getViewPos(), FaceOutline(CornersOf(outline)));
+    // Without either it is made with the member as it is.
+    if (!FindTrims(outline, view.getViewPos()) && !sum.hasNotches)
+        m_ledger.Claim(outline.hostTag, Account::kMade);
+    return true;
+}
+
+/// False when it is none of the face.
+bool JobMember::CheckOpening(const ZetNCContour& opening, int viewPosition) {
+    const std::vector<ZetGeomPoint2d> corners = CornersOf(opening);
+    const bool hasNoArea = HasNoArea(corners);
+    // Without a tag nobody knows which record is whose.
+    if (opening.hostTag == 0 || (!hasNoArea && !IsBeyond(corners, viewPosition)))
+        return true;
+    if (hasNoArea)
+        RefuseContour(job::kUnclearCut, kOpeningNoAreaText, opening.hostTag);
+    else
+        RefuseContour(job::kHoleOutside, kOpeningBeyondText, opening.hostTag);
+    return false;
+}
+
+/// Beyond the box of the face, or a plate's outline.
+bool JobMember::IsBeyond(const std::vector<ZetGeomPoint2d>& corners, int viewPosition) {
+    const double x = std::abs(CMxGeom::GetXTol());
+    const double y = std::abs(CMxGeom::GetYTol());
+    if (const FaceOutline* const plate = PlateOutline();
+        plate != nullptr && viewPosition < kFirstPlanePosition)
+        return std::any_of(corners.begin(), corners.end(), [&](const ZetGeomPoint2d& corner) {
+            return !plate->Contains(corner) && plate->DistanceFrom(corner, x) >= x;
+        });
+    const FaceBox box = BoxOf(corners);
+    const std::optional<FaceBox> face = FaceOfView(viewPosition);
+    return face && (box.minX < face->minX - x || box.maxX > face->maxX + x ||
+                    box.minY < face->minY - y || box.maxY > face->maxY + y);
 }
 
 /// Why operations cannot tell an outline; "" when they can.
 ZetString JobMember::FaultOf(const ZetNCContour& outline,
-                             int viewPosition,
-                             const NotchSum& sum) const {
+                             const ZetNCView& view,
+                             const NotchSum& sum) {
     const std::vector<ZetGeomPoint2d> corners = CornersOf(outline);
     const FaceBox box = BoxOf(corners);
-    const std::optional<FaceBox> face = FaceOfView(viewPosition);
-    const double x = std::abs(CMxGeom::GetXTol());
-    const double y = std::abs(CMxGeom::GetYTol());
-    const bool isBeyond = face && (box.minX < face->minX - x || box.maxX > face->maxX + x ||
-                                   box.minY < face->minY - y || box.maxY > face->maxY + y);
+    if (HasNoArea(corners))
+        return kNoAreaText;
     // A plate is what its outline says, but not more than its header does.
-    if (isBeyond && !IsPlate())
+    if (!IsPlate() && IsBeyond(corners, view.getViewPos()))
         return kBeyondText;
+    if (!IsOneOutline(view))
+        return kSeveralText;
     // Without a tag nobody knows which notches are whose.
     if (outline.hostTag == 0)
         return {};
@@ -235,7 +307,8 @@ void JobMember::DropNotches(ZetArray<CNotchAddInfo>& notches, const std::set<lon
         return;
     ZetArray<CNotchAddInfo> rest;
     for (CNotchAddInfo& notch : notches)
-        if (notch.GetIsInternal() || tags.count(notch.GetContour().hostTag) == 0)
+        if (tags.count(notch.GetContour().hostTag) == 0 ||
+            (notch.GetIsInternal() && notch.GetContour().hostTag == 0))
             rest.append(std::move(notch));
     notches = std::move(rest);
 }

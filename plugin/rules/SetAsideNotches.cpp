@@ -9,7 +9,8 @@ namespace plugin {
 
 namespace {
 
-constexpr const wchar_t* kDuplicateText = L"Left out, it repeats another notch";
+constexpr const wchar_t* kDuplicateFormat =
+    L"Left out, it repeats another notch on %s at (X:%.1f, Y:%.1f)";
 
 /// Positions that agree after rounding are no farther apart, whatever the tolerance is by then, mm.
 constexpr double kFarthest = 100.5;
@@ -17,12 +18,13 @@ constexpr double kFarthest = 100.5;
 /// Profile codes of sections with two walls: an opening in each is no repetition.
 constexpr const wchar_t* kHollowCodes[] = {L"M", L"RO"};
 
-bool IsHollow(const ZetString& profileCode) {
-    return std::find(std::begin(kHollowCodes), std::end(kHollowCodes), profileCode) !=
-           std::end(kHollowCodes);
-}
-
 }  // namespace
+
+bool JobMember::IsHollow() const {
+    return std::find(std::begin(kHollowCodes),
+                     std::end(kHollowCodes),
+                     m_memType.GetProfileCode()) != std::end(kHollowCodes);
+}
 
 /// An outline that cuts nothing is no notch.
 void JobMember::DropPlainOutlines(ZetArray<CNotchAddInfo>& notches) {
@@ -38,7 +40,7 @@ void JobMember::DropPlainOutlines(ZetArray<CNotchAddInfo>& notches) {
 void JobMember::SetAsideNotches() {
     DropPlainOutlines(m_notches);
     DropPlainOutlines(m_duplicateNotches);
-    const bool isHollow = IsHollow(m_memType.GetProfileCode());
+    const bool isHollow = IsHollow();
     ReachIndex kept;
     for (long i = 0; i < m_notches.length(); ++i)
         kept.Add(i, m_notches[i].GetXPos(), 0.0);
@@ -56,10 +58,15 @@ void JobMember::SetAsideNotches() {
             kept.Add(m_notches.length() - 1, m_notches.last().GetXPos(), 0.0);
             continue;
         }
-        FileNotch({.type = job::kDuplicateNotch, .text = kDuplicateText}, notch);
-        AddSetAside(notch.GetContour().hostTag,
-                    SetAside::kDuplicate,
-                    m_notches[other].GetContour().hostTag);
+        const CNotchAddInfo& repeated = m_notches[other];
+        FileNotch({.type = job::kDuplicateNotch,
+                   .text = ZetString::format(kDuplicateFormat,
+                                             repeated.GetViewData().GetFaceStrForOutPut(),
+                                             repeated.GetXPos(),
+                                             repeated.GetYPos())},
+                  notch);
+        AddSetAside(
+            notch.GetContour().hostTag, SetAside::kDuplicate, repeated.GetContour().hostTag);
         m_duplicateNotches.append(std::move(notch));
     }
 }

@@ -190,7 +190,7 @@ const FindingCase kFindingCases[] = {
          part.Opening(kWebView, 500, 100, 60, 40).Opening(kWebView, 500, 100, 60, 40);
      },
      "Position x     : 500.0\nPosition y     : 100.0\nFace           : web\n"
-     "Left out, it repeats another notch\n--------------------------------------------------\n"},
+     "Left out, it repeats another notch on web at (X:500.0, Y:100.0)\n--------------------------------------------------\n"},
     {"UncoveredNotch", job::kUncoveredNotch, [](Job&, Part& part) { part.Opening(kWebView, 500, 100, 60, 40); },
      "Position x     : 500.0\nPosition y     : 100.0\nFace           : web\n"
      "No corner notch describes it\n--------------------------------------------------\n"},

@@ -1,0 +1,93 @@
+#include "plugin/rules/FlangeZero.h"
+#include "plugin/rules/JobMember.h"
+
+#include "camdata/tolerance/CMxGeom.h"
+
+#include <algorithm>
+#include <cmath>
+#include <numbers>
+
+// Holes in what outlines and mitres leave away.
+
+namespace plugin {
+
+namespace {
+
+constexpr int kTopFlangeView = 0;
+constexpr int kWebView = 1;
+constexpr int kBottomFlangeView = 2;
+constexpr int kWebBackView = 3;
+
+/// What a mitre takes from the member at a place.
+struct Shortening {
+    double amount = 0.0;  ///< along the member, from where the cut leaves it longest
+    double tangent = 0.0;
+};
+
+/// `across` runs from 0 to `width` over the faces that show the cut's angle.
+Shortening ShorteningBy(const ZetNCCut& cut, double across, double width) {
+    const double tangent = std::tan(cut.angle * std::numbers::pi / 180.0);
+    const bool isLongestAtZero = (tangent > 0.0) == (cut.end == ZetNCCut::eEndEnd);
+    return {std::abs(tangent) * (isLongestAtZero ? across : width - across), tangent};
+}
+
+}  // namespace
+
+/// The outline of a face, which both sides of a web have in common; null when operations tell none
+/// there, and for plates, which are judged by theirs.
+const FaceOutline* JobMember::OutlineOf(int viewPosition) const {
+    if (IsPlate())
+        return nullptr;
+    auto at = m_outlines.find(viewPosition);
+    const bool isWeb = viewPosition == kWebView || viewPosition == kWebBackView;
+    if (at == m_outlines.end() && isWeb && !IsHollow())
+        at = m_outlines.find(kWebView + kWebBackView - viewPosition);
+    return at == m_outlines.end() ? nullptr : &at->second;
+}
+
+/// The whole of a hole: one that relieves a corner is made.
+bool JobMember::IsCutAway(const CHoleAddlInfo& hole) const {
+    const auto viewPosition = static_cast<int>(ViewOf(hole));
+    const double reach = std::max(hole.GetSlotVector().length() + hole.GetSize() * 0.5,
+                                  std::abs(CMxGeom::GetXTol()));
+    const ZetGeomPoint2d centre = {hole.GetXPos(), hole.GetYPos()};
+    const FaceOutline* const outline = OutlineOf(viewPosition);
+    const bool isOutside = outline != nullptr && !outline->Contains(centre) &&
+                           outline->DistanceFrom(centre, reach) >= reach;
+    return isOutside || IsBeyondMitre(centre, viewPosition, reach);
+}
+
+/// The web stands anywhere between the edges of the flanges: a cut that only these show takes
+/// nothing from it for certain.
+bool JobMember::IsBeyondMitre(const ZetGeomPoint2d& centre, int viewPosition, double reach) const {
+    if (viewPosition > kWebBackView || IsPlate() || IsRound())
+        return false;
+    const ZetNCHeaderData& header = m_memType.GetHeaderData();
+    const bool isTop = viewPosition == kTopFlangeView;
+    const bool isFlange = isTop || viewPosition == kBottomFlangeView;
+    const double height = isTop ? header.height : 0.0;
+    const double depth = FileYOf(centre.y, isTop ? m_type.topFlange : m_type.bottomFlange);
+    for (const ZetNCCut& mitre : m_mitres) {
+        // A cut may be told twice, by the header and by itself.
+        Shortening web;
+        Shortening flange;
+        for (const ZetNCCut& cut : m_mitres) {
+            const bool isOnWeb = cut.face == ZetNCCut::eFaceWeb;
+            const Shortening shortening =
+                isOnWeb ? ShorteningBy(cut, isFlange ? height : centre.y, header.height)
+                        : ShorteningBy(cut, depth, header.width);
+            Shortening& most = isOnWeb ? web : flange;
+            if (cut.end == mitre.end && shortening.amount > most.amount)
+                most = shortening;
+        }
+        const double amount = web.amount + (isFlange ? flange.amount : 0.0);
+        const double slope = isFlange ? flange.tangent : web.tangent;
+        const double toEnd =
+            mitre.end == ZetNCCut::eEndStart ? centre.x - mitre.x : mitre.x - centre.x;
+        if (toEnd - amount <= -reach * std::sqrt(1.0 + slope * slope))
+            return true;
+    }
+    return false;
+}
+
+}  // namespace plugin
