@@ -13,7 +13,8 @@
 // Cutting plans of random lists of several kinds: how far above the bound, beside
 // first-fit-decreasing, and how long it takes. Times are CPU times of this process.
 //
-// camdata_cutting_bench [NAME] prints a table, or the rows whose name begins with NAME.
+// camdata_cutting_bench [NAME [EFFORT]] prints a table, or the rows whose name begins with NAME;
+// EFFORT is in millions of steps, as in a job file.
 
 namespace {
 
@@ -214,10 +215,10 @@ double CpuSeconds() {
     return static_cast<double>(std::clock()) / CLOCKS_PER_SEC;
 }
 
-void AddList(Totals& totals, const List& list) {
+void AddList(Totals& totals, const List& list, std::int64_t steps) {
     const cutting::Plan firstFit = cutting::MakeFirstFitPlan(list.demand, list.stocks);
     const double start = CpuSeconds();
-    const cutting::Plan plan = cutting::MakeLeastPlan(list.demand, list.stocks);
+    const cutting::Plan plan = cutting::MakeLeastPlan(list.demand, list.stocks, steps);
     const double seconds = CpuSeconds() - start;
     for (const std::string& fault : cutting::FindFaults(list.demand, list.stocks, plan)) {
         std::printf("wrong plan: %s\n", fault.c_str());
@@ -237,11 +238,11 @@ void AddList(Totals& totals, const List& list) {
     totals.mostSeconds = std::max(totals.mostSeconds, seconds);
 }
 
-void PrintRow(const Row& row) {
+void PrintRow(const Row& row, std::int64_t steps) {
     Totals totals;
     for (int list = 0; list < row.lists; ++list) {
         Dice dice(static_cast<std::uint64_t>(list) + 1);
-        AddList(totals, row.make(dice));
+        AddList(totals, row.make(dice), steps);
     }
     const double lists = row.lists;
     std::printf("| %s | %d | %.1f | %.2f | %.3f | %d / %d | %d | %.0f | %.1f / %.1f |\n",
@@ -262,11 +263,13 @@ void PrintRow(const Row& row) {
 }  // namespace
 
 int main(int count, char** arguments) {
+    const std::int64_t steps =
+        count > 2 ? std::atoll(arguments[2]) * 1'000'000 : cutting::kDefaultSteps;
     std::printf(
         "| lists | n | given, %% | first fit, %% | plan, %% | at bound: first fit / plan | "
         "at most 1 bar above | patterns | ms mean / most |\n"
         "|---|---|---|---|---|---|---|---|---|\n");
     for (const Row& row : kRows)
         if (count < 2 || std::strncmp(row.name, arguments[1], std::strlen(arguments[1])) == 0)
-            PrintRow(row);
+            PrintRow(row, steps);
 }
