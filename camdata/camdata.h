@@ -17,6 +17,7 @@
 #include "camdata/member/CMxAttPartNoAndQty.h"
 #include "camdata/member/CMxPeilaib.h"
 #include "camdata/member/MemberFiles.h"
+#include "camdata/member/SinglePartTexts.h"
 #include "camdata/member/eProfRefAxis.h"
 #include "camdata/member/eSortOrder.h"
 #include "camdata/nesting/CMxNestParts.h"

@@ -42,7 +42,9 @@ MemberType AnyMember() {
     MemberType member;
     member.type = TypeFromHeader();
     member.limits = NoLimits();
-    std::fill(member.reports.begin() + kUncoveredHole, member.reports.end(), eReportingWarning);
+    std::fill(member.reports.begin() + kUncoveredHole,
+              member.reports.begin() + kMissingParts,
+              eReportingWarning);
     for (const ValidationType type : kToldByRecords)
         member.reports[type] = eReportingNonStdSilent;
     return member;

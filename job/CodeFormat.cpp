@@ -10,6 +10,27 @@
 
 namespace job {
 
+/// A number that is filled in. Where it is written as zero it has no sign.
+struct FilledNumber {
+    double value;
+};
+
+}  // namespace job
+
+template <>
+struct fmt::formatter<job::FilledNumber> : fmt::formatter<double> {
+    auto format(const job::FilledNumber& number, fmt::format_context& context) const {
+        fmt::memory_buffer written;
+        fmt::format_context inBuffer(fmt::appender(written), context.args());
+        fmt::formatter<double>::format(number.value, inBuffer);
+        const std::string_view text(written.data(), written.size());
+        const bool isZero = text.find_first_of("123456789") == std::string_view::npos;
+        return fmt::formatter<double>::format(isZero ? 0.0 : number.value, context);
+    }
+};
+
+namespace job {
+
 namespace {
 
 /// Width and precision of one field.
@@ -102,13 +123,13 @@ std::string FaultOfField(const Field& field) {
 
 std::string Fill(const std::string& code, const CodeValues& values) {
     return fmt::vformat(code,
-                        fmt::make_format_args(fmt::arg(kNames[0], values.diameter),
-                                              fmt::arg(kNames[1], values.length),
-                                              fmt::arg(kNames[2], values.width),
+                        fmt::make_format_args(fmt::arg(kNames[0], FilledNumber{values.diameter}),
+                                              fmt::arg(kNames[1], FilledNumber{values.length}),
+                                              fmt::arg(kNames[2], FilledNumber{values.width}),
                                               fmt::arg(kNames[3], values.face),
-                                              fmt::arg(kNames[4], values.x),
-                                              fmt::arg(kNames[5], values.y),
-                                              fmt::arg(kNames[6], values.depth)));
+                                              fmt::arg(kNames[4], FilledNumber{values.x}),
+                                              fmt::arg(kNames[5], FilledNumber{values.y}),
+                                              fmt::arg(kNames[6], FilledNumber{values.depth})));
 }
 
 }  // namespace

@@ -45,7 +45,7 @@ inline constexpr FindingType kFindingTypes[] = {
     {"fixed_length", "Member length (<length>) should be <length>",
      "Not of the fixed pattern's length.",
      "Give parts of this length a member type without `fixed_pattern`, or correct the pattern's `length`.", eReportingError},
-    {"uncovered_hole", "No hole rule covers it: <hole>",
+    {"uncovered_hole", "No hole rule covers it: <hole>\nNo hole rule covers it; the nearest, <rule>, is for another <what>: <hole>",
      "No hole rule fits the hole; by `[uncovered_holes]` it is not made, or made under a code of its own.",
      "Add a `[[hole_rule]]`, or this diameter, length, face or row to one.", eReportingError},
     {"hole_distance", "Edge distance (<distance>) are incorrect\nDistance (<distance>) from bottom flange is insufficient\nDistance (<distance>) from top flange is insufficient\nEnd distance (<distance>) is less than <what is required>\nDistance (<distance>) from the edge of the plate is less than <distance>",
@@ -96,6 +96,12 @@ inline constexpr FindingType kFindingTypes[] = {
     {"unclear_plane", "The plane shows neither the web nor, within the tolerance, a flange: it counts as <face>, like the view before it",
      "A plane of its own shows neither the web nor a flange; its features count on the face of the view before it.",
      "Raise the tolerance `angle` where the plane is meant to be a flange, or make its features elsewhere.", eReportingWarning},
+    {"missing_parts", "*Error: <number> of the single parts (Part no : <mark>) are not selected / valid for this assembly\n<number> no of parts are not selected in selection",
+     "A main part needs more pieces of a single part than there are, or the part is invalid; and the single part itself, with the pieces that all assemblies together lack.",
+     "Raise the quantity in the single part's NC file, correct `count` in `[[assembly]]`, or mend the single part.", eReportingError},
+    {"unused_parts", "<number> no of parts are not used in any assemblies",
+     "Pieces of a single part that no assembly takes.",
+     "Nothing where spare pieces are wanted; else correct the quantity or `count` in `[[assembly]]`.", eReportingWarning},
 };
 
 // clang-format on

@@ -23,9 +23,11 @@ enum ValidationType : int {
     kHoleOutside = 20,      ///< a hole lies outside of its face or of the member
     kLoneCountersink = 21,  ///< a countersink has no hole of its own
     kUnclearPlane = 22,     ///< a plane shows neither the web nor a flange for certain
+    kMissingParts = 23,     ///< a main part, or all, have fewer single parts than they need
+    kUnusedParts = 24,      ///< single parts that no assembly takes
 };
 
-inline constexpr int kValidationTypes = kUnclearPlane + 1;
+inline constexpr int kValidationTypes = kUnusedParts + 1;
 
 static_assert(kUncoveredHole == static_cast<int>(eValidationFirstFeature));
 static_assert(kLongerThanStock == static_cast<int>(eValidationLastFeature));

@@ -1,5 +1,6 @@
 #include "camdata/member/CMxPeilaib.h"
 #include "camdata/member/MemberFiles.h"
+#include "camdata/member/SinglePartTexts.h"
 #include "camdata/util/CMxUtil.h"
 #include "camdata/util/HostBridge.h"
 #include "camdata/util/ReportIndent.h"
@@ -9,11 +10,6 @@ namespace {
 /// What is left of a part that was not found. It is also what one piece too few leaves: the search
 /// then goes on, on purpose.
 constexpr int kNotFound = -1;
-
-/// Formats of a number of parts.
-using CountFormat = ZetFormatString<ZetString, long>;
-constexpr CountFormat kTooFewFormat = L"%s%d no of parts are not selected in selection";
-constexpr CountFormat kLeftOverFormat = L"%s%d no of parts are not used in any assemblies";
 
 /// Formats of a number of parts and their part number.
 using ShortfallFormat = ZetFormatString<ZetString, int, ZetString>;
@@ -54,9 +50,9 @@ void CMxPeilaib::AppendQtyFinding() {
     const ZetString indent = MemberLineIndent();
     const long left = GetQty();
     if (left < 0)
-        AppendLine(m_errors, ZetString::format(kTooFewFormat, indent, -left));
+        AppendLine(m_errors, ZetString::format(kTooFewPartsFormat, indent, -left));
     if (left > 0)
-        AppendLine(m_warnings, ZetString::format(kLeftOverFormat, indent, left));
+        AppendLine(m_warnings, ZetString::format(kLeftOverPartsFormat, indent, left));
 }
 
 void CMxPeilaib::GetAttachedPartNos() {

@@ -19,6 +19,7 @@ constexpr double kPercent = 100.0;
 
 /// Members with errors that are listed; the error file has all of them.
 constexpr long kMaxListedMembers = 20;
+constexpr long kMaxListedErrors = 30;
 
 ZetString Integer(long value) {
     return ZetString::format(L"%d", value);
@@ -174,11 +175,34 @@ ZetString UnmadeTable(const RunReport& report) {
                       Integer(member.accounts[plugin::Account::kNotMade]),
                       OneLine(ZetString::fromUtf8(member.file))});
     }
-    const ZetString list = table.Format() + MoreLine(count - kMaxListedMembers);
-    if (report.CountInvalid() == 0)
-        return list;
+    return table.Format() + MoreLine(count - kMaxListedMembers);
+}
+
+ZetString WhereLine(const std::string& name, const plugin::Finding& finding) {
+    const ZetString file = OneLine(ZetString::fromUtf8(name));
+    const ZetString line = finding.feature ? ZetString::format(L":%d", finding.feature->tag) : L"";
+    return Line(file + line + L": " + OneLine(Describe(finding)));
+}
+
+/// Why members are not made, and for each kind of finding what can be done.
+ZetString ErrorLines(const RunReport& report) {
+    ZetString lines;
+    std::set<int> types;
+    long count = 0;
+    for (const RunMember& member : report.members)
+        for (const plugin::Finding& finding : member.result.findings)
+            if (finding.IsError() && ++count <= kMaxListedErrors) {
+                lines += WhereLine(member.file, finding);
+                types.insert(finding.type);
+            }
+    if (count == 0)
+        return {};
+    lines += MoreLine(count - kMaxListedErrors);
+    for (const int type : types)
+        lines += Line(ZetString::fromUtf8(std::string(job::kFindingTypes[type].name) + ": " +
+                                          job::kFindingTypes[type].remedy));
     const ZetString errorFile = OneLine(ZetString::fromUtf8(report.files[job::kErrorFile].name));
-    return list + Line(L"why invalid: see " + errorFile);
+    return Line(L"why invalid, and what to do; all of it is in " + errorFile) + lines;
 }
 
 /// By Account.
@@ -290,6 +314,7 @@ void WriteRunText(const RunReport& report, bool showsNotes, OutputStream& out, O
                                         LeftOutLines(report),
                                         GroupTable(report),
                                         UnmadeTable(report),
+                                        ErrorLines(report),
                                         SinglePartTable(report),
                                         NestTable(report),
                                         FileTable(report),

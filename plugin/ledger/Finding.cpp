@@ -15,9 +15,10 @@ ZetString Shown(double value) {
 
 ZetString Describe(const Finding& finding) {
     ZetString numbers;
-    if (finding.required && finding.found)
-        numbers = ZetString::format(
-            L": required %s, found %s", Shown(*finding.required), Shown(*finding.found));
+    if (finding.required)
+        numbers += L": required " + Shown(*finding.required);
+    if (finding.found)
+        numbers += (numbers.isEmpty() ? L": found " : L", found ") + Shown(*finding.found);
     const ZetString name = ZetString::fromUtf8(job::kFindingTypes[finding.type].name);
     const ZetString rule = finding.rule.isEmpty() ? L"" : L" by " + finding.rule;
     return ZetString::format(L"%s [%s%s%s]", finding.text, name, rule, numbers);

@@ -4,6 +4,7 @@
 
 #include "camdata/tolerance/CMxGeom.h"
 
+#include <cmath>
 #include <utility>
 
 namespace plugin {
@@ -69,11 +70,28 @@ void JobMember::CheckFixedPattern() {
     }
     for (CMxHoles& expected : prescription.GetMxHoles()) {
         if (!expected.GetFound())
-            FileFinding({.type = job::kFixedPattern,
-                         .text = expected.GetErrMsg(prescription.GetFixedLength()),
-                         .rule = GetJob().patterns[*m_type.pattern].id});
+            FileFinding(MissingHole(expected, prescription.GetFixedLength()));
     }
     SetSingleMemValid(std::move(prescription));
+}
+
+/// With the hole of that diameter that comes nearest.
+Finding JobMember::MissingHole(CMxHoles& expected, double fixedLength) const {
+    Finding finding = {.type = job::kFixedPattern,
+                       .text = expected.GetErrMsg(fixedLength),
+                       .rule = GetJob().patterns[*m_type.pattern].id,
+                       .required = expected.GetHoleXPosArr().first()};
+    CMxGeom::SetTol(eTolY);
+    for (const double x : expected.GetHoleXPosArr())
+        for (const CHoleAddlInfo& hole : m_holes) {
+            const double distance = std::abs(hole.GetXPos() - x);
+            if (CMxGeom::IsEqual_Mx(hole.GetSize(), expected.GetHoleDia()) &&
+                (!finding.found || distance < std::abs(*finding.found - *finding.required))) {
+                finding.required = x;
+                finding.found = hole.GetXPos();
+            }
+        }
+    return finding;
 }
 
 /// The prescription with its holes marked that the member has.

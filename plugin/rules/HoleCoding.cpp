@@ -8,6 +8,8 @@ namespace plugin {
 namespace {
 
 constexpr const wchar_t* kUncoveredText = L"No hole rule covers it";
+constexpr const wchar_t* kNearestFormat =
+    L"No hole rule covers it; the nearest, %s, is for another %s";
 constexpr const wchar_t* kExcludedText = L"Its hole rule excludes this member";
 
 job::CodeValues ValuesOf(const CHoleAddlInfo& hole) {
@@ -34,8 +36,11 @@ void JobMember::CodeHoles() {
         m_entryOfHole.push_back(match.entry);
         if (match.entry != nullptr)
             CodeHole(hole, *match.entry);
-        else if (match.isExcluded)
-            RefuseHole({.type = job::kExcludedHole, .text = kExcludedText}, hole);
+        else if (match.excluding != nullptr)
+            RefuseHole({.type = job::kExcludedHole,
+                        .text = kExcludedText,
+                        .rule = match.excluding->job->id},
+                       hole);
         else
             HandleUncoveredHole(hole);
     }
@@ -56,12 +61,24 @@ void JobMember::CodeHole(CHoleAddlInfo& hole, const HoleRuleMatcher::Entry& entr
     hole.SetHoleOutPutCode(std::move(code));
 }
 
+/// With the rule that comes nearest, and what it wants.
+Finding JobMember::UncoveredFinding(const CHoleAddlInfo& hole) const {
+    const HoleRuleMatcher::Miss miss = m_rules.GetHoleRules().FindNearest(hole);
+    if (miss.rule == nullptr)
+        return {.type = job::kUncoveredHole, .text = kUncoveredText};
+    return {.type = job::kUncoveredHole,
+            .text = ZetString::format(kNearestFormat, miss.rule->id, ZetString(miss.what)),
+            .rule = miss.rule->id,
+            .required = miss.required,
+            .found = miss.found};
+}
+
 void JobMember::HandleUncoveredHole(CHoleAddlInfo& hole) {
     const job::UncoveredRule& uncovered = GetJob().uncoveredHoles;
     if (uncovered.action == job::Uncovered::kReport)
-        return RefuseHole({.type = job::kUncoveredHole, .text = kUncoveredText}, hole);
+        return RefuseHole(UncoveredFinding(hole), hole);
     if (uncovered.action == job::Uncovered::kOutput)
-        FileHole({.type = job::kUncoveredHole, .text = kUncoveredText}, hole);
+        FileHole(UncoveredFinding(hole), hole);
     hole.SetHoleCode(job::FillCode(uncovered.code, ValuesOf(hole)));
     hole.SetHoleStatus(eHoleStatusWaitsForPair);
 }

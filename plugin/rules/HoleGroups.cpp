@@ -61,7 +61,7 @@ void JobMember::FormGroup(const std::vector<long>& column) {
         if (isWhole)
             PutIntoGroup(hole, group);
         if (!hole.checkGroupHole())
-            LeaveAlone(hole, *EntryOfHole(index)->job);
+            LeaveAlone(hole, *EntryOfHole(index)->job, column.size());
     }
 }
 
@@ -73,11 +73,15 @@ void JobMember::PutIntoGroup(CHoleAddlInfo& hole, const job::GroupRule& group) {
 }
 
 /// The library has refused the hole already when it must be in a group; else it goes out alone.
-void JobMember::LeaveAlone(CHoleAddlInfo& hole, const job::HoleRule& rule) {
+void JobMember::LeaveAlone(CHoleAddlInfo& hole,
+                           const job::HoleRule& rule,
+                           std::size_t holesOfColumn) {
     if (rule.group.isMust)
         FileHole({.type = job::kMissingGroup,
                   .text = kMissingGroupText,
                   .rule = rule.id,
+                  .required = static_cast<double>(rule.group.holeCount),
+                  .found = static_cast<double>(holesOfColumn),
                   .isRefusal = true},
                  hole);
     else

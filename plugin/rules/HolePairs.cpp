@@ -1,5 +1,7 @@
 #include "plugin/rules/JobMember.h"
 
+#include <cmath>
+
 namespace plugin {
 
 namespace {
@@ -22,10 +24,29 @@ void JobMember::FindPairs() {
     for (long i = 0; i < m_holes.length(); ++i) {
         const HoleRuleMatcher::Entry* entry = EntryOfHole(i);
         if (entry != nullptr && entry->job->isPairMust && IsUnsettled(m_holes[i]))
-            RefuseHole(
-                {.type = job::kMissingPair, .text = kMissingPairText, .rule = entry->job->id},
-                m_holes[i]);
+            RefuseHole(MissingPairOf(i, *entry->job), m_holes[i]);
     }
+}
+
+/// With the spacing that is missed least.
+Finding JobMember::MissingPairOf(long index, const job::HoleRule& rule) const {
+    Finding finding = {.type = job::kMissingPair,
+                       .text = kMissingPairText,
+                       .rule = rule.id,
+                       .required = rule.pairs.front().spacing};
+    const double x = m_holes[index].GetXPos();
+    for (const job::PairRule& pair : rule.pairs)
+        for (long i = 0; i < m_holes.length(); ++i) {
+            const double distance = std::abs(m_holes[i].GetXPos() - x);
+            const bool isNearer =
+                !finding.found ||
+                std::abs(distance - pair.spacing) < std::abs(*finding.found - *finding.required);
+            if (i != index && isNearer && m_holes[i].GetHoleCode().contains(pair.code)) {
+                finding.required = pair.spacing;
+                finding.found = distance;
+            }
+        }
+    return finding;
 }
 
 /// Makes a pair with the first hole that one of the rule's pairs names. The pair counts as one

@@ -93,30 +93,46 @@ const FaceOutline* JobMember::PlateOutline() {
     return &*m_plate;
 }
 
-bool JobMember::IsOutside(const CHoleAddlInfo& hole, const FaceOutline* outline) const {
+/// How a hole lies outside of its face or of the member; nothing when it does not.
+std::optional<Finding> JobMember::OutsideOf(const CHoleAddlInfo& hole,
+                                            const FaceOutline* outline) const {
     const double x = std::abs(CMxGeom::GetXTol());
     const double y = std::abs(CMxGeom::GetYTol());
     const eHoleFace face = hole.GetViewData().GetHoleFace();
     const bool isWeb = face == eHoleFaceWeb || face == eHoleFaceWebBack;
     const bool isOnPlane = ViewOf(hole) >= kFirstPlanePosition;
+    const Finding finding = {.type = job::kHoleOutside, .text = kOutsideText};
     if (outline != nullptr && isWeb && !isOnPlane) {
         const ZetGeomPoint2d centre = {hole.GetXPos(), hole.GetYPos()};
-        return !outline->Contains(centre) && outline->DistanceFrom(centre, x) >= x;
+        const bool isOutside = !outline->Contains(centre) && outline->DistanceFrom(centre, x) >= x;
+        return isOutside ? std::optional(finding) : std::nullopt;
     }
-    if (hole.GetXPos() < -x || hole.GetXPos() > GetLength() + x)
-        return true;
+    const auto beyond = [&](double place, double most, double tolerance) -> std::optional<Finding> {
+        if (place >= -tolerance && place <= most + tolerance)
+            return std::nullopt;
+        Finding told = finding;
+        told.required = place < 0.0 ? 0.0 : most;
+        told.found = place;
+        return told;
+    };
+    if (auto told = beyond(hole.GetXPos(), GetLength(), x))
+        return told;
     double width = hole.GetViewData().GetFaceWidth();
     if (const auto surface = FaceOfView(1); IsRound() && surface)
         width = surface->maxY;
-    return !isOnPlane && width > 0.0 && outline == nullptr &&
-           (hole.GetYPos() < -y || hole.GetYPos() > width + y);
+    return isOnPlane || width <= 0.0 || outline != nullptr ? std::nullopt
+                                                           : beyond(hole.GetYPos(), width, y);
 }
 
 void JobMember::CheckPlaces() {
     const FaceOutline* const outline = PlateOutline();
-    for (CHoleAddlInfo& hole : m_holes)
-        if (IsOutside(hole, outline) || IsCutAway(hole))
-            RefuseHole({.type = job::kHoleOutside, .text = kOutsideText}, hole);
+    for (CHoleAddlInfo& hole : m_holes) {
+        std::optional<Finding> finding = OutsideOf(hole, outline);
+        if (!finding && IsCutAway(hole))
+            finding = Finding{.type = job::kHoleOutside, .text = kOutsideText};
+        if (finding)
+            RefuseHole(std::move(*finding), hole);
+    }
 }
 
 /// The library knows sections: plates have an outline, and the surface of a round section closes.

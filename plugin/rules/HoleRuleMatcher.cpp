@@ -7,6 +7,8 @@
 
 #include <algorithm>
 #include <cmath>
+#include <iterator>
+#include <limits>
 
 namespace plugin {
 
@@ -82,12 +84,49 @@ bool HasPlace(const CHoleAddlInfo& hole) {
     return std::isfinite(hole.GetXPos()) && std::isfinite(hole.GetYPos());
 }
 
+/// The value that comes nearest.
+std::optional<double> NearestOf(const std::vector<double>& values, double value) {
+    const auto at = std::min_element(values.begin(), values.end(), [&](double a, double b) {
+        return std::abs(a - value) < std::abs(b - value);
+    });
+    return at == values.end() ? std::nullopt : std::optional(*at);
+}
+
+/// One thing that a rule of the hole's shape can want, in the order in which it is told.
+struct Want {
+    const wchar_t* what;
+    bool (*isMet)(const HoleRuleMatcher::Entry& entry, const CHoleAddlInfo& hole);
+    double (*found)(const CHoleAddlInfo& hole);
+    const std::vector<double> job::HoleRule::*numbers;
+};
+constexpr Want kWants[] = {
+    {L"diameter",
+     [](const auto& entry, const auto& hole) {
+         return AllowsSize(entry.rule.GetDiameters(), hole.GetSize());
+     },                                                      [](const auto& hole) { return hole.GetSize(); },
+     &job::HoleRule::diameters                                                                                                                 },
+    {L"length",
+     [](const auto& entry, const auto& hole) {
+         return AllowsSize(entry.rule.GetSecondSizes(), OverallLength(hole));
+     },                                                      &OverallLength,
+     &job::HoleRule::lengths                                                                                                                   },
+    {L"face",
+     [](const auto& entry, const auto& hole) { return AllowsFace(*entry.job, hole); },
+     nullptr,                                                                                                                           nullptr},
+    {L"row",
+     [](const auto& entry, const auto& hole) { return AllowsRow(entry.rule, hole); },
+     [](const auto& hole) { return hole.GetYPos(); },
+     &job::HoleRule::backMarks                                                                                                                 },
+};
+
+long CountUnmet(const HoleRuleMatcher::Entry& entry, const CHoleAddlInfo& hole) {
+    return std::count_if(std::begin(kWants), std::end(kWants), [&](const Want& want) {
+        return !want.isMet(entry, hole);
+    });
+}
+
 bool Fits(const HoleRuleMatcher::Entry& entry, const CHoleAddlInfo& hole) {
-    const CHoleRule& rule = entry.rule;
-    return rule.GetHoleShapeType() == hole.GetHoleShapeType() &&
-           AllowsSize(rule.GetDiameters(), hole.GetSize()) &&
-           AllowsSize(rule.GetSecondSizes(), OverallLength(hole)) && AllowsFace(*entry.job, hole) &&
-           AllowsRow(rule, hole);
+    return entry.job->shape == hole.GetHoleShapeType() && CountUnmet(entry, hole) == 0;
 }
 
 /// As the library tells it, which takes copies: rules that exclude nobody need not be asked.
@@ -128,12 +167,33 @@ HoleRuleMatcher::Match HoleRuleMatcher::Find(const CHoleAddlInfo& hole,
     ZetString suffix;
     while (entry != nullptr && Excludes(*entry, profileName, suffix)) {
         if (suffix.isEmpty())
-            return {nullptr, true};
+            return {nullptr, entry};
         entry = FindById(entry->job->id + suffix);
         if (entry != nullptr && !Fits(*entry, hole))
             entry = nullptr;
     }
-    return {entry, false};
+    return {entry, nullptr};
+}
+
+HoleRuleMatcher::Miss HoleRuleMatcher::FindNearest(const CHoleAddlInfo& hole) const {
+    CMxGeom::SetTol(eTolY);
+    const Entry* nearest = nullptr;
+    long leastUnmet = std::numeric_limits<long>::max();
+    for (const Entry& entry : m_entries)
+        if (const long unmet = CountUnmet(entry, hole);
+            entry.job->shape == hole.GetHoleShapeType() && unmet < leastUnmet) {
+            nearest = &entry;
+            leastUnmet = unmet;
+        }
+    if (nearest == nullptr || leastUnmet == 0)
+        return {};
+    const Want& want = *std::find_if(std::begin(kWants), std::end(kWants), [&](const Want& each) {
+        return !each.isMet(*nearest, hole);
+    });
+    if (want.found == nullptr)
+        return {nearest->job, want.what};
+    const double found = want.found(hole);
+    return {nearest->job, want.what, NearestOf(nearest->job->*want.numbers, found), found};
 }
 
 const HoleRuleMatcher::Entry* HoleRuleMatcher::FindById(const ZetString& id) const {

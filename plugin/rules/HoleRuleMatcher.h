@@ -8,6 +8,7 @@
 #include "camdata/holes/CHoleRule.h"
 #include "camdata/platform/text/ZetString.h"
 
+#include <optional>
 #include <vector>
 
 namespace plugin {
@@ -26,7 +27,16 @@ class HoleRuleMatcher {
     /// What became of the search for a hole's rule.
     struct Match {
         const Entry* entry = nullptr;  ///< null: no code for the hole
-        bool isExcluded = false;       ///< a rule fits, but excludes the member and names no other
+        /// Without: a rule that fits, but excludes the member and names no other; null: none.
+        const Entry* excluding = nullptr;
+    };
+
+    /// What the rule that comes nearest to a hole wants to be otherwise.
+    struct Miss {
+        const job::HoleRule* rule = nullptr;  ///< null: none is for its shape, or one fits
+        const wchar_t* what = L"";
+        std::optional<double> required = {};  ///< nearest number of the rule
+        std::optional<double> found = {};
     };
 
     explicit HoleRuleMatcher(const std::vector<job::HoleRule>& rules);
@@ -34,6 +44,8 @@ class HoleRuleMatcher {
     /// The first rule that fits the hole. One that excludes the member hands on to the rule that it
     /// names, which must fit too. Sets the current tolerance to m_tol_y.
     Match Find(const CHoleAddlInfo& hole, const ZetString& profileName) const;
+    /// For a hole without a rule. Sets the current tolerance to m_tol_y.
+    Miss FindNearest(const CHoleAddlInfo& hole) const;
     /// There is a rule for square or rectangular holes.
     bool HasRectangles() const { return m_hasRectangles; }
 

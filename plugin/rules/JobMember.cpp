@@ -144,15 +144,19 @@ void JobMember::FileNotch(Finding finding, CNotchAddInfo notch) {
 void JobMember::SettleReport() {
     if (std::exchange(m_isSettled, true))
         return;
-    CreateErrWarHeader();
-    TellSource(m_errorReport);
-    TellSource(m_warningReport);
+    HeadReports();
     m_outcome = {GetValid(), !m_warningReport.isEmpty(), GetNonStd()};
     if (!m_outcome.isNonStandard)
         return;
     ZetArray<long> blocks = GetAddInfoArrLoc();
     blocks.append(job::kNonStandardBlock);
     SetAddInfoArrLoc(std::move(blocks));
+}
+
+void JobMember::HeadReports() {
+    CreateErrWarHeader();
+    TellSource(m_errorReport);
+    TellSource(m_warningReport);
 }
 
 /// Below the part number, as the library aligns its lines.
@@ -226,7 +230,7 @@ void JobMember::ReleaseSources() {
 void JobMember::WriteMemOutPut(const ZetArray<ZetFileAccess*>& files,
                                ZetArray<CMxPeilaib*>& secondaryParts) {
     if (IsMainPart())
-        CheckAttachedPartsSelection(secondaryParts);
+        CheckAttachedParts(secondaryParts);
     SettleReport();
     for (long i = 0; i < CountGroupFiles(files) && GetValid() && m_hasPieces; ++i)
         WriteRecords(files[i]);

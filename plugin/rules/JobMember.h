@@ -136,6 +136,8 @@ class JobMember : public CMxPeilaib {
     /// and the warning file. A main part takes its attached parts first.
     void WriteMemOutPut(const ZetArray<ZetFileAccess*>& files,
                         ZetArray<CMxPeilaib*>& secondaryParts) override;
+    /// As the library, with the findings and the NC file of the part.
+    void PrintSinglePartDetail(const ZetArray<ZetFileAccess*>& files) override;
     void WriteMemErrors(ZetFileAccess* file) override;
     void WriteMemWarnings(ZetFileAccess* file) override;
 
@@ -205,7 +207,7 @@ class JobMember : public CMxPeilaib {
     void FileDistances(const CHoleAddlInfo& hole, const ZetArray<ZetString>& lines);
     void CheckPlaces();
     const FaceOutline* PlateOutline();
-    bool IsOutside(const CHoleAddlInfo& hole, const FaceOutline* outline) const;
+    std::optional<Finding> OutsideOf(const CHoleAddlInfo& hole, const FaceOutline* outline) const;
     bool IsCutAway(const CHoleAddlInfo& hole) const;
     const FaceOutline* OutlineOf(int viewPosition) const;
     bool IsBeyondMitre(const ZetGeomPoint2d& centre, int viewPosition, double reach) const;
@@ -213,10 +215,12 @@ class JobMember : public CMxPeilaib {
 
     void CodeHoles();
     static void CodeHole(CHoleAddlInfo& hole, const HoleRuleMatcher::Entry& entry);
+    Finding UncoveredFinding(const CHoleAddlInfo& hole) const;
     void HandleUncoveredHole(CHoleAddlInfo& hole);
     void RefuseHole(Finding finding, CHoleAddlInfo& hole);
 
     void FindPairs();
+    Finding MissingPairOf(long index, const job::HoleRule& rule) const;
     void FindPairOf(long index, const HoleRuleMatcher::Entry& entry);
 
     void FindGroups();
@@ -224,7 +228,7 @@ class JobMember : public CMxPeilaib {
     bool IsSameColumn(long a, long b) const;
     void FormGroup(const std::vector<long>& column);
     static void PutIntoGroup(CHoleAddlInfo& hole, const job::GroupRule& group);
-    void LeaveAlone(CHoleAddlInfo& hole, const job::HoleRule& rule);
+    void LeaveAlone(CHoleAddlInfo& hole, const job::HoleRule& rule, std::size_t holesOfColumn);
 
     void MatchCornerNotches();
     void MatchCornerNotch(CNotchAddInfo& notch) const;
@@ -234,9 +238,13 @@ class JobMember : public CMxPeilaib {
     void CountContours();
 
     void CheckFixedPattern();
+    Finding MissingHole(CMxHoles& expected, double fixedLength) const;
     CMxSingleMemValidation LookFor(CMxSingleMemValidation prescription) const;
     bool TakeHoleOf(const CMxHoles& expected, std::vector<char>& isTaken) const;
     static bool IsExpectedHole(const CHoleAddlInfo& hole, const CMxHoles& expected, double x);
+
+    void CheckAttachedParts(ZetArray<CMxPeilaib*>& members);
+    void HeadReports();
 
     void CheckLimits();
     void CheckLimit(Finding finding);

@@ -51,6 +51,11 @@ constexpr LimitCheck kLengthChecks[] = {
           &CMxPeilaib::GetLength>(eValidationMinimumLength),
 };
 
+/// The library fills numbers up with blanks.
+ZetString WithoutEndBlanks(const ZetString& text) {
+    return text.left(static_cast<long>(text.view().find_last_not_of(L' ') + 1));
+}
+
 /// With the report types.
 CMemberValidations Unlimited(CMemberValidations limits) {
     limits.SetNoOfHoles(CMxUtil::m_NOT_LIMITED);
@@ -98,7 +103,7 @@ void JobMember::CheckLimit(Finding finding) {
     // The library takes a report type that it does not know for a warning.
     if (ReportTypeOf(finding.type) == job::kReportingOff)
         m_warnings.setLength(warnings);
-    finding.text = m_message.trimmedLeft();
+    finding.text = WithoutEndBlanks(m_message.trimmedLeft());
     if (!finding.text.isEmpty())
         RecordFinding(std::move(finding));
 }

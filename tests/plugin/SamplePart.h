@@ -124,7 +124,7 @@ enum SampleView : int {
 inline job::Job SampleJob() {
     job::Job job = job::BuiltInJob();
     job::MemberType& type = job.memberTypes.front();
-    for (int check = job::kUncoveredHole; check < job::kValidationTypes; ++check)
+    for (int check = job::kUncoveredHole; check < job::kMissingParts; ++check)
         type.reports[static_cast<std::size_t>(check)] = eReportingError;
     type.type.SetNameStartPos(0);
     job.areDistancesChecked = false;

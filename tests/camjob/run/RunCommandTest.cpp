@@ -98,9 +98,17 @@ TEST(RunCommand, NamesTheFilesOfMembersWithErrors) {
     SampleJob job;
     job.reports = "sources = true\n";
     job.Write(folder);
+    // More of the single part than its main part takes.
+    const std::string part = nc::Header("C1", "C100x1.5\n  C", "900.00");
+    folder.Write("nc/2.nc1",
+                 std::string(part).replace(part.find("\n  12\n"), 6, "\n  15\n") + "EN\n");
     EXPECT_EQ(RunJobFile(folder).exitCode, 1);
     ExpectParts(folder.Read("out/s-errors.txt"),
                 {"Part Number = L1\n          NC file    = ", "/nc/4.nc1\n          Section "});
+    ExpectParts(folder.Read("out/s-warnings.txt"),
+                {"Part Number = C1\n          NC file    = ",
+                 "/nc/2.nc1\n          Section ",
+                 "          3 no of parts are not used in any assemblies\n"});
 }
 
 TEST(RunCommand, GoesOnWithoutFilesThatTheJobLeavesOut) {

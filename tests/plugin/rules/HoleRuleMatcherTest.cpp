@@ -25,7 +25,7 @@ std::string Found(const std::vector<HoleRule>& rules,
                   const wchar_t* profile = L"Z200x2.0") {
     const HoleRuleMatcher holeRules(rules);
     const HoleRuleMatcher::Match match = holeRules.Find(hole, profile);
-    if (match.isExcluded)
+    if (match.excluding != nullptr)
         return "excluded";
     return match.entry == nullptr ? "none" : match.entry->job->id.toUtf8();
 }
