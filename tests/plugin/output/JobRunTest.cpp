@@ -20,6 +20,7 @@ using plugin::JobRun;
 Job RunJob() {
     Job job = SampleJob();
     job::HoleRule rule;
+    rule.id = L"bolt";
     rule.diameters = {18};
     rule.code = L"18";
     job.holeRules = {rule};
