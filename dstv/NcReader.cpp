@@ -52,23 +52,37 @@ ZetString StemOf(const ZetString& file) {
     return ZetString(std::wstring(name.substr(0, dot == 0 ? name.size() : dot)));
 }
 
+/// The folders of a file behind `folder`, each with a slash; ways up count for nothing.
+ZetString FoldersOf(const ZetString& file, const ZetString& folder) {
+    std::wstring path(file.view());
+    std::replace(path.begin(), path.end(), L'\\', L'/');
+    path.erase(path.rfind(L'/') + 1);
+    if (path.starts_with(folder.view()))
+        path.erase(0, folder.view().size());
+    while (path.starts_with(L"../"))
+        path.erase(0, 3);
+    return ZetString(std::move(path));
+}
+
 /// A file's name is the only mark that no line of the file was checked for.
-ZetString MarkFromName(const ZetString& file) {
-    const ZetString mark = StemOf(file);
+ZetString MarkFromName(const ZetString& file, const ZetString& folders) {
+    const ZetString mark = folders + StemOf(file);
     if (std::any_of(mark.view().begin(), mark.view().end(), camdata::detail::IsControl))
         throw NcFailure(NcError{
             file, 0, 0, L"file", file, L"a name without control characters, for it is the mark"});
     return mark;
 }
 
-ZetString MarkOf(const NcPart& part, NcMarkSource source) {
-    switch (source) {
+ZetString MarkOf(const NcPart& part, const NcReading& reading) {
+    switch (reading.mark) {
         case NcMarkSource::kDrawing:
             return part.header.drawing;
         case NcMarkSource::kPhase:
             return part.header.phase;
         case NcMarkSource::kFileName:
-            return MarkFromName(part.file);
+            return MarkFromName(part.file, L"");
+        case NcMarkSource::kPath:
+            return MarkFromName(part.file, FoldersOf(part.file, reading.folder));
         default:
             return part.header.mark;
     }
@@ -108,7 +122,7 @@ NcResult ParseNc(std::string_view bytes, const ZetString& name, const NcReading&
     try {
         NcPart part = NcParser().Parse(InUtf8(bytes, reading.encoding));
         part.file = name;
-        part.header.mark = MarkOf(part, reading.mark);
+        part.header.mark = MarkOf(part, reading);
         return part;
     } catch (NcFailure& failure) {
         failure.error.file = name;

@@ -35,12 +35,14 @@ enum class NcMarkSource {
     kDrawing,   ///< header line 2
     kPhase,     ///< header line 3
     kFileName,  ///< the file's name without its ending
+    kPath,      ///< the same with the folders before it
 };
 
 /// How the files of one origin are read.
 struct NcReading {
     NcMarkSource mark = NcMarkSource::kMark;   ///< what becomes NcHeader::mark
     std::string encoding{kAutomaticEncoding};  ///< of texts, see NcEncoding.h
+    ZetString folder = {};  ///< with a slash at its end; a mark that is a path begins behind it
 };
 
 /// A part, or the first reason why there is none.

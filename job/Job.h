@@ -306,6 +306,7 @@ enum class MarkSource {
     kDrawing,   ///< the header's drawing
     kPhase,     ///< the header's phase
     kFileName,  ///< the file's name without its ending
+    kPath,      ///< the same with its folders, from that of the job file on
 };
 
 /// How the texts of NC files are written: their bytes above ASCII.

@@ -105,6 +105,7 @@ constexpr Choice<MarkSource> kMarkSources[] = {
     {MarkSource::kDrawing, "drawing"},
     {MarkSource::kPhase, "phase"},
     {MarkSource::kFileName, "file_name"},
+    {MarkSource::kPath, "path"},
 };
 
 constexpr Choice<NcEncoding> kNcEncodings[] = {
@@ -231,7 +232,7 @@ constexpr Key kJobKeys[] = {
 };
 
 constexpr Key kNcKeys[] = {
-    Row<NcInput, &NcInput::mark>("mark", "What a part is told from others by: a line of the file's header (4, 2 or 3), or the file's name without its ending. Assemblies name it, and every list shows it."),
+    Row<NcInput, &NcInput::mark>("mark", "What a part is told from others by: a line of the file's header (4, 2 or 3), or the file's name without its ending. path: the name with its folders below the job's, for files of one name. Assemblies name it, and every list shows it."),
     Row<NcInput, &NcInput::encoding>("encoding", "How names in the files are written. \"auto\": each text is UTF-8 when it can be, else Windows-1252."),
     Row<NcInput, &NcInput::unreadable>("unreadable", "What a file does that cannot be read. refuse: nothing is made. leave_out: the rest is made; the file is listed with its reason, and the exit code is 1."),
     Row<NcInput, &NcInput::unmatched>("unmatched", "The same for a file that no member type takes."),

@@ -132,6 +132,7 @@ JobDraft DraftJob(NcSurvey survey, const fs::path& folder) {
         for (const NotchForm& notch : part.notches)
             ++draft.notches[notch];
         draft.trims += part.trims;
+        draft.mitres += part.mitres;
         draft.otherCuts += part.otherCuts;
         if (!part.foreignName.empty()) {
             draft.foreignName = part.foreignName;

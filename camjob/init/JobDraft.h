@@ -28,6 +28,7 @@ struct JobDraft {
     std::map<eHoleShapeType, HoleSizes> holes;
     std::map<NotchForm, long> notches;
     long trims = 0;
+    long mitres = 0;
     long otherCuts = 0;
     std::vector<RefusedFile> leftOut;
     std::string foreignName;  ///< see PartSurvey
@@ -35,7 +36,7 @@ struct JobDraft {
 };
 
 /// A job in `folder` that takes all parts of the survey that can be told apart. What parts are told
-/// by is the first of mark, drawing, phase and file name that all have and that differs; where none
+/// by is the first of mark, drawing, phase, file name and path that all have and that differs; where none
 /// does, the one with the fewest parts that are to be left out.
 JobDraft DraftJob(NcSurvey survey, const std::filesystem::path& folder);
 

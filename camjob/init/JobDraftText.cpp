@@ -54,6 +54,7 @@ constexpr MarkWord kMarkWords[] = {
     {"drawing",   "line 2 of the header"                                         },
     {"phase",     "line 3 of the header"                                         },
     {"file_name", "the file's name, for no header line differs from part to part"},
+    {"path",      "the file's name with its folders, for files share their names"},
 };
 
 std::string JobTable(const JobDraft& draft) {
@@ -208,6 +209,13 @@ std::string Trims(const JobDraft& draft) {
            "[[trim]]\nid = \"trim\"\ncode = \"TRIM\"\n";
 }
 
+std::string Mitres(const JobDraft& draft) {
+    if (draft.mitres == 0)
+        return "";
+    return "\n" + Comment(Count(draft.mitres, "mitre", "mitres") +
+                          " at the members' ends: made without a rule, as records \"mitre\".");
+}
+
 std::string UncoveredTables(const JobDraft& draft) {
     std::string text =
         "\n# A hole that no rule above covers is an error; \"output\" makes it all the same.\n"
@@ -242,7 +250,8 @@ std::string WriteJobText(const JobDraft& draft) {
     for (const ProfileFamily& family : draft.families)
         text += MemberTypeTable(family);
     text += Ruler("holes and notches: the first that fits counts");
-    return text + HoleRules(draft) + CornerNotches(draft) + Trims(draft) + UncoveredTables(draft);
+    return text + HoleRules(draft) + CornerNotches(draft) + Trims(draft) + Mitres(draft) +
+           UncoveredTables(draft);
 }
 
 }  // namespace camjob

@@ -79,6 +79,7 @@ void TakeFeatures(dstv::NcFileEntity& entity, const plugin::JudgingRules& rules,
     for (const CHoleAddlInfo& hole : member.GetHoles())
         part.holes.push_back(
             {hole.GetHoleShapeType(), hole.GetSize(), plugin::OverallLength(hole)});
+    part.mitres = creator.getNCStructure().getCuts().length();
     for (const plugin::Finding& finding : member.GetFindings())
         part.trims += finding.type == job::kUncoveredTrim ? 1 : 0;
     for (const CNotchAddInfo& notch : member.GetNotches())
@@ -113,7 +114,8 @@ PartSurvey SurveyPart(const std::string& file,
     part.marks = {header.mark.toUtf8(),
                   header.drawing.toUtf8(),
                   header.phase.toUtf8(),
-                  Utf8FromPath(part.file.stem())};
+                  Utf8FromPath(part.file.stem()),
+                  Utf8FromPath((part.file.parent_path() / part.file.stem()).generic_u8string())};
     part.profile = header.profileName.toUtf8();
     part.code = header.profileCode.toUtf8();
     part.height = header.profileHeight;

@@ -32,13 +32,14 @@ struct NotchForm {
 /// What one NC file says that its job has to cover. Texts in UTF-8.
 struct PartSurvey {
     std::filesystem::path file;
-    std::array<std::string, 4> marks;  ///< by job::MarkSource
+    std::array<std::string, 5> marks;  ///< by job::MarkSource
     std::string profile;
     std::string code;
     double height = 0.0;  ///< of the header, mm
     std::vector<HoleForm> holes;
     std::vector<NotchForm> notches;
     long trims = 0;            ///< cuts along a whole side of a face
+    long mitres = 0;           ///< saw cuts, which need no rule
     long otherCuts = 0;        ///< notches and openings of no form that a corner notch describes
     std::string foreignName;   ///< a name whose bytes are not UTF-8, as Windows-1252
     std::string otherReading;  ///< the same name as Windows-1251

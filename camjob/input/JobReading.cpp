@@ -1,5 +1,7 @@
 #include "camjob/input/JobReading.h"
 
+#include "camjob/console/Paths.h"
+
 #include <array>
 
 namespace camjob {
@@ -12,12 +14,21 @@ constexpr std::array kMarkSources = {
     dstv::NcMarkSource::kDrawing,
     dstv::NcMarkSource::kPhase,
     dstv::NcMarkSource::kFileName,
+    dstv::NcMarkSource::kPath,
 };
+
+/// Of the job file, with a slash at its end; "" for the folder that one is in.
+ZetString FolderOf(const std::string& file) {
+    const std::string folder = file.substr(0, file.find_last_of("/\\") + 1);
+    return ZetString::fromUtf8(Utf8FromPath(PathFromUtf8(folder).generic_u8string()));
+}
 
 }  // namespace
 
-dstv::NcReading ReadingOf(const job::NcInput& input) {
-    return {kMarkSources[static_cast<std::size_t>(input.mark)], job::NameOf(input.encoding)};
+dstv::NcReading ReadingOf(const job::Job& job) {
+    return {kMarkSources[static_cast<std::size_t>(job.nc.mark)],
+            job::NameOf(job.nc.encoding),
+            FolderOf(job.file)};
 }
 
 std::vector<dstv::NcAssembly> AssembliesOf(const job::Job& job) {

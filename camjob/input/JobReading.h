@@ -9,7 +9,7 @@
 namespace camjob {
 
 /// How the NC files of a job are read, in the words of the reader.
-dstv::NcReading ReadingOf(const job::NcInput& input);
+dstv::NcReading ReadingOf(const job::Job& job);
 
 /// What is fixed to what, as the job says it.
 std::vector<dstv::NcAssembly> AssembliesOf(const job::Job& job);

@@ -27,7 +27,7 @@ long CountNoted(const dstv::NcPart& part) {
 
 JobInput::JobInput(const job::Job& job, plugin::JobRun& run, ReportPage* page)
     : m_job(job),
-      m_reading(ReadingOf(job.nc)),
+      m_reading(ReadingOf(job)),
       m_run(run),
       m_page(page),
       m_assemblies(AssembliesOf(job)) {}

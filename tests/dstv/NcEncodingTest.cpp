@@ -69,6 +69,14 @@ TEST(NcReader, TakesTheMarkFromWhereItStands) {
     EXPECT_EQ(MarkOf("P1", {kDrawing}), "Z-1");
     EXPECT_EQ(MarkOf("P1", {kPhase}), "1");
     EXPECT_EQ(MarkOf("P1", {kFileName}), "W-7.x");
+    const auto pathMark = [](const wchar_t* name) {
+        const dstv::NcResult result = dstv::ParseNc(
+            NcSample{}.With("EN\n"), name, {kPath, std::string(dstv::kAutomaticEncoding), L"a/"});
+        return std::get<dstv::NcPart>(result).header.mark.toUtf8();
+    };
+    EXPECT_EQ(pathMark(L"a/b/1.nc"), "b/1");
+    EXPECT_EQ(pathMark(L"a/../../c\\1.nc"), "c/1");
+    EXPECT_EQ(pathMark(L"1.nc"), "1");
 }
 
 }  // namespace

@@ -54,7 +54,7 @@ TEST(InitCommand, EveryKindRunsWithoutErrors) {
 }
 
 /// The files of a shop: marks that repeat, drawings that do not, names in Windows-1251, sections of
-/// several kinds, files that cannot be read and one that nothing tells from another.
+/// several kinds, files that cannot be read, and two of one name in two folders.
 void WriteShop(const TempFolder& folder) {
     std::filesystem::create_directories(folder.PathOf("shop/sub"));
     const auto drawing = [](std::string text, const std::string& number) {
@@ -84,13 +84,13 @@ TEST(InitCommand, MakesAJobFromFiles) {
     const CamjobRun init =
         RunTool({"init", ArgumentFor(folder, "job"), "--from", ArgumentFor(folder, "shop")});
     EXPECT_EQ(init.exitCode, 0);
-    EXPECT_NE(init.out.find("4 NC files are in the job, 2 are not\n"), std::string::npos);
+    EXPECT_NE(init.out.find("5 NC files are in the job, 1 are not\n"), std::string::npos);
     EXPECT_TRUE(MatchesGolden(CAMJOB_GOLDEN_FOLDER "/init/golden",
                               "from",
                               WithoutFolder(folder.Read("job/job.toml"), folder)));
     const CamjobRun run = RunTool({"run", "--json", ArgumentFor(folder, "job/job.toml")});
     EXPECT_EQ(run.exitCode, 0) << run.out << run.err;
-    EXPECT_EQ(nlohmann::json::parse(run.out)["members"].size(), 4u);
+    EXPECT_EQ(nlohmann::json::parse(run.out)["members"].size(), 5u);
 }
 
 TEST(InitCommand, WithoutASoundFileThereIsNoJob) {

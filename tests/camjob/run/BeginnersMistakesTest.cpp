@@ -61,7 +61,8 @@ const Mistake kMistakes[] = {
      {"job.toml:43:6: this character can only stand in a text", "plain quotes"}},
     {"QuantityAsWord", {}, {"nc/6.nc1", std::string(nc::Plain("N1")).replace(nc::Plain("N1").find("  12\n"), 5, "  two\n")},
      {"nc/6.nc1:7: quantity \"two\": expected a whole number"}},
-    {"QuantityTooLarge", {"date = 2026-03-02", "date = 2026-03-02\nmax_quantity = 11"}, {}, {"Quantity (12) is above 11"}},
+    {"QuantityTooLarge", {"date = 2026-03-02", "date = 2026-03-02\nmax_quantity = 11"}, {},
+     {"nc/1.nc1: Quantity (12) is above 11 [quantity by purlin: required 11, found 12]", "quantity: Raise `max_quantity`"}},
     {"HeaderLineMissing", {}, {"nc/6.nc1", "ST\n  O\n  D\n  N1\n  S350\n  12\n  Z200\n  SO\n  900\n  200\n  65\n"},
      {"nc/6.nc1:7: quantity \"Z200\"", "a header line before it seems to be missing"}},
     {"TwoErrorsInOneFile", {}, {"nc/6.nc1", Header("Z200x2.0\n  SO") + "BO\n  v 1,5 2.0 18\n  w 5 5 18\nEN\n"},
@@ -70,10 +71,43 @@ const Mistake kMistakes[] = {
      {"job.toml: the assemblies name part \"C9\", which no NC file has"}},
     {"MainPartAsPart", {"parts = [{ mark = \"C1\" }]", "parts = [{ mark = \"A1\" }]"}, {},
      {"\"A1\" is a main part: it cannot be a part of an assembly"}},
-    {"UncoveredHole", {"id = \"any\"\ncode", "id = \"any\"\ndiameters = [30.0]\ncode"}, {}, {"No hole rule covers it"}},
-    {"WrongPairSpacing", {"code = \"B18\"", "code = \"B18\"\npairs = [{ code = \"B18\", spacing = 40.0 }]\npair_must = true"}, {},
-     {"It has no second hole"}},
-    {"TooLong", {}, {}, {"length"}},
+    {"UncoveredHole", {"id = \"any\"\ncode", "id = \"any\"\ndiameters = [30.0]\ncode"}, {},
+     {"nc/1.nc1:24: No hole rule covers it; the nearest, bolt, is for another diameter: 14.0 round holes on top flange",
+      "[uncovered_hole by bolt: required 18, found 14]", "uncovered_hole: Add a `[[hole_rule]]`, or this diameter, length, face or row to one."}},
+    {"UncoveredShape", {}, {"nc/6.nc1", Header("Z200x2.0\n  SO") + "BO\n  v 450 100 18 0l 20 0 0\nEN\n"},
+     {"nc/6.nc1:23: No hole rule covers it: 18.0x20.0 slot holes on web", "[uncovered_hole by purlin]", "uncovered_hole: Add a `[[hole_rule]]`"}},
+    {"WrongPairSpacing", {"code = \"B18\"", "code = \"B18\"\npairs = [{ code = \"B18\", spacing = 40.0 }]\npair_must = true"},
+     {"nc/6.nc1", Header("Z200x2.0\n  SO") + "BO\n  v 400 100 18\n  v 460 100 18\nEN\n"},
+     {"nc/6.nc1:23: It has no second hole", "[missing_pair by bolt: required 40, found 60]", "missing_pair: Add the spacing to `pairs`, or take `pair_must` away."}},
+    {"WrongNumberInAGroup", {"code = \"B18\"", "code = \"B18\"\ngroup = { code = \"G\", holes = 3, must = true }"}, {},
+     {"nc/1.nc1:23: It belongs to no group of holes", "[missing_group by bolt: required 3, found 1]", "missing_group: Set `holes`"}},
+    {"ExcludedWithoutAnotherRule", {"code = \"B18\"", "code = \"B18\"\nexcluded_members = [\"Z200x2.0\"]"}, {},
+     {"nc/1.nc1:23: Its hole rule excludes this member", "[excluded_hole by bolt]", "excluded_hole: Give the rule an `otherwise_suffix`"}},
+    {"UncoveredNotch", {}, {"nc/6.nc1", Header("Z200x2.0\n  SO") + "IK\n  v 400 50 0\n  500 50 0\n  500 90 0\n  400 90 0\n  400 50 0\nEN\n"},
+     {"nc/6.nc1:23: No corner notch describes it: notch on web at (X:450.0, Y:70.0)", "[uncovered_notch by purlin]", "uncovered_notch: Add a `[[corner_notch]]`"}},
+    {"SideCutOff", {}, {"nc/6.nc1", Header("Z200x2.0\n  SO") + "AK\n  v 0 0 0\n  850 0 0\n  850 200 0\n  0 200 0\n  0 0 0\nEN\n"},
+     {"nc/6.nc1:23: No trim covers it: the web is cut off at its end, to X 850.0", "uncovered_trim: Add a `[[trim]]` for this face and side."}},
+    {"HeaderShorterThanTheOutline", {}, {"nc/6.nc1", Header("Z200x2.0\n  SO") + "AK\n  v 0 0 0\n  1100 0 0\n  1100 200 0\n  0 200 0\n  0 0 0\nEN\n"},
+     {"nc/6.nc1:23: The outline reaches beyond its face [unclear_cut by purlin: required 900, found 1100]", "unclear_cut: Compare the outline with the header's"}},
+    {"HoleBeyondTheFace", {}, {"nc/6.nc1", Header("Z200x2.0\n  SO") + "BO\n  v 400 250 18\nEN\n"},
+     {"nc/6.nc1:23: It lies outside of its face or of the member", "[hole_outside by purlin: required 200, found 250]", "hole_outside: Correct the model, or `zero` and `reversed`"}},
+    {"CountersinkWithoutHole", {}, {"nc/6.nc1", Header("Z200x2.0\n  SO") + "BO\n  v 400 100s 26 6.5 0 0 90\nEN\n"},
+     {"nc/6.nc1:23: The countersink has no round hole at its place", "lone_countersink: Correct the model"}},
+    {"NoPieces", {}, {"nc/6.nc1", std::string(nc::Plain("N1")).replace(nc::Plain("N1").find("  12\n"), 5, "  0\n")},
+     {"nc/6.nc1: Quantity (0): there is nothing to make [quantity by purlin: required 1, found 0]", "quantity: Raise `max_quantity`, or correct line 7 of the NC file."}},
+    {"TooFewPartsOfAnAssembly", {"{ mark = \"C1\" }", "{ mark = \"C1\", count = 2 }"}, {},
+     {"nc/2.nc1: 12 no of parts are not selected in selection [missing_parts by strut]", "missing_parts: Raise the quantity"}},
+    {"LongerThanTheBar", {}, {"nc/6.nc1", Header("C100x1.5\n  C", "4100.00") + "EN\n"},
+     {"nc/6.nc1: Member length (4100.0) is greater than the stock length 4000 [longer_than_stock by strut: required 4000, found 4100]", "longer_than_stock: Add a longer `[[stock]]`"}},
+    {"WrongLengthForAPattern", {"group = \"struts\"\n", "group = \"struts\"\nfixed_pattern = \"tie\"\n[[fixed_pattern]]\nid = \"tie\"\nlength = 1280.0\nholes = [{ diameter = 18.0, code = \"B18\", positions = [40.0] }]\n"}, {},
+     {"nc/3.nc1: hole of diameter 18.0 missing at 40.0 [fixed_pattern by tie: required 40]", "nc/3.nc1: Member length (1300.0) should be 1280 [fixed_length by tie: required 1280, found 1300]",
+      "fixed_length: Give parts of this length a member type without `fixed_pattern`"}},
+    {"FindingMisspelt", {"report = { max_length", "report = { max_lenght"}, {},
+     {"job.toml:35:", "unknown key \"max_lenght\"", "did you mean \"max_length\"?"}},
+    {"ReportMisspelt", {"max_length = \"error\"", "max_length = \"none\""}, {},
+     {"job.toml:35:", "\"max_length\" must be one of \"off\", \"warning\""}},
+    {"TooLong", {}, {},
+     {"nc/4.nc1: Member length (6000.0) should not be greater than 2000 [max_length by purlin: required 2000, found 6000]", "max_length: Raise `max_length`, or take the part off this machine."}},
 };
 // clang-format on
 
@@ -92,7 +126,7 @@ TEST_P(BeginnersMistake, IsToldWithItsRemedy) {
     const CamjobRun run = RunJobFile(folder);
     EXPECT_NE(run.exitCode, 0);
     const bool isMade = std::filesystem::exists(folder.PathOf("out/s-errors.txt"));
-    const std::string told = run.err + (isMade ? folder.Read("out/s-errors.txt") : "");
+    const std::string told = run.err + run.out + (isMade ? folder.Read("out/s-errors.txt") : "");
     for (const std::string& part : mistake.told)
         EXPECT_NE(told.find(part), std::string::npos) << "no \"" << part << "\" in:\n" << told;
 }
