@@ -108,7 +108,7 @@ std::optional<Finding> JobMember::OutsideOf(const CHoleAddlInfo& hole,
         return isOutside ? std::optional(finding) : std::nullopt;
     }
     const auto beyond = [&](double place, double most, double tolerance) -> std::optional<Finding> {
-        if (place >= -tolerance && place <= most + tolerance)
+        if (!(place < -tolerance || place > most + tolerance))
             return std::nullopt;
         Finding told = finding;
         told.required = place < 0.0 ? 0.0 : most;
