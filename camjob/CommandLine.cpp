@@ -2,6 +2,7 @@
 
 #include "camjob/Version.h"
 #include "camjob/check/CheckCommand.h"
+#include "camjob/compare/CompareCommand.h"
 #include "camjob/console/Interrupt.h"
 #include "camjob/disk/StagingDisk.h"
 #include "camjob/host/HostCommand.h"
@@ -35,6 +36,7 @@ struct Options {
     InitOptions init;
     ShowOptions show;
     HostOptions host;
+    CompareOptions compare;
 };
 
 void DescribeCheck(CLI::App& command, Options& options) {
@@ -61,6 +63,12 @@ std::string FaultOfFolder(const std::string& folder) {
 void DescribeRun(CLI::App& command, Options& options) {
     command.add_option("JOB", options.run.job, "The job file")->required();
     command.add_option("--out", options.run.folder, "Folder of the output, instead of the job's")
+        ->check(FaultOfFolder);
+    command
+        .add_option("--against",
+                    options.run.against,
+                    "Earlier output, a folder or a file *-run.json: tell what has changed since; "
+                    "without it the output that is replaced")
         ->check(FaultOfFolder);
     command.add_flag("--json", options.run.asJson, "Write one JSON document instead of tables");
     command.add_flag("--notes",
@@ -146,6 +154,19 @@ int Host(const Options& options, OutputStream& out, OutputStream& err) {
     return kExitBadInput;
 }
 
+void DescribeCompare(CLI::App& command, Options& options) {
+    command
+        .add_option("OLD", options.compare.older, "An output: its folder, or its file *-run.json")
+        ->required();
+    command.add_option("NEW", options.compare.newer, "Another")->required();
+    command.add_flag(
+        "--json", options.compare.asJson, "Write one JSON document instead of a table");
+}
+
+int Compare(const Options& options, OutputStream& out, OutputStream& err) {
+    return RunCompare(options.compare, out, err);
+}
+
 struct Command {
     const char* name;
     const char* meaning;
@@ -158,11 +179,12 @@ struct Command {
 
 // clang-format off
 constexpr Command kCommands[] = {
-    {"check", "Show what is in NC files and what is wrong with them", &DescribeCheck, &Check, &WriteCheckWithoutMemory, kExitBadInput},
-    {"run",   "Make the manufacturing files of a job",                &DescribeRun,   &Run,   &WriteRunWithoutMemory,   kExitNotWritten},
-    {"init",  "Write a commented job to start from",                  &DescribeInit,  &Init,  nullptr,                  kExitNotWritten},
-    {"show",  "Draw NC files as SVG or DXF",                          &DescribeShow,  &Show,  nullptr,                  kExitNotWritten},
-    {"host",  "Run a plug-in on the parts of NC files",               &DescribeHost,  &Host,  nullptr,                  kExitBadInput},
+    {"check",   "Show what is in NC files and what is wrong with them", &DescribeCheck,   &Check,   &WriteCheckWithoutMemory, kExitBadInput},
+    {"run",     "Make the manufacturing files of a job",                &DescribeRun,     &Run,     &WriteRunWithoutMemory,   kExitNotWritten},
+    {"init",    "Write a commented job to start from",                  &DescribeInit,    &Init,    nullptr,                  kExitNotWritten},
+    {"show",    "Draw NC files as SVG or DXF",                          &DescribeShow,    &Show,    nullptr,                  kExitNotWritten},
+    {"compare", "Tell what differs between the outputs of two runs",    &DescribeCompare, &Compare, nullptr,                  kExitNotWritten},
+    {"host",    "Run a plug-in on the parts of NC files",               &DescribeHost,    &Host,    nullptr,                  kExitBadInput},
 };
 // clang-format on
 

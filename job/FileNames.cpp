@@ -72,6 +72,8 @@ std::vector<OutputEnding> OutputEndings(const Job& job) {
     }
     if (!job.cutting.remnants.empty())
         endings.push_back({kRemnantsEnding, L"Remnants"});
+    if (job.reports.hasRunDocument)
+        endings.push_back({kRunDocumentEnding, L"Run for programs"});
     if (job.reports.hasPage)
         endings.push_back({kPageEnding, L"Report page"});
     return endings;

@@ -35,6 +35,8 @@ enum FileRole : std::size_t {
 
 /// Ending of the page for people.
 inline constexpr const wchar_t* kPageEnding = L"-report.html";
+/// Ending of the file that tells programs, and later runs, what was made.
+inline constexpr const wchar_t* kRunDocumentEnding = L"-run.json";
 /// Ending of the file that holds the cutting lists, written when some group is nested.
 inline constexpr const wchar_t* kCuttingListEnding = L"-cutting.txt";
 /// The same for programs: one row per piece.
@@ -358,6 +360,7 @@ struct NcFilePattern {
 struct Reports {
     bool areSourcesTold = false;  ///< the NC file of each member, below its part number
     bool hasPage = true;          ///< a page for people, its name ending with kPageEnding
+    bool hasRunDocument = true;   ///< what was made, its name ending with kRunDocumentEnding
 };
 
 /// Everything that one job file says.

@@ -305,6 +305,8 @@ void JobMaker::CheckFileNames() {
         names.Add(m_job.project.fileName + kRemnantsEnding, fileName.at, m_faults);
     if (m_job.reports.hasPage)
         names.Add(m_job.project.fileName + kPageEnding, fileName.at, m_faults);
+    if (m_job.reports.hasRunDocument)
+        names.Add(m_job.project.fileName + kRunDocumentEnding, fileName.at, m_faults);
     for (std::size_t i = 0; i < m_job.files.size(); ++i) {
         Position at = fileName.at;
         for (const FileTable& table : m_document.files)

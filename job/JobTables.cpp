@@ -242,6 +242,7 @@ constexpr Key kNcKeys[] = {
 constexpr Key kReportsKeys[] = {
     Row<Reports, &Reports::areSourcesTold>("sources", "Whether the errors and warnings name the NC file of each member below its part number."),
     Row<Reports, &Reports::hasPage>("html", "Whether a page for people is made, `<file_name>-report.html`."),
+    Row<Reports, &Reports::hasRunDocument>("run_document", "Whether the run is told to programs and to later runs, `<file_name>-run.json`."),
 };
 
 constexpr Key kProjectKeys[] = {

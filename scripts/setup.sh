@@ -16,7 +16,7 @@ declare -A packages=(
     [packages]="dpkg-dev file pkg-config man-db"
     [reference]="doxygen"
     [release]="debootstrap zsh"
-    [ci]="clang locales tzdata python3-ezdxf"
+    [ci]="clang locales tzdata python3-ezdxf python3-jsonschema chromium-headless-shell"
 )
 
 is_installed() {

@@ -1,6 +1,7 @@
 #include "camjob/check/CheckText.h"
 
 #include "camjob/check/CheckInput.h"
+#include "camjob/console/Colour.h"
 #include "camjob/console/ReportText.h"
 #include "camjob/console/TextTable.h"
 
@@ -52,7 +53,7 @@ ZetString SizeText(const HoleReport& hole) {
 }
 
 /// With the codes of the job's rules, when there is a job.
-ZetString HoleTable(const std::vector<HoleReport>& holes, bool hasCodes) {
+ZetString HoleTable(const std::vector<HoleReport>& holes, bool hasCodes, const Terminal& terminal) {
     using Align = TextTable::Align;
     if (holes.empty())
         return Line(L"no holes");
@@ -80,7 +81,7 @@ ZetString HoleTable(const std::vector<HoleReport>& holes, bool hasCodes) {
         cells.push_back(Joined(hole.remarks, L", "));
         table.AddRow(std::move(cells));
     }
-    return table.Format();
+    return table.Format(terminal);
 }
 
 ZetString SizeText(const NotchReport& notch) {
@@ -100,7 +101,7 @@ std::vector<ZetString> Remarks(const NotchReport& notch) {
     return remarks;
 }
 
-ZetString NotchTable(const std::vector<NotchReport>& notches) {
+ZetString NotchTable(const std::vector<NotchReport>& notches, const Terminal& terminal) {
     using Align = TextTable::Align;
     TextTable table({
         {L"notch",   Align::kLeft },
@@ -121,10 +122,10 @@ ZetString NotchTable(const std::vector<NotchReport>& notches) {
                       notch.shape,
                       notch.status,
                       Joined(Remarks(notch), L", ")});
-    return table.Format();
+    return table.Format(terminal);
 }
 
-ZetString CutTable(const std::vector<CutReport>& cuts) {
+ZetString CutTable(const std::vector<CutReport>& cuts, const Terminal& terminal) {
     using Align = TextTable::Align;
     TextTable table({
         {L"line",  Align::kRight},
@@ -143,17 +144,19 @@ ZetString CutTable(const std::vector<CutReport>& cuts) {
                       Number(cut.at),
                       cut.angle ? Number(*cut.angle) : L"-",
                       cut.code});
-    return table.Format();
+    return table.Format(terminal);
 }
 
-ZetString FindingLine(const plugin::Finding& finding) {
+ZetString FindingLine(const plugin::Finding& finding, const Terminal& terminal) {
     const ZetString line =
         finding.feature ? ZetString::format(L"line %d: ", finding.feature->tag) : L"";
-    return Line((finding.IsError() ? L"error   " : L"warning ") + line + Describe(finding));
+    return Toned(Line((finding.IsError() ? L"error   " : L"warning ") + line + Describe(finding)),
+                 finding.IsError() ? Tone::kError : Tone::kWarning,
+                 terminal.hasColour);
 }
 
 /// Errors first, each by its line.
-ZetString FindingLines(std::vector<plugin::Finding> findings) {
+ZetString FindingLines(std::vector<plugin::Finding> findings, const Terminal& terminal) {
     const auto keyOf = [](const plugin::Finding& finding) {
         return std::pair(!finding.IsError(), finding.feature ? finding.feature->tag : 0);
     };
@@ -163,7 +166,7 @@ ZetString FindingLines(std::vector<plugin::Finding> findings) {
     ZetString lines;
     for (const plugin::Finding& finding : findings)
         if (finding.IsPrinted())
-            lines += FindingLine(finding);
+            lines += FindingLine(finding, terminal);
     return lines;
 }
 
@@ -246,15 +249,17 @@ ZetString RefusedLines(const CheckSummary& summary) {
 }  // namespace
 
 void CheckTextWriter::AddRead(const CheckReport& report) {
-    const ZetString text = Paragraphs({OneLine(report.file) + L"\n" + HeaderLines(report.header) +
-                                           JudgementLine(report.judgement),
-                                       NoteLines(report.notes),
-                                       HoleTable(report.holes, report.judgement.has_value()),
-                                       NotchTable(report.notches),
-                                       CutTable(report.cuts),
-                                       FindingLines(report.findings),
-                                       FaceLines(report.faces)});
-    m_out.Write(Printable(text + L"\n"));
+    const Terminal terminal = m_out.GetTerminal();
+    const ZetString text =
+        Paragraphs({OneLine(report.file) + L"\n" + HeaderLines(report.header) +
+                        JudgementLine(report.judgement),
+                    NoteLines(report.notes),
+                    HoleTable(report.holes, report.judgement.has_value(), terminal),
+                    NotchTable(report.notches, terminal),
+                    CutTable(report.cuts, terminal),
+                    FindingLines(report.findings, terminal),
+                    FaceLines(report.faces)});
+    m_out.Write(Coloured(Printable(text + L"\n")));
 }
 
 void CheckTextWriter::AddRefused(const dstv::NcError& error) {

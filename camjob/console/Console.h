@@ -17,6 +17,8 @@ class StandardStream : public OutputStream {
     explicit StandardStream(StandardOutput output) : m_descriptor(static_cast<int>(output)) {}
 
     bool IsTerminal() const override;
+    /// Without colour when the user says so (NO_COLOR) or the terminal knows none.
+    Terminal GetTerminal() const override;
 
   protected:
     std::error_code WriteBytes(std::string_view bytes) override;

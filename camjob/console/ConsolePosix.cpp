@@ -1,7 +1,11 @@
+#include "camjob/console/Colour.h"
 #include "camjob/console/Console.h"
 
 #include <cerrno>
 #include <csignal>
+#include <cstdlib>
+#include <string_view>
+#include <sys/ioctl.h>
 #include <unistd.h>
 
 namespace camjob {
@@ -18,6 +22,14 @@ std::error_code StandardStream::WriteBytes(std::string_view bytes) {
 
 bool StandardStream::IsTerminal() const {
     return ::isatty(m_descriptor) == 1;
+}
+
+Terminal StandardStream::GetTerminal() const {
+    winsize size{};
+    if (!IsTerminal() || ::ioctl(m_descriptor, TIOCGWINSZ, &size) != 0)
+        return {};
+    const char* const kind = std::getenv("TERM");
+    return {size.ws_col, WantsColour() && kind != nullptr && kind != std::string_view("dumb")};
 }
 
 ConsoleMode::ConsoleMode() {

@@ -1,3 +1,4 @@
+#include "camjob/console/Colour.h"
 #include "camjob/console/Console.h"
 
 #include "camdata/platform/text/ZetString.h"
@@ -30,6 +31,17 @@ bool StandardStream::IsTerminal() const {
     DWORD mode = 0;
     const auto handle = reinterpret_cast<HANDLE>(::_get_osfhandle(m_descriptor));
     return ::GetConsoleMode(handle, &mode) != 0;
+}
+
+Terminal StandardStream::GetTerminal() const {
+    constexpr DWORD kTakesSequences = 0x0004;
+    DWORD mode = 0;
+    CONSOLE_SCREEN_BUFFER_INFO info{};
+    const auto handle = reinterpret_cast<HANDLE>(::_get_osfhandle(m_descriptor));
+    if (::GetConsoleMode(handle, &mode) == 0 || ::GetConsoleScreenBufferInfo(handle, &info) == 0)
+        return {};
+    return {info.srWindow.Right - info.srWindow.Left + 1,
+            WantsColour() && ::SetConsoleMode(handle, mode | kTakesSequences) != 0};
 }
 
 ConsoleMode::ConsoleMode() : m_previousCodePage(::GetConsoleOutputCP()) {

@@ -6,6 +6,12 @@
 
 namespace camjob {
 
+/// What somebody who is looking sees text on.
+struct Terminal {
+    long width = 0;  ///< columns; 0: no terminal, lines may be as long as they are
+    bool hasColour = false;
+};
+
 /// UTF-8 text on its way out: buffered, handed over in whole lines, up to the first failure.
 class OutputStream {
   public:
@@ -20,6 +26,7 @@ class OutputStream {
     bool Flush();
     /// Somebody is looking: lines may be drawn over.
     virtual bool IsTerminal() const { return false; }
+    virtual Terminal GetTerminal() const { return {}; }
     /// The first failure; no error while there is none.
     const std::error_code& GetFailure() const { return m_failure; }
 

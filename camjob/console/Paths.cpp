@@ -1,10 +1,19 @@
 #include "camjob/console/Paths.h"
 
+#include <filesystem>
+
 namespace camjob {
 
 std::string NameIn(const std::string& folder, const std::string& file) {
     const bool isParted = folder.empty() || folder.back() == '/' || folder.back() == '\\';
     return folder + (isParted ? "" : "/") + file;
+}
+
+std::string NameFromFolderOf(const std::string& other, const std::string& file) {
+    std::error_code ignored;
+    const auto folder = std::filesystem::absolute(PathFromUtf8(other), ignored).parent_path();
+    const auto path = std::filesystem::absolute(PathFromUtf8(file), ignored);
+    return Utf8FromPath(path.lexically_proximate(folder).generic_u8string());
 }
 
 }  // namespace camjob

@@ -12,4 +12,8 @@ using job::Utf8FromPath;
 /// A file in a folder, whose name stays as the user wrote it.
 std::string NameIn(const std::string& folder, const std::string& file);
 
+/// A file's name as seen from the folder of another one, with slashes on every system: it does not
+/// depend on where the program was started.
+std::string NameFromFolderOf(const std::string& other, const std::string& file);
+
 }  // namespace camjob

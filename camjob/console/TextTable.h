@@ -1,5 +1,8 @@
 #pragma once
 
+#include "camjob/console/Colour.h"
+#include "camjob/console/OutputStream.h"
+
 #include "camdata/platform/text/ZetString.h"
 
 #include <vector>
@@ -22,16 +25,23 @@ class TextTable {
     explicit TextTable(std::vector<Column> columns);
 
     /// One text per column.
-    void AddRow(std::vector<ZetString> cells);
-    /// The whole table as lines of a report below their heading; "" without rows.
-    ZetString Format() const;
+    void AddRow(std::vector<ZetString> cells, Tone tone = Tone::kPlain);
+    /// The whole table as lines of a report below their heading; "" without rows. On a terminal
+    /// texts are cut in their middle until the lines fit, and rows have the colour of their tone.
+    ZetString Format(const Terminal& terminal = {}) const;
 
   private:
-    ZetString FormatRow(const std::vector<ZetString>& cells) const;
+    struct Row {
+        std::vector<ZetString> cells;
+        Tone tone = Tone::kPlain;
+    };
+
+    std::vector<long> WidthsFor(long lineWidth) const;
+    ZetString FormatRow(const std::vector<ZetString>& cells, const std::vector<long>& widths) const;
 
     std::vector<Column> m_columns;
     std::vector<long> m_widths;
-    std::vector<std::vector<ZetString>> m_rows;  ///< the first: titles; the second: the rule
+    std::vector<Row> m_rows;  ///< the first: titles
 };
 
 }  // namespace camjob

@@ -23,13 +23,15 @@ FeatureAccounts SettleAccounts(const std::vector<dstv::NcEntry>& entries,
                                const plugin::Ledger& ledger) {
     FeatureAccounts accounts;
     for (const dstv::NcEntry& entry : entries) {
-        if (const auto account = AccountOf(entry, ledger, true))
-            ++accounts.whenMade[*account];
-        else
+        const auto whenMade = AccountOf(entry, ledger, true);
+        if (!whenMade)
             accounts.lost.push_back(
                 {entry.line,
                  ZetString::format(L"%s: neither made nor told", ZetString(entry.kind))});
-        ++accounts.whenNotMade[AccountOf(entry, ledger, false).value_or(Account::kNotMade)];
+        accounts.features.push_back({entry.kind,
+                                     entry.line,
+                                     whenMade.value_or(Account::kNotMade),
+                                     AccountOf(entry, ledger, false).value_or(Account::kNotMade)});
     }
     for (const long tag : ledger.GetStrangeTags())
         accounts.lost.push_back({tag, L"an operation or a message belongs to no feature"});

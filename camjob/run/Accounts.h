@@ -15,11 +15,20 @@ struct LostFeature {
     ZetString text;
 };
 
-/// How many features of one file ended where.
+/// A feature of a file, and where it ended.
+struct AccountedFeature {
+    const wchar_t* kind = L"";  ///< in words
+    long line = 0;
+    plugin::Account whenMade = plugin::Account::kMade;        ///< when the member is made
+    plugin::Account whenNotMade = plugin::Account::kNotMade;  ///< when it is not
+
+    plugin::Account Get(bool isMemberMade) const { return isMemberMade ? whenMade : whenNotMade; }
+};
+
+/// Where the features of one file ended.
 struct FeatureAccounts {
-    plugin::AccountNumbers whenMade;     ///< when the member is in the machine files
-    plugin::AccountNumbers whenNotMade;  ///< when it is not
-    std::vector<LostFeature> lost;       ///< when it is: a fault of the program
+    std::vector<AccountedFeature> features;  ///< in the order of their lines
+    std::vector<LostFeature> lost;           ///< when the member is made: a fault of the program
 };
 
 /// Joins what the reader has met with what the plug-in has made of it, feature by feature.

@@ -2,6 +2,7 @@
 
 #include "camjob/console/Paths.h"
 #include "camjob/input/JobReading.h"
+#include "camjob/show/PartDrawing.h"
 
 #include <algorithm>
 #include <utility>
@@ -25,11 +26,11 @@ long CountNoted(const dstv::NcPart& part) {
 
 }  // namespace
 
-JobInput::JobInput(const job::Job& job, plugin::JobRun& run, ReportPage* page)
+JobInput::JobInput(const job::Job& job, plugin::JobRun& run, MemberDrawings* drawings)
     : m_job(job),
       m_reading(ReadingOf(job)),
       m_run(run),
-      m_page(page),
+      m_drawings(drawings),
       m_assemblies(AssembliesOf(job)) {}
 
 void JobInput::Read(const std::filesystem::path& file) {
@@ -109,12 +110,12 @@ bool JobInput::IsReady(const Part& part) const {
 }
 
 plugin::JobRun::Observer JobInput::ObserverOf(const Part& part) {
-    if (m_page == nullptr)
+    if (m_drawings == nullptr)
         return {};
     return [this, &part](const plugin::JobMember& member,
                          const job::MemberType& type,
                          const ZetNCCreator& creator) {
-        m_page->Draw(*part.entity, member, type, creator);
+        m_drawings->Add(DrawingOf(*part.entity, ReportOf(*part.entity, creator, member, type)));
     };
 }
 

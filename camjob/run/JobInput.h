@@ -1,6 +1,6 @@
 #pragma once
 
-#include "camjob/run/ReportPage.h"
+#include "camjob/run/MemberDrawings.h"
 #include "camjob/run/RunReport.h"
 #include "dstv/NcAssemblies.h"
 #include "dstv/NcHost.h"
@@ -23,8 +23,8 @@ namespace camjob {
 /// assembly, and those behind it with it.
 class JobInput {
   public:
-    /// Job, run and page must outlive the input. `page` null: none is made.
-    JobInput(const job::Job& job, plugin::JobRun& run, ReportPage* page);
+    /// Job, run and drawings must outlive the input. `drawings` null: none are needed.
+    JobInput(const job::Job& job, plugin::JobRun& run, MemberDrawings* drawings);
 
     void Read(const std::filesystem::path& file);
     /// After the last file.
@@ -77,7 +77,7 @@ class JobInput {
     const job::Job& m_job;
     const dstv::NcReading m_reading;
     plugin::JobRun& m_run;
-    ReportPage* m_page;
+    MemberDrawings* m_drawings;
     dstv::NcAssemblies m_assemblies;
     RunInput m_counts;
     std::size_t m_position = 0;

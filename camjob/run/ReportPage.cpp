@@ -1,22 +1,27 @@
 #include "camjob/run/ReportPage.h"
 
+#include "camjob/compare/ChangeRows.h"
 #include "camjob/console/Paths.h"
 #include "camjob/console/ReportText.h"
+#include "camjob/run/FeatureWords.h"
 #include "camjob/run/RunText.h"
 #include "camjob/show/PartDrawing.h"
+#include "job/Job.h"
+#include "report/page/RunPage.h"
 
 #include "camdata/platform/system/Clock.h"
 
 #include <algorithm>
-#include <filesystem>
 #include <iterator>
+#include <map>
+#include <optional>
+#include <unordered_map>
 #include <utility>
 
 namespace camjob {
 
 namespace {
 
-namespace fs = std::filesystem;
 using report::FeatureState;
 using report::PageFact;
 using report::PageTable;
@@ -48,6 +53,21 @@ std::vector<PageFact> ProjectFacts(const CProjectInformation& project) {
     };
 }
 
+/// What the plans save beside filling bars with the longest pieces first.
+std::string SavingOf(const RunReport& report) {
+    std::map<plugin::PlanUnit, const plugin::ProfilePlan*> planOfUnit;
+    std::map<plugin::PlanUnit, cutting::Cost> savings;
+    for (const RunPlan& plan : report.plans) {
+        planOfUnit[plan.plan.unit] = &plan.plan;
+        savings[plan.plan.unit] += plan.plan.firstFit - plan.plan.plan.cost;
+    }
+    std::vector<ZetString> texts;
+    for (const auto& [unit, saving] : savings)
+        if (saving > 0)
+            texts.push_back(DescribeCost(*planOfUnit[unit], saving));
+    return Joined(texts, L" and ").toUtf8();
+}
+
 std::vector<PageFact> Totals(const RunReport& report) {
     long pieces = 0;
     long valid = 0;
@@ -70,6 +90,7 @@ std::vector<PageFact> Totals(const RunReport& report) {
         {"Non-standard",  Text(nonStandard)                              },
         {"Pieces",        Text(pieces)                                   },
         {"Bars",          report.plans.empty() ? "" : Text(bars)         },
+        {"Plans save",    SavingOf(report)                               },
         {"NC files read", Text(report.input.filesRead)                   },
         {"Features",      DescribeAccounts(report.SumAccounts()).toUtf8()},
     };
@@ -138,19 +159,28 @@ PageTable FileTable(const RunReport& report) {
          ""
     };
     for (const RunFile& file : report.files)
-        table.rows.push_back(
-            {Utf8FromPath(PathFromUtf8(file.name).filename()), std::to_string(file.bytes)});
+        table.rows.push_back({Utf8FromPath(PathFromUtf8(file.name).filename()),
+                              file.bytes ? std::to_string(*file.bytes) : "this page"});
     return table;
 }
 
-PageTable LeftOutTable(const RunReport& report) {
+/// The place has columns of its own.
+std::string TextBehindPlace(const RunFault& fault) {
+    const std::string text = fault.TextBehindFile();
+    const std::size_t start = text.find_first_not_of(":0123456789 ");
+    return start == std::string::npos ? text : text.substr(start);
+}
+
+PageTable LeftOutTable(const RunReport& report, const job::Job& job) {
     PageTable table = {
         "Files left out", {"File", "Line", "Why"},
          {     },
          ""
     };
     for (const RunFault& fault : report.leftOut)
-        table.rows.push_back({fault.file, fault.line == 0 ? "" : Text(fault.line), fault.message});
+        table.rows.push_back({NameFromFolderOf(job.file, fault.file),
+                              fault.line == 0 ? "" : Text(fault.line),
+                              TextBehindPlace(fault)});
     return table;
 }
 
@@ -195,24 +225,6 @@ FeatureState StateOf(const plugin::MemberOutcome& outcome) {
     return outcome.hasWarnings ? FeatureState::kWarning : FeatureState::kInOrder;
 }
 
-/// What the job wants to have told, the errors first.
-std::vector<report::DrawnFinding> FindingsOf(const plugin::MemberResult& result) {
-    std::vector<report::DrawnFinding> findings;
-    for (const plugin::Finding& finding : result.findings) {
-        const bool isWarning = finding.report == eReportingWarning ||
-                               finding.report == eReportingSecondWarning ||
-                               finding.report == eReportingDefault;
-        if (finding.IsError() || isWarning)
-            findings.push_back({finding.IsError() ? FeatureState::kError : FeatureState::kWarning,
-                                finding.text.toUtf8(),
-                                finding.feature ? finding.feature->tag : 0});
-    }
-    std::stable_partition(findings.begin(), findings.end(), [](const auto& finding) {
-        return finding.state == FeatureState::kError;
-    });
-    return findings;
-}
-
 PageTable NoteTable(const RunReport& report) {
     PageTable table = {
         "What the reader of the NC files says", {"File",  "Line", "Text"},
@@ -226,54 +238,116 @@ PageTable NoteTable(const RunReport& report) {
     return table;
 }
 
+/// Where a feature lay in an earlier output; null when the member has no such face any more.
+std::optional<report::DrawnFeature> EarlierFeature(const OutputFeature& feature,
+                                                   const report::MemberDrawing& drawing) {
+    const auto face = std::find_if(drawing.faces.begin(),
+                                   drawing.faces.end(),
+                                   [&](const auto& each) { return each.name == feature.face; });
+    if (face == drawing.faces.end())
+        return std::nullopt;
+    report::DrawnFeature drawn;
+    drawn.kind = KindOfWord(feature.kind);
+    drawn.state = FeatureState::kSetAside;
+    drawn.face = static_cast<std::size_t>(face - drawing.faces.begin());
+    drawn.at = {feature.xInFile, feature.yInFile};
+    drawn.told = {feature.x, feature.y};
+    drawn.size = feature.size;
+    drawn.length = feature.length;
+    drawn.angle = feature.angle;
+    drawn.shape = feature.kind;
+    drawn.code = feature.code;
+    return drawn;
+}
+
+void AddChanges(const MemberChange& change,
+                const report::MemberDrawing& drawing,
+                report::RunPage& page,
+                report::PageMember& member) {
+    for (const ChangeRow& row : RowsOf(change))
+        member.changes.push_back({row.what, row.before, row.after});
+    std::vector<report::DrawnFeature> earlier;
+    for (const FeatureChange& feature : change.features)
+        if (feature.before && feature.kind != FeatureChangeKind::kRecoded)
+            if (auto drawn = EarlierFeature(*feature.before, drawing))
+                earlier.push_back(*std::move(drawn));
+    member.earlier = page.Compact(earlier);
+}
+
+/// Of the members, then of the bars.
+std::vector<PageTable> ChangeTables(const RunReport& report) {
+    if (!report.changes)
+        return {};
+    const OutputChanges& changes = *report.changes;
+    const std::string title = "What has changed: " + DescribeChanges(changes);
+    PageTable members = {
+        title, {"Member",   "What", "Before", "Now"},
+         {},
+         "No member differs.", true
+    };
+    PageTable bars = {
+        "Bars that have changed", {"Bars",     "What", "Before", "Now"},
+         {},
+         ""
+    };
+    for (const MemberChange& change : changes.members)
+        for (const ChangeRow& row : RowsOf(change))
+            members.rows.push_back({row.name, row.what, row.before, row.after});
+    for (const BarChange& change : changes.bars) {
+        const ChangeRow row = RowOf(change);
+        bars.rows.push_back({row.name, row.what, row.before, row.after});
+    }
+    return {members, bars};
+}
+
+report::PageMember PageMemberOf(const RunReport& report, std::size_t index, const job::Job& job) {
+    const RunMember& source = report.members[index];
+    const plugin::MemberResult& result = source.result;
+    report::PageMember member;
+    member.mark = result.mark.toUtf8();
+    member.profile = result.profileName.toUtf8();
+    member.length = report.drawings.GetLength(index);
+    member.quantity = result.quantity;
+    member.group = job.groups[result.group].id.toUtf8();
+    member.file = NameFromFolderOf(job.file, source.file);
+    member.state = StateOf(result.outcome);
+    member.isNonStandard = result.outcome.isNonStandard;
+    member.findings = DrawnFindings(result.findings);
+    member.accounts = DescribeAccounts(source.CountAccounts()).toUtf8();
+    member.drawing = report.drawings.GetCompact(index);
+    return member;
+}
+
 }  // namespace
 
-void ReportPage::Draw(const dstv::NcFileEntity& entity,
-                      const plugin::JobMember& member,
-                      const job::MemberType& type,
-                      const ZetNCCreator& creator) {
-    const report::MemberDrawing drawing =
-        DrawingOf(entity, ReportOf(entity, creator, member, type));
-    m_members.push_back({drawing.length, m_page.Compact(drawing)});
-}
-
-/// Files are named from the job's folder, wherever the run was started.
-void ReportPage::AddMembers(const RunReport& report) {
-    const fs::path folder = PathFromUtf8(m_job.file).parent_path();
-    for (std::size_t i = 0; i < report.members.size(); ++i) {
-        const auto& [result, file, accounts] = report.members[i];
-        Member& drawn = m_members[i];
-        report::PageMember member;
-        member.mark = result.mark.toUtf8();
-        member.profile = result.profileName.toUtf8();
-        member.length = drawn.length;
-        member.quantity = result.quantity;
-        member.group = m_job.groups[result.group].id.toUtf8();
-        member.file =
-            Utf8FromPath(PathFromUtf8(file).lexically_proximate(folder).generic_u8string());
-        member.state = StateOf(result.outcome);
-        member.isNonStandard = result.outcome.isNonStandard;
-        member.findings = FindingsOf(result);
-        member.accounts = DescribeAccounts(accounts).toUtf8();
-        member.drawing = std::move(drawn.drawing);
-        m_page.AddMember(member);
-    }
-}
-
-std::string ReportPage::MakeHtml(const RunReport& report, const CProjectInformation& project) {
-    m_page.name = m_job.name.toUtf8();
-    m_page.project = ProjectFacts(project);
-    m_page.totals = Totals(report);
-    m_page.tables = {GroupTable(report),
-                     FileTable(report),
-                     LeftOutTable(report),
-                     NoteTable(report),
-                     MemberTypeTable(m_job),
-                     HoleRuleTable(m_job)};
+std::string MakeReportPage(const RunReport& report,
+                           const job::Job& job,
+                           const CProjectInformation& project) {
+    report::RunPage page(report.drawings.GetTexts());
+    page.name = job.name.toUtf8();
+    page.project = ProjectFacts(project);
+    page.totals = Totals(report);
+    page.tables = {GroupTable(report),
+                   FileTable(report),
+                   LeftOutTable(report, job),
+                   NoteTable(report),
+                   MemberTypeTable(job),
+                   HoleRuleTable(job)};
     std::transform(
-        report.plans.begin(), report.plans.end(), std::back_inserter(m_page.plans), &PlanOf);
-    AddMembers(report);
-    return m_page.ToHtml();
+        report.plans.begin(), report.plans.end(), std::back_inserter(page.plans), &PlanOf);
+    page.changes = ChangeTables(report);
+    std::unordered_map<std::string, const MemberChange*> changeOfMark;
+    if (report.changes)
+        for (const MemberChange& change : report.changes->members)
+            changeOfMark.insert({change.mark, &change});
+    for (std::size_t i = 0; i < report.members.size(); ++i) {
+        report::PageMember member = PageMemberOf(report, i, job);
+        const auto change = changeOfMark.find(member.mark);
+        if (change != changeOfMark.end())
+            AddChanges(*change->second, report.drawings.Get(i), page, member);
+        page.AddMember(member);
+    }
+    return page.ToHtml();
 }
 
 }  // namespace camjob

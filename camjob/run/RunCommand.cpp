@@ -3,12 +3,14 @@
 #include "camjob/console/Paths.h"
 #include "camjob/console/Progress.h"
 #include "camjob/console/ReportText.h"
+#include "camjob/disk/FileStream.h"
 #include "camjob/disk/RevocableFiles.h"
 #include "camjob/disk/StagedOutput.h"
 #include "camjob/project/ProjectDialog.h"
 #include "camjob/project/ProjectSettings.h"
 #include "camjob/run/JobInput.h"
 #include "camjob/run/ReportPage.h"
+#include "camjob/run/RunComparison.h"
 #include "camjob/run/RunJson.h"
 #include "camjob/run/RunReport.h"
 #include "camjob/run/RunText.h"
@@ -18,7 +20,7 @@
 
 #include <algorithm>
 #include <filesystem>
-#include <fstream>
+#include <functional>
 #include <iterator>
 #include <map>
 #include <new>
@@ -107,11 +109,13 @@ class JobRunner {
     void NoteUnprinted(const std::string& file, const plugin::MemberResult& member);
     bool AddsUp();
     void TakeResults(plugin::JobRun& run, const fs::path& staging);
-    std::vector<ZetString> FileNames(const ZetString& fileName) const;
-    bool WritePage(plugin::JobRun& run, const fs::path& staging);
+    std::vector<fs::path> FileNames(const ZetString& fileName) const;
+    bool Compare(plugin::JobRun& run);
+    bool WriteReports(plugin::JobRun& run, const fs::path& staging);
+    bool WriteReport(const fs::path& staged, const std::function<void(OutputStream&)>& write);
 
-    std::string OutputName(const ZetString& file) const {
-        return NameIn(m_report.folder, file.toUtf8());
+    std::string OutputName(const fs::path& file) const {
+        return NameIn(m_report.folder, Utf8FromPath(file));
     }
     static std::string ReasonOf(const FileFault& fault);
     std::string TextOf(const FileFault& fault) const;
@@ -133,7 +137,6 @@ class JobRunner {
     std::vector<fs::path> m_ncFiles;
     std::vector<std::string> m_memberFiles;
     std::vector<FeatureAccounts> m_memberAccounts;
-    ReportPage m_page{m_job};
 };
 
 RunReport JobRunner::Run() {
@@ -185,7 +188,7 @@ void JobRunner::RunInFolder() {
     if (!AddsUp())
         return m_report.DropResults();
     TakeResults(run, output.GetStagingFolder());
-    if (WritePage(run, output.GetStagingFolder()))
+    if (Compare(run) && WriteReports(run, output.GetStagingFolder()))
         output.Commit();
     else
         m_report.DropResults();
@@ -194,7 +197,7 @@ void JobRunner::RunInFolder() {
 /// The project information of the job, of earlier dialogs, and of the user.
 bool JobRunner::PrepareProject(plugin::JobRun& run) {
     CProjectInformation& project = run.GetProjectInfo();
-    m_report.settingsFile = OutputName(m_job.project.settingsFile);
+    m_report.settingsFile = NameIn(m_report.folder, m_job.project.settingsFile.toUtf8());
     ProjectSettings settings(m_job, project);
     const bool isUsed =
         m_job.project.settings == job::SettingsUse::kUse && !m_options.ignoresSettings;
@@ -240,7 +243,8 @@ bool JobRunner::ShowDialog(plugin::JobRun& run,
 }
 
 bool JobRunner::ReadInput(plugin::JobRun& run) {
-    JobInput input(m_job, run, m_job.reports.hasPage ? &m_page : nullptr);
+    const bool isTold = m_options.asJson || m_job.reports.hasPage || m_job.reports.hasRunDocument;
+    JobInput input(m_job, run, isTold ? &m_report.drawings : nullptr);
     if (!ReadFiles(input))
         return false;
     input.Finish();
@@ -282,7 +286,7 @@ bool JobRunner::ReadFiles(JobInput& input) {
 /// in another case and links lead to the same file.
 std::vector<std::string> JobRunner::InputsReplacedBy(const ZetString& fileName) const {
     std::vector<fs::path> outputs;
-    for (const ZetString& name : FileNames(fileName))
+    for (const fs::path& name : FileNames(fileName))
         outputs.push_back(PathFromUtf8(OutputName(name)));
     std::vector<std::string> replaced;
     InFolder isBesideOutput(PathFromUtf8(m_report.folder));
@@ -304,7 +308,8 @@ std::string JobRunner::FindNameFault(const ZetString& fileName) const {
         return fault;
     const std::wstring kept[] = {job::SmallLetters(m_job.project.settingsFile),
                                  job::SmallLetters(job::SettingsOriginFile(m_job.project))};
-    for (const ZetString& name : FileNames(fileName)) {
+    for (const job::OutputEnding& output : job::OutputEndings(m_job)) {
+        const ZetString name = fileName + output.ending;
         if (std::string fault = job::FaultOfFileName(name); !fault.empty())
             return name.toUtf8() + ": " + fault;
         if (std::count(std::begin(kept), std::end(kept), job::SmallLetters(name)) > 0)
@@ -345,8 +350,6 @@ bool JobRunner::Write(plugin::JobRun& run, const StagedOutput& output) {
 void JobRunner::TakeMembers(plugin::JobRun& run) {
     std::vector<plugin::MemberResult> members = run.TakeMemberResults();
     for (std::size_t i = 0; i < members.size(); ++i) {
-        const FeatureAccounts& accounts = m_memberAccounts[i];
-        const bool isMade = members[i].IsMade();
         for (plugin::FeatureNote& note : members[i].notes) {
             ++m_report.input.notes;
             m_report.notes.push_back({
@@ -357,7 +360,7 @@ void JobRunner::TakeMembers(plugin::JobRun& run) {
         NoteUnprinted(m_memberFiles[i], members[i]);
         m_report.members.push_back({std::move(members[i]),
                                     std::move(m_memberFiles[i]),
-                                    isMade ? accounts.whenMade : accounts.whenNotMade});
+                                    std::move(m_memberAccounts[i].features)});
     }
 }
 
@@ -396,15 +399,16 @@ bool JobRunner::AddsUp() {
     return m_report.faults.empty();
 }
 
-ZetString PageName(plugin::JobRun& run) {
-    return run.GetProjectInfo().GetFileName() + job::kPageEnding;
+/// Of a file that tells of the others.
+fs::path NameOf(plugin::JobRun& run, const wchar_t* ending) {
+    return PathFromUtf8((run.GetProjectInfo().GetFileName() + ending).toUtf8());
 }
 
 /// Of all files of an output whose names begin so.
-std::vector<ZetString> JobRunner::FileNames(const ZetString& fileName) const {
-    std::vector<ZetString> names;
+std::vector<fs::path> JobRunner::FileNames(const ZetString& fileName) const {
+    std::vector<fs::path> names;
     for (const job::OutputEnding& output : job::OutputEndings(m_job))
-        names.push_back(fileName + output.ending);
+        names.push_back(PathFromUtf8((fileName + output.ending).toUtf8()));
     return names;
 }
 
@@ -413,27 +417,64 @@ void JobRunner::TakeResults(plugin::JobRun& run, const fs::path& staging) {
         m_report.groups.push_back({m_job.groups[group.group].id, group});
     for (const plugin::ProfilePlan& plan : run.GetPlans())
         m_report.plans.push_back({m_job.groups[plan.group].id, plan});
-    for (const ZetString& name : run.GetFileNames()) {
-        std::error_code ignored;
-        m_report.files.push_back(
-            {OutputName(name), fs::file_size(staging / PathFromUtf8(name.toUtf8()), ignored)});
+    for (const fs::path& name : FileNames(run.GetProjectInfo().GetFileName())) {
+        std::error_code fault;
+        const std::uintmax_t bytes = fs::file_size(staging / name, fault);
+        m_report.files.push_back({OutputName(name), fault ? std::nullopt : std::optional(bytes)});
     }
 }
 
-/// Tells of the other files, not of itself.
-bool JobRunner::WritePage(plugin::JobRun& run, const fs::path& staging) {
-    if (!m_job.reports.hasPage)
+/// With the output that the user names, else with the one that is replaced, when there is one whose
+/// members differ: a run that is repeated tells what it told.
+bool JobRunner::Compare(plugin::JobRun& run) {
+    const bool isAsked = !m_options.against.empty();
+    const std::string older =
+        isAsked ? m_options.against : OutputName(NameOf(run, job::kRunDocumentEnding));
+    std::error_code ignored;
+    const bool isTold = m_report.drawings.GetCount() == m_report.members.size();
+    if (!isTold || (!isAsked && !fs::exists(PathFromUtf8(older), ignored)))
         return true;
-    const std::string html = m_page.MakeHtml(m_report, run.GetProjectInfo());
-    const std::string name = PageName(run).toUtf8();
-    std::ofstream file(staging / PathFromUtf8(name), std::ios::binary);
-    file.write(html.data(), static_cast<std::streamsize>(html.size()));
-    file.close();
-    if (file.fail()) {
-        Fail(NameIn(m_report.folder, name) + ": cannot be written");
+    auto changes = ChangesSince(older, ToCompare(m_report));
+    if (const auto* none = std::get_if<NoOutput>(&changes)) {
+        if (isAsked)
+            Complain("", "camjob: " + none->message);
+        m_report.uncompared = none->message;
+        return !isAsked || Refuse();
+    }
+    auto& found = std::get<OutputChanges>(changes);
+    if (isAsked || found.HasMembers())
+        m_report.changes = std::move(found);
+    return true;
+}
+
+/// The document before the page: it tells neither its own size nor that of the page, which has the
+/// date.
+bool JobRunner::WriteReports(plugin::JobRun& run, const fs::path& staging) {
+    const auto writeDocument = [&](OutputStream& out) {
+        RunJsonWriter(RunJsonWriter::Form::kDocument, out).Write(m_report);
+    };
+    const auto writePage = [&](OutputStream& out) {
+        out.Write(MakeReportPage(m_report, m_job, run.GetProjectInfo()));
+    };
+    return (!m_job.reports.hasRunDocument ||
+            WriteReport(staging / NameOf(run, job::kRunDocumentEnding), writeDocument)) &&
+           (!m_job.reports.hasPage ||
+            WriteReport(staging / NameOf(run, job::kPageEnding), writePage));
+}
+
+bool JobRunner::WriteReport(const fs::path& staged,
+                            const std::function<void(OutputStream&)>& write) {
+    FileStream stream(staged);
+    write(stream);
+    const std::string name = NameIn(m_report.folder, Utf8FromPath(staged.filename()));
+    if (!stream.Close()) {
+        Fail(name + ": cannot be written");
         return false;
     }
-    m_report.files.push_back({NameIn(m_report.folder, name), html.size()});
+    std::error_code ignored;
+    for (RunFile& file : m_report.files)
+        if (file.name == name)
+            file.bytes = fs::file_size(staged, ignored);
     return true;
 }
 
@@ -468,6 +509,17 @@ void JobRunner::Fail(const std::string& message) {
     m_report.faults.push_back({"", 0, 0, message});
 }
 
+/// The document on its way to the screen, for its end when the memory fails.
+RunJsonWriter* s_unfinished = nullptr;
+
+class Unfinished {
+  public:
+    explicit Unfinished(RunJsonWriter& writer) { s_unfinished = &writer; }
+    ~Unfinished() { s_unfinished = nullptr; }
+    Unfinished(const Unfinished&) = delete;
+    Unfinished& operator=(const Unfinished&) = delete;
+};
+
 }  // namespace
 
 int RunJob(const RunOptions& options,
@@ -475,9 +527,11 @@ int RunJob(const RunOptions& options,
            OutputStream& out,
            OutputStream& err) {
     RunReport report = JobRunner(options, system, err).Run();
+    RunJsonWriter json(RunJsonWriter::Form::kScreen, out);
+    const Unfinished unfinished(json);
     const auto write = [&] {
         if (options.asJson)
-            WriteRunJson(report, out);
+            json.Write(report);
         else
             WriteRunText(report, options.showsNotes, out, err);
     };
@@ -492,8 +546,13 @@ int RunJob(const RunOptions& options,
 }
 
 void WriteRunWithoutMemory(bool isBegun, OutputStream& out) {
-    if (!isBegun)
-        WriteRunJson(ReportWithoutMemory({}, true), out);
+    const RunReport report = ReportWithoutMemory({}, true);
+    if (!isBegun) {
+        RunJsonWriter(RunJsonWriter::Form::kScreen, out).Write(report);
+    } else if (s_unfinished != nullptr) {
+        s_unfinished->GoOnIn(out);
+        s_unfinished->Write(report);
+    }
 }
 
 }  // namespace camjob

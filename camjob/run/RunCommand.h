@@ -11,8 +11,9 @@ namespace camjob {
 
 /// The command line of `camjob run`.
 struct RunOptions {
-    std::string job;     ///< name of the job file, UTF-8
-    std::string folder;  ///< of the output, UTF-8; "": as the job says
+    std::string job;      ///< name of the job file, UTF-8
+    std::string folder;   ///< of the output, UTF-8; "": as the job says
+    std::string against = {};  ///< an earlier output to compare with; "": the one that is replaced
     bool asJson = false;
     bool showsNotes = false;       ///< of the reader, besides its warnings
     bool showsDialog = false;      ///< for the project information, before anything is read
@@ -34,7 +35,7 @@ int RunJob(const RunOptions& options,
            OutputStream& out,
            OutputStream& err);
 
-/// The document of a run that the memory was not enough for; nothing when one is out already.
+/// The document of a run that the memory was not enough for, or the rest of one that is begun.
 void WriteRunWithoutMemory(bool isBegun, OutputStream& out);
 
 }  // namespace camjob

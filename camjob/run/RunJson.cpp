@@ -1,6 +1,8 @@
 #include "camjob/run/RunJson.h"
 
-#include "camjob/check/FindingJson.h"
+#include "camjob/compare/ChangesJson.h"
+#include "camjob/compare/RunDocument.h"
+#include "camjob/run/MemberJson.h"
 
 #include <array>
 
@@ -8,22 +10,10 @@ namespace camjob {
 
 namespace {
 
-/// Changes with every change that a reader of the document could stumble over.
-constexpr const char* kSchema = "camjob-run/2";
-
 /// By the value of RunStatus.
 constexpr std::array kStatusWords = {"done", "refused", "cancelled", "failed", "declined", "fault"};
 
-Json ToJson(const RunFault& fault) {
-    return {
-        {"file",    fault.file   },
-        {"line",    fault.line   },
-        {"column",  fault.column },
-        {"message", fault.message},
-    };
-}
-
-Json ToJson(const TakenSetting& setting) {
+Json SettingJson(const TakenSetting& setting) {
     return {
         {"key",     setting.key            },
         {"value",   setting.value.toUtf8() },
@@ -33,94 +23,12 @@ Json ToJson(const TakenSetting& setting) {
     };
 }
 
-Json ToJson(const RunInput& input) {
+Json InputJson(const RunInput& input) {
     return {
         {"filesRead", input.filesRead},
         {"skipped",   input.skipped  },
         {"notes",     input.notes    },
         {"warnings",  input.warnings },
-    };
-}
-
-Json ToJson(const RunNote& note) {
-    const bool isWarning = note.note.severity == dstv::NcNote::Severity::kWarning;
-    return {
-        {"file",     note.file                     },
-        {"line",     note.note.line                },
-        {"severity", isWarning ? "warning" : "note"},
-        {"text",     note.note.text.toUtf8()       },
-    };
-}
-
-/// By Account.
-constexpr std::array kAccountNames = {
-    "made", "refused", "not_made", "set_aside", "noted", "not_for_machine"};
-static_assert(kAccountNames.size() == plugin::kAccountCount);
-
-Json ToJson(const plugin::AccountNumbers& accounts) {
-    Json object = Json::object();
-    for (std::size_t i = 0; i < kAccountNames.size(); ++i)
-        object[kAccountNames[i]] = accounts.features[i];
-    return object;
-}
-
-/// By SetAside.
-constexpr std::array kReasonNames = {"", "marked", "inside_slot", "duplicate", "countersink"};
-
-Json ToJson(const plugin::SetAsideFeature& setAside, const std::string& file) {
-    const bool hasOther = setAside.other.tag != 0;
-    return {
-        {"feature", FeatureJson(setAside.feature)                                },
-        {"reason",  kReasonNames[static_cast<std::size_t>(setAside.reason)]},
-        {"other",   hasOther ? FeatureJson(setAside.other) : Json()              },
-        {"file",    file                                                    },
-        {"line",    setAside.feature.tag                                    },
-    };
-}
-
-template <typename T>
-Json ListIn(const std::string& file, const std::vector<T>& items) {
-    Json array = Json::array();
-    for (const T& item : items)
-        array.push_back(ToJson(item, file));
-    return array;
-}
-
-Json ToJson(const RunUnmadeFile& file) {
-    return {
-        {"file",     file.file            },
-        {"mark",     file.mark.toUtf8()   },
-        {"accounts", ToJson(file.accounts)},
-    };
-}
-
-Json ToJson(const RunMember& member) {
-    const plugin::MemberResult& result = member.result;
-    return {
-        {"file",        member.file                 },
-        {"mark",        result.mark.toUtf8()        },
-        {"profileName", result.profileName.toUtf8() },
-        {"group",       result.group                },
-        {"quantity",    result.quantity             },
-        {"valid",       result.outcome.isValid      },
-        {"warnings",    result.outcome.hasWarnings  },
-        {"nonStandard", result.outcome.isNonStandard},
-        {"left",        result.left                 },
-        {"accounts",    ToJson(member.accounts)     },
-        {"findings",    FindingsJson(result.findings, member.file)},
-        {"setAside",    ListIn(member.file, result.setAside)},
-    };
-}
-
-Json ToJson(const RunGroup& group) {
-    return {
-        {"group",        group.result.group       },
-        {"name",         group.name.toUtf8()      },
-        {"members",      group.result.members     },
-        {"pieces",       group.result.pieces      },
-        {"invalid",      group.result.invalid     },
-        {"withWarnings", group.result.withWarnings},
-        {"nonStandard",  group.result.nonStandard },
     };
 }
 
@@ -149,21 +57,71 @@ Json EntriesJson(const plugin::ProfilePlan& plan) {
         for (cutting::Count other = 1; other < bars.bars; ++other)
             walk.Next(bars);
         entries.push_back({
-            {"bar",    bar                             },
-            {"count",  bars.bars                       },
-            {"stock",  plan.stocks[bars.stock].length  },
-            {"kerf",   plan.stocks[bars.stock].kerf    },
-            {"remnant", plan.stocks[bars.stock].remnant ? Json(plan.stocks[bars.stock].name.toUtf8()) : Json()},
-            {"offCut", plugin::Millimetres(bars.offCut)},
-            {"kept",   IsKept(plan,                      bars)},
-            {"pieces",        std::move(pieces)                                },
+            {"bar",     bar                             },
+            {"count",   bars.bars                       },
+            {"stock",   plan.stocks[bars.stock].length  },
+            {"kerf",    plan.stocks[bars.stock].kerf    },
+            {"remnant",
+             plan.stocks[bars.stock].remnant ? Json(plan.stocks[bars.stock].name.toUtf8())
+                                             : Json()   },
+            {"offCut",  plugin::Millimetres(bars.offCut)},
+            {"kept",    IsKept(plan,                      bars)},
+            {"pieces",         std::move(pieces)                                 },
         });
         bar += static_cast<long>(bars.bars);
     }
     return entries;
 }
 
-Json ToJson(const RunPlan& run) {
+}  // namespace
+
+Json RunJsonWriter::ToJson(const RunFault& fault) const {
+    return {
+        {"file",    NameOf(fault.file)                                                        },
+        {"line",    fault.line                                                                },
+        {"column",  fault.column                                                              },
+        {"message", m_isDocument ? NameOf(fault.file) + fault.TextBehindFile() : fault.message},
+    };
+}
+
+Json RunJsonWriter::ToJson(const RunNote& note) const {
+    const bool isWarning = note.note.severity == dstv::NcNote::Severity::kWarning;
+    return {
+        {"file",     NameOf(note.file)             },
+        {"line",     note.note.line                },
+        {"severity", isWarning ? "warning" : "note"},
+        {"text",     note.note.text.toUtf8()       },
+    };
+}
+
+Json RunJsonWriter::ToJson(const RunUnmadeFile& file) const {
+    return {
+        {"file",     NameOf(file.file)          },
+        {"mark",     file.mark.toUtf8()         },
+        {"accounts", AccountsJson(file.accounts)},
+    };
+}
+
+Json RunJsonWriter::ToJson(const RunFile& file) const {
+    return {
+        {"name",  m_isDocument ? WithoutFolder(file.name) : file.name},
+        {"bytes", file.bytes ? Json(*file.bytes) : Json()            },
+    };
+}
+
+Json RunJsonWriter::ToJson(const RunGroup& group) {
+    return {
+        {"group",        group.result.group       },
+        {"name",         group.name.toUtf8()      },
+        {"members",      group.result.members     },
+        {"pieces",       group.result.pieces      },
+        {"invalid",      group.result.invalid     },
+        {"withWarnings", group.result.withWarnings},
+        {"nonStandard",  group.result.nonStandard },
+    };
+}
+
+Json RunJsonWriter::ToJson(const RunPlan& run) {
     const plugin::ProfilePlan& plan = run.plan;
     const plugin::PlanTotals totals = TotalsOf(plan);
     const double metres = totals.barLength / 1000.0;
@@ -193,40 +151,56 @@ Json ToJson(const RunPlan& run) {
     };
 }
 
-Json ToJson(const RunFile& file) {
-    return {
-        {"name",  file.name },
-        {"bytes", file.bytes},
-    };
+Json RunJsonWriter::ChangesOf() const {
+    if (!m_report->changes)
+        return {};
+    const std::string& against = m_report->changes->against;
+    return ChangesJson(*m_report->changes, m_isDocument ? WithoutFolder(against) : against);
 }
 
-constexpr ListMaker ListOf = {[](const auto& item) { return ToJson(item); }};
+void RunJsonWriter::WriteHead() {
+    m_lines.AddField("schema", kRunSchema);
+    m_lines.AddField("job", m_isDocument ? WithoutFolder(m_report->job) : m_report->job);
+    m_lines.AddField("name", m_report->name.toUtf8());
+    if (m_isDocument)
+        return;
+    m_lines.AddField("folder", m_report->folder);
+    m_lines.AddField("finishedEarlierOutput", m_report->hasFinishedEarlierOutput);
+}
 
-}  // namespace
+/// How the run ended comes last: until then the memory may end.
+std::string RunJsonWriter::EndText() const {
+    Json faults = Json::array();
+    for (const RunFault& fault : m_report->faults)
+        faults.push_back(ToJson(fault));
+    return Dump({
+        {"faults",   std::move(faults)                                       },
+        {"status",   kStatusWords[static_cast<std::size_t>(m_report->status)]},
+        {"exitCode", m_report->GetExitCode()                                 },
+    });
+}
 
-void WriteRunJson(const RunReport& report, OutputStream& out) {
-    const Json document = {
-        {"schema",                kSchema                                              },
-        {"status",                kStatusWords[static_cast<std::size_t>(report.status)]},
-        {"exitCode",              report.GetExitCode()                                 },
-        {"job",                   report.job                                           },
-        {"name",                  report.name.toUtf8()                                 },
-        {"folder",                report.folder                                        },
-        {"finishedEarlierOutput", report.hasFinishedEarlierOutput                      },
-        {"faults",                ListOf(report.faults)                                },
-        {"leftOut",               ListOf(report.leftOut)                               },
-        {"settings",              ListOf(report.settings)                              },
-        {"input",                 ToJson(report.input)                                 },
-        {"notes",                 ListOf(report.notes)                                 },
-        {"unmadeFiles",           ListOf(report.unmadeFiles)                           },
-        {"members",               ListOf(report.members)                               },
-        {"accounts",              ToJson(report.SumAccounts())                         },
-        {"groups",                ListOf(report.groups)                                },
-        {"bars",                  ListOf(report.plans)                                 },
-        {"files",                 ListOf(report.files)                                 },
-    };
-    constexpr int kIndentWidth = 1;
-    out.Write(Dump(document, kIndentWidth) + "\n");
+void RunJsonWriter::Write(const RunReport& report) {
+    m_report = &report;
+    m_lines.Begin();
+    WriteHead();
+    AddList("leftOut", m_report->leftOut);
+    m_lines.AddList("settings", m_report->settings.size(), [&](std::size_t i) {
+        return SettingJson(m_report->settings[i]);
+    });
+    m_lines.AddField("input", InputJson(m_report->input));
+    AddList("notes", m_report->notes);
+    AddList("unmadeFiles", m_report->unmadeFiles);
+    m_lines.AddList("members", m_report->members.size(), [&](std::size_t i) {
+        return MemberJson(*m_report, i, NameOf(m_report->members[i].file));
+    });
+    m_lines.AddField("accounts", AccountsJson(m_report->SumAccounts()));
+    AddList("groups", m_report->groups);
+    AddList("bars", m_report->plans);
+    m_lines.AddField("changes", ChangesOf());
+    AddList("files", m_report->files);
+    const std::string end = EndText();
+    m_lines.End(end);
 }
 
 }  // namespace camjob

@@ -1,11 +1,54 @@
 #pragma once
 
+#include "camjob/console/JsonLines.h"
 #include "camjob/console/OutputStream.h"
+#include "camjob/console/Paths.h"
 #include "camjob/run/RunReport.h"
+
+#include <string>
+#include <vector>
 
 namespace camjob {
 
 /// The report for programs: one JSON document. Its fields are told in docs/run-json.md.
-void WriteRunJson(const RunReport& report, OutputStream& out);
+class RunJsonWriter {
+  public:
+    enum class Form {
+        kScreen,    ///< names as the user gave them
+        kDocument,  ///< a file of the output: the same wherever that stands and whoever made it
+    };
+    RunJsonWriter(Form form, OutputStream& out)
+        : m_isDocument(form == Form::kDocument), m_lines(out) {}
+
+    /// When the memory ends on the way, a second call with a report of that ends the document.
+    void Write(const RunReport& report);
+    void GoOnIn(OutputStream& out) { m_lines.GoOnIn(out); }
+
+  private:
+    void WriteHead();
+    std::string EndText() const;
+    /// An NC file.
+    std::string NameOf(const std::string& file) const {
+        return m_isDocument && !file.empty() ? NameFromFolderOf(m_report->job, file) : file;
+    }
+    static std::string WithoutFolder(const std::string& file) {
+        return Utf8FromPath(PathFromUtf8(file).filename());
+    }
+    Json ToJson(const RunFault& fault) const;
+    Json ToJson(const RunNote& note) const;
+    Json ToJson(const RunUnmadeFile& file) const;
+    Json ToJson(const RunFile& file) const;
+    static Json ToJson(const RunGroup& group);
+    static Json ToJson(const RunPlan& plan);
+    Json ChangesOf() const;
+    template <typename T>
+    void AddList(const char* key, const std::vector<T>& items) {
+        m_lines.AddList(key, items.size(), [&](std::size_t i) { return ToJson(items[i]); });
+    }
+
+    const RunReport* m_report = nullptr;
+    bool m_isDocument;
+    JsonLines m_lines;
+};
 
 }  // namespace camjob

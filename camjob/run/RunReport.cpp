@@ -4,6 +4,10 @@
 
 namespace camjob {
 
+std::string RunFault::TextBehindFile() const {
+    return !file.empty() && message.starts_with(file) ? message.substr(file.size()) : message;
+}
+
 std::string DescribeNote(const RunNote& note) {
     const bool isWarning = note.note.severity == dstv::NcNote::Severity::kWarning;
     const std::string line = note.note.line > 0 ? ":" + std::to_string(note.note.line) : "";
@@ -15,6 +19,15 @@ void RunReport::DropResults() {
     groups.clear();
     plans.clear();
     files.clear();
+    drawings = {};
+    changes.reset();
+}
+
+plugin::AccountNumbers RunMember::CountAccounts() const {
+    plugin::AccountNumbers numbers;
+    for (const AccountedFeature& feature : features)
+        ++numbers[feature.Get(result.IsMade())];
+    return numbers;
 }
 
 long RunReport::CountInvalid() const {
@@ -27,7 +40,7 @@ long RunReport::CountInvalid() const {
 plugin::AccountNumbers RunReport::SumAccounts() const {
     plugin::AccountNumbers sum;
     for (const RunMember& member : members)
-        sum += member.accounts;
+        sum += member.CountAccounts();
     for (const RunUnmadeFile& file : unmadeFiles)
         sum += file.accounts;
     return sum;

@@ -1,13 +1,16 @@
 #pragma once
 
+#include "camjob/compare/OutputChanges.h"
 #include "camjob/project/ProjectSettings.h"
 #include "camjob/run/Accounts.h"
+#include "camjob/run/MemberDrawings.h"
 #include "dstv/NcNote.h"
 #include "plugin/output/JobRun.h"
 
 #include "camdata/platform/text/ZetString.h"
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -29,6 +32,9 @@ struct RunFault {
     long line = 0;        ///< from 1; 0: the file as a whole
     long column = 0;      ///< from 1; 0: the line or the file as a whole
     std::string message;  ///< with the place, as people read it
+
+    /// The message without the file, which it begins with.
+    std::string TextBehindFile() const;
 };
 
 /// The NC files of a run.
@@ -51,8 +57,10 @@ std::string DescribeNote(const RunNote& note);
 /// A member and its file.
 struct RunMember {
     plugin::MemberResult result;
-    std::string file;  ///< UTF-8
-    plugin::AccountNumbers accounts;
+    std::string file;                        ///< UTF-8
+    std::vector<AccountedFeature> features;  ///< in the order of their lines
+
+    plugin::AccountNumbers CountAccounts() const;
 };
 
 /// A file that could be read and takes no part: its member type is left out, or none takes it.
@@ -75,8 +83,8 @@ struct RunPlan {
 
 /// A file of the output.
 struct RunFile {
-    std::string name;  ///< UTF-8, with the output folder as the user named it
-    std::uintmax_t bytes = 0;
+    std::string name;                     ///< UTF-8, with the output folder as the user named it
+    std::optional<std::uintmax_t> bytes;  ///< nothing: not yet known
 };
 
 /// All that `camjob run` says. A plain value.
@@ -94,9 +102,12 @@ struct RunReport {
     std::vector<RunNote> notes;              ///< in the order of the files and their lines
     std::vector<RunUnmadeFile> unmadeFiles;  ///< in the order of the files
     std::vector<RunMember> members;          ///< in the order of the files
+    MemberDrawings drawings;                 ///< by member; empty when nothing tells them
     std::vector<RunGroup> groups;
     std::vector<RunPlan> plans;
     std::vector<RunFile> files;
+    std::optional<OutputChanges> changes;  ///< against an earlier output, when there is one to tell
+    std::string uncompared;  ///< why there is none, although there is an output; UTF-8
 
     /// For a run that came to no output after all.
     void DropResults();

@@ -1,5 +1,7 @@
 #include "camjob/run/RunText.h"
 
+#include "camjob/compare/ChangesText.h"
+#include "camjob/console/Colour.h"
 #include "camjob/console/ReportText.h"
 #include "camjob/console/TextTable.h"
 
@@ -56,10 +58,13 @@ void AddGroupRow(TextTable& table, const ZetString& name, const plugin::GroupRes
                   Integer(group.pieces),
                   Integer(group.withWarnings),
                   Integer(group.nonStandard),
-                  Integer(group.invalid)});
+                  Integer(group.invalid)},
+                 group.invalid > 0        ? Tone::kError
+                 : group.withWarnings > 0 ? Tone::kWarning
+                                          : Tone::kPlain);
 }
 
-ZetString GroupTable(const RunReport& report) {
+ZetString GroupTable(const RunReport& report, const Terminal& terminal) {
     TextTable table({
         {L"group",         Align::kLeft },
         {L"members",       Align::kRight},
@@ -72,10 +77,10 @@ ZetString GroupTable(const RunReport& report) {
     for (const RunGroup& group : report.groups)
         AddGroupRow(table, group.name, group.result);
     AddGroupRow(table, L"all", SumOf(report.groups));
-    return table.Format();
+    return table.Format(terminal);
 }
 
-ZetString NestTable(const RunReport& report) {
+ZetString NestTable(const RunReport& report, const Terminal& terminal) {
     ZetString uncut;
     bool hasRemnants = false;
     TextTable table({
@@ -105,7 +110,7 @@ ZetString NestTable(const RunReport& report) {
             uncut += Line(Count(totals.uncut, L"piece") + L" of " + OneLine(NameOfProfile(plan)) +
                           L" not cut: no bar is long enough, or none is left");
     }
-    const ZetString text = table.Format();
+    const ZetString text = table.Format(terminal);
     if (text.isEmpty())
         return text;
     return text +
@@ -117,7 +122,7 @@ ZetString NestTable(const RunReport& report) {
 }
 
 /// Single parts that assemblies do not come out even with.
-ZetString SinglePartTable(const RunReport& report) {
+ZetString SinglePartTable(const RunReport& report, const Terminal& terminal) {
     TextTable table({
         {L"single part", Align::kLeft },
         {L"ordered",     Align::kRight},
@@ -133,13 +138,13 @@ ZetString SinglePartTable(const RunReport& report) {
                       Integer(std::max(left, 0L)),
                       Integer(std::max(-left, 0L))});
     }
-    return table.Format();
+    return table.Format(terminal);
 }
 
 struct UnmadeMember {
     ZetString mark;
     std::string file;
-    const plugin::AccountNumbers& accounts;
+    plugin::AccountNumbers accounts;
     const wchar_t* reason;
 };
 
@@ -149,7 +154,7 @@ std::vector<UnmadeMember> UnmadeMembers(const RunReport& report) {
         if (!member.result.IsMade())
             unmade.push_back({member.result.mark,
                               member.file,
-                              member.accounts,
+                              member.CountAccounts(),
                               member.result.outcome.isValid ? L"no pieces" : L"invalid"});
     for (const RunUnmadeFile& file : report.unmadeFiles)
         unmade.push_back({file.mark, file.file, file.accounts, L"left out"});
@@ -157,7 +162,7 @@ std::vector<UnmadeMember> UnmadeMembers(const RunReport& report) {
 }
 
 /// Members that are not in the machine files, with the features that are not made with them.
-ZetString UnmadeTable(const RunReport& report) {
+ZetString UnmadeTable(const RunReport& report, const Terminal& terminal) {
     const std::vector<UnmadeMember> unmade = UnmadeMembers(report);
     if (unmade.empty())
         return {};
@@ -173,9 +178,10 @@ ZetString UnmadeTable(const RunReport& report) {
         table.AddRow({OneLine(member.mark),
                       member.reason,
                       Integer(member.accounts[plugin::Account::kNotMade]),
-                      OneLine(ZetString::fromUtf8(member.file))});
+                      OneLine(ZetString::fromUtf8(member.file))},
+                     Tone::kError);
     }
-    return table.Format() + MoreLine(count - kMaxListedMembers);
+    return table.Format(terminal) + MoreLine(count - kMaxListedMembers);
 }
 
 ZetString WhereLine(const std::string& name, const plugin::Finding& finding) {
@@ -242,19 +248,24 @@ ZetString SettingLines(const RunReport& report) {
                                  L" instead of the job\n" + lines;
 }
 
-ZetString FileTable(const RunReport& report) {
+ZetString ChangesOf(const RunReport& report, const Terminal& terminal) {
+    return report.changes ? ChangesText(*report.changes, kMaxListedMembers, terminal) : ZetString();
+}
+
+ZetString FileTable(const RunReport& report, const Terminal& terminal) {
     TextTable table({
         {L"file made", Align::kLeft },
         {L"bytes",     Align::kRight}
     });
     for (const RunFile& file : report.files)
-        table.AddRow(
-            {OneLine(ZetString::fromUtf8(file.name)), Integer(static_cast<long>(file.bytes))});
-    return table.Format();
+        table.AddRow({OneLine(ZetString::fromUtf8(file.name)),
+                      Integer(static_cast<long>(file.bytes.value_or(0)))});
+    return table.Format(terminal);
 }
 
-void WriteMessage(const std::string& text, OutputStream& err) {
-    err.Write(Printable(OneLine(ZetString::fromUtf8(text))) + "\n");
+void WriteMessage(const std::string& text, OutputStream& err, Tone tone = Tone::kPlain) {
+    const ZetString line = OneLine(ZetString::fromUtf8(text));
+    err.Write(Coloured(Printable(Toned(line, tone, err.GetTerminal().hasColour))) + "\n");
 }
 
 /// Warnings for which the job refuses a file are told as faults.
@@ -266,7 +277,7 @@ void WriteNotes(const RunReport& report, bool showsNotes, OutputStream& err) {
         const std::string text = DescribeNote(note);
         const bool isWarning = note.note.severity == dstv::NcNote::Severity::kWarning;
         if ((showsNotes || isWarning) && faults.count(text) == 0)
-            WriteMessage(text, err);
+            WriteMessage(text, err, isWarning ? Tone::kWarning : Tone::kPlain);
     }
 }
 
@@ -299,26 +310,31 @@ ZetString DescribeAccounts(const plugin::AccountNumbers& accounts) {
 }
 
 void WriteRunText(const RunReport& report, bool showsNotes, OutputStream& out, OutputStream& err) {
+    const Terminal terminal = out.GetTerminal();
     if (report.hasFinishedEarlierOutput)
         WriteMessage("camjob: finished the output of an earlier run in " + report.folder +
                          ", which was cut off",
                      err);
     WriteNotes(report, showsNotes, err);
     for (const RunFault& fault : report.faults)
-        WriteMessage(fault.message, err);
+        WriteMessage(fault.message, err, Tone::kError);
     if (report.status != RunStatus::kDone)
         err.Write(Printable(SettingLines(report)));
+    if (report.status == RunStatus::kDone && !report.uncompared.empty())
+        WriteMessage("camjob: " + report.uncompared + "; what has changed is not told", err);
     if (report.status == RunStatus::kDone)
-        out.Write(Printable(Paragraphs({InputLine(report),
-                                        SettingLines(report),
-                                        LeftOutLines(report),
-                                        GroupTable(report),
-                                        UnmadeTable(report),
-                                        ErrorLines(report),
-                                        SinglePartTable(report),
-                                        NestTable(report),
-                                        FileTable(report),
-                                        DescribeAccounts(report.SumAccounts()) + L"\n"})));
+        out.Write(
+            Coloured(Printable(Paragraphs({InputLine(report),
+                                           SettingLines(report),
+                                           LeftOutLines(report),
+                                           GroupTable(report, terminal),
+                                           UnmadeTable(report, terminal),
+                                           ErrorLines(report),
+                                           SinglePartTable(report, terminal),
+                                           NestTable(report, terminal),
+                                           ChangesOf(report, terminal),
+                                           FileTable(report, terminal),
+                                           DescribeAccounts(report.SumAccounts()) + L"\n"}))));
     else if (const std::string closing = ClosingMessage(report); !closing.empty())
         WriteMessage(closing, err);
 }

@@ -11,6 +11,7 @@
 #include <map>
 #include <numbers>
 #include <set>
+#include <string_view>
 #include <unordered_map>
 #include <utility>
 
@@ -21,6 +22,7 @@ namespace {
 using report::DrawnFeature;
 using report::FeatureKind;
 using report::FeatureState;
+using report::Polyline;
 
 constexpr int kTopFlange = 0;
 constexpr int kWeb = 1;
@@ -74,15 +76,27 @@ report::Polyline PolylineOf(const Points& points) {
     return line;
 }
 
-/// The middle of the box around a line.
-report::Point MiddleOf(const report::Polyline& line) {
+/// Around a line.
+struct Box {
+    report::Point low;
+    report::Point high;
+
+    report::Point Middle() const { return {(low.x + high.x) / 2.0, (low.y + high.y) / 2.0}; }
+};
+
+Box BoxOf(const report::Polyline& line) {
     if (line.empty())
         return {};
-    const auto [left, right] = std::minmax_element(
-        line.begin(), line.end(), [](const auto& a, const auto& b) { return a.x < b.x; });
-    const auto [low, high] = std::minmax_element(
-        line.begin(), line.end(), [](const auto& a, const auto& b) { return a.y < b.y; });
-    return {(left->x + right->x) / 2.0, (low->y + high->y) / 2.0};
+    Box box = {line.front(), line.front()};
+    for (const report::Point& point : line) {
+        box.low = {std::min(box.low.x, point.x), std::min(box.low.y, point.y)};
+        box.high = {std::max(box.high.x, point.x), std::max(box.high.y, point.y)};
+    }
+    return box;
+}
+
+report::Point MiddleOf(const report::Polyline& line) {
+    return BoxOf(line).Middle();
 }
 
 FeatureState StateOf(const HoleReport& hole) {
@@ -97,6 +111,15 @@ FeatureState StateOf(const NotchReport& notch) {
     if (notch.isDuplicate)
         return FeatureState::kSetAside;
     return notch.status == L"not allowed" ? FeatureState::kError : FeatureState::kInOrder;
+}
+
+/// A finding that is only not standard leaves its feature in order.
+FeatureState StateOf(const plugin::Finding& finding) {
+    if (finding.IsError())
+        return FeatureState::kError;
+    const bool isNonStandard =
+        finding.report == eReportingNonStd || finding.report == eReportingSecondNonStd;
+    return isNonStandard ? FeatureState::kInOrder : FeatureState::kWarning;
 }
 
 FeatureKind KindOf(const dstv::NcHole& hole) {
@@ -125,7 +148,12 @@ class DrawingMaker {
     void AddNotches();
     void AddNotch(const NotchReport& notch, std::size_t face);
     void AddMarks(const ZetNCView& view);
-    void AddFindings(bool areErrors, FeatureState state);
+    void AddOutlines(const ZetNCView& view);
+    void AddTrims();
+    DrawnFeature TrimOf(const CutReport& cut, const DrawnFeature& outline) const;
+    void AddMitre(const ZetNCCut& cut, int position);
+    void AddMitres();
+    void RaiseStates();
 
     const dstv::NcFileEntity& m_entity;
     const CheckReport& m_report;
@@ -147,8 +175,12 @@ report::MemberDrawing DrawingMaker::Make() {
     AddNotches();
     for (const ZetNCView& view : m_structure.getViews())
         AddMarks(view);
-    AddFindings(true, FeatureState::kError);
-    AddFindings(false, FeatureState::kWarning);
+    for (const ZetNCView& view : m_structure.getViews())
+        AddOutlines(view);
+    AddTrims();
+    AddMitres();
+    m_drawing.findings = DrawnFindings(m_report.findings);
+    RaiseStates();
     return std::move(m_drawing);
 }
 
@@ -279,6 +311,7 @@ void DrawingMaker::AddMarks(const ZetNCView& view) {
         DrawnFeature feature;
         feature.kind = FeatureKind::kMark;
         feature.face = face;
+        feature.line = mark.hostTag;
         feature.outline = PolylineOf(mark.points);
         feature.at = MiddleOf(feature.outline);
         feature.told = feature.at;
@@ -289,6 +322,7 @@ void DrawingMaker::AddMarks(const ZetNCView& view) {
         DrawnFeature feature;
         feature.kind = FeatureKind::kText;
         feature.face = face;
+        feature.line = numeration.hostTag;
         feature.at = {numeration.x, numeration.y};
         feature.told = feature.at;
         feature.size = numeration.textHeight;
@@ -299,14 +333,121 @@ void DrawingMaker::AddMarks(const ZetNCView& view) {
     }
 }
 
-void DrawingMaker::AddFindings(bool areErrors, FeatureState state) {
-    for (const plugin::Finding& finding : m_report.findings)
-        if (finding.IsPrinted() && finding.IsError() == areErrors)
-            m_drawing.findings.push_back(
-                {state, finding.text.toUtf8(), finding.feature ? finding.feature->tag : 0});
+/// What its notches do not tell.
+void DrawingMaker::AddOutlines(const ZetNCView& view) {
+    for (const ZetNCContour& contour : view.getExternalContours()) {
+        DrawnFeature feature;
+        feature.kind = FeatureKind::kOutline;
+        feature.face = m_faceOfPosition.at(view.getViewPos());
+        feature.line = contour.hostTag;
+        feature.outline = PolylineOf(contour);
+        const Box box = BoxOf(feature.outline);
+        feature.at = box.Middle();
+        feature.told = feature.at;
+        feature.length = box.high.x - box.low.x;
+        feature.size = box.high.y - box.low.y;
+        feature.shape = "outline";
+        m_drawing.features.push_back(std::move(feature));
+    }
+}
+
+/// The edge of the outline along which its face is cut.
+void DrawingMaker::AddTrims() {
+    std::vector<DrawnFeature> trims;
+    for (const CutReport& cut : m_report.cuts)
+        for (const DrawnFeature& outline : m_drawing.features)
+            if (cut.kind == std::wstring_view(L"trim") && outline.kind == FeatureKind::kOutline &&
+                outline.line == cut.line)
+                trims.push_back(TrimOf(cut, outline));
+    m_drawing.features.insert(m_drawing.features.end(), trims.begin(), trims.end());
+}
+
+DrawnFeature DrawingMaker::TrimOf(const CutReport& cut, const DrawnFeature& outline) const {
+    const auto [low, high] = BoxOf(outline.outline);
+    const double width = m_drawing.faces[outline.face].width;
+    const double length = m_drawing.length;
+    const std::map<std::wstring_view, Polyline> lines = {
+        {L"start", {{low.x, 0.0}, {low.x, width}}   },
+        {L"end",   {{high.x, 0.0}, {high.x, width}} },
+        {L"lower", {{0.0, low.y}, {length, low.y}}  },
+        {L"upper", {{0.0, high.y}, {length, high.y}}}
+    };
+    DrawnFeature trim;
+    trim.kind = FeatureKind::kTrim;
+    trim.face = outline.face;
+    trim.line = cut.line;
+    trim.outline = lines.at(cut.side);
+    trim.at = MiddleOf(trim.outline);
+    trim.told = trim.at;
+    trim.shape = "trim, " + ZetString(cut.side).toUtf8();
+    trim.code = cut.code.toUtf8();
+    return trim;
+}
+
+/// Seen on the web, or on the flanges.
+void DrawingMaker::AddMitres() {
+    for (const ZetNCCut& cut : m_structure.getCuts()) {
+        if (cut.face == ZetNCCut::eFaceWeb) {
+            AddMitre(cut, kWeb);
+            continue;
+        }
+        AddMitre(cut, kTopFlange);
+        AddMitre(cut, kBottomFlange);
+    }
+}
+
+void DrawingMaker::AddMitre(const ZetNCCut& cut, int position) {
+    const auto face = m_faceOfPosition.find(position);
+    if (face == m_faceOfPosition.end())
+        return;
+    const double width = m_drawing.faces[face->second].width;
+    const double lean = width * std::tan(cut.angle * std::numbers::pi / 180.0);
+    // The longest side of the cut is at its X; the lower end leads by the lean.
+    const bool isLowerLonger = (lean > 0.0) == (cut.end == ZetNCCut::eEndEnd);
+    const double lower = isLowerLonger ? cut.x : cut.x + lean;
+    DrawnFeature feature;
+    feature.kind = FeatureKind::kMitre;
+    feature.face = face->second;
+    feature.line = cut.hostTag;
+    feature.outline = {
+        {lower,        0.0  },
+        {lower - lean, width}
+    };
+    feature.at = MiddleOf(feature.outline);
+    feature.told = feature.at;
+    feature.angle = cut.angle;
+    feature.shape = cut.end == ZetNCCut::eEndEnd ? "mitre, end" : "mitre, start";
+    m_drawing.features.push_back(std::move(feature));
+}
+
+/// What is found about a feature shows in its place. What is set aside stays so: its reason is the
+/// finding.
+void DrawingMaker::RaiseStates() {
+    std::unordered_map<long, FeatureState> states;
+    for (const report::DrawnFinding& finding : m_drawing.findings) {
+        FeatureState& state = states[finding.line];
+        state = std::max(state, finding.state);
+    }
+    for (DrawnFeature& feature : m_drawing.features) {
+        const auto found = states.find(feature.line);
+        if (feature.line != 0 && found != states.end() && feature.state != FeatureState::kSetAside)
+            feature.state = std::max(feature.state, found->second);
+    }
 }
 
 }  // namespace
+
+std::vector<report::DrawnFinding> DrawnFindings(const std::vector<plugin::Finding>& findings) {
+    std::vector<report::DrawnFinding> drawn;
+    for (const plugin::Finding& finding : findings)
+        if (finding.IsPrinted())
+            drawn.push_back({StateOf(finding),
+                             finding.text.toUtf8(),
+                             finding.feature ? finding.feature->tag : 0});
+    std::stable_sort(
+        drawn.begin(), drawn.end(), [](const auto& a, const auto& b) { return a.state > b.state; });
+    return drawn;
+}
 
 report::MemberDrawing DrawingOf(const dstv::NcFileEntity& entity, const CheckReport& report) {
     return DrawingMaker(entity, report).Make();

@@ -32,6 +32,7 @@ class Shower {
     bool FindTargets();
     bool IsFile() const;
     bool HasClash();
+    bool WouldReplaceInput(const std::string& target) const;
     bool Refuse(const std::string& message);
     int DrawAll(const plugin::JudgingRules& rules);
     int DrawFile(std::size_t index, const CheckRules& rules);
@@ -97,12 +98,21 @@ bool Shower::HasClash() {
         if (!isNew)
             return !Refuse(at->second + " and " + m_options.files[i] + " would both become " +
                            m_targets[i]);
-        std::error_code ignored;
-        for (const std::string& file : m_options.files)
-            if (fs::equivalent(PathFromUtf8(file), PathFromUtf8(m_targets[i]), ignored))
-                return !Refuse("the drawing would replace " + file);
+        if (WouldReplaceInput(m_targets[i]))
+            return !Refuse("the drawing would replace " + m_targets[i]);
     }
     return false;
+}
+
+/// Under whatever name the NC file goes. Asks of each of them only where there is something that
+/// could be one.
+bool Shower::WouldReplaceInput(const std::string& target) const {
+    const fs::path path = PathFromUtf8(target);
+    std::error_code ignored;
+    return fs::exists(path, ignored) &&
+           std::any_of(m_options.files.begin(), m_options.files.end(), [&](const auto& file) {
+               return fs::equivalent(PathFromUtf8(file), path, ignored);
+           });
 }
 
 bool Shower::Refuse(const std::string& message) {

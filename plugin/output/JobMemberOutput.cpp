@@ -160,6 +160,7 @@ void JobMember::AddOperationOnce(const ZetString& line, long tag) {
 
 void JobMember::AddOperation(const ZetString& line, long tag) {
     m_textList1.append(line);
+    m_records.operations.push_back(tag);
     m_ledger.Claim(tag, Account::kMade);
 }
 

@@ -411,6 +411,7 @@ std::vector<MemberResult> JobRun::TakeMemberResults() {
         results.back().findings = member->TakeFindings();
         results.back().setAside = member->TakeSetAside();
         results.back().notes = member->TakeNotes();
+        results.back().records = member->TakeRecords();
     }
     return results;
 }

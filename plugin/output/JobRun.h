@@ -36,6 +36,7 @@ struct MemberResult {
     std::vector<Finding> findings;
     std::vector<SetAsideFeature> setAside;
     std::vector<FeatureNote> notes;
+    MemberRecords records;  ///< written to the machine files when the member is made
 
     /// It has a block in the machine files.
     bool IsMade() const { return outcome.isValid && quantity > 0; }

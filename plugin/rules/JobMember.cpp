@@ -198,7 +198,7 @@ void JobMember::MakeOutput() {
     MakeMitres();
     MakeMarks();
     GenerateMemData();
-    m_records = GetMemOutPutStr().toUtf8();
+    m_records.text = GetMemOutPutStr().toUtf8();
     m_unmadeFeatures = m_notedFeatures + m_ledger.CountNotMade();
     ReleaseSources();
 }
@@ -234,14 +234,13 @@ void JobMember::WriteMemOutPut(const ZetArray<ZetFileAccess*>& files,
     SettleReport();
     for (long i = 0; i < CountGroupFiles(files) && GetValid() && m_hasPieces; ++i)
         WriteRecords(files[i]);
-    Release(m_records);
     WriteMemErrors(ErrorFileOf(files));
     WriteMemWarnings(WarningFileOf(files));
 }
 
 void JobMember::WriteRecords(ZetFileAccess* file) const {
     if (file != nullptr && file->IsOpen())
-        file->Write(ZetString::fromUtf8(m_records));
+        file->Write(ZetString::fromUtf8(m_records.text));
 }
 
 void JobMember::WriteMemErrors(ZetFileAccess* file) {

@@ -44,6 +44,12 @@ struct MemberOutcome {
     bool isNonStandard = false;
 };
 
+/// The machine records of a member.
+struct MemberRecords {
+    std::string text;              ///< UTF-8, a line each: the member, its operations, its end
+    std::vector<long> operations;  ///< by operation: the host's tag of the feature it makes
+};
+
 /// A member of a job: judged by the job's rules, written as machine records
 /// (output/MachineRecordText.h).
 ///
@@ -130,6 +136,8 @@ class JobMember : public CMxPeilaib {
     void GenerateOutPutStringForHoles() override;
     void GenerateOutPutStringForNotches() override;
     void GenerateMemData() override;
+    /// After MakeOutput; once, and not before the member is written.
+    MemberRecords TakeRecords() { return std::move(m_records); }
     /// The member's machine records, each with its line end.
     ZetString GetMemOutPutStr() override;
     /// Writes the records of a valid member to every file of its group, and its blocks to the error
@@ -285,7 +293,7 @@ class JobMember : public CMxPeilaib {
     MemberOutcome m_outcome;
     bool m_isSettled = false;
     /// UTF-8: of many members this is most of what is kept.
-    std::string m_records;
+    MemberRecords m_records;
 };
 
 }  // namespace plugin

@@ -24,7 +24,7 @@ struct Layer {
 
 constexpr Layer kOutlineLayer = {"OUTLINE", "7"};
 constexpr Layer kSetAsideLayer = {"SET_ASIDE", "9"};
-/// By FeatureKind. A notch has none: the outline shows it.
+/// By FeatureKind. Notch and outline have none: the outline of the face shows them.
 constexpr std::array<Layer, kFeatureKindCount> kLayers = {
     {{"HOLES", "5"},
      {"SLOTS", "4"},
@@ -33,7 +33,10 @@ constexpr std::array<Layer, kFeatureKindCount> kLayers = {
      {"OPENINGS", "1"},
      {nullptr, nullptr},
      {"MARKS", "3"},
-     {"TEXTS", "2"}}
+     {"TEXTS", "2"},
+     {"TRIMS", "30"},
+     {"MITRES", "30"},
+     {nullptr, nullptr}}
 };
 
 /// One pair of group code and value.
@@ -249,7 +252,9 @@ void DxfWriter::AddFeature(const DrawnFeature& feature) {
     if (own.name == nullptr)
         return;
     const Layer& layer = feature.state == FeatureState::kSetAside ? kSetAsideLayer : own;
-    if (feature.kind == FeatureKind::kMark)
+    const bool isLine = feature.kind == FeatureKind::kMark || feature.kind == FeatureKind::kTrim ||
+                        feature.kind == FeatureKind::kMitre;
+    if (isLine)
         AddMark(feature, layer);
     else if (feature.kind == FeatureKind::kText)
         AddText(feature, layer);

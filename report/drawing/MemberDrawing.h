@@ -31,8 +31,11 @@ enum class FeatureKind {
     kNotch,      ///< area cut from the edge of a face
     kMark,       ///< point or line, marked only
     kText,       ///< marked text
+    kTrim,       ///< cut along a whole side of a face
+    kMitre,      ///< slanted cut through the member at one of its ends
+    kOutline,    ///< the outline of a face, which it shows
 };
-inline constexpr std::size_t kFeatureKindCount = 8;
+inline constexpr std::size_t kFeatureKindCount = 11;
 
 /// How a feature was judged. In rising order of weight.
 enum class FeatureState {
@@ -52,7 +55,7 @@ struct DrawnFeature {
     double size = 0.0;     ///< diameter, or width across; of a text its height
     double length = 0.0;   ///< overall, of slot and rectangle
     double angle = 0.0;    ///< of the length, or of a text
-    Polyline outline;      ///< of rectangle, opening, notch and mark; may be empty otherwise
+    Polyline outline;      ///< of all but holes, slots, sinks and texts
     Point told;            ///< the position that messages and machine files give
     std::string shape;     ///< in a word or two, for example "countersunk"
     std::string code;      ///< the machine's; "": none
@@ -71,7 +74,7 @@ struct DrawnFace {
 
 /// Something that was found about the member.
 struct DrawnFinding {
-    FeatureState state = FeatureState::kError;  ///< kWarning or kError
+    FeatureState state = FeatureState::kError;  ///< kInOrder: only not standard
     std::string text;
     long line = 0;  ///< of the feature in the NC file; 0: the member as a whole
 };

@@ -21,8 +21,17 @@ constexpr double kFindingHeight = 18.0;
 constexpr std::array kStateClasses = {"set-aside", "in-order", "warning", "error"};
 constexpr std::array kStateWords = {"set aside", "in order", "warning", "error"};
 /// By FeatureKind.
-constexpr std::array<const char*, kFeatureKindCount> kKindClasses = {
-    "hole", "slot", "rectangle", "sink", "opening", "notch", "mark", "text"};
+constexpr std::array<const char*, kFeatureKindCount> kKindClasses = {"hole",
+                                                                     "slot",
+                                                                     "rectangle",
+                                                                     "sink",
+                                                                     "opening",
+                                                                     "notch",
+                                                                     "mark",
+                                                                     "text",
+                                                                     "cut",
+                                                                     "cut",
+                                                                     "outline"};
 
 std::string Pixels(double value) {
     return Number(value, 2);
@@ -129,6 +138,8 @@ std::string ShapeOf(const DrawnFeature& feature, const Panel& panel) {
         return MarkShape(feature, style, panel);
     if (IsRound(feature.kind))
         return RoundShape(feature, style, panel);
+    if (feature.kind == FeatureKind::kTrim || feature.kind == FeatureKind::kMitre)
+        return PathElement(style, PathThrough(feature.outline, panel, feature.face));
     return PathElement(style + " area", PathThrough(feature.outline, panel, feature.face));
 }
 
@@ -136,6 +147,11 @@ std::string ShapeOf(const DrawnFeature& feature, const Panel& panel) {
 bool NeedsSymbol(const DrawnFeature& feature, bool hasShape) {
     return feature.state >= FeatureState::kWarning ||
            (!hasShape && feature.kind != FeatureKind::kSink);
+}
+
+/// An outline without a finding is what its face shows.
+bool IsShown(const DrawnFeature& feature) {
+    return feature.kind != FeatureKind::kOutline || feature.state >= FeatureState::kWarning;
 }
 
 /// Numbers of the findings that name a feature, "1, 3".
@@ -228,7 +244,7 @@ std::string PanelOf(const MemberDrawing& drawing, const Panel& panel, const std:
     for (std::size_t face = 0; face < drawing.faces.size(); ++face)
         text += FaceOf(drawing, face, panel);
     for (const DrawnFeature& feature : drawing.features)
-        if (IsWithin(feature, panel))
+        if (IsShown(feature) && IsWithin(feature, panel))
             text += FeatureOf(drawing, feature, panel);
     return text + "</g>\n" + LabelsOf(drawing, panel);
 }
@@ -240,6 +256,15 @@ std::string ScaleText(const Panel& panel) {
     if (panel.IsTrue())
         return across;
     return "length compressed 1:" + Number(kPixelsPerMm / panel.scaleX, 1) + ", width " + across;
+}
+
+std::string FaceNames(const MemberDrawing& drawing, const Panel& panel) {
+    std::string text;
+    for (std::size_t face = 0; face < drawing.faces.size(); ++face) {
+        const DrawnFace& drawn = drawing.faces[face];
+        text += FaceName(drawn, panel.left - 12.0, panel.Y(face, drawn.width / 2.0));
+    }
+    return text;
 }
 
 std::string WindowsOf(const MemberDrawing& drawing, const DrawingLayout& layout) {
@@ -259,9 +284,15 @@ std::string WindowsOf(const MemberDrawing& drawing, const DrawingLayout& layout)
                        "small",
                        name + ": " + Number(window.from, 0) + " to " + Number(window.to, 0) +
                            " mm, " + ScaleText(window)) +
-                "\n" + PanelOf(drawing, window, "window" + name);
+                "\n" + PanelOf(drawing, window, "window" + name) +
+                (i == 0 ? FaceNames(drawing, window) : "");
     }
     return text;
+}
+
+const char* FindingWord(FeatureState state) {
+    return state == FeatureState::kInOrder ? "non-standard"
+                                           : kStateWords[static_cast<std::size_t>(state)];
 }
 
 std::string FindingsOf(const MemberDrawing& drawing, double top) {
@@ -269,23 +300,13 @@ std::string FindingsOf(const MemberDrawing& drawing, double top) {
     for (std::size_t i = 0; i < drawing.findings.size(); ++i) {
         const DrawnFinding& finding = drawing.findings[i];
         const double y = top + kFindingHeight * static_cast<double>(i + 1);
-        text +=
-            Symbol(finding.state, 24.0, y - 4.0) +
-            TextAt(36.0,
-                   y,
-                   "",
-                   std::to_string(i + 1) + ". " +
-                       kStateWords[static_cast<std::size_t>(finding.state)] + ": " + finding.text) +
-            "\n";
-    }
-    return text;
-}
-
-std::string FaceNames(const MemberDrawing& drawing, const Panel& panel) {
-    std::string text;
-    for (std::size_t face = 0; face < drawing.faces.size(); ++face) {
-        const DrawnFace& drawn = drawing.faces[face];
-        text += FaceName(drawn, panel.left - 12.0, panel.Y(face, drawn.width / 2.0));
+        text += Symbol(finding.state, 24.0, y - 4.0) +
+                TextAt(36.0,
+                       y,
+                       "",
+                       std::to_string(i + 1) + ". " + FindingWord(finding.state) + ": " +
+                           finding.text) +
+                "\n";
     }
     return text;
 }

@@ -83,6 +83,17 @@ std::string FindingJson(const DrawnFinding& finding) {
     return json.ToShortJson();
 }
 
+std::string ChangesJson(const std::vector<std::array<std::string, 3>>& changes) {
+    JsonArray json;
+    for (const std::array<std::string, 3>& change : changes) {
+        JsonArray texts;
+        for (const std::string& text : change)
+            texts.AddText(text);
+        json.Add(texts.ToJson());
+    }
+    return json.ToJson();
+}
+
 }  // namespace
 
 std::size_t SharedTexts::IndexOf(const std::string& text) {
@@ -115,12 +126,16 @@ std::string JsonText(std::string_view text) {
 
 std::string CompactDrawing(const MemberDrawing& drawing, SharedTexts& texts) {
     JsonArray faces;
-    JsonArray features;
     for (const DrawnFace& face : drawing.faces)
         faces.Add(FaceJson(face, texts));
-    for (const DrawnFeature& feature : drawing.features)
-        features.Add(FeatureJson(feature, texts));
-    return faces.ToJson() + "," + features.ToJson();
+    return faces.ToJson() + "," + CompactFeatures(drawing.features, texts);
+}
+
+std::string CompactFeatures(const std::vector<DrawnFeature>& features, SharedTexts& texts) {
+    JsonArray json;
+    for (const DrawnFeature& feature : features)
+        json.Add(FeatureJson(feature, texts));
+    return json.ToJson();
 }
 
 std::string CompactMember(const PageMember& member, bool isDrawn, SharedTexts& texts) {
@@ -139,6 +154,10 @@ std::string CompactMember(const PageMember& member, bool isDrawn, SharedTexts& t
     json.AddIndex(texts.IndexOf(member.accounts));
     json.Add(findings.ToJson());
     json.Add(isDrawn && !member.drawing.empty() ? member.drawing : "[],[]");
+    if (member.changes.empty())
+        return json.ToJson();
+    json.Add(ChangesJson(member.changes));
+    json.Add(isDrawn && !member.earlier.empty() ? member.earlier : "[]");
     return json.ToJson();
 }
 

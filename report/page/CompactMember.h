@@ -2,6 +2,7 @@
 
 #include "report/drawing/MemberDrawing.h"
 
+#include <array>
 #include <cstddef>
 #include <string>
 #include <string_view>
@@ -23,6 +24,9 @@ struct PageMember {
     std::string accounts;  ///< what became of its features, in words; "": not told
     std::vector<DrawnFinding> findings;
     std::string drawing;  ///< of CompactDrawing; "": none
+    /// What is not as in an earlier output: name of the value or feature, before, now.
+    std::vector<std::array<std::string, 3>> changes = {};
+    std::string earlier;  ///< of CompactFeatures: where changed and removed features lay; "": none
 };
 
 /// Texts that many members share, each kept once.
@@ -32,6 +36,7 @@ class SharedTexts {
 
     /// 0 for "".
     std::size_t IndexOf(const std::string& text);
+    const std::string& At(std::size_t index) const { return m_texts[index]; }
     /// All of them as a JSON array.
     std::string ToJson() const;
 
@@ -46,6 +51,9 @@ std::string JsonText(std::string_view text);
 /// Faces and features of a drawing as two JSON arrays by position, a comma between; drawing.js
 /// (function memberOf) reads them. Zeros at the end of an array are left out.
 std::string CompactDrawing(const MemberDrawing& drawing, SharedTexts& texts);
+
+/// Features of a drawing alone, as one JSON array.
+std::string CompactFeatures(const std::vector<DrawnFeature>& features, SharedTexts& texts);
 
 /// A member as one JSON array by position, with its drawing.
 std::string CompactMember(const PageMember& member, bool isDrawn, SharedTexts& texts);

@@ -32,16 +32,29 @@ std::string RowHtml(const char* cell, const std::vector<std::string>& texts) {
     return html + "</tr>\n";
 }
 
+/// The mark is a link to the member.
+std::string LinkTo(const std::string& mark) {
+    return "<a class=\"jump\" href=\"#member\" data-mark=\"" + Escaped(mark) + "\">" +
+           Escaped(mark) + "</a>";
+}
+
+std::string MemberRowHtml(const std::vector<std::string>& texts) {
+    std::string html = "<tr><td>" + LinkTo(texts.front()) + "</td>";
+    for (std::size_t i = 1; i < texts.size(); ++i)
+        html += Element("td", texts[i]);
+    return html + "</tr>\n";
+}
+
 std::string TableHtml(const PageTable& table) {
     if (table.rows.empty() && table.ifEmpty.empty())
         return {};
     std::string html = "<section>" + Element("h2", table.title);
     if (table.rows.empty())
         return html + Element("p", table.ifEmpty) + "</section>\n";
-    html +=
-        "<div class=\"wide\"><table><thead>" + RowHtml("th", table.headings) + "</thead><tbody>\n";
+    html += "<div class=\"wide\"><table aria-label=\"" + Escaped(table.title) + "\"><thead>" +
+            RowHtml("th", table.headings) + "</thead><tbody>\n";
     for (const std::vector<std::string>& row : table.rows)
-        html += RowHtml("td", row);
+        html += table.isOfMembers ? MemberRowHtml(row) : RowHtml("td", row);
     return html + "</tbody></table></div></section>\n";
 }
 
@@ -63,8 +76,12 @@ std::string PlansHtml(const std::vector<CuttingPlan>& plans) {
 
 std::string FindingHtml(const DrawnFinding& finding) {
     const bool isError = finding.state == FeatureState::kError;
+    const bool isWarning = finding.state == FeatureState::kWarning;
     return std::string("<li class=\"") + (isError ? "is-error" : "is-warning") + "\"><b>" +
-           (isError ? "Error" : "Warning") + ":</b> " + Escaped(finding.text) +
+           (isError     ? "Error"
+            : isWarning ? "Warning"
+                        : "Non-standard") +
+           ":</b> " + Escaped(finding.text) +
            (finding.line == 0 ? "" : " (line " + std::to_string(finding.line) + ")") + "</li>";
 }
 
@@ -116,8 +133,7 @@ std::string RunPage::FaultyHtml() const {
     });
     std::string html = "<ul class=\"faulty\">\n";
     for (std::size_t i = 0; i < std::min(faulty.size(), kMostFaulty); ++i) {
-        html += "<li><a class=\"jump\" href=\"#member\" data-mark=\"" + Escaped(faulty[i]->mark) +
-                "\">" + Escaped(faulty[i]->mark) + "</a><ul>";
+        html += "<li>" + LinkTo(faulty[i]->mark) + "<ul>";
         for (const DrawnFinding& finding : faulty[i]->findings)
             html += FindingHtml(finding);
         html += "</ul></li>\n";

@@ -6,6 +6,7 @@
 
 #include <cstddef>
 #include <string>
+#include <utility>
 #include <vector>
 
 /// @file
@@ -24,7 +25,8 @@ struct PageTable {
     std::string title;
     std::vector<std::string> headings;
     std::vector<std::vector<std::string>> rows;
-    std::string ifEmpty;  ///< what is said instead of an empty table; "": nothing at all
+    std::string ifEmpty;       ///< what is said instead of an empty table; "": nothing at all
+    bool isOfMembers = false;  ///< rows begin with the mark of a member
 };
 
 /// The page of a run: one HTML file that needs no other and no network.
@@ -39,8 +41,13 @@ class RunPage {
     std::vector<PageTable> changes;  ///< against an earlier run
     std::vector<PageTable> tables;   ///< below the members
 
-    /// The drawing of a member that is added later.
-    std::string Compact(const MemberDrawing& drawing) { return CompactDrawing(drawing, m_texts); }
+    /// `texts`: those of the members' compact drawings.
+    explicit RunPage(SharedTexts texts) : m_texts(std::move(texts)) {}
+
+    /// For a member that is added later.
+    std::string Compact(const std::vector<DrawnFeature>& features) {
+        return CompactFeatures(features, m_texts);
+    }
     void AddMember(const PageMember& member);
     std::string ToHtml() const;
 

@@ -4,7 +4,7 @@
 
 const STATES = ["set aside", "in order", "warning", "error"];
 const STATE_CLASSES = ["set-aside", "in-order", "warning", "error"];
-const KINDS = ["hole", "slot", "rectangle", "sink", "opening", "notch", "mark", "text"];
+const KINDS = ["hole", "slot", "rectangle", "sink", "opening", "notch", "mark", "text", "cut", "cut", "outline"];
 
 function escaped(text) {
   return String(text).replace(/[&<>"]/g, (c) => ({ "&": "&amp;", "<": "&lt;", ">": "&gt;", '"': "&quot;" })[c]);
@@ -24,7 +24,7 @@ function points(flat) {
 function memberOf(raw, texts) {
   const face = (f) => ({ name: texts[f[0]], width: f[1] || 0, isUnrolled: f[2] === 1, outlines: (f[3] || []).map(points) });
   const feature = (f, index) => ({
-    index, kind: f[0] || 0, state: f[1] || 0, face: f[2] || 0, line: f[3] || 0, x: f[4] || 0, y: f[5] || 0, size: f[6] || 0,
+    index, isEarlier: false, kind: f[0] || 0, state: f[1] || 0, face: f[2] || 0, line: f[3] || 0, x: f[4] || 0, y: f[5] || 0, size: f[6] || 0,
     shape: texts[f[7] || 0], code: texts[f[8] || 0], length: f[9] || 0, angle: f[10] || 0,
     told: f[11] || [f[4] || 0, f[5] || 0], remark: texts[f[12] || 0], outline: points(f[13] || []), text: texts[f[14] || 0],
   });
@@ -33,11 +33,12 @@ function memberOf(raw, texts) {
     mark: raw[0], profile: texts[raw[1]], length: raw[2], quantity: raw[3], group: texts[raw[4]], state: raw[5],
     isNonStandard: raw[6] === 1, file: raw[7], accounts: texts[raw[8]],
     findings: raw[9].map(finding), faces: raw[10].map(face), features: raw[11].map(feature),
+    changes: raw[12] || [], earlier: (raw[13] || []).map((f) => ({ ...feature(f, -1), isEarlier: true })),
   };
 }
 
 const Drawing = (() => {
-  const WIDTH = 1000, LEFT = 112, RIGHT = 24, TOP = 34, FACE_GAP = 16, WINDOW_GAP = 44, LABELS = 34;
+  const WIDTH = 1000, LEFT = 112, RIGHT = 24, TOP = 40, FACE_GAP = 16, WINDOW_GAP = 44, LABELS = 34;
   const FACES_HEIGHT = 240, TRUE_HEIGHT = 420, WINDOW_HEIGHT = 330, LONGEST_TRUE = 10;
   const SYMBOL = 3.5, SMALLEST_SHAPE = 5, DIGIT = 0.56 * 11, LABEL_GAP = 6, PIXELS_PER_MM = 96 / 25.4;
 
@@ -80,9 +81,9 @@ const Drawing = (() => {
     return panels;
   }
 
-  // The first and the last feature with a finding, else both ends.
+  // The first and the last feature with a finding, else with a change, else both ends.
   function placesOfInterest(member) {
-    const xs = member.features.filter((f) => f.state >= 2).map((f) => f.x);
+    const faulty = member.features.filter((f) => f.state >= 2), xs = (faulty.length ? faulty : member.earlier).map((f) => f.x);
     return xs.length ? [Math.min(...xs), Math.max(...xs)] : [0, member.length];
   }
 
@@ -135,6 +136,8 @@ const Drawing = (() => {
       if (kind === "slot") return path(style, slotPath(feature, panel));
       return `<circle class="${style}" cx="${px(x)}" cy="${px(y)}" r="${px(feature.size / 2 * panel.scaleX)}"/>`;
     }
+    if (kind === "cut") return path(style, through(feature.outline, panel, feature.face));
+    if (feature.outline.length === 0) return "";
     return path(style + " area", through(feature.outline, panel, feature.face));
   }
 
@@ -148,6 +151,7 @@ const Drawing = (() => {
     let words = `${feature.shape}${size ? " " + size : ""}, ${member.faces[feature.face].name}, x ${number(feature.told[0], 2)}, y ${number(feature.told[1], 2)}`;
     if (feature.code) words += `, code ${feature.code}`;
     if (feature.line) words += `, line ${feature.line}`;
+    if (feature.isEarlier) return `earlier: ${words}`;
     words += `: ${STATES[feature.state]}`;
     return feature.remark ? `${words} (${feature.remark})` : words;
   }
@@ -157,9 +161,23 @@ const Drawing = (() => {
     return member.findings.flatMap((finding, i) => (finding.line === feature.line ? [i + 1] : [])).join(", ");
   }
 
+  // A finding lights up all features of its line.
+  function isChosenBy(member, feature, chosen) {
+    return chosen >= 0 && (feature.index === chosen || (feature.line > 0 && feature.line === member.features[chosen].line));
+  }
+
+  // An outline without a finding is what its face shows.
+  const isShown = (feature) => KINDS[feature.kind] !== "outline" || feature.state >= 2;
+
+  // Where a feature was in the earlier output.
+  function earlierOf(member, feature, panel) {
+    const x = panel.x(feature.x), y = panel.y(feature.face, feature.y), shape = shapeOf(feature, panel);
+    return `<g class="earlier"><title>${escaped(tooltip(member, feature))}</title>${shape || symbol(0, x, y)}<path class="cross" d="M${px(x - 4)} ${px(y - 4)}l8 8M${px(x - 4)} ${px(y + 4)}l8 -8"/></g>`;
+  }
+
   function featureOf(member, feature, panel, chosen) {
     const x = panel.x(feature.x), y = panel.y(feature.face, feature.y), shape = shapeOf(feature, panel);
-    const isChosen = feature.index === chosen, reach = Math.max(12, feature.size / 2 * panel.scaleX + 6);
+    const isChosen = isChosenBy(member, feature, chosen), reach = Math.max(12, feature.size / 2 * panel.scaleX + 6);
     let svg = `<g class="feature${isChosen ? " chosen" : ""}" data-feature="${feature.index}"><title>${escaped(tooltip(member, feature))}</title>${shape}`;
     if (feature.state >= 2 || (!shape && KINDS[feature.kind] !== "sink")) svg += symbol(feature.state, x, y);
     if (isChosen) svg += `<circle class="ring" cx="${px(x)}" cy="${px(y)}" r="${px(panel.isTrue ? reach : 9)}"/>`;
@@ -180,7 +198,8 @@ const Drawing = (() => {
     member.faces.forEach((_, face) => { svg += faceOf(member, face, panel); });
     const isWithin = (f) => f.x + Math.max(f.size, f.length) / 2 >= panel.from && f.x - Math.max(f.size, f.length) / 2 <= panel.to;
     // The chosen one lies above the others.
-    const shown = member.features.filter(isWithin).sort((a, b) => (a.index === chosen) - (b.index === chosen));
+    const shown = member.features.filter((f) => isShown(f) && isWithin(f)).sort((a, b) => (a.index === chosen) - (b.index === chosen));
+    svg += member.earlier.filter(isWithin).map((feature) => earlierOf(member, feature, panel)).join("");
     svg += shown.map((feature) => featureOf(member, feature, panel, chosen)).join("") + "</g>";
     for (const label of labelsOf(member, panel)) {
       const y = panel.bottom + 15 + 14 * label.row;
@@ -216,7 +235,7 @@ const Drawing = (() => {
     const at = chosen >= 0 ? [member.features[chosen].x] : isPaper ? places : [places[0]];
     const windows = overview.isTrue ? [] : windowsOf(member, overview, at);
     const height = (windows.length ? windows[0] : overview).bottom + LABELS;
-    let svg = text(WIDTH - 12, 14, "small end", scaleText(overview)) + namesOf(member, overview) + panelOf(member, overview, id + "o", chosen);
+    let svg = text(WIDTH - 12, 22, "small end", scaleText(overview)) + namesOf(member, overview) + panelOf(member, overview, id + "o", chosen);
     windows.forEach((panel, i) => {
       const name = String.fromCharCode(65 + i), left = overview.x(panel.from), right = overview.x(panel.to);
       svg += `<rect class="frame" x="${px(left)}" y="${px(overview.top - 6)}" width="${px(right - left)}" height="${px(overview.bottom - overview.top + 12)}"/>` +

@@ -8,10 +8,12 @@
 
   const statusHtml = (state) => `<span class="status"><svg class="drawing" viewBox="-6 -6 12 12" aria-hidden="true">${Drawing.symbol(state, 0, 0)}</svg>${STATES[state]}</span>`;
 
+  const tagsHtml = (row) => (row.isNonStandard ? ' <span class="tag">non-standard</span>' : "") + (row.change ? ` <span class="tag change">${row.change}</span>` : "");
+
   // ---- the table: only the rows in sight exist -------------------------------------------------------------
 
   function cellHtml(row, column) {
-    const value = column.key === "state" ? statusHtml(row.state) + (row.isNonStandard ? " *" : "")
+    const value = column.key === "state" ? statusHtml(row.state) + tagsHtml(row)
       : column.isNumber ? number(row[column.key], 2) : escaped(row[column.key]);
     return `<td${column.isNumber ? ' class="right"' : ""}${column.isNumber || column.key === "state" ? "" : ` title="${escaped(row[column.key])}"`}>${value}</td>`;
   }
@@ -44,7 +46,8 @@
   }
 
   function showStates() {
-    el("states").innerHTML = FILTERS.map((filter) =>
+    const hasChanges = all.some((row) => row.change);
+    el("states").innerHTML = FILTERS.filter((filter) => filter.key !== "changed" || hasChanges).map((filter) =>
       `<button type="button" data-state="${filter.key}" aria-pressed="${view.state === filter.key}">${filter.name} ${all.filter(filter.fits).length}</button>`).join(" ");
   }
 
@@ -71,7 +74,7 @@
 
   function findingHtml(member, finding, i) {
     const isKnown = finding.line && member.features.some((feature) => feature.line === finding.line);
-    const words = `<b>${finding.state === 3 ? "Error" : "Warning"}:</b> ${escaped(finding.text)}${finding.line ? ` (line ${finding.line})` : ""}`;
+    const words = `<b>${finding.state === 3 ? "Error" : finding.state === 2 ? "Warning" : "Non-standard"}:</b> ${escaped(finding.text)}${finding.line ? ` (line ${finding.line})` : ""}`;
     return `<li data-line="${finding.line}" class="${finding.state === 3 ? "is-error" : "is-warning"}">${i + 1}. ${isKnown ? `<button type="button" class="link" data-line="${finding.line}">${words}</button>` : words}</li>`;
   }
 
@@ -93,14 +96,20 @@
     return `<dl class="facts">${facts.filter(([, value]) => value !== "").map(([name, value]) => `<div><dt>${name}</dt><dd>${escaped(value)}</dd></div>`).join("")}</dl>`;
   }
 
+  function changesHtml(member) {
+    if (!member.changes.length) return "";
+    const rows = member.changes.map((change) => `<tr>${change.map((text) => `<td>${escaped(text)}</td>`).join("")}</tr>`).join("");
+    return `<div class="wide"><table class="changes"><caption>Changed since the earlier output</caption><thead><tr><th scope="col">What</th><th scope="col">Before</th><th scope="col">Now</th></tr></thead><tbody>${rows}</tbody></table></div>`;
+  }
+
   const keyHtml = () => `<p class="key">${[1, 2, 3, 0].map(statusHtml).join("")}</p>`;
 
   function showMember() {
     const { member } = view;
     const findings = member.findings.map((finding, i) => findingHtml(member, finding, i)).join("");
     const headings = ["Line", "Face", "Shape", "Size", "X", "Y", "Code", "Status"].map((name) => `<th scope="col">${name}</th>`).join("");
-    el("member").innerHTML = `<h3>${escaped(member.mark)} ${statusHtml(member.state)}</h3>${factsHtml(member)}` +
-      (findings ? `<ul class="findings">${findings}</ul>` : "<p>Nothing was found.</p>") +
+    el("member").innerHTML = `<h3><bdi>${escaped(member.mark)}</bdi> ${statusHtml(member.state)}${tagsHtml(all[member.index])}</h3>${factsHtml(member)}` +
+      (findings ? `<ul class="findings">${findings}</ul>` : "<p>Nothing was found.</p>") + changesHtml(member) +
       (member.faces.length ? `<div id="drawing"></div>${keyHtml()}<p class="help">Click a feature, or press ← and → here: the window follows it. Esc lets go.</p>` : "<p>This member is not drawn: the page would be too large.</p>") +
       (member.features.length ? `<div class="features" tabindex="0" aria-label="Features"><table><caption class="unseen">Features of ${escaped(member.mark)}</caption><thead><tr>${headings}</tr></thead><tbody>${member.features.map((feature) => featureRow(member, feature)).join("")}</tbody></table></div>` : "");
     showDrawing();
@@ -113,7 +122,10 @@
     if (member.faces.length) el("drawing").innerHTML = Drawing.svgOf(member, feature);
     const line = feature >= 0 ? member.features[feature].line : 0;
     for (const item of el("member").querySelectorAll(".findings li")) item.classList.toggle("chosen", line > 0 && Number(item.dataset.line) === line);
-    for (const row of el("member").querySelectorAll("tr[data-feature]")) row.classList.toggle("chosen", Number(row.dataset.feature) === feature);
+    for (const row of el("member").querySelectorAll("tr[data-feature]")) {
+      const index = Number(row.dataset.feature);
+      row.classList.toggle("chosen", index === feature || (line > 0 && member.features[index].line === line));
+    }
   }
 
   function chooseFeature(index) {
@@ -200,7 +212,7 @@
     const faulty = sorted(all.filter((row) => row.state >= 2), "state", false).slice(0, MOST_PRINTED_DRAWINGS);
     el("print-members").innerHTML = (faulty.length ? "<h2>Members with findings</h2>" : "") + faulty.map((row) => {
       const member = memberOf(data.members[row.index], data.texts);
-      return `<div class="print-member"><h3>${escaped(member.mark)} ${statusHtml(member.state)}</h3><ul class="findings">${member.findings.map((f, i) => findingHtml(member, f, i)).join("")}</ul>${member.faces.length ? Drawing.svgOf(member, -1, true, `p${row.index}`) : ""}</div>`;
+      return `<div class="print-member"><h3><bdi>${escaped(member.mark)}</bdi> ${statusHtml(member.state)}</h3><ul class="findings">${member.findings.map((f, i) => findingHtml(member, f, i)).join("")}</ul>${member.faces.length ? Drawing.svgOf(member, -1, true, `p${row.index}`) : ""}</div>`;
     }).join("");
     writeRows(0, Math.min(view.rows.length, MOST_PRINTED_ROWS));
     el("above").innerHTML = "";

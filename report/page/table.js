@@ -2,12 +2,12 @@
 // Which members are shown, in which order: without a page, so that it can be tried for itself.
 
 const COLUMNS = [
-  { key: "mark", name: "Mark", width: "19%" },
-  { key: "profile", name: "Profile", width: "21%" },
-  { key: "length", name: "Length", width: "13%", isNumber: true },
-  { key: "quantity", name: "Qty", width: "9%", isNumber: true },
-  { key: "group", name: "Group", width: "19%" },
-  { key: "state", name: "Status", width: "19%" },
+  { key: "mark", name: "Mark", width: "15%" },
+  { key: "profile", name: "Profile", width: "18%" },
+  { key: "length", name: "Length", width: "12%", isNumber: true },
+  { key: "quantity", name: "Qty", width: "10%", isNumber: true },
+  { key: "group", name: "Group", width: "17%" },
+  { key: "state", name: "Status", width: "28%" },
 ];
 
 const FILTERS = [
@@ -16,6 +16,7 @@ const FILTERS = [
   { key: "warning", name: "Warnings", fits: (row) => row.state === 2 },
   { key: "nonstandard", name: "Non-standard", fits: (row) => row.isNonStandard },
   { key: "good", name: "In order", fits: (row) => row.state === 1 },
+  { key: "changed", name: "Changed", fits: (row) => row.change !== "" },
 ];
 
 // The cells of a member, and all that a search looks at.
@@ -23,8 +24,9 @@ function rowOf(raw, texts, index) {
   const row = {
     index, mark: raw[0], profile: texts[raw[1]], length: raw[2], quantity: raw[3], group: texts[raw[4]], state: raw[5],
     isNonStandard: raw[6] === 1, file: raw[7], findings: raw[9].length,
+    change: !raw[12] ? "" : raw[12].some((change) => change[0] === "member added") ? "new" : "changed",
   };
-  row.search = [row.mark, row.profile, row.group, row.file, STATES[row.state], ...raw[9].map((f) => f[1])].join("\n").toLowerCase();
+  row.search = [row.mark, row.profile, row.group, row.file, STATES[row.state], row.change, ...raw[9].map((f) => f[1])].join("\n").toLowerCase();
   return row;
 }
 

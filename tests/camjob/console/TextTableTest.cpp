@@ -1,10 +1,11 @@
+#include "camjob/console/ReportText.h"
 #include "camjob/console/TextTable.h"
 
 #include <gtest/gtest.h>
 
 namespace {
 
-using camjob::TextTable;
+using namespace camjob;
 
 TEST(TextTable, AlignsByCharactersShown) {
     TextTable table({
@@ -14,12 +15,28 @@ TEST(TextTable, AlignsByCharactersShown) {
     });
     table.AddRow({L"8.0", L"web", L""});
     table.AddRow({L"58.0 x 18.0", L"\U0001F529 Träger", L"x"});
-    EXPECT_EQ(table.Format().toUtf8(),
+    EXPECT_EQ(table.Format({}).toUtf8(),
               "        Gr\xC3\xB6\xC3\x9F"
               "e  face      remark\n"
               "  -----------  --------  ------\n"
               "          8.0  web\n"
               "  58.0 x 18.0  \xF0\x9F\x94\xA9 Tr\xC3\xA4ger  x\n");
+}
+
+// Texts give way, numbers stay; what a file holds cannot steer the terminal.
+TEST(TextTable, FitsATerminal) {
+    TextTable table({
+        {L"mark", TextTable::Align::kLeft },
+        {L"mm",   TextTable::Align::kRight},
+        {L"file", TextTable::Align::kLeft }
+    });
+    table.AddRow({L"P1", L"1234567.8", L"a/long/folder/P1.nc1"}, Tone::kError);
+    table.AddRow({L"\x1B[0m", L"1.0", L"P2.nc1"}, Tone::kWarning);
+    EXPECT_EQ(Coloured(Printable(table.Format({32, true}))),
+              "  mark         mm  file\n"
+              "  -----  ---------  ------------\n"
+              "\x1B[31m  P1    1234567.8  a/lon\xE2\x80\xA6P1.nc1\n\x1B[0m"
+              "\x1B[33m  \\u001B[0m        1.0  P2.nc1\n\x1B[0m");
 }
 
 }  // namespace

@@ -29,7 +29,7 @@ TEST(RunCommand, TellsWhatWasMadeAndWhere) {
     EXPECT_EQ(run.err, "");
     EXPECT_TRUE(MatchesGolden(CAMJOB_GOLDEN_FOLDER "/run/golden", "run", run.out));
     const Files made = ContentOf(folder.PathOf("made/here"));
-    EXPECT_EQ(made.size(), 7u);
+    EXPECT_EQ(made.size(), 8u);
 
     // Once more: the same bytes. Without --out it goes where the job says.
     EXPECT_EQ(RunTool({"run", "job.toml", "--out", "made/here"}).out, run.out);

@@ -66,7 +66,7 @@ def check(file, part):
     for entity in document.modelspace():
         if entity.dxf.layer not in document.layers:
             complaints.append(f"{entity.dxf.layer} is not declared")
-        if entity.dxftype() == "POLYLINE" and not entity.is_closed and "MARKS" not in entity.dxf.layer:
+        if entity.dxftype() == "POLYLINE" and not entity.is_closed and not entity.dxf.layer.endswith(("MARKS", "TRIMS", "MITRES")):
             complaints.append(f"an open outline on {entity.dxf.layer}")
         if entity.dxftype() in ("CIRCLE", "POLYLINE"):
             shapes[entity.dxf.layer].append(entity)

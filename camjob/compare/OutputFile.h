@@ -1,0 +1,31 @@
+#pragma once
+
+#include "camjob/compare/OutputChanges.h"
+#include "camjob/compare/RunDocument.h"
+
+#include <string>
+#include <variant>
+#include <vector>
+
+namespace camjob {
+
+/// Why a name stands for no output.
+struct NoOutput {
+    std::string message;  ///< with the name, UTF-8
+};
+
+/// Reads the document of a run, or the only one in a folder of that name; UTF-8.
+std::variant<RunDocument, NoOutput> ReadOutput(const std::string& name, const TakeMember& take);
+
+/// An output to hold an older one against.
+struct NewerOutput {
+    std::vector<std::string> marks;  ///< of its members, in their order
+    OutputComparison::Lookup lookUp;
+    std::vector<OutputBars> bars;
+};
+
+/// What has changed since the older output.
+std::variant<OutputChanges, NoOutput> ChangesSince(const std::string& older,
+                                                   const NewerOutput& newer);
+
+}  // namespace camjob

@@ -1,0 +1,52 @@
+#pragma once
+
+#include <string>
+#include <tuple>
+#include <vector>
+
+/// @file
+/// An output as a comparison sees it: plain data, texts in UTF-8, mm and degrees.
+
+namespace camjob {
+
+/// One feature of a member, in output coordinates. Ordered by face, kind and place.
+struct OutputFeature {
+    std::string face;
+    std::string kind;  ///< as in docs/run-json.md
+    double x = 0.0;
+    double y = 0.0;
+    double size = 0.0;
+    double length = 0.0;
+    double angle = 0.0;
+    std::string code;
+    double xInFile = 0.0;  ///< in the coordinates of its face in the NC file; tells no difference
+    double yInFile = 0.0;
+
+    auto Key() const { return std::tie(face, kind, x, y, size, length, angle, code); }
+    friend bool operator<(const OutputFeature& a, const OutputFeature& b) {
+        return a.Key() < b.Key();
+    }
+};
+
+struct OutputMember {
+    std::string mark;
+    std::string profile;
+    long quantity = 0;
+    double length = 0.0;
+    std::string status;  ///< in words
+    std::vector<OutputFeature> features;
+};
+
+/// The status of a member in words.
+std::string StatusInWords(bool isValid, bool hasWarnings, bool isNonStandard);
+
+/// The bars of one cutting plan.
+struct OutputBars {
+    std::string group;
+    std::string profile;
+    std::string material;
+    long bars = 0;
+    double utilisation = 0.0;  ///< 0 to 1
+};
+
+}  // namespace camjob

@@ -1,0 +1,37 @@
+#pragma once
+
+#include "report/drawing/MemberDrawing.h"
+#include "report/page/CompactMember.h"
+
+#include <cstddef>
+#include <string>
+#include <vector>
+
+namespace camjob {
+
+/// What the features of a run's members are and where they lie: drawn while each member is judged,
+/// since nobody knows its holes afterwards, and kept as short texts until the run is told.
+class MemberDrawings {
+  public:
+    /// Members in the order of the run's.
+    void Add(const report::MemberDrawing& drawing);
+    std::size_t GetCount() const { return m_members.size(); }
+    double GetLength(std::size_t member) const { return m_members[member].length; }
+    /// Faces and features, without mark, profile and findings; numbers with three decimals.
+    report::MemberDrawing Get(std::size_t member) const;
+    /// As report::CompactDrawing makes it.
+    const std::string& GetCompact(std::size_t member) const { return m_members[member].drawing; }
+    /// Those that the drawings share.
+    const report::SharedTexts& GetTexts() const { return m_texts; }
+
+  private:
+    struct Member {
+        double length = 0.0;
+        std::string drawing;
+    };
+
+    std::vector<Member> m_members;
+    report::SharedTexts m_texts;
+};
+
+}  // namespace camjob

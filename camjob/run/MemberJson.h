@@ -1,0 +1,16 @@
+#pragma once
+
+#include "camjob/console/ReportJson.h"
+#include "camjob/run/RunReport.h"
+
+#include <cstddef>
+#include <string>
+
+namespace camjob {
+
+Json AccountsJson(const plugin::AccountNumbers& accounts);
+
+/// A member of a report with its features, operations and findings; `file` names its NC file.
+Json MemberJson(const RunReport& report, std::size_t member, const std::string& file);
+
+}  // namespace camjob

@@ -1,0 +1,68 @@
+#include "camjob/run/RunComparison.h"
+
+#include "camjob/run/FeatureWords.h"
+
+#include <unordered_map>
+#include <utility>
+
+namespace camjob {
+
+namespace {
+
+OutputFeature ToCompare(const report::DrawnFeature& drawn, const report::DrawnFace& face) {
+    return {face.name,
+            WordOf(drawn.kind),
+            drawn.told.x,
+            drawn.told.y,
+            drawn.size,
+            drawn.length,
+            drawn.angle,
+            drawn.code,
+            drawn.at.x,
+            drawn.at.y};
+}
+
+OutputMember ToCompare(const RunReport& report, std::size_t index) {
+    const plugin::MemberResult& result = report.members[index].result;
+    const plugin::MemberOutcome& outcome = result.outcome;
+    OutputMember member;
+    member.mark = result.mark.toUtf8();
+    member.profile = result.profileName.toUtf8();
+    member.quantity = result.quantity;
+    member.length = report.drawings.GetLength(index);
+    member.status = StatusInWords(outcome.isValid, outcome.hasWarnings, outcome.isNonStandard);
+    const report::MemberDrawing drawing = report.drawings.Get(index);
+    for (const report::DrawnFeature& feature : drawing.features)
+        member.features.push_back(ToCompare(feature, drawing.faces[feature.face]));
+    return member;
+}
+
+OutputBars ToCompare(const RunPlan& plan) {
+    const plugin::PlanTotals totals = TotalsOf(plan.plan);
+    return {plan.group.toUtf8(),
+            plan.plan.profileName.toUtf8(),
+            plan.plan.material.toUtf8(),
+            totals.bars,
+            totals.GetUtilisation()};
+}
+
+}  // namespace
+
+NewerOutput ToCompare(const RunReport& report) {
+    NewerOutput output;
+    std::unordered_map<std::string, std::size_t> positions;
+    for (const RunMember& member : report.members) {
+        output.marks.push_back(member.result.mark.toUtf8());
+        positions.insert({output.marks.back(), positions.size()});
+    }
+    output.lookUp = [&report, positions = std::move(positions)](
+                        const std::string& mark) -> std::optional<OutputMember> {
+        const auto at = positions.find(mark);
+        return at == positions.end() ? std::nullopt : std::optional(ToCompare(report, at->second));
+    };
+    for (const RunPlan& plan : report.plans)
+        output.bars.push_back(ToCompare(plan));
+    return output;
+}
+
+}  // namespace camjob

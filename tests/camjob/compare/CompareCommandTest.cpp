@@ -1,0 +1,118 @@
+#include "camjob/FolderContent.h"
+#include "camjob/SampleJob.h"
+#include "support/Golden.h"
+
+#include <utility>
+
+namespace {
+
+/// A member with holes, a slot and a text.
+std::string Member(const std::string& mark, const std::string& features) {
+    return nc::Header(mark, "Z200x2.0\n  SO", "1500.00") + "BO\n" + features + "EN\n";
+}
+
+/// Yesterday's job.
+SampleJob WriteOld(const TempFolder& folder) {
+    SampleJob job;
+    job.Write(folder);
+    folder.Write("nc/6.nc1",
+                 Member("M1",
+                        "  v 100.00 50.00 18.00\n  v 300.00 50.00 18.00\n  v 500.00 50.00 18.00\n"
+                        "  v 700.00 50.00 14.00\n  v 900.00 99.00 18.00 0.00l 40.00 0.00 0.00\n"));
+    folder.Write("nc/7.nc1", nc::Plain("R<1>"));
+    return job;
+}
+
+/// Features moved, recoded, changed, added and removed; members that came and went; other values.
+void Revise(const TempFolder& folder, const SampleJob& job) {
+    std::string text = job.Text();
+    text.replace(text.find("\"X\""), 3, "\"Y\"");
+    folder.Write("job.toml", text);
+    folder.Write("nc/3.nc1", nc::Header("C2", "C100x1.5\n  C", "1400.00") + "EN\n");
+    folder.Write("nc/4.nc1", nc::Header("L1", "Z200x2.0\n  SO", "1900.00") + "EN\n");
+    folder.Write("nc/6.nc1",
+                 Member("M1",
+                        "  v 100.00 50.00 18.00\n  v 320.00 50.00 18.00\n  v 500.00 50.00 20.00\n"
+                        "  v 700.00 50.00 14.00\n  o 900.00 30.00 18.00\n"));
+    std::filesystem::remove(folder.PathOf("nc/7.nc1"));
+    folder.Write("nc/8.nc1", nc::Plain("N1"));
+}
+
+TEST(CompareCommand, TellsWhatDiffers) {
+    const TempFolder folder;
+    const SampleJob job = WriteOld(folder);
+    const CurrentFolder there(folder.PathOf(""));
+    EXPECT_EQ(RunTool({"run", "job.toml", "--out", "old"}).exitCode, 1);
+    EXPECT_EQ(RunTool({"run", "job.toml", "--out", "out"}).exitCode, 1);
+    Revise(folder, job);
+
+    // The output that is replaced is the one to compare with; once more it is the same.
+    const CamjobRun run = RunTool({"run", "job.toml", "--out", "out"});
+    EXPECT_NE(run.out.find("against out/s-run.json: "), std::string::npos) << run.out;
+    const nlohmann::json document = nlohmann::json::parse(folder.Read("out/s-run.json"));
+    EXPECT_EQ(RunTool({"run", "job.toml", "--out", "out"}).out.find("against"), std::string::npos);
+
+    const CamjobRun compared = RunTool({"compare", "old", "out"});
+    const CamjobRun json = RunTool({"compare", "old", "out/s-run.json", "--json"});
+    EXPECT_TRUE(MatchesGolden(
+        CAMJOB_GOLDEN_FOLDER "/compare/golden", "compared", ReportOf(compared) + ReportOf(json)));
+    nlohmann::json told = nlohmann::json::parse(json.out);
+    for (const char* key : {"schema", "newer"})
+        told.erase(key);
+    told["against"] = "s-run.json";
+    EXPECT_EQ(told, document["changes"]);
+
+    const CamjobRun asked = RunTool({"run", "job.toml", "--out", "out", "--against", "old"});
+    EXPECT_NE(asked.out.find(compared.out.substr(compared.out.find(": "))), std::string::npos)
+        << asked.out;
+    EXPECT_EQ(RunTool({"compare", "out", "out"}).out, "against out: nothing has changed\n");
+}
+
+TEST(CompareCommand, RefusesWhatIsNoOutput) {
+    const TempFolder folder;
+    WriteOld(folder);
+    const CurrentFolder there(folder.PathOf(""));
+    RunTool({"run", "job.toml", "--out", "out"});
+    std::string document = folder.Read("out/s-run.json");
+    folder.Write("cut-run.json", document.substr(0, document.size() / 2));
+    document.replace(document.find("camjob-run/"), 12, "camjob-run/0");
+    folder.Write("other.json", document);
+    folder.Write("refused.json", RunTool({"run", "job.toml", "--json", "--against", "nc"}).out);
+    folder.Write("list.json", "[]");
+    std::filesystem::create_directories(folder.PathOf("two"));
+    folder.Write("two/a-run.json", "");
+    folder.Write("two/b-run.json", "");
+    const std::pair<const char*, const char*> cases[] = {
+        {"nowhere",      "camjob: nowhere: cannot be read\n"                                   },
+        {"nc",           "camjob: nc: no output of a run: no file in it ends in -run.json\n"   },
+        {"two",          "camjob: two: several outputs: name the file that ends in -run.json\n"},
+        {"cut-run.json", "camjob: cut-run.json: is not the document of a run\n"                },
+        {"list.json",    "camjob: list.json: is not the document of a run\n"                   },
+        {"other.json",
+         "camjob: other.json: is of another version (camjob-run/0, not camjob-run/2)\n"        },
+        {"refused.json", "camjob: refused.json: tells of a run without an output\n"            },
+    };
+    const std::string before = folder.Read("out/s-run.json");
+    for (const auto& [name, message] : cases) {
+        SCOPED_TRACE(name);
+        for (const CamjobRun& run :
+             {RunTool({"compare", name, "out"}), RunTool({"compare", "out", name})}) {
+            EXPECT_EQ(run.exitCode, 2);
+            EXPECT_EQ(run.out + run.err, message);
+        }
+        const CamjobRun run = RunTool({"run", "job.toml", "--against", name});
+        EXPECT_EQ(run.exitCode, 2);
+        EXPECT_EQ(run.out + run.err, message + std::string("camjob: nothing was written\n"));
+    }
+    EXPECT_EQ(folder.Read("out/s-run.json"), before);
+
+    // An earlier output that cannot be read is no reason not to replace it.
+    folder.Write("out/s-run.json", "[]");
+    const CamjobRun run = RunTool({"run", "job.toml", "--out", "out"});
+    EXPECT_EQ(
+        run.err,
+        "camjob: out/s-run.json: is not the document of a run; what has changed is not told\n");
+    EXPECT_EQ(folder.Read("out/s-run.json"), before);
+}
+
+}  // namespace
