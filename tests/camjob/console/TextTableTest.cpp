@@ -34,8 +34,8 @@ TEST(TextTable, FitsATerminal) {
     table.AddRow({L"\x1B[0m", L"1.0", L"P2.nc1"}, Tone::kWarning);
     EXPECT_EQ(Coloured(Printable(table.Format({32, true}))),
               "  mark         mm  file\n"
-              "  -----  ---------  ------------\n"
-              "\x1B[31m  P1    1234567.8  a/lon\xE2\x80\xA6P1.nc1\n\x1B[0m"
+              "  ----  ---------  -------------\n"
+              "\x1B[31m  P1    1234567.8  a/long\xE2\x80\xA6P1.nc1\n\x1B[0m"
               "\x1B[33m  \\u001B[0m        1.0  P2.nc1\n\x1B[0m");
 }
 

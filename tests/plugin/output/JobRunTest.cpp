@@ -90,7 +90,6 @@ TEST(JobRun, NestsTheValidMembersOfAGroup) {
     JobRun run(job, folder.PathOf(""));
     AddAll(run, {&a.Qty(2).Length(1500), &b.Length(5000), &c.Length(900)});
     ASSERT_TRUE(run.Write(folder.PathOf("")));
-    EXPECT_EQ(run.GetFileNames().back(), L"job-cutting.csv");
     EXPECT_TRUE(MatchesGoldenFolder(PLUGIN_GOLDEN_FOLDER "/nested", folder.PathOf("")));
     ASSERT_EQ(run.GetPlans().size(), 1u);
     EXPECT_EQ(run.GetPlans()[0].group, 2u);
