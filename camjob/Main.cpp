@@ -1,5 +1,6 @@
 #include "camjob/CommandLine.h"
 #include "camjob/console/Console.h"
+#include "camjob/disk/RevocableFiles.h"
 
 #include <cstddef>
 #include <cstdio>
@@ -54,9 +55,10 @@ int SayLastWords() {
     }
 }
 
-/// A destructor that needs memory, and finds none, ends here. The output stays old or new: the next
-/// run finishes what this one began.
+/// What needs memory where no exception may pass, and finds none, ends here. The output stays old
+/// or new: the next run finishes what this one began.
 [[noreturn]] void EndAtOnce() {
+    camjob::RevocableFiles::TakeBackWhatIsThere();
     if (s_reserve == nullptr)
         std::_Exit(SayLastWords());
     std::abort();

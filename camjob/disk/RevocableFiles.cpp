@@ -10,6 +10,16 @@ namespace fs = std::filesystem;
 // What is made is noted first: the note may take the last memory.
 
 RevocableFiles::~RevocableFiles() {
+    TakeBack();
+    s_only = nullptr;
+}
+
+void RevocableFiles::TakeBackWhatIsThere() {
+    if (s_only != nullptr)
+        s_only->TakeBack();
+}
+
+void RevocableFiles::TakeBack() {
     std::error_code ignored;
     for (auto path = m_paths.rbegin(); path != m_paths.rend(); ++path)
         fs::remove(*path, ignored);

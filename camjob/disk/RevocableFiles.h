@@ -10,7 +10,8 @@ namespace camjob {
 /// something else by then stays.
 class RevocableFiles {
   public:
-    RevocableFiles() = default;
+    /// At most one at a time.
+    RevocableFiles() { s_only = this; }
     ~RevocableFiles();
     RevocableFiles(const RevocableFiles&) = delete;
     RevocableFiles& operator=(const RevocableFiles&) = delete;
@@ -22,7 +23,14 @@ class RevocableFiles {
     bool Write(const std::filesystem::path& file, std::string_view text);
     void Keep() { m_paths.clear(); }
 
+    /// For a program that ends where it stands, as when memory fails where no exception may pass
+    /// (the standard library lists folders so): what was made, and not kept, goes.
+    static void TakeBackWhatIsThere();
+
   private:
+    void TakeBack();
+
+    inline static RevocableFiles* s_only = nullptr;
     std::vector<std::filesystem::path> m_paths;
 };
 

@@ -120,9 +120,10 @@ constexpr Want kWants[] = {
 };
 
 long CountUnmet(const HoleRuleMatcher::Entry& entry, const CHoleAddlInfo& hole) {
-    return std::count_if(std::begin(kWants), std::end(kWants), [&](const Want& want) {
-        return !want.isMet(entry, hole);
-    });
+    return static_cast<long>(
+        std::count_if(std::begin(kWants), std::end(kWants), [&](const Want& want) {
+            return !want.isMet(entry, hole);
+        }));
 }
 
 bool Fits(const HoleRuleMatcher::Entry& entry, const CHoleAddlInfo& hole) {
