@@ -141,7 +141,7 @@ complete -F _camjob camjob
 END
 }
 
-# A text of a zsh specification.
+# A text as zsh wants it.
 zsh_text() { sed -e "s/'/'\\\\''/g" -e 's/[]:[]/\\&/g' <<<"$1"; }
 
 zsh_completion() {

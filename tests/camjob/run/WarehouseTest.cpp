@@ -24,10 +24,9 @@ void KeepWords(const fs::path& page) {
     std::ifstream stream(page, std::ios::binary);
     std::string text(std::istreambuf_iterator<char>(stream), {});
     stream.close();
-    for (const char* element : {"<style>", "<script>"}) {
-        const std::size_t start = text.find(element);
-        text.erase(start, text.find("</", start) - start);
-    }
+    for (const std::string element : {"style>", "script>"})
+        for (std::size_t start; (start = text.find("<" + element)) != std::string::npos;)
+            text.erase(start, text.find("</" + element, start) + 2 + element.size() - start);
     std::ofstream(page, std::ios::binary) << text;
 }
 
