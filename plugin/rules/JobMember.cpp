@@ -45,13 +45,14 @@ JobMember::JobMember(const JudgingRules& rules, const job::MemberType& type, Zet
     : m_rules(rules), m_type(type) {
     const ZetNCHeaderData header = creator.getHeader();
     m_material = header.material;
-    m_weightPerMetre = header.weightPerMetre;
     CMemberValidations limits = type.limits;
     limits.SetPartofAssy(rules.IsPartOfAssembly(header.mark));
     for (int check = 0; check < job::kUncoveredHole; ++check)
         limits.SetReportType(static_cast<eValidationTypes>(check), ReportTypeOf(check));
     SetMemObjects(type.type, std::move(limits));
     SetNCObjects(&creator);
+    // The height of a plate is its width.
+    m_weightPerMetre = header.weightPerMetre * (IsPlate() ? header.height / 1000.0 : 1.0);
     m_ledger = Ledger(FeaturesOf(m_structure));
     SetEntTypeAndProfileName(creator.getNCEntity()->getType(), GetProfileNameFromCreator(&creator));
     SetNesting(GetGroup().isNested);
