@@ -83,9 +83,20 @@ void NcHeaderReader::Read(const NcLine& line) {
         const Field& field = kFields[m_count];
         (this->*field.read)(line, field);
     } else {
+        WarnOfNumber(line);
         m_header.infoTexts[m_count - kRequired] = TextOf(line);
     }
     ++m_count;
+}
+
+/// Behind a number too many all others count as their neighbours, and the last one as a text.
+void NcHeaderReader::WarnOfNumber(const NcLine& line) {
+    const std::string_view text = Trimmed(line.text);
+    if (m_count == kRequired && ParseNumber(text, true))
+        m_notes.Warn(line.number,
+                     ZetString::format(L"the first text is the number \"%s\": there seems to be a "
+                                       L"header line too many before it",
+                                       Quotable(text)));
 }
 
 ZetString NcHeaderReader::TextOf(const NcLine& line) {

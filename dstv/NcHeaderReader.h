@@ -39,6 +39,7 @@ class NcHeaderReader {
     void ReadLength(const NcLine& line, const Field& field);
     void ReadNumber(const NcLine& line, const Field& field);
     void ReadSize(const NcLine& line, const Field& field);
+    void WarnOfNumber(const NcLine& line);
     ZetString TextOf(const NcLine& line);
 
     NcHeader& m_header;

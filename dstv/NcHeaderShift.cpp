@@ -8,6 +8,7 @@
 namespace dstv {
 namespace {
 
+constexpr std::size_t kQuantityAt = 5;
 constexpr std::size_t kCodeAt = 7;
 /// So far from its place the profile code is looked for, lines.
 constexpr std::size_t kMostShift = 3;
@@ -33,12 +34,27 @@ std::size_t FindCode(const std::vector<NcLine>& lines) {
     return kCodeAt;
 }
 
+bool IsNumber(const NcLine& line) {
+    return ParseNumber(Trimmed(line.text), true).has_value();
+}
+
+/// With the code in its place, or none: the quantity stands in the line before, or the numbers end
+/// too early.
+bool IsLineMissing(const std::vector<NcLine>& lines, std::size_t value) {
+    if (value == kQuantityAt)
+        return IsNumber(lines[kQuantityAt - 1]);
+    return value + kMostShift >= NcHeaderReader::kRequired &&
+           std::none_of(lines.begin() + static_cast<std::ptrdiff_t>(value), lines.end(), IsNumber);
+}
+
 }  // namespace
 
 ZetString HintOfShiftedHeader(const std::vector<NcLine>& lines, std::size_t value) {
     const std::size_t code = FindCode(lines);
-    if (code == kCodeAt || value >= lines.size())
+    if (value >= lines.size())
         return {};
+    if (code == kCodeAt)
+        return IsLineMissing(lines, value) ? L"; a header line before it seems to be missing" : L"";
     const wchar_t* const what = code < kCodeAt
                                     ? L"a header line before it seems to be missing"
                                     : L"there seems to be a header line too many before it";

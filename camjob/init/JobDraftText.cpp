@@ -239,8 +239,8 @@ std::string Ruler(const std::string& what) {
 std::string WriteJobText(const JobDraft& draft) {
     std::string text =
         "# A job for camjob, made from NC files.\n#\n"
-        "#   camjob run job.toml          makes all files of the job\n"
-        "#   camjob init --kind purlins   shows every key of a job, with comments\n#\n"
+        "#   camjob run job.toml               makes all files of the job\n"
+        "#   camjob init keys --kind purlins   shows every key of a job, in the new folder keys\n#\n"
         "# Lengths are in mm. Lines that begin with # are comments.\n\n";
     text += JobTable(draft) + NcTable(draft) + LeftOutFiles(draft);
     text += Ruler("groups: sections of the orders");

@@ -208,7 +208,19 @@ ZetString ErrorLines(const RunReport& report) {
         lines += Line(ZetString::fromUtf8(std::string(job::kFindingTypes[type].name) + ": " +
                                           job::kFindingTypes[type].remedy));
     const ZetString errorFile = OneLine(ZetString::fromUtf8(report.files[job::kErrorFile].name));
-    return Line(L"why invalid, and what to do; all of it is in " + errorFile) + lines;
+    return Line(L"why invalid, and what to do; the members' blocks are in " + errorFile) + lines;
+}
+
+/// Where warnings stand: there may be many, on members that are made.
+ZetString WarningLine(const RunReport& report) {
+    const bool hasAny = std::any_of(
+        report.members.begin(), report.members.end(), [](const RunMember& member) {
+            const plugin::MemberOutcome& outcome = member.result.outcome;
+            return outcome.hasWarnings || outcome.isNonStandard;
+        });
+    return hasAny ? Line(L"warnings, and what is non-standard: see " +
+                         OneLine(ZetString::fromUtf8(report.files[job::kWarningFile].name)))
+                  : ZetString();
 }
 
 /// By Account.
@@ -330,6 +342,7 @@ void WriteRunText(const RunReport& report, bool showsNotes, OutputStream& out, O
                                            GroupTable(report, terminal),
                                            UnmadeTable(report, terminal),
                                            ErrorLines(report),
+                                           WarningLine(report),
                                            SinglePartTable(report, terminal),
                                            NestTable(report, terminal),
                                            ChangesOf(report, terminal),

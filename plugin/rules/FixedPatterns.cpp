@@ -91,6 +91,9 @@ Finding JobMember::MissingHole(CMxHoles& expected, double fixedLength) const {
                 finding.found = hole.GetXPos();
             }
         }
+    // A hole in its place has another code.
+    if (finding.found && CMxGeom::IsEqual_Mx(*finding.found, *finding.required))
+        finding.found.reset();
     return finding;
 }
 
