@@ -18,7 +18,7 @@ struct OutputFeature {
     double size = 0.0;
     double length = 0.0;
     double angle = 0.0;
-    std::string code;
+    std::string code;  ///< of a text: what it says
     double xInFile = 0.0;  ///< in the coordinates of its face in the NC file; tells no difference
     double yInFile = 0.0;
 

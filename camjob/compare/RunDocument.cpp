@@ -19,7 +19,7 @@ OutputFeature FeatureOf(const json& feature) {
             feature.value("size", 0.0),
             feature.value("length", 0.0),
             feature.value("angle", 0.0),
-            feature.value("code", ""),
+            feature.value("code", feature.value("text", "")),
             feature.value("xInFile", x),
             feature.value("yInFile", y)};
 }

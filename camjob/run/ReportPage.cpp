@@ -53,13 +53,13 @@ std::vector<PageFact> ProjectFacts(const CProjectInformation& project) {
     };
 }
 
-/// What the plans save beside filling bars with the longest pieces first.
+/// What the plans save beside the given order; nothing where that is the plan.
 std::string SavingOf(const RunReport& report) {
     std::map<plugin::PlanUnit, const plugin::ProfilePlan*> planOfUnit;
     std::map<plugin::PlanUnit, cutting::Cost> savings;
     for (const RunPlan& plan : report.plans) {
         planOfUnit[plan.plan.unit] = &plan.plan;
-        savings[plan.plan.unit] += plan.plan.firstFit - plan.plan.plan.cost;
+        savings[plan.plan.unit] += std::max(plan.plan.given - plan.plan.plan.cost, cutting::Cost{0});
     }
     std::vector<ZetString> texts;
     for (const auto& [unit, saving] : savings)

@@ -17,7 +17,7 @@ OutputFeature ToCompare(const report::DrawnFeature& drawn, const report::DrawnFa
             drawn.size,
             drawn.length,
             drawn.angle,
-            drawn.code,
+            drawn.code.empty() ? drawn.text : drawn.code,
             drawn.at.x,
             drawn.at.y};
 }

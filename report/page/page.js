@@ -287,6 +287,10 @@
     });
     el("member").addEventListener("click", clickedMember);
     el("copy").addEventListener("click", copyRows);
+    // Of a member that is gone nothing can be shown.
+    const marks = new Set(all.map((row) => row.mark));
+    for (const link of document.querySelectorAll("a.jump"))
+      if (!marks.has(link.dataset.mark)) link.replaceWith(link.textContent);
     document.addEventListener("click", (event) => {
       const jump = event.target.closest("a.jump, #plans g[data-mark]");
       if (!jump) return;
