@@ -13,6 +13,10 @@
 #include <string>
 #include <system_error>
 
+#if !defined(_WIN32)
+#include <fcntl.h>
+#endif
+
 namespace dstv {
 namespace {
 
@@ -21,11 +25,13 @@ struct CloseFile {
 };
 using File = std::unique_ptr<std::FILE, CloseFile>;
 
+/// A pipe that nobody writes to is opened, and has no byte.
 File Open(const std::filesystem::path& path) {
 #if defined(_WIN32)
     return File(_wfopen(path.c_str(), L"rb"));
 #else
-    return File(std::fopen(path.c_str(), "rb"));
+    const int descriptor = open(path.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
+    return File(descriptor < 0 ? nullptr : fdopen(descriptor, "rb"));
 #endif
 }
 
@@ -36,8 +42,12 @@ NcError FileError(const std::filesystem::path& path, const ZetString& expected) 
 /// Some systems open folders, others do not; none reads them.
 NcError UnreadError(const std::filesystem::path& path, const ZetString& expected) {
     std::error_code ignored;
-    const bool isFolder = std::filesystem::is_directory(path, ignored);
-    return FileError(path, isFolder ? ZetString(L"a file, not a folder") : expected);
+    const std::filesystem::file_type type = std::filesystem::status(path, ignored).type();
+    if (type == std::filesystem::file_type::directory)
+        return FileError(path, L"a file, not a folder");
+    return FileError(
+        path,
+        type == std::filesystem::file_type::fifo ? ZetString(L"a file, not a pipe") : expected);
 }
 
 /// Why a call of the system failed.
@@ -111,8 +121,8 @@ NcResult ReadNcFile(const std::filesystem::path& path, const NcReading& reading)
         count = std::fread(piece.data(), 1, piece.size(), file.get());
         bytes.append(piece.data(), count);
     }
-    if (std::ferror(file.get()) != 0)
-        return UnreadError(path, L"a file that can be read");
+    if (std::ferror(file.get()) != 0 || bytes.empty())
+        return UnreadError(path, L"a file that can be read, and is not empty");
     if (bytes.size() > kMaxFileBytes)
         return FileError(path, L"a file of at most 64 MiB");
     return ParseNc(bytes, PathText(path), reading);

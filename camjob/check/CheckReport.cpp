@@ -2,6 +2,7 @@
 
 #include "camjob/check/FaceWords.h"
 #include "plugin/rules/FlangeZero.h"
+#include "plugin/rules/UprightRectangle.h"
 
 #include <algorithm>
 #include <array>
@@ -243,7 +244,7 @@ ZetString StatusWord(eNotchStatus status) {
 }
 
 ZetString ShapeWord(const CNotchAddInfo& notch) {
-    if (!notch.GetIsRect())
+    if (!notch.GetIsRect() || !plugin::HasAreaOfRectangle(notch))
         return L"outline";
     return notch.GetIsSqr() ? L"square" : L"rectangle";
 }
@@ -271,13 +272,14 @@ NotchReport MakeNotchReport(const CNotchAddInfo& notch,
     report.x = notch.GetXPos();
     report.y = notch.GetYPos();
     report.shape = ShapeWord(notch);
-    if (notch.GetIsRect()) {
+    if (notch.GetIsRect() && plugin::HasAreaOfRectangle(notch)) {
         report.length = notch.GetLength();
         report.width = notch.GetWidth();
         report.isTurned = !notch.GetIsParallelToAxis();
     }
     report.corners = std::max(notch.GetNoOfVertices() - 1, 0L);
     report.status = StatusWord(notch.GetNotchStatus());
+    report.code = notch.GetOutMsg();
     report.isDuplicate = isDuplicate;
     if (const dstv::NcHole* hole = sources.FindHole(notch.GetContour().hostTag))
         report.holeLine = hole->line;

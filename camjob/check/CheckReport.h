@@ -63,6 +63,7 @@ struct NotchReport {
     std::optional<double> width;
     long corners = 0;  ///< of the outline, arcs as chords
     ZetString status;
+    ZetString code;                       ///< of the job's rules; "": none
     bool isDuplicate = false;             ///< set aside: equals an earlier one
     bool isTurned = false;                ///< a rectangle at an angle to X
     std::optional<long> holeLine;         ///< of the rectangular hole that it is

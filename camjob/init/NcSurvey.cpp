@@ -6,6 +6,7 @@
 #include "job/BuiltInJob.h"
 #include "plugin/rules/JobMember.h"
 #include "plugin/rules/JudgingRules.h"
+#include "plugin/rules/UprightRectangle.h"
 
 #include "camdata/tolerance/CMxGeom.h"
 
@@ -47,7 +48,7 @@ bool LiesAt(CNotchAddInfo notch, const NotchForm& form, double length) {
 bool FindForm(const CNotchAddInfo& notch, double length, NotchForm& form) {
     form.face = notch.GetViewData().GetHoleFace();
     form.corners = static_cast<int>(notch.GetNoOfVertices() - 1);
-    form.isRectangle = notch.GetIsRect();
+    form.isRectangle = notch.GetIsRect() && plugin::HasAreaOfRectangle(notch);
     form.isParallel = notch.GetIsParallelToAxis();
     for (const job::NotchCorner along : kCorners)
         for (const job::NotchCorner across : kCorners) {
@@ -61,7 +62,7 @@ bool FindForm(const CNotchAddInfo& notch, double length, NotchForm& form) {
 
 void TakeNotch(const CNotchAddInfo& notch, double length, PartSurvey& part) {
     NotchForm form;
-    if (notch.GetIsInternal() && notch.GetIsRect() && notch.GetIsParallelToAxis())
+    if (notch.GetIsInternal() && plugin::IsUprightRectangle(notch))
         part.holes.push_back(OpeningForm(notch));
     else if (notch.GetIsInternal() || notch.GetNoOfVertices() - 1 > kMostCorners ||
              !FindForm(notch, length, form))

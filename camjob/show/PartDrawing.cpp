@@ -130,6 +130,13 @@ FeatureKind KindOf(const dstv::NcHole& hole) {
     return hole.form == dstv::NcHoleForm::kSlot ? FeatureKind::kSlot : FeatureKind::kHole;
 }
 
+std::set<long> LinesOf(const std::vector<DrawnFeature>& features) {
+    std::set<long> lines;
+    for (const DrawnFeature& feature : features)
+        lines.insert(feature.line);
+    return lines;
+}
+
 class DrawingMaker {
   public:
     DrawingMaker(const dstv::NcFileEntity& entity, const CheckReport& report)
@@ -144,6 +151,7 @@ class DrawingMaker {
     double WidthOf(int position) const;
     void AddHoles();
     void AddHole(const dstv::NcHole& hole, const dstv::NcHoleTarget& target);
+    void AddHolesOfOpenings(const ZetNCView& view);
     void TakeReport(DrawnFeature& feature);
     void AddNotches();
     void AddNotch(const NotchReport& notch, std::size_t face);
@@ -233,6 +241,26 @@ void DrawingMaker::AddHoles() {
     for (std::size_t i = 0; i < holes.size(); ++i)
         if (holes[i].form != dstv::NcHoleForm::kMark)
             AddHole(holes[i], m_entity.getHoleTargets()[i]);
+    for (const ZetNCView& view : m_structure.getViews())
+        AddHolesOfOpenings(view);
+}
+
+/// Openings that the rules take for holes: round ones, and rectangles that a hole rule covers.
+void DrawingMaker::AddHolesOfOpenings(const ZetNCView& view) {
+    const std::set<long> drawn = LinesOf(m_drawing.features);
+    for (const ZetNCContour& contour : view.getInternalContours()) {
+        const auto hole = m_holeOfLine.find(contour.hostTag);
+        if (hole == m_holeOfLine.end() || drawn.count(contour.hostTag) > 0)
+            continue;
+        DrawnFeature feature;
+        feature.kind = FeatureKind::kOpening;
+        feature.face = m_faceOfPosition.at(view.getViewPos());
+        feature.line = contour.hostTag;
+        feature.outline = PolylineOf(contour);
+        feature.at = MiddleOf(feature.outline);
+        TakeReport(feature);
+        m_drawing.features.push_back(std::move(feature));
+    }
 }
 
 void DrawingMaker::AddHole(const dstv::NcHole& hole, const dstv::NcHoleTarget& target) {
@@ -301,6 +329,7 @@ void DrawingMaker::AddNotch(const NotchReport& notch, std::size_t face) {
     feature.length = notch.length.value_or(0.0);
     feature.told = {notch.x, notch.y};
     feature.shape = (notch.isInternal ? "opening, " : "notch, ") + notch.shape.toUtf8();
+    feature.code = notch.code.toUtf8();
     feature.remark = notch.status.toUtf8();
     m_drawing.features.push_back(std::move(feature));
 }

@@ -1,5 +1,6 @@
 #include "plugin/output/MachineRecordText.h"
 #include "plugin/rules/JobMember.h"
+#include "plugin/rules/UprightRectangle.h"
 
 #include <cmath>
 
@@ -90,7 +91,7 @@ ZetArray<ZetGeomPoint2d> CornersOf(const CNotchAddInfo& notch) {
 }
 
 MachineOperation OperationOf(const CNotchAddInfo& notch) {
-    const bool isRectangle = notch.GetIsRect() && notch.GetIsParallelToAxis();
+    const bool isRectangle = IsUprightRectangle(notch);
     MachineOperation operation;
     operation.kind = isRectangle ? MachineOperationKind::kNotch : MachineOperationKind::kOutline;
     operation.face = notch.GetViewData().GetHoleFace();

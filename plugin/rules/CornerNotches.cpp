@@ -1,4 +1,5 @@
 #include "plugin/rules/JobMember.h"
+#include "plugin/rules/UprightRectangle.h"
 
 #include "camdata/tolerance/CMxGeom.h"
 
@@ -20,6 +21,17 @@ double CornerAt(job::NotchCorner corner, double farEnd) {
     return corner == job::NotchCorner::kStart ? 0.0 : farEnd;
 }
 
+/// It asks for a rectangle, or its code tells a length or a width.
+bool TellsRectangle(const SCheckNotch& definition) {
+    constexpr int kLengthSelector = 4;
+    constexpr int kWidthSelector = 5;
+    const ZetArray<int>& selectors = definition.valueSelectors;
+    return definition.mustBeRect ||
+           std::any_of(selectors.begin(), selectors.end(), [](int selector) {
+               return selector == kLengthSelector || selector == kWidthSelector;
+           });
+}
+
 }  // namespace
 
 void JobMember::MatchCornerNotches() {
@@ -31,7 +43,10 @@ void JobMember::MatchCornerNotches() {
 /// The first definition that fits counts.
 void JobMember::MatchCornerNotch(CNotchAddInfo& notch) const {
     const double faceWidth = notch.GetViewData().GetFaceWidth();
+    const bool isFalseRectangle = notch.GetIsRect() && !HasAreaOfRectangle(notch);
     for (const job::CornerNotch& corner : GetJob().cornerNotches) {
+        if (isFalseRectangle && TellsRectangle(corner.definition))
+            continue;
         SCheckNotch definition = corner.definition;
         definition.cornerX = CornerAt(corner.along, GetLength());
         definition.cornerY = CornerAt(corner.across, faceWidth);

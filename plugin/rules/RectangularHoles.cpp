@@ -1,4 +1,5 @@
 #include "plugin/rules/JobMember.h"
+#include "plugin/rules/UprightRectangle.h"
 
 namespace plugin {
 
@@ -8,7 +9,7 @@ namespace {
 constexpr int kDecimals = 6;
 
 bool CanBeHole(const CNotchAddInfo& notch) {
-    return notch.GetIsInternal() && notch.GetIsRect() && notch.GetIsParallelToAxis();
+    return notch.GetIsInternal() && IsUprightRectangle(notch);
 }
 
 /// The hole that a rectangular opening is; its length runs along the member.

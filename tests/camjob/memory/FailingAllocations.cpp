@@ -74,6 +74,10 @@ void* operator new(std::size_t size) {
     }
 }
 
+void* operator new(std::size_t size, const std::nothrow_t&) noexcept {
+    return FailsNow() ? nullptr : Allocate(size > 0 ? size : 1);
+}
+
 void operator delete(void* memory) noexcept {
     s_used -= memory == nullptr ? 0 : malloc_usable_size(memory);
     std::free(memory);

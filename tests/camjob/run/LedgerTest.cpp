@@ -167,6 +167,9 @@ const Case kCases[] = {
      "hole face=web x=955.000 y=165.000 diameter=18.000 depth=0.000 thread=none code=\"H\"\n"
      "notch face=web cut=external x=975.000 y=180.000 length=50.000 width=40.000 code=\"N\"\nmade=2 "},
     {"HolesAtAMitre", kZ, "1000", "SC\n  1000 200 0 1 -1 0\nBO\n  v 810 20 18\n  v 840 20 18\n  o 980 30 18\n  u 820 30 18\n", "hole_outside 26\nhole_outside 28\nrefused=2 not_made=3 "},
+    {"TrapezoidOfEqualDiagonals", kZ, "1000", "AK\n  v 0 0\n  1000 0\n  1000 200\n  600 150\n  400 150\n  0 200\n  0 0\nIK\n  v 400 50\n  600 50\n  550 100\n  450 100\n  400 50\n",
+     "outline face=web cut=external x=500.000 y=175.000 points=\"0.000,200.000 400.000,150.000 600.000,150.000 1000.000,200.000\" code=\"N\"\n"
+     "outline face=web cut=internal x=500.000 y=75.000 points=\"400.000,50.000 600.000,50.000 550.000,100.000 450.000,100.000\" code=\"N\"\nmade=2 "},
     {"OpeningBeyondTheEnd", kZ, "1000", "IK\n  v 2000 50\n  2100 50\n  2100 90\n  2000 90\n  2000 50\n", "hole_outside 23\nwarning 23\nrefused=1 "},
     {"OpeningOverTheEdge", kZ, "1000", "IK\n  v 500 150\n  600 150\n  600 250\n  500 250\n  500 150\n", "hole_outside 23\nwarning 23\nrefused=1 "},
     {"OpeningWithoutArea", kZ, "1000", "IK\n  v 500 100\n  600 100\n  550 100.001\n  500 100\n", "unclear_cut 23\nwarning 23\nrefused=1 "},

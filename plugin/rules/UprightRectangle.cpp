@@ -1,0 +1,20 @@
+#include "plugin/rules/UprightRectangle.h"
+
+#include "plugin/rules/FaceOutline.h"
+
+#include <cmath>
+
+namespace plugin {
+
+bool HasAreaOfRectangle(const CNotchAddInfo& notch) {
+    constexpr double kAreaTolerance = 1.0;
+    // The closing repeat adds nothing.
+    const std::vector<ZetGeomPoint2d> corners(notch.GetOutline().begin(), notch.GetOutline().end());
+    return std::abs(AreaOf(corners) - notch.GetLength() * notch.GetWidth()) <= kAreaTolerance;
+}
+
+bool IsUprightRectangle(const CNotchAddInfo& notch) {
+    return notch.GetIsRect() && notch.GetIsParallelToAxis() && HasAreaOfRectangle(notch);
+}
+
+}  // namespace plugin
