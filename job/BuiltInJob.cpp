@@ -46,7 +46,7 @@ MemberType AnyMember() {
               member.reports.begin() + kMissingParts,
               eReportingWarning);
     for (const ValidationType type : kToldByRecords)
-        member.reports[type] = eReportingNonStdSilent;
+        member.reports[static_cast<std::size_t>(type)] = eReportingNonStdSilent;
     return member;
 }
 
