@@ -244,7 +244,7 @@ ZetString StatusWord(eNotchStatus status) {
 }
 
 ZetString ShapeWord(const CNotchAddInfo& notch) {
-    if (!notch.GetIsRect() || !plugin::HasAreaOfRectangle(notch))
+    if (!plugin::IsRectangle(notch))
         return L"outline";
     return notch.GetIsSqr() ? L"square" : L"rectangle";
 }
@@ -272,7 +272,7 @@ NotchReport MakeNotchReport(const CNotchAddInfo& notch,
     report.x = notch.GetXPos();
     report.y = notch.GetYPos();
     report.shape = ShapeWord(notch);
-    if (notch.GetIsRect() && plugin::HasAreaOfRectangle(notch)) {
+    if (plugin::IsRectangle(notch)) {
         report.length = notch.GetLength();
         report.width = notch.GetWidth();
         report.isTurned = !notch.GetIsParallelToAxis();

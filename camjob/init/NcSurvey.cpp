@@ -48,7 +48,7 @@ bool LiesAt(CNotchAddInfo notch, const NotchForm& form, double length) {
 bool FindForm(const CNotchAddInfo& notch, double length, NotchForm& form) {
     form.face = notch.GetViewData().GetHoleFace();
     form.corners = static_cast<int>(notch.GetNoOfVertices() - 1);
-    form.isRectangle = notch.GetIsRect() && plugin::HasAreaOfRectangle(notch);
+    form.isRectangle = plugin::IsRectangle(notch);
     form.isParallel = notch.GetIsParallelToAxis();
     for (const job::NotchCorner along : kCorners)
         for (const job::NotchCorner across : kCorners) {

@@ -247,6 +247,8 @@ void DrawingMaker::AddHoles() {
 
 /// Openings that the rules take for holes: round ones, and rectangles that a hole rule covers.
 void DrawingMaker::AddHolesOfOpenings(const ZetNCView& view) {
+    if (view.getInternalContours().isEmpty())
+        return;
     const std::set<long> drawn = LinesOf(m_drawing.features);
     for (const ZetNCContour& contour : view.getInternalContours()) {
         const auto hole = m_holeOfLine.find(contour.hostTag);

@@ -43,7 +43,7 @@ void JobMember::MatchCornerNotches() {
 /// The first definition that fits counts.
 void JobMember::MatchCornerNotch(CNotchAddInfo& notch) const {
     const double faceWidth = notch.GetViewData().GetFaceWidth();
-    const bool isFalseRectangle = notch.GetIsRect() && !HasAreaOfRectangle(notch);
+    const bool isFalseRectangle = notch.GetIsRect() && !IsRectangle(notch);
     for (const job::CornerNotch& corner : GetJob().cornerNotches) {
         if (isFalseRectangle && TellsRectangle(corner.definition))
             continue;

@@ -6,7 +6,9 @@
 
 namespace plugin {
 
-bool HasAreaOfRectangle(const CNotchAddInfo& notch) {
+bool IsRectangle(const CNotchAddInfo& notch) {
+    if (!notch.GetIsRect())
+        return false;
     constexpr double kAreaTolerance = 1.0;
     // The closing repeat adds nothing.
     const std::vector<ZetGeomPoint2d> corners(notch.GetOutline().begin(), notch.GetOutline().end());
@@ -14,7 +16,7 @@ bool HasAreaOfRectangle(const CNotchAddInfo& notch) {
 }
 
 bool IsUprightRectangle(const CNotchAddInfo& notch) {
-    return notch.GetIsRect() && notch.GetIsParallelToAxis() && HasAreaOfRectangle(notch);
+    return notch.GetIsParallelToAxis() && IsRectangle(notch);
 }
 
 }  // namespace plugin

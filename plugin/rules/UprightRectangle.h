@@ -5,9 +5,9 @@
 namespace plugin {
 
 /// The library takes four corners with equal diagonals for a rectangle, so a symmetric trapezoid
-/// too. False when its length times its width is more than 1 mm2 off its area: these numbers are
-/// not what it cuts.
-bool HasAreaOfRectangle(const CNotchAddInfo& notch);
+/// too. Here it is none when its length times its width is more than 1 mm2 off its area: these
+/// numbers are not what it cuts.
+bool IsRectangle(const CNotchAddInfo& notch);
 
 /// A rectangle along the axes that length and width tell wholly.
 bool IsUprightRectangle(const CNotchAddInfo& notch);
