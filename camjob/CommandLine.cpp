@@ -5,6 +5,7 @@
 #include "camjob/compare/CompareCommand.h"
 #include "camjob/console/Interrupt.h"
 #include "camjob/disk/StagingDisk.h"
+#include "camjob/formats/FormatsCommand.h"
 #include "camjob/host/HostCommand.h"
 #include "camjob/init/InitCommand.h"
 #include "camjob/run/RunCommand.h"
@@ -37,6 +38,7 @@ struct Options {
     ShowOptions show;
     HostOptions host;
     CompareOptions compare;
+    FormatsOptions formats;
 };
 
 void DescribeCheck(CLI::App& command, Options& options) {
@@ -167,6 +169,15 @@ int Compare(const Options& options, OutputStream& out, OutputStream& err) {
     return RunCompare(options.compare, out, err);
 }
 
+void DescribeFormats(CLI::App& command, Options& options) {
+    command.add_option(
+        "NAME", options.formats.name, "Print this one as a format file to start from");
+}
+
+int Formats(const Options& options, OutputStream& out, OutputStream& err) {
+    return RunFormats(options.formats, out, err);
+}
+
 struct Command {
     const char* name;
     const char* meaning;
@@ -185,6 +196,7 @@ constexpr Command kCommands[] = {
     {"show",    "Draw NC files as SVG or DXF",                          &DescribeShow,    &Show,    nullptr,                  kExitNotWritten},
     {"compare", "Tell what differs between the outputs of two runs",    &DescribeCompare, &Compare, nullptr,                  kExitNotWritten},
     {"host",    "Run a plug-in on the parts of NC files",               &DescribeHost,    &Host,    nullptr,                  kExitBadInput},
+    {"formats", "List the built-in formats of machine files",           &DescribeFormats, &Formats, nullptr,                  kExitNotWritten},
 };
 // clang-format on
 

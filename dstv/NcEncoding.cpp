@@ -1,6 +1,6 @@
 #include "dstv/NcEncoding.h"
 
-#include "dstv/CodePages.h"
+#include "codepages/CodePages.h"
 #include "dstv/NcText.h"
 #include "dstv/NcTokens.h"
 
@@ -11,14 +11,6 @@ namespace {
 
 constexpr std::string_view kUtf8 = "utf-8";
 constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
-constexpr unsigned char kFirstForeign = 0x80;
-
-const CodePage* FindPage(std::string_view name) {
-    const auto pages = GetCodePages();
-    const auto page = std::find_if(
-        pages.begin(), pages.end(), [&](const CodePage& row) { return row.name == name; });
-    return page == pages.end() ? nullptr : &*page;
-}
 
 /// All of them are in the basic plane.
 void AppendUtf8(char16_t character, std::string& text) {
@@ -44,17 +36,17 @@ void AppendUtf8(char16_t character, std::string& text) {
            L"text in " + ZetString::fromUtf8(encoding) + L", which has no such byte");
 }
 
-std::string Decode(std::string_view bytes, const CodePage& page) {
+std::string Decode(std::string_view bytes, const codepages::CodePage& page) {
     std::string text;
     text.reserve(bytes.size());
     for (std::size_t i = 0; i < bytes.size(); ++i) {
         const auto byte = static_cast<unsigned char>(bytes[i]);
-        if (byte < kFirstForeign) {
+        if (byte < codepages::kFirstForeignByte) {
             text += bytes[i];
             continue;
         }
-        const char16_t character = page.fromByte80[byte - kFirstForeign];
-        if (character == kNoCharacter)
+        const char16_t character = page.fromByte80[byte - codepages::kFirstForeignByte];
+        if (character == codepages::kNoCharacter)
             FailInLine(bytes, i, page.name);
         AppendUtf8(character, text);
     }
@@ -78,7 +70,7 @@ std::string InUtf8(std::string_view bytes, std::string_view encoding) {
         CheckUtf8(bytes);
     if (encoding == kUtf8 || encoding == kAutomaticEncoding || bytes.starts_with(kByteOrderMark))
         return std::string(bytes);
-    const CodePage* page = FindPage(encoding);
+    const codepages::CodePage* page = codepages::FindCodePage(encoding);
     if (page == nullptr)
         FailAt({}, L"encoding", encoding, L"the name of an encoding");
     return Decode(bytes, *page);

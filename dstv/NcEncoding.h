@@ -10,7 +10,7 @@ namespace dstv {
 inline constexpr std::string_view kAutomaticEncoding = "auto";
 
 /// The bytes of a file in UTF-8. `encoding` is "auto" (the bytes as they are), "utf-8" or a name of
-/// CodePages.h. A file that begins with the mark of UTF-8 is that whatever the name says. Fails,
+/// codepages/CodePages.h. A file that begins with the mark of UTF-8 is that whatever the name says. Fails,
 /// with the line, at the first byte that the encoding does not have, and for a name that is none.
 std::string InUtf8(std::string_view bytes, std::string_view encoding);
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "job/FindingTypes.h"
+#include "job/formats/MachineFormat.h"
 
 #include "camdata/holes/eHoleFace.h"
 #include "camdata/holes/eHoleShapeType.h"
@@ -67,13 +68,24 @@ enum class LineEnds {
     kCrLf,
 };
 
+/// An NC file for each member, in a folder of the output.
+struct NcOutput {
+    std::string folder = "nc";        ///< UTF-8
+    ZetString names = L"{mark}.nc1";  ///< with values of the member in braces
+};
+
 /// One output file.
 struct OutputFile {
     ZetString id;
     ZetString ending;                    ///< behind the run's file name, for example "-orders.txt"
     std::vector<ZetString> headerLines;  ///< as they stand, before the project's
     bool hasProjectHeader = true;
-    LineEnds lineEnds = LineEnds::kLf;
+    LineEnds lineEnds = LineEnds::kLf;  ///< of a file of machine records
+    std::optional<std::size_t> format;  ///< position in Job::formats; without: machine records
+    std::optional<NcOutput> nc;         ///< instead of one file
+
+    /// The library writes it.
+    bool IsOfRecords() const { return !format && !nc; }
 };
 
 /// Who decides which pieces come from one bar.
@@ -140,7 +152,7 @@ struct MemberType {
     ZetString codePattern;     ///< of the profile code; the same
     bool isSkipped = false;    ///< its members are left out of the run
     std::size_t group = kFirstOwnGroup;
-    CMemTypeAndAttrib type;  ///< the group's position is its record type
+    CMemTypeAndAttrib type;     ///< the group's position is its record type
     CMemberValidations limits;  ///< their report types do not count
     FlangeZero topFlange;
     FlangeZero bottomFlange;
@@ -376,6 +388,7 @@ struct Job {
     ProjectData project;
     Tolerances tolerances;
     std::vector<OutputFile> files;        ///< by position; at least the four of FileRole
+    std::vector<MachineFormat> formats;   ///< by position; of files with one of their own
     std::vector<Group> groups;            ///< by position; at least the two of GroupRole
     std::vector<MemberType> memberTypes;  ///< the first that fits is a member's
     Cutting cutting;

@@ -27,12 +27,15 @@ class JobFaults {
     struct Fault {
         Position at;
         std::string text;
+        std::string file = {};  ///< "": the one that is read
     };
 
     void Add(Position at, std::string text) { m_faults.push_back({at, std::move(text)}); }
+    /// Those of another file that this one names.
+    void AddOf(const std::string& file, JobFaults faults);
     bool IsEmpty() const { return m_faults.empty(); }
     std::size_t GetCount() const { return m_faults.size(); }
-    /// By line and column; those of one place as they were found.
+    /// By file, line and column; those of one place as they were found.
     std::vector<Fault> TakeSorted();
 
   private:
@@ -98,6 +101,10 @@ struct TolerancesTable : Tolerances {
 struct FileTable : OutputFile, PlacedTable {
     PlacedText id;
     PlacedText ending;
+    std::optional<LineEnds> lineEnds;
+    PlacedText format{L"records", {}};
+    PlacedText folder;
+    PlacedText names;
 };
 
 struct SecondaryPartsTable : Group, PlacedTable {

@@ -4,9 +4,12 @@
 #include "job/CodeFormat.h"
 #include "job/FileNames.h"
 #include "job/IsoDate.h"
+#include "job/FormatFile.h"
 #include "job/MemberLine.h"
 #include "job/MessageTexts.h"
+#include "job/NcNames.h"
 #include "job/ShadowedRules.h"
+#include "job/Utf8Path.h"
 
 #include "camdata/platform/text/ZetFormat.h"
 #include "camdata/util/CMxUtil.h"
@@ -15,6 +18,8 @@
 #include <initializer_list>
 #include <iterator>
 #include <optional>
+#include <set>
+#include <string_view>
 #include <utility>
 
 namespace job {
@@ -24,6 +29,9 @@ namespace {
 constexpr std::size_t kCornersOfRectangle = 4;
 constexpr std::size_t kSizesOfNotch = 2;
 constexpr std::size_t kMostNotchValues = 3;
+constexpr const wchar_t* kRecordsName = L"records";
+constexpr const wchar_t* kNcName = L"dstv";
+constexpr std::string_view kFormatEnding = ".toml";
 
 std::string Quoted(const ZetString& text) {
     return job::Quoted(text.toUtf8());
@@ -105,8 +113,11 @@ class FileNames {
 /// Makes a job from what its file says, table by table.
 class JobMaker {
   public:
-    JobMaker(const JobDocument& document, std::string_view stem, JobFaults& faults)
-        : m_document(document), m_stem(ZetString::fromUtf8(stem)), m_faults(faults) {}
+    JobMaker(const JobDocument& document, const std::filesystem::path& jobFile, JobFaults& faults)
+        : m_document(document),
+          m_folder(jobFile.parent_path()),
+          m_stem(ZetString::fromUtf8(Utf8FromPath(jobFile.stem()))),
+          m_faults(faults) {}
 
     Job Make() {
         TakeJob();
@@ -128,6 +139,10 @@ class JobMaker {
   private:
     void TakeJob();
     void TakeFiles();
+    void TakeFormat(const FileTable& table, std::size_t position);
+    void TakeNcOutput(const FileTable& table, std::size_t position);
+    void RequireMembers(const FileTable& table, std::size_t position);
+    std::optional<MachineFormat> ReadFormat(const PlacedText& name);
     void CheckFileNames();
     void TakeGroups();
     void TakeGroup(const SecondaryPartsTable& table, const PlacedText& id, Group& group);
@@ -171,8 +186,10 @@ class JobMaker {
     }
 
     const JobDocument& m_document;
+    const std::filesystem::path m_folder;
     const ZetString m_stem;
     JobFaults& m_faults;
+    std::set<ZetString> m_formatFiles;  ///< whose faults are told
     Job m_job = MakeEmptyJob();
     Ids m_files{"[[file]]"};
     Ids m_groups{"[[group]]"};
@@ -274,7 +291,7 @@ void JobMaker::TakeFiles() {
         if (position == m_job.files.size()) {
             m_job.files.emplace_back().id = table.id.text;
             m_files.Add(table.id, m_faults);
-            Require(table.ending.at.line > 0,
+            Require(table.ending.at.line > 0 || table.format.text == kNcName,
                     table.at,
                     "\"ending\" is missing in [[file]]: a file of the job's own needs one");
         }
@@ -282,10 +299,77 @@ void JobMaker::TakeFiles() {
         file.headerLines = table.headerLines;
         CheckHeadings(table, table.headerLines);
         file.hasProjectHeader = table.hasProjectHeader;
-        file.lineEnds = table.lineEnds;
+        file.lineEnds = table.lineEnds.value_or(LineEnds::kLf);
+        TakeFormat(table, position);
         if (table.ending.at.line > 0)
             file.ending = table.ending.text;
     }
+}
+
+void JobMaker::TakeFormat(const FileTable& table, std::size_t position) {
+    if (table.format.text == kNcName)
+        return TakeNcOutput(table, position);
+    for (const PlacedText* text : {&table.folder, &table.names})
+        Require(text->at.line == 0,
+                text->at,
+                "\"folder\" and \"names\" go only with format = \"dstv\"");
+    if (table.format.text == kRecordsName)
+        return;
+    RequireMembers(table, position);
+    std::optional<MachineFormat> format = ReadFormat(table.format);
+    if (!format)
+        return;
+    if (table.lineEnds)
+        format->lineEnd = table.lineEnds == LineEnds::kCrLf ? "\r\n" : "\n";
+    m_job.files[position].format = m_job.formats.size();
+    m_job.formats.push_back(std::move(*format));
+}
+
+void JobMaker::RequireMembers(const FileTable& table, std::size_t position) {
+    Require(position == kOrderFile || position >= kFirstOwnFile,
+            table.format.at,
+            "\"format\": the file " + Quoted(table.id.text) +
+                " takes no members: only \"order\" and files of the job's own do");
+}
+
+void JobMaker::TakeNcOutput(const FileTable& table, std::size_t position) {
+    RequireMembers(table, position);
+    Require(table.ending.at.line == 0,
+            table.ending.at,
+            "\"ending\" goes not with format = \"dstv\": the files are named by \"folder\" and "
+            "\"names\"");
+    NcOutput& output = m_job.files[position].nc.emplace();
+    if (table.folder.at.line > 0)
+        output.folder = table.folder.text.toUtf8();
+    if (table.names.at.line > 0)
+        output.names = table.names.text;
+    const std::string fault = FaultOfNcNames(output.names);
+    Require(fault.empty(), table.names.at, "\"names\": " + fault);
+}
+
+/// Nothing, and told, when there is none.
+std::optional<MachineFormat> JobMaker::ReadFormat(const PlacedText& name) {
+    const std::string text = name.text.toUtf8();
+    JobFaults faults;
+    if (const BuiltInFormat* builtIn = FindBuiltInFormat(text))
+        return ReadFormatText(builtIn->text, builtIn->name, faults);
+    CheckSlashes("format", text, name.at);
+    std::vector<std::string> words;
+    for (const BuiltInFormat& row : GetBuiltInFormats())
+        words.emplace_back(row.name);
+    if (!text.ends_with(kFormatEnding)) {
+        m_faults.Add(name.at,
+                     "\"format\": there is no format " + job::Quoted(text) + Suggest(text, words) +
+                         "; the name of a format file ends with .toml");
+        return std::nullopt;
+    }
+    const std::filesystem::path file = m_folder / PathFromUtf8(text);
+    MachineFormat format = ReadFormatFile(file, faults);
+    if (faults.IsEmpty())
+        return format;
+    if (m_formatFiles.insert(name.text).second)
+        m_faults.AddOf(Utf8FromPath(file), std::move(faults));
+    return std::nullopt;
 }
 
 /// Names are told at the ending that the job gives, else at the file name.
@@ -307,7 +391,16 @@ void JobMaker::CheckFileNames() {
         names.Add(m_job.project.fileName + kPageEnding, fileName.at, m_faults);
     if (m_job.reports.hasRunDocument)
         names.Add(m_job.project.fileName + kRunDocumentEnding, fileName.at, m_faults);
+    for (const FileTable& table : m_document.files) {
+        const std::size_t position = m_files.PositionOf(table.id.text);
+        if (position < m_job.files.size() && m_job.files[position].nc)
+            names.Add(ZetString::fromUtf8(m_job.files[position].nc->folder),
+                      table.folder.at.line > 0 ? table.folder.at : table.at,
+                      m_faults);
+    }
     for (std::size_t i = 0; i < m_job.files.size(); ++i) {
+        if (m_job.files[i].nc)
+            continue;
         Position at = fileName.at;
         for (const FileTable& table : m_document.files)
             if (table.id.text == m_job.files[i].id && table.ending.at.line > 0)
@@ -666,8 +759,10 @@ void JobMaker::TakeInfo() {
 
 }  // namespace
 
-Job ResolveJob(const JobDocument& document, std::string_view stem, JobFaults& faults) {
-    return JobMaker(document, stem, faults).Make();
+Job ResolveJob(const JobDocument& document,
+               const std::filesystem::path& jobFile,
+               JobFaults& faults) {
+    return JobMaker(document, jobFile, faults).Make();
 }
 
 }  // namespace job

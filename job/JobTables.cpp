@@ -286,7 +286,10 @@ constexpr Key kFileKeys[] = {
     Row<FileTable, &FileTable::ending>("ending", "What the file's name ends with, behind `file_name`.", {.defaultNote = "required, but for the four files that are always there"}),
     Row<FileTable, &OutputFile::headerLines>("header", "Lines that the file begins with."),
     Row<FileTable, &OutputFile::hasProjectHeader>("project_header", "Whether the project data follow them."),
-    Row<FileTable, &OutputFile::lineEnds>("line_ends", "What ends each line: LF, or CR and LF."),
+    Row<FileTable, &FileTable::lineEnds>("line_ends", "What ends each line: LF, or CR and LF.", {.defaultNote = "\"lf\", or what `format` says"}),
+    Row<FileTable, &FileTable::format>("format", "How members are written: \"records\", \"csv\", \"dstv\", or the name of a format file, relative to the job file's folder. For `order` and files of the job's own."),
+    Row<FileTable, &FileTable::folder>("folder", "With the format \"dstv\", in place of `ending`: the folder of the output that the NC files go to.", {.defaultNote = "\"nc\""}),
+    Row<FileTable, &FileTable::names>("names", "Their names: `{mark}`, `{profile}`, `{drawing}`, `{phase}`, `{order}` and `{group}` are filled in.", {.defaultNote = "\"{mark}.nc1\""}),
 };
 
 // What the secondary parts and every other group have in common.
@@ -593,27 +596,6 @@ constexpr KeyTable kDocumentTable{kDocumentKeys};
 
 // clang-format on
 
-std::string DefaultOf(const Key& key) {
-    if (key.options.isRequired)
-        return "required";
-    return key.options.defaultNote != nullptr ? key.options.defaultNote : key.showDefault();
-}
-
-/// Lists the tables that the keys of `table` open, each followed by its own.
-void ListTablesIn(const KeyTable& table, const std::string& path, std::vector<JobKeyTable>& list) {
-    for (const Key& key : table.keys) {
-        if (key.table == nullptr)
-            continue;
-        const std::string name = path + key.name;
-        JobKeyTable entry{key.options.isTop ? LabelOf(key) : name, key.meaning, {}};
-        for (const Key& row : key.table->keys)
-            entry.keys.push_back(
-                {row.name, row.describe(row), row.options.unit, DefaultOf(row), row.meaning});
-        list.push_back(std::move(entry));
-        ListTablesIn(*key.table, name + ".", list);
-    }
-}
-
 }  // namespace
 
 const char* NameOf(eHoleFace face) {
@@ -632,9 +614,7 @@ const char* NameOfReport(eReportingTypes report) {
 }
 
 std::vector<JobKeyTable> ListJobKeys() {
-    std::vector<JobKeyTable> list;
-    ListTablesIn(kDocumentTable, "", list);
-    return list;
+    return ListKeys(kDocumentTable);
 }
 
 JobDocument ReadTables(const toml::table& file, JobFaults& faults) {

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <cmath>
 #include <string_view>
+#include <tuple>
 
 namespace job {
 
@@ -88,13 +89,39 @@ void AddMissing(const Key& key,
         faults.Add(PositionOf(table), LabelOf(key) + " is missing in " + title);
 }
 
+std::string DefaultOf(const Key& key) {
+    if (key.options.isRequired)
+        return "required";
+    return key.options.defaultNote != nullptr ? key.options.defaultNote : key.showDefault();
+}
+
+/// Lists the tables that the keys of `table` open, each followed by its own.
+void ListTablesIn(const KeyTable& table, const std::string& path, std::vector<JobKeyTable>& list) {
+    for (const Key& key : table.keys) {
+        if (key.table == nullptr)
+            continue;
+        const std::string name = path + key.name;
+        JobKeyTable entry{key.options.isTop ? LabelOf(key) : name, key.meaning, {}};
+        for (const Key& row : key.table->keys)
+            entry.keys.push_back(
+                {row.name, row.describe(row), row.options.unit, DefaultOf(row), row.meaning});
+        list.push_back(std::move(entry));
+        ListTablesIn(*key.table, name + ".", list);
+    }
+}
+
 }  // namespace
 
 std::vector<JobFaults::Fault> JobFaults::TakeSorted() {
     std::stable_sort(m_faults.begin(), m_faults.end(), [](const Fault& a, const Fault& b) {
-        return std::pair(a.at.line, a.at.column) < std::pair(b.at.line, b.at.column);
+        return std::tie(a.file, a.at.line, a.at.column) < std::tie(b.file, b.at.line, b.at.column);
     });
     return std::move(m_faults);
+}
+
+void JobFaults::AddOf(const std::string& file, JobFaults faults) {
+    for (Fault& fault : faults.TakeSorted())
+        m_faults.push_back({fault.at, std::move(fault.text), file});
 }
 
 bool Range::Contains(double value) const {
@@ -237,6 +264,12 @@ void ReadTable(const KeyTable& keys,
     for (const Key& key : keys.keys)
         if (key.options.isRequired && !table.contains(key.name))
             AddMissing(key, title, table, faults);
+}
+
+std::vector<JobKeyTable> ListKeys(const KeyTable& table) {
+    std::vector<JobKeyTable> list;
+    ListTablesIn(table, "", list);
+    return list;
 }
 
 std::string DescribeValue(const char* name,

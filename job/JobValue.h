@@ -1,6 +1,7 @@
 #pragma once
 
 #include "job/JobDocument.h"
+#include "job/JobKeys.h"
 #include "job/MessageTexts.h"
 #include "job/Toml.h"
 
@@ -92,6 +93,9 @@ void ReadTable(const KeyTable& keys,
                const toml::table& table,
                void* into,
                JobFaults& faults);
+
+/// The tables that the keys of `table` open, each followed by its own.
+std::vector<JobKeyTable> ListKeys(const KeyTable& table);
 
 /// The words of an enumeration; made for each one by the key tables.
 template <typename T>

@@ -11,17 +11,19 @@ namespace job {
 
 namespace {
 
-/// The number of characters to change, to put in or to leave out (Levenshtein).
+/// The number of characters to change, to put in, to leave out or to swap with their neighbour.
 std::size_t DistanceBetween(std::string_view a, std::string_view b) {
+    std::vector<std::size_t> before;
     std::vector<std::size_t> row(b.size() + 1);
     std::iota(row.begin(), row.end(), std::size_t{0});
     for (std::size_t i = 0; i < a.size(); ++i) {
-        std::size_t diagonal = std::exchange(row[0], i + 1);
+        std::vector<std::size_t> next(b.size() + 1, i + 1);
         for (std::size_t j = 0; j < b.size(); ++j) {
-            const std::size_t replaced = diagonal + (a[i] == b[j] ? 0 : 1);
-            diagonal = row[j + 1];
-            row[j + 1] = std::min({replaced, row[j] + 1, diagonal + 1});
+            next[j + 1] = std::min({row[j] + (a[i] == b[j] ? 0 : 1), next[j] + 1, row[j + 1] + 1});
+            if (i > 0 && j > 0 && a[i] == b[j - 1] && a[i - 1] == b[j])
+                next[j + 1] = std::min(next[j + 1], before[j - 1] + 1);
         }
+        before = std::exchange(row, std::move(next));
     }
     return row.back();
 }

@@ -25,9 +25,10 @@ enum ValidationType : int {
     kUnclearPlane = 22,     ///< a plane shows neither the web nor a flange for certain
     kMissingParts = 23,     ///< a main part, or all, have fewer single parts than they need
     kUnusedParts = 24,      ///< single parts that no assembly takes
+    kUnwritable = 25,       ///< the format of a file cannot express a value
 };
 
-inline constexpr int kValidationTypes = kUnusedParts + 1;
+inline constexpr int kValidationTypes = kUnwritable + 1;
 
 static_assert(kUncoveredHole == static_cast<int>(eValidationFirstFeature));
 static_assert(kLongerThanStock == static_cast<int>(eValidationLastFeature));

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <new>
+#include <set>
 #include <sstream>
 #include <string_view>
 #include <utility>
@@ -44,12 +45,29 @@ void Check(const std::error_code& error, const fs::path& path, std::string_view 
         Fail(path, std::string(what) + " (" + ReasonOf(error) + ")");
 }
 
-/// A name that stands for a file in a folder itself, on a line of its own.
-bool IsPlainName(const std::string& name) {
+/// A name that stands for a file or folder in a folder itself, on a line of its own.
+bool IsPlainName(std::string_view name) {
     const bool isSpecial = name.empty() || name == "." || name == ".." || name == kOwnFolder;
     return !isSpecial && std::none_of(name.begin(), name.end(), [](char c) {
         return c == '/' || c == '\\' || static_cast<unsigned char>(c) < 0x20;
     });
+}
+
+/// The same, or such a file in such a folder.
+bool IsOutputName(std::string_view name) {
+    const std::size_t slash = name.find('/');
+    return slash == std::string_view::npos
+               ? IsPlainName(name)
+               : IsPlainName(name.substr(0, slash)) && IsPlainName(name.substr(slash + 1));
+}
+
+/// The folders that the names are in, each once.
+std::set<std::string> FoldersOf(const std::vector<std::string>& names) {
+    std::set<std::string> folders;
+    for (const std::string& name : names)
+        if (name.find('/') != std::string::npos)
+            folders.insert(name.substr(0, name.find('/')));
+    return folders;
 }
 
 std::string LinesOf(const char* word, const std::vector<std::string>& names) {
@@ -61,7 +79,7 @@ std::string LinesOf(const char* word, const std::vector<std::string>& names) {
 
 /// Adds the name on a line that begins with the word.
 bool TakeName(const std::string& line, const std::string& word, std::vector<std::string>& names) {
-    if (!line.starts_with(word) || !IsPlainName(line.substr(word.size())))
+    if (!line.starts_with(word) || !IsOutputName(line.substr(word.size())))
         return false;
     names.push_back(line.substr(word.size()));
     return true;
@@ -185,10 +203,23 @@ bool StagedOutput::HasSuccessor(const std::string& name,
     });
 }
 
+/// A folder of the output can be one that is there, of whomever.
+void StagedOutput::CheckFolderOf(const fs::path& file) const {
+    const fs::path folder = file.parent_path();
+    if (folder == m_folder || !Exists(folder))
+        return;
+    fs::file_status status;
+    Check(m_disk.GetStatus(folder, status), folder, kUnknownStatus);
+    if (!fs::is_directory(status))
+        Fail(folder, "the output needs a folder, and this is a file");
+}
+
 void StagedOutput::CheckReplaceable(const std::string& name) const {
     const fs::path path = PathOf(name);
-    if (!IsPlainName(name))
+    if (!IsOutputName(name))
         Fail(path, "not a name for an output file");
+    if (name.find('/') != std::string::npos)
+        CheckFolderOf(path);
     if (!Exists(path))
         return;
     fs::file_status status;
@@ -220,6 +251,10 @@ void StagedOutput::FlushStaging(const Record& record) {
         const std::error_code error = m_disk.FlushFile(m_staging / PathFromUtf8(name));
         Check(error, PathOf(name), "cannot be written");
     }
+    for (const std::string& folder : FoldersOf(record.placed))
+        Check(m_disk.FlushFolder(m_staging / PathFromUtf8(folder)),
+              PathOf(folder),
+              "the folder cannot be written to");
     Check(m_disk.FlushFolder(m_staging), m_folder, "the folder cannot be written to");
 }
 
@@ -239,6 +274,12 @@ StagedOutput::Moves StagedOutput::MovesOf(const Record& record) const {
         moves.removed.push_back(PathOf(name));
     for (const std::string& name : record.placed)
         moves.placed.push_back({m_staging / PathFromUtf8(name), PathOf(name)});
+    const std::set<std::string> folders = FoldersOf(record.placed);
+    for (const std::string& folder : folders)
+        moves.folders.push_back(PathOf(folder));
+    for (const std::string& folder : FoldersOf(record.removed))
+        if (folders.count(folder) == 0)
+            moves.left.push_back(PathOf(folder));
     return moves;
 }
 
@@ -259,13 +300,30 @@ void StagedOutput::PlaceAll(const Moves& moves) {
     Check(m_disk.FlushFolder(m_own), m_own, kNotComplete);
     for (const fs::path& file : moves.removed)
         Check(m_disk.RemoveFile(file), file, "cannot be removed");
+    for (const fs::path& folder : moves.folders)
+        Check(m_disk.MakeFolder(folder), folder, "the folder cannot be made");
     for (const Move& move : moves.placed)
         if (Exists(move.staged))
             Check(m_disk.Rename(move.staged, move.place), move.place, "cannot be replaced");
+    for (const fs::path& folder : moves.left)
+        RemoveEmpty(folder);
+    for (const fs::path& folder : moves.folders)
+        Check(m_disk.FlushFolder(folder), folder, kNotComplete);
     Check(m_disk.FlushFolder(m_folder), m_folder, kNotComplete);
     Check(m_disk.Rename(m_record, m_lastRecord), m_own, kNotComplete);
     Check(m_disk.FlushFolder(m_own), m_own, kNotComplete);
     DropStaging();
+}
+
+/// One that still holds files of others stays, and so does a link to one.
+void StagedOutput::RemoveEmpty(const fs::path& folder) {
+    fs::file_status status;
+    Check(m_disk.GetLinkStatus(folder, status), folder, kUnknownStatus);
+    if (!fs::is_directory(status))
+        return;
+    const std::error_code error = m_disk.RemoveFile(folder);
+    if (error != std::errc::directory_not_empty)
+        Check(error, folder, "cannot be removed");
 }
 
 fs::path StagedOutput::PathOf(const std::string& name) const {

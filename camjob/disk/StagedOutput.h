@@ -38,14 +38,14 @@ class StagedOutput {
     /// Makes the folder when it is missing, recovers it, and makes the staging folder. Raises
     /// OutputFailure, also while another run holds the folder.
     void Begin();
-    /// Where files are to be written between Begin and Commit.
+    /// Where files are to be written between Begin and Commit, or in folders of it.
     const std::filesystem::path& GetStagingFolder() const { return m_staging; }
     /// Replaces the last output by all files of the staging folder. Raises OutputFailure: the last
     /// output is then as it was, unless the text says that the next run finishes the work.
     void Commit();
 
   private:
-    /// Names of files in the folder, UTF-8.
+    /// Names of files in the folder, or in one of its own in it ("nc/A1.nc1"), UTF-8.
     struct Record {
         std::vector<std::string> placed;   ///< the new output, ascending
         std::vector<std::string> removed;  ///< in the last output only
@@ -59,6 +59,8 @@ class StagedOutput {
     struct Moves {
         std::vector<std::filesystem::path> removed;
         std::vector<Move> placed;
+        std::vector<std::filesystem::path> folders;  ///< of the new output
+        std::vector<std::filesystem::path> left;     ///< of the last output only
     };
 
     void CheckFolder() const;
@@ -66,6 +68,7 @@ class StagedOutput {
     bool Exists(const std::filesystem::path& path) const;
     Record MakeRecord() const;
     bool HasSuccessor(const std::string& name, const std::vector<std::string>& placed) const;
+    void CheckFolderOf(const std::filesystem::path& file) const;
     void CheckReplaceable(const std::string& name) const;
     void CheckStaged(const Record& record) const;
     void FlushStaging(const Record& record);
@@ -73,6 +76,7 @@ class StagedOutput {
     Moves MovesOf(const Record& record) const;
     void RollForward(const Moves& moves);
     void PlaceAll(const Moves& moves);
+    void RemoveEmpty(const std::filesystem::path& folder);
     void DropStaging();
     std::filesystem::path PathOf(const std::string& name) const;
 

@@ -80,9 +80,10 @@ std::error_code StagingDisk::GetLinkStatus(const std::filesystem::path& path,
 std::error_code StagingDisk::ListFolder(const std::filesystem::path& folder,
                                         std::vector<std::string>& names) {
     std::error_code error;
-    std::filesystem::directory_iterator at(folder, error);
-    for (; !error && at != std::filesystem::directory_iterator(); at.increment(error))
-        names.push_back(Utf8FromPath(at->path().filename()));
+    std::filesystem::recursive_directory_iterator at(folder, error);
+    for (; !error && at != std::filesystem::recursive_directory_iterator(); at.increment(error))
+        if (!at->is_directory(error))
+            names.push_back(Utf8FromPath(at->path().lexically_relative(folder).generic_u8string()));
     std::sort(names.begin(), names.end());
     return error;
 }

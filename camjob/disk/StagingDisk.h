@@ -36,7 +36,8 @@ class StagingDisk {
     /// The same, but of a link itself.
     virtual std::error_code GetLinkStatus(const std::filesystem::path& path,
                                           std::filesystem::file_status& status);
-    /// The names in a folder, UTF-8, ascending.
+    /// The names of the files in a folder and, behind their names and a slash, in its folders;
+    /// UTF-8, ascending.
     virtual std::error_code ListFolder(const std::filesystem::path& folder,
                                        std::vector<std::string>& names);
     virtual std::error_code ReadFile(const std::filesystem::path& file, std::string& bytes);

@@ -31,7 +31,8 @@ JobInput::JobInput(const job::Job& job, plugin::JobRun& run, MemberDrawings* dra
       m_reading(ReadingOf(job)),
       m_run(run),
       m_drawings(drawings),
-      m_assemblies(AssembliesOf(job)) {}
+      m_assemblies(AssembliesOf(job)),
+      m_ncFiles(job) {}
 
 void JobInput::Read(const std::filesystem::path& file) {
     const std::size_t position = m_position++;
@@ -110,12 +111,12 @@ bool JobInput::IsReady(const Part& part) const {
 }
 
 plugin::JobRun::Observer JobInput::ObserverOf(const Part& part) {
-    if (m_drawings == nullptr)
-        return {};
     return [this, &part](const plugin::JobMember& member,
                          const job::MemberType& type,
                          const ZetNCCreator& creator) {
-        m_drawings->Add(DrawingOf(*part.entity, ReportOf(*part.entity, creator, member, type)));
+        m_lastGroup = member.GetGroupPosition();
+        if (m_drawings != nullptr)
+            m_drawings->Add(DrawingOf(*part.entity, ReportOf(*part.entity, creator, member, type)));
     };
 }
 
@@ -170,6 +171,9 @@ void JobInput::AddMember(const Part& part, const ZetString& mark) {
                                    ZetString::fromUtf8(m_memberFiles[at->second])) +
                      kOtherSource);
     m_memberFiles.push_back(part.file);
+    for (const std::string& fault :
+         m_ncFiles.Add(part.entity->getPart(), m_run.GetLastLedger(), m_lastGroup))
+        AddFault(part, ZetString::fromUtf8(fault));
     m_memberAccounts.push_back(
         SettleAccounts(dstv::EntriesOf(part.entity->getPart()), m_run.GetLastLedger()));
 }

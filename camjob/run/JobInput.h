@@ -1,6 +1,7 @@
 #pragma once
 
 #include "camjob/run/MemberDrawings.h"
+#include "camjob/run/NcFiles.h"
 #include "camjob/run/RunReport.h"
 #include "dstv/NcAssemblies.h"
 #include "dstv/NcHost.h"
@@ -35,6 +36,8 @@ class JobInput {
     std::vector<RunFault> TakeFaults();
     /// The files that the job leaves out for their reasons, in their order.
     std::vector<RunFault> TakeLeftOut();
+    /// The NC files of its members.
+    NcFiles TakeNcFiles() { return std::move(m_ncFiles); }
     /// By member, in the order in which the run has them.
     std::vector<std::string> TakeMemberFiles() { return std::move(m_memberFiles); }
     /// The same.
@@ -80,6 +83,8 @@ class JobInput {
     MemberDrawings* m_drawings;
     dstv::NcAssemblies m_assemblies;
     RunInput m_counts;
+    NcFiles m_ncFiles;
+    std::size_t m_lastGroup = 0;  ///< of the member that was judged last
     std::size_t m_position = 0;
     std::deque<Part> m_held;
     std::vector<std::unique_ptr<dstv::NcFileEntity>> m_assemblyParts;

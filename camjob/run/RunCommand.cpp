@@ -110,6 +110,7 @@ class JobRunner {
     bool AddsUp();
     void TakeResults(plugin::JobRun& run, const fs::path& staging);
     std::vector<fs::path> FileNames(const ZetString& fileName) const;
+    bool WriteNcFiles(const fs::path& staging);
     bool Compare(plugin::JobRun& run);
     bool WriteReports(plugin::JobRun& run, const fs::path& staging);
     bool WriteReport(const fs::path& staged, const std::function<void(OutputStream&)>& write);
@@ -137,6 +138,7 @@ class JobRunner {
     std::vector<fs::path> m_ncFiles;
     std::vector<std::string> m_memberFiles;
     std::vector<FeatureAccounts> m_memberAccounts;
+    std::optional<NcFiles> m_ncOutput;
 };
 
 RunReport JobRunner::Run() {
@@ -187,8 +189,9 @@ void JobRunner::RunInFolder() {
     TakeMembers(run);
     if (!AddsUp())
         return m_report.DropResults();
-    TakeResults(run, output.GetStagingFolder());
-    if (Compare(run) && WriteReports(run, output.GetStagingFolder()))
+    const fs::path& staging = output.GetStagingFolder();
+    TakeResults(run, staging);
+    if (WriteNcFiles(staging) && Compare(run) && WriteReports(run, staging))
         output.Commit();
     else
         m_report.DropResults();
@@ -251,13 +254,15 @@ bool JobRunner::ReadInput(plugin::JobRun& run) {
     m_report.input = input.GetCounts();
     m_memberFiles = input.TakeMemberFiles();
     m_memberAccounts = input.TakeMemberAccounts();
+    m_ncOutput.emplace(input.TakeNcFiles());
     m_report.notes = input.TakeNotes();
     m_report.unmadeFiles = input.TakeUnmadeFiles();
     for (RunFault& fault : input.TakeFaults())
         m_report.faults.push_back(std::move(fault));
     TakeLeftOut(input, run);
-    for (const ZetString& conflict : run.FindPlanConflicts())
-        Complain(m_options.job, conflict.toUtf8());
+    for (const auto& conflicts : {run.FindPlanConflicts(), run.FindFormatConflicts()})
+        for (const ZetString& conflict : conflicts)
+            Complain(m_options.job, conflict.toUtf8());
     for (const std::string& replaced : InputsReplacedBy(run.GetProjectInfo().GetFileName()))
         Complain(replaced, "the output would replace this file");
     return m_report.faults.empty() || Refuse();
@@ -289,7 +294,17 @@ std::vector<std::string> JobRunner::InputsReplacedBy(const ZetString& fileName) 
     for (const fs::path& name : FileNames(fileName))
         outputs.push_back(PathFromUtf8(OutputName(name)));
     std::vector<std::string> replaced;
-    InFolder isBesideOutput(PathFromUtf8(m_report.folder));
+    std::vector<InFolder> folders = {InFolder(PathFromUtf8(m_report.folder))};
+    if (m_ncOutput)
+        for (const std::string& name : m_ncOutput->GetNames())
+            outputs.push_back(PathFromUtf8(NameIn(m_report.folder, name)));
+    for (const job::OutputFile& file : m_job.files)
+        if (file.nc)
+            folders.emplace_back(PathFromUtf8(NameIn(m_report.folder, file.nc->folder)));
+    const auto isBesideOutput = [&](const fs::path& input) {
+        return std::any_of(
+            folders.begin(), folders.end(), [&](InFolder& folder) { return folder(input); });
+    };
     const auto check = [&](const fs::path& input) {
         const auto isInput = [&](const fs::path& output) { return IsSameFile(input, output); };
         if (isBesideOutput(input) && std::any_of(outputs.begin(), outputs.end(), isInput))
@@ -422,6 +437,18 @@ void JobRunner::TakeResults(plugin::JobRun& run, const fs::path& staging) {
         const std::uintmax_t bytes = fs::file_size(staging / name, fault);
         m_report.files.push_back({OutputName(name), fault ? std::nullopt : std::optional(bytes)});
     }
+}
+
+bool JobRunner::WriteNcFiles(const fs::path& staging) {
+    std::vector<RunFile> files;
+    const bool areWritten = m_ncOutput->Write(m_report.members, staging, files);
+    for (RunFile& file : files) {
+        file.name = NameIn(m_report.folder, file.name);
+        m_report.files.push_back(std::move(file));
+    }
+    if (!areWritten)
+        Fail(m_report.files.back().name + ": cannot be written");
+    return areWritten;
 }
 
 /// With the output that the user names, else with the one that is replaced, when there is one whose

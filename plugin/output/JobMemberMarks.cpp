@@ -1,4 +1,3 @@
-#include "plugin/output/MachineRecordText.h"
 #include "plugin/rules/JobMember.h"
 
 namespace plugin {
@@ -77,7 +76,7 @@ void JobMember::MakeMarks() {
         const auto make = [&](const auto& features) {
             for (const auto& feature : features) {
                 if (m_type.areMarksMade)
-                    AddOperation(FormatOperationLine(OperationOf(feature, data)), feature.hostTag);
+                    AddOperation(OperationOf(feature, data), feature.hostTag);
                 else
                     m_ledger.Claim(feature.hostTag, Account::kNotForMachine);
             }

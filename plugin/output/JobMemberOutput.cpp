@@ -3,6 +3,7 @@
 #include "plugin/rules/UprightRectangle.h"
 
 #include <cmath>
+#include <utility>
 
 namespace plugin {
 
@@ -117,14 +118,14 @@ void JobMember::GenerateOutPutStringForHoles() {
             operation.sinkDiameter = sink->GetSize();
             operation.sinkDepth = sink->GetHoleData().depth;
         }
-        AddOperation(FormatOperationLine(operation), hole.GetHoleData().hostTag);
+        AddOperation(std::move(operation), hole.GetHoleData().hostTag);
     }
 }
 
 void JobMember::GenerateOutPutStringForNotches() {
     for (const CNotchAddInfo& notch : m_notches) {
         if (IsManufactured(notch))
-            AddOperation(FormatOperationLine(OperationOf(notch)), notch.GetContour().hostTag);
+            AddOperation(OperationOf(notch), notch.GetContour().hostTag);
     }
 }
 
@@ -136,7 +137,7 @@ void JobMember::MakeTrims() {
         operation.side = static_cast<int>(trim.side);
         operation.at = trim.at;
         operation.code = trim.code;
-        AddOperationOnce(FormatOperationLine(operation), trim.tag);
+        AddOperationOnce(std::move(operation), trim.tag);
     }
 }
 
@@ -147,40 +148,53 @@ void JobMember::MakeMitres() {
         operation.end = cut.end;
         operation.cutFace = cut.face;
         operation.angle = cut.angle;
-        AddOperationOnce(FormatOperationLine(operation), cut.hostTag);
+        AddOperationOnce(std::move(operation), cut.hostTag);
     }
 }
 
 /// Of cuts that are the same, one is made for all.
-void JobMember::AddOperationOnce(const ZetString& line, long tag) {
-    if (m_cutLines.insert(line).second)
-        AddOperation(line, tag);
-    else
+void JobMember::AddOperationOnce(MachineOperation operation, long tag) {
+    const auto [first, isNew] = m_cutLines.insert({FormatOperationLine(operation), tag});
+    if (isNew)
+        AddOperation(std::move(operation), tag);
+    else if (tag != first->second)
+        m_ledger.Join(tag, first->second);
+}
+
+void JobMember::AddOperation(MachineOperation operation, long tag) {
+    m_machineMember.operations.push_back(std::move(operation));
+    m_operationTags.push_back(tag);
+}
+
+void JobMember::MakeOperations() {
+    if (std::exchange(m_hasOperations, true))
+        return;
+    GenerateOutPutStringForHoles();
+    GenerateOutPutStringForNotches();
+    MakeTrims();
+    MakeMitres();
+    MakeMarks();
+}
+
+void JobMember::ClaimOperations() {
+    for (const long tag : m_operationTags)
         m_ledger.Claim(tag, Account::kMade);
 }
 
-void JobMember::AddOperation(const ZetString& line, long tag) {
-    m_textList1.append(line);
-    m_records.operations.push_back(tag);
-    m_ledger.Claim(tag, Account::kMade);
-}
-
 void JobMember::GenerateMemData() {
-    MachineMember member;
-    member.mark = GetMark();
-    member.quantity = GetQty();
-    member.profile = GetProfileName();
-    member.length = GetLength();
-    m_textList3.append(FormatMemberLine(member));
+    m_machineMember.mark = GetMark();
+    m_machineMember.quantity = GetQty();
+    m_machineMember.profile = GetProfileName();
+    m_machineMember.length = GetLength();
+    m_textList3.append(FormatMemberLine(m_machineMember));
 }
 
 ZetString JobMember::GetMemOutPutStr() {
     ZetString text;
-    for (const auto* lines : {&m_textList3, &m_textList1})
-        for (const ZetString& line : *lines) {
-            text += line;
-            text += L"\n";
-        }
+    for (const ZetString& line : m_textList3)
+        text += line + L"\n";
+    for (const MachineOperation& operation : m_machineMember.operations)
+        text += FormatOperationLine(operation) + L"\n";
     return text + MemberEndLine() + L"\n";
 }
 

@@ -4,6 +4,8 @@
 #include "job/IsoDate.h"
 #include "plugin/rules/ArrayFromVector.h"
 
+#include "camdata/platform/system/Clock.h"
+
 #include <cstdint>
 #include <iterator>
 
@@ -107,6 +109,16 @@ void JobProjectInformation::SetDates(const job::Job& job) {
         const ZetString& text = job.project.*row.text;
         (this->*row.set)(text.isEmpty() ? today : text);
     }
+}
+
+FormatTexts JobProjectInformation::MakeFormatTexts(const job::Job& job) const {
+    return {GetFileName(),
+            job.name,
+            GetProjectName(),
+            GetProjectNo(),
+            GetClient(),
+            GetRevision(),
+            job::IsoDate(Today())};
 }
 
 ZetArray<ZetString> JobProjectInformation::MakeHeaderLines() {

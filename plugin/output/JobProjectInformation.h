@@ -1,6 +1,7 @@
 #pragma once
 
 #include "job/Job.h"
+#include "plugin/formats/FormatValues.h"
 
 #include "camdata/platform/base/ZetArray.h"
 #include "camdata/platform/text/ZetString.h"
@@ -18,6 +19,8 @@ class JobProjectInformation : public CProjectInformation {
 
     /// The header lines of the output files: a line for each text that is not empty.
     ZetArray<ZetString> MakeHeaderLines();
+    /// What the lines of formats have in common.
+    FormatTexts MakeFormatTexts(const job::Job& job) const;
 
   private:
     void SetTexts(const job::ProjectData& project);

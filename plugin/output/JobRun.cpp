@@ -153,6 +153,8 @@ JobRun::Added JobRun::Add(ZetNCEntity& entity,
                           const Observer& observer,
                           long notedFeatures) {
     m_lastLedger = {};
+    if (m_members.empty())
+        m_rules.SetFormatTexts(GetJobProjectInfo().MakeFormatTexts(m_job));
     ZetNCCreator creator;
     creator.setNCEntity(&entity);
     creator.create();
@@ -205,6 +207,7 @@ bool JobRun::Write(const std::filesystem::path& folder, const CancelCheck& isCan
         return false;
     }
     EndLines(folder);
+    WriteFormattedFiles(folder);
     MakePlans();
     // A wrong plan reaches no file.
     if (!m_planFaults.empty())
@@ -235,8 +238,10 @@ ZetString JobRun::GetFileName(const ZetString& ending) {
 
 std::vector<ZetString> JobRun::GetFileNames() {
     std::vector<ZetString> names;
-    for (const job::OutputEnding& output : job::OutputEndings(m_job))
-        names.push_back(GetFileName(output.ending));
+    const std::vector<job::OutputEnding> outputs = job::OutputEndings(m_job);
+    for (std::size_t i = 0; i < outputs.size(); ++i)
+        if (i >= m_job.files.size() || !m_job.files[i].nc)
+            names.push_back(GetFileName(outputs[i].ending));
     // Others make the page.
     if (m_job.reports.hasPage)
         names.pop_back();
@@ -244,18 +249,23 @@ std::vector<ZetString> JobRun::GetFileNames() {
 }
 
 void JobRun::SetUpFiles(const ZetString& folder) {
-    const ZetArray<ZetString> projectHeader = GetJobProjectInfo().MakeHeaderLines();
     ZetArray<CMxFileGroups> files;
     for (const job::OutputFile& source : m_job.files) {
-        ZetArray<ZetString> header = ArrayFromVector(source.headerLines);
-        if (source.hasProjectHeader)
-            header.appendAll(projectHeader);
         const ZetString name = GetFileName(source.ending);
         CMxFileGroups file;
-        file.setValues(files.length(), folder + name, name, std::move(header), false, true);
+        // The library makes no file that has a format of its own.
+        file.setValues(
+            files.length(), folder + name, name, MakeHeaderOf(source), false, source.IsOfRecords());
         files.append(std::move(file));
     }
     m_accumulator.appendFileGroups(std::move(files));
+}
+
+ZetArray<ZetString> JobRun::MakeHeaderOf(const job::OutputFile& file) {
+    ZetArray<ZetString> header = ArrayFromVector(file.headerLines);
+    if (file.hasProjectHeader)
+        header.appendAll(GetJobProjectInfo().MakeHeaderLines());
+    return header;
 }
 
 /// A group's ID is its position everywhere.
@@ -290,13 +300,77 @@ void JobRun::SetUpAdditionalInfo() {
 /// The library ends lines with LF: its files are changed when they are whole.
 void JobRun::EndLines(const std::filesystem::path& folder) {
     for (const job::OutputFile& file : m_job.files) {
-        if (file.lineEnds == job::LineEnds::kLf || !m_faults.isEmpty())
+        if (file.lineEnds == job::LineEnds::kLf || !file.IsOfRecords() || !m_faults.isEmpty())
             continue;
         const ZetString name = GetFileName(file.ending);
         const std::filesystem::path path = folder / job::PathFromUtf8(name.toUtf8());
         if (const std::error_code fault = EndLinesWithCrLf(path))
             m_faults.append({TextOf(path), ZetFileFault::Operation::kWrite, fault.value()});
     }
+}
+
+// ---- formats ------------------------------------------------------------------------------------
+
+/// The members of a file as they were written, group by group.
+std::vector<FormattedGroup> JobRun::GroupsOf(std::size_t file) const {
+    std::map<std::size_t, std::size_t> placeOfGroup;
+    std::vector<FormattedGroup> groups;
+    for (const std::size_t position : m_written) {
+        const Member& member = *m_members[position];
+        const job::Group& group = m_job.groups[member.GetGroupPosition()];
+        const bool isInFile =
+            std::find(group.files.begin(), group.files.end(), file) != group.files.end();
+        if (!isInFile || !member.IsMade())
+            continue;
+        const auto [at, isNew] = placeOfGroup.insert({member.GetGroupPosition(), groups.size()});
+        if (isNew)
+            groups.push_back({group.id, group.headerLines, {}});
+        groups[at->second].members.push_back(member.GetFormatted(*m_job.files[file].format));
+    }
+    return groups;
+}
+
+std::string JobRun::MakeFormattedFile(std::size_t file,
+                                      std::vector<FormattedGroup> groups,
+                                      std::vector<FormatFault>& faults) {
+    const job::OutputFile& source = m_job.files[file];
+    const ZetArray<ZetString> header = MakeHeaderOf(source);
+    return m_rules.GetFormats()[*source.format].WriteFile(
+        groups, {header.begin(), header.end()}, m_rules.GetFormatTexts(), faults);
+}
+
+void JobRun::WriteFormattedFiles(const std::filesystem::path& folder) {
+    std::vector<FormatFault> told;
+    for (std::size_t file = 0; file < m_job.files.size(); ++file) {
+        if (!m_job.files[file].format)
+            continue;
+        const std::string bytes = MakeFormattedFile(file, GroupsOf(file), told);
+        const std::filesystem::path path =
+            folder / job::PathFromUtf8(GetFileName(m_job.files[file].ending).toUtf8());
+        if (const std::error_code fault = WriteBytes(path, bytes))
+            m_faults.append({TextOf(path), ZetFileFault::Operation::kWrite, fault.value()});
+    }
+}
+
+/// Each file with a member without lines in each of its groups.
+std::vector<ZetString> JobRun::FindFormatConflicts() {
+    std::vector<ZetString> conflicts;
+    const FormattedMember none;
+    m_rules.SetFormatTexts(GetJobProjectInfo().MakeFormatTexts(m_job));
+    for (std::size_t file = 0; file < m_job.files.size(); ++file) {
+        if (!m_job.files[file].format)
+            continue;
+        std::vector<FormattedGroup> groups;
+        for (const job::Group& group : m_job.groups)
+            if (std::find(group.files.begin(), group.files.end(), file) != group.files.end())
+                groups.push_back({group.id, group.headerLines, {&none}});
+        std::vector<FormatFault> faults;
+        MakeFormattedFile(file, std::move(groups), faults);
+        for (const FormatFault& fault : faults)
+            conflicts.push_back(ZetString::format(
+                L"file \"%s\": its format cannot express %s", m_job.files[file].id, fault.text));
+    }
+    return conflicts;
 }
 
 // ---- cutting list -------------------------------------------------------------------------------

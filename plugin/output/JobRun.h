@@ -114,6 +114,8 @@ class JobRun {
     std::vector<GroupResult> GetGroupResults() const;
     /// Why members that were added cannot be cut as the job says; one sentence each.
     std::vector<ZetString> FindPlanConflicts() const;
+    /// Why files cannot be written in their formats, whatever their members; one sentence each.
+    std::vector<ZetString> FindFormatConflicts();
     /// By group, then by profile and material; empty without nested groups that have valid members.
     /// After Write.
     const std::vector<ProfilePlan>& GetPlans() const { return m_plans; }
@@ -142,6 +144,12 @@ class JobRun {
     ZetString GetFileName(const ZetString& ending);
     void WriteMembers(const ZetString& folder, const CancelCheck& isCancelled);
     void SetUpFiles(const ZetString& folder);
+    ZetArray<ZetString> MakeHeaderOf(const job::OutputFile& file);
+    void WriteFormattedFiles(const std::filesystem::path& folder);
+    std::string MakeFormattedFile(std::size_t file,
+                                  std::vector<FormattedGroup> groups,
+                                  std::vector<FormatFault>& faults);
+    std::vector<FormattedGroup> GroupsOf(std::size_t file) const;
     void SetUpGroups();
     void SetUpAdditionalInfo();
     void EndLines(const std::filesystem::path& folder);

@@ -33,9 +33,13 @@ std::error_code EndLinesWithCrLf(const std::filesystem::path& file) {
     if (!in.is_open() || in.bad())
         return LastFault();
     in.close();
+    return WriteBytes(file, WithCrLf(text));
+}
+
+std::error_code WriteBytes(const std::filesystem::path& file, const std::string& bytes) {
+    errno = 0;
     std::ofstream out(file, std::ios::binary);
-    const std::string lines = WithCrLf(text);
-    out.write(lines.data(), static_cast<std::streamsize>(lines.size()));
+    out.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
     out.close();
     return out ? std::error_code() : LastFault();
 }

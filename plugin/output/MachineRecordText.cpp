@@ -2,6 +2,8 @@
 
 #include "job/ControlCharacters.h"
 #include "job/MemberLine.h"
+#include "plugin/formats/BackslashEscapes.h"
+#include "plugin/formats/MachineWords.h"
 
 #include "camdata/platform/text/Unicode.h"
 #include "camdata/tolerance/CMxGeom.h"
@@ -27,31 +29,6 @@ constexpr ZetFormatString<double> kNumberFormat = L"%.3f";
 constexpr std::wstring_view kEndWord = L"end";
 
 // ---- fields -------------------------------------------------------------------------------------
-
-using Words = std::span<const std::wstring_view>;
-
-/// By eHoleFace.
-constexpr std::array<std::wstring_view, 7> kFaceWords = {L"web",
-                                                         L"top_flange",
-                                                         L"bottom_flange",
-                                                         L"sloped_top_flange",
-                                                         L"sloped_bottom_flange",
-                                                         L"web_back",
-                                                         L"none"};
-static_assert(kFaceWords.size() == eHoleFaceNone + 1);
-/// By MachineCut.
-constexpr std::array<std::wstring_view, 2> kCutWords = {L"external", L"internal"};
-/// By ZetNCHoleData::Kind.
-constexpr std::array<std::wstring_view, 3> kThreadWords = {L"none", L"right", L"left"};
-
-/// By job::TrimSide.
-constexpr std::array<std::wstring_view, 4> kSideWords = {L"start", L"end", L"lower", L"upper"};
-/// By ZetNCCut::End.
-constexpr std::array<std::wstring_view, 2> kEndWords = {L"start", L"end"};
-/// By ZetNCCut::Face.
-constexpr std::array<std::wstring_view, 2> kCutFaceWords = {L"web", L"flange"};
-/// By MachineMark.
-constexpr std::array<std::wstring_view, 3> kMarkWords = {L"powder", L"punch", L"text"};
 
 /// A field that holds one of some words, as the position of its word.
 template <typename Record>
@@ -129,61 +106,17 @@ constexpr OperationField kTrim[] = {kFace, kSide, kAt, kCode};
 constexpr OperationField kMitre[] = {kEnd, kCutFace, kAngle};
 constexpr OperationField kMark[] = {kFace, kMarkKind, kX, kY, kAngle, kHeight, kPoints, kText};
 
-struct OperationType {
-    std::wstring_view word;
-    std::span<const OperationField> fields;
-};
-
 /// By MachineOperationKind.
-constexpr std::array<OperationType, 9> kOperations = {
-    {
-     {L"hole", kHole},
-     {L"countersunk", kCountersunk},
-     {L"slot", kSlot},
-     {L"rectangle", kRectangle},
-     {L"notch", kNotch},
-     {L"outline", kOutline},
-     {L"trim", kTrim},
-     {L"mitre", kMitre},
-     {L"mark", kMark},
-     }
-};
+constexpr std::array<std::span<const OperationField>, kOperationWords.size()> kOperations = {
+    kHole, kCountersunk, kSlot, kRectangle, kNotch, kOutline, kTrim, kMitre, kMark};
 static_assert(kOperations.size() == static_cast<std::size_t>(MachineOperationKind::kMark) + 1);
 
 // ---- values -------------------------------------------------------------------------------------
 
-struct Escape {
-    wchar_t character;
-    wchar_t letter;  ///< behind the backslash
-};
-
-/// Characters that a text in quotes may not hold as they are, and have a letter of their own.
-constexpr Escape kEscapes[] = {
-    {L'"',  L'"' },
-    {L'\\', L'\\'},
-    {L'\n', L'n' },
-    {L'\r', L'r' },
-};
-
-const Escape* FindEscape(wchar_t Escape::*part, wchar_t c) {
-    const auto* const at = std::find_if(
-        std::begin(kEscapes), std::end(kEscapes), [&](const Escape& e) { return e.*part == c; });
-    return at == std::end(kEscapes) ? nullptr : at;
-}
-
-void AppendInQuotes(std::wstring& line, wchar_t c) {
-    if (const Escape* const escape = FindEscape(&Escape::character, c))
-        line += {L'\\', escape->letter};
-    else if (c != L'\t' && camdata::detail::IsControl(c))
-        job::AppendEscape(line, c);
-    else
-        line += c;
-}
-
 void AppendQuoted(std::wstring& line, std::wstring_view text) {
     line += L'"';
     for (const wchar_t c : text)
-        AppendInQuotes(line, c);
+        AppendBackslashed(line, c);
     line += L'"';
 }
 
@@ -205,8 +138,7 @@ std::optional<wchar_t> TakeCharacter(std::wstring_view& text) {
         return c;
     if (c == job::kEscapeLetter)
         return job::TakeEscaped(text);
-    const Escape* const escape = FindEscape(&Escape::letter, c);
-    return escape != nullptr ? std::optional(escape->character) : std::nullopt;
+    return CharacterOfEscape(c);
 }
 
 /// What stands in quotes at the beginning of `text`, which is then what follows; nothing when there
@@ -383,15 +315,13 @@ class RecordReader {
             return {};
         }
         const std::wstring_view word = TakeUntil(line, L" ");
-        const auto* const type =
-            std::find_if(kOperations.begin(), kOperations.end(), [&](const OperationType& known) {
-                return known.word == word;
-            });
-        if (type == kOperations.end())
+        const auto* const known = std::find(kOperationWords.begin(), kOperationWords.end(), word);
+        if (known == kOperationWords.end())
             return L"no operation of that name is known";
+        const auto kind = static_cast<std::size_t>(known - kOperationWords.begin());
         MachineOperation& operation = m_members.back().operations.emplace_back();
-        operation.kind = static_cast<MachineOperationKind>(type - kOperations.begin());
-        return ParseFields(line, type->fields, operation);
+        operation.kind = static_cast<MachineOperationKind>(kind);
+        return ParseFields(line, kOperations[kind], operation);
     }
 
     bool m_isInBlock = false;
@@ -409,8 +339,8 @@ ZetString FormatMemberLine(const MachineMember& member) {
 }
 
 ZetString FormatOperationLine(const MachineOperation& operation) {
-    const OperationType& type = kOperations[static_cast<std::size_t>(operation.kind)];
-    return FormatLine(type.word, type.fields, operation);
+    const auto kind = static_cast<std::size_t>(operation.kind);
+    return FormatLine(kOperationWords[kind], kOperations[kind], operation);
 }
 
 ZetString MemberEndLine() {

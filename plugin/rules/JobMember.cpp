@@ -88,6 +88,7 @@ void JobMember::ValidateMember() {
     CheckLimits();
     CheckQuantity();
     CheckStockLength();
+    WriteFormats();
 }
 
 // ---- findings -----------------------------------------------------------------------------------
@@ -115,6 +116,16 @@ void JobMember::RecordFinding(Finding finding) {
 void JobMember::FileFinding(Finding finding) {
     Tell(finding.type, {Indented(WithoutNegativeZeros(finding.text))});
     RecordFinding(std::move(finding));
+}
+
+/// As an error, whatever the job says of its type; once.
+void JobMember::FileError(Finding finding) {
+    const auto isSame = [&](const Finding& other) { return other.text == finding.text; };
+    if (std::any_of(m_findings.begin(), m_findings.end(), isSame))
+        return;
+    AppendMsg_VT(eReportingError, ZetArray<ZetString>{Indented(finding.text)});
+    RecordFinding(std::move(finding));
+    m_findings.back().report = eReportingError;
 }
 
 void JobMember::FileHole(Finding finding, const CHoleAddlInfo& hole) {
@@ -193,13 +204,11 @@ void JobMember::TellUnmade(ZetArray<ZetString>& block) const {
 void JobMember::MakeOutput() {
     if (IsMainPart())
         GetAttachedPartNos();
-    GenerateOutPutStringForHoles();
-    GenerateOutPutStringForNotches();
-    MakeTrims();
-    MakeMitres();
-    MakeMarks();
+    MakeOperations();
+    ClaimOperations();
     GenerateMemData();
     m_records.text = GetMemOutPutStr().toUtf8();
+    m_records.operations = std::move(m_operationTags);
     m_unmadeFeatures = m_notedFeatures + m_ledger.CountNotMade();
     ReleaseSources();
 }
@@ -217,6 +226,8 @@ void JobMember::ReleaseSources() {
     Release(m_mitres);
     Release(m_trims);
     m_cutLines.clear();
+    m_machineMember = {};
+    m_operationTags = {};
     m_plate.reset();
     m_outlines.clear();
     m_notches = {};

@@ -2,6 +2,7 @@
 
 #include "job/Job.h"
 #include "job/ValidationTypes.h"
+#include "plugin/formats/FormatWriter.h"
 #include "plugin/ledger/Finding.h"
 #include "plugin/ledger/Ledger.h"
 #include "plugin/rules/BarStock.h"
@@ -85,6 +86,10 @@ class JobMember : public CMxPeilaib {
     /// Settles whether the member is valid, and makes its error and warning blocks. A second call
     /// does nothing.
     void SettleReport();
+    /// The member in a format of the job, by its position; null unless a file of its group has it.
+    const FormattedMember* GetFormatted(std::size_t format) const;
+    /// It is manufactured.
+    bool IsMade() const { return GetValid() && m_hasPieces; }
     /// Lists the attached parts of a main part, makes the machine records, and lets go of all that
     /// they were made from: holes, notches, NC data and creator.
     void MakeOutput();
@@ -176,6 +181,7 @@ class JobMember : public CMxPeilaib {
     void FileFinding(Finding finding);
     /// Files a finding whose lines stand in the library's lists already, or nowhere.
     void RecordFinding(Finding finding);
+    void FileError(Finding finding);
     void FileHole(Finding finding, const CHoleAddlInfo& hole);
     void FileNotch(Finding finding, CNotchAddInfo notch);
     std::optional<Feature> FeatureOf(long tag) const;
@@ -265,8 +271,16 @@ class JobMember : public CMxPeilaib {
     void MakeMitres();
     CViewData ViewDataOf(int viewPosition) const;
     void MakeMarks();
-    void AddOperation(const ZetString& line, long tag);
-    void AddOperationOnce(const ZetString& line, long tag);
+    void MakeOperations();
+    void AddOperation(MachineOperation operation, long tag);
+    void AddOperationOnce(MachineOperation operation, long tag);
+    void ClaimOperations();
+    std::array<double, eHoleFaceNone + 1> FaceWidths() const;
+    void WriteFormats();
+    std::set<std::size_t> FormatsOfGroup() const;
+    bool WriteFormat(std::size_t position);
+    bool FileFormatFaults(const ZetString& format, const std::vector<FormatFault>& faults);
+    void FileFormatFault(ZetString text, long operation);
     void WriteRecords(ZetFileAccess* file) const;
     void ReleaseSources();
     void TellUnmade(ZetArray<ZetString>& block) const;
@@ -280,9 +294,13 @@ class JobMember : public CMxPeilaib {
     bool m_hasPieces = true;
     std::vector<Trim> m_trims;
     std::vector<ZetNCCut> m_mitres;
-    std::set<ZetString> m_cutLines;              ///< of trims and mitres
-    std::vector<SetAside> m_reasons;             ///< by duplicate hole
-    std::map<HolePlace, CHoleAddlInfo> m_sinks;  ///< by the place of their holes
+    std::map<ZetString, long> m_cutLines;  ///< of trims and mitres, with their tags
+    MachineMember m_machineMember;         ///< what is made; its operations
+    std::vector<long> m_operationTags;     ///< by operation
+    bool m_hasOperations = false;
+    std::map<std::size_t, FormattedMember> m_formatted;  ///< by position in Job::formats
+    std::vector<SetAside> m_reasons;                     ///< by duplicate hole
+    std::map<HolePlace, CHoleAddlInfo> m_sinks;          ///< by the place of their holes
     std::vector<Finding> m_findings;
     std::vector<SetAsideFeature> m_setAside;
     std::vector<FeatureNote> m_notes;

@@ -19,6 +19,16 @@ bool Fits(const ZetString& text, const ZetString& pattern) {
 }  // namespace
 
 JudgingRules::JudgingRules(const job::Job& job) : m_job(job), m_holeRules(job.holeRules) {
+    for (const job::MachineFormat& format : job.formats)
+        m_formats.emplace_back(format);
+    const job::ProjectData& project = job.project;
+    m_formatTexts = {project.fileName,
+                     job.name,
+                     project.name,
+                     project.number,
+                     project.client,
+                     project.revision,
+                     {}};
     for (const job::FixedPattern& pattern : job.patterns)
         m_patterns.push_back(MakePrescription(pattern));
     for (const job::Assembly& assembly : job.assemblies) {

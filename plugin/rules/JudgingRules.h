@@ -1,6 +1,7 @@
 #pragma once
 
 #include "job/Job.h"
+#include "plugin/formats/FormatWriter.h"
 #include "plugin/rules/HoleRuleMatcher.h"
 
 #include "camdata/holes/CMxSingleMemValidation.h"
@@ -8,6 +9,7 @@
 #include "camdata/platform/text/ZetString.h"
 
 #include <set>
+#include <utility>
 #include <vector>
 
 namespace plugin {
@@ -25,6 +27,11 @@ class JudgingRules {
     const job::MemberType* FindMemberType(ZetNCCreator& creator) const;
     /// The prescription of a member type, its positions as distances from the start; null: none.
     const CMxSingleMemValidation* FindPattern(const job::MemberType& type) const;
+    /// By position in Job::formats.
+    const std::vector<FormatWriter>& GetFormats() const { return m_formats; }
+    /// What their lines have in common: of the job, until the run has others.
+    const FormatTexts& GetFormatTexts() const { return m_formatTexts; }
+    void SetFormatTexts(FormatTexts texts) { m_formatTexts = std::move(texts); }
     /// The job names the mark as a main part or as a single part of an assembly.
     bool IsPartOfAssembly(const ZetString& mark) const;
 
@@ -33,6 +40,8 @@ class JudgingRules {
     HoleRuleMatcher m_holeRules;
     std::vector<CMxSingleMemValidation> m_patterns;  ///< by position in Job::patterns
     std::set<ZetString> m_assemblyMarks;
+    std::vector<FormatWriter> m_formats;
+    FormatTexts m_formatTexts;
 };
 
 /// Makes them the tolerances of the library, for the whole process.

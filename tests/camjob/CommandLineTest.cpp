@@ -49,6 +49,9 @@ const Case kCases[] = {
     {"Version",              {"--version"},                         0, "camjob " CAMJOB_VERSION,     ""                                   },
     {"NoFile",               {"check"},                             2, "",                                "FILE is required"                   },
     {"UnknownOptionOfCheck", {"check", "--xml", "{}good.nc1"},      2, "",                                "--xml"                              },
+    {"Formats",              {"formats"},                           0, "records",                         ""                                   },
+    {"FormatAsAFile",        {"formats", "csv"},                    0, "quotes = \"needed\"",             ""                                   },
+    {"UnknownFormat",        {"formats", "cvs"},                    2, "",                                "did you mean \"csv\"?"              },
     {"Good",                 {"check", "{}good.nc1"},               0, "1 file read: 2 holes (2 round)",  ""                                   },
     {"GoodTwice",            {"check", "{}good.nc1", "{}good.nc1"}, 0, "files read 2\n",                  ""                                   },
     {"Bad",                  {"check", "{}bad.nc1"},                2, "1 file refused\n",                "bad.nc1:10: length \"6236:88\": exp"},
@@ -59,7 +62,12 @@ const Case kCases[] = {
     {"JsonAfterFiles",       {"check", "{}good.nc1", "--json"},     0, "\"schema\"",                      ""                                   },
     {"DashInAName",          {"check", "--", "{}-x.nc1"},           0, "1 file read",                     ""                                   },
     {"LineEndInAName",       {"check", "{}a\nb.nc1"},               2, "1 file refused\n",                "a\uFFFDb.nc1: "                     },
-    {"SteeringName",         {"check", "{}a\x1B\xE2\x80\xAE" "b.nc1"},  2, "1 file refused\n",                "a\\u001B\\u202Eb.nc1: "             },
+    {"SteeringName",
+     {"check",
+      "{}a\x1B\xE2\x80\xAE"
+      "b.nc1"},
+     2,                                                                "1 file refused\n",
+     "a\\u001B\\u202Eb.nc1: "                                                                                                                  },
     {"OutWithoutName",       {"run", "{}job.toml", "--out", ""},    2, "",                                "--out: the folder has no name"      },
     {"NamedLikeACommand",    {"check", "check"},                    2, "1 file refused\n",                "check: "                            },
 };

@@ -10,20 +10,28 @@
 using Files = std::map<std::string, std::string>;
 
 inline void WriteFiles(const std::filesystem::path& folder, const Files& files) {
-    for (const auto& [name, bytes] : files)
+    for (const auto& [name, bytes] : files) {
+        std::filesystem::create_directories((folder / name).parent_path());
         std::ofstream(folder / name, std::ios::binary) << bytes;
+    }
 }
 
-/// What a user sees in an output folder: all but the folder that the tool keeps for itself.
+/// What a user sees in an output folder: all but the folder that the tool keeps for itself. A
+/// folder without files is one, too.
 inline Files ContentOf(const std::filesystem::path& folder) {
     Files files;
     for (const auto& entry : std::filesystem::directory_iterator(folder)) {
         if (entry.path().filename() == ".camjob")
             continue;
-        std::string& bytes = files[entry.path().filename().string()];
+        const std::string name = entry.path().filename().string();
+        const Files within = entry.is_directory() ? ContentOf(entry.path()) : Files();
+        for (const auto& [inner, bytes] : within)
+            files[name + "/" + inner] = bytes;
         std::ifstream stream(entry.path(), std::ios::binary);
-        bytes = entry.is_directory() ? "(folder)"
-                                     : std::string(std::istreambuf_iterator<char>(stream), {});
+        if (within.empty())
+            files[name] = entry.is_directory()
+                              ? "(folder)"
+                              : std::string(std::istreambuf_iterator<char>(stream), {});
     }
     return files;
 }

@@ -1,4 +1,4 @@
-#include "dstv/CodePages.h"
+#include "codepages/CodePages.h"
 #include "dstv/NcSample.h"
 
 #include <set>
@@ -53,11 +53,11 @@ TEST(NcEncoding, TheSameBytesInSeveral) {
 /// A character that a page had twice, or a control character in a place of its own, would be a slip
 /// of the table.
 TEST(NcEncoding, NoPageHasACharacterTwice) {
-    for (const dstv::CodePage& page : dstv::GetCodePages()) {
+    for (const codepages::CodePage& page : codepages::GetCodePages()) {
         std::set<char16_t> seen;
         for (const char16_t character : page.fromByte80) {
             EXPECT_GE(character, 0x80) << page.name;
-            EXPECT_TRUE(character == dstv::kNoCharacter || seen.insert(character).second)
+            EXPECT_TRUE(character == codepages::kNoCharacter || seen.insert(character).second)
                 << page.name << " " << static_cast<int>(character);
         }
     }

@@ -1,7 +1,6 @@
 #include "job/JobFile.h"
+#include "support/BrokenFiles.h"
 #include "support/TempFolder.h"
-
-#include <sstream>
 
 namespace {
 
@@ -38,42 +37,7 @@ Job ReadGoodJob() {
     return std::get<Job>(std::move(result));
 }
 
-/// One case of broken-jobs.txt.
-struct Case {
-    std::string name;
-    std::string oldText;
-    std::string newText;
-    std::string faults;
-};
-
-std::string Unescaped(const std::string& text) {
-    std::string plain;
-    for (std::size_t i = 0; i < text.size(); ++i) {
-        const bool isEscape = text[i] == '\\';
-        const char c = text[isEscape ? ++i : i];
-        plain += isEscape && c == 'n' ? '\n' : c;
-    }
-    return plain;
-}
-
-std::vector<Case> ReadCases() {
-    std::vector<Case> cases;
-    std::istringstream lines(ReadSample("broken-jobs.txt"));
-    for (std::string line; std::getline(lines, line);) {
-        const std::string text = line.size() > 2 ? line.substr(2) : "";
-        if (line.starts_with("= "))
-            cases.push_back({text, "", "", ""});
-        else if (line.starts_with("- "))
-            cases.back().oldText = Unescaped(text);
-        else if (line.starts_with("+ "))
-            cases.back().newText = Unescaped(text);
-        else if (line.starts_with("! "))
-            cases.back().faults += text + "\n";
-    }
-    return cases;
-}
-
-class BrokenJob : public ::testing::TestWithParam<Case> {};
+class BrokenJob : public ::testing::TestWithParam<BrokenFile> {};
 
 TEST_P(BrokenJob, EveryFaultIsTold) {
     std::string text = ReadSample("good-job.toml");
@@ -85,7 +49,7 @@ TEST_P(BrokenJob, EveryFaultIsTold) {
 
 INSTANTIATE_TEST_SUITE_P(Cases,
                          BrokenJob,
-                         ::testing::ValuesIn(ReadCases()),
+                         ::testing::ValuesIn(ReadBrokenFiles(JOB_TEST_FOLDER "/broken-jobs.txt")),
                          [](const auto& instance) { return instance.param.name; });
 
 TEST(JobFile, EveryKeyReachesItsPlace) {
@@ -130,9 +94,17 @@ TEST(JobFile, TolerancesFilesAndGroups) {
     std::vector<ZetString> endings;
     for (const job::OutputFile& file : job.files)
         endings.push_back(file.ending);
-    const std::vector<ZetString> wanted = {
-        L"-orders.txt", L"-summary.txt", L"-errors.txt", L"-warnings.txt", L"-plates.txt"};
+    const std::vector<ZetString> wanted = {L"-orders.txt",
+                                           L"-summary.txt",
+                                           L"-errors.txt",
+                                           L"-warnings.txt",
+                                           L"-plates.txt",
+                                           L"-rows.csv",
+                                           L""};
     EXPECT_EQ(endings, wanted);
+    EXPECT_EQ(job.files[6].nc.value().folder, "parts");
+    EXPECT_EQ(job.files[6].nc.value().names, L"{mark}-{profile}.nc");
+    EXPECT_EQ(job.formats.at(job.files[5].format.value()).name, L"csv");
     EXPECT_EQ(job.files[job::kInfoFile].headerLines, std::vector<ZetString>{L"SUMMARY"});
     EXPECT_FALSE(job.files[job::kInfoFile].hasProjectHeader);
     EXPECT_TRUE(job.files[job::kFirstOwnFile].hasProjectHeader);

@@ -45,10 +45,7 @@ std::string ListKeys() {
             text += ListFindings(table);
             continue;
         }
-        text += "| key | value | unit | default | meaning |\n|---|---|---|---|---|\n";
-        for (const job::JobKey& key : table.keys)
-            text += "| `" + key.name + "` | " + key.value + " | " + key.unit + " | " +
-                    key.defaultValue + " | " + key.meaning + " |\n";
+        text += KeyRowsText(table);
     }
     return text;
 }

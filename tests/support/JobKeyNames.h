@@ -24,3 +24,12 @@ inline std::vector<std::string> FindMissingJobKeys(const std::string& text) {
     }
     return missing;
 }
+
+/// The keys of a table, as the documents list them.
+inline std::string KeyRowsText(const job::JobKeyTable& table) {
+    std::string text = "| key | value | unit | default | meaning |\n|---|---|---|---|---|\n";
+    for (const job::JobKey& key : table.keys)
+        text += "| `" + key.name + "` | " + key.value + " | " + key.unit + " | " +
+                key.defaultValue + " | " + key.meaning + " |\n";
+    return text;
+}

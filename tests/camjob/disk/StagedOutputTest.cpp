@@ -14,14 +14,19 @@ using camjob::StagedOutput;
 using camjob::StagingDisk;
 
 const Files kOld = {
-    {"a.txt",    "old a"},
-    {"b.txt",    "old b"},
-    {"gone.txt", "old"  }
+    {"a.txt",       "old a"},
+    {"b.txt",       "old b"},
+    {"gone.txt",    "old"  },
+    {"left/g.nc1",  "old g"},
+    {"nc/a.nc1",    "old a"},
+    {"nc/gone.nc1", "old"  },
 };
 const Files kNew = {
-    {"a.txt",    "new a"},
-    {"b.txt",    "new b"},
-    {"more.txt", "new"  }
+    {"a.txt",      "new a"},
+    {"b.txt",      "new b"},
+    {"more.txt",   "new"  },
+    {"made/m.nc1", "new m"},
+    {"nc/a.nc1",   "new a"},
 };
 const std::pair<std::string, std::string> kForeign = {"notes.txt", "not camjob's"};
 

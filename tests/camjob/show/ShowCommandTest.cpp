@@ -81,8 +81,8 @@ INSTANTIATE_TEST_SUITE_P(
 },
         UsageCase{"DxfToStandardOutput", {"a.nc1", "--dxf"}, 0, "\nEOF\n"},
         UsageCase{"ToFile", {"a.nc1", "--out", "x.svg"}, 0, "x.svg", {"x.svg"}},
-        UsageCase{"ToFolder", {"a.nc1", "--out", "new"}, 0, "new/a.svg", {"new"}},
-        UsageCase{"BadFileAmongGood", {"bad.nc1", "a.nc1", "--out", "n"}, 2, "bad.nc1:10", {"n"}},
+        UsageCase{"ToFolder", {"a.nc1", "--out", "new"}, 0, "new/a.svg", {"new/a.svg"}},
+        UsageCase{"BadFileAmongGood", {"bad.nc1", "a.nc1", "--out", "n"}, 2, "bad.nc1:10", {"n/a.svg"}},
         UsageCase{"SeveralWithoutFolder", {"a.nc1", "bad.nc1"}, 2, "say --out DIR"},
         UsageCase{"WrongEnding", {"a.nc1", "--out", "x.dxf"}, 2, "must end in .svg, or say --dxf"},
         UsageCase{

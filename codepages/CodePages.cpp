@@ -1,6 +1,9 @@
-#include "dstv/CodePages.h"
+#include "codepages/CodePages.h"
 
-namespace dstv {
+#include <algorithm>
+#include <iterator>
+
+namespace codepages {
 namespace {
 
 // clang-format off
@@ -280,4 +283,20 @@ std::span<const CodePage> GetCodePages() {
     return kPages;
 }
 
-}  // namespace dstv
+const CodePage* FindCodePage(std::string_view name) {
+    const auto* const page = std::find_if(
+        std::begin(kPages), std::end(kPages), [&](const CodePage& row) { return row.name == name; });
+    return page == std::end(kPages) ? nullptr : page;
+}
+
+std::optional<char> ByteOf(char32_t character, const CodePage& page) {
+    if (character < kFirstForeignByte)
+        return static_cast<char>(character);
+    const auto& characters = page.fromByte80;
+    const auto* const at = std::find(characters.begin(), characters.end(), character);
+    if (character == kNoCharacter || at == characters.end())
+        return std::nullopt;
+    return static_cast<char>(kFirstForeignByte + (at - characters.begin()));
+}
+
+}  // namespace codepages

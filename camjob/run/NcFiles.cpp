@@ -1,0 +1,101 @@
+#include "camjob/run/NcFiles.h"
+
+#include "camjob/console/Paths.h"
+#include "dstv/NcWriter.h"
+#include "job/FileNames.h"
+#include "job/NcNames.h"
+
+#include <algorithm>
+#include <fstream>
+#include <optional>
+#include <system_error>
+#include <utility>
+
+namespace camjob {
+
+namespace {
+
+/// Not what was refused, or set aside for another feature.
+bool IsKept(const plugin::Ledger& ledger, long line) {
+    const std::optional<plugin::Account> account = ledger.AccountOf(line, true);
+    return account != plugin::Account::kRefused && account != plugin::Account::kSetAside;
+}
+
+job::NcNameValues ValuesOf(const dstv::NcHeader& header, const job::Group& group) {
+    return {header.mark, header.profileName, header.drawing, header.phase, header.order, group.id};
+}
+
+}  // namespace
+
+std::vector<std::string> NcFiles::Add(const dstv::NcPart& part,
+                                      const plugin::Ledger& ledger,
+                                      std::size_t group) {
+    std::vector<std::string> faults;
+    for (const std::size_t file : m_job.groups[group].files) {
+        if (!m_job.files[file].nc)
+            continue;
+        std::string fault = AddFile(part, ledger, m_job.files[file], m_job.groups[group]);
+        if (!fault.empty())
+            faults.push_back(std::move(fault));
+    }
+    ++m_members;
+    return faults;
+}
+
+std::string NcFiles::AddFile(const dstv::NcPart& part,
+                             const plugin::Ledger& ledger,
+                             const job::OutputFile& output,
+                             const job::Group& group) {
+    const ZetString name = job::FillNcName(output.nc->names, ValuesOf(part.header, group));
+    const std::string path = output.nc->folder + "/" + name.toUtf8();
+    if (const std::string fault = FaultOfName(name, path); !fault.empty())
+        return "NC file \"" + path + "\": " + fault;
+    const std::string encoding = job::NameOf(m_job.nc.encoding);
+    auto written = dstv::WriteNc(
+        part, {encoding, output.lineEnds == job::LineEnds::kCrLf ? "\r\n" : "\n", [&](long line) {
+                   return IsKept(ledger, line);
+               }});
+    if (const auto* text = std::get_if<ZetString>(&written))
+        return "NC file \"" + path + "\": the encoding " + encoding +
+               " has not all characters of \"" + text->toUtf8() + "\"";
+    m_files.push_back({m_members, path, std::get<std::string>(std::move(written))});
+    return "";
+}
+
+/// Names that differ in capitals only are one file on Windows.
+std::string NcFiles::FaultOfName(const ZetString& name, const std::string& path) {
+    if (const std::string fault = job::FaultOfFileName(name); !fault.empty())
+        return fault;
+    const auto [at, isNew] =
+        m_nameOfSmall.insert({job::SmallLetters(ZetString::fromUtf8(path)), path});
+    return isNew ? ""
+                 : "it is that of another member, \"" + at->second + "\" (capitals do not count)";
+}
+
+std::vector<std::string> NcFiles::GetNames() const {
+    std::vector<std::string> names;
+    for (const File& file : m_files)
+        names.push_back(file.name);
+    return names;
+}
+
+bool NcFiles::Write(const std::vector<RunMember>& members,
+                    const std::filesystem::path& folder,
+                    std::vector<RunFile>& files) const {
+    for (const File& file : m_files) {
+        if (!members[file.member].result.IsMade())
+            continue;
+        const std::filesystem::path path = folder / PathFromUtf8(file.name);
+        std::error_code ignored;
+        std::filesystem::create_directories(path.parent_path(), ignored);
+        std::ofstream stream(path, std::ios::binary);
+        stream.write(file.bytes.data(), static_cast<std::streamsize>(file.bytes.size()));
+        stream.close();
+        files.push_back({file.name, file.bytes.size()});
+        if (stream.fail())
+            return false;
+    }
+    return true;
+}
+
+}  // namespace camjob

@@ -1,0 +1,56 @@
+#pragma once
+
+#include "camjob/run/RunReport.h"
+#include "dstv/NcPart.h"
+#include "job/Job.h"
+#include "plugin/ledger/Ledger.h"
+
+#include <filesystem>
+#include <map>
+#include <string>
+#include <vector>
+
+namespace camjob {
+
+/// The NC files that a run writes: one for each member that is made, for each file of the job that
+/// is a folder of them.
+class NcFiles {
+  public:
+    /// The job must outlive it.
+    explicit NcFiles(const job::Job& job) : m_job(job) {}
+
+    /// Keeps what will be written of the next member; what its ledger says is not made is left out.
+    /// Why there can be no such file, one sentence each.
+    std::vector<std::string> Add(const dstv::NcPart& part,
+                                 const plugin::Ledger& ledger,
+                                 std::size_t group);
+
+    /// With their folder and a slash; of all members.
+    std::vector<std::string> GetNames() const;
+    /// Writes those of the members that are made. False when one cannot be written; it is then the
+    /// last of `files`.
+    bool Write(const std::vector<RunMember>& members,
+               const std::filesystem::path& folder,
+               std::vector<RunFile>& files) const;
+
+  private:
+    struct File {
+        std::size_t member;
+        std::string name;  ///< UTF-8, with folder
+        std::string bytes;
+    };
+
+    std::string AddFile(const dstv::NcPart& part,
+                        const plugin::Ledger& ledger,
+                        const job::OutputFile& output,
+                        const job::Group& group);
+    std::string FaultOfName(const ZetString& name, const std::string& path);
+
+    const job::Job& m_job;
+    std::size_t m_members = 0;
+    std::vector<File> m_files;
+    std::map<std::wstring, std::string>
+        m_nameOfSmall;  ///< names with folder by their small letters
+};
+
+}  // namespace camjob

@@ -1,0 +1,54 @@
+#include "job/FormatFile.h"
+
+#include "job/FormatResolving.h"
+#include "job/FormatTables.h"
+#include "job/TomlFile.h"
+#include "job/Utf8Path.h"
+#include "job/formats/BuiltInTexts.h"
+
+#include <algorithm>
+
+namespace job {
+
+namespace {
+
+constexpr const char* kWhat = "format file";
+
+MachineFormat Resolve(const std::optional<toml::table>& table,
+                      std::string_view stem,
+                      JobFaults& faults) {
+    return table ? ResolveFormat(ReadFormatTables(*table, faults), stem, faults) : MachineFormat();
+}
+
+}  // namespace
+
+std::span<const BuiltInFormat> GetBuiltInFormats() {
+    // clang-format off
+    static const BuiltInFormat formats[] = {
+        {"records",
+         "The machine records: a block for each member, a line for each operation", kRecordsFormat},
+        {"csv",     "One row for each operation, with a row of headings",           kCsvFormat    },
+        {"dstv", "A DSTV NC file for each member, in a folder of their own", ""},
+    };
+    // clang-format on
+    return formats;
+}
+
+const BuiltInFormat* FindBuiltInFormat(std::string_view name) {
+    const std::span<const BuiltInFormat> formats = GetBuiltInFormats();
+    const auto at = std::find_if(
+        formats.begin(), formats.end(), [&](const BuiltInFormat& row) { return row.name == name; });
+    return at == formats.end() ? nullptr : &*at;
+}
+
+MachineFormat ReadFormatFile(const std::filesystem::path& file, JobFaults& faults) {
+    const std::optional<toml::table> table = ReadTomlFile(file, kWhat, faults);
+    return Resolve(table, Utf8FromPath(file.stem()), faults);
+}
+
+MachineFormat ReadFormatText(std::string_view text, std::string_view stem, JobFaults& faults) {
+    const std::optional<toml::table> table = ReadToml(text, kWhat, faults);
+    return Resolve(table, stem, faults);
+}
+
+}  // namespace job

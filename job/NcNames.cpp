@@ -1,0 +1,90 @@
+#include "job/NcNames.h"
+
+#include "job/MessageTexts.h"
+
+#include <algorithm>
+#include <iterator>
+#include <string_view>
+#include <vector>
+
+namespace job {
+
+namespace {
+
+struct NameRow {
+    std::wstring_view name;
+    ZetString NcNameValues::*value;
+};
+
+constexpr NameRow kNames[] = {
+    {L"mark",    &NcNameValues::mark   },
+    {L"profile", &NcNameValues::profile},
+    {L"drawing", &NcNameValues::drawing},
+    {L"phase",   &NcNameValues::phase  },
+    {L"order",   &NcNameValues::order  },
+    {L"group",   &NcNameValues::group  },
+};
+
+const NameRow* FindName(std::wstring_view name) {
+    const auto* const row = std::find_if(std::begin(kNames),
+                                         std::end(kNames),
+                                         [&](const NameRow& each) { return each.name == name; });
+    return row == std::end(kNames) ? nullptr : row;
+}
+
+/// Takes the text before the next value, and the value's name; npos as its end: there is none.
+struct NamePart {
+    std::wstring_view text;
+    std::wstring_view name;
+    bool hasValue = false;
+};
+
+NamePart TakePart(std::wstring_view& pattern) {
+    const std::size_t begin = pattern.find(L'{');
+    const std::size_t end = pattern.find(L'}', begin);
+    NamePart part{pattern.substr(0, begin), {}, end != std::wstring_view::npos};
+    if (part.hasValue)
+        part.name = pattern.substr(begin + 1, end - begin - 1);
+    pattern = part.hasValue ? pattern.substr(end + 1) : std::wstring_view();
+    return part;
+}
+
+std::vector<std::string> KnownNames() {
+    std::vector<std::string> names;
+    for (const NameRow& row : kNames)
+        names.push_back(ZetString(row.name).toUtf8());
+    return names;
+}
+
+}  // namespace
+
+std::string FaultOfNcNames(const ZetString& pattern) {
+    bool hasMark = false;
+    for (std::wstring_view rest = pattern.view(); !rest.empty();) {
+        const NamePart part = TakePart(rest);
+        if (!part.hasValue)
+            continue;
+        const std::string name = ZetString(part.name).toUtf8();
+        if (FindName(part.name) == nullptr)
+            return "there is no value {" + name +
+                   "}, only mark, profile, drawing, phase, order and group" +
+                   Suggest(name, KnownNames());
+        hasMark = hasMark || part.name == L"mark";
+    }
+    if (pattern.view().find_first_of(L"/\\") != std::wstring_view::npos)
+        return "the files have one folder, which \"folder\" names";
+    return hasMark ? "" : "it needs {mark}: members without it would have one file";
+}
+
+ZetString FillNcName(const ZetString& pattern, const NcNameValues& values) {
+    ZetString name;
+    for (std::wstring_view rest = pattern.view(); !rest.empty();) {
+        const NamePart part = TakePart(rest);
+        name += ZetString(part.text);
+        if (part.hasValue)
+            name += values.*FindName(part.name)->value;
+    }
+    return name;
+}
+
+}  // namespace job

@@ -1,0 +1,59 @@
+#pragma once
+
+#include "job/formats/MachineFormat.h"
+#include "plugin/formats/MachineMember.h"
+
+#include <cstddef>
+#include <map>
+#include <tuple>
+#include <vector>
+
+namespace plugin {
+
+/// Operations of a member that are alike but for their place along one axis.
+class RepeatedOperations {
+  public:
+    /// `order` are positions of the member's operations as they are written, `steps` whole numbers
+    /// that say where each of them lies along the axis. Member and order must outlive it.
+    RepeatedOperations(const MachineMember& member,
+                       const std::vector<std::size_t>& order,
+                       job::RepeatAxis axis,
+                       std::vector<double> steps);
+
+    /// Some that lie evenly from `first` on.
+    struct Run {
+        std::vector<std::size_t> places;  ///< in `order`
+        double pitch = 0.0;               ///< steps
+    };
+    /// That from the foremost of those alike where it reaches `place`, else that from `place`; none
+    /// that `isTaken` says, which only ever grows.
+    Run RunWith(std::size_t place, const std::vector<char>& isTaken);
+
+  private:
+    /// All but the place along the axis.
+    // clang-format off
+    using Key = std::tuple<int, int, double, double, double, double, double, double, double, double,
+                           int, ZetString>;
+    // clang-format on
+
+    const MachineOperation& At(std::size_t place) const {
+        return m_member.operations[m_order[place]];
+    }
+    Key KeyOf(const MachineOperation& operation) const;
+
+    /// Places in the order along the axis; those before `front` are taken.
+    struct Alike {
+        std::vector<std::size_t> places;
+        std::size_t front = 0;
+    };
+
+    Run RunFrom(const Alike& alike, std::size_t at, const std::vector<char>& isTaken) const;
+
+    const MachineMember& m_member;
+    const std::vector<std::size_t>& m_order;
+    job::RepeatAxis m_axis;
+    std::vector<double> m_steps;  ///< by place
+    std::map<Key, Alike> m_alike;
+};
+
+}  // namespace plugin

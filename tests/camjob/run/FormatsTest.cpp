@@ -1,0 +1,65 @@
+#include "camjob/CamjobRun.h"
+#include "camjob/FolderContent.h"
+#include "support/Golden.h"
+
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <string>
+
+namespace {
+
+namespace fs = std::filesystem;
+
+// The three machines of the examples: every byte of their files.
+TEST(Formats, FilesOfTheExamplesAreTheApprovedOnes) {
+    const TempFolder folder;
+    for (const char* example : {"warehouse", "formats"})
+        fs::copy(std::string(CAMJOB_EXAMPLES "/") + example,
+                 folder.PathOf(example),
+                 fs::copy_options::recursive);
+    const CurrentFolder current(folder.PathOf("formats"));
+    EXPECT_EQ(RunTool({"run", "formats.toml", "--out", "made"}).exitCode, 1);
+    EXPECT_TRUE(MatchesGoldenFolder(CAMJOB_GOLDEN_FOLDER "/run/golden/formats",
+                                    folder.PathOf("formats/made")));
+}
+
+std::string OrdersOf(const fs::path& folder) {
+    std::ifstream stream(folder / "warehouse12-orders.txt", std::ios::binary);
+    std::string orders(std::istreambuf_iterator<char>(stream), {});
+    stream.close();
+    std::ifstream rails(folder / "warehouse12-rails.txt", std::ios::binary);
+    return orders + std::string(std::istreambuf_iterator<char>(rails), {});
+}
+
+// The NC files of the example job, made by it, make the same machine records.
+TEST(Formats, NcFilesReadBackToTheSameMembers) {
+    const TempFolder folder;
+    fs::copy(CAMJOB_EXAMPLES "/warehouse", folder.PathOf(""), fs::copy_options::recursive);
+    std::string job = folder.Read("warehouse.toml");
+    const std::string group = "\n[[group]]\nid = \"";
+    for (std::size_t at = job.find(group); at != std::string::npos; at = job.find(group, at + 1)) {
+        const std::size_t end = job.find("\n\n", at);
+        const std::size_t files = job.find("files = [", at);
+        if (files < end)
+            job.insert(files + 9, "\"nc\", ");
+        else
+            job.insert(job.find("\nheader", at), "\nfiles = [\"order\", \"nc\"]");
+    }
+    job.insert(job.find("files = [\"plates\"]") + 9, "\"nc\", ");
+    // Its main part is not made, so the second job would miss it.
+    const std::size_t assembly = job.find("[[assembly]]\nmain = \"DP1\"");
+    job.erase(assembly, job.find("\n\n", assembly) - assembly);
+    job += "\n[[file]]\nid = \"nc\"\nformat = \"dstv\"\nfolder = \"parts\"\n";
+    folder.Write("first.toml", job);
+    job.replace(job.find("nc/*.nc1"), 8, "made/parts/*.nc1");
+    folder.Write("second.toml", job);
+    const CurrentFolder current(folder.PathOf(""));
+    RunTool({"run", "first.toml", "--out", "made"});
+    const CamjobRun again = RunTool({"run", "second.toml", "--out", "again"});
+    EXPECT_NE(again.exitCode, 2) << again.out << again.err;
+    EXPECT_NE(OrdersOf("made").find("member mark="), std::string::npos);
+    EXPECT_EQ(OrdersOf("again"), OrdersOf("made"));
+}
+
+}  // namespace
