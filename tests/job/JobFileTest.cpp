@@ -265,7 +265,7 @@ TEST(JobFile, FormsOfAFile) {
     const std::pair<std::string, std::string> cases[] = {
         {small, ""},
         {mark + WithLineEnds(small, "\r\n"), ""},
-        {mark + "[jbo]", missing + "1:2: unknown table \"jbo\"\n"},
+        {mark + "[jbo]", missing + "1:2: unknown table \"jbo\"; did you mean \"job\"?\n"},
         {"", missing},
         {"# only a comment", missing},
         {small + "name = \"\xFC\"\n", "8: this line is not UTF-8: save the file with the encoding UTF-8\n"},
