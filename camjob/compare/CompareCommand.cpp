@@ -37,10 +37,10 @@ int RunCompare(const CompareOptions& options, OutputStream& out, OutputStream& e
         const auto at = members.find(mark);
         return at == members.end() ? std::nullopt : std::optional(at->second);
     };
-    const auto changes = ChangesSince(options.older, newer);
-    if (const auto* none = std::get_if<NoOutput>(&changes))
+    const auto compared = ChangesSince(options.older, newer);
+    if (const auto* none = std::get_if<NoOutput>(&compared))
         return Refuse(*none, err);
-    const auto& found = std::get<OutputChanges>(changes);
+    const OutputChanges& found = std::get<Comparison>(compared).changes;
     if (options.asJson) {
         Json document = {
             {"schema", kSchema      },

@@ -17,6 +17,7 @@ std::vector<ValueChange> ValuesOf(const OutputMember& member) {
     return {
         {"quantity", "", std::to_string(member.quantity)},
         {"profile",  "", member.profile                 },
+        {"material", "", member.material                },
         {"length",   "", report::Number(member.length)  },
         {"status",   "", member.status                  },
     };

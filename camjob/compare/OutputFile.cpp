@@ -53,16 +53,17 @@ std::variant<RunDocument, NoOutput> ReadOutput(const std::string& name, const Ta
     return std::get<RunDocument>(std::move(read));
 }
 
-std::variant<OutputChanges, NoOutput> ChangesSince(const std::string& older,
-                                                   const NewerOutput& newer) {
+std::variant<Comparison, NoOutput> ChangesSince(const std::string& older,
+                                                const NewerOutput& newer) {
     OutputComparison comparison(newer.lookUp);
     auto read = ReadOutput(older, [&](const OutputMember& member) { comparison.TakeOld(member); });
     if (auto* none = std::get_if<NoOutput>(&read))
         return std::move(*none);
-    OutputChanges changes =
-        comparison.Finish(newer.marks, std::get<RunDocument>(read).bars, newer.bars);
-    changes.against = older;
-    return changes;
+    auto& document = std::get<RunDocument>(read);
+    Comparison found = {comparison.Finish(newer.marks, document.bars, newer.bars),
+                        std::move(document.changes)};
+    found.changes.against = older;
+    return found;
 }
 
 }  // namespace camjob

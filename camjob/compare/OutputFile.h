@@ -24,8 +24,15 @@ struct NewerOutput {
     std::vector<OutputBars> bars;
 };
 
+/// An output beside an older one.
+struct Comparison {
+    OutputChanges changes;
+    std::optional<OutputChanges> ofOlder;  ///< what the older one told of those before it
+
+    bool IsSame() const { return !changes.HasMembers() && changes.bars.empty(); }
+};
+
 /// What has changed since the older output.
-std::variant<OutputChanges, NoOutput> ChangesSince(const std::string& older,
-                                                   const NewerOutput& newer);
+std::variant<Comparison, NoOutput> ChangesSince(const std::string& older, const NewerOutput& newer);
 
 }  // namespace camjob

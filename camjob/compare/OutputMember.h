@@ -18,7 +18,7 @@ struct OutputFeature {
     double size = 0.0;
     double length = 0.0;
     double angle = 0.0;
-    std::string code;  ///< of a text: what it says
+    std::string code;      ///< of a text: what it says
     double xInFile = 0.0;  ///< in the coordinates of its face in the NC file; tells no difference
     double yInFile = 0.0;
 
@@ -31,6 +31,7 @@ struct OutputFeature {
 struct OutputMember {
     std::string mark;
     std::string profile;
+    std::string material;
     long quantity = 0;
     double length = 0.0;
     std::string status;  ///< in words

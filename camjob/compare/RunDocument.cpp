@@ -1,46 +1,31 @@
 #include "camjob/compare/RunDocument.h"
 
+#include "camjob/compare/ChangesJson.h"
+
 #include <fstream>
-#include <nlohmann/json.hpp>
 
 namespace camjob {
 
 namespace {
 
-using nlohmann::json;
-
-OutputFeature FeatureOf(const json& feature) {
-    const double x = feature.at("x").get<double>();
-    const double y = feature.at("y").get<double>();
-    return {feature.at("face").get<std::string>(),
-            feature.at("kind").get<std::string>(),
-            x,
-            y,
-            feature.value("size", 0.0),
-            feature.value("length", 0.0),
-            feature.value("angle", 0.0),
-            feature.value("code", feature.value("text", "")),
-            feature.value("xInFile", x),
-            feature.value("yInFile", y)};
-}
-
 /// Features without a place, such as the outline of a whole face, tell nothing to compare.
-OutputMember MemberOf(const json& member) {
+OutputMember MemberOf(const Json& member) {
     OutputMember read;
     read.mark = member.at("mark").get<std::string>();
     read.profile = member.at("profileName").get<std::string>();
+    read.material = member.value("material", "");
     read.quantity = member.at("quantity").get<long>();
     read.length = member.at("length").get<double>();
     read.status = StatusInWords(member.at("valid").get<bool>(),
                                 member.at("warnings").get<bool>(),
                                 member.at("nonStandard").get<bool>());
-    for (const json& feature : member.at("features"))
+    for (const Json& feature : member.at("features"))
         if (feature.contains("face"))
-            read.features.push_back(FeatureOf(feature));
+            read.features.push_back(FeatureFrom(feature));
     return read;
 }
 
-OutputBars BarsOf(const json& bars) {
+OutputBars BarsOf(const Json& bars) {
     return {bars.at("name").get<std::string>(),
             bars.at("profile").get<std::string>(),
             bars.at("material").get<std::string>(),
@@ -49,12 +34,12 @@ OutputBars BarsOf(const json& bars) {
 }
 
 /// Parses a document whose members are dropped as soon as they were taken.
-json ParseWithoutMembers(std::istream& stream, const TakeMember& take) {
+Json ParseWithoutMembers(std::istream& stream, const TakeMember& take) {
     constexpr int kKeyDepth = 1;
     constexpr int kMemberDepth = 2;
-    using Event = json::parse_event_t;
+    using Event = Json::parse_event_t;
     std::string key;
-    return json::parse(stream, [&](int depth, Event event, json& value) {
+    return Json::parse(stream, [&](int depth, Event event, Json& value) {
         if (event == Event::key && depth == kKeyDepth)
             key = value.get<std::string>();
         if (event != Event::object_end || depth != kMemberDepth || key != "members")
@@ -72,7 +57,7 @@ std::variant<RunDocument, RunDocumentFault> ReadRunDocument(const std::filesyste
     if (!stream)
         return RunDocumentFault{"cannot be read"};
     try {
-        const json document = ParseWithoutMembers(stream, take);
+        const Json document = ParseWithoutMembers(stream, take);
         if (document.at("schema") != kRunSchema)
             return RunDocumentFault{"is of another version (" +
                                     document.at("schema").get<std::string>() + ", not " +
@@ -80,10 +65,12 @@ std::variant<RunDocument, RunDocumentFault> ReadRunDocument(const std::filesyste
         if (document.at("status") != "done")
             return RunDocumentFault{"tells of a run without an output"};
         RunDocument read;
-        for (const json& bars : document.at("bars"))
+        for (const Json& bars : document.at("bars"))
             read.bars.push_back(BarsOf(bars));
+        if (const Json& changes = document.at("changes"); !changes.is_null())
+            read.changes = ChangesFrom(changes);
         return read;
-    } catch (const json::exception&) {
+    } catch (const Json::exception&) {
         return RunDocumentFault{"is not the document of a run"};
     }
 }

@@ -1,9 +1,10 @@
 #pragma once
 
-#include "camjob/compare/OutputMember.h"
+#include "camjob/compare/OutputChanges.h"
 
 #include <filesystem>
 #include <functional>
+#include <optional>
 #include <string>
 #include <variant>
 #include <vector>
@@ -16,6 +17,7 @@ inline constexpr const char* kRunSchema = "camjob-run/2";
 /// What the document of a run tells of its output, besides the members.
 struct RunDocument {
     std::vector<OutputBars> bars;
+    std::optional<OutputChanges> changes;  ///< against an output that was before it
 };
 
 /// Why a file is not the document of a run that came to an output.

@@ -77,7 +77,9 @@ DrawnFeature DrawingReader::FeatureOf(const json& array) const {
 }  // namespace
 
 void MemberDrawings::Add(const report::MemberDrawing& drawing) {
-    m_members.push_back({drawing.length, report::CompactDrawing(drawing, m_texts)});
+    m_members.push_back({drawing.length,
+                         m_texts.IndexOf(drawing.material),
+                         report::CompactDrawing(drawing, m_texts)});
 }
 
 report::MemberDrawing MemberDrawings::Get(std::size_t member) const {

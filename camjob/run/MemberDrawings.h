@@ -17,6 +17,9 @@ class MemberDrawings {
     void Add(const report::MemberDrawing& drawing);
     std::size_t GetCount() const { return m_members.size(); }
     double GetLength(std::size_t member) const { return m_members[member].length; }
+    const std::string& GetMaterial(std::size_t member) const {
+        return m_texts.At(m_members[member].material);
+    }
     /// Faces and features, without mark, profile and findings; numbers with three decimals.
     report::MemberDrawing Get(std::size_t member) const;
     /// As report::CompactDrawing makes it.
@@ -27,6 +30,7 @@ class MemberDrawings {
   private:
     struct Member {
         double length = 0.0;
+        std::size_t material = 0;  ///< among the texts
         std::string drawing;
     };
 

@@ -162,6 +162,7 @@ Json MemberJson(const RunReport& report, std::size_t index, const std::string& f
         {"file",        file                                },
         {"mark",        result.mark.toUtf8()                },
         {"profileName", result.profileName.toUtf8()         },
+        {"material",    report.drawings.GetMaterial(index)  },
         {"length",      report.drawings.GetLength(index)    },
         {"group",       result.group                        },
         {"quantity",    result.quantity                     },

@@ -59,7 +59,8 @@ std::string SavingOf(const RunReport& report) {
     std::map<plugin::PlanUnit, cutting::Cost> savings;
     for (const RunPlan& plan : report.plans) {
         planOfUnit[plan.plan.unit] = &plan.plan;
-        savings[plan.plan.unit] += std::max(plan.plan.given - plan.plan.plan.cost, cutting::Cost{0});
+        savings[plan.plan.unit] +=
+            std::max(plan.plan.given - plan.plan.plan.cost, cutting::Cost{0});
     }
     std::vector<ZetString> texts;
     for (const auto& [unit, saving] : savings)
@@ -306,6 +307,7 @@ report::PageMember PageMemberOf(const RunReport& report, std::size_t index, cons
     report::PageMember member;
     member.mark = result.mark.toUtf8();
     member.profile = result.profileName.toUtf8();
+    member.material = report.drawings.GetMaterial(index);
     member.length = report.drawings.GetLength(index);
     member.quantity = result.quantity;
     member.group = job.groups[result.group].id.toUtf8();

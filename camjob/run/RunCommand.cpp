@@ -452,7 +452,7 @@ bool JobRunner::WriteNcFiles(const fs::path& staging) {
 }
 
 /// With the output that the user names, else with the one that is replaced, when there is one whose
-/// members differ: a run that is repeated tells what it told.
+/// members differ. When it is the same as that, what had changed before is told again.
 bool JobRunner::Compare(plugin::JobRun& run) {
     const bool isAsked = !m_options.against.empty();
     const std::string older =
@@ -461,16 +461,19 @@ bool JobRunner::Compare(plugin::JobRun& run) {
     const bool isTold = m_report.drawings.GetCount() == m_report.members.size();
     if (!isTold || (!isAsked && !fs::exists(PathFromUtf8(older), ignored)))
         return true;
-    auto changes = ChangesSince(older, ToCompare(m_report));
-    if (const auto* none = std::get_if<NoOutput>(&changes)) {
+    auto compared = ChangesSince(older, ToCompare(m_report));
+    if (const auto* none = std::get_if<NoOutput>(&compared)) {
         if (isAsked)
             Complain("", "camjob: " + none->message);
         m_report.uncompared = none->message;
         return !isAsked || Refuse();
     }
-    auto& found = std::get<OutputChanges>(changes);
-    if (isAsked || found.HasMembers())
-        m_report.changes = std::move(found);
+    auto& found = std::get<Comparison>(compared);
+    m_report.repeatsChanges = !isAsked && found.IsSame();
+    if (m_report.repeatsChanges)
+        m_report.changes = std::move(found.ofOlder);
+    else if (isAsked || found.changes.HasMembers())
+        m_report.changes = std::move(found.changes);
     return true;
 }
 

@@ -28,6 +28,7 @@ OutputMember ToCompare(const RunReport& report, std::size_t index) {
     OutputMember member;
     member.mark = result.mark.toUtf8();
     member.profile = result.profileName.toUtf8();
+    member.material = report.drawings.GetMaterial(index);
     member.quantity = result.quantity;
     member.length = report.drawings.GetLength(index);
     member.status = StatusInWords(outcome.isValid, outcome.hasWarnings, outcome.isNonStandard);

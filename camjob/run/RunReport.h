@@ -107,7 +107,8 @@ struct RunReport {
     std::vector<RunPlan> plans;
     std::vector<RunFile> files;
     std::optional<OutputChanges> changes;  ///< against an earlier output, when there is one to tell
-    std::string uncompared;  ///< why there is none, although there is an output; UTF-8
+    bool repeatsChanges = false;  ///< nothing differs from the output that is replaced: its changes
+    std::string uncompared;       ///< why there is none, although there is an output; UTF-8
 
     /// For a run that came to no output after all.
     void DropResults();

@@ -213,8 +213,8 @@ ZetString ErrorLines(const RunReport& report) {
 
 /// Where warnings stand: there may be many, on members that are made.
 ZetString WarningLine(const RunReport& report) {
-    const bool hasAny = std::any_of(
-        report.members.begin(), report.members.end(), [](const RunMember& member) {
+    const bool hasAny =
+        std::any_of(report.members.begin(), report.members.end(), [](const RunMember& member) {
             const plugin::MemberOutcome& outcome = member.result.outcome;
             return outcome.hasWarnings || outcome.isNonStandard;
         });
@@ -261,7 +261,12 @@ ZetString SettingLines(const RunReport& report) {
 }
 
 ZetString ChangesOf(const RunReport& report, const Terminal& terminal) {
-    return report.changes ? ChangesText(*report.changes, kMaxListedMembers, terminal) : ZetString();
+    if (!report.changes)
+        return {};
+    return (report.repeatsChanges
+                ? ZetString(L"nothing has changed since the last run, which told:\n")
+                : ZetString()) +
+           ChangesText(*report.changes, kMaxListedMembers, terminal);
 }
 
 ZetString FileTable(const RunReport& report, const Terminal& terminal) {

@@ -104,22 +104,35 @@ FeatureState StateOf(const HoleReport& hole) {
         return FeatureState::kSetAside;
     if (hole.isInvalid)
         return FeatureState::kError;
-    return hole.hasWarnings || hole.isNonStandard ? FeatureState::kWarning : FeatureState::kInOrder;
+    return hole.hasWarnings ? FeatureState::kWarning : FeatureState::kInOrder;
 }
 
+/// What is wrong with one is among the findings.
 FeatureState StateOf(const NotchReport& notch) {
-    if (notch.isDuplicate)
-        return FeatureState::kSetAside;
-    return notch.status == L"not allowed" ? FeatureState::kError : FeatureState::kInOrder;
+    return notch.isDuplicate ? FeatureState::kSetAside : FeatureState::kInOrder;
 }
 
-/// A finding that is only not standard leaves its feature in order.
+bool IsNonStandard(const plugin::Finding& finding) {
+    return finding.report == eReportingNonStd || finding.report == eReportingSecondNonStd;
+}
+
+/// A feature that is only not standard is in order, as long as it is made.
 FeatureState StateOf(const plugin::Finding& finding) {
     if (finding.IsError())
         return FeatureState::kError;
-    const bool isNonStandard =
-        finding.report == eReportingNonStd || finding.report == eReportingSecondNonStd;
-    return isNonStandard ? FeatureState::kInOrder : FeatureState::kWarning;
+    const bool isMade = !finding.isRefusal && (IsNonStandard(finding) || !finding.IsPrinted());
+    return isMade ? FeatureState::kInOrder : FeatureState::kWarning;
+}
+
+report::DrawnFinding DrawnFindingOf(const plugin::Finding& finding) {
+    report::DrawnFinding drawn;
+    drawn.state = StateOf(finding);
+    drawn.text = finding.text.toUtf8();
+    drawn.line = finding.feature ? finding.feature->tag : 0;
+    drawn.isNonStandard = IsNonStandard(finding);
+    drawn.rule = DescribeRule(finding).toUtf8();
+    drawn.remedy = job::kFindingTypes[finding.type].remedy;
+    return drawn;
 }
 
 FeatureKind KindOf(const dstv::NcHole& hole) {
@@ -135,6 +148,16 @@ std::set<long> LinesOf(const std::vector<DrawnFeature>& features) {
     for (const DrawnFeature& feature : features)
         lines.insert(feature.line);
     return lines;
+}
+
+/// Of the features of one line, those of the highest rank show what is wrong: notches and trims
+/// that have no code, then those that have one, then the outline that they are a part of.
+int RankOf(const DrawnFeature& feature) {
+    if (feature.state == FeatureState::kSetAside)
+        return 0;
+    if (feature.kind != FeatureKind::kNotch && feature.kind != FeatureKind::kTrim)
+        return 1;
+    return feature.code.empty() ? 3 : 2;
 }
 
 class DrawingMaker {
@@ -175,6 +198,7 @@ report::MemberDrawing DrawingMaker::Make() {
     const dstv::NcHeader& header = GetHeader();
     m_drawing.mark = header.mark.toUtf8();
     m_drawing.profile = header.profileName.toUtf8();
+    m_drawing.material = header.steelQuality.toUtf8();
     m_drawing.length = header.length;
     for (const HoleReport& hole : m_report.holes)
         m_holeOfLine.insert({hole.line, &hole});
@@ -293,15 +317,17 @@ void DrawingMaker::TakeReport(DrawnFeature& feature) {
         return;
     const HoleReport& hole = *found->second;
     feature.state = StateOf(hole);
-    // It is made with its hole.
-    if (feature.kind == FeatureKind::kSink && hole.setAside == SetAside::kCountersink)
-        feature.state = FeatureState::kInOrder;
     feature.size = hole.size;
     feature.length = hole.length.value_or(0.0);
     feature.told = {hole.x, hole.y};
     feature.shape = hole.shape.toUtf8();
     feature.code = hole.code.toUtf8();
-    feature.remark = Joined(hole.remarks, L", ").toUtf8();
+    std::vector<ZetString> remarks = hole.remarks;
+    if (feature.kind == FeatureKind::kSink && hole.setAside == SetAside::kCountersink) {
+        feature.state = FeatureState::kInOrder;
+        remarks.front() = L"made with its hole";
+    }
+    feature.remark = Joined(remarks, L", ").toUtf8();
 }
 
 /// Rectangular holes are among the holes.
@@ -451,17 +477,25 @@ void DrawingMaker::AddMitre(const ZetNCCut& cut, int position) {
     m_drawing.features.push_back(std::move(feature));
 }
 
-/// What is found about a feature shows in its place. What is set aside stays so: its reason is the
-/// finding.
+/// What is found about a feature shows in its place, also what the job leaves untold; about an
+/// outline in its notches and trims. What is set aside stays so: its reason is the finding.
 void DrawingMaker::RaiseStates() {
     std::unordered_map<long, FeatureState> states;
-    for (const report::DrawnFinding& finding : m_drawing.findings) {
-        FeatureState& state = states[finding.line];
-        state = std::max(state, finding.state);
+    for (const plugin::Finding& finding : m_report.findings) {
+        if (!finding.feature)
+            continue;
+        FeatureState& state = states[finding.feature->tag];
+        state = std::max(state, StateOf(finding));
+    }
+    std::unordered_map<long, int> ranks;
+    for (const DrawnFeature& feature : m_drawing.features) {
+        int& rank = ranks[feature.line];
+        rank = std::max(rank, RankOf(feature));
     }
     for (DrawnFeature& feature : m_drawing.features) {
         const auto found = states.find(feature.line);
-        if (feature.line != 0 && found != states.end() && feature.state != FeatureState::kSetAside)
+        const int rank = RankOf(feature);
+        if (feature.line != 0 && found != states.end() && rank > 0 && rank == ranks[feature.line])
             feature.state = std::max(feature.state, found->second);
     }
 }
@@ -472,9 +506,7 @@ std::vector<report::DrawnFinding> DrawnFindings(const std::vector<plugin::Findin
     std::vector<report::DrawnFinding> drawn;
     for (const plugin::Finding& finding : findings)
         if (finding.IsPrinted())
-            drawn.push_back({StateOf(finding),
-                             finding.text.toUtf8(),
-                             finding.feature ? finding.feature->tag : 0});
+            drawn.push_back(DrawnFindingOf(finding));
     std::stable_sort(
         drawn.begin(), drawn.end(), [](const auto& a, const auto& b) { return a.state > b.state; });
     return drawn;

@@ -13,7 +13,7 @@ ZetString Shown(double value) {
 
 }  // namespace
 
-ZetString Describe(const Finding& finding) {
+ZetString DescribeRule(const Finding& finding) {
     ZetString numbers;
     if (finding.required)
         numbers += L": required " + Shown(*finding.required);
@@ -21,7 +21,11 @@ ZetString Describe(const Finding& finding) {
         numbers += (numbers.isEmpty() ? L": found " : L", found ") + Shown(*finding.found);
     const ZetString name = ZetString::fromUtf8(job::kFindingTypes[finding.type].name);
     const ZetString rule = finding.rule.isEmpty() ? L"" : L" by " + finding.rule;
-    return ZetString::format(L"%s [%s%s%s]", finding.text, name, rule, numbers);
+    return name + rule + numbers;
+}
+
+ZetString Describe(const Finding& finding) {
+    return finding.text + L" [" + DescribeRule(finding) + L"]";
 }
 
 }  // namespace plugin

@@ -32,7 +32,9 @@ struct Finding {
     }
 };
 
-/// Its text, with its name, the rule that judged, and what was required and found.
+/// Its name, the rule that judged, and what was required and found.
+ZetString DescribeRule(const Finding& finding);
+/// Its text, with the same in brackets.
 ZetString Describe(const Finding& finding);
 
 /// What somebody should know of a feature, although nothing is wrong with it.

@@ -36,6 +36,9 @@ void JobMember::PrintSinglePartDetail(const ZetArray<ZetFileAccess*>& files) {
         FileFinding({.type = job::kUnusedParts,
                      .text = ZetString::format(kLeftOverPartsFormat, ZetString(), left)});
     HeadReports();
+    // A part that is made all the same has something that somebody should see.
+    if (m_outcome.isValid && !(m_errorReport.isEmpty() && m_warningReport.isEmpty()))
+        m_outcome.hasWarnings = true;
     CMxUtil::AsArrStrPrint(GetErrorBlock(), ErrorFileOf(files));
     if (GetValid())
         CMxUtil::AsArrStrPrint(GetWarningBlock(), WarningFileOf(files));

@@ -82,21 +82,26 @@ std::array<double, 2> PlacesOfInterest(const MemberDrawing& drawing) {
     return isAny ? places : std::array{0.0, drawing.length};
 }
 
+/// One window where it shows both places, else two.
 std::vector<Panel> Windows(const MemberDrawing& drawing, const Panel& overview) {
-    const std::array<double, 2> places = PlacesOfInterest(drawing);
+    constexpr double kSeen = 0.8;
+    const double scale = kWindowFacesHeight / WidthOfFaces(drawing);
+    const auto [first, last] = PlacesOfInterest(drawing);
+    const bool isOne = last - first <= kSeen * overview.width / scale;
+    const std::vector<double> places =
+        isOne ? std::vector{(first + last) / 2.0} : std::vector{first, last};
     std::vector<Panel> windows;
     for (const double place : places) {
         Panel panel;
-        panel.width = (overview.width - kWindowGap) / 2.0;
+        panel.width = isOne ? overview.width : (overview.width - kWindowGap) / 2.0;
         panel.left = windows.empty() ? overview.left : overview.left + panel.width + kWindowGap;
         panel.top = overview.bottom + kLabelHeight + 30.0;
-        panel.scaleX = panel.scaleY = kWindowFacesHeight / WidthOfFaces(drawing);
+        panel.scaleX = panel.scaleY = scale;
         const double shown = panel.width / panel.scaleX;
         panel.from =
             std::floor(std::clamp(place - shown / 2.0, 0.0, std::max(drawing.length - shown, 0.0)));
         panel.to = panel.from + shown;
-        if (windows.empty() || panel.from > windows.front().from)
-            windows.push_back(Stacked(std::move(panel), drawing));
+        windows.push_back(Stacked(std::move(panel), drawing));
     }
     return windows;
 }
@@ -114,6 +119,10 @@ std::vector<double> PlacesAlong(const MemberDrawing& drawing, const Panel& panel
 }
 
 }  // namespace
+
+double MarkedTextHeight(const DrawnFeature& text, const Panel& panel) {
+    return std::clamp(text.size * panel.scaleY, 7.0, 14.0);
+}
 
 DrawingLayout LayOut(const MemberDrawing& drawing) {
     DrawingLayout layout;

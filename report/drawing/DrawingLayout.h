@@ -33,6 +33,13 @@ struct DrawingLayout {
     std::vector<Panel> windows;  ///< stretches at true scale, when the overview is compressed
 };
 
+/// Half the width of a symbol, pixels.
+inline constexpr double kSymbolSize = 3.5;
+/// How far a panel shows what lies above and below its faces, pixels.
+inline constexpr double kPanelMargin = 10.0;
+/// Height of a text that is marked on the member, as it is drawn.
+double MarkedTextHeight(const DrawnFeature& text, const Panel& panel);
+
 /// Room for the labels below a panel, pixels.
 inline constexpr double kLabelHeight = 34.0;
 

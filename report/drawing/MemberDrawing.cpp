@@ -32,6 +32,12 @@ std::array<Point, 4> SlotCorners(const DrawnFeature& slot) {
         corner(-half, -radius), corner(half, -radius), corner(half, radius), corner(-half, radius)};
 }
 
+const char* WordOf(const DrawnFinding& finding) {
+    if (finding.isNonStandard)
+        return "non-standard";
+    return finding.state == FeatureState::kError ? "error" : "warning";
+}
+
 std::string DescribeDrawing(const MemberDrawing& drawing) {
     std::string text = Counted(drawing.features.size(), "feature");
     const char* separator = ": ";

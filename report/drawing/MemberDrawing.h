@@ -74,15 +74,19 @@ struct DrawnFace {
 
 /// Something that was found about the member.
 struct DrawnFinding {
-    FeatureState state = FeatureState::kError;  ///< kInOrder: only not standard
+    FeatureState state = FeatureState::kError;  ///< of its feature: kInOrder when it is made
     std::string text;
-    long line = 0;  ///< of the feature in the NC file; 0: the member as a whole
+    long line = 0;               ///< of the feature in the NC file; 0: the member as a whole
+    bool isNonStandard = false;  ///< else a warning or an error, by the state
+    std::string rule;            ///< which rule judged, what it required and what was found
+    std::string remedy;
 };
 
 /// All that is drawn of one member. A plain value.
 struct MemberDrawing {
     std::string mark;
     std::string profile;
+    std::string material;  ///< "": not told
     double length = 0.0;
     std::vector<DrawnFace> faces;  ///< from the lowest up, as the drawing stacks them
     std::vector<DrawnFeature> features;
@@ -95,6 +99,9 @@ bool IsCut(FeatureKind kind);
 /// The ends of a slot's straight sides, counter-clockwise: a half circle joins the second to the
 /// third and the fourth to the first.
 std::array<Point, 4> SlotCorners(const DrawnFeature& slot);
+
+/// "error", "warning" or "non-standard".
+const char* WordOf(const DrawnFinding& finding);
 
 /// "34 features: 6 bottom flange, 16 web, 12 top flange; 3 findings". Set-aside ones count.
 std::string DescribeDrawing(const MemberDrawing& drawing);

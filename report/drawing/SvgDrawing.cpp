@@ -3,16 +3,17 @@
 #include "report/drawing/DrawingLayout.h"
 #include "report/drawing/DrawingStyle.h"
 #include "report/drawing/DrawingText.h"
+#include "report/drawing/FeatureLabels.h"
 
 #include <algorithm>
 #include <array>
+#include <optional>
+#include <vector>
 
 namespace report {
 
 namespace {
 
-/// Half the width of a symbol, pixels.
-constexpr double kSymbol = 3.5;
 /// A shape smaller than that is shown by its symbol, pixels.
 constexpr double kSmallestShape = 5.0;
 constexpr double kFindingHeight = 18.0;
@@ -75,11 +76,12 @@ std::string Circle(const std::string& style, double x, double y, double radius) 
 std::string Symbol(FeatureState state, double x, double y) {
     const std::string style = StateClass(state);
     if (state == FeatureState::kWarning)
-        return PathElement(style, "M" + Pixels(x) + " " + Pixels(y - kSymbol - 1.0) + "l4.5 8h-9z");
-    if (state == FeatureState::kError)
         return PathElement(style,
-                           "M" + Pixels(x - kSymbol) + " " + Pixels(y - kSymbol) + "h7v7h-7z");
-    return Circle(style, x, y, kSymbol);
+                           "M" + Pixels(x) + " " + Pixels(y - kSymbolSize - 1.0) + "l4.5 8h-9z");
+    if (state == FeatureState::kError)
+        return PathElement(
+            style, "M" + Pixels(x - kSymbolSize) + " " + Pixels(y - kSymbolSize) + "h7v7h-7z");
+    return Circle(style, x, y, kSymbolSize);
 }
 
 /// The rounded shape of a slot at true scale.
@@ -105,7 +107,7 @@ std::string MarkShape(const DrawnFeature& mark, const std::string& style, const 
 }
 
 std::string TextShape(const DrawnFeature& text, const Panel& panel) {
-    const double height = std::clamp(text.size * panel.scaleY, 7.0, 14.0);
+    const double height = MarkedTextHeight(text, panel);
     const std::string x = Pixels(panel.X(text.at.x));
     const std::string y = Pixels(panel.Y(text.face, text.at.y));
     return "<text class=\"small\" style=\"font-size:" + Pixels(height) + "px\" x=\"" + x +
@@ -154,15 +156,6 @@ bool IsShown(const DrawnFeature& feature) {
     return feature.kind != FeatureKind::kOutline || feature.state >= FeatureState::kWarning;
 }
 
-/// Numbers of the findings that name a feature, "1, 3".
-std::string FindingNumbers(const MemberDrawing& drawing, const DrawnFeature& feature) {
-    std::string numbers;
-    for (std::size_t i = 0; i < drawing.findings.size(); ++i)
-        if (feature.line != 0 && drawing.findings[i].line == feature.line)
-            Append(numbers, numbers.empty() ? "" : ", ", std::to_string(i + 1));
-    return numbers;
-}
-
 std::string SizeText(const DrawnFeature& feature) {
     if (feature.size == 0.0)
         return {};
@@ -186,18 +179,26 @@ bool IsWithin(const DrawnFeature& feature, const Panel& panel) {
     return feature.at.x + reach >= panel.from && feature.at.x - reach <= panel.to;
 }
 
+std::string LabelText(const FeatureLabel& label) {
+    std::string text;
+    if (!label.numbers.empty())
+        text += TextAt(label.x, label.y, "number", label.numbers);
+    if (!label.code.empty())
+        text += TextAt(label.codeX, label.y, "code", label.code);
+    return text;
+}
+
 std::string FeatureOf(const MemberDrawing& drawing,
                       const DrawnFeature& feature,
-                      const Panel& panel) {
+                      const Panel& panel,
+                      const std::optional<FeatureLabel>& label) {
     const double x = panel.X(feature.at.x);
     const double y = panel.Y(feature.face, feature.at.y);
     const std::string shape = ShapeOf(feature, panel);
     std::string text = "<g><title>" + Escaped(Tooltip(drawing, feature)) + "</title>" + shape;
     if (NeedsSymbol(feature, !shape.empty()))
         text += Symbol(feature.state, x, y);
-    if (const std::string numbers = FindingNumbers(drawing, feature); !numbers.empty())
-        text += TextAt(x + kSymbol + 3.0, y - kSymbol, "number", numbers);
-    return text + "</g>\n";
+    return text + (label ? LabelText(*label) : "") + "</g>\n";
 }
 
 /// A face without an outline in the file is a rectangle.
@@ -237,15 +238,19 @@ std::string LabelsOf(const MemberDrawing& drawing, const Panel& panel) {
 std::string PanelOf(const MemberDrawing& drawing, const Panel& panel, const std::string& id) {
     // What reaches beyond the stretch is cut off.
     std::string text = "<clipPath id=\"" + id + "\"><rect x=\"" + Pixels(panel.left - 6.0) +
-                       "\" y=\"" + Pixels(panel.top - 10.0) + "\" width=\"" +
+                       "\" y=\"" + Pixels(panel.top - kPanelMargin) + "\" width=\"" +
                        Pixels(panel.width + 12.0) + "\" height=\"" +
-                       Pixels(panel.bottom - panel.top + 20.0) + "\"/></clipPath>\n" +
+                       Pixels(panel.bottom - panel.top + 2.0 * kPanelMargin) + "\"/></clipPath>\n" +
                        "<g clip-path=\"url(#" + id + ")\">\n";
     for (std::size_t face = 0; face < drawing.faces.size(); ++face)
         text += FaceOf(drawing, face, panel);
+    std::vector<const DrawnFeature*> shown;
     for (const DrawnFeature& feature : drawing.features)
         if (IsShown(feature) && IsWithin(feature, panel))
-            text += FeatureOf(drawing, feature, panel);
+            shown.push_back(&feature);
+    const auto labels = PlaceFeatureLabels(drawing, panel, shown);
+    for (std::size_t i = 0; i < shown.size(); ++i)
+        text += FeatureOf(drawing, *shown[i], panel, labels[i]);
     return text + "</g>\n" + LabelsOf(drawing, panel);
 }
 
@@ -278,7 +283,9 @@ std::string WindowsOf(const MemberDrawing& drawing, const DrawingLayout& layout)
         text += "<rect class=\"frame\" x=\"" + Pixels(left) + "\" y=\"" +
                 Pixels(overview.top - 6.0) + "\" width=\"" + Pixels(right - left) + "\" height=\"" +
                 Pixels(overview.bottom - overview.top + 12.0) + "\"/>" +
-                TextAt(left + 3.0, overview.top - 9.0, "small", name) + "\n" +
+                (i == 0 ? TextAt(left + 3.0, overview.top - 9.0, "small", name)
+                        : TextAt(right - 3.0, overview.top - 9.0, "small end", name)) +
+                "\n" +
                 TextAt(window.left,
                        window.top - 14.0,
                        "small",
@@ -290,23 +297,16 @@ std::string WindowsOf(const MemberDrawing& drawing, const DrawingLayout& layout)
     return text;
 }
 
-const char* FindingWord(FeatureState state) {
-    return state == FeatureState::kInOrder ? "non-standard"
-                                           : kStateWords[static_cast<std::size_t>(state)];
-}
-
 std::string FindingsOf(const MemberDrawing& drawing, double top) {
     std::string text;
     for (std::size_t i = 0; i < drawing.findings.size(); ++i) {
         const DrawnFinding& finding = drawing.findings[i];
         const double y = top + kFindingHeight * static_cast<double>(i + 1);
-        text += Symbol(finding.state, 24.0, y - 4.0) +
-                TextAt(36.0,
-                       y,
-                       "",
-                       std::to_string(i + 1) + ". " + FindingWord(finding.state) + ": " +
-                           finding.text) +
-                "\n";
+        text +=
+            Symbol(finding.state, 24.0, y - 4.0) +
+            TextAt(
+                36.0, y, "", std::to_string(i + 1) + ". " + WordOf(finding) + ": " + finding.text) +
+            "\n";
     }
     return text;
 }
@@ -317,7 +317,7 @@ std::string Heading(const MemberDrawing& drawing, const DrawingLayout& layout) {
                22.0,
                "title",
                drawing.mark + "   " + drawing.profile + "   " + Number(drawing.length, 2) + " mm") +
-           TextAt(layout.width - 12.0, 22.0, "small end", ScaleText(layout.overview)) + "\n";
+           TextAt(layout.width - 12.0, 16.0, "small end", ScaleText(layout.overview)) + "\n";
 }
 
 }  // namespace

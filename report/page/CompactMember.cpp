@@ -75,11 +75,14 @@ std::string FeatureJson(const DrawnFeature& feature, SharedTexts& texts) {
     return json.ToShortJson();
 }
 
-std::string FindingJson(const DrawnFinding& finding) {
+std::string FindingJson(const DrawnFinding& finding, SharedTexts& texts) {
     JsonArray json;
     json.AddIndex(static_cast<std::size_t>(finding.state));
     json.AddText(finding.text);
     json.Add(std::to_string(finding.line));
+    json.Add(finding.isNonStandard ? "1" : "0");
+    json.AddIndex(texts.IndexOf(finding.rule));
+    json.AddIndex(texts.IndexOf(finding.remedy));
     return json.ToShortJson();
 }
 
@@ -141,7 +144,7 @@ std::string CompactFeatures(const std::vector<DrawnFeature>& features, SharedTex
 std::string CompactMember(const PageMember& member, bool isDrawn, SharedTexts& texts) {
     JsonArray findings;
     for (const DrawnFinding& finding : member.findings)
-        findings.Add(FindingJson(finding));
+        findings.Add(FindingJson(finding, texts));
     JsonArray json;
     json.AddText(member.mark);
     json.AddIndex(texts.IndexOf(member.profile));
@@ -152,6 +155,7 @@ std::string CompactMember(const PageMember& member, bool isDrawn, SharedTexts& t
     json.Add(member.isNonStandard ? "1" : "0");
     json.AddText(member.file);
     json.AddIndex(texts.IndexOf(member.accounts));
+    json.AddIndex(texts.IndexOf(member.material));
     json.Add(findings.ToJson());
     json.Add(isDrawn && !member.drawing.empty() ? member.drawing : "[],[]");
     if (member.changes.empty())

@@ -15,6 +15,7 @@ namespace report {
 struct PageMember {
     std::string mark;
     std::string profile;
+    std::string material;
     double length = 0.0;
     long quantity = 0;
     std::string group;

@@ -6,6 +6,7 @@
 #include "report/page/PageTexts.h"
 
 #include <algorithm>
+#include <set>
 
 namespace report {
 
@@ -76,13 +77,45 @@ std::string PlansHtml(const std::vector<CuttingPlan>& plans) {
 
 std::string FindingHtml(const DrawnFinding& finding) {
     const bool isError = finding.state == FeatureState::kError;
-    const bool isWarning = finding.state == FeatureState::kWarning;
-    return std::string("<li class=\"") + (isError ? "is-error" : "is-warning") + "\"><b>" +
-           (isError     ? "Error"
-            : isWarning ? "Warning"
-                        : "Non-standard") +
-           ":</b> " + Escaped(finding.text) +
-           (finding.line == 0 ? "" : " (line " + std::to_string(finding.line) + ")") + "</li>";
+    std::string word = WordOf(finding);
+    word.front() = static_cast<char>(word.front() - 'a' + 'A');
+    std::string html;
+    Append(html,
+           "<li class=\"",
+           isError ? "is-error" : "is-warning",
+           "\"><b>",
+           word,
+           ":</b> ",
+           Escaped(finding.text),
+           finding.line == 0 ? "" : " (line " + std::to_string(finding.line) + ")");
+    if (!finding.rule.empty())
+        Append(html, " <span class=\"rule\">", Escaped(finding.rule), "</span>");
+    return html + "</li>";
+}
+
+/// What stands between backticks is what a job file says.
+std::string WithCode(const std::string& text) {
+    std::string html;
+    bool isCode = false;
+    for (const char c : Escaped(text)) {
+        if (c != '`') {
+            html += c;
+            continue;
+        }
+        html += isCode ? "</code>" : "<code>";
+        isCode = !isCode;
+    }
+    return html;
+}
+
+/// What can be done about findings, each remedy once.
+std::string RemediesHtml(const std::vector<DrawnFinding>& findings) {
+    std::set<std::string> told;
+    std::string html;
+    for (const DrawnFinding& finding : findings)
+        if (!finding.remedy.empty() && told.insert(finding.remedy).second)
+            html += "<li class=\"remedy\">" + WithCode(finding.remedy) + "</li>";
+    return html;
 }
 
 long CountErrors(const std::vector<DrawnFinding>& findings) {
@@ -136,6 +169,7 @@ std::string RunPage::FaultyHtml() const {
         html += "<li>" + LinkTo(faulty[i]->mark) + "<ul>";
         for (const DrawnFinding& finding : faulty[i]->findings)
             html += FindingHtml(finding);
+        html += RemediesHtml(faulty[i]->findings);
         html += "</ul></li>\n";
     }
     html += "</ul>";

@@ -24,67 +24,83 @@ function points(flat) {
 function memberOf(raw, texts) {
   const face = (f) => ({ name: texts[f[0]], width: f[1] || 0, isUnrolled: f[2] === 1, outlines: (f[3] || []).map(points) });
   const feature = (f, index) => ({
-    index, isEarlier: false, kind: f[0] || 0, state: f[1] || 0, face: f[2] || 0, line: f[3] || 0, x: f[4] || 0, y: f[5] || 0, size: f[6] || 0,
+    index, isEarlier: false, isMitre: f[0] === 9, kind: f[0] || 0, state: f[1] || 0, face: f[2] || 0, line: f[3] || 0, x: f[4] || 0, y: f[5] || 0, size: f[6] || 0,
     shape: texts[f[7] || 0], code: texts[f[8] || 0], length: f[9] || 0, angle: f[10] || 0,
     told: f[11] || [f[4] || 0, f[5] || 0], remark: texts[f[12] || 0], outline: points(f[13] || []), text: texts[f[14] || 0],
   });
-  const finding = (f) => ({ state: f[0], text: f[1], line: f[2] || 0 });
+  const finding = (f) => ({ state: f[0], text: f[1], line: f[2] || 0, isNonStandard: f[3] === 1, rule: texts[f[4] || 0], remedy: texts[f[5] || 0] });
   return {
     mark: raw[0], profile: texts[raw[1]], length: raw[2], quantity: raw[3], group: texts[raw[4]], state: raw[5],
     isNonStandard: raw[6] === 1, file: raw[7], accounts: texts[raw[8]],
-    findings: raw[9].map(finding), faces: raw[10].map(face), features: raw[11].map(feature),
-    changes: raw[12] || [], earlier: (raw[13] || []).map((f) => ({ ...feature(f, -1), isEarlier: true })),
+    material: texts[raw[9]], findings: raw[10].map(finding), faces: raw[11].map(face), features: raw[12].map(feature),
+    changes: raw[13] || [], earlier: (raw[14] || []).map((f) => ({ ...feature(f, -1), isEarlier: true })),
   };
 }
 
 const Drawing = (() => {
-  const WIDTH = 1000, LEFT = 112, RIGHT = 24, TOP = 40, FACE_GAP = 16, WINDOW_GAP = 44, LABELS = 34;
-  const FACES_HEIGHT = 240, TRUE_HEIGHT = 420, WINDOW_HEIGHT = 330, LONGEST_TRUE = 10;
   const SYMBOL = 3.5, SMALLEST_SHAPE = 5, DIGIT = 0.56 * 11, LABEL_GAP = 6, PIXELS_PER_MM = 96 / 25.4;
+  const WINDOW_GAP = 44, LABELS = 34, LONGEST_TRUE = 10, MARGIN = 10;
+  const CODE_SIZE = 10, LETTER = 0.66 * CODE_SIZE, GAP = 3, OVERLAP = 0.5;
+
+  // The sheet of paper or screen that a drawing is made for. On a narrow one faces have their names above them.
+  function sheetOf(width, height = 1) {
+    const isNarrow = width < 600;
+    return {
+      width, isNarrow, left: isNarrow ? 8 : 112, right: isNarrow ? 8 : 24, top: isNarrow ? 56 : 40, faceGap: isNarrow ? 30 : 16,
+      facesHeight: 240 * height, trueHeight: 420 * height, windowHeight: 330 * height,
+    };
+  }
 
   const px = (value) => number(value, 2);
   const sum = (faces) => Math.max(1, faces.reduce((all, face) => all + face.width, 0));
 
-  function stacked(panel, member) {
+  function stacked(panel, member, sheet) {
     let y = panel.top;
     panel.zeros = [];
     for (let face = member.faces.length - 1; face >= 0; --face) {
       y += member.faces[face].width * panel.scaleY;
       panel.zeros[face] = y;
-      y += FACE_GAP;
+      y += sheet.faceGap;
     }
-    panel.bottom = y - FACE_GAP;
+    panel.bottom = y - sheet.faceGap;
     panel.isTrue = panel.scaleX === panel.scaleY;
     panel.x = (x) => panel.left + (x - panel.from) * panel.scaleX;
     panel.y = (face, y) => panel.zeros[face] - y * panel.scaleY;
     return panel;
   }
 
-  function overviewOf(member) {
-    const width = WIDTH - LEFT - RIGHT, length = Math.max(member.length, 1);
+  function overviewOf(member, sheet) {
+    const width = sheet.width - sheet.left - sheet.right, length = Math.max(member.length, 1);
     const widest = Math.max(1, ...member.faces.map((face) => face.width));
-    const panel = { left: LEFT, width, top: TOP, from: 0, to: length, scaleX: width / length, scaleY: FACES_HEIGHT / sum(member.faces) };
-    if (length <= LONGEST_TRUE * widest) panel.scaleX = panel.scaleY = Math.min(panel.scaleX, TRUE_HEIGHT / sum(member.faces));
-    return stacked(panel, member);
-  }
-
-  function windowsOf(member, overview, places) {
-    const panels = [];
-    for (const place of places) {
-      const width = places.length === 1 ? overview.width : (overview.width - WINDOW_GAP) / 2;
-      const scale = WINDOW_HEIGHT / sum(member.faces), shown = width / scale;
-      const from = Math.floor(Math.min(Math.max(place - shown / 2, 0), Math.max(member.length - shown, 0)));
-      const left = panels.length === 0 ? overview.left : overview.left + width + WINDOW_GAP;
-      if (panels.length === 0 || from > panels[0].from)
-        panels.push(stacked({ left, width, top: overview.bottom + LABELS + 30, from, to: from + shown, scaleX: scale, scaleY: scale }, member));
-    }
-    return panels;
+    const panel = { left: sheet.left, width, top: sheet.top, from: 0, to: length, scaleX: width / length, scaleY: sheet.facesHeight / sum(member.faces) };
+    if (length <= LONGEST_TRUE * widest) panel.scaleX = panel.scaleY = Math.min(panel.scaleX, sheet.trueHeight / sum(member.faces));
+    return stacked(panel, member, sheet);
   }
 
   // The first and the last feature with a finding, else with a change, else both ends.
   function placesOfInterest(member) {
     const faulty = member.features.filter((f) => f.state >= 2), xs = (faulty.length ? faulty : member.earlier).map((f) => f.x);
     return xs.length ? [Math.min(...xs), Math.max(...xs)] : [0, member.length];
+  }
+
+  // The windows show: the chosen feature; else what is of interest, in one window where it shows it all.
+  function windowPlaces(member, chosen, most, shown) {
+    if (chosen >= 0) return [member.features[chosen].x];
+    const [first, last] = placesOfInterest(member);
+    if (last - first <= 0.8 * shown) return [(first + last) / 2];
+    return most > 1 ? [first, last] : [first];
+  }
+
+  function windowsOf(member, sheet, overview, chosen, most) {
+    const scale = sheet.windowHeight / sum(member.faces);
+    const places = windowPlaces(member, chosen, most, overview.width / scale);
+    return places.map((place, i) => {
+      const width = places.length === 1 ? overview.width : (overview.width - WINDOW_GAP) / 2, shown = width / scale;
+      const from = Math.floor(Math.min(Math.max(place - shown / 2, 0), Math.max(member.length - shown, 0)));
+      const left = i === 0 ? overview.left : overview.left + width + WINDOW_GAP;
+      const top = overview.bottom + LABELS + 30 + sheet.top - 40;
+      return stacked({ left, width, top, from, to: from + shown, scaleX: scale, scaleY: scale }, member, sheet);
+    });
   }
 
   function labelsOf(member, panel) {
@@ -101,6 +117,70 @@ const Drawing = (() => {
     });
     return labels;
   }
+
+  // ---- what stands beside a feature: FeatureLabels.cpp ---------------------------------------------------------
+
+  const widthOf = (text) => [...text].length * LETTER;
+
+  const covers = (a, b) => a.left < b.right - OVERLAP && b.left < a.right - OVERLAP && a.top < b.bottom - OVERLAP && b.top < a.bottom - OVERLAP;
+
+  // Numbers of the findings that name a feature, "1, 3".
+  function numbersOf(member, feature) {
+    if (!feature.line) return "";
+    return member.findings.flatMap((finding, i) => (finding.line === feature.line ? [i + 1] : [])).join(", ");
+  }
+
+  function codeOf(feature) {
+    if (feature.state === 0) return "";
+    return feature.code || (feature.isMitre ? `${number(feature.angle, 1)}°` : "");
+  }
+
+  const markedHeight = (feature, panel) => Math.min(Math.max(feature.size * panel.scaleY, 7), 14);
+
+  function placeTaken(feature, panel) {
+    const x = panel.x(feature.x), y = panel.y(feature.face, feature.y);
+    if (KINDS[feature.kind] !== "text") return { left: x - SYMBOL, top: y - SYMBOL, right: x + SYMBOL, bottom: y + SYMBOL };
+    const height = markedHeight(feature, panel);
+    return { left: x, top: y - height, right: x + widthOf(feature.text) * height / CODE_SIZE, bottom: y };
+  }
+
+  function reachOf(feature, panel) {
+    if (!["hole", "slot", "rectangle", "sink"].includes(KINDS[feature.kind]) || !panel.isTrue) return [SYMBOL, SYMBOL];
+    const half = panel.scaleX / 2;
+    return [Math.max(SYMBOL, Math.max(feature.size, feature.length) * half), Math.max(SYMBOL, feature.size * half)];
+  }
+
+  function placesBeside(feature, panel, width) {
+    const x = panel.x(feature.x), y = panel.y(feature.face, feature.y), [along, across] = reachOf(feature, panel);
+    const right = x + along + GAP, left = x - along - GAP - width, middle = x - width / 2;
+    return [
+      [right, y - SYMBOL], [right, y + SYMBOL + CODE_SIZE], [left, y - SYMBOL], [left, y + SYMBOL + CODE_SIZE],
+      [middle, y - across - GAP], [middle, y + across + GAP + CODE_SIZE],
+    ];
+  }
+
+  function labelBeside(feature, panel, numbers, taken) {
+    const code = codeOf(feature), numbersWidth = widthOf(numbers) + (numbers && code ? GAP : 0), width = numbersWidth + widthOf(code);
+    const boxAt = ([x, y]) => ({ left: x, top: y - CODE_SIZE, right: x + width, bottom: y });
+    const isFree = (box) => box.left >= panel.left - GAP && box.right <= panel.left + panel.width + GAP &&
+      box.top >= panel.top - MARGIN && box.bottom <= panel.bottom + MARGIN && !taken.some((other) => covers(other, box));
+    const places = placesBeside(feature, panel, width);
+    const place = places.find((at) => isFree(boxAt(at))) || (numbers && panel.isTrue ? places[0] : null);
+    if (!place) return null;
+    taken.push(boxAt(place));
+    return { x: place[0], y: place[1], numbers, codeX: place[0] + numbersWidth, code };
+  }
+
+  // By the position in `shown`. What has findings comes first to its place.
+  function labelsBeside(member, panel, shown) {
+    const taken = shown.map((feature) => placeTaken(feature, panel)), labels = shown.map(() => null);
+    const numbers = shown.map((feature) => numbersOf(member, feature));
+    shown.forEach((feature, i) => { if (numbers[i]) labels[i] = labelBeside(feature, panel, numbers[i], taken); });
+    shown.forEach((feature, i) => { if (!numbers[i] && codeOf(feature)) labels[i] = labelBeside(feature, panel, "", taken); });
+    return labels;
+  }
+
+  // ---- shapes --------------------------------------------------------------------------------------------------
 
   const path = (style, d) => `<path class="${style}" d="${d}"/>`;
   const text = (x, y, style, content) => `<text x="${px(x)}" y="${px(y)}" class="${style}">${escaped(content)}</text>`;
@@ -126,7 +206,7 @@ const Drawing = (() => {
     const kind = KINDS[feature.kind], style = STATE_CLASSES[feature.state] + " " + kind;
     const x = panel.x(feature.x), y = panel.y(feature.face, feature.y);
     if (kind === "text") {
-      const size = px(Math.min(Math.max(feature.size * panel.scaleY, 7), 14));
+      const size = px(markedHeight(feature, panel));
       return `<text class="small" style="font-size:${size}px" x="${px(x)}" y="${px(y)}" transform="rotate(${px(-feature.angle)} ${px(x)} ${px(y)})">${escaped(feature.text)}</text>`;
     }
     if (kind === "mark")
@@ -156,11 +236,6 @@ const Drawing = (() => {
     return feature.remark ? `${words} (${feature.remark})` : words;
   }
 
-  function numbersOf(member, feature) {
-    if (!feature.line) return "";
-    return member.findings.flatMap((finding, i) => (finding.line === feature.line ? [i + 1] : [])).join(", ");
-  }
-
   // A finding lights up all features of its line.
   function isChosenBy(member, feature, chosen) {
     return chosen >= 0 && (feature.index === chosen || (feature.line > 0 && feature.line === member.features[chosen].line));
@@ -175,14 +250,14 @@ const Drawing = (() => {
     return `<g class="earlier"><title>${escaped(tooltip(member, feature))}</title>${shape || symbol(0, x, y)}<path class="cross" d="M${px(x - 4)} ${px(y - 4)}l8 8M${px(x - 4)} ${px(y + 4)}l8 -8"/></g>`;
   }
 
-  function featureOf(member, feature, panel, chosen) {
+  function featureOf(member, feature, panel, chosen, label) {
     const x = panel.x(feature.x), y = panel.y(feature.face, feature.y), shape = shapeOf(feature, panel);
     const isChosen = isChosenBy(member, feature, chosen), reach = Math.max(12, feature.size / 2 * panel.scaleX + 6);
     let svg = `<g class="feature${isChosen ? " chosen" : ""}" data-feature="${feature.index}"><title>${escaped(tooltip(member, feature))}</title>${shape}`;
     if (feature.state >= 2 || (!shape && KINDS[feature.kind] !== "sink")) svg += symbol(feature.state, x, y);
     if (isChosen) svg += `<circle class="ring" cx="${px(x)}" cy="${px(y)}" r="${px(panel.isTrue ? reach : 9)}"/>`;
-    const numbers = numbersOf(member, feature);
-    if (numbers) svg += text(x + SYMBOL + 3, y - SYMBOL, "number", numbers);
+    if (label && label.numbers) svg += text(label.x, label.y, "number", label.numbers);
+    if (label && label.code) svg += text(label.codeX, label.y, "code", label.code);
     return `${svg}<circle class="hit" cx="${px(x)}" cy="${px(y)}" r="7"/></g>`;
   }
 
@@ -194,13 +269,14 @@ const Drawing = (() => {
   }
 
   function panelOf(member, panel, id, chosen) {
-    let svg = `<clipPath id="${id}"><rect x="${px(panel.left - 6)}" y="${px(panel.top - 10)}" width="${px(panel.width + 12)}" height="${px(panel.bottom - panel.top + 20)}"/></clipPath><g clip-path="url(#${id})">`;
+    let svg = `<clipPath id="${id}"><rect x="${px(panel.left - 6)}" y="${px(panel.top - MARGIN)}" width="${px(panel.width + 12)}" height="${px(panel.bottom - panel.top + 2 * MARGIN)}"/></clipPath><g clip-path="url(#${id})">`;
     member.faces.forEach((_, face) => { svg += faceOf(member, face, panel); });
     const isWithin = (f) => f.x + Math.max(f.size, f.length) / 2 >= panel.from && f.x - Math.max(f.size, f.length) / 2 <= panel.to;
-    // The chosen one lies above the others.
-    const shown = member.features.filter((f) => isShown(f) && isWithin(f)).sort((a, b) => (a.index === chosen) - (b.index === chosen));
+    const shown = member.features.filter((f) => isShown(f) && isWithin(f)), labels = labelsBeside(member, panel, shown);
     svg += member.earlier.filter(isWithin).map((feature) => earlierOf(member, feature, panel)).join("");
-    svg += shown.map((feature) => featureOf(member, feature, panel, chosen)).join("") + "</g>";
+    // The chosen one lies above the others.
+    const groups = shown.map((feature, i) => [feature.index === chosen, featureOf(member, feature, panel, chosen, labels[i])]);
+    svg += groups.sort((a, b) => a[0] - b[0]).map(([, group]) => group).join("") + "</g>";
     for (const label of labelsOf(member, panel)) {
       const y = panel.bottom + 15 + 14 * label.row;
       svg += path("tick", `M${px(label.x)} ${px(panel.bottom + 2)}L${px(label.x)} ${px(y - 10)}`) + text(label.x, y, "small middle", label.text);
@@ -213,10 +289,12 @@ const Drawing = (() => {
     return panel.isTrue ? across : `length compressed 1:${number(PIXELS_PER_MM / panel.scaleX, 1)}, width ${across}`;
   }
 
-  function namesOf(member, panel) {
+  function namesOf(member, sheet, panel) {
     return member.faces.map((face, i) => {
+      const width = number(face.width, 1) + (face.isUnrolled ? " unrolled" : "");
+      if (sheet.isNarrow) return text(panel.left, panel.y(i, face.width) - 8, "", `${face.name} ${width}`);
       const x = panel.left - 12, y = panel.y(i, face.width / 2);
-      return text(x, y, "end", face.name) + text(x, y + 13, "small end", number(face.width, 1) + (face.isUnrolled ? " unrolled" : ""));
+      return text(x, y, "end", face.name) + text(x, y + 13, "small end", width);
     }).join("");
   }
 
@@ -228,23 +306,35 @@ const Drawing = (() => {
       "; " + counted(member.findings.length, "finding");
   }
 
-  // `chosen`: index of a feature, -1: none. A long member has one window, which follows the chosen feature; on
-  // paper, where nothing can be chosen, two.
-  function svgOf(member, chosen = -1, isPaper = false, id = "d") {
-    const overview = overviewOf(member), places = placesOfInterest(member);
-    const at = chosen >= 0 ? [member.features[chosen].x] : isPaper ? places : [places[0]];
-    const windows = overview.isTrue ? [] : windowsOf(member, overview, at);
-    const height = (windows.length ? windows[0] : overview).bottom + LABELS;
-    let svg = text(WIDTH - 12, 22, "small end", scaleText(overview)) + namesOf(member, overview) + panelOf(member, overview, id + "o", chosen);
-    windows.forEach((panel, i) => {
-      const name = String.fromCharCode(65 + i), left = overview.x(panel.from), right = overview.x(panel.to);
-      svg += `<rect class="frame" x="${px(left)}" y="${px(overview.top - 6)}" width="${px(right - left)}" height="${px(overview.bottom - overview.top + 12)}"/>` +
-        text(left + 3, overview.top - 9, "small", name) +
-        text(panel.left, panel.top - 14, "small", `${name}: ${number(panel.from, 0)} to ${number(panel.to, 0)} mm, ${scaleText(panel)}`) +
-        panelOf(member, panel, id + name, chosen);
-      if (i === 0) svg += namesOf(member, panel);
-    });
-    return `<svg class="drawing${chosen >= 0 ? " has-chosen" : ""}" role="img" aria-label="${escaped(member.mark + ": " + describe(member))}" viewBox="0 0 ${WIDTH} ${px(height)}">${svg}</svg>`;
+  function frameOf(overview, panel, i) {
+    const name = String.fromCharCode(65 + i), left = overview.x(panel.from), right = overview.x(panel.to);
+    const letter = i === 0 ? text(left + 3, overview.top - 9, "small", name) : text(right - 3, overview.top - 9, "small end", name);
+    return `<rect class="frame" x="${px(left)}" y="${px(overview.top - 6)}" width="${px(right - left)}" height="${px(overview.bottom - overview.top + 12)}"/>${letter}`;
+  }
+
+  function windowOf(member, sheet, panel, i, id, chosen) {
+    const name = String.fromCharCode(65 + i);
+    return text(panel.left, panel.top - 14 - (sheet.top - 40), "small", `${name}: ${number(panel.from, 0)} to ${number(panel.to, 0)} mm, ${scaleText(panel)}`) +
+      panelOf(member, panel, id + name, chosen) + (i === 0 ? namesOf(member, sheet, panel) : "");
+  }
+
+  function svgElement(member, sheet, chosen, top, bottom, name, content) {
+    return `<svg class="drawing${chosen >= 0 ? " has-chosen" : ""}" role="img" aria-label="${escaped(name)}" viewBox="0 ${px(top)} ${sheet.width} ${px(bottom - top)}">${content}</svg>`;
+  }
+
+  // A drawing `width` pixels wide. `chosen`: index of a feature, -1: none. A long member has at most `windows`
+  // windows at true scale; one follows the chosen feature. `isSplit`: overview and windows as pictures of their own,
+  // between which a page can end.
+  function svgOf(member, { chosen = -1, width = 1000, height = 1, windows: most = 1, isSplit = false, id = "d" } = {}) {
+    const sheet = sheetOf(width, height), overview = overviewOf(member, sheet);
+    const windows = overview.isTrue ? [] : windowsOf(member, sheet, overview, chosen, most);
+    const name = `${member.mark}: ${describe(member)}`, middle = overview.bottom + LABELS;
+    const upper = text(width - sheet.right / 2, 16, "small end", scaleText(overview)) + namesOf(member, sheet, overview) +
+      panelOf(member, overview, id + "o", chosen) + windows.map((panel, i) => frameOf(overview, panel, i)).join("");
+    const lower = windows.map((panel, i) => windowOf(member, sheet, panel, i, id, chosen)).join("");
+    const bottom = windows.length ? windows[0].bottom + LABELS : middle;
+    if (!isSplit || !windows.length) return svgElement(member, sheet, chosen, 0, bottom, name, upper + lower);
+    return svgElement(member, sheet, chosen, 0, middle, name, upper) + svgElement(member, sheet, chosen, middle, bottom, `${member.mark}, true scale`, lower);
   }
 
   return { svgOf, symbol, sizeText, tooltip, describe };

@@ -1,6 +1,7 @@
 
 (() => {
   const ROW = 28, MARGIN = 20, MOST_PRINTED_ROWS = 1000, MOST_PRINTED_DRAWINGS = 60;
+  const PAPER = { width: 700, height: 0.5, windows: 2, isSplit: true };
   const el = (id) => document.getElementById(id);
   const data = JSON.parse(el("data").textContent);
   const all = data.members.map((raw, index) => rowOf(raw, data.texts, index));
@@ -72,10 +73,19 @@
       others.map((cell) => `<td>${cell}</td>`).join("") + `<td>${words}</td></tr>`;
   }
 
+  const wordOf = (finding) => (finding.isNonStandard ? "Non-standard" : finding.state === 3 ? "Error" : "Warning");
+  const withCode = (text) => escaped(text).replace(/`([^`]*)`/g, "<code>$1</code>");
+
   function findingHtml(member, finding, i) {
     const isKnown = finding.line && member.features.some((feature) => feature.line === finding.line);
-    const words = `<b>${finding.state === 3 ? "Error" : finding.state === 2 ? "Warning" : "Non-standard"}:</b> ${escaped(finding.text)}${finding.line ? ` (line ${finding.line})` : ""}`;
-    return `<li data-line="${finding.line}" class="${finding.state === 3 ? "is-error" : "is-warning"}">${i + 1}. ${isKnown ? `<button type="button" class="link" data-line="${finding.line}">${words}</button>` : words}</li>`;
+    const words = `${i + 1}. <b>${wordOf(finding)}:</b> ${escaped(finding.text)}${finding.line ? ` (line ${finding.line})` : ""}`;
+    return `<li data-line="${finding.line}" class="${finding.state === 3 ? "is-error" : "is-warning"}">${isKnown ? `<button type="button" class="link" data-line="${finding.line}">${words}</button>` : words}` +
+      ` <span class="rule">${escaped(finding.rule)}</span><span class="remedy">${withCode(finding.remedy)}</span></li>`;
+  }
+
+  function findingsHtml(member) {
+    if (!member.findings.length) return "<p>Nothing was found.</p>";
+    return `<ul class="findings">${member.findings.map((finding, i) => findingHtml(member, finding, i)).join("")}</ul>`;
   }
 
   const barsOf = (mark) => [...document.querySelectorAll(`#plans g[data-mark="${CSS.escape(mark)}"]`)];
@@ -87,11 +97,11 @@
       const numbers = places.get(plan) || places.set(plan, new Set()).get(plan);
       numbers.add(bar.querySelector(".number").textContent);
     }
-    return [...places].map(([plan, numbers]) => `${plan}, bar ${[...numbers].join(", ")}`).join("; ");
+    return [...places].map(([plan, numbers]) => `${plan}, bar ${[...numbers].join(", ")}`).join("; ") || "no bar: none is planned for it";
   }
 
   function factsHtml(member) {
-    const facts = [["Profile", member.profile], ["Length", number(member.length, 2) + " mm"], ["Quantity", member.quantity],
+    const facts = [["Profile", member.profile], ["Material", member.material], ["Length", number(member.length, 2) + " mm"], ["Quantity", member.quantity],
       ["Group", member.group], ["File", member.file], ["Features", member.accounts], ["Cut from", barsText(member.mark)]];
     return `<dl class="facts">${facts.filter(([, value]) => value !== "").map(([name, value]) => `<div><dt>${name}</dt><dd>${escaped(value)}</dd></div>`).join("")}</dl>`;
   }
@@ -102,24 +112,41 @@
     return `<div class="wide"><table class="changes"><caption>Changed since the earlier output</caption><thead><tr><th scope="col">What</th><th scope="col">Before</th><th scope="col">Now</th></tr></thead><tbody>${rows}</tbody></table></div>`;
   }
 
-  const keyHtml = () => `<p class="key">${[1, 2, 3, 0].map(statusHtml).join("")}</p>`;
+  // What the signs of a drawing say.
+  function keyHtml(member) {
+    const earlier = '<span class="status"><svg class="drawing" viewBox="-6 -6 12 12" aria-hidden="true"><path class="cross" d="M-4 -4l8 8M-4 4l8 -8"/></svg>earlier place</span>';
+    return `<p class="key">${[1, 2, 3, 0].map(statusHtml).join("")}${member.earlier.length ? earlier : ""}<span><b>1</b> number of a finding</span><span>S14: code for the machine; where codes have no room, the table has them</span></p>`;
+  }
+
+  function featuresHtml(member) {
+    if (!member.features.length) return "";
+    const headings = ["Line", "Face", "Shape", "Size", "X", "Y", "Code", "Status"].map((name) => `<th scope="col">${name}</th>`).join("");
+    return `<div class="features" tabindex="0" aria-label="Features"><table><caption class="unseen">Features of ${escaped(member.mark)}</caption><thead><tr>${headings}</tr></thead><tbody>${member.features.map((feature) => featureRow(member, feature)).join("")}</tbody></table></div>`;
+  }
+
+  const headHtml = (member) => `<h3><bdi>${escaped(member.mark)}</bdi> ${statusHtml(member.state)}${tagsHtml(all[member.index])}</h3>${factsHtml(member)}${findingsHtml(member)}${changesHtml(member)}`;
+
+  function memberAt(index) {
+    return Object.assign(memberOf(data.members[index], data.texts), { index });
+  }
 
   function showMember() {
     const { member } = view;
-    const findings = member.findings.map((finding, i) => findingHtml(member, finding, i)).join("");
-    const headings = ["Line", "Face", "Shape", "Size", "X", "Y", "Code", "Status"].map((name) => `<th scope="col">${name}</th>`).join("");
-    el("member").innerHTML = `<h3><bdi>${escaped(member.mark)}</bdi> ${statusHtml(member.state)}${tagsHtml(all[member.index])}</h3>${factsHtml(member)}` +
-      (findings ? `<ul class="findings">${findings}</ul>` : "<p>Nothing was found.</p>") + changesHtml(member) +
-      (member.faces.length ? `<div id="drawing"></div>${keyHtml()}<p class="help">Click a feature, or press ← and → here: the window follows it. Esc lets go.</p>` : "<p>This member is not drawn: the page would be too large.</p>") +
-      (member.features.length ? `<div class="features" tabindex="0" aria-label="Features"><table><caption class="unseen">Features of ${escaped(member.mark)}</caption><thead><tr>${headings}</tr></thead><tbody>${member.features.map((feature) => featureRow(member, feature)).join("")}</tbody></table></div>` : "");
+    el("member").innerHTML = headHtml(member) +
+      (member.faces.length ? `<div id="drawing"></div>${keyHtml(member)}<p class="help">Click a feature, or press ← and → here: the window follows it. Esc lets go.</p>` : "<p>This member is not drawn: the page would be too large.</p>") +
+      featuresHtml(member);
     showDrawing();
     for (const piece of document.querySelectorAll("#plans g.chosen")) piece.classList.remove("chosen");
     for (const piece of barsOf(member.mark)) piece.classList.add("chosen");
   }
 
+  // As wide as its place, so that letters have their own size.
+  const drawingWidth = () => Math.round(Math.min(1100, Math.max(320, el("member").clientWidth)));
+
   function showDrawing() {
     const { member, feature } = view;
-    if (member.faces.length) el("drawing").innerHTML = Drawing.svgOf(member, feature);
+    view.width = drawingWidth();
+    if (member.faces.length) el("drawing").innerHTML = Drawing.svgOf(member, { chosen: feature, width: view.width });
     const line = feature >= 0 ? member.features[feature].line : 0;
     for (const item of el("member").querySelectorAll(".findings li")) item.classList.toggle("chosen", line > 0 && Number(item.dataset.line) === line);
     for (const row of el("member").querySelectorAll("tr[data-feature]")) {
@@ -142,8 +169,8 @@
   }
 
   function chooseMember(index) {
-    const member = memberOf(data.members[index], data.texts);
-    view.member = Object.assign(member, { index });
+    const member = memberAt(index);
+    view.member = member;
     view.mark = member.mark;
     // What is wrong comes first into view.
     view.feature = member.features.findIndex((feature) => feature.state >= 2 && member.findings.some((f) => f.line && f.line === feature.line));
@@ -208,12 +235,23 @@
 
   // ---- paper -------------------------------------------------------------------------------------------------
 
+  function printedMember(row) {
+    const member = memberAt(row.index);
+    return `<div class="print-member">${headHtml(member)}${member.faces.length ? Drawing.svgOf(member, { ...PAPER, id: `p${row.index}` }) : ""}${featuresHtml(member)}</div>`;
+  }
+
+  // Members with findings and changed ones, the worst first, and the one that is chosen.
+  function printedMembers() {
+    const told = sorted(all.filter((row) => row.findings > 0 || row.change), "state", false);
+    const chosen = view.member && !told.includes(all[view.member.index]) ? [all[view.member.index]] : [];
+    const left = told.length - MOST_PRINTED_DRAWINGS;
+    return [...told.slice(0, MOST_PRINTED_DRAWINGS), ...chosen].map(printedMember).join("") +
+      (left > 0 ? `<p>${left} more members with findings or changes are not printed.</p>` : "");
+  }
+
   function preparePrint() {
-    const faulty = sorted(all.filter((row) => row.state >= 2), "state", false).slice(0, MOST_PRINTED_DRAWINGS);
-    el("print-members").innerHTML = (faulty.length ? "<h2>Members with findings</h2>" : "") + faulty.map((row) => {
-      const member = memberOf(data.members[row.index], data.texts);
-      return `<div class="print-member"><h3><bdi>${escaped(member.mark)}</bdi> ${statusHtml(member.state)}</h3><ul class="findings">${member.findings.map((f, i) => findingHtml(member, f, i)).join("")}</ul>${member.faces.length ? Drawing.svgOf(member, -1, true, `p${row.index}`) : ""}</div>`;
-    }).join("");
+    const members = printedMembers();
+    el("print-members").innerHTML = members && `<h2>Member by member</h2>${keyHtml({ earlier: [1] })}${members}`;
     writeRows(0, Math.min(view.rows.length, MOST_PRINTED_ROWS));
     el("above").innerHTML = "";
     const left = view.rows.length - MOST_PRINTED_ROWS;
@@ -265,6 +303,7 @@
   function listen() {
     el("list").addEventListener("scroll", () => requestAnimationFrame(showRows));
     new ResizeObserver(showRows).observe(el("list"));
+    new ResizeObserver(() => { if (view.member && view.width !== drawingWidth()) showDrawing(); }).observe(el("member"));
     el("filter").addEventListener("input", () => { view.query = el("filter").value; applyFilter(); });
     el("states").addEventListener("click", (event) => {
       const button = event.target.closest("button");

@@ -2,12 +2,12 @@
 // Which members are shown, in which order: without a page, so that it can be tried for itself.
 
 const COLUMNS = [
-  { key: "mark", name: "Mark", width: "15%" },
-  { key: "profile", name: "Profile", width: "18%" },
-  { key: "length", name: "Length", width: "12%", isNumber: true },
-  { key: "quantity", name: "Qty", width: "10%", isNumber: true },
-  { key: "group", name: "Group", width: "17%" },
-  { key: "state", name: "Status", width: "28%" },
+  { key: "mark", name: "Mark", width: "14%" },
+  { key: "state", name: "Status", width: "38%" },
+  { key: "profile", name: "Profile", width: "16%" },
+  { key: "length", name: "Length", width: "11%", isNumber: true },
+  { key: "quantity", name: "Qty", width: "7%", isNumber: true },
+  { key: "group", name: "Group", width: "14%" },
 ];
 
 const FILTERS = [
@@ -23,16 +23,16 @@ const FILTERS = [
 function rowOf(raw, texts, index) {
   const row = {
     index, mark: raw[0], profile: texts[raw[1]], length: raw[2], quantity: raw[3], group: texts[raw[4]], state: raw[5],
-    isNonStandard: raw[6] === 1, file: raw[7], findings: raw[9].length,
-    change: !raw[12] ? "" : raw[12].some((change) => change[0] === "member added") ? "new" : "changed",
+    isNonStandard: raw[6] === 1, file: raw[7], findings: raw[10].length, material: texts[raw[9]],
+    change: !raw[13] ? "" : raw[13].some((change) => change[0] === "member added") ? "new" : "changed",
   };
-  row.search = [row.mark, row.profile, row.group, row.file, STATES[row.state], row.change, ...raw[9].map((f) => f[1])].join("\n").toLowerCase();
+  row.search = [row.mark, row.profile, row.material, row.group, row.file, STATES[row.state], row.change, ...raw[10].map((f) => f[1])].join("\n").toLowerCase();
   return row;
 }
 
 // One word of a filter: `text`, `column:text`, `column<number`, `column>number` or `column=value`.
 function termOf(word) {
-  const parts = /^(mark|profile|length|quantity|group|file|status)([:<>=])(.+)$/.exec(word);
+  const parts = /^(mark|profile|material|length|quantity|group|file|status)([:<>=])(.+)$/.exec(word);
   if (!parts) return (row) => row.search.includes(word);
   const [, column, sign, value] = parts;
   const cell = (row) => (column === "status" ? STATES[row.state] : row[column]);

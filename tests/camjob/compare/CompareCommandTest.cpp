@@ -46,11 +46,16 @@ TEST(CompareCommand, TellsWhatDiffers) {
     EXPECT_EQ(RunTool({"run", "job.toml", "--out", "out"}).exitCode, 1);
     Revise(folder, job);
 
-    // The output that is replaced is the one to compare with; once more it is the same.
+    // The output that is replaced is the one to compare with. A run that is repeated tells the same.
     const CamjobRun run = RunTool({"run", "job.toml", "--out", "out"});
     EXPECT_NE(run.out.find("against out/s-run.json: "), std::string::npos) << run.out;
-    const nlohmann::json document = nlohmann::json::parse(folder.Read("out/s-run.json"));
-    EXPECT_EQ(RunTool({"run", "job.toml", "--out", "out"}).out.find("against"), std::string::npos);
+    const std::string written = folder.Read("out/s-run.json");
+    const nlohmann::json document = nlohmann::json::parse(written);
+    const CamjobRun again = RunTool({"run", "job.toml", "--out", "out"});
+    EXPECT_NE(again.out.find("nothing has changed since the last run, which told:\nagainst s-run"),
+              std::string::npos)
+        << again.out;
+    EXPECT_EQ(folder.Read("out/s-run.json"), written);
 
     const CamjobRun compared = RunTool({"compare", "old", "out"});
     const CamjobRun json = RunTool({"compare", "old", "out/s-run.json", "--json"});

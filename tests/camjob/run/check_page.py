@@ -51,6 +51,10 @@ def shown(value):
     return f"{value:.2f}".rstrip("0").rstrip(".") if value else "0"
 
 
+def tenth(value):
+    return f"{value:.1f}".removesuffix(".0")
+
+
 class PageCheck:
     def __init__(self, browser, run):
         self.browser = browser
@@ -91,7 +95,7 @@ class PageCheck:
         browser.run("document.getElementById('list').scrollTop = 0")
         browser.settle()
         first = self.members[0]
-        expect("first row", self.rows()[0][:4], [first["mark"], first["profileName"], shown(first["length"]), str(first["quantity"])])
+        expect("first row", self.rows()[0][:5], [first["mark"], status(first), first["profileName"], shown(first["length"]), str(first["quantity"])])
         for state in STATES:
             key = {"in order": "good"}.get(state, state)
             browser.click(f"[data-state='{key}']")
@@ -128,8 +132,10 @@ class PageCheck:
         expect(f"number of findings of {mark}", len(found[2]), len(told))
         for finding in told:
             place = f" (line {finding['line']})" if finding["line"] else ""
-            if not any(text.endswith(finding["text"] + place) for text in found[2]):
-                expect(f"findings of {mark}", found[2], finding["text"])
+            judged = f" {finding['type']} by {finding['rule']}"
+            values = [f"{word} {tenth(finding[word])}" for word in ("required", "found") if finding[word] is not None]
+            if not any(finding["text"] + place + judged in text and all(value in text for value in values) for text in found[2]):
+                expect(f"findings of {mark}", found[2], [finding["text"] + place + judged, values])
 
     def check_highlight(self):
         """A finding and its feature light up together, by mouse and by key."""
@@ -208,7 +214,7 @@ def check_drawings(browser, camjob, scratch, members):
     files = [str(scratch / "job" / "nc" / pathlib.Path(m["file"]).name) for m in members]
     subprocess.run([camjob, "show", "--job", str(scratch / "job" / "warehouse.toml"), "--out", str(scratch / "drawn"), *files],
                    check=True, capture_output=True)
-    drawn = browser.run("data = JSON.parse(document.getElementById('data').textContent), data.members.map((raw) => Drawing.svgOf(Object.assign(memberOf(raw, data.texts), { earlier: [] }), -1, true))")
+    drawn = browser.run("data = JSON.parse(document.getElementById('data').textContent), data.members.map((raw) => Drawing.svgOf(Object.assign(memberOf(raw, data.texts), { earlier: [] }), { windows: 2 }))")
     for file, own in zip(files, drawn):
         theirs = (scratch / "drawn" / pathlib.Path(file).with_suffix(".svg").name).read_text(encoding="utf-8")
         left = shapes(theirs)

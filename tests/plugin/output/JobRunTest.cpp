@@ -72,7 +72,7 @@ TEST(JobRun, MembersPartsAndMainPartsInTheirFiles) {
                    (result.outcome.hasWarnings ? " warned" : "") +
                    (result.outcome.isNonStandard ? " non-standard" : "") + ";";
     EXPECT_EQ(results,
-              "M 2 x4 invalid;E 2 x1;D 2 x51 warned non-standard;C 1 x2 invalid;B 1 x1;A 1 x6;");
+              "M 2 x4 invalid;E 2 x1;D 2 x51 warned non-standard;C 1 x2 invalid;B 1 x1 warned;A 1 x6 warned;");
     const std::vector<plugin::GroupResult> groups = run.GetGroupResults();
     ASSERT_EQ(groups.size(), 2u);
     EXPECT_EQ(groups[1].members, 3);
