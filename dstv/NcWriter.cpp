@@ -5,7 +5,7 @@
 #include <algorithm>
 #include <array>
 #include <charconv>
-#include <cmath>
+#include <initializer_list>
 #include <optional>
 #include <utility>
 #include <vector>
@@ -35,6 +35,25 @@ std::string NumberText(double value) {
                 .ptr);
     const bool isZero = text.find_first_of("123456789") == std::string::npos;
     return isZero && text[0] == '-' ? text.substr(1) : text;
+}
+
+/// In columns, as people are used to see such files; a number that is wider has a blank before it.
+std::string Column(double value, std::size_t width = 9) {
+    const std::string text = NumberText(value);
+    return std::string(std::max(width, text.size() + 1) - text.size(), ' ') + text;
+}
+
+std::string Columns(std::initializer_list<double> values) {
+    std::string text;
+    for (const double value : values)
+        text += Column(value);
+    return text;
+}
+
+/// A whole number wherever it is one.
+std::string HeightText(double height) {
+    const std::string text = NumberText(height);
+    return text.ends_with(".00") ? text.substr(0, text.size() - 3) : text;
 }
 
 char LetterOf(NcFace face) {
@@ -109,7 +128,7 @@ class PartText {
         return m_plane < 0 ? std::string(1, LetterOf(place.face)) : " ";
     }
     static std::string Place(double x, char reference, double q) {
-        return " " + NumberText(x) + (reference == 0 ? ' ' : reference) + " " + NumberText(q);
+        return Column(x) + (reference == 0 ? ' ' : reference) + Column(q, 8);
     }
 
     void BeginBlock(const Codes& codes) {
@@ -133,7 +152,7 @@ class PartText {
         Data(std::to_string(h.quantity));
         Data(Bytes(h.profileName));
         Data(Bytes(h.profileCode));
-        Data(NumberText(h.length) + (h.sawLength != 0.0 ? "," + NumberText(h.sawLength) : ""));
+        Data(Column(h.length) + (h.sawLength != 0.0 ? "," + Column(h.sawLength) : ""));
         for (const double value : {h.profileHeight,
                                    h.flangeWidth,
                                    h.flangeThickness,
@@ -145,7 +164,7 @@ class PartText {
                                    h.webEndCut,
                                    h.flangeStartCut,
                                    h.flangeEndCut})
-            Data(NumberText(value));
+            Data(Column(value));
         for (const ZetString& text : h.infoTexts)
             Data(Bytes(text));
     }
@@ -173,14 +192,15 @@ class PartText {
             if (BeginsBlock(isBegun, reference, hole.reference))
                 BeginBlock(kHoles);
             Data(FaceOf(hole.place) + Place(hole.x, hole.reference, hole.q) + LetterOf(hole.kind) +
-                 " " + NumberText(hole.diameter) + " " + NumberText(hole.depth) + SlotOf(hole));
+                 Column(hole.diameter, 8) + Column(hole.depth, 8) + SlotOf(hole));
         }
     }
     static std::string SlotOf(const NcHole& hole) {
         if (hole.slotWidth != 0.0 || hole.slotHeight != 0.0)
-            return "l " + NumberText(hole.slotWidth) + " " + NumberText(hole.slotHeight) + " " +
-                   NumberText(hole.slotAngle);
-        return hole.sinkAngle != 0.0 ? " 0.00 0.00 " + NumberText(hole.sinkAngle) : "";
+            return "l" + Column(hole.slotWidth, 8) + Column(hole.slotHeight, 8) +
+                   Column(hole.slotAngle, 8);
+        return hole.sinkAngle != 0.0 ? Column(0.0, 8) + Column(0.0, 8) + Column(hole.sinkAngle, 8)
+                                     : "";
     }
 
     void AddTexts() {
@@ -191,9 +211,9 @@ class PartText {
                 continue;
             if (BeginsBlock(isBegun, reference, text.reference))
                 BeginBlock(kTexts);
-            Data(FaceOf(text.place) + Place(text.x, text.reference, text.q) + " " +
-                 NumberText(text.angle) + " " + NumberText(text.textHeight) +
-                 (text.rule == 0 ? ' ' : text.rule) + Bytes(text.text));
+            Data(FaceOf(text.place) + Place(text.x, text.reference, text.q) +
+                 Column(text.angle, 8) + " " + HeightText(text.textHeight) +
+                 (text.rule == 0 ? ' ' : text.rule) + " " + Bytes(text.text));
         }
     }
 
@@ -207,29 +227,31 @@ class PartText {
                    contour.notchLines[notch].afterPoint == static_cast<long>(i);
                  ++notch) {
                 const NcNotchLine& line = contour.notchLines[notch];
-                Data(face + Place(line.x, reference, line.q) + line.kind + " " +
-                     NumberText(line.radius));
+                Data(face + Place(line.x, reference, line.q) + line.kind + Column(line.radius, 8));
                 reference = 0;
             }
             if (i == contour.points.size())
                 break;
             const NcContourPoint& point = contour.points[i];
-            Data(face + Place(point.x, reference, point.q) + " " + NumberText(point.radius) +
+            Data(face + Place(point.x, reference, point.q) + Column(point.radius) +
                  BevelsOf(point));
             reference = 0;
         }
     }
     static std::string BevelsOf(const NcContourPoint& point) {
         std::string text;
-        for (const NcBevel& bevel : point.bevels)
-            text += " " + NumberText(bevel.angle) + " " + NumberText(bevel.depth);
-        return text == " 0.00 0.00 0.00 0.00" ? "" : text;
+        bool isBevelled = false;
+        for (const NcBevel& bevel : point.bevels) {
+            text += Column(bevel.angle, 8) + Column(bevel.depth, 8);
+            isBevelled = isBevelled || bevel.angle != 0.0 || bevel.depth != 0.0;
+        }
+        return isBevelled ? text : "";
     }
 
     void AddMark(const NcMark& mark) {
         BeginBlock(mark.kind == NcMarkKind::kPowder ? kPowder : kPunch);
         for (const NcContourPoint& point : mark.points)
-            Data(FaceOf(mark.place) + Place(point.x, 0, point.q) + " " + NumberText(point.radius));
+            Data(FaceOf(mark.place) + Place(point.x, 0, point.q) + Column(point.radius));
     }
 
     void AddPlane(long index) {
@@ -247,9 +269,9 @@ class PartText {
         const ZetGeomPoint3d& o = plane.plane.origin;
         for (const ZetGeomVector3d& axis :
              {ZetGeomVector3d{}, plane.plane.xAxis, plane.plane.yAxis})
-            Data(NumberText(o.x + axis.x * kAxisLength) + " " +
-                 NumberText(o.y + axis.y * kAxisLength) + " " +
-                 NumberText(o.z + axis.z * kAxisLength));
+            Data(Columns({o.x + axis.x * kAxisLength,
+                          o.y + axis.y * kAxisLength,
+                          o.z + axis.z * kAxisLength}));
         AddFeatures(index);
     }
 
@@ -260,9 +282,8 @@ class PartText {
                 continue;
             if (!std::exchange(isBegun, true))
                 Line("SC");
-            Data(NumberText(cut.point.x) + " " + NumberText(cut.point.y) + " " +
-                 NumberText(cut.point.z) + " " + NumberText(cut.normal.x) + " " +
-                 NumberText(cut.normal.y) + " " + NumberText(cut.normal.z));
+            Data(Columns(
+                {cut.point.x, cut.point.y, cut.point.z, cut.normal.x, cut.normal.y, cut.normal.z}));
         }
     }
 
@@ -279,19 +300,18 @@ class PartText {
         for (const NcSection& section : m_part.sections) {
             Line("PR");
             for (const NcSectionPoint& point : section.points)
-                Data(std::string(section.isInner ? "-" : "+") + " " + NumberText(point.y) + " " +
-                     NumberText(point.z) + " " + NumberText(point.radius));
+                Data(std::string(section.isInner ? "-" : "+") +
+                     Columns({point.y, point.z, point.radius}));
         }
         AddBlock("TO", m_part.tolerances, [](const NcTolerance& row) {
-            return NumberText(row.minimum) + " " + NumberText(row.maximum);
+            return Columns({row.minimum, row.maximum});
         });
         AddBlock("UE", m_part.cambers, [](const NcCamber& row) {
             return std::string(1, LetterOf(row.face)) + Place(row.x, 0, row.q);
         });
         AddBlock("KA", m_part.bends, [](const NcBend& row) {
-            return NumberText(row.start.x) + " " + NumberText(row.start.y) + " " +
-                   NumberText(row.end.x) + " " + NumberText(row.end.y) + " " +
-                   NumberText(row.angle) + (row.radius ? " " + NumberText(*row.radius) : "");
+            return Columns({row.start.x, row.start.y, row.end.x, row.end.y, row.angle}) +
+                   (row.radius ? Column(*row.radius) : "");
         });
         AddBlock("IN", m_part.information, [this](const NcText& row) {
             return Bytes(row.key) + " : " + Bytes(row.value);

@@ -63,8 +63,9 @@ std::vector<OutputEnding> OutputEndings(const Job& job) {
     static_assert(std::size(kLabels) == kFirstOwnFile);
     std::vector<OutputEnding> endings;
     for (std::size_t i = 0; i < job.files.size(); ++i)
-        endings.push_back(
-            {job.files[i].ending, i < kFirstOwnFile ? ZetString(kLabels[i]) : job.files[i].id});
+        if (!job.files[i].nc)
+            endings.push_back(
+                {job.files[i].ending, i < kFirstOwnFile ? ZetString(kLabels[i]) : job.files[i].id});
     const auto isNested = [](const Group& group) { return group.isNested; };
     if (std::any_of(job.groups.begin(), job.groups.end(), isNested)) {
         endings.push_back({kCuttingListEnding, L"Cutting list"});

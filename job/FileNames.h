@@ -17,7 +17,7 @@ struct OutputEnding {
     ZetString ending;
     ZetString label;
 };
-/// Of all files of a run: by position in Job::files, then cutting list and table when a group is
+/// Of all files of a run but NC files: by position in Job::files, then cutting list and table when a group is
 /// nested, the remnants, last the page.
 std::vector<OutputEnding> OutputEndings(const Job& job);
 

@@ -44,7 +44,7 @@ holds() {
 
 contents() {
     holds libcamdata1 "lib/libcamdata.so.$version" lib/libcamdata.so.1
-    holds libcamdata-dev lib/libcamdata.so lib/libcamdata_dstv.a include/camdata/camdata.h include/dstv/NcHost.h \
+    holds libcamdata-dev lib/libcamdata.so lib/libcamdata_dstv.a lib/libcamdata_codepages.a include/camdata/camdata.h include/dstv/NcHost.h \
         lib/cmake/camdata/camdataConfig.cmake lib/pkgconfig/camdata.pc lib/pkgconfig/camdata-dstv.pc
     local documents=share/doc/camdata
     holds camjob bin/camjob share/man/man1/camjob.1 share/bash-completion/completions/camjob \

@@ -25,7 +25,7 @@ unpack() {
 contents() {
     local file
     for file in README.txt bin/camdata.dll bin/camjob.exe lib/libcamdata.dll.a include/camdata/camdata.h \
-        lib/cmake/camdata/camdataConfig.cmake lib/libcamdata_dstv.a include/dstv/NcHost.h docs/plugin-guide.md \
+        lib/cmake/camdata/camdataConfig.cmake lib/libcamdata_dstv.a lib/libcamdata_codepages.a include/dstv/NcHost.h docs/plugin-guide.md \
         examples/minimal-plugin/CMakeLists.txt examples/nc \
         third-party-notices/{00-overview,libcli11-dev,libfmt-dev,nlohmann-json3-dev,libtomlplusplus-dev}.txt \
         third-party-notices/{g++-mingw-w64-x86-64-posix,mingw-w64-x86-64-dev}.txt; do

@@ -49,7 +49,8 @@ std::string NcFiles::AddFile(const dstv::NcPart& part,
     const ZetString name = job::FillNcName(output.nc->names, ValuesOf(part.header, group));
     const std::string path = output.nc->folder + "/" + name.toUtf8();
     if (const std::string fault = FaultOfName(name, path); !fault.empty())
-        return "NC file \"" + path + "\": " + fault;
+        return "NC file \"" + path + "\": " + fault + "; change \"names\" of [[file]] \"" +
+               output.id.toUtf8() + "\", or the part's own name";
     const std::string encoding = job::NameOf(m_job.nc.encoding);
     auto written = dstv::WriteNc(
         part, {encoding, output.lineEnds == job::LineEnds::kCrLf ? "\r\n" : "\n", [&](long line) {

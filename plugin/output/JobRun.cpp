@@ -236,18 +236,6 @@ ZetString JobRun::GetFileName(const ZetString& ending) {
     return GetProjectInfo().GetFileName() + ending;
 }
 
-std::vector<ZetString> JobRun::GetFileNames() {
-    std::vector<ZetString> names;
-    const std::vector<job::OutputEnding> outputs = job::OutputEndings(m_job);
-    for (std::size_t i = 0; i < outputs.size(); ++i)
-        if (i >= m_job.files.size() || !m_job.files[i].nc)
-            names.push_back(GetFileName(outputs[i].ending));
-    // Others make the page.
-    if (m_job.reports.hasPage)
-        names.pop_back();
-    return names;
-}
-
 void JobRun::SetUpFiles(const ZetString& folder) {
     ZetArray<CMxFileGroups> files;
     for (const job::OutputFile& source : m_job.files) {

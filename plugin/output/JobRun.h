@@ -98,13 +98,10 @@ class JobRun {
 
     /// Asked before each member that is written; true ends the run.
     using CancelCheck = std::function<bool()>;
-    /// Writes all files into `folder`, which must be there; the names are those of GetFileNames.
+    /// Writes all files into `folder`, which must be there; the names end as job::OutputEndings.
     /// False when it was cancelled: all files are closed then, and what they hold is of no use.
     /// Once per run.
     bool Write(const std::filesystem::path& folder, const CancelCheck& isCancelled = {});
-    /// Names of the files of the run, without folder, by position in Job::files; then the cutting
-    /// list and table, when a group is nested; last the remnants, when the job names some.
-    std::vector<ZetString> GetFileNames();
     /// What could not be opened, written or closed.
     const ZetArray<FileFault>& GetFileFaults() const { return m_faults; }
 

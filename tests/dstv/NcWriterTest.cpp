@@ -129,7 +129,7 @@ TEST(NcWriter, EncodingLineEndsAndWhatIsKept) {
     const std::string written =
         Written(part, {"windows-1251", "\r\n", [&](long line) { return line != dropped; }});
     EXPECT_NE(written.find("\r\n  \xC1\xE0\r\n"), std::string::npos);
-    EXPECT_NE(written.find("BO\r\n  v 60.00o 20.00  18.00 0.00\r\nEN\r\n"), std::string::npos)
+    EXPECT_NE(written.find("BO\r\n  v    60.00o   20.00    18.00    0.00\r\nEN\r\n"), std::string::npos)
         << written;
     EXPECT_EQ(Written(part, {"iso-8859-1", "\n", {}}), "cannot write \xD0\x91\xD0\xB0");
 }

@@ -40,8 +40,9 @@ TEST(Warehouse, OutputIsTheApprovedOne) {
         folder.Write("warehouse/made/printed.txt", PrintedBy(run));
         KeepWords("made/warehouse12-report.html");
     }
-    EXPECT_TRUE(MatchesGoldenFolder(CAMJOB_GOLDEN_FOLDER "/run/golden/warehouse",
-                                    folder.PathOf("warehouse/made")));
+    for (const std::string made : {"", "/plasma"})
+        EXPECT_TRUE(MatchesGoldenFolder(CAMJOB_GOLDEN_FOLDER "/run/golden/warehouse" + made,
+                                        folder.PathOf("warehouse/made" + made)));
 }
 
 }  // namespace
