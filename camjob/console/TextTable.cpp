@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <numeric>
+#include <optional>
 #include <string_view>
 #include <utility>
 
@@ -25,14 +26,57 @@ ZetString WithoutTrailingBlanks(const ZetString& text) {
     return text.left(last == std::wstring_view::npos ? 0 : static_cast<long>(last) + 1);
 }
 
-/// The middle of a text that is too long makes room for an ellipsis: both ends tell more.
-ZetString Shortened(const ZetString& text, long width) {
-    if (DisplayedLength(text) <= width)
-        return text;
-    const auto left = static_cast<std::size_t>((width - 1) / 2);
-    const auto right = static_cast<std::size_t>(width - 1) - left;
+/// A word of more characters may be broken.
+constexpr long kLongestWord = 16;
+
+std::vector<ZetString> WordsOf(const ZetString& text) {
+    std::vector<ZetString> words;
     const std::wstring_view all = text.view();
-    return ZetString(all.substr(0, left)) + L"\u2026" + ZetString(all.substr(all.size() - right));
+    for (std::size_t start = 0; start <= all.size();) {
+        const std::size_t end = std::min(all.find(L' ', start), all.size());
+        if (end > start)
+            words.emplace_back(all.substr(start, end - start));
+        start = end + 1;
+    }
+    return words;
+}
+
+/// The width that a text can give way to.
+long LeastWidth(const ZetString& text) {
+    long least = 0;
+    for (const ZetString& word : WordsOf(text))
+        least = std::max(least, std::min(DisplayedLength(word), kLongestWord));
+    return least;
+}
+
+/// The first characters of a text, and what is left of it.
+std::pair<ZetString, ZetString> SplitAt(const ZetString& text, long width) {
+    const std::wstring_view all = text.view();
+    std::size_t end = 0;
+    while (end < all.size() && DisplayedLength(ZetString(all.substr(0, end + 1))) <= width)
+        ++end;
+    return {ZetString(all.substr(0, end)), ZetString(all.substr(end))};
+}
+
+/// The lines of a text, broken between words where it can be.
+std::vector<ZetString> Wrapped(const ZetString& text, long width) {
+    if (DisplayedLength(text) <= width)
+        return {text};
+    std::vector<ZetString> lines;
+    for (ZetString word : WordsOf(text)) {
+        const bool isFirst = lines.empty();
+        if (!isFirst && DisplayedLength(lines.back()) + 1 + DisplayedLength(word) <= width) {
+            lines.back() += L" " + word;
+            continue;
+        }
+        while (DisplayedLength(word) > width) {
+            auto [line, rest] = SplitAt(word, width);
+            lines.push_back(std::move(line));
+            word = std::move(rest);
+        }
+        lines.push_back(std::move(word));
+    }
+    return lines;
 }
 
 }  // namespace
@@ -45,27 +89,44 @@ TextTable::TextTable(std::vector<Column> columns)
     }
 }
 
+/// Characters that a terminal does not take are as wide as what stands for them.
 void TextTable::AddRow(std::vector<ZetString> cells, Tone tone) {
+    for (ZetString& cell : cells)
+        cell = ZetString::fromUtf8(Printable(cell));
     for (std::size_t i = 0; i < m_columns.size(); ++i)
         m_widths[i] = std::max(m_widths[i], DisplayedLength(cells[i]));
     m_rows.push_back({std::move(cells), tone});
 }
 
-/// The widest texts give way; numbers never do. 0: there is room for all.
-std::vector<long> TextTable::WidthsFor(long lineWidth) const {
-    constexpr long kLeast = 6;
+/// What a column needs at least: numbers never break.
+long TextTable::LeastWidthOf(std::size_t column) const {
+    long least = LeastWidth(m_rows.front().cells[column]);
+    for (std::size_t row = 1; row < m_rows.size(); ++row) {
+        const ZetString& cell = m_rows[row].cells[column];
+        const bool isNumber = m_columns[column].align == Align::kRight;
+        least = std::max(least, isNumber ? DisplayedLength(cell) : LeastWidth(cell));
+    }
+    return least;
+}
+
+/// The widest columns give way. Nothing where that does not help.
+std::optional<std::vector<long>> TextTable::WidthsFor(long lineWidth) const {
     constexpr long kGapWidth = 2;
     std::vector<long> widths = m_widths;
     long excess = std::accumulate(widths.begin(), widths.end(), 0L) +
                   kGapWidth * static_cast<long>(widths.size()) - lineWidth;
-    for (; lineWidth > 0 && excess > 0; --excess) {
+    if (lineWidth == 0 || excess <= 0)
+        return widths;
+    std::vector<long> least;
+    for (std::size_t i = 0; i < widths.size(); ++i)
+        least.push_back(LeastWidthOf(i));
+    for (; excess > 0; --excess) {
         std::size_t widest = widths.size();
         for (std::size_t i = 0; i < widths.size(); ++i)
-            if (m_columns[i].align == Align::kLeft && widths[i] > kLeast &&
-                (widest == widths.size() || widths[i] > widths[widest]))
+            if (widths[i] > least[i] && (widest == widths.size() || widths[i] > widths[widest]))
                 widest = i;
         if (widest == widths.size())
-            break;
+            return std::nullopt;
         --widths[widest];
     }
     return widths;
@@ -74,26 +135,62 @@ std::vector<long> TextTable::WidthsFor(long lineWidth) const {
 ZetString TextTable::Format(const Terminal& terminal) const {
     if (m_rows.size() <= 1)
         return {};
-    const std::vector<long> widths = WidthsFor(terminal.width);
+    const auto widths = WidthsFor(terminal.width);
+    if (!widths)
+        return FormatList(terminal);
     std::vector<ZetString> rule;
-    for (const long width : widths)
+    for (const long width : *widths)
         rule.emplace_back(L'-', width);
-    ZetString text = Line(FormatRow(m_rows.front().cells, widths)) + Line(FormatRow(rule, widths));
+    ZetString text = FormatRow(m_rows.front().cells, *widths) + FormatRow(rule, *widths);
     for (std::size_t i = 1; i < m_rows.size(); ++i)
-        text += Toned(Line(FormatRow(m_rows[i].cells, widths)), m_rows[i].tone, terminal.hasColour);
+        text += Toned(FormatRow(m_rows[i].cells, *widths), m_rows[i].tone, terminal.hasColour);
     return text;
 }
 
 ZetString TextTable::FormatRow(const std::vector<ZetString>& cells,
                                const std::vector<long>& widths) const {
+    std::vector<std::vector<ZetString>> columns;
+    std::size_t lines = 1;
+    for (std::size_t i = 0; i < cells.size(); ++i) {
+        columns.push_back(Wrapped(cells[i], widths[i]));
+        lines = std::max(lines, columns.back().size());
+    }
+    ZetString text;
+    for (std::size_t line = 0; line < lines; ++line) {
+        std::vector<ZetString> parts;
+        for (const std::vector<ZetString>& column : columns)
+            parts.push_back(line < column.size() ? column[line] : ZetString());
+        text += Line(FormatLine(parts, widths));
+    }
+    return text;
+}
+
+ZetString TextTable::FormatLine(const std::vector<ZetString>& cells,
+                                const std::vector<long>& widths) const {
     ZetString line;
     for (std::size_t i = 0; i < m_columns.size(); ++i) {
-        const ZetString cell = Shortened(cells[i], widths[i]);
-        const ZetString padding(L' ', widths[i] - DisplayedLength(cell));
+        const ZetString padding(L' ', widths[i] - DisplayedLength(cells[i]));
         line += i == 0 ? L"" : kGap;
-        line += m_columns[i].align == Align::kRight ? padding + cell : cell + padding;
+        line += m_columns[i].align == Align::kRight ? padding + cells[i] : cells[i] + padding;
     }
     return WithoutTrailingBlanks(line);
+}
+
+/// For a terminal that is too narrow for the columns: the cells of a row one after another.
+ZetString TextTable::FormatList(const Terminal& terminal) const {
+    constexpr long kIndent = 4;
+    ZetString text;
+    for (std::size_t i = 1; i < m_rows.size(); ++i) {
+        std::vector<ZetString> cells;
+        for (std::size_t column = 1; column < m_columns.size(); ++column)
+            if (const ZetString& cell = m_rows[i].cells[column]; !cell.isEmpty())
+                cells.push_back(m_rows.front().cells[column] + L" " + cell);
+        ZetString lines = Line(m_rows[i].cells.front());
+        for (const ZetString& line : Wrapped(Joined(cells, L"; "), terminal.width - kIndent))
+            lines += Line(L"  " + line);
+        text += Toned(lines, m_rows[i].tone, terminal.hasColour);
+    }
+    return text;
 }
 
 }  // namespace camjob

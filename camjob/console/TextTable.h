@@ -5,6 +5,8 @@
 
 #include "camdata/platform/text/ZetString.h"
 
+#include <cstddef>
+#include <optional>
 #include <vector>
 
 namespace camjob {
@@ -27,7 +29,8 @@ class TextTable {
     /// One text per column.
     void AddRow(std::vector<ZetString> cells, Tone tone = Tone::kPlain);
     /// The whole table as lines of a report below their heading; "" without rows. On a terminal
-    /// texts are cut in their middle until the lines fit, and rows have the colour of their tone.
+    /// texts go on below until the lines fit; where that does not help the cells of a row are
+    /// told one after another. Rows have the colour of their tone.
     ZetString Format(const Terminal& terminal = {}) const;
 
   private:
@@ -36,8 +39,13 @@ class TextTable {
         Tone tone = Tone::kPlain;
     };
 
-    std::vector<long> WidthsFor(long lineWidth) const;
+    long LeastWidthOf(std::size_t column) const;
+    std::optional<std::vector<long>> WidthsFor(long lineWidth) const;
+    ZetString FormatList(const Terminal& terminal) const;
+    /// As many lines as its longest cell.
     ZetString FormatRow(const std::vector<ZetString>& cells, const std::vector<long>& widths) const;
+    ZetString FormatLine(const std::vector<ZetString>& cells,
+                         const std::vector<long>& widths) const;
 
     std::vector<Column> m_columns;
     std::vector<long> m_widths;

@@ -4,9 +4,11 @@
 #include "camjob/console/Paths.h"
 #include "camjob/console/ReportText.h"
 #include "camjob/run/FeatureWords.h"
+#include "camjob/run/RuleTables.h"
 #include "camjob/run/RunText.h"
 #include "camjob/show/PartDrawing.h"
 #include "job/Job.h"
+#include "report/drawing/DrawingText.h"
 #include "report/page/RunPage.h"
 
 #include "camdata/platform/system/Clock.h"
@@ -117,10 +119,13 @@ PageTable GroupTable(const RunReport& report) {
 report::PlanBar BarOf(const plugin::ProfilePlan& plan,
                       const cutting::PlannedBars& bars,
                       const std::vector<plugin::PieceOnBar>& pieces) {
-    const job::Stock& stock = plan.stocks[bars.stock];
+    const plugin::BarStock& stock = plan.stocks[bars.stock];
     report::PlanBar bar;
     bar.count = static_cast<long>(bars.bars);
     bar.length = stock.length;
+    if (stock.remnant)
+        bar.remnant = stock.name.isEmpty() ? "remnant" : "remnant " + stock.name.toUtf8();
+    bar.kerf = stock.kerf;
     bar.gripEnd = stock.gripEnd;
     bar.offcut = plugin::Millimetres(bars.offCut);
     bar.isOffcutKept = IsKept(plan, bars);
@@ -150,6 +155,59 @@ report::CuttingPlan PlanOf(const RunPlan& source) {
     for (const cutting::PlannedBars& bars : plan.plan.bars)
         shown.bars.push_back(BarOf(plan, bars, plugin::BarWalk(plan).Next(bars)));
     return shown;
+}
+
+/// Lengths in mm; weight in kg, where the NC files tell it.
+std::vector<std::string> TotalsRow(const std::string& group,
+                                   const std::string& profile,
+                                   const plugin::PlanTotals& totals,
+                                   std::optional<double> weight) {
+    constexpr double kPercent = 100.0;
+    const auto text = [](double value) { return report::Number(value, 1); };
+    return {group,
+            profile,
+            Text(totals.bars),
+            text(totals.barLength),
+            Text(totals.pieces),
+            text(totals.pieceLength),
+            text(totals.GetUtilisation() * kPercent),
+            text(totals.kerfLoss),
+            text(totals.kept),
+            text(totals.scrapped),
+            weight ? text(*weight) : "",
+            totals.uncut > 0 ? Text(totals.uncut) : ""};
+}
+
+PageTable PlanTotalsTable(const RunReport& report) {
+    constexpr double kMillimetresAMetre = 1000.0;
+    PageTable table = {
+        "Totals of the cutting plans, mm and kg",
+        {"Group",
+          "Profile", "Bars",
+          "Length", "Pieces",
+          "Length of pieces", "Used %",
+          "Saw cuts", "Off-cuts kept",
+          "Scrapped", "Weight",
+          "Not cut"},
+        {},
+        ""
+    };
+    table.firstNumber = 2;
+    plugin::PlanTotals sum;
+    std::optional<double> weight = 0.0;
+    for (const RunPlan& plan : report.plans) {
+        const plugin::PlanTotals totals = TotalsOf(plan.plan);
+        const double perMetre = plan.plan.weightPerMetre;
+        const double ofPlan = perMetre * totals.barLength / kMillimetresAMetre;
+        table.rows.push_back(TotalsRow(plan.group.toUtf8(),
+                                       NameOfProfile(plan.plan).toUtf8(),
+                                       totals,
+                                       perMetre > 0.0 ? std::optional(ofPlan) : std::nullopt));
+        sum += totals;
+        weight = weight && perMetre > 0.0 ? std::optional(*weight + ofPlan) : std::nullopt;
+    }
+    table.rows.push_back(TotalsRow("all", "", sum, weight));
+    return table;
 }
 
 /// Names without the folder: the same output in another folder has the same page.
@@ -185,45 +243,26 @@ PageTable LeftOutTable(const RunReport& report, const job::Job& job) {
     return table;
 }
 
-std::string Numbers(const std::vector<double>& values) {
-    std::vector<ZetString> texts;
-    for (const double value : values)
-        texts.push_back(Number(value));
-    return texts.empty() ? "any" : Joined(texts, L", ").toUtf8();
-}
-
-PageTable HoleRuleTable(const job::Job& job) {
-    PageTable table = {
-        "Hole rules that judged", {"Rule",        "Diameters", "Back marks", "Code"},
-         {   },
-         ""
-    };
-    for (const job::HoleRule& rule : job.holeRules)
-        table.rows.push_back({rule.id.toUtf8(),
-                              Numbers(rule.diameters),
-                              Numbers(rule.backMarks),
-                              rule.code.toUtf8()});
-    return table;
-}
-
-PageTable MemberTypeTable(const job::Job& job) {
-    PageTable table = {
-        "Member types", {"Type",     "Profile", "Code", "Group"},
-         {},
-         ""
-    };
-    for (const job::MemberType& type : job.memberTypes)
-        table.rows.push_back({type.id.toUtf8(),
-                              type.profilePattern.toUtf8(),
-                              type.codePattern.toUtf8(),
-                              type.isSkipped ? "left out" : job.groups[type.group].id.toUtf8()});
-    return table;
-}
-
 FeatureState StateOf(const plugin::MemberOutcome& outcome) {
     if (!outcome.isValid)
         return FeatureState::kError;
     return outcome.hasWarnings ? FeatureState::kWarning : FeatureState::kInOrder;
+}
+
+/// What an earlier dialog changed.
+PageTable SettingTable(const RunReport& report) {
+    PageTable table = {
+        "Settings that counted instead of the job",
+        {"What",     "Value", "Changed", "The job says"},
+        { },
+        ""
+    };
+    for (const TakenSetting& setting : report.settings)
+        table.rows.push_back({setting.key,
+                              OneLine(setting.value).toUtf8(),
+                              setting.since,
+                              OneLine(setting.ofJob).toUtf8()});
+    return table;
 }
 
 PageTable NoteTable(const RunReport& report) {
@@ -333,8 +372,9 @@ std::string MakeReportPage(const RunReport& report,
                    FileTable(report),
                    LeftOutTable(report, job),
                    NoteTable(report),
-                   MemberTypeTable(job),
-                   HoleRuleTable(job)};
+                   SettingTable(report)};
+    page.rules = RuleTables(job);
+    page.planTotals = PlanTotalsTable(report);
     std::transform(
         report.plans.begin(), report.plans.end(), std::back_inserter(page.plans), &PlanOf);
     page.changes = ChangeTables(report);

@@ -174,6 +174,18 @@ double KeptLength(const ProfilePlan& plan, const cutting::PlannedBars& bars) {
     return IsKept(plan, bars) ? Millimetres(bars.offCut + plan.cutStocks[bars.stock].gripEnd) : 0.0;
 }
 
+PlanTotals& PlanTotals::operator+=(const PlanTotals& other) {
+    bars += other.bars;
+    pieces += other.pieces;
+    uncut += other.uncut;
+    barLength += other.barLength;
+    pieceLength += other.pieceLength;
+    kerfLoss += other.kerfLoss;
+    kept += other.kept;
+    scrapped += other.scrapped;
+    return *this;
+}
+
 PlanTotals TotalsOf(const ProfilePlan& plan) {
     PlanTotals totals;
     for (const cutting::PlannedBars& bars : plan.plan.bars) {

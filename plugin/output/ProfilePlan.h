@@ -102,6 +102,7 @@ struct PlanTotals {
     double kept = 0.0;      ///< as KeptLength
     double scrapped = 0.0;  ///< other off-cuts and grips
 
+    PlanTotals& operator+=(const PlanTotals& other);
     double GetUtilisation() const { return barLength > 0.0 ? pieceLength / barLength : 0.0; }
 };
 PlanTotals TotalsOf(const ProfilePlan& plan);

@@ -13,11 +13,19 @@ constexpr double kWidth = 1000.0;
 constexpr double kBarHeight = 30.0;
 /// A letter of a label takes about that much, pixels.
 constexpr double kLetter = 7.0;
+constexpr double kMargin = 6.0;
 
 std::string Rectangle(const char* style, double x, double width) {
     return "<rect class=\"" + std::string(style) + "\" x=\"" + Number(x, 2) +
            "\" y=\"1\" width=\"" + Number(width, 2) + "\" height=\"" + Number(kBarHeight - 2.0) +
            "\"/>";
+}
+
+/// A saw cut is seen however narrow it is; the bar begins and ends in the grips.
+std::string CutOf(double at, double kerf, double scale) {
+    constexpr double kLeast = 2.0;
+    const double width = std::max(kerf * scale, kLeast);
+    return Rectangle("kerf", (at + kerf / 2.0) * scale - width / 2.0, width);
 }
 
 /// The longest text that fits, in the middle.
@@ -26,7 +34,7 @@ std::string LabelIn(double x,
                     const std::string& longText,
                     const std::string& shortText) {
     for (const std::string& text : {longText, shortText})
-        if (static_cast<double>(text.size()) * kLetter < width)
+        if (static_cast<double>(text.size()) * kLetter + kMargin < width)
             return "<text class=\"middle\" x=\"" + Number(x + width / 2.0, 2) + "\" y=\"19\">" +
                    Escaped(text) + "</text>";
     return {};
@@ -72,29 +80,55 @@ std::string PiecesInWords(const PlanBar& bar) {
     return text;
 }
 
+std::string PiecesOf(const PlanBar& bar, double scale) {
+    std::string text;
+    for (const PlanPiece& piece : bar.pieces)
+        text += PieceOf(piece, scale);
+    if (bar.kerf > 0.0)
+        for (const PlanPiece& piece : bar.pieces)
+            text += CutOf(piece.start + piece.length, bar.kerf, scale);
+    return text;
+}
+
 std::string BarOf(const PlanBar& bar, long first, double scale) {
     const long last = first + bar.count - 1;
     const std::string numbers =
         std::to_string(first) + (last > first ? " to " + std::to_string(last) : "");
-    const std::string name = "bar " + numbers + ", " + Number(bar.length, 1) +
-                             " mm: " + PiecesInWords(bar) + "; off-cut " + Number(bar.offcut, 1);
-    std::string text = "<li class=\"bar\"><span class=\"number\">" + numbers +
-                       "</span><svg class=\"drawing\" role=\"img\" viewBox=\"0 0 " +
-                       Number(kWidth) + " " + Number(kBarHeight) + "\" aria-label=\"" +
-                       Escaped(name) + "\">" + Rectangle("stock", 0.0, bar.length * scale);
-    for (const PlanPiece& piece : bar.pieces)
-        text += PieceOf(piece, scale);
-    return text + OffcutOf(bar, scale) + "</svg></li>\n";
+    const std::string source =
+        Number(bar.length, 1) + " mm" + (bar.remnant.empty() ? "" : ", ") + bar.remnant;
+    const std::string name = "bar " + numbers + ", " + source + ": " + PiecesInWords(bar) +
+                             "; off-cut " + Number(bar.offcut, 1) +
+                             (bar.isOffcutKept ? ", kept" : "");
+    return "<li class=\"bar\"><span class=\"bar-name\"><span class=\"number\">" + numbers +
+           "</span><span class=\"source\">" + Escaped(source) +
+           "</span></span><svg class=\"drawing\" role=\"img\" viewBox=\"0 0 " + Number(kWidth) +
+           " " + Number(kBarHeight) + "\" aria-label=\"" + Escaped(name) + "\">" +
+           Rectangle("stock", 0.0, bar.length * scale) + PiecesOf(bar, scale) +
+           OffcutOf(bar, scale) + "</svg></li>\n";
+}
+
+/// A patch of colour with what it stands for.
+std::string KeyEntry(const char* style, const char* words) {
+    return "<span class=\"status\"><svg class=\"drawing\" viewBox=\"0 0 30 30\" "
+           "aria-hidden=\"true\">" +
+           Rectangle(style, 1.0, 28.0) + "</svg>" + words + "</span>";
 }
 
 }  // namespace
+
+std::string PlanKeyHtml() {
+    return "<p class=\"key\">" + KeyEntry("piece", "piece") + KeyEntry("kerf", "saw cut") +
+           KeyEntry("offcut kept", "off-cut, kept") + KeyEntry("offcut", "off-cut, scrap") +
+           KeyEntry("stock", "grip of the machine") +
+           "<span>Bars of one plan are drawn to one scale; click a piece to see its member.</span></p>";
+}
 
 std::string PlanHtml(const CuttingPlan& plan) {
     double longest = 1.0;
     for (const PlanBar& bar : plan.bars)
         longest = std::max(longest, bar.length);
-    std::string text =
-        Element("h3", plan.title) + Element("p", plan.summary) + "<ol class=\"bars\">\n";
+    std::string text = Element("h3", plan.title) + Element("p", plan.summary) +
+                       "<ol class=\"bars\" data-plan=\"" + Escaped(plan.title) + "\">\n";
     long number = plan.firstBar;
     for (const PlanBar& bar : plan.bars) {
         text += BarOf(bar, number, kWidth / longest);

@@ -16,6 +16,8 @@ struct PlanPiece {
 struct PlanBar {
     long count = 1;
     double length = 0.0;
+    std::string remnant;            ///< what is told of the remnant that it is; "": a new bar
+    double kerf = 0.0;              ///< width of a saw cut
     std::vector<PlanPiece> pieces;  ///< in cutting order
     double gripEnd = 0.0;           ///< at the end; nothing is cut from it
     double offcut = 0.0;            ///< before it
@@ -30,6 +32,8 @@ struct CuttingPlan {
     std::vector<PlanBar> bars;
 };
 
+/// What the colours of a bar say, as HTML.
+std::string PlanKeyHtml();
 /// A plan as HTML: each bar to scale, all in the scale of the longest one.
 std::string PlanHtml(const CuttingPlan& plan);
 

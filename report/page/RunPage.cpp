@@ -26,50 +26,74 @@ std::string FactsHtml(const std::vector<PageFact>& facts) {
     return html;
 }
 
-std::string RowHtml(const char* cell, const std::vector<std::string>& texts) {
-    std::string html = "<tr>";
-    for (const std::string& text : texts)
-        html += Element(cell, text);
-    return html + "</tr>\n";
-}
-
-/// The mark is a link to the member.
+/// The mark of a member is a link to it.
 std::string LinkTo(const std::string& mark) {
     return "<a class=\"jump\" href=\"#member\" data-mark=\"" + Escaped(mark) + "\">" +
            Escaped(mark) + "</a>";
 }
 
-std::string MemberRowHtml(const std::vector<std::string>& texts) {
-    std::string html = "<tr><td>" + LinkTo(texts.front()) + "</td>";
-    for (std::size_t i = 1; i < texts.size(); ++i)
-        html += Element("td", texts[i]);
+std::string CellHtml(const PageTable& table,
+                     const std::string& cell,
+                     std::size_t column,
+                     const std::string& text) {
+    const char* style = column >= table.firstNumber ? " class=\"right\"" : "";
+    return "<" + cell + style + ">" + text + "</" + cell + ">";
+}
+
+std::string HeadingsHtml(const PageTable& table) {
+    std::string html = "<tr>";
+    for (std::size_t i = 0; i < table.headings.size(); ++i)
+        html += CellHtml(table, "th", i, Escaped(table.headings[i]));
     return html + "</tr>\n";
 }
 
-std::string TableHtml(const PageTable& table) {
-    if (table.rows.empty() && table.ifEmpty.empty())
-        return {};
-    std::string html = "<section>" + Element("h2", table.title);
+std::string RowHtml(const PageTable& table, const std::vector<std::string>& texts) {
+    std::string html = "<tr>";
+    for (std::size_t i = 0; i < texts.size(); ++i)
+        html += CellHtml(
+            table, "td", i, i == 0 && table.isOfMembers ? LinkTo(texts[i]) : Escaped(texts[i]));
+    return html + "</tr>\n";
+}
+
+/// The table alone, or what is said instead.
+std::string BodyHtml(const PageTable& table) {
     if (table.rows.empty())
-        return html + Element("p", table.ifEmpty) + "</section>\n";
-    html += "<div class=\"wide\"><table aria-label=\"" + Escaped(table.title) + "\"><thead>" +
-            RowHtml("th", table.headings) + "</thead><tbody>\n";
+        return Element("p", table.ifEmpty);
+    std::string html = "<div class=\"wide\" tabindex=\"0\" role=\"region\" aria-label=\"" +
+                       Escaped(table.title) + "\"><table aria-label=\"" + Escaped(table.title) +
+                       "\"><thead>" + HeadingsHtml(table) + "</thead><tbody>\n";
     for (const std::vector<std::string>& row : table.rows)
-        html += table.isOfMembers ? MemberRowHtml(row) : RowHtml("td", row);
-    return html + "</tbody></table></div></section>\n";
+        html += RowHtml(table, row);
+    return html + "</tbody></table></div>";
+}
+
+bool IsShown(const PageTable& table) {
+    return !table.rows.empty() || !table.ifEmpty.empty();
 }
 
 std::string TablesHtml(const std::vector<PageTable>& tables) {
     std::string html;
     for (const PageTable& table : tables)
-        html += TableHtml(table);
+        if (IsShown(table))
+            html += "<section>" + Element("h2", table.title) + BodyHtml(table) + "</section>\n";
     return html;
 }
 
-std::string PlansHtml(const std::vector<CuttingPlan>& plans) {
+std::string RulesHtml(const std::vector<PageTable>& tables) {
+    std::string html;
+    for (const PageTable& table : tables)
+        if (IsShown(table))
+            html += Element("h3", table.title) + BodyHtml(table) + "\n";
+    return html.empty() ? html
+                        : "<section id=\"rules\"><h2>The job's rules that judged</h2>\n" + html +
+                              "</section>\n";
+}
+
+std::string PlansHtml(const std::vector<CuttingPlan>& plans, const PageTable& totals) {
     if (plans.empty())
         return {};
-    std::string html = "<section id=\"plans\"><h2>Cutting plans</h2>\n";
+    std::string html =
+        "<section id=\"plans\"><h2>Cutting plans</h2>\n" + BodyHtml(totals) + PlanKeyHtml() + "\n";
     for (const CuttingPlan& plan : plans)
         html += PlanHtml(plan);
     return html + "</section>\n";
@@ -191,18 +215,18 @@ std::string RunPage::ToHtml() const {
     return Filled(
         kPageTemplate,
         {
-            {"title",   Escaped(name)                                                          },
-            {"style",   std::string(kDrawingStyle) + std::string(kPageStyle)                   },
-            {"project", FactsHtml(project)                                                     },
-            {"verdict", VerdictHtml()                                                          },
-            {"totals",  FactsHtml(totals)                                                      },
-            {"changes", TablesHtml(changes)                                                    },
-            {"faulty",  FaultyHtml() + undrawn                                                 },
-            {"plans",   PlansHtml(plans)                                                       },
-            {"tables",  TablesHtml(tables)                                                     },
-            {"data",    data                                                                   },
+            {"title",   Escaped(name)                                       },
+            {"style",   std::string(kDrawingStyle) + std::string(kPageStyle)},
+            {"project", FactsHtml(project)                                  },
+            {"verdict", VerdictHtml()                                       },
+            {"totals",  FactsHtml(totals)                                   },
+            {"changes", TablesHtml(changes)                                 },
+            {"faulty",  FaultyHtml() + undrawn                              },
+            {"plans",   PlansHtml(plans,                                      planTotals)},
+            {"tables",         TablesHtml(tables) + RulesHtml(rules)                                                     },
+            {"data",         data  },
             {"script",
-             std::string(kDrawingScript) + std::string(kTableScript) + std::string(kPageScript)},
+             std::string(kDrawingScript) + std::string(kTableScript) + std::string(kPageScript)                                                   },
     });
 }
 

@@ -25,8 +25,9 @@ struct PageTable {
     std::string title;
     std::vector<std::string> headings;
     std::vector<std::vector<std::string>> rows;
-    std::string ifEmpty;       ///< what is said instead of an empty table; "": nothing at all
-    bool isOfMembers = false;  ///< rows begin with the mark of a member
+    std::string ifEmpty;            ///< what is said instead of an empty table; "": nothing at all
+    bool isOfMembers = false;       ///< rows begin with the mark of a member
+    std::size_t firstNumber = 100;  ///< columns from there on are numbers
 };
 
 /// The page of a run: one HTML file that needs no other and no network.
@@ -39,7 +40,9 @@ class RunPage {
     std::vector<PageFact> totals;   ///< the counts that everybody looks for first
     std::vector<CuttingPlan> plans;
     std::vector<PageTable> changes;  ///< against an earlier run
+    PageTable planTotals;            ///< of all plans together
     std::vector<PageTable> tables;   ///< below the members
+    std::vector<PageTable> rules;    ///< that judged, below all else
 
     /// `texts`: those of the members' compact drawings.
     explicit RunPage(SharedTexts texts) : m_texts(std::move(texts)) {}

@@ -46,7 +46,7 @@ const Drawing = (() => {
   function sheetOf(width, height = 1) {
     const isNarrow = width < 600;
     return {
-      width, isNarrow, left: isNarrow ? 8 : 112, right: isNarrow ? 8 : 24, top: isNarrow ? 56 : 40, faceGap: isNarrow ? 30 : 16,
+      width, isNarrow, left: isNarrow ? 8 : 112, right: isNarrow ? 20 : 24, top: isNarrow ? 56 : 40, faceGap: isNarrow ? 30 : 16,
       facesHeight: 240 * height, trueHeight: 420 * height, windowHeight: 330 * height,
     };
   }
@@ -306,9 +306,10 @@ const Drawing = (() => {
       "; " + counted(member.findings.length, "finding");
   }
 
-  function frameOf(overview, panel, i) {
+  function frameOf(sheet, overview, panel, i) {
     const name = String.fromCharCode(65 + i), left = overview.x(panel.from), right = overview.x(panel.to);
-    const letter = i === 0 ? text(left + 3, overview.top - 9, "small", name) : text(right - 3, overview.top - 9, "small end", name);
+    const y = overview.top - (sheet.isNarrow ? 24 : 9);
+    const letter = i === 0 ? text(left + 3, y, "small", name) : text(right - 3, y, "small end", name);
     return `<rect class="frame" x="${px(left)}" y="${px(overview.top - 6)}" width="${px(right - left)}" height="${px(overview.bottom - overview.top + 12)}"/>${letter}`;
   }
 
@@ -330,7 +331,7 @@ const Drawing = (() => {
     const windows = overview.isTrue ? [] : windowsOf(member, sheet, overview, chosen, most);
     const name = `${member.mark}: ${describe(member)}`, middle = overview.bottom + LABELS;
     const upper = text(width - sheet.right / 2, 16, "small end", scaleText(overview)) + namesOf(member, sheet, overview) +
-      panelOf(member, overview, id + "o", chosen) + windows.map((panel, i) => frameOf(overview, panel, i)).join("");
+      panelOf(member, overview, id + "o", chosen) + windows.map((panel, i) => frameOf(sheet, overview, panel, i)).join("");
     const lower = windows.map((panel, i) => windowOf(member, sheet, panel, i, id, chosen)).join("");
     const bottom = windows.length ? windows[0].bottom + LABELS : middle;
     if (!isSplit || !windows.length) return svgElement(member, sheet, chosen, 0, bottom, name, upper + lower);

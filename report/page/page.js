@@ -93,7 +93,7 @@
   function barsText(mark) {
     const places = new Map();
     for (const piece of barsOf(mark)) {
-      const bar = piece.closest("li"), plan = bar.parentElement.previousElementSibling.previousElementSibling.textContent;
+      const bar = piece.closest("li"), plan = bar.closest("ol").dataset.plan;
       const numbers = places.get(plan) || places.set(plan, new Set()).get(plan);
       numbers.add(bar.querySelector(".number").textContent);
     }

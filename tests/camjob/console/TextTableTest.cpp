@@ -23,20 +23,34 @@ TEST(TextTable, AlignsByCharactersShown) {
               "  58.0 x 18.0  \xF0\x9F\x94\xA9 Tr\xC3\xA4ger  x\n");
 }
 
-// Texts give way, numbers stay; what a file holds cannot steer the terminal.
+// Texts go on below, numbers stay whole, nothing is lost; what a file holds cannot steer the
+// terminal.
 TEST(TextTable, FitsATerminal) {
     TextTable table({
-        {L"mark", TextTable::Align::kLeft },
-        {L"mm",   TextTable::Align::kRight},
-        {L"file", TextTable::Align::kLeft }
+        {L"mark",           TextTable::Align::kLeft },
+        {L"overall length", TextTable::Align::kRight},
+        {L"what it was",    TextTable::Align::kLeft }
     });
-    table.AddRow({L"P1", L"1234567.8", L"a/long/folder/P1.nc1"}, Tone::kError);
-    table.AddRow({L"\x1B[0m", L"1.0", L"P2.nc1"}, Tone::kWarning);
-    EXPECT_EQ(Coloured(Printable(table.Format({32, true}))),
-              "  mark         mm  file\n"
-              "  ----  ---------  -------------\n"
-              "\x1B[31m  P1    1234567.8  a/long\xE2\x80\xA6P1.nc1\n\x1B[0m"
-              "\x1B[33m  \\u001B[0m        1.0  P2.nc1\n\x1B[0m");
+    table.AddRow({L"P1", L"1234567.8", L"58 x 18 at (920, 99), angle 90, L14"}, Tone::kError);
+    table.AddRow({L"\x1B[0m", L"1.0", L"a/long/folder/of/P2.nc1"}, Tone::kWarning);
+    EXPECT_EQ(Coloured(Printable(table.Format({40, true}))),
+              "  mark         overall  what it was\n"
+              "                length\n"
+              "  ---------  ---------  ----------------\n"
+              "\x1B[31m  P1         1234567.8  58 x 18 at (920,\n"
+              "                        99), angle 90,\n"
+              "                        L14\n\x1B[0m"
+              "\x1B[33m  \\u001B[0m        1.0  a/long/folder/of\n"
+              "                        /P2.nc1\n\x1B[0m");
+    EXPECT_EQ(Coloured(Printable(table.Format({30, false}))),
+              "  P1\n"
+              "    overall length 1234567.8;\n"
+              "    what it was 58 x 18 at\n"
+              "    (920, 99), angle 90, L14\n"
+              "  \\u001B[0m\n"
+              "    overall length 1.0; what\n"
+              "    it was\n"
+              "    a/long/folder/of/P2.nc1\n");
 }
 
 }  // namespace

@@ -89,6 +89,18 @@ class PageCheck:
         files = dict(self.browser.run("[...document.querySelectorAll('section')].find((one) => one.textContent.startsWith('Files made')).querySelectorAll('tbody tr').values().map((row) => [...row.cells].map((cell) => cell.textContent)).toArray()"))
         expect("files", files, {pathlib.Path(file["name"]).name: str(file["bytes"]) if not file["name"].endswith(".html") else "this page" for file in self.run["files"]})
 
+    def check_plans(self):
+        rows = self.browser.run("[...document.querySelectorAll('#plans tbody tr')].map((row) => [...row.cells].map((cell) => cell.textContent))")
+        names = "barLength", "pieces", "pieceLength", "utilisation", "kerfLoss", "kept", "scrapped", "weight"
+        for row, plan in zip(rows, self.run["bars"]):
+            values = {**plan, "utilisation": plan["utilisation"] * 100}
+            expect(f"totals of {plan['profile']}", row[2:11], [str(plan["bars"]), *(tenth(values[name]) for name in names)])
+        expect("bars of all plans", rows[-1][2], str(sum(plan["bars"] for plan in self.run["bars"])))
+        bars = self.browser.run("[...document.querySelectorAll('#plans .bar')].map((bar) => [bar.querySelector('.number').textContent.split(' ')[0], [...bar.querySelectorAll('g[data-mark]')].map((piece) => piece.dataset.mark)])")
+        expect("bars and pieces", bars, [[str(entry["bar"]), [piece["mark"] for piece in entry["pieces"]]] for plan in self.run["bars"] for entry in plan["entries"]])
+        self.browser.click("#plans g[data-mark]")
+        expect("member of a piece", self.browser.run("document.querySelector('#member h3 bdi').textContent"), bars[0][1][0])
+
     def check_table(self):
         browser = self.browser
         expect("marks", self.all_marks(), [member["mark"] for member in self.members])
@@ -261,6 +273,7 @@ def main(camjob, examples, pictures=None):
         browser.open(scratch / "made" / "warehouse12-report.html")
         check = PageCheck(browser, run)
         check.check_head()
+        check.check_plans()
         check.check_table()
         for member in run["members"]:
             check.check_member(member)
