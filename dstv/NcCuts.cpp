@@ -4,6 +4,8 @@
 #include <array>
 #include <cmath>
 #include <numbers>
+#include <string>
+#include <string_view>
 
 namespace dstv {
 namespace {
@@ -33,16 +35,53 @@ double ReachOf(const NcSawCut& cut, const NcHeader& header) {
     return reach;
 }
 
-bool IsOn(const NcFace face, bool isFlange) {
-    return isFlange ? face == NcFace::kTop || face == NcFace::kBottom
-                    : face == NcFace::kFront || face == NcFace::kBehind;
+/// A wall of sections of some profile codes.
+struct Wall {
+    std::wstring_view codes;  ///< each between blanks
+    NcFace views[2];          ///< that see it
+    bool isFlange;
+    double at;  ///< across the section, from behind or from the bottom: 0 to 1
+};
+
+/// Where the wall of a section of its own stands.
+constexpr double kAnywhere = -1.0;
+
+constexpr Wall kWalls[] = {
+    {L" I ",           {NcFace::kFront, NcFace::kBehind},  false, 0.5      },
+    {L" U C L T B ",   {NcFace::kFront, NcFace::kBehind},  false, 0.0      },
+    {L" SO RO RU ",    {NcFace::kFront, NcFace::kBehind},  false, kAnywhere},
+    {L" M ",           {NcFace::kFront, NcFace::kFront},   false, 1.0      },
+    {L" M ",           {NcFace::kBehind, NcFace::kBehind}, false, 0.0      },
+    {L" I U C M SO ",  {NcFace::kTop, NcFace::kTop},       true,  1.0      },
+    {L" I U C M SO ",  {NcFace::kBottom, NcFace::kBottom}, true,  0.0      },
+    {L" L ",           {NcFace::kBottom, NcFace::kTop},    true,  0.0      },
+    {L" T ",           {NcFace::kBottom, NcFace::kTop},    true,  0.5      },
+};
+
+bool IsWallOf(const Wall& wall, const NcHeader& header) {
+    return wall.codes.find(L" " + std::wstring(header.profileCode.view()) + L" ") !=
+               std::wstring_view::npos &&
+           (!wall.isFlange || header.flangeWidth > 0.0);
 }
 
-/// True when an edge at one end of an outline runs at the angle.
-bool EndsIn(const std::vector<ZetGeomPoint2d>& outline, bool isAtEnd, double angle) {
-    const auto byX = [](const auto& a, const auto& b) { return a.x < b.x; };
-    const double end = isAtEnd ? std::max_element(outline.begin(), outline.end(), byX)->x
-                               : std::min_element(outline.begin(), outline.end(), byX)->x;
+using Outline = std::vector<ZetGeomPoint2d>;
+
+/// Of an outline, at the end of a cut.
+double EndOf(const Outline& outline, const NcCut& cut) {
+    const auto [least, most] = std::minmax_element(
+        outline.begin(), outline.end(), [](const auto& a, const auto& b) { return a.x < b.x; });
+    return cut.isAtEnd ? most->x : least->x;
+}
+
+/// True when the outline ends there, or earlier.
+bool EndsBefore(const Outline& outline, const NcCut& cut, double x) {
+    const double end = EndOf(outline, cut);
+    return cut.isAtEnd ? end <= x + kAtEnd : end >= x - kAtEnd;
+}
+
+/// True when an edge at the end of an outline runs at the cut's angle.
+bool EndsIn(const Outline& outline, const NcCut& cut) {
+    const double end = EndOf(outline, cut);
     for (std::size_t i = 1; i < outline.size(); ++i) {
         const ZetGeomPoint2d& a = outline[i - 1];
         const ZetGeomPoint2d& b = outline[i];
@@ -51,10 +90,37 @@ bool EndsIn(const std::vector<ZetGeomPoint2d>& outline, bool isAtEnd, double ang
         const double height = high.y - low.y;
         const bool isThere = std::abs(a.x - end) <= kAtEnd || std::abs(b.x - end) <= kAtEnd;
         if (isThere && height > kAtEnd &&
-            std::abs(AngleOf(height, low.x - high.x) - angle) <= kSameAngle)
+            std::abs(AngleOf(height, low.x - high.x) - cut.angle) <= kSameAngle)
             return true;
     }
     return false;
+}
+
+/// By how much a cut shortens a wall that does not show its angle, mm; its thickness may take off
+/// from that.
+double ShorteningOf(const Wall& wall, const NcCut& cut, const NcHeader& header) {
+    if (wall.at == kAnywhere)
+        return 0.0;
+    const double extent = wall.isFlange ? header.profileHeight : header.flangeWidth;
+    const double thickness = std::max(header.flangeThickness, header.webThickness);
+    const bool isLongestAtZero = (cut.angle > 0.0) == cut.isAtEnd;
+    const double across = extent * (isLongestAtZero ? wall.at : 1.0 - wall.at) - thickness;
+    return std::max(across, 0.0) * std::tan(std::abs(cut.angle) * std::numbers::pi / 180.0);
+}
+
+/// True when an outline of the wall leaves away what the cut takes from it.
+bool IsCut(const Wall& wall, const NcPart& part, const NcCut& cut) {
+    const bool showsAngle = wall.isFlange == cut.isOnFlange;
+    const double shortening = showsAngle ? 0.0 : ShorteningOf(wall, cut, part.header);
+    if (!showsAngle && shortening <= kAtEnd)
+        return true;
+    const double x = cut.isAtEnd ? cut.x - shortening : cut.x + shortening;
+    return std::any_of(part.contours.begin(), part.contours.end(), [&](const NcContour& contour) {
+        const NcFace face = StandardPlace(part, contour.place).face;
+        return !contour.isInternal && (face == wall.views[0] || face == wall.views[1]) &&
+               EndsBefore(contour.outline, cut, x) &&
+               (!showsAngle || EndsIn(contour.outline, cut));
+    });
 }
 
 }  // namespace
@@ -89,12 +155,16 @@ std::vector<NcCut> CutsOf(const NcSawCut& sawCut, const NcHeader& header) {
     return cuts;
 }
 
-bool IsCutByOutline(const NcPart& part, const NcCut& cut) {
-    return std::any_of(part.contours.begin(), part.contours.end(), [&](const NcContour& contour) {
-        return !contour.isInternal &&
-               IsOn(StandardPlace(part, contour.place).face, cut.isOnFlange) &&
-               EndsIn(contour.outline, cut.isAtEnd, cut.angle);
-    });
+bool IsCutByOutlines(const NcPart& part, const NcCut& cut) {
+    bool isShown = false;
+    for (const Wall& wall : kWalls) {
+        if (!IsWallOf(wall, part.header))
+            continue;
+        if (!IsCut(wall, part, cut))
+            return false;
+        isShown = isShown || wall.isFlange == cut.isOnFlange;
+    }
+    return isShown;
 }
 
 }  // namespace dstv

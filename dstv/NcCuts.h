@@ -13,7 +13,8 @@ NcPlace StandardPlace(const NcPart& part, const NcPlace& place);
 /// cut along the piece has an angle of 90 degrees.
 std::vector<NcCut> CutsOf(const NcSawCut& sawCut, const NcHeader& header);
 
-/// An outline of the web, or of a flange, ends in an edge at this angle.
-bool IsCutByOutline(const NcPart& part, const NcCut& cut);
+/// The outlines of all faces that a cut goes through leave away what it takes: those that show its
+/// angle end in an edge at it, the others end early enough.
+bool IsCutByOutlines(const NcPart& part, const NcCut& cut);
 
 }  // namespace dstv

@@ -101,8 +101,8 @@ void NcParser::AddCut(NcCut cut) {
     if (!cut.isFromHeader && std::abs(cut.angle) > kSteepestCut) {
         m_notes.Warn(cut.line, L"saw cut along the piece: not made");
         cut.isNoted = true;
-    } else if (IsCutByOutline(m_part, cut)) {
-        m_notes.Note(cut.line, L"cut at an angle: the outline of the face has it already");
+    } else if (IsCutByOutlines(m_part, cut)) {
+        m_notes.Note(cut.line, L"cut at an angle: the outlines of the faces have it already");
         cut.isNoted = true;
     }
     m_part.cuts.push_back(cut);

@@ -250,7 +250,8 @@ void NcParser::ReadDataLine(const NcLine& line) {
         return;
     }
     NcTokens tokens(line);
-    if (m_block.reader->remark != nullptr)
+    // Of texts only control characters can be wrong, and those no file may have.
+    if (m_block.reader->remark != nullptr && m_block.code.type != NcBlockType::kInformation)
         ReadAside(tokens);
     else
         (this->*m_block.reader->read)(tokens);

@@ -82,7 +82,10 @@ int RunCheck(const CheckOptions& options, OutputStream& out, OutputStream& err) 
     const Reporting reporting(summary);
     const std::unique_ptr<CheckWriter> writer = MakeWriter(options.asJson, out, err);
     writer->Begin();
-    for (const std::string& name : FindNcFiles(options.files)) {
+    const FoundNcFiles found = FindNcFiles(options.files);
+    for (const dstv::NcError& fault : found.faults)
+        ReportFile(fault, *writer, summary);
+    for (const std::string& name : found.files) {
         CheckAndReport(name, {rules, !options.job.empty()}, *writer, summary);
         if (!out.Flush())
             break;

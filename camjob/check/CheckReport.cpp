@@ -392,6 +392,18 @@ dstv::NcError NoMemberType(const dstv::NcPart& part) {
             L"one that a member type of the job takes (code " + part.header.profileCode + L")"};
 }
 
+/// Of the reader and of the plug-in, by their lines.
+std::vector<dstv::NcNote> NotesOf(const dstv::NcFileEntity& entity,
+                                  const plugin::JobMember& member) {
+    std::vector<dstv::NcNote> notes = entity.getPart().notes;
+    for (const plugin::FeatureNote& note : member.GetNotes())
+        notes.push_back({dstv::NcNote::Severity::kNote, note.feature.tag, note.text});
+    std::stable_sort(notes.begin(), notes.end(), [](const auto& a, const auto& b) {
+        return a.line < b.line;
+    });
+    return notes;
+}
+
 /// Main parts answer as such, so that they are not judged as single parts.
 void TellAssemblies(dstv::NcFileEntity& entity, const job::Job& job) {
     for (const job::Assembly& assembly : job.assemblies)
@@ -408,7 +420,7 @@ CheckReport ReportOf(const dstv::NcFileEntity& entity,
     CheckReport report;
     report.file = entity.getPart().file;
     report.header = creator.getHeader();
-    report.notes = entity.getPart().notes;
+    report.notes = NotesOf(entity, member);
     const HoleSources sources(entity, creator.getNCStructure());
     report.holes = MakeHoleReports(member, sources);
     AddNotches(member.GetNotches(), false, sources, type, report.notches);

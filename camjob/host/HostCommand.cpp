@@ -72,8 +72,12 @@ int Host::Run() {
 }
 
 std::optional<std::vector<std::string>> Host::FindFiles(const job::Job& job) {
-    if (!m_options.files.empty())
-        return FindNcFiles(m_options.files);
+    if (!m_options.files.empty()) {
+        FoundNcFiles found = FindNcFiles(m_options.files);
+        for (const dstv::NcError& fault : found.faults)
+            Refuse(fault.describe().toUtf8());
+        return found.faults.empty() ? std::optional(std::move(found.files)) : std::nullopt;
+    }
     const job::NcFilesResult found = job::ExpandNcFiles(job);
     if (const auto* errors = std::get_if<std::vector<job::JobError>>(&found)) {
         for (const job::JobError& error : *errors)

@@ -83,7 +83,7 @@ class InitRun {
     }
 
     int Refuse(const std::string& text) {
-        m_err.Write("camjob: " + text + "\n");
+        m_err.Write(Printable(OneLine(ZetString::fromUtf8("camjob: " + text))) + "\n");
         return kExitBadInput;
     }
 
@@ -102,7 +102,11 @@ class InitRun {
     }
 
     int WriteDraftedJob() {
-        std::vector<std::string> files = FindNcFiles(m_options.from);
+        auto [files, faults] = FindNcFiles(m_options.from);
+        for (const dstv::NcError& fault : faults)
+            Refuse(fault.describe().toUtf8());
+        if (!faults.empty())
+            return Refuse("nothing was written");
         for (const job::TemplateFile& sample : m_samples)
             files.push_back(NameOf(sample.name));
         const JobDraft draft = DraftJob(SurveyNcFiles(files), m_folder);

@@ -3,8 +3,10 @@
 #include "camjob/console/Paths.h"
 
 #include <algorithm>
+#include <cstddef>
 #include <filesystem>
 #include <system_error>
+#include <utility>
 
 namespace camjob {
 
@@ -24,34 +26,66 @@ bool IsNcFile(const fs::path& file) {
     return ending == ".nc" || ending == ".nc1";
 }
 
-/// False when some folder of it cannot be listed. Links to folders are not followed: they may go
-/// round.
-bool FindIn(const fs::path& folder, std::vector<std::string>& files) {
-    std::error_code error;
-    for (fs::recursive_directory_iterator at(folder, error), end; !error && at != end;
-         at.increment(error)) {
-        std::error_code ignored;
-        if (IsNcFile(at->path()) && !at->is_directory(ignored))
-            files.push_back(Utf8FromPath(at->path().generic_u8string()));
+/// The files of one folder and those below. Links to folders are not followed: they may go round.
+class FolderSearch {
+  public:
+    explicit FolderSearch(FoundNcFiles& found) : m_found(found) {}
+
+    void Find(const std::string& name) {
+        const std::size_t files = m_found.files.size();
+        const std::size_t faults = m_found.faults.size();
+        List(PathFromUtf8(name));
+        std::sort(m_found.files.begin() + static_cast<std::ptrdiff_t>(files), m_found.files.end());
+        if (m_found.files.size() == files && m_found.faults.size() == faults)
+            Fault(PathFromUtf8(name), L"files in it that end with .nc or .nc1");
     }
-    std::sort(files.begin(), files.end());
-    return !error;
-}
+
+  private:
+    void List(const fs::path& folder) {
+        std::error_code error;
+        for (fs::directory_iterator at(folder, error), end; !error && at != end;
+             at.increment(error))
+            Take(*at);
+        if (error)
+            Fault(folder, L"one that can be listed (" + ReasonOf(error) + L")");
+    }
+
+    void Take(const fs::directory_entry& entry) {
+        std::error_code error;
+        const fs::file_status status = entry.symlink_status(error);
+        std::error_code ignored;
+        if (!fs::status_known(status))
+            Fault(entry.path(), L"something that can be looked at (" + ReasonOf(error) + L")");
+        else if (fs::is_directory(status))
+            List(entry.path());
+        else if (IsNcFile(entry.path()) && !entry.is_directory(ignored))
+            m_found.files.push_back(Utf8FromPath(entry.path().generic_u8string()));
+    }
+
+    void Fault(const fs::path& path, ZetString expected) {
+        const ZetString name = ZetString::fromUtf8(Utf8FromPath(path.generic_u8string()));
+        m_found.faults.push_back({name, 0, 0, L"folder", name, std::move(expected)});
+    }
+
+    static ZetString ReasonOf(const std::error_code& error) {
+        return ZetString::fromUtf8(error.default_error_condition().message());
+    }
+
+    FoundNcFiles& m_found;
+};
 
 }  // namespace
 
-std::vector<std::string> FindNcFiles(const std::vector<std::string>& names) {
-    std::vector<std::string> files;
+FoundNcFiles FindNcFiles(const std::vector<std::string>& names) {
+    FoundNcFiles found;
     for (const std::string& name : names) {
-        std::vector<std::string> found;
         std::error_code ignored;
-        const bool isFolder = fs::is_directory(PathFromUtf8(name), ignored);
-        if (isFolder && FindIn(PathFromUtf8(name), found) && !found.empty())
-            files.insert(files.end(), found.begin(), found.end());
+        if (fs::is_directory(PathFromUtf8(name), ignored))
+            FolderSearch(found).Find(name);
         else
-            files.push_back(name);
+            found.files.push_back(name);
     }
-    return files;
+    return found;
 }
 
 }  // namespace camjob

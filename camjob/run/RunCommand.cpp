@@ -106,7 +106,6 @@ class JobRunner {
     std::string FindNameFault(const ZetString& fileName) const;
     bool Write(plugin::JobRun& run, const StagedOutput& output);
     void TakeMembers(plugin::JobRun& run);
-    void NoteUnprinted(const std::string& file, const plugin::MemberResult& member);
     bool AddsUp();
     void TakeResults(plugin::JobRun& run, const fs::path& staging);
     std::vector<fs::path> FileNames(const ZetString& fileName) const;
@@ -372,27 +371,9 @@ void JobRunner::TakeMembers(plugin::JobRun& run) {
                 {dstv::NcNote::Severity::kNote, note.feature.tag, std::move(note.text)}
             });
         }
-        NoteUnprinted(m_memberFiles[i], members[i]);
         m_report.members.push_back({std::move(members[i]),
                                     std::move(m_memberFiles[i]),
                                     std::move(m_memberAccounts[i].features)});
-    }
-}
-
-/// A feature that is not made never vanishes: where the job leaves the finding unprinted, a note
-/// tells it.
-void JobRunner::NoteUnprinted(const std::string& file, const plugin::MemberResult& member) {
-    for (const plugin::Finding& finding : member.findings) {
-        if (!finding.isRefusal || finding.IsPrinted() || !finding.feature)
-            continue;
-        const ZetString name = ZetString::fromUtf8(job::kFindingTypes[finding.type].name);
-        m_report.notes.push_back({
-            file,
-            {dstv::NcNote::Severity::kNote,
-              finding.feature->tag,
-              ZetString::format(L"not made, unreported %s: %s", name, finding.text)}
-        });
-        ++m_report.input.notes;
     }
 }
 

@@ -7,6 +7,9 @@
 
 namespace plugin {
 
+/// Views at this position and above lie in a plane of their own.
+inline constexpr int kFirstPlanePosition = 5;
+
 /// What a feature of the NC data is.
 enum class FeatureKind {
     kHole,         ///< round or threaded

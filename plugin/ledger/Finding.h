@@ -24,6 +24,8 @@ struct Finding {
     std::optional<Feature> feature = {};  ///< nothing: the member as a whole
     /// The feature is not made because of it, whatever becomes of the member.
     bool isRefusal = false;
+    /// The feature is set aside for another one.
+    bool isSetAside = false;
 
     bool IsError() const { return report == eReportingError || report == eReportingSecondError; }
     /// It stands in the file of errors or in that of warnings.

@@ -1,8 +1,13 @@
 #include "plugin/rules/JobMember.h"
 
+#include <algorithm>
+
 namespace plugin {
 
 namespace {
+
+constexpr const wchar_t* kMarksFormat =
+    L"not for this machine: %d marks and texts; \"marks = true\" of the member type makes them";
 
 /// A place of a view in the frame of its face, as holes get there.
 ZetGeomPoint2d OnFace(const ZetGeomPoint2d& point, const CViewData& view) {
@@ -53,33 +58,38 @@ MachineOperation OperationOf(const ZetNCNumeration& text, const CViewData& view)
 
 }  // namespace
 
-/// A standard face as it is; a plane of its own as a record that lies on it, with no face where
-/// there is none.
-CViewData JobMember::ViewDataOf(int viewPosition) const {
-    CViewData data;
-    data.SetHoleFace(FaceAtView(viewPosition));
-    if (data.GetHoleFace() != eHoleFaceNone)
-        return data;
-    for (const auto* holes : {&m_holes, &m_cskHoles, &m_duplicateHoles})
-        for (const CHoleAddlInfo& hole : *holes)
-            if (ViewOf(hole) == viewPosition)
-                return hole.GetViewData();
-    return data;
+/// Where the member type does not ask for them, one note tells them all.
+void JobMember::NoteMarks() {
+    if (m_type.areMarksMade)
+        return;
+    long first = 0;
+    long count = 0;
+    const auto claim = [&](const auto& features) {
+        for (const auto& feature : features) {
+            m_ledger.Claim(feature.hostTag, Account::kNotForMachine);
+            first = count == 0 ? feature.hostTag : std::min(first, feature.hostTag);
+            ++count;
+        }
+    };
+    for (const ZetNCView& view : m_structure.getViews()) {
+        claim(view.getMarks());
+        claim(view.getNumerations());
+    }
+    if (const std::optional<Feature> feature = FeatureOf(first); feature && count > 0)
+        m_notes.push_back({*feature, ZetString::format(kMarksFormat, count)});
 }
 
 /// Marks and texts: records where the member type asks for them.
 void JobMember::MakeMarks() {
+    if (!m_type.areMarksMade)
+        return;
     for (const ZetNCView& view : m_structure.getViews()) {
         if (view.getMarks().isEmpty() && view.getNumerations().isEmpty())
             continue;
         const CViewData data = ViewDataOf(view.getViewPos());
         const auto make = [&](const auto& features) {
-            for (const auto& feature : features) {
-                if (m_type.areMarksMade)
-                    AddOperation(OperationOf(feature, data), feature.hostTag);
-                else
-                    m_ledger.Claim(feature.hostTag, Account::kNotForMachine);
-            }
+            for (const auto& feature : features)
+                AddOperation(OperationOf(feature, data), feature.hostTag);
         };
         make(view.getMarks());
         make(view.getNumerations());

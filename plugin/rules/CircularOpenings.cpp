@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 #include <optional>
 #include <utility>
 
@@ -11,8 +12,10 @@ namespace plugin {
 
 namespace {
 
-/// How far an opening may be off the circle, its arcs being chords, mm.
+/// How far an opening may be off the circle, mm.
 constexpr double kCircleTolerance = 0.05 + 1e-6;
+/// How far the chords of its arcs may be off these, mm.
+constexpr double kChordTolerance = 0.05;
 /// A square's corners lie on a circle, too.
 constexpr std::size_t kFewestCorners = 6;
 
@@ -40,19 +43,25 @@ std::optional<ZetNCHoleData> HoleOf(const ZetNCContour& opening) {
     if (corners.size() < kFewestCorners || AreaOf(corners) <= 0.0)
         return std::nullopt;
     const ZetGeomPoint2d centre = CentreOf(corners);
-    double least = (corners[0] - centre).length();
-    double most = least;
+    double least = std::numeric_limits<double>::infinity();
+    double most = 0.0;
+    double nearestChord = least;
     for (std::size_t i = 0; i < corners.size(); ++i) {
         const ZetGeomPoint2d& next = corners[(i + 1) % corners.size()];
-        least = std::min(least, (MiddleOf(corners[i], next) - centre).length());
-        most = std::max(most, (corners[i] - centre).length());
+        const double radius = (corners[i] - centre).length();
+        least = std::min(least, radius);
+        most = std::max(most, radius);
+        nearestChord = std::min(nearestChord, (MiddleOf(corners[i], next) - centre).length());
     }
-    if (!(most - least <= kCircleTolerance))
+    const double radius = (least + most) * 0.5;
+    const bool isCircle = most - radius <= kCircleTolerance &&
+                          radius - nearestChord <= kCircleTolerance + kChordTolerance;
+    if (!isCircle)
         return std::nullopt;
     ZetNCHoleData hole;
     hole.x = centre.x;
     hole.y = centre.y;
-    hole.size = 2.0 * most;
+    hole.size = 2.0 * radius;
     hole.hostTag = opening.hostTag;
     return hole;
 }

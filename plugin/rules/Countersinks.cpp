@@ -6,7 +6,6 @@
 #include <algorithm>
 #include <cmath>
 #include <limits>
-#include <vector>
 
 // The library joins a countersink and a hole of any kind at exactly one place. Here it is a round
 // hole, and the place is the same within the tolerances.
@@ -59,13 +58,13 @@ void JobMember::JoinCountersinks() {
     for (long i = 0; i < m_holes.length(); ++i)
         if (CanBeCountersunk(m_holes[i]))
             holes.Add(i, m_holes[i].GetXPos(), 0.0);
-    std::vector<CHoleAddlInfo> sinks(m_cskHoles.begin(), m_cskHoles.end());
-    std::stable_sort(sinks.begin(), sinks.end(), [](const auto& a, const auto& b) {
+    std::stable_sort(m_cskHoles.begin(), m_cskHoles.end(), [](const auto& a, const auto& b) {
         return a.GetHoleData().hostTag < b.GetHoleData().hostTag;
     });
-    for (const CHoleAddlInfo& sink : sinks) {
+    for (CHoleAddlInfo& sink : m_cskHoles) {
         const long index = FindHoleOf(sink, holes);
         if (index < 0 || m_holes[index].GetIsCSK()) {
+            sink.SetValid(false);
             FileHole({.type = job::kLoneCountersink,
                       .text = index < 0 ? kNoHoleText : kSecondText,
                       .isRefusal = true},

@@ -1,11 +1,11 @@
 #include "plugin/rules/FlangeZero.h"
 #include "plugin/rules/JobMember.h"
+#include "plugin/rules/MitreShortening.h"
 
 #include "camdata/tolerance/CMxGeom.h"
 
 #include <algorithm>
 #include <cmath>
-#include <numbers>
 
 // Holes in what outlines and mitres leave away.
 
@@ -17,19 +17,6 @@ constexpr int kTopFlangeView = 0;
 constexpr int kWebView = 1;
 constexpr int kBottomFlangeView = 2;
 constexpr int kWebBackView = 3;
-
-/// What a mitre takes from the member at a place.
-struct Shortening {
-    double amount = 0.0;  ///< along the member, from where the cut leaves it longest
-    double tangent = 0.0;
-};
-
-/// `across` runs from 0 to `width` over the faces that show the cut's angle.
-Shortening ShorteningBy(const ZetNCCut& cut, double across, double width) {
-    const double tangent = std::tan(cut.angle * std::numbers::pi / 180.0);
-    const bool isLongestAtZero = (tangent > 0.0) == (cut.end == ZetNCCut::eEndEnd);
-    return {std::abs(tangent) * (isLongestAtZero ? across : width - across), tangent};
-}
 
 }  // namespace
 

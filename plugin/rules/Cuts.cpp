@@ -1,6 +1,12 @@
 #include "plugin/rules/JobMember.h"
+#include "plugin/rules/MitreShortening.h"
 
 #include "camdata/tolerance/CMxGeom.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <utility>
 
 namespace plugin {
 
@@ -8,6 +14,8 @@ namespace {
 
 constexpr const wchar_t* kInsideFormat =
     L"The cut lies at X %.1f, not at an end of the member: it is not made";
+constexpr const wchar_t* kRunOutFormat =
+    L"The mitres take %.1f off an edge of the %s, more than the member is long: none is made";
 
 }  // namespace
 
@@ -25,6 +33,46 @@ void JobMember::CheckCuts() {
                          .found = cut.x,
                          .feature = FeatureOf(cut.hostTag),
                          .isRefusal = true});
+    }
+    DropMitresThatRunOut();
+}
+
+/// The most that the mitres of the web or of the flanges take off one of its edges, at both ends
+/// together.
+double JobMember::RunOutOf(int cutFace) const {
+    const ZetNCHeaderData& header = m_memType.GetHeaderData();
+    const double depth = IsPlate() ? header.thickness : header.width;
+    const double width = cutFace == ZetNCCut::eFaceWeb ? header.height : depth;
+    double most = 0.0;
+    for (const double across : {0.0, width}) {
+        std::array<double, 2> taken = {};  // by ZetNCCut::End
+        for (const ZetNCCut& cut : m_mitres) {
+            double& atEnd = taken[static_cast<std::size_t>(cut.end)];
+            if (cut.face == cutFace)
+                atEnd = std::max(atEnd, ShorteningBy(cut, across, width).amount);
+        }
+        most = std::max(most, taken[0] + taken[1]);
+    }
+    return most;
+}
+
+void JobMember::DropMitresThatRunOut() {
+    for (const int face : {int{ZetNCCut::eFaceWeb}, int{ZetNCCut::eFaceFlange}}) {
+        const double runOut = RunOutOf(face);
+        if (runOut <= GetLength() + std::abs(CMxGeom::GetXTol()))
+            continue;
+        const ZetString word = face == ZetNCCut::eFaceWeb ? L"web" : L"flange";
+        for (const ZetNCCut& cut : std::exchange(m_mitres, {})) {
+            if (cut.face != face)
+                m_mitres.push_back(cut);
+            else
+                FileFinding({.type = job::kUnclearCut,
+                             .text = ZetString::format(kRunOutFormat, runOut, word),
+                             .required = GetLength(),
+                             .found = runOut,
+                             .feature = FeatureOf(cut.hostTag),
+                             .isRefusal = true});
+        }
     }
 }
 

@@ -7,7 +7,8 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
-#include <iterator>
+#include <cstddef>
+#include <utility>
 
 // Where holes lie: whether on their face, how near to its edges and to the ends.
 
@@ -16,17 +17,12 @@ namespace plugin {
 namespace {
 
 constexpr const wchar_t* kOutsideText = L"It lies outside of its face or of the member";
-constexpr const wchar_t* kUnclearPlaneFormat =
-    L"The plane shows neither the web nor, within the tolerance, a flange: it counts as %s, like "
-    L"the view before it";
 
 constexpr int kLineIndent = 20;  ///< as the library's own lines of a hole
 constexpr ZetFormatString<ZetString, double, double> kPlateEdgeFormat =
     L"%sDistance (%.1f) from the edge of the plate is less than %.1f";
 constexpr ZetFormatString<ZetString, double, double> kEndFormat =
     L"%sEnd distance (%.1f) is less than %.1f";
-
-constexpr int kFirstPlanePosition = 5;
 
 /// A limit below 0 is a multiple of the diameter.
 double LimitFor(double limit, double diameter) {
@@ -42,32 +38,6 @@ std::vector<ZetGeomPoint2d> CentresOf(const CHoleAddlInfo& hole) {
     return {
         centre + end, {centre.x - end.x, centre.y - end.y}
     };
-}
-
-/// The limit that a line of the library is about.
-struct LineLimit {
-    const wchar_t* fragment;
-    double (*limit)();
-};
-constexpr LineLimit kLineLimits[] = {
-    {L"Edge distance", &CMxGeom::GetMinEdgeDist        },
-    {L"flange is",     &CMxGeom::GetMinEdgeDistFromFace},
-    {L"distance",      &CMxGeom::GetMinEndDist         },
-    {L"Distance",      &CMxGeom::GetMinEdgeDist        },
-};
-
-double LimitOf(const ZetString& line, double diameter) {
-    const auto* const row =
-        std::find_if(std::begin(kLineLimits), std::end(kLineLimits), [&](const LineLimit& each) {
-            return line.contains(each.fragment);
-        });
-    return row == std::end(kLineLimits) ? 0.0 : LimitFor(row->limit(), diameter);
-}
-
-/// The number in the first brackets.
-double NumberIn(const ZetString& line) {
-    const long bracket = line.find(L"(");
-    return bracket < 0 ? 0.0 : line.mid(bracket + 1).toDouble();
 }
 
 }  // namespace
@@ -144,19 +114,53 @@ void JobMember::CheckDistances() {
     for (CHoleAddlInfo& hole : m_holes) {
         if (!hole.GetValid())
             continue;
-        if (outline != nullptr || IsRound())
-            CheckDistancesOf(hole, outline);
-        else
+        const bool isOurs = outline != nullptr || IsRound();
+        const std::vector<ShortDistance> distances =
+            isOurs ? CheckDistancesOf(hole, outline) : ShortDistancesOf(hole);
+        if (!isOurs)
             hole.CheckEdgeAndEndDist(m_memType, length);
         // Not without lines: they would make the member invalid or non-standard too.
         ZetArray<ZetString> lines;
         if (hole.GetWarMsg(lines))
-            FileDistances(hole, lines);
+            FileDistances(hole, lines, distances);
     }
 }
 
+/// Those that the library tells in a section, in the order of its lines.
+std::vector<JobMember::ShortDistance> JobMember::ShortDistancesOf(const CHoleAddlInfo& hole) const {
+    const eHoleFace face = hole.GetViewData().GetHoleFace();
+    const bool isWeb = face == eHoleFaceWeb || face == eHoleFaceWebBack;
+    const bool isTop = face == eHoleFaceTopFlange || face == eHoleFaceSlopedTopFlange;
+    const double flange = isTop ? GetTopFlangeWidth() : GetBotFlangeWidth();
+    const double farEdge = hole.GetYPosForCheck(std::max(isWeb ? GetWebWidth() : flange, 0.0));
+    const double farEnd = hole.GetXPosForCheck(std::max(GetLength(), 0.0));
+    const double edge = CMxGeom::GetMinEdgeDist();
+    const double fromFace = CMxGeom::GetMinEdgeDistFromFace();
+    const double end = CMxGeom::GetMinEndDist();
+    struct Check {
+        bool isMade;
+        double distance;
+        bool (*isSufficient)(double, double);
+        double limit;
+    };
+    const Check checks[] = {
+        {!isWeb, farEdge,                   CMxGeom::CheckEdgeDist,         edge    },
+        {true,   hole.GetYPosForCheck(0.0), CMxGeom::CheckEdgeDistFromFace, fromFace},
+        {isWeb,  farEdge,                   CMxGeom::CheckEdgeDistFromFace, fromFace},
+        {true,   hole.GetXPosForCheck(0.0), CMxGeom::CheckEndDist,          end     },
+        {true,   farEnd,                    CMxGeom::CheckEndDist,          end     },
+    };
+    CMxGeom::SetTol(eTolEPS);
+    std::vector<ShortDistance> distances;
+    for (const Check& check : checks)
+        if (check.isMade && !check.isSufficient(check.distance, hole.GetSize()))
+            distances.push_back({LimitFor(check.limit, hole.GetSize()), check.distance});
+    return distances;
+}
+
 /// To the outline of a plate, or (null) to the ends of a round section.
-void JobMember::CheckDistancesOf(CHoleAddlInfo& hole, const FaceOutline* outline) {
+std::vector<JobMember::ShortDistance> JobMember::CheckDistancesOf(CHoleAddlInfo& hole,
+                                                                  const FaceOutline* outline) {
     const double size = hole.GetSize();
     const double edge = LimitFor(CMxGeom::GetMinEdgeDist(), size);
     const double end = LimitFor(CMxGeom::GetMinEndDist(), size);
@@ -170,43 +174,39 @@ void JobMember::CheckDistancesOf(CHoleAddlInfo& hole, const FaceOutline* outline
             toEnd = std::min({toEnd, centre.x, GetLength() - centre.x});
     }
     const ZetString indent = CMxUtil::GetSpaces(kLineIndent, false);
-    if (outline != nullptr && !CMxGeom::CheckEdgeDist(toEdge, size))
+    if (outline != nullptr && !CMxGeom::CheckEdgeDist(toEdge, size)) {
         hole.AppendMsg(eHoleMsgWarning, ZetString::format(kPlateEdgeFormat, indent, toEdge, edge));
-    if (outline == nullptr && !CMxGeom::CheckEndDist(toEnd, size))
+        return {
+            {edge, toEdge}
+        };
+    }
+    if (outline == nullptr && !CMxGeom::CheckEndDist(toEnd, size)) {
         hole.AppendMsg(eHoleMsgWarning, ZetString::format(kEndFormat, indent, toEnd, end));
+        return {
+            {end, toEnd}
+        };
+    }
+    return {};
 }
 
-void JobMember::FileDistances(const CHoleAddlInfo& hole, const ZetArray<ZetString>& lines) {
+void JobMember::FileDistances(const CHoleAddlInfo& hole,
+                              const ZetArray<ZetString>& lines,
+                              const std::vector<ShortDistance>& distances) {
     ZetArray<ZetString> printed;
     for (const ZetString& line : lines)
         printed.append(WithoutNegativeZeros(line));
     Tell(job::kHoleDistance, printed);
-    // The first line names the hole.
-    for (long i = 1; i < lines.length(); ++i)
-        RecordFinding({.type = job::kHoleDistance,
-                       .text = lines[i].trimmedLeft(),
-                       .required = LimitOf(lines[i], hole.GetSize()),
-                       .found = NumberIn(lines[i]),
-                       .feature = FeatureOf(hole.GetHoleData().hostTag)});
-}
-
-/// A plane that the library takes for none of the member's faces has the face of the view before
-/// it, and nothing else.
-void JobMember::CheckPlanes() {
-    std::set<long> told;
-    const auto check = [&](long tag, const CViewData& view) {
-        const std::optional<Feature> feature = FeatureOf(tag);
-        const bool isUnclear = feature && feature->viewPosition >= kFirstPlanePosition &&
-                               view.GetFaceStr() == CViewData().GetFaceStr();
-        if (isUnclear && told.insert(feature->viewPosition).second)
-            FileFinding({.type = job::kUnclearPlane,
-                         .text = ZetString::format(kUnclearPlaneFormat, view.GetFaceStrForOutPut()),
-                         .feature = feature});
-    };
-    for (const CHoleAddlInfo& hole : m_holes)
-        check(hole.GetHoleData().hostTag, hole.GetViewData());
-    for (const CNotchAddInfo& notch : m_notches)
-        check(notch.GetContour().hostTag, notch.GetViewData());
+    // The first line names the hole, each other one a distance.
+    for (long i = 1; i < lines.length(); ++i) {
+        Finding finding = {.type = job::kHoleDistance,
+                           .text = lines[i].trimmedLeft(),
+                           .feature = FeatureOf(hole.GetHoleData().hostTag)};
+        if (const auto index = static_cast<std::size_t>(i - 1); index < distances.size()) {
+            finding.required = distances[index].required;
+            finding.found = distances[index].found;
+        }
+        RecordFinding(std::move(finding));
+    }
 }
 
 }  // namespace plugin

@@ -18,6 +18,9 @@ namespace plugin {
 
 namespace {
 
+/// What numbers of findings are rounded to.
+constexpr int kDecimals = 6;
+
 ZetString Indented(const ZetString& text) {
     return MemberLineIndent() + text;
 }
@@ -68,6 +71,7 @@ std::size_t JobMember::GetGroupPosition() const {
 void JobMember::ValidateMember() {
     ApplyFlangeZeros(m_structure, m_type);
     TakeCircularOpenings(m_structure, m_notes);
+    SeePlanes();
     GetAndSortHolesNotches();
     CheckOutlines();
     SetAsideNotches();
@@ -88,6 +92,7 @@ void JobMember::ValidateMember() {
     CheckLimits();
     CheckQuantity();
     CheckStockLength();
+    NoteMarks();
     WriteFormats();
 }
 
@@ -108,9 +113,24 @@ void JobMember::RecordFinding(Finding finding) {
     finding.report = ReportTypeOf(finding.type);
     if (finding.rule.isEmpty())
         finding.rule = m_type.id;
+    for (std::optional<double>* number : {&finding.required, &finding.found})
+        if (*number)
+            *number = CMxGeom::Round_CAM(**number, kDecimals);
     if (finding.feature && (finding.isRefusal || finding.IsError()))
         m_ledger.Claim(finding.feature->tag, Account::kRefused);
+    NoteUnprinted(finding);
     m_findings.push_back(std::move(finding));
+}
+
+/// A feature that is not made never vanishes: where the job leaves the finding unprinted, a note
+/// tells it.
+void JobMember::NoteUnprinted(const Finding& finding) {
+    if ((!finding.isRefusal && !finding.isSetAside) || finding.IsPrinted() || !finding.feature)
+        return;
+    const ZetString name = ZetString::fromUtf8(job::kFindingTypes[finding.type].name);
+    m_notes.push_back(
+        {*finding.feature,
+         ZetString::format(L"not made, unreported %s: %s", name, finding.text)});
 }
 
 void JobMember::FileFinding(Finding finding) {
@@ -229,6 +249,7 @@ void JobMember::ReleaseSources() {
     m_machineMember = {};
     m_operationTags = {};
     m_plate.reset();
+    m_planes.clear();
     m_outlines.clear();
     m_notches = {};
     m_duplicateNotches = {};

@@ -159,6 +159,11 @@ class JobMember : public CMxPeilaib {
     double m_weightPerMetre = 0.0;
 
     class HoleSettlement;
+    /// What a hole has to keep and does not, mm.
+    struct ShortDistance {
+        double required;
+        double found;
+    };
     struct NotchSum;
     /// Tag, face and position.
     using HolePlace = std::tuple<long, eHoleFace, double, double>;
@@ -182,6 +187,7 @@ class JobMember : public CMxPeilaib {
     /// Files a finding whose lines stand in the library's lists already, or nowhere.
     void RecordFinding(Finding finding);
     void FileError(Finding finding);
+    void NoteUnprinted(const Finding& finding);
     void FileHole(Finding finding, const CHoleAddlInfo& hole);
     void FileNotch(Finding finding, CNotchAddInfo notch);
     std::optional<Feature> FeatureOf(long tag) const;
@@ -192,7 +198,10 @@ class JobMember : public CMxPeilaib {
     std::optional<FaceBox> FaceOfView(int viewPosition) const;
     static eHoleFace FaceAtView(int viewPosition);
     void CheckOutlines();
-    void RefuseContour(job::ValidationType type, const ZetString& text, long tag);
+    void RefuseContour(job::ValidationType type,
+                       const ZetString& fault,
+                       const ZetNCContour& contour,
+                       int viewPosition);
     bool TakeOutline(const ZetNCContour& outline, const ZetNCView& view, const NotchSum& sum);
     bool CheckOpening(const ZetNCContour& opening, int viewPosition);
     bool IsBeyond(const std::vector<ZetGeomPoint2d>& corners, int viewPosition);
@@ -204,6 +213,7 @@ class JobMember : public CMxPeilaib {
     void SettleSetAsideHoles();
     void OrderByView();
     void FileMarked(const CHoleAddlInfo& hole);
+    void ChooseOfMutual(std::vector<CHoleAddlInfo>& open);
     void FileSetAside(const CHoleAddlInfo& hole, SetAside reason, const CHoleAddlInfo& other);
     void AddSetAside(long tag, SetAside reason, long otherTag);
     long ViewOf(const CHoleAddlInfo& hole) const;
@@ -217,14 +227,18 @@ class JobMember : public CMxPeilaib {
     void TakeRectangularHoles();
 
     void CheckDistances();
-    void CheckDistancesOf(CHoleAddlInfo& hole, const FaceOutline* outline);
-    void FileDistances(const CHoleAddlInfo& hole, const ZetArray<ZetString>& lines);
+    std::vector<ShortDistance> ShortDistancesOf(const CHoleAddlInfo& hole) const;
+    std::vector<ShortDistance> CheckDistancesOf(CHoleAddlInfo& hole, const FaceOutline* outline);
+    void FileDistances(const CHoleAddlInfo& hole,
+                       const ZetArray<ZetString>& lines,
+                       const std::vector<ShortDistance>& distances);
     void CheckPlaces();
     const FaceOutline* PlateOutline();
     std::optional<Finding> OutsideOf(const CHoleAddlInfo& hole, const FaceOutline* outline) const;
     bool IsCutAway(const CHoleAddlInfo& hole) const;
     const FaceOutline* OutlineOf(int viewPosition) const;
     bool IsBeyondMitre(const ZetGeomPoint2d& centre, int viewPosition, double reach) const;
+    void SeePlanes();
     void CheckPlanes();
 
     void CodeHoles();
@@ -267,9 +281,12 @@ class JobMember : public CMxPeilaib {
 
     static HolePlace PlaceOf(const CHoleAddlInfo& hole);
     void CheckCuts();
+    double RunOutOf(int cutFace) const;
+    void DropMitresThatRunOut();
     void MakeTrims();
     void MakeMitres();
     CViewData ViewDataOf(int viewPosition) const;
+    void NoteMarks();
     void MakeMarks();
     void MakeOperations();
     void AddOperation(MachineOperation operation, long tag);
@@ -290,6 +307,7 @@ class JobMember : public CMxPeilaib {
     /// By hole; null: no rule. Only while the member is validated.
     std::vector<const HoleRuleMatcher::Entry*> m_entryOfHole;
     std::optional<FaceOutline> m_plate;     ///< its outline, or its box
+    std::map<int, CViewData> m_planes;      ///< by view position
     std::map<int, FaceOutline> m_outlines;  ///< by view position; those that operations tell
     bool m_hasPieces = true;
     std::vector<Trim> m_trims;

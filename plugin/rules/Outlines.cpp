@@ -28,6 +28,8 @@ constexpr const wchar_t* kSeveralText =
 constexpr const wchar_t* kLostAreaFormat =
     L"The outline is not what its notches leave: it cuts %.1f mm2 off its box, they cut %.1f";
 constexpr const wchar_t* kOutsideText = L"A notch of the outline lies outside of the outline's box";
+constexpr const wchar_t* kContourFormat =
+    L"%s: %s, from (X:%.1f, Y:%.1f) to (X:%.1f, Y:%.1f)";
 constexpr const wchar_t* kTrimFormat =
     L"No trim covers it: the %s is cut off at its %s, to %s %.1f";
 
@@ -35,8 +37,6 @@ constexpr const wchar_t* kTrimFormat =
 constexpr double kAreaTolerance = 1.0;
 /// What lies nearer to a side of the box counts as lying on it, in the library too, mm.
 constexpr double kTouch = 0.05 + 1e-6;
-
-constexpr int kFirstPlanePosition = 5;
 
 /// What is nowhere wider has no area, mm.
 constexpr double kNarrow = 0.01;
@@ -46,26 +46,6 @@ constexpr std::array kSideWords = {L"start", L"end", L"lower edge", L"upper edge
 
 bool IsAcross(job::TrimSide side) {
     return side == job::TrimSide::kLower || side == job::TrimSide::kUpper;
-}
-
-/// The area between a box and the edges of an outline that run along its sides, close to them.
-double AreaAlongSides(const std::vector<ZetGeomPoint2d>& corners, const FaceBox& box) {
-    const auto distances = [&](const ZetGeomPoint2d& p) {
-        return std::array{p.x - box.minX, box.maxX - p.x, p.y - box.minY, box.maxY - p.y};
-    };
-    double area = 0.0;
-    for (std::size_t i = 0; i < corners.size(); ++i) {
-        const ZetGeomPoint2d& a = corners[i];
-        const ZetGeomPoint2d& b = corners[(i + 1) % corners.size()];
-        const auto atA = distances(a);
-        const auto atB = distances(b);
-        for (std::size_t side = 0; side < atA.size(); ++side) {
-            const double along = side < 2 ? std::abs(b.y - a.y) : std::abs(b.x - a.x);
-            if (atA[side] <= kTouch && atB[side] <= kTouch)
-                area += along * (atA[side] + atB[side]) * 0.5;
-        }
-    }
-    return area;
 }
 
 std::vector<ZetGeomPoint2d> CornersOf(const CNotchAddInfo& notch) {
@@ -172,8 +152,21 @@ void JobMember::CheckOutlines() {
     DropNotches(m_duplicateNotches, refused);
 }
 
-void JobMember::RefuseContour(job::ValidationType type, const ZetString& text, long tag) {
-    FileFinding({.type = type, .text = text, .feature = FeatureOf(tag), .isRefusal = true});
+void JobMember::RefuseContour(job::ValidationType type,
+                              const ZetString& fault,
+                              const ZetNCContour& contour,
+                              int viewPosition) {
+    const FaceBox box = BoxOf(CornersOf(contour));
+    FileFinding({.type = type,
+                 .text = ZetString::format(kContourFormat,
+                                           fault,
+                                           ViewDataOf(viewPosition).GetFaceStrForOutPut(),
+                                           box.minX,
+                                           box.minY,
+                                           box.maxX,
+                                           box.maxY),
+                 .feature = FeatureOf(contour.hostTag),
+                 .isRefusal = true});
 }
 
 /// False when operations cannot tell it.
@@ -182,7 +175,7 @@ bool JobMember::TakeOutline(const ZetNCContour& outline,
                             const NotchSum& sum) {
     const ZetString fault = FaultOf(outline, view, sum);
     if (!fault.isEmpty()) {
-        RefuseContour(job::kUnclearCut, fault, outline.hostTag);
+        RefuseContour(job::kUnclearCut, fault, outline, view.getViewPos());
         return false;
     }
     m_outlines.insert_or_assign(view.getViewPos(), FaceOutline(CornersOf(outline)));
@@ -200,9 +193,9 @@ bool JobMember::CheckOpening(const ZetNCContour& opening, int viewPosition) {
     if (opening.hostTag == 0 || (!hasNoArea && !IsBeyond(corners, viewPosition)))
         return true;
     if (hasNoArea)
-        RefuseContour(job::kUnclearCut, kOpeningNoAreaText, opening.hostTag);
+        RefuseContour(job::kUnclearCut, kOpeningNoAreaText, opening, viewPosition);
     else
-        RefuseContour(job::kHoleOutside, kOpeningBeyondText, opening.hostTag);
+        RefuseContour(job::kHoleOutside, kOpeningBeyondText, opening, viewPosition);
     return false;
 }
 
@@ -240,8 +233,7 @@ ZetString JobMember::FaultOf(const ZetNCContour& outline,
     if (sum.hasNotches && !IsWithin(sum.box, box))
         return kOutsideText;
     const double cut = box.Area() - AreaOf(corners);
-    const double rest = cut - sum.area;
-    if (rest < -kAreaTolerance || rest > kAreaTolerance + AreaAlongSides(corners, box))
+    if (std::abs(cut - sum.area) > kAreaTolerance)
         return ZetString::format(kLostAreaFormat, cut, sum.area);
     return {};
 }

@@ -15,6 +15,7 @@ namespace plugin {
 
 namespace {
 
+constexpr const wchar_t* kMarkedText = L"set aside, the NC data mark it so: ";
 constexpr const wchar_t* kInsideSlotFormat = L"Left out, it lies inside a slot: %s; the slot: %s";
 constexpr const wchar_t* kDuplicateFormat =
     L"Left out, it repeats or touches another hole: %s; the other: %s";
@@ -49,10 +50,23 @@ class JobMember::HoleSettlement {
     bool SetAsideFor(const CHoleAddlInfo& hole) {
         for (const SetAside reason : {SetAside::kInsideSlot, SetAside::kDuplicate})
             if (const CHoleAddlInfo* other = FindOther(hole, reason)) {
-                m_member.FileSetAside(hole, reason, *other);
+                const bool isTheSame = Repeats(*other, hole) && other->IsEqual(hole);
+                m_member.FileSetAside(hole, isTheSame ? SetAside::kDuplicate : reason, *other);
                 return true;
             }
         return false;
+    }
+    /// A slot that is set aside for a hole inside it, which stands behind it in the file, takes
+    /// that hole's place.
+    void ChooseSlot(CHoleAddlInfo& slot) {
+        m_kept.FindNear(slot.GetXPos(), ReachOf(slot), [&](long index) {
+            CHoleAddlInfo& kept = m_member.m_holes[index];
+            const bool isMutual = kept.GetHoleData().hostTag > slot.GetHoleData().hostTag &&
+                                  slot.IsInside(kept) && Repeats(kept, slot);
+            if (isMutual)
+                std::swap(kept, slot);
+            return isMutual;
+        });
     }
     void TakeBack(const CHoleAddlInfo& hole) {
         m_member.m_holes.append(hole);
@@ -79,8 +93,9 @@ class JobMember::HoleSettlement {
         return found;
     }
     bool IsReason(const CHoleAddlInfo& kept, const CHoleAddlInfo& hole, SetAside reason) const {
-        if (reason == SetAside::kInsideSlot)
-            return kept.IsInside(hole);
+        return reason == SetAside::kInsideSlot ? kept.IsInside(hole) : Repeats(kept, hole);
+    }
+    bool Repeats(const CHoleAddlInfo& kept, const CHoleAddlInfo& hole) const {
         return m_member.ViewOf(kept) == m_member.ViewOf(hole) && kept == hole;
     }
 
@@ -107,8 +122,9 @@ void JobMember::SettleSetAsideHoles() {
     std::stable_sort(open.begin(), open.end(), [](const auto& a, const auto& b) {
         return a.GetHoleData().hostTag < b.GetHoleData().hostTag;
     });
-    HoleSettlement settlement(*this);
     const long kept = m_holes.length();
+    ChooseOfMutual(open);
+    HoleSettlement settlement(*this);
     // What comes back may be what others wait for, so one at a time.
     for (auto end = open.end(); !open.empty(); end = open.end()) {
         open.erase(
@@ -121,6 +137,20 @@ void JobMember::SettleSetAsideHoles() {
         open.erase(open.begin());
     }
     if (m_holes.length() > kept)
+        OrderByView();
+}
+
+/// Of holes that set each other aside, the first in the file is made.
+void JobMember::ChooseOfMutual(std::vector<CHoleAddlInfo>& open) {
+    HoleSettlement settlement(*this);
+    bool isChanged = false;
+    for (CHoleAddlInfo& hole : open) {
+        const long tag = hole.GetHoleData().hostTag;
+        if (hole.GetIsSlot())
+            settlement.ChooseSlot(hole);
+        isChanged = isChanged || hole.GetHoleData().hostTag != tag;
+    }
+    if (isChanged)
         OrderByView();
 }
 
@@ -141,6 +171,8 @@ void JobMember::FileMarked(const CHoleAddlInfo& hole) {
     m_duplicateHoles.append(hole);
     m_reasons.push_back(SetAside::kMarked);
     AddSetAside(hole.GetHoleData().hostTag, SetAside::kMarked, 0);
+    if (const std::optional<Feature> feature = FeatureOf(hole.GetHoleData().hostTag))
+        m_notes.push_back({*feature, kMarkedText + TextOf(hole)});
 }
 
 void JobMember::FileSetAside(const CHoleAddlInfo& hole,
@@ -154,7 +186,8 @@ void JobMember::FileSetAside(const CHoleAddlInfo& hole,
                                : ZetString::format(kDuplicateFormat, TextOf(hole), TextOf(other));
     FileFinding({.type = isInSlot ? job::kHoleInsideSlot : job::kDuplicateHole,
                  .text = text,
-                 .feature = FeatureOf(hole.GetHoleData().hostTag)});
+                 .feature = FeatureOf(hole.GetHoleData().hostTag),
+                 .isSetAside = true});
     AddSetAside(hole.GetHoleData().hostTag, reason, other.GetHoleData().hostTag);
 }
 
@@ -170,7 +203,7 @@ std::vector<MemberHole> JobMember::CollectHoles() const {
     for (const CHoleAddlInfo& hole : m_holes)
         holes.push_back({hole, SetAside::kNot});
     for (const CHoleAddlInfo& hole : m_cskHoles)
-        holes.push_back({hole, SetAside::kCountersink});
+        holes.push_back({hole, hole.GetValid() ? SetAside::kCountersink : SetAside::kNot});
     for (long i = 0; i < m_duplicateHoles.length(); ++i)
         holes.push_back({m_duplicateHoles[i], m_reasons[static_cast<std::size_t>(i)]});
     return holes;

@@ -63,7 +63,8 @@ void JobMember::SetAsideNotches() {
                    .text = ZetString::format(kDuplicateFormat,
                                              repeated.GetViewData().GetFaceStrForOutPut(),
                                              repeated.GetXPos(),
-                                             repeated.GetYPos())},
+                                             repeated.GetYPos()),
+                   .isSetAside = true},
                   notch);
         AddSetAside(
             notch.GetContour().hostTag, SetAside::kDuplicate, repeated.GetContour().hostTag);
