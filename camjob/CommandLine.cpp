@@ -75,7 +75,7 @@ void DescribeRun(CLI::App& command, Options& options) {
     command.add_flag("--json", options.run.asJson, "Write one JSON document instead of tables");
     command.add_flag("--notes",
                      options.run.showsNotes,
-                     "Print the notes of the reader too, not only its warnings");
+                     "Print the notes too, not only the warnings of the reader");
     command.add_flag(
         "--dialog", options.run.showsDialog, "Show the project information and let it be changed");
     command.add_flag("--ignore-settings",

@@ -47,15 +47,15 @@ struct Wall {
 constexpr double kAnywhere = -1.0;
 
 constexpr Wall kWalls[] = {
-    {L" I ",           {NcFace::kFront, NcFace::kBehind},  false, 0.5      },
-    {L" U C L T B ",   {NcFace::kFront, NcFace::kBehind},  false, 0.0      },
-    {L" SO RO RU ",    {NcFace::kFront, NcFace::kBehind},  false, kAnywhere},
-    {L" M ",           {NcFace::kFront, NcFace::kFront},   false, 1.0      },
-    {L" M ",           {NcFace::kBehind, NcFace::kBehind}, false, 0.0      },
-    {L" I U C M SO ",  {NcFace::kTop, NcFace::kTop},       true,  1.0      },
-    {L" I U C M SO ",  {NcFace::kBottom, NcFace::kBottom}, true,  0.0      },
-    {L" L ",           {NcFace::kBottom, NcFace::kTop},    true,  0.0      },
-    {L" T ",           {NcFace::kBottom, NcFace::kTop},    true,  0.5      },
+    {L" I ",          {NcFace::kFront, NcFace::kBehind},  false, 0.5      },
+    {L" U C L T B ",  {NcFace::kFront, NcFace::kBehind},  false, 0.0      },
+    {L" SO RO RU ",   {NcFace::kFront, NcFace::kBehind},  false, kAnywhere},
+    {L" M ",          {NcFace::kFront, NcFace::kFront},   false, 1.0      },
+    {L" M ",          {NcFace::kBehind, NcFace::kBehind}, false, 0.0      },
+    {L" I U C M SO ", {NcFace::kTop, NcFace::kTop},       true,  1.0      },
+    {L" I U C M SO ", {NcFace::kBottom, NcFace::kBottom}, true,  0.0      },
+    {L" L ",          {NcFace::kBottom, NcFace::kTop},    true,  0.0      },
+    {L" T ",          {NcFace::kBottom, NcFace::kTop},    true,  0.5      },
 };
 
 bool IsWallOf(const Wall& wall, const NcHeader& header) {
@@ -118,8 +118,7 @@ bool IsCut(const Wall& wall, const NcPart& part, const NcCut& cut) {
     return std::any_of(part.contours.begin(), part.contours.end(), [&](const NcContour& contour) {
         const NcFace face = StandardPlace(part, contour.place).face;
         return !contour.isInternal && (face == wall.views[0] || face == wall.views[1]) &&
-               EndsBefore(contour.outline, cut, x) &&
-               (!showsAngle || EndsIn(contour.outline, cut));
+               EndsBefore(contour.outline, cut, x) && (!showsAngle || EndsIn(contour.outline, cut));
     });
 }
 

@@ -42,6 +42,7 @@ MemberType AnyMember() {
     MemberType member;
     member.type = TypeFromHeader();
     member.limits = NoLimits();
+    member.areMarksMade = true;
     std::fill(member.reports.begin() + kUncoveredHole,
               member.reports.begin() + kMissingParts,
               eReportingWarning);

@@ -11,6 +11,7 @@
 #include "job/ShadowedRules.h"
 #include "job/Utf8Path.h"
 
+#include "camdata/platform/text/Unicode.h"
 #include "camdata/platform/text/ZetFormat.h"
 #include "camdata/util/CMxUtil.h"
 
@@ -175,7 +176,7 @@ class JobMaker {
     void TakeDates();
     void TakeCommentMarker();
     void CheckHeadings(const PlacedTable& table, const std::vector<ZetString>& lines);
-    void CheckSlashes(const char* key, const std::string& path, Position at);
+    void CheckPath(const char* key, const std::string& path, Position at);
     void Require(bool isGood, Position at, const std::string& text) {
         if (!isGood)
             m_faults.Add(at, text);
@@ -216,9 +217,9 @@ void JobMaker::TakeJob() {
     m_job.areDistancesChecked = m_document.tolerances.areDistancesChecked;
     TakeUncoveredHoles();
     m_job.uncoveredNotches = m_document.uncoveredNotches;
-    CheckSlashes("output", m_job.outputFolder, table.output.at);
+    CheckPath("output", m_job.outputFolder, table.output.at);
     for (const NcFilePattern& pattern : table.ncFiles)
-        CheckSlashes("nc_files", pattern.text, {pattern.line, pattern.column});
+        CheckPath("nc_files", pattern.text, {pattern.line, pattern.column});
 }
 
 void JobMaker::TakeUncoveredHoles() {
@@ -276,10 +277,14 @@ void JobMaker::CheckHeadings(const PlacedTable& table, const std::vector<ZetStri
 }
 
 /// A backslash parts folders on Windows only.
-void JobMaker::CheckSlashes(const char* key, const std::string& path, Position at) {
+void JobMaker::CheckPath(const char* key, const std::string& path, Position at) {
     Require(path.find('\\') == std::string::npos,
             at,
             job::Quoted(key) + ": part folders with / on every system, not with \\");
+    const ZetString text = ZetString::fromUtf8(path);
+    Require(std::none_of(text.view().begin(), text.view().end(), camdata::detail::IsLayoutControl),
+            at,
+            job::Quoted(key) + ": the name of a file or folder cannot have control characters");
 }
 
 void JobMaker::TakeFiles() {
@@ -460,7 +465,7 @@ void JobMaker::TakeStocks() {
     const PlacedText& remnants = m_document.cutting.remnants;
     m_job.cutting = m_document.cutting;
     m_job.cutting.remnants = remnants.text.toUtf8();
-    CheckSlashes("remnants", m_job.cutting.remnants, remnants.at);
+    CheckPath("remnants", m_job.cutting.remnants, remnants.at);
     for (const StockTable& table : m_document.stocks) {
         CheckStock(table, m_document.stocks.front().price.has_value());
         m_job.stocks.push_back(table);

@@ -398,9 +398,8 @@ std::vector<dstv::NcNote> NotesOf(const dstv::NcFileEntity& entity,
     std::vector<dstv::NcNote> notes = entity.getPart().notes;
     for (const plugin::FeatureNote& note : member.GetNotes())
         notes.push_back({dstv::NcNote::Severity::kNote, note.feature.tag, note.text});
-    std::stable_sort(notes.begin(), notes.end(), [](const auto& a, const auto& b) {
-        return a.line < b.line;
-    });
+    std::stable_sort(
+        notes.begin(), notes.end(), [](const auto& a, const auto& b) { return a.line < b.line; });
     return notes;
 }
 

@@ -120,6 +120,7 @@ class JobRunner {
     static std::string ReasonOf(const FileFault& fault);
     std::string TextOf(const FileFault& fault) const;
     /// About the input.
+    void NoteUnprinted(const std::string& file, const plugin::MemberResult& member);
     void Complain(const std::string& file, const std::string& text);
     bool Refuse(const std::vector<job::JobError>& errors);
     bool Refuse();
@@ -272,6 +273,12 @@ void JobRunner::TakeLeftOut(JobInput& input, plugin::JobRun& run) {
     std::vector<ZetString> lines;
     for (const RunFault& file : m_report.leftOut)
         lines.push_back(OneLine(ZetString::fromUtf8(file.message)));
+    for (const RunUnmadeFile& file : m_report.unmadeFiles)
+        lines.push_back(
+            OneLine(ZetString::format(L"%s: part %s is not made, nor are its features: %d",
+                                      ZetString::fromUtf8(file.file),
+                                      file.mark,
+                                      file.accounts[plugin::Account::kNotMade])));
     run.SetLeftOut(std::move(lines));
 }
 
@@ -371,9 +378,28 @@ void JobRunner::TakeMembers(plugin::JobRun& run) {
                 {dstv::NcNote::Severity::kNote, note.feature.tag, std::move(note.text)}
             });
         }
+        NoteUnprinted(m_memberFiles[i], members[i]);
         m_report.members.push_back({std::move(members[i]),
                                     std::move(m_memberFiles[i]),
                                     std::move(m_memberAccounts[i].features)});
+    }
+}
+
+/// A feature that is not made never vanishes: where the job leaves the finding unprinted, a note
+/// tells it.
+void JobRunner::NoteUnprinted(const std::string& file, const plugin::MemberResult& member) {
+    for (const plugin::Finding& finding : member.findings) {
+        const bool isUnmade = finding.isRefusal || finding.isSetAside;
+        if (!isUnmade || finding.IsPrinted() || !finding.feature)
+            continue;
+        const ZetString name = ZetString::fromUtf8(job::kFindingTypes[finding.type].name);
+        m_report.notes.push_back({
+            file,
+            {dstv::NcNote::Severity::kNote,
+              finding.feature->tag,
+              ZetString::format(L"not made, unreported %s: %s", name, finding.text)}
+        });
+        ++m_report.input.notes;
     }
 }
 

@@ -11,11 +11,11 @@ namespace camjob {
 
 /// The command line of `camjob run`.
 struct RunOptions {
-    std::string job;      ///< name of the job file, UTF-8
-    std::string folder;   ///< of the output, UTF-8; "": as the job says
+    std::string job;           ///< name of the job file, UTF-8
+    std::string folder;        ///< of the output, UTF-8; "": as the job says
     std::string against = {};  ///< an earlier output to compare with; "": the one that is replaced
     bool asJson = false;
-    bool showsNotes = false;       ///< of the reader, besides its warnings
+    bool showsNotes = false;       ///< besides the warnings of the reader
     bool showsDialog = false;      ///< for the project information, before anything is read
     bool ignoresSettings = false;  ///< of the project information, whatever the job says of them
 };

@@ -41,7 +41,7 @@ struct RunFault {
 struct RunInput {
     long filesRead = 0;
     long skipped = 0;  ///< their member type is left out
-    long notes = 0;    ///< of the reader
+    long notes = 0;    ///< of the reader and of the judging
     long warnings = 0;
 };
 

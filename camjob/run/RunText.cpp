@@ -32,7 +32,7 @@ ZetString InputLine(const RunReport& report) {
     if (report.input.skipped > 0)
         parts.push_back(Integer(report.input.skipped) + L" left out");
     if (report.input.notes > 0)
-        parts.push_back(Count(report.input.notes, L"note") + L" of the reader");
+        parts.push_back(Count(report.input.notes, L"note"));
     if (report.input.warnings > 0)
         parts.push_back(Count(report.input.warnings, L"warning") + L" of the reader");
     const ZetString name = report.name.isEmpty() ? ZetString::fromUtf8(report.job) : report.name;

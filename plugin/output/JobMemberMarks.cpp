@@ -7,7 +7,7 @@ namespace plugin {
 namespace {
 
 constexpr const wchar_t* kMarksFormat =
-    L"not for this machine: %d marks and texts; \"marks = true\" of the member type makes them";
+    L"not for this machine: %d %s; \"marks = true\" of the member type makes %s";
 
 /// A place of a view in the frame of its face, as holes get there.
 ZetGeomPoint2d OnFace(const ZetGeomPoint2d& point, const CViewData& view) {
@@ -76,7 +76,12 @@ void JobMember::NoteMarks() {
         claim(view.getNumerations());
     }
     if (const std::optional<Feature> feature = FeatureOf(first); feature && count > 0)
-        m_notes.push_back({*feature, ZetString::format(kMarksFormat, count)});
+        m_notes.push_back({*feature,
+                           ZetString::format(kMarksFormat,
+                                             count,
+                                             count == 1 ? ZetString(L"mark or text")
+                                                        : ZetString(L"marks and texts"),
+                                             count == 1 ? ZetString(L"it") : ZetString(L"them"))});
 }
 
 /// Marks and texts: records where the member type asks for them.

@@ -48,10 +48,11 @@ long JobMember::FindHoleOf(const CHoleAddlInfo& sink, const ReachIndex& holes) c
 }
 
 void JobMember::JoinCountersinks() {
-    for (CHoleAddlInfo& hole : m_holes) {
-        hole.SetIsCSK(false);
-        hole.SetCSKPos(-1);
-    }
+    for (auto* holes : {&m_holes, &m_duplicateHoles})
+        for (CHoleAddlInfo& hole : *holes) {
+            hole.SetIsCSK(false);
+            hole.SetCSKPos(-1);
+        }
     if (m_cskHoles.isEmpty())
         return;
     ReachIndex holes;

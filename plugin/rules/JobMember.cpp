@@ -118,19 +118,7 @@ void JobMember::RecordFinding(Finding finding) {
             *number = CMxGeom::Round_CAM(**number, kDecimals);
     if (finding.feature && (finding.isRefusal || finding.IsError()))
         m_ledger.Claim(finding.feature->tag, Account::kRefused);
-    NoteUnprinted(finding);
     m_findings.push_back(std::move(finding));
-}
-
-/// A feature that is not made never vanishes: where the job leaves the finding unprinted, a note
-/// tells it.
-void JobMember::NoteUnprinted(const Finding& finding) {
-    if ((!finding.isRefusal && !finding.isSetAside) || finding.IsPrinted() || !finding.feature)
-        return;
-    const ZetString name = ZetString::fromUtf8(job::kFindingTypes[finding.type].name);
-    m_notes.push_back(
-        {*finding.feature,
-         ZetString::format(L"not made, unreported %s: %s", name, finding.text)});
 }
 
 void JobMember::FileFinding(Finding finding) {

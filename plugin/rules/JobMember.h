@@ -187,7 +187,6 @@ class JobMember : public CMxPeilaib {
     /// Files a finding whose lines stand in the library's lists already, or nowhere.
     void RecordFinding(Finding finding);
     void FileError(Finding finding);
-    void NoteUnprinted(const Finding& finding);
     void FileHole(Finding finding, const CHoleAddlInfo& hole);
     void FileNotch(Finding finding, CNotchAddInfo notch);
     std::optional<Feature> FeatureOf(long tag) const;

@@ -2,6 +2,7 @@
 
 #include "camdata/tolerance/CMxGeom.h"
 #include "camdata/util/CMxUtil.h"
+#include "camdata/util/ReportIndent.h"
 
 #include <utility>
 
@@ -117,6 +118,9 @@ void JobMember::CheckQuantity() {
              .text = ZetString::format(L"Quantity (%d): there is nothing to make", GetQty()),
              .required = 1.0,
              .found = static_cast<double>(GetQty())});
+    // Its features are told as not made, also where the finding has no line.
+    if (!m_hasPieces && !m_findings.back().IsPrinted())
+        AppendMsg_VT(eReportingWarning, {MemberLineIndent() + L"Without pieces it is not made"});
     if (GetQty() > most)
         FileFinding({.type = job::kQuantity,
                      .text = ZetString::format(L"Quantity (%d) is above %d", GetQty(), most),

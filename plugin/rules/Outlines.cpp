@@ -24,12 +24,11 @@ constexpr const wchar_t* kOpeningBeyondText = L"The opening reaches beyond its f
 constexpr const wchar_t* kNoAreaText = L"The outline has no area";
 constexpr const wchar_t* kOpeningNoAreaText = L"The opening has no area";
 constexpr const wchar_t* kSeveralText =
-    L"The face has several outlines: no operations tell them together";
+    L"The face has several outlines, which no operations tell together";
 constexpr const wchar_t* kLostAreaFormat =
     L"The outline is not what its notches leave: it cuts %.1f mm2 off its box, they cut %.1f";
 constexpr const wchar_t* kOutsideText = L"A notch of the outline lies outside of the outline's box";
-constexpr const wchar_t* kContourFormat =
-    L"%s: %s, from (X:%.1f, Y:%.1f) to (X:%.1f, Y:%.1f)";
+constexpr const wchar_t* kContourFormat = L"%s: %s, from (X:%.1f, Y:%.1f) to (X:%.1f, Y:%.1f)";
 constexpr const wchar_t* kTrimFormat =
     L"No trim covers it: the %s is cut off at its %s, to %s %.1f";
 

@@ -34,6 +34,7 @@ TEST_P(CommandLine, EndsWithItsCode) {
     folder.Write("good.nc1", nc::Plain());
     folder.Write("bad.nc1", nc::BadLength());
     folder.Write("-x.nc1", nc::Plain());
+    std::filesystem::create_directory(folder.PathOf("empty"));
     const CamjobRun run = RunTool(InFolder(GetParam().arguments, folder));
     EXPECT_EQ(run.exitCode, GetParam().exitCode);
     ExpectPart(run.out, GetParam().out);
@@ -68,6 +69,7 @@ const Case kCases[] = {
       "b.nc1"},
      2,                                                                "1 file refused\n",
      "a\\u001B\\u202Eb.nc1: "                                                                                                                  },
+    {"CheckOfAnEmptyFolder", {"check", "{}empty"},                  2, "1 file refused\n",                              "expected files in it that end with "},
     {"OutWithoutName",       {"run", "{}job.toml", "--out", ""},    2, "",                                "--out: the folder has no name"      },
     {"NamedLikeACommand",    {"check", "check"},                    2, "1 file refused\n",                "check: "                            },
 };

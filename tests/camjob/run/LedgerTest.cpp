@@ -138,6 +138,7 @@ const Case kCases[] = {
      "notch face=web cut=external x=875.000 y=180.000 length=50.000 width=40.000 code=\"N\"\n"
      "trim face=web side=end at=900.000 code=\"SAW\"\nmade=1 "},
     {"TurnedRectangle", kPlate, "500", "AK\n  v 0 0\n  133 0\n  333 200\n  200 200\n  0 0\n", "unclear_cut 23\nrefused=1 "},
+    {"WedgeAlongASide", kZ, "1000", "AK\n  v 0 0\n  1000 0.04\n  1000 200\n  0 200\n  0 0\n", "unclear_cut 23\nrefused=1 "},
     {"LargerThanTheFace", kZ, "1000", "AK\n  v 0 0\n  1200 0\n  1200 200\n  0 200\n  0 0\n", "unclear_cut 23\nwarning 23\nrefused=1 "},
     {"CutsNothing", kZ, "1000", "AK\n  v 0 0\n  1000 0\n  1000 200\n  0 200\n  0 0\nAK\n  h 0 0\n  1000 0\n  1000 200\n  0 200\n  0 0\n", "made=2 "},
     {"PlateIsItsOutline", kPlate, "1000", "AK\n  v -100 0\n  100 0\n  100 200\n  -100 200\n  -100 0\nBO\n  v -50 100 18\n",
@@ -149,8 +150,11 @@ const Case kCases[] = {
      "notch face=web cut=internal x=150.000 y=70.000 length=100.000 width=40.000 code=\"N\"\nduplicate_notch 29\naside 29 for 23\nmade=1 set_aside=1 "},
     {"CircularOpening", kZ, "1000", "IK\n  v 510 100 10\n  490 100 10\n  510 100 0\n",
      "hole face=web x=500.000 y=100.000 diameter=20.000 depth=0.000 thread=none code=\"H\"\nnote 23\nmade=1 "},
+    {"OpeningWithinACircle", kZ, "1000", "IK\n  v 510.04 100 9.99\n  500 109.98 9.99\n  490 100 10\n  500 90 10\n  510.04 100\n",
+     "hole face=web x=500.020 y=99.992 diameter=20.008 depth=0.000 thread=none code=\"H\"\nnote 23\nmade=1 "},
     {"SawCut", kZ, "1000", "SC\n  1000 200 0 1 -1 0\n", "mitre end=end face=web angle=-45.000\nmade=1 "},
     {"SawCutInTheMiddle", kZ, "1000", "SC\n  500 0 0 1 0 0\n", "unclear_cut 23\nrefused=1 "},
+    {"MitresThatLeaveNothing", kZ, "150", "SC\n  0 0 0 -1 -0.8 0\nSC\n  150 0 0 1 -0.6 0\n", "unclear_cut 23\nunclear_cut 25\nrefused=2 "},
     {"SinkWithinTheTolerance", kZ, "1000", "BO\n  v 500 100 13\n  v 500.01 100s 26 6.5 0 0 90\n",
      "countersunk face=web x=500.000 y=100.000 diameter=13.000 depth=0.000 sink_diameter=26.000 sink_depth=6.500 code=\"K\"\nmade=2 "},
     {"SinkWithoutHole", kZ, "1000", "BO\n  v 500 100 13\n  v 510 100s 26 6.5 0 0 90\n", "lone_countersink 24\nrefused=1 not_made=1 "},
@@ -158,6 +162,10 @@ const Case kCases[] = {
      "lone_countersink 25\nrefused=1 not_made=2 "},
     {"SinkOfASlot", kZ, "1000", "BO\n  v 480 100 13 0l 40 0 0\n  v 500 100s 26 6.5 0 0 90\n", "lone_countersink 24\nrefused=1 not_made=1 "},
     {"SlotsInEachOther", kZ, "1000", "BO\n  v 500 100 20 0l 100 0 0\n  v 540 100 20 0l 100 0 0\n",
+     "slot face=web x=550.000 y=100.000 width=20.000 length=120.000 angle=0.000 depth=0.000 code=\"L\"\nhole_inside_slot 24\naside 24 for 23\nmade=1 set_aside=1 "},
+    {"EqualSlots", kZ, "1000", "BO\n  v 500 100 20 0l 100 0 0\n  v 500 100 20 0l 100 0 0\n",
+     "slot face=web x=550.000 y=100.000 width=20.000 length=120.000 angle=0.000 depth=0.000 code=\"L\"\nduplicate_hole 24\naside 24 for 23\nmade=1 set_aside=1 "},
+    {"HoleInTheMiddleOfASlot", kZ, "1000", "BO\n  v 500 100 20 0l 100 0 0\n  v 550 100 10\n",
      "slot face=web x=550.000 y=100.000 width=20.000 length=120.000 angle=0.000 depth=0.000 code=\"L\"\nhole_inside_slot 24\naside 24 for 23\nmade=1 set_aside=1 "},
     {"RefusedHoleAndItsRepetition", kZ, "1000", "BO\n  v 500 100 99\n  v 500 100 99\n", "duplicate_hole 23\nuncovered_hole 24\naside 23 for 24\nrefused=1 not_made=1 "},
     {"HoleBeyondTheWeb", kZ, "1000", "BO\n  v 500 100 18\n  v 500 250 18\n", "hole_outside 24\nwarning 24\nrefused=1 not_made=1 "},
@@ -180,7 +188,7 @@ const Case kCases[] = {
      "hole face=web x=500.000 y=239.000 diameter=18.000 depth=0.000 thread=none code=\"H\"\nmade=1 "},
     {"BeyondARoundTube", kTube, "1000", "BO\n  v 500 630 18\n", "hole_outside 23\nwarning 23\nrefused=1 "},
     {"OutlineOfARoundTube", kTube, "1000", "AK\n  v 0 0\n  1000 0\n  1000 628.32\n  0 628.32\n  0 0\n", "made=1 "},
-    {"MarksAndTexts", kZ, "1000", "KO\n  v 100 50\n  200 50\nSI\n  v 50 100 0 10r P1\nBO\n  v 900 50m 0 0\n", "not_for_machine=3 "},
+    {"MarksAndTexts", kZ, "1000", "KO\n  v 100 50\n  200 50\nSI\n  v 50 100 0 10r P1\nBO\n  v 900 50m 0 0\n", "note 23\nnot_for_machine=3 "},
     {"PlaneBetweenBottomAndTop", kZ, "1000", "BO\n  o 500 30 18\nE1\n  100 2.625 0\n  200 2.625 0\n  100 62.625 80\nB1\n  20 30 18\n",
      "hole face=top_flange x=500.000 y=30.000 diameter=18.000 depth=0.000 thread=none code=\"H\"\n"
      "hole face=top_flange x=120.000 y=30.000 diameter=18.000 depth=0.000 thread=none code=\"H\"\nunclear_plane 29\nmade=2 "},
@@ -230,6 +238,14 @@ TEST(Ledger, WhatIsRefusedWithoutALineIsNoted) {
         EXPECT_EQ(ran.exitCode, 0);
         EXPECT_EQ(ran.document["members"][0]["nonStandard"], report != std::string("off"));
     }
+    const Ran ran(
+        {
+            {"1", nc::Header("P1", kZ, "1000") + "BO\n  v 600 100 13\n  v 600 100 13\n"}
+    },
+        std::string(kJob) + "report = { duplicate_hole = \"off\" }\n");
+    EXPECT_EQ(Show(ran),
+              "hole face=web x=600.000 y=100.000 diameter=13.000 depth=0.000 thread=none "
+              "code=\"H\"\nduplicate_hole 23\naside 23 for 24\nnote 23\nmade=1 set_aside=1 ");
 }
 
 TEST(Ledger, MarksAndTextsAsRecords) {
@@ -237,14 +253,17 @@ TEST(Ledger, MarksAndTextsAsRecords) {
         {
             {"1",
              nc::Header("P1", kZ, "1000") +
-                 "PU\n  o 100 50\n  200 60\nSI\n  v 50 100 30 10r P \"1\"\n"}
+                 "PU\n  o 100 50\n  200 60\nSI\n  v 50 100 30 10r P \"1\"\n"
+                 "E1\n  100 2.5 0\n  200 2.5 0\n  100 62.5 80\nP1\n  20 30\n"}
     },
         std::string(kJob) + "marks = true\n");
     EXPECT_EQ(Show(ran),
               "mark face=top_flange kind=powder x=100.000 y=50.000 angle=0.000 height=0.000 "
               "points=\"100.000,50.000 200.000,60.000\" text=\"\"\n"
               "mark face=web kind=text x=50.000 y=100.000 angle=30.000 height=10.000 points=\"\" "
-              "text=\"P \\\"1\\\"\"\nmade=2 ");
+              "text=\"P \\\"1\\\"\"\n"
+              "mark face=sloped_bottom_flange kind=powder x=120.000 y=51.250 angle=0.000 "
+              "height=0.000 points=\"120.000,51.250\" text=\"\"\nmade=3 ");
 }
 
 TEST(Ledger, RefusesFilesWithWarnings) {
