@@ -358,7 +358,7 @@ std::optional<MachineFormat> JobMaker::ReadFormat(const PlacedText& name) {
     JobFaults faults;
     if (const BuiltInFormat* builtIn = FindBuiltInFormat(text))
         return ReadFormatText(builtIn->text, builtIn->name, faults);
-    CheckSlashes("format", text, name.at);
+    CheckPath("format", text, name.at);
     std::vector<std::string> words;
     for (const BuiltInFormat& row : GetBuiltInFormats())
         words.emplace_back(row.name);
