@@ -274,11 +274,11 @@ void JobRunner::TakeLeftOut(JobInput& input, plugin::JobRun& run) {
     for (const RunFault& file : m_report.leftOut)
         lines.push_back(OneLine(ZetString::fromUtf8(file.message)));
     for (const RunUnmadeFile& file : m_report.unmadeFiles)
-        lines.push_back(
-            OneLine(ZetString::format(L"%s: part %s is not made, nor are its features: %d",
-                                      ZetString::fromUtf8(file.file),
-                                      file.mark,
-                                      file.accounts[plugin::Account::kNotMade])));
+        lines.push_back(OneLine(
+            ZetString::format(L"%s: part %s is not made, nor are its features: %d",
+                              ZetString::fromUtf8(NameFromFolderOf(m_options.job, file.file)),
+                              file.mark,
+                              file.accounts[plugin::Account::kNotMade])));
     run.SetLeftOut(std::move(lines));
 }
 
