@@ -5,7 +5,9 @@
 #include "camjob/console/Paths.h"
 #include "camjob/disk/FlushRenameLock.h"
 #include "camjob/disk/RevocableFiles.h"
+#include "camjob/input/NcFolderSearch.h"
 #include "camjob/show/PartDrawing.h"
+#include "job/FileNames.h"
 #include "report/drawing/DxfDrawing.h"
 #include "report/drawing/SvgDrawing.h"
 
@@ -13,6 +15,7 @@
 #include <filesystem>
 #include <map>
 #include <optional>
+#include <unordered_map>
 #include <variant>
 
 namespace camjob {
@@ -21,10 +24,17 @@ namespace {
 
 namespace fs = std::filesystem;
 
+/// Of the file that a name leads to, without folder, in small letters.
+std::wstring RealName(const fs::path& path) {
+    std::error_code ignored;
+    const std::string name = Utf8FromPath(fs::canonical(path, ignored).filename());
+    return job::SmallLetters(ZetString::fromUtf8(name));
+}
+
 class Shower {
   public:
     Shower(const ShowOptions& options, OutputStream& out, OutputStream& err)
-        : m_options(options), m_out(out), m_err(err) {}
+        : m_options(options), m_out(out), m_err(err), m_files(FindNcFiles(options.files)) {}
 
     int Run();
 
@@ -32,7 +42,7 @@ class Shower {
     bool FindTargets();
     bool IsFile() const;
     bool HasClash();
-    bool WouldReplaceInput(const std::string& target) const;
+    bool WouldReplaceInput(const std::string& target);
     bool Refuse(const std::string& message);
     int DrawAll(const plugin::JudgingRules& rules);
     int DrawFile(std::size_t index, const CheckRules& rules);
@@ -44,7 +54,10 @@ class Shower {
     const ShowOptions& m_options;
     OutputStream& m_out;
     OutputStream& m_err;
+    std::vector<std::string> m_files;
     std::vector<std::string> m_targets;  ///< by file; "": the standard output
+    /// By their real names; filled when a target is there already.
+    std::unordered_multimap<std::wstring, fs::path> m_fileOfName;
 };
 
 int Shower::Run() {
@@ -57,7 +70,7 @@ int Shower::Run() {
 
 int Shower::DrawAll(const plugin::JudgingRules& rules) {
     int code = kExitDone;
-    for (std::size_t i = 0; i < m_options.files.size() && code != kExitNotWritten; ++i)
+    for (std::size_t i = 0; i < m_files.size() && code != kExitNotWritten; ++i)
         code = std::max(code, DrawFile(i, {rules, !m_options.job.empty()}));
     return code;
 }
@@ -66,15 +79,14 @@ int Shower::DrawAll(const plugin::JudgingRules& rules) {
 bool Shower::IsFile() const {
     const fs::path out = PathFromUtf8(m_options.out);
     std::error_code ignored;
-    return m_options.files.size() == 1 && !fs::is_directory(out, ignored) &&
+    return m_files.size() == 1 && !fs::is_directory(out, ignored) &&
            (out.extension() == ".svg" || out.extension() == ".dxf");
 }
 
 bool Shower::FindTargets() {
     if (m_options.out.empty()) {
         m_targets = {""};
-        return m_options.files.size() == 1 ||
-               Refuse("several drawings need a folder: say --out DIR");
+        return m_files.size() == 1 || Refuse("several drawings need a folder: say --out DIR");
     }
     const char* ending = m_options.asDxf ? ".dxf" : ".svg";
     if (IsFile()) {
@@ -84,7 +96,7 @@ bool Shower::FindTargets() {
                                (m_options.asDxf ? "" : ", or say --dxf"))) &&
                !HasClash();
     }
-    for (const std::string& file : m_options.files)
+    for (const std::string& file : m_files)
         m_targets.push_back(
             NameIn(m_options.out, Utf8FromPath(PathFromUtf8(file).filename().stem()) + ending));
     return !HasClash();
@@ -94,9 +106,9 @@ bool Shower::FindTargets() {
 bool Shower::HasClash() {
     std::map<std::string, std::string> fileOfTarget;
     for (std::size_t i = 0; i < m_targets.size(); ++i) {
-        const auto [at, isNew] = fileOfTarget.insert({m_targets[i], m_options.files[i]});
+        const auto [at, isNew] = fileOfTarget.insert({m_targets[i], m_files[i]});
         if (!isNew)
-            return !Refuse(at->second + " and " + m_options.files[i] + " would both become " +
+            return !Refuse(at->second + " and " + m_files[i] + " would both become " +
                            m_targets[i]);
         if (WouldReplaceInput(m_targets[i]))
             return !Refuse("the drawing would replace " + m_targets[i]);
@@ -104,15 +116,18 @@ bool Shower::HasClash() {
     return false;
 }
 
-/// Under whatever name the NC file goes. Asks of each of them only where there is something that
-/// could be one.
-bool Shower::WouldReplaceInput(const std::string& target) const {
+/// Under whatever name the NC file goes: letters in another case and links lead to the same file.
+bool Shower::WouldReplaceInput(const std::string& target) {
     const fs::path path = PathFromUtf8(target);
     std::error_code ignored;
-    return fs::exists(path, ignored) &&
-           std::any_of(m_options.files.begin(), m_options.files.end(), [&](const auto& file) {
-               return fs::equivalent(PathFromUtf8(file), path, ignored);
-           });
+    if (!fs::exists(path, ignored))
+        return false;
+    if (m_fileOfName.empty())
+        for (const std::string& file : m_files)
+            m_fileOfName.insert({RealName(PathFromUtf8(file)), PathFromUtf8(file)});
+    const auto [begin, end] = m_fileOfName.equal_range(RealName(path));
+    return std::any_of(
+        begin, end, [&](const auto& row) { return fs::equivalent(row.second, path, ignored); });
 }
 
 bool Shower::Refuse(const std::string& message) {
@@ -121,7 +136,7 @@ bool Shower::Refuse(const std::string& message) {
 }
 
 int Shower::DrawFile(std::size_t index, const CheckRules& rules) {
-    auto entity = ReadEntity(m_options.files[index], rules.rules.GetJob());
+    auto entity = ReadEntity(m_files[index], rules.rules.GetJob());
     CheckResult result = dstv::NcError();
     if (auto* read = std::get_if<dstv::NcFileEntity>(&entity))
         result = MakeCheckReport(*read, rules);

@@ -9,7 +9,7 @@ namespace camjob {
 
 /// The command line of `camjob show`.
 struct ShowOptions {
-    std::vector<std::string> files;  ///< names in UTF-8
+    std::vector<std::string> files;  ///< names of files and folders in UTF-8
     std::string out;  ///< file or folder, UTF-8; "": the standard output, one file only
     std::string job;  ///< as for `camjob check`
     bool asDxf = false;

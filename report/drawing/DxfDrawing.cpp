@@ -24,14 +24,14 @@ struct Layer {
 
 constexpr Layer kOutlineLayer = {"OUTLINE", "7"};
 constexpr Layer kSetAsideLayer = {"SET_ASIDE", "9"};
-/// By FeatureKind. Notch and outline have none: the outline of the face shows them.
+/// By FeatureKind. An outline has none: its face shows it.
 constexpr std::array<Layer, kFeatureKindCount> kLayers = {
     {{"HOLES", "5"},
      {"SLOTS", "4"},
      {"RECTANGLES", "6"},
      {"COUNTERSINKS", "8"},
      {"OPENINGS", "1"},
-     {nullptr, nullptr},
+     {"NOTCHES", "40"},
      {"MARKS", "3"},
      {"TEXTS", "2"},
      {"TRIMS", "30"},

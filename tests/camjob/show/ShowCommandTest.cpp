@@ -53,6 +53,9 @@ TEST_P(ShowUsage, WritesOnlyWhatWasAskedFor) {
     std::filesystem::create_directories(folder.PathOf("b"));
     folder.Write("a.nc1", nc::Plain("A"));
     folder.Write("b/a.nc1", nc::Plain("B"));
+    std::filesystem::create_directories(folder.PathOf("twice"));
+    folder.Write("twice/a.NC1", nc::Plain("A"));
+    folder.Write("twice/b.nc", nc::Plain("B"));
     folder.Write("bad.nc1", nc::BadLength());
     folder.Write("nc.svg", nc::Plain("C"));
     const Files before = ContentOf(folder.PathOf(""));
@@ -82,7 +85,10 @@ INSTANTIATE_TEST_SUITE_P(
         UsageCase{"DxfToStandardOutput", {"a.nc1", "--dxf"}, 0, "\nEOF\n"},
         UsageCase{"ToFile", {"a.nc1", "--out", "x.svg"}, 0, "x.svg", {"x.svg"}},
         UsageCase{"ToFolder", {"a.nc1", "--out", "new"}, 0, "new/a.svg", {"new/a.svg"}},
-        UsageCase{"BadFileAmongGood", {"bad.nc1", "a.nc1", "--out", "n"}, 2, "bad.nc1:10", {"n/a.svg"}},
+        UsageCase{"Folder", {"b", "--out", "n"}, 0, "n/a.svg", {"n/a.svg"}},
+        UsageCase{"FolderWithoutOut", {"twice"}, 2, "say --out DIR"},
+        UsageCase{
+            "BadFileAmongGood", {"bad.nc1", "a.nc1", "--out", "n"}, 2, "bad.nc1:10", {"n/a.svg"}},
         UsageCase{"SeveralWithoutFolder", {"a.nc1", "bad.nc1"}, 2, "say --out DIR"},
         UsageCase{"WrongEnding", {"a.nc1", "--out", "x.dxf"}, 2, "must end in .svg, or say --dxf"},
         UsageCase{

@@ -82,8 +82,20 @@ def check(file, part):
             continue
         shapes[layer].remove(fitting[0])
         found += 1
+    for notch in part["notches"]:
+        if notch["holeLine"] is not None or notch["duplicate"] or notch["face"] not in offsets(part["header"]):
+            continue
+        layer = notch["face"].upper().replace(" ", "_") + ("_OPENINGS" if notch["internal"] else "_NOTCHES")
+        isRectangle = notch["length"] is not None and not notch["turned"]
+        wanted = (notch["x"], notch["y"] + offsets(part["header"])[notch["face"]], notch["length"], notch["width"])
+        fitting = [e for e in shapes[layer] if not isRectangle or max(abs(a - b) for a, b in zip(box(e), wanted)) < NEAR]
+        if not fitting:
+            complaints.append(f"notch of {part['file']}: nothing on {layer} at {wanted}")
+            continue
+        shapes[layer].remove(fitting[0])
+        found += 1
     for layer, left in shapes.items():
-        if left and not layer.startswith("PLANE") and layer.split("_")[-1] in ("HOLES", "SLOTS", "COUNTERSINKS", "RECTANGLES"):
+        if left and not layer.startswith("PLANE") and layer.split("_")[-1] in ("HOLES", "SLOTS", "COUNTERSINKS", "RECTANGLES", "NOTCHES"):
             complaints.append(f"{len(left)} too many on {layer}")
     outline = [box(e) for e in shapes["WEB_OUTLINE"]]
     header = part["header"]
@@ -107,7 +119,7 @@ def main(folder):
         for complaint in complaints:
             faulty += 1
             print(f"{name}.dxf: {complaint}")
-    print(f"{len(parts)} drawings, {holes} holes found in place, {faulty} complaints")
+    print(f"{len(parts)} drawings, {holes} holes and notches found in place, {faulty} complaints")
     return 1 if faulty or holes < 100 else 0
 
 
