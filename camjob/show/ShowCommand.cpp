@@ -16,6 +16,7 @@
 #include <map>
 #include <optional>
 #include <unordered_map>
+#include <utility>
 #include <variant>
 
 namespace camjob {
@@ -34,11 +35,12 @@ std::wstring RealName(const fs::path& path) {
 class Shower {
   public:
     Shower(const ShowOptions& options, OutputStream& out, OutputStream& err)
-        : m_options(options), m_out(out), m_err(err), m_files(FindNcFiles(options.files)) {}
+        : m_options(options), m_out(out), m_err(err) {}
 
     int Run();
 
   private:
+    void FindFiles();
     bool FindTargets();
     bool IsFile() const;
     bool HasClash();
@@ -55,6 +57,7 @@ class Shower {
     OutputStream& m_out;
     OutputStream& m_err;
     std::vector<std::string> m_files;
+    int m_code = kExitDone;
     std::vector<std::string> m_targets;  ///< by file; "": the standard output
     /// By their real names; filled when a target is there already.
     std::unordered_multimap<std::wstring, fs::path> m_fileOfName;
@@ -62,17 +65,28 @@ class Shower {
 
 int Shower::Run() {
     const std::optional<job::Job> job = ReadRules(m_options.job, m_err);
-    if (!job || !FindTargets())
+    if (!job)
+        return kExitBadInput;
+    FindFiles();
+    if (m_files.empty() || !FindTargets())
         return kExitBadInput;
     plugin::UseTolerances(job->tolerances);
     return DrawAll(plugin::JudgingRules(*job));
 }
 
 int Shower::DrawAll(const plugin::JudgingRules& rules) {
-    int code = kExitDone;
-    for (std::size_t i = 0; i < m_files.size() && code != kExitNotWritten; ++i)
-        code = std::max(code, DrawFile(i, {rules, !m_options.job.empty()}));
-    return code;
+    for (std::size_t i = 0; i < m_files.size() && m_code != kExitNotWritten; ++i)
+        m_code = std::max(m_code, DrawFile(i, {rules, !m_options.job.empty()}));
+    return m_code;
+}
+
+void Shower::FindFiles() {
+    FoundNcFiles found = FindNcFiles(m_options.files);
+    m_files = std::move(found.files);
+    for (const dstv::NcError& fault : found.faults) {
+        WriteError(fault, m_err);
+        m_code = kExitBadInput;
+    }
 }
 
 /// A name that ends like a drawing is one, unless it is a folder or there are several drawings.

@@ -53,6 +53,7 @@ TEST_P(ShowUsage, WritesOnlyWhatWasAskedFor) {
     std::filesystem::create_directories(folder.PathOf("b"));
     folder.Write("a.nc1", nc::Plain("A"));
     folder.Write("b/a.nc1", nc::Plain("B"));
+    std::filesystem::create_directories(folder.PathOf("none"));
     std::filesystem::create_directories(folder.PathOf("twice"));
     folder.Write("twice/a.NC1", nc::Plain("A"));
     folder.Write("twice/b.nc", nc::Plain("B"));
@@ -86,6 +87,7 @@ INSTANTIATE_TEST_SUITE_P(
         UsageCase{"ToFile", {"a.nc1", "--out", "x.svg"}, 0, "x.svg", {"x.svg"}},
         UsageCase{"ToFolder", {"a.nc1", "--out", "new"}, 0, "new/a.svg", {"new/a.svg"}},
         UsageCase{"Folder", {"b", "--out", "n"}, 0, "n/a.svg", {"n/a.svg"}},
+        UsageCase{"EmptyFolder", {"none", "--out", "n"}, 2, "none"},
         UsageCase{"FolderWithoutOut", {"twice"}, 2, "say --out DIR"},
         UsageCase{
             "BadFileAmongGood", {"bad.nc1", "a.nc1", "--out", "n"}, 2, "bad.nc1:10", {"n/a.svg"}},
