@@ -99,10 +99,12 @@ void NcParser::MakeCuts() {
 
 void NcParser::AddCut(NcCut cut) {
     if (!cut.isFromHeader && std::abs(cut.angle) > kSteepestCut) {
-        m_notes.Warn(cut.line, L"saw cut along the piece: not made");
+        m_notes.Account(NcNote::Severity::kWarning, cut.line, L"saw cut along the piece: not made");
         cut.isNoted = true;
     } else if (IsCutByOutlines(m_part, cut)) {
-        m_notes.Note(cut.line, L"cut at an angle: the outlines of the faces have it already");
+        m_notes.Account(NcNote::Severity::kNote,
+                        cut.line,
+                        L"cut at an angle: the outlines of the faces have it already");
         cut.isNoted = true;
     }
     m_part.cuts.push_back(cut);

@@ -4,10 +4,16 @@
 
 namespace dstv {
 
+void NcNotes::Account(NcNote::Severity severity, long line, ZetString text) {
+    m_notes.push_back({severity, line, std::move(text)});
+}
+
 void NcNotes::Add(NcNote::Severity severity, long line, ZetString text) {
-    if (m_notes.size() + 1 < kMaxNotes)
+    if (m_others == kMaxNotes)
+        return;
+    if (++m_others < kMaxNotes)
         m_notes.push_back({severity, line, std::move(text)});
-    else if (m_notes.size() < kMaxNotes)
+    else
         m_notes.push_back({NcNote::Severity::kWarning, line, L"further notes are left out"});
 }
 

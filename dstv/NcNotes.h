@@ -7,9 +7,12 @@
 
 namespace dstv {
 
-/// Collects the notes of one file, up to kMaxNotes.
+/// Collects the notes of one file: those of entries that the NC data do not have, and up to
+/// kMaxNotes others.
 class NcNotes {
   public:
+    /// Tells an entry.
+    void Account(NcNote::Severity severity, long line, ZetString text);
     void Note(long line, ZetString text) { Add(NcNote::Severity::kNote, line, std::move(text)); }
     void Warn(long line, ZetString text) { Add(NcNote::Severity::kWarning, line, std::move(text)); }
     /// All notes, ascending by line, those of one line as they came.
@@ -19,6 +22,7 @@ class NcNotes {
     void Add(NcNote::Severity severity, long line, ZetString text);
 
     std::vector<NcNote> m_notes;
+    std::size_t m_others = 0;  ///< than those of entries
 };
 
 }  // namespace dstv

@@ -215,9 +215,13 @@ void NcParser::NoteBlock() {
     if (code.type == NcBlockType::kStart || code.type == NcBlockType::kUnknown)
         m_part.skippedBlocks.push_back({line});
     if (code.type == NcBlockType::kStart)
-        m_notes.Warn(line, L"a second part begins here: only the first one is read");
+        m_notes.Account(NcNote::Severity::kWarning,
+                        line,
+                        L"a second part begins here: only the first one is read");
     if (code.type == NcBlockType::kUnknown)
-        m_notes.Warn(line, ZetString::format(L"block %s is not known: skipped", Quoted(code)));
+        m_notes.Account(NcNote::Severity::kWarning,
+                        line,
+                        ZetString::format(L"block %s is not known: skipped", Quoted(code)));
     if (m_block.reader == nullptr)
         return;
     if (m_isAfterEnd)
@@ -230,8 +234,9 @@ void NcParser::NotePurpose() {
     if (reader->remark == nullptr)
         return;
     m_part.skippedBlocks.push_back({m_block.line.number});
-    m_notes.Note(m_block.line.number,
-                 ZetString::format(L"block %s: %s", Quoted(m_block.code), reader->remark));
+    m_notes.Account(NcNote::Severity::kNote,
+                    m_block.line.number,
+                    ZetString::format(L"block %s: %s", Quoted(m_block.code), reader->remark));
 }
 
 void NcParser::EndBlock() {

@@ -26,7 +26,7 @@ inline constexpr std::size_t kMaxOutlinePoints = 200'000;
 inline constexpr std::size_t kMaxPlanes = 1'000;
 /// Errors of one file that are told; what lies behind the last of them is not read.
 inline constexpr std::size_t kMaxErrors = 50;
-/// Notes of one file; the last one then says that there are more.
+/// Notes of one file besides those of entries; the last one then says that there are more.
 inline constexpr std::size_t kMaxNotes = 1'000;
 
 /// What a part is told from others by.

@@ -44,5 +44,6 @@ gather() {
 sources
 change_log
 .ci/run
+.ci/long
 scripts/clean-root.sh build/release/packages
 gather
