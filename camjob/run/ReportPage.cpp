@@ -314,10 +314,20 @@ void AddChanges(const MemberChange& change,
     member.earlier = page.Compact(earlier);
 }
 
+/// Why there is nothing to tell.
+std::string NoChanges(const RunReport& report) {
+    if (!report.uncompared.empty())
+        return "Not known: " + report.uncompared + ".";
+    return report.repeatsChanges ? "Nothing, as far as runs in this folder tell."
+                                 : "There was no earlier output in this folder.";
+}
+
 /// Of the members, then of the bars.
 std::vector<PageTable> ChangeTables(const RunReport& report) {
     if (!report.changes)
-        return {};
+        return {
+            {"What has changed", {}, {}, NoChanges(report)}
+        };
     const OutputChanges& changes = *report.changes;
     const std::string title = "What has changed: " + DescribeChanges(changes);
     PageTable members = {

@@ -458,8 +458,8 @@ bool JobRunner::WriteNcFiles(const fs::path& staging) {
     return areWritten;
 }
 
-/// With the output that the user names, else with the one that is replaced, when there is one whose
-/// members differ. When it is the same as that, what had changed before is told again.
+/// With the output that the user names, else with the one that is replaced, when there is one. When
+/// it is the same as that, what had changed before is told again.
 bool JobRunner::Compare(plugin::JobRun& run) {
     const bool isAsked = !m_options.against.empty();
     const std::string older =
@@ -479,7 +479,7 @@ bool JobRunner::Compare(plugin::JobRun& run) {
     m_report.repeatsChanges = !isAsked && found.IsSame();
     if (m_report.repeatsChanges)
         m_report.changes = std::move(found.ofOlder);
-    else if (isAsked || found.changes.HasMembers())
+    else
         m_report.changes = std::move(found.changes);
     return true;
 }

@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <set>
+#include <tuple>
 
 namespace report {
 
@@ -160,7 +161,7 @@ void RunPage::AddMember(const PageMember& member) {
     m_invalid += member.state == FeatureState::kError ? 1 : 0;
     m_withWarnings += member.state == FeatureState::kWarning ? 1 : 0;
     if (isFaulty)
-        m_faulty.push_back({member.mark, member.findings});
+        m_faulty.push_back({member.mark, member.state, member.findings});
 }
 
 /// The one sentence that says whether the job can go to the machine.
@@ -182,11 +183,11 @@ std::string RunPage::FaultyHtml() const {
     std::vector<const Faulty*> faulty;
     for (const Faulty& member : m_faulty)
         faulty.push_back(&member);
-    std::stable_sort(faulty.begin(), faulty.end(), [](const Faulty* a, const Faulty* b) {
-        const long errorsOfA = CountErrors(a->findings);
-        const long errorsOfB = CountErrors(b->findings);
-        return errorsOfA != errorsOfB ? errorsOfA > errorsOfB
-                                      : a->findings.size() > b->findings.size();
+    const auto weight = [](const Faulty* one) {
+        return std::tuple(one->state, CountErrors(one->findings), one->findings.size());
+    };
+    std::stable_sort(faulty.begin(), faulty.end(), [&](const Faulty* a, const Faulty* b) {
+        return weight(a) > weight(b);
     });
     std::string html = "<ul class=\"faulty\">\n";
     for (std::size_t i = 0; i < std::min(faulty.size(), kMostFaulty); ++i) {

@@ -58,6 +58,7 @@ class RunPage {
     /// A member with findings, for the list that needs no script.
     struct Faulty {
         std::string mark;
+        FeatureState state;
         std::vector<DrawnFinding> findings;
     };
 

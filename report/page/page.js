@@ -348,7 +348,7 @@
   el("contents").innerHTML = [...document.querySelectorAll("main h2")].map((heading, i) => {
     const section = heading.closest("section");
     section.id = section.id || `section${i}`;
-    return `<a href="#${section.id}">${escaped(heading.textContent)}</a>`;
+    return `<a href="#${section.id}">${escaped(heading.textContent.split(":")[0])}</a>`;
   }).join("");
   el("contents").addEventListener("click", (event) => {
     const link = event.target.closest("a");
