@@ -94,6 +94,9 @@ enum class BarPlan {
     kLeast,  ///< fewest bars, or least cost
 };
 
+/// What the sections of a group have in common.
+enum class GroupSplit { kProfile, kMaterial, kThickness };
+
 /// Bars that nested members are cut from; mm.
 struct Stock {
     ZetString profilePattern;  ///< of the profile name; * any text, ? one character
@@ -129,6 +132,7 @@ struct Group {
     std::vector<std::size_t> files;  ///< positions; the first is the group's main file
     std::vector<ZetString> headerLines;
     std::vector<eSortOrder> sortKeys;
+    std::optional<GroupSplit> split;  ///< without: the group is one section
     bool isNested = false;
     double reserveLength = 0.0;  ///< an off-cut that is not longer than this stays as it is
     /// Without: least where a stock fits the profile, else given.
@@ -404,6 +408,7 @@ struct Job {
     std::vector<Assembly> assemblies;
     std::array<std::vector<ZetString>, kInfoBlockCount> infoHeaders;  ///< first lines of each block
     std::vector<std::size_t> infoOrder = {kErrorsBlock, kWarningsBlock, kAllMembersBlock};
+    bool hasInfoTotals = true;
 };
 
 }  // namespace job

@@ -235,6 +235,7 @@ struct AdditionalInfoTable {
     std::vector<ZetString> errors;
     std::vector<ZetString> warnings;
     std::vector<InfoBlock> order = {kErrorsBlock, kWarningsBlock, kAllMembersBlock};
+    bool hasTotals = true;
 };
 
 /// A whole job file.

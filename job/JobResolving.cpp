@@ -760,6 +760,7 @@ void JobMaker::TakeInfo() {
     m_job.infoHeaders[kErrorsBlock] = table.errors;
     m_job.infoHeaders[kWarningsBlock] = table.warnings;
     m_job.infoOrder.assign(table.order.begin(), table.order.end());
+    m_job.hasInfoTotals = table.hasTotals;
 }
 
 }  // namespace

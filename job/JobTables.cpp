@@ -148,6 +148,12 @@ constexpr Choice<NcWarnings> kNcWarnings[] = {
     {NcWarnings::kRefuse, "refuse"},
 };
 
+constexpr Choice<GroupSplit> kGroupSplits[] = {
+    {GroupSplit::kProfile,   "profile"  },
+    {GroupSplit::kMaterial,  "material" },
+    {GroupSplit::kThickness, "thickness"},
+};
+
 constexpr Choice<BarPlan> kBarPlans[] = {
     {BarPlan::kGiven, "given"},
     {BarPlan::kLeast, "least"},
@@ -211,6 +217,7 @@ template <> std::span<const Choice<MarkSource>> ChoicesOf() { return kMarkSource
 template <> std::span<const Choice<NcEncoding>> ChoicesOf() { return kNcEncodings; }
 template <> std::span<const Choice<WhenNot>> ChoicesOf() { return kWhenNot; }
 template <> std::span<const Choice<NcWarnings>> ChoicesOf() { return kNcWarnings; }
+template <> std::span<const Choice<GroupSplit>> ChoicesOf() { return kGroupSplits; }
 template <> std::span<const Choice<BarPlan>> ChoicesOf() { return kBarPlans; }
 template <> std::span<const Choice<SettingsUse>> ChoicesOf() { return kSettingsUses; }
 template <> std::span<const Choice<LineEnds>> ChoicesOf() { return kLineEnds; }
@@ -308,6 +315,7 @@ constexpr Key kGroupKeys[] = {
     Row<GroupTable, &SecondaryPartsTable::files>("files", kGroupFilesMeaning),
     Row<GroupTable, &GroupTable::header>("header", kGroupHeaderMeaning, {.defaultNote = "a blank line and the id; [] for none"}),
     Row<GroupTable, &Group::sortKeys>("sort", kGroupSortMeaning),
+    Row<GroupTable, &Group::split>("split_by", "A section of its own, with its name behind the header lines, for the members of each profile, material or thickness.", {.defaultNote = "one section"}),
     Row<GroupTable, &Group::isNested>("nesting", "Whether the members are cut from stock bars, with a cutting list: those of one profile and material together."),
     Row<GroupTable, &Group::plan>("plan", "Which pieces come from one bar. given: the order of the library, from the shortest piece up; for bars of 4000 mm without kerf and grips only. least: as few bars as possible, or the least cost of several stocks.", {.defaultNote = "\"least\" where a `[[stock]]` fits the profile and there is no `reserve`, else \"given\""}),
     Row<GroupTable, &Group::reserveLength>("reserve", "An off-cut that is not longer than this gets no further piece; with the plan \"given\" only.", {.range = kDistance, .unit = "mm"}),
@@ -445,6 +453,7 @@ constexpr Key kAdditionalInfoKeys[] = {
     Row<AdditionalInfoTable, &AdditionalInfoTable::errors>("errors", "First lines of the list of members with errors."),
     Row<AdditionalInfoTable, &AdditionalInfoTable::warnings>("warnings", "First lines of the list of members with warnings."),
     Row<AdditionalInfoTable, &AdditionalInfoTable::order>("order", "Which lists are written, in this order."),
+    Row<AdditionalInfoTable, &AdditionalInfoTable::hasTotals>("totals", "Whether pieces, metres and tonnes of the valid members follow, per group and per profile; tonnes by the weight per metre of the NC files."),
 };
 
 constexpr KeyTable kJobTable{kJobKeys};

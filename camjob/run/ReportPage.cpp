@@ -77,7 +77,7 @@ std::vector<PageFact> Totals(const RunReport& report) {
     long withWarnings = 0;
     long nonStandard = 0;
     for (const RunGroup& group : report.groups) {
-        pieces += group.result.pieces;
+        pieces += group.result.steel.pieces;
         valid += group.result.members - group.result.invalid;
         withWarnings += group.result.withWarnings;
         nonStandard += group.result.nonStandard;
@@ -110,7 +110,7 @@ PageTable GroupTable(const RunReport& report) {
         table.rows.push_back({group.name.toUtf8(),
                               Text(group.result.members),
                               Text(group.result.invalid),
-                              Text(group.result.pieces),
+                              Text(group.result.steel.pieces),
                               Text(group.result.withWarnings),
                               Text(group.result.nonStandard)});
     return table;

@@ -437,6 +437,7 @@ std::vector<fs::path> JobRunner::FileNames(const ZetString& fileName) const {
 void JobRunner::TakeResults(plugin::JobRun& run, const fs::path& staging) {
     for (const plugin::GroupResult& group : run.GetGroupResults())
         m_report.groups.push_back({m_job.groups[group.group].id, group});
+    m_report.profiles = run.GetProfileResults();
     for (const plugin::ProfilePlan& plan : run.GetPlans())
         m_report.plans.push_back({m_job.groups[plan.group].id, plan});
     for (const fs::path& name : FileNames(run.GetProjectInfo().GetFileName())) {

@@ -15,11 +15,11 @@ constexpr std::array kStatusWords = {"done", "refused", "cancelled", "failed", "
 
 Json SettingJson(const TakenSetting& setting) {
     return {
-        {"key",     setting.key            },
-        {"value",   setting.value.toUtf8() },
-        {"since",   setting.since          },
-        {"job",     setting.ofJob.toUtf8() },
-        {"certain", setting.isCertain      },
+        {"key",     setting.key           },
+        {"value",   setting.value.toUtf8()},
+        {"since",   setting.since         },
+        {"job",     setting.ofJob.toUtf8()},
+        {"certain", setting.isCertain     },
     };
 }
 
@@ -34,6 +34,11 @@ Json InputJson(const RunInput& input) {
 
 /// By the value of plugin::PlanUnit.
 constexpr std::array kUnitWords = {"bars", "mm", "price"};
+
+Json WeightJson(const plugin::SteelTotals& steel) {
+    const std::optional<double> weight = steel.GetWeight();
+    return weight ? Json(*weight) : Json();
+}
 
 Json PieceJson(const plugin::ProfilePlan& plan, const plugin::PieceOnBar& piece) {
     return {
@@ -110,14 +115,26 @@ Json RunJsonWriter::ToJson(const RunFile& file) const {
 }
 
 Json RunJsonWriter::ToJson(const RunGroup& group) {
+    const plugin::SteelTotals& steel = group.result.steel;
     return {
         {"group",        group.result.group       },
         {"name",         group.name.toUtf8()      },
         {"members",      group.result.members     },
-        {"pieces",       group.result.pieces      },
+        {"pieces",       steel.pieces             },
+        {"length",       steel.length             },
+        {"weight",       WeightJson(steel)        },
         {"invalid",      group.result.invalid     },
         {"withWarnings", group.result.withWarnings},
         {"nonStandard",  group.result.nonStandard },
+    };
+}
+
+Json RunJsonWriter::ToJson(const plugin::ProfileResult& profile) {
+    return {
+        {"profile", profile.profileName.toUtf8()},
+        {"pieces",  profile.steel.pieces        },
+        {"length",  profile.steel.length        },
+        {"weight",  WeightJson(profile.steel)   },
     };
 }
 
@@ -196,6 +213,7 @@ void RunJsonWriter::Write(const RunReport& report) {
     });
     m_lines.AddField("accounts", AccountsJson(m_report->SumAccounts()));
     AddList("groups", m_report->groups);
+    AddList("profiles", m_report->profiles);
     AddList("bars", m_report->plans);
     m_lines.AddField("changes", ChangesOf());
     AddList("files", m_report->files);

@@ -39,6 +39,7 @@ class RunJsonWriter {
     Json ToJson(const RunUnmadeFile& file) const;
     Json ToJson(const RunFile& file) const;
     static Json ToJson(const RunGroup& group);
+    static Json ToJson(const plugin::ProfileResult& profile);
     static Json ToJson(const RunPlan& plan);
     Json ChangesOf() const;
     template <typename T>

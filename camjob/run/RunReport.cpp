@@ -17,6 +17,7 @@ std::string DescribeNote(const RunNote& note) {
 void RunReport::DropResults() {
     members.clear();
     groups.clear();
+    profiles.clear();
     plans.clear();
     files.clear();
     drawings = {};

@@ -104,6 +104,7 @@ struct RunReport {
     std::vector<RunMember> members;          ///< in the order of the files
     MemberDrawings drawings;                 ///< by member; empty when nothing tells them
     std::vector<RunGroup> groups;
+    std::vector<plugin::ProfileResult> profiles;  ///< by name; of the valid members
     std::vector<RunPlan> plans;
     std::vector<RunFile> files;
     std::optional<OutputChanges> changes;  ///< against an earlier output, when there is one to tell

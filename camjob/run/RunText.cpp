@@ -43,7 +43,7 @@ plugin::GroupResult SumOf(const std::vector<RunGroup>& groups) {
     plugin::GroupResult sum;
     for (const RunGroup& group : groups) {
         sum.members += group.result.members;
-        sum.pieces += group.result.pieces;
+        sum.steel += group.result.steel;
         sum.invalid += group.result.invalid;
         sum.withWarnings += group.result.withWarnings;
         sum.nonStandard += group.result.nonStandard;
@@ -55,7 +55,9 @@ void AddGroupRow(TextTable& table, const ZetString& name, const plugin::GroupRes
     table.AddRow({name,
                   Integer(group.members),
                   Integer(group.members - group.invalid),
-                  Integer(group.pieces),
+                  Integer(group.steel.pieces),
+                  group.steel.ShowMetres(),
+                  group.steel.ShowTonnes(),
                   Integer(group.withWarnings),
                   Integer(group.nonStandard),
                   Integer(group.invalid)},
@@ -70,6 +72,8 @@ ZetString GroupTable(const RunReport& report, const Terminal& terminal) {
         {L"members",       Align::kRight},
         {L"valid",         Align::kRight},
         {L"pieces",        Align::kRight},
+        {L"metres",        Align::kRight},
+        {L"tonnes",        Align::kRight},
         {L"with warnings", Align::kRight},
         {L"non-standard",  Align::kRight},
         {L"invalid",       Align::kRight}
@@ -78,6 +82,26 @@ ZetString GroupTable(const RunReport& report, const Terminal& terminal) {
         AddGroupRow(table, group.name, group.result);
     AddGroupRow(table, L"all", SumOf(report.groups));
     return table.Format(terminal);
+}
+
+ZetString ProfileTable(const RunReport& report, const Terminal& terminal) {
+    TextTable table({
+        {L"profile", Align::kLeft },
+        {L"pieces",  Align::kRight},
+        {L"metres",  Align::kRight},
+        {L"tonnes",  Align::kRight}
+    });
+    bool isAnyUnweighed = false;
+    for (const plugin::ProfileResult& profile : report.profiles) {
+        table.AddRow({OneLine(profile.profileName),
+                      Integer(profile.steel.pieces),
+                      profile.steel.ShowMetres(),
+                      profile.steel.ShowTonnes()});
+        isAnyUnweighed = isAnyUnweighed || profile.steel.unweighed > 0;
+    }
+    return table.Format(terminal) + (isAnyUnweighed
+                                         ? Line(L"?: not every NC file tells its weight per metre")
+                                         : ZetString());
 }
 
 ZetString NestTable(const RunReport& report, const Terminal& terminal) {
@@ -348,6 +372,7 @@ void WriteRunText(const RunReport& report, bool showsNotes, OutputStream& out, O
                                            UnmadeTable(report, terminal),
                                            ErrorLines(report),
                                            WarningLine(report),
+                                           ProfileTable(report, terminal),
                                            SinglePartTable(report, terminal),
                                            NestTable(report, terminal),
                                            ChangesOf(report, terminal),

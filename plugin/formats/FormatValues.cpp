@@ -64,6 +64,7 @@ struct FieldValues {
     static FormatValue Tab(V, S) { return FormatWord{L"\t"}; }
     static FormatValue Header(V, S s) { return FormatWord{s.header->view()}; }
     static FormatValue Group(V, S s) { return s.group->view(); }
+    static FormatValue Section(V, S s) { return s.section->view(); }
     static FormatValue Profile(V v, S s) { return v.NameOfProfile(s.member->profile); }
     static FormatValue Operations(V, S s) { return static_cast<long>(s.member->operations.size()); }
     static FormatValue Face(V v, S s) { return v.NameOfFace(s.operation->face); }
@@ -108,6 +109,7 @@ const FieldValues::Row FieldValues::kRows[] = {
     {kRevision,              &Run<&FormatTexts::revision>                 },
     {kDate,                  &Run<&FormatTexts::date>                     },
     {kGroup,                 &Group                                       },
+    {kSection,               &Section                                     },
     {kMembers,               &Count<&FormatSubject::members>              },
     {kPieces,                &Count<&FormatSubject::pieces>               },
     {kLines,                 &Count<&FormatSubject::lines>                },
@@ -120,6 +122,7 @@ const FieldValues::Row FieldValues::kRows[] = {
     {kMemberWidth,           &OfMember<&Member::width>                    },
     {kThickness,             &OfMember<&Member::thickness>                },
     {kWeight,                &OfMember<&Member::weight>                   },
+    {kWeightPerMetre,        &OfMember<&Member::weightPerMetre>           },
     {kOperations,            &Operations                                  },
     {kIndex,                 &Count<&FormatSubject::index>                },
     {kKind,                  &Word<&Operation::kind,                        kOperationWords>},

@@ -28,6 +28,7 @@ struct FormatTexts {
 struct FormatSubject {
     const FormatTexts* texts = nullptr;
     const ZetString* group = nullptr;
+    const ZetString* section = nullptr;
     const MachineMember* member = nullptr;
     const MachineOperation* operation = nullptr;
     const ZetGeomPoint2d* point = nullptr;

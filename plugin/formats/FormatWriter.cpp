@@ -240,6 +240,7 @@ class FormatWriter::FileText {
         m_subject.members += subject.members;
         m_subject.pieces += subject.pieces;
         subject.group = &group.id;
+        subject.section = &group.section;
         AppendFrame(job::FormatPart::kGroupStart, subject, group.header, inside);
         for (const FormattedMember* member : group.members)
             inside.AppendText(member->text, member->lines);

@@ -24,6 +24,7 @@ struct FormattedMember {
 /// The members of a group, in their order.
 struct FormattedGroup {
     ZetString id;
+    ZetString section;  ///< "": all of the group
     std::vector<ZetString> header;
     std::vector<const FormattedMember*> members;
 };

@@ -78,7 +78,8 @@ struct MachineMember {
     double height = 0.0;  ///< of the profile
     double width = 0.0;
     double thickness = 0.0;
-    double weight = 0.0;  ///< kg per metre; 0: not known
+    double weight = 0.0;          ///< kg, of one piece; 0: not known
+    double weightPerMetre = 0.0;  ///< kg; 0: not known
     /// Across each face, by eHoleFace; 0: not known.
     std::array<double, eHoleFaceNone + 1> faceWidths{};
     std::vector<MachineOperation> operations;

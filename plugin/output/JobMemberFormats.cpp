@@ -40,30 +40,12 @@ std::set<std::size_t> JobMember::FormatsOfGroup() const {
     return formats;
 }
 
-std::array<double, eHoleFaceNone + 1> JobMember::FaceWidths() const {
-    std::array<double, eHoleFaceNone + 1> widths{};
-    widths[eHoleFaceWeb] = widths[eHoleFaceWebBack] = GetWebWidth();
-    widths[eHoleFaceTopFlange] = widths[eHoleFaceSlopedTopFlange] = GetTopFlangeWidth();
-    widths[eHoleFaceBottomFlange] = widths[eHoleFaceSlopedBottomFlange] = GetBotFlangeWidth();
-    return widths;
-}
-
 void JobMember::WriteFormats() {
     const std::set<std::size_t> formats = FormatsOfGroup();
     if (formats.empty())
         return;
+    MakeMachineMember();
     MakeOperations();
-    m_machineMember.mark = GetMark();
-    m_machineMember.quantity = GetQty();
-    m_machineMember.profile = GetProfileName();
-    m_machineMember.length = GetLength();
-    m_machineMember.group = GetGroup().id;
-    m_machineMember.material = m_material;
-    m_machineMember.height = GetWebWidth();
-    m_machineMember.width = GetProfileWidth();
-    m_machineMember.thickness = GetProfileThick();
-    m_machineMember.weight = m_weightPerMetre;
-    m_machineMember.faceWidths = FaceWidths();
     // What is taken out for one is taken out for all.
     const auto write = [&](std::size_t format) { return WriteFormat(format); };
     while (!std::all_of(formats.begin(), formats.end(), write)) {

@@ -9,6 +9,8 @@ namespace plugin {
 
 namespace {
 
+constexpr double kMillimetresAMetre = 1000.0;
+
 bool IsManufactured(const CHoleAddlInfo& hole) {
     const eHoleStatus status = hole.GetHoleStatus();
     return hole.GetValid() && (status == eHoleStatusGroup || status == eHoleStatusIsPair);
@@ -181,11 +183,32 @@ void JobMember::ClaimOperations() {
         m_ledger.Claim(tag, Account::kMade);
 }
 
-void JobMember::GenerateMemData() {
+std::array<double, eHoleFaceNone + 1> JobMember::FaceWidths() const {
+    std::array<double, eHoleFaceNone + 1> widths{};
+    widths[eHoleFaceWeb] = widths[eHoleFaceWebBack] = GetWebWidth();
+    widths[eHoleFaceTopFlange] = widths[eHoleFaceSlopedTopFlange] = GetTopFlangeWidth();
+    widths[eHoleFaceBottomFlange] = widths[eHoleFaceSlopedBottomFlange] = GetBotFlangeWidth();
+    return widths;
+}
+
+/// All but its operations.
+void JobMember::MakeMachineMember() {
     m_machineMember.mark = GetMark();
     m_machineMember.quantity = GetQty();
     m_machineMember.profile = GetProfileName();
     m_machineMember.length = GetLength();
+    m_machineMember.group = GetGroup().id;
+    m_machineMember.material = m_material;
+    m_machineMember.height = GetWebWidth();
+    m_machineMember.width = GetProfileWidth();
+    m_machineMember.thickness = GetProfileThick();
+    m_machineMember.weight = GetLength() / kMillimetresAMetre * m_weightPerMetre;
+    m_machineMember.weightPerMetre = m_weightPerMetre;
+    m_machineMember.faceWidths = FaceWidths();
+}
+
+void JobMember::GenerateMemData() {
+    MakeMachineMember();
     m_textList3.append(FormatMemberLine(m_machineMember));
 }
 

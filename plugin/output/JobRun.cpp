@@ -52,22 +52,21 @@ CalendarDate DateOfRun() {
     return g_dateOfRun;
 }
 
-CMxGroups GroupOf(const job::Group& source, std::size_t position) {
+CMxGroups GroupOf(const job::Group& source, const GroupSection& section, std::size_t position) {
     ZetArray<long> files;
     for (const std::size_t file : source.files)
         files.append(static_cast<long>(file));
     CMxGroups group;
     group.setValues(static_cast<long>(position),
                     std::move(files),
-                    ArrayFromVector(source.headerLines),
+                    ArrayFromVector(section.headerLines),
                     ArrayFromVector(source.sortKeys));
     group.SetNesting(source.isNested);
     return group;
 }
 
-void Count(const MemberOutcome& member, long pieces, GroupResult& group) {
+void Count(const MemberOutcome& member, GroupResult& group) {
     ++group.members;
-    group.pieces += member.isValid ? pieces : 0;
     group.invalid += member.isValid ? 0 : 1;
     group.withWarnings += member.hasWarnings ? 1 : 0;
     group.nonStandard += member.isNonStandard ? 1 : 0;
@@ -98,6 +97,11 @@ class JobRun::Member final : public JobMember {
     const ZetString& GetFile() const { return m_file; }
     /// Pieces as ordered.
     long GetOrdered() const { return m_ordered; }
+    /// When it is valid.
+    void AddSteelTo(SteelTotals& steel) const {
+        if (GetOutcome().isValid)
+            steel.Add(m_ordered, GetLength(), GetWeightPerMetre());
+    }
     MemberResult GetResult() const {
         const long left = IsSecondaryPart() ? GetQty() : 0;
         MemberResult result;
@@ -206,6 +210,8 @@ bool JobRun::Write(const std::filesystem::path& folder, const CancelCheck& isCan
     } catch (const Cancelled&) {
         return false;
     }
+    if (m_job.hasInfoTotals && m_faults.isEmpty())
+        WriteTotals(folderText);
     EndLines(folder);
     WriteFormattedFiles(folder);
     MakePlans();
@@ -256,13 +262,17 @@ ZetArray<ZetString> JobRun::MakeHeaderOf(const job::OutputFile& file) {
     return header;
 }
 
-/// A group's ID is its position everywhere.
+/// To the library each section is a group, whose ID is its position everywhere.
 void JobRun::SetUpGroups() {
+    m_sections = GroupSections(m_job, m_members);
+    for (const auto& member : m_members)
+        member->SetGroupID(static_cast<long>(m_sections.PositionOf(*member)));
     ZetArray<int> indexMap;
     ZetArray<CMxGroups> groups;
-    for (std::size_t i = 0; i < m_job.groups.size(); ++i) {
-        indexMap.append(static_cast<int>(i));
-        groups.append(GroupOf(m_job.groups[i], i));
+    for (const GroupSection& section : m_sections.GetSections()) {
+        const auto position = static_cast<std::size_t>(groups.length());
+        indexMap.append(static_cast<int>(position));
+        groups.append(GroupOf(m_job.groups[section.group], section, position));
     }
     m_accumulator.appendGroups(std::move(indexMap), std::move(groups));
 }
@@ -285,6 +295,36 @@ void JobRun::SetUpAdditionalInfo() {
     m_accumulator.SetAddInfo(std::move(info));
 }
 
+/// Behind the library's lists, which come between gaps like this one.
+void JobRun::WriteTotals(const ZetString& folder) {
+    const auto line = [](const ZetString& name, const SteelTotals& steel) {
+        return ZetString::format(
+            L"%-40s%10d%12s%12s", name, steel.pieces, steel.ShowMetres(), steel.ShowTonnes());
+    };
+    const auto head = [](const wchar_t* name) {
+        return ZetString::format(L"%-40s%10s%12s%12s",
+                                 ZetString(name),
+                                 ZetString(L"pieces"),
+                                 ZetString(L"metres"),
+                                 ZetString(L"tonnes"));
+    };
+    ZetArray<ZetString> lines = {L"  ", L"  ", L"  ", head(L"Groups")};
+    SteelTotals all;
+    for (const GroupResult& group : GetGroupResults()) {
+        lines.append(line(m_job.groups[group.group].id, group.steel));
+        all += group.steel;
+    }
+    lines.append(line(L"all", all));
+    lines.append(head(L"Profiles"));
+    for (const ProfileResult& profile : GetProfileResults())
+        lines.append(line(job::EscapeControls(profile.profileName), profile.steel));
+    const ZetString name = folder + GetFileName(m_job.files[job::kInfoFile].ending);
+    ZetFileAccess file;
+    file.Open(name, L"a");
+    CMxUtil::AsArrStrPrint(lines, &file);
+    CloseFile(file, name);
+}
+
 /// The library ends lines with LF: its files are changed when they are whole.
 void JobRun::EndLines(const std::filesystem::path& folder) {
     for (const job::OutputFile& file : m_job.files) {
@@ -301,18 +341,20 @@ void JobRun::EndLines(const std::filesystem::path& folder) {
 
 /// The members of a file as they were written, group by group.
 std::vector<FormattedGroup> JobRun::GroupsOf(std::size_t file) const {
-    std::map<std::size_t, std::size_t> placeOfGroup;
+    std::map<std::size_t, std::size_t> placeOfSection;
     std::vector<FormattedGroup> groups;
-    for (const std::size_t position : m_written) {
-        const Member& member = *m_members[position];
+    for (const std::size_t written : m_written) {
+        const Member& member = *m_members[written];
         const job::Group& group = m_job.groups[member.GetGroupPosition()];
         const bool isInFile =
             std::find(group.files.begin(), group.files.end(), file) != group.files.end();
         if (!isInFile || !member.IsMade())
             continue;
-        const auto [at, isNew] = placeOfGroup.insert({member.GetGroupPosition(), groups.size()});
+        const std::size_t position = m_sections.PositionOf(member);
+        const GroupSection& section = m_sections.GetSections()[position];
+        const auto [at, isNew] = placeOfSection.insert({position, groups.size()});
         if (isNew)
-            groups.push_back({group.id, group.headerLines, {}});
+            groups.push_back({group.id, section.name, section.headerLines, {}});
         groups[at->second].members.push_back(member.GetFormatted(*m_job.files[file].format));
     }
     return groups;
@@ -351,7 +393,7 @@ std::vector<ZetString> JobRun::FindFormatConflicts() {
         std::vector<FormattedGroup> groups;
         for (const job::Group& group : m_job.groups)
             if (std::find(group.files.begin(), group.files.end(), file) != group.files.end())
-                groups.push_back({group.id, group.headerLines, {&none}});
+                groups.push_back({group.id, {}, group.headerLines, {&none}});
         std::vector<FormatFault> faults;
         MakeFormattedFile(file, std::move(groups), faults);
         for (const FormatFault& fault : faults)
@@ -480,13 +522,27 @@ std::vector<MemberResult> JobRun::TakeMemberResults() {
 
 std::vector<GroupResult> JobRun::GetGroupResults() const {
     std::map<std::size_t, GroupResult> groups;
-    for (const auto& member : m_members)
-        Count(member->GetOutcome(), member->GetOrdered(), groups[member->GetGroupPosition()]);
+    for (const auto& member : m_members) {
+        GroupResult& group = groups[member->GetGroupPosition()];
+        Count(member->GetOutcome(), group);
+        member->AddSteelTo(group.steel);
+    }
     std::vector<GroupResult> results;
     for (auto& [position, group] : groups) {
         group.group = position;
         results.push_back(group);
     }
+    return results;
+}
+
+std::vector<ProfileResult> JobRun::GetProfileResults() const {
+    std::map<ZetString, SteelTotals> profiles;
+    for (const auto& member : m_members)
+        if (member->GetOutcome().isValid)
+            member->AddSteelTo(profiles[member->GetProfileName()]);
+    std::vector<ProfileResult> results;
+    for (auto& [name, steel] : profiles)
+        results.push_back({name, steel});
     return results;
 }
 

@@ -2,8 +2,10 @@
 
 #include "job/Job.h"
 #include "plugin/output/BarsInHand.h"
+#include "plugin/output/GroupSections.h"
 #include "plugin/output/JobProjectInformation.h"
 #include "plugin/output/ProfilePlan.h"
+#include "plugin/output/SteelTotals.h"
 #include "plugin/rules/JobMember.h"
 #include "plugin/rules/JudgingRules.h"
 
@@ -46,10 +48,16 @@ struct MemberResult {
 struct GroupResult {
     std::size_t group = 0;  ///< position in Job::groups
     long members = 0;
-    long pieces = 0;  ///< of the valid members
+    SteelTotals steel;  ///< of the valid members
     long invalid = 0;
     long withWarnings = 0;
     long nonStandard = 0;
+};
+
+/// What the valid members of one profile come to.
+struct ProfileResult {
+    ZetString profileName;
+    SteelTotals steel;
 };
 
 /// One run of a job: takes the members one by one, then writes all files.
@@ -109,6 +117,8 @@ class JobRun {
     std::vector<MemberResult> TakeMemberResults();
     /// By position. After Write.
     std::vector<GroupResult> GetGroupResults() const;
+    /// By name. After Write.
+    std::vector<ProfileResult> GetProfileResults() const;
     /// Why members that were added cannot be cut as the job says; one sentence each.
     std::vector<ZetString> FindPlanConflicts() const;
     /// Why files cannot be written in their formats, whatever their members; one sentence each.
@@ -148,6 +158,7 @@ class JobRun {
                                   std::vector<FormatFault>& faults);
     std::vector<FormattedGroup> GroupsOf(std::size_t file) const;
     void SetUpGroups();
+    void WriteTotals(const ZetString& folder);
     void SetUpAdditionalInfo();
     void EndLines(const std::filesystem::path& folder);
     bool IsAnyGroupNested() const;
@@ -162,6 +173,7 @@ class JobRun {
     JudgingRules m_rules;
     DateOfLife m_date;
     std::vector<std::unique_ptr<Member>> m_members;
+    GroupSections m_sections;  ///< from Write on
     Ledger m_lastLedger;
     CMxCamGlobAcc m_accumulator;
     std::vector<ZetString> m_leftOut;

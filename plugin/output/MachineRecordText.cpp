@@ -53,6 +53,8 @@ constexpr Field<MachineMember> kMemberFields[] = {
     {L"quantity", &MachineMember::quantity},
     {L"profile",  &MachineMember::profile },
     {L"length",   &MachineMember::length  },
+    {L"material", &MachineMember::material},
+    {L"weight",   &MachineMember::weight  },
 };
 
 using Operation = MachineOperation;

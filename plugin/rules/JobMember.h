@@ -287,6 +287,7 @@ class JobMember : public CMxPeilaib {
     CViewData ViewDataOf(int viewPosition) const;
     void NoteMarks();
     void MakeMarks();
+    void MakeMachineMember();
     void MakeOperations();
     void AddOperation(MachineOperation operation, long tag);
     void AddOperationOnce(MachineOperation operation, long tag);

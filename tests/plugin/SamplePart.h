@@ -38,6 +38,7 @@ class Part : public ZetNCEntity {
 
     Part& Qty(long quantity) { return m_header.quantity = quantity, *this; }
     Part& Material(const wchar_t* material) { return m_header.material = material, *this; }
+    Part& Thickness(double thickness) { return m_header.thickness = thickness, *this; }
     Part& Length(double length) { return m_header.length = length, *this; }
     Part& Hole(int view, double x, double y, double size, int kind = 0) {
         return Hole(view, ZetNCHoleData{.x = x, .y = y, .kind = kind, .size = size});

@@ -180,8 +180,8 @@ text = ["E {job}"]
     texts.job = L"J";
     EXPECT_EQ(writer.WriteFile(
                   {
-                      {L"g",    {L"one", L"two"}, {&member, &member}},
-                      {L"none", {L"x"},           {}                }
+                      {L"g",    L"Profile Z", {L"one", L"two"}, {&member, &member}},
+                      {L"none", {},           {L"x"},           {}                }
     },
                   {L"top"},
                   texts,
@@ -290,7 +290,7 @@ TEST(BuiltInFormat, CsvHasARowForEachOperationAndEveryColumn) {
         const FormattedMember written = writer.WriteMember(member, {}, faults);
         const auto rows = RowsOf(writer.WriteFile(
             {
-                {L"g", {}, {&written}}
+                {L"g", {}, {}, {&written}}
         },
             {},
             {},

@@ -6,7 +6,9 @@
 #include "camdata/platform/host/HostComError.h"
 
 #include <fstream>
+#include <sstream>
 #include <string>
+#include <utility>
 
 #include <gtest/gtest.h>
 
@@ -71,15 +73,41 @@ TEST(JobRun, MembersPartsAndMainPartsInTheirFiles) {
                    std::to_string(result.quantity) + (result.outcome.isValid ? "" : " invalid") +
                    (result.outcome.hasWarnings ? " warned" : "") +
                    (result.outcome.isNonStandard ? " non-standard" : "") + ";";
-    EXPECT_EQ(results,
-              "M 2 x4 invalid;E 2 x1;D 2 x51 warned non-standard;C 1 x2 invalid;B 1 x1 warned;A 1 x6 warned;");
+    EXPECT_EQ(
+        results,
+        "M 2 x4 invalid;E 2 x1;D 2 x51 warned non-standard;C 1 x2 invalid;B 1 x1 warned;A 1 x6 warned;");
     const std::vector<plugin::GroupResult> groups = run.GetGroupResults();
     ASSERT_EQ(groups.size(), 2u);
     EXPECT_EQ(groups[1].members, 3);
-    EXPECT_EQ(groups[1].pieces, 52);
+    EXPECT_EQ(groups[1].steel.pieces, 52);
     EXPECT_EQ(groups[1].invalid, 1);
     EXPECT_EQ(groups[1].withWarnings, 1);
     EXPECT_EQ(groups[1].nonStandard, 1);
+}
+
+TEST(JobRun, SplitGroupsHaveASectionEach) {
+    const std::pair<job::GroupSplit, const char*> cases[] = {
+        {job::GroupSplit::kProfile,   "Profile C150x1.5: C|Profile Z200x2.0: A B"},
+        {job::GroupSplit::kMaterial,  "Material not told: B|Material S: A C"     },
+        {job::GroupSplit::kThickness, "Thickness 1.5 mm: C|Thickness 2 mm: A B"  },
+    };
+    for (const auto& [split, sections] : cases) {
+        TempFolder folder;
+        Job job = RunJob();
+        job.groups[2].split = split;
+        Part a(L"A"), b(L"B"), c(L"C", L"C150x1.5");
+        JobRun run(job, folder.PathOf(""));
+        AddAll(run, {&a.Material(L"S"), &c.Thickness(1.5).Material(L"S"), &b});
+        ASSERT_TRUE(run.Write(folder.PathOf("")));
+        std::string seen;
+        std::istringstream orders(folder.Read("job-orders.txt"));
+        for (std::string line; std::getline(orders, line);)
+            if (line.starts_with("member mark="))
+                seen += " " + line.substr(13, 1);
+            else if (line != "end" && line != "Members")
+                seen += (seen.empty() ? "" : "|") + line + ":";
+        EXPECT_EQ(seen, sections);
+    }
 }
 
 TEST(JobRun, NestsTheValidMembersOfAGroup) {
@@ -153,7 +181,7 @@ TEST(JobRun, CanBeCancelledBetweenMembersAndTellsFileFaults) {
     int asked = 0;
     EXPECT_FALSE(run.Write(folder.PathOf(""), [&asked] { return ++asked == 2; }));
     const std::string ofFirstMember =
-        "Members\nmember mark=\"A\" quantity=1 profile=\"Z200x2.0\" length=3000.000\nend\n";
+        "Members\nmember mark=\"A\" quantity=1 profile=\"Z200x2.0\" length=3000.000 material=\"\" weight=0.000\nend\n";
     EXPECT_EQ(folder.Read("job-orders.txt"), ofFirstMember) << "not closed";
 
     // An error of the host or of the caller leaves no file open either.

@@ -93,7 +93,7 @@ TEST(MachineRecord, LeavesOutWhatIsNotMade) {
     part.Hole(kWebView, 100, 50, 18).Opening(kWebView, 500, 100, 60, 40);
     Judged judged(job, part);
     EXPECT_EQ(RecordsOf(judged),
-              "member mark=\"Z1\" quantity=1 profile=\"Z200x2.0\" length=3000.000\nend\n");
+              "member mark=\"Z1\" quantity=1 profile=\"Z200x2.0\" length=3000.000 material=\"\" weight=0.000\nend\n");
 }
 
 // ---- back again ---------------------------------------------------------------------------------
@@ -178,7 +178,7 @@ TEST_P(Fault, IsNamedWithItsLine) {
     EXPECT_EQ(fault->text.toUtf8(), c.fault);
 }
 
-#define MEMBER "member mark=\"A\" quantity=1 profile=\"P\" length=1.000\n"
+#define MEMBER "member mark=\"A\" quantity=1 profile=\"P\" length=1.000 material=\"\" weight=0\n"
 // clang-format off
 const FaultCase kFaultCases[] = {
     {"NoEnd",         "heading\n" MEMBER,                                2, "the member has no end"},
