@@ -30,10 +30,13 @@ void AppendUtf8(char16_t character, std::string& text) {
     const std::size_t begin = before.find_last_of("\r\n") + 1;
     const auto ends = std::count(before.begin(), before.end(), '\n');
     const std::string_view line = bytes.substr(begin, bytes.find_first_of("\r\n", at) - begin);
-    FailAt({static_cast<long>(ends) + 1, line},
-           L"text",
-           Trimmed(line),
-           L"text in " + ZetString::fromUtf8(encoding) + L", which has no such byte");
+    throw NcFailure(NcError{{},
+                            static_cast<long>(ends) + 1,
+                            0,
+                            L"text",
+                            Quotable(Trimmed(line)),
+                            L"text in " + ZetString::fromUtf8(encoding) + L", which has no such byte",
+                            true});
 }
 
 std::string Decode(std::string_view bytes, const codepages::CodePage& page) {

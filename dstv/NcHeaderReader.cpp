@@ -80,6 +80,7 @@ const std::array<NcHeaderReader::Field, NcHeaderReader::kRequired> NcHeaderReade
 void NcHeaderReader::Read(const NcLine& line) {
     if (m_count < kRequired) {
         m_lines[m_count] = line;
+        m_header.lines[m_count] = line.number;
         const Field& field = kFields[m_count];
         (this->*field.read)(line, field);
     } else {

@@ -27,6 +27,7 @@ struct NcError {
     ZetString what;      ///< the thing that is wrong, for example "length"
     ZetString found;     ///< the text of the file, shortened when very long
     ZetString expected;  ///< for example "a number in mm, or two separated by a comma"
+    bool isOfEncoding = false;  ///< a byte that the encoding of the texts does not have
     std::vector<NcError> further = {};  ///< the file's errors behind this one, each without its own
 
     /// One line without its end, for example

@@ -7,6 +7,7 @@
 #include "camdata/platform/text/ZetString.h"
 
 #include <array>
+#include <cstddef>
 #include <optional>
 #include <vector>
 
@@ -38,9 +39,20 @@ struct NcPlace {
     friend bool operator==(const NcPlace&, const NcPlace&) = default;
 };
 
+/// Header values by their place behind ST.
+enum class NcHeaderValue : std::size_t {
+    kDrawing = 1,
+    kPhase = 2,
+    kMark = 3,
+    kQuantity = 5,
+    kProfileName = 6,
+    kLength = 8,
+};
+
 /// The 24 header values.
 struct NcHeader {
-    long line = 0;  ///< of ST
+    long line = 0;                 ///< of ST
+    std::array<long, 20> lines{};  ///< of the values before the texts
     ZetString order;
     ZetString drawing;
     ZetString phase;
@@ -63,6 +75,8 @@ struct NcHeader {
     double flangeStartCut = 0.0;
     double flangeEndCut = 0.0;
     std::array<ZetString, 4> infoTexts;
+
+    long lineOf(NcHeaderValue value) const { return lines[static_cast<std::size_t>(value)]; }
 };
 
 /// What a hole's line says that the tool does.

@@ -36,8 +36,37 @@ namespace {
 /// Width and precision of one field.
 constexpr int kMostCharacters = 100;
 
-constexpr const char* kNames[] = {"diameter", "length", "width", "face", "x", "y", "depth"};
+/// A value that can be filled in.
+struct ValueName {
+    const char* name;
+    CodeOf last;  ///< that has it, of the kinds in their order
+};
+constexpr ValueName kNames[] = {
+    {"diameter", CodeOf::kHole },
+    {"length",   CodeOf::kNotch},
+    {"width",    CodeOf::kNotch},
+    {"face",     CodeOf::kTrim },
+    {"x",        CodeOf::kTrim },
+    {"y",        CodeOf::kTrim },
+    {"depth",    CodeOf::kHole },
+};
 constexpr std::string_view kFace = "face";
+
+std::vector<std::string> NamesOf(CodeOf what) {
+    std::vector<std::string> names;
+    for (const ValueName& value : kNames)
+        if (what <= value.last)
+            names.emplace_back(value.name);
+    return names;
+}
+
+std::string Listed(const std::vector<std::string>& words) {
+    std::string list = words.front();
+    for (std::size_t i = 1; i < words.size(); ++i)
+        list += (i + 1 < words.size() ? ", " : " and ") + words[i];
+    return list;
+}
+
 constexpr std::string_view kNumberTypes = "feEgGF";
 /// What a filled number can have besides its fill.
 constexpr std::string_view kOfNumbers = "0123456789.+-eE ";
@@ -102,11 +131,10 @@ int LargestNumber(std::string_view text) {
     return largest;
 }
 
-std::string FaultOfField(const Field& field) {
-    const std::vector<std::string> names(std::begin(kNames), std::end(kNames));
+std::string FaultOfField(const Field& field, CodeOf what) {
+    const std::vector<std::string> names = NamesOf(what);
     if (std::find(names.begin(), names.end(), field.name) == names.end())
-        return "there is no value {" + std::string(field.name) +
-               "}, only diameter, length, width, face, x, y and depth" +
+        return "there is no value {" + std::string(field.name) + "}, only " + Listed(names) +
                Suggest(field.name, names) + "; a { that is meant as it stands is written {{";
     // A minus sign before a number is an alignment or a sign, and never part of it.
     std::string spec(field.spec);
@@ -118,29 +146,32 @@ std::string FaultOfField(const Field& field) {
     if (field.name != kFace && isLetter && kNumberTypes.find(type) == std::string_view::npos)
         return "{" + std::string(field.name) +
                "} is a number: f, e or g can stand at its end, not " + std::string(1, type);
+    if (field.name == kFace && (type == '.' || (isLetter && type != 's')))
+        return "{face} is a text: only a width can stand behind its colon, such as {face:14}";
     return "";
 }
 
 std::string Fill(const std::string& code, const CodeValues& values) {
-    return fmt::vformat(code,
-                        fmt::make_format_args(fmt::arg(kNames[0], FilledNumber{values.diameter}),
-                                              fmt::arg(kNames[1], FilledNumber{values.length}),
-                                              fmt::arg(kNames[2], FilledNumber{values.width}),
-                                              fmt::arg(kNames[3], values.face),
-                                              fmt::arg(kNames[4], FilledNumber{values.x}),
-                                              fmt::arg(kNames[5], FilledNumber{values.y}),
-                                              fmt::arg(kNames[6], FilledNumber{values.depth})));
+    return fmt::vformat(
+        code,
+        fmt::make_format_args(fmt::arg(kNames[0].name, FilledNumber{values.diameter}),
+                              fmt::arg(kNames[1].name, FilledNumber{values.length}),
+                              fmt::arg(kNames[2].name, FilledNumber{values.width}),
+                              fmt::arg(kNames[3].name, values.face),
+                              fmt::arg(kNames[4].name, FilledNumber{values.x}),
+                              fmt::arg(kNames[5].name, FilledNumber{values.y}),
+                              fmt::arg(kNames[6].name, FilledNumber{values.depth})));
 }
 
 }  // namespace
 
-std::string FaultOfCode(const ZetString& code) {
+std::string FaultOfCode(const ZetString& code, CodeOf what) {
     const std::string text = code.toUtf8();
     const ParsedCode parsed = Parse(text);
     if (!parsed.fault.empty())
         return parsed.fault;
     for (const Field& field : parsed.fields)
-        if (const std::string fault = FaultOfField(field); !fault.empty())
+        if (const std::string fault = FaultOfField(field, what); !fault.empty())
             return fault;
     try {
         Fill(text, {});

@@ -149,14 +149,25 @@ struct FlangeZero {
 /// A maximum length that no member reaches, mm.
 inline constexpr double kAnyLength = 1e9;
 
+/// What a member type reads a number of the profile name for.
+struct NumberInName {
+    const char* key;     ///< of the job file: "height"
+    long start = 0;      ///< its first character, from 0
+    long length = 0;     ///< characters
+    bool isSize = true;  ///< must be above 0
+    long line = 0;       ///< where the job file says so
+};
+
 /// How the members of one kind are found and judged.
 struct MemberType {
     ZetString id;
+    long line = 0;             ///< of its table in the job file; 0: not from there
     ZetString profilePattern;  ///< of the profile name; * any text, ? one character; "": any
     ZetString codePattern;     ///< of the profile code; the same
     bool isSkipped = false;    ///< its members are left out of the run
     std::size_t group = kFirstOwnGroup;
-    CMemTypeAndAttrib type;     ///< the group's position is its record type
+    CMemTypeAndAttrib type;  ///< the group's position is its record type
+    std::vector<NumberInName> numbersInName;
     CMemberValidations limits;  ///< their report types do not count
     FlangeZero topFlange;
     FlangeZero bottomFlange;
@@ -182,6 +193,7 @@ struct GroupRule {
 /// Which holes get which code. Empty lists match any hole.
 struct HoleRule {
     ZetString id;
+    long line = 0;  ///< of its table in the job file
     eHoleShapeType shape = eHoleShapeRound;
     std::vector<double> diameters;
     std::vector<double> lengths;  ///< overall, of slots and rectangles (those along the member)
@@ -221,6 +233,7 @@ enum class NotchCorner {
 /// A notch at a corner that the machine has a code for.
 struct CornerNotch {
     ZetString id;
+    long line = 0;  ///< of its table in the job file
     /// Corner coordinates are set from `along` and `across` for each member.
     SCheckNotch definition;
     NotchCorner along = NotchCorner::kStart;
@@ -257,6 +270,7 @@ struct PatternHole {
 /// The holes that members of one fixed length must have.
 struct FixedPattern {
     ZetString id;
+    long line = 0;  ///< of its table in the job file
     double fixedLength = 0.0;
     bool isMirrorAllowed = false;
     std::vector<PatternHole> holes;
@@ -278,12 +292,16 @@ struct Tolerances {
 /// One single part of an assembly.
 struct AssemblyPart {
     ZetString mark;
-    long count = 1;  ///< pieces on one main part
+    long count = 1;   ///< pieces on one main part
+    long line = 0;    ///< of its mark in the job file
+    long column = 0;  ///< the same
 };
 
 /// A main part and what is fixed to it.
 struct Assembly {
     ZetString mark;
+    long line = 0;    ///< of its mark in the job file
+    long column = 0;  ///< the same
     std::vector<AssemblyPart> parts;
 };
 
@@ -327,6 +345,12 @@ enum class MarkSource {
     kPath,      ///< the same with its folders, from that of the job file on
 };
 
+inline constexpr MarkSource kMarkSources[] = {MarkSource::kMark,
+                                              MarkSource::kDrawing,
+                                              MarkSource::kPhase,
+                                              MarkSource::kFileName,
+                                              MarkSource::kPath};
+
 /// How the texts of NC files are written: their bytes above ASCII.
 enum class NcEncoding {
     kAuto,  ///< each text UTF-8 when it is well-formed, else Windows-1252
@@ -341,6 +365,7 @@ enum class NcEncoding {
 
 /// As a job file names it; "" for none.
 const char* NameOf(eHoleFace face);
+const char* NameOf(MarkSource source);
 /// As a job file and the NC reader name it.
 const char* NameOf(NcEncoding encoding);
 

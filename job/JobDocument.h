@@ -206,15 +206,20 @@ struct CornerNotchTable : CornerNotch, PlacedTable {
     std::vector<NotchValue> values;
 };
 
-struct TrimTable : TrimRule {
+struct UncoveredNotchesTable : UncoveredRule {
+    PlacedText code{UncoveredRule().code, {}};
+};
+
+struct TrimTable : TrimRule, PlacedTable {
     PlacedText id;
+    PlacedText code;
 };
 
 struct PatternHoleTable : PatternHole, PlacedTable {
     PlacedText message{PatternHole().message, {}};
 };
 
-struct FixedPatternTable : FixedPattern {
+struct FixedPatternTable : FixedPattern, PlacedTable {
     PlacedText id;
     std::vector<PatternHoleTable> holes;
 };
@@ -254,7 +259,7 @@ struct JobDocument {
     std::vector<HoleRuleTable> holeRules;
     UncoveredHolesTable uncoveredHoles;
     std::vector<CornerNotchTable> cornerNotches;
-    UncoveredRule uncoveredNotches;
+    UncoveredNotchesTable uncoveredNotches;
     std::vector<TrimTable> trims;
     std::vector<FixedPatternTable> patterns;
     std::vector<AssemblyTable> assemblies;

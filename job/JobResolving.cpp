@@ -3,8 +3,8 @@
 #include "job/BuiltInJob.h"
 #include "job/CodeFormat.h"
 #include "job/FileNames.h"
-#include "job/IsoDate.h"
 #include "job/FormatFile.h"
+#include "job/IsoDate.h"
 #include "job/MemberLine.h"
 #include "job/MessageTexts.h"
 #include "job/NcNames.h"
@@ -111,6 +111,26 @@ class FileNames {
     std::vector<std::wstring> m_names;
 };
 
+std::vector<NumberInName> NumbersInName(const MemberTypeTable& table) {
+    std::vector<NumberInName> numbers;
+    const auto add = [&](const char* key, const SizeTable& size) {
+        if (size.source == eProfPropName)
+            numbers.push_back(
+                {key, size.start.value_or(0), size.length.value_or(0), true, size.at.line});
+    };
+    add("height", table.height);
+    add("width", table.width);
+    add("thickness", table.thickness);
+    // A sign stands before the number.
+    if (table.slope && table.slope->source == SlopeSource::kName)
+        numbers.push_back({"slope",
+                           table.slope->start.value_or(0) + 1,
+                           table.slope->length.value_or(0),
+                           false,
+                           table.slope->at.line});
+    return numbers;
+}
+
 /// Makes a job from what its file says, table by table.
 class JobMaker {
   public:
@@ -171,8 +191,8 @@ class JobMaker {
     void CheckPart(const AssemblyTable& assembly, std::size_t part, const Ids& mains);
     void TakeInfo();
 
-    void TakeUncoveredHoles();
-    bool CheckCode(const PlacedText& code);
+    void TakeUncovered();
+    bool CheckCode(const PlacedText& code, CodeOf what);
     void TakeDates();
     void TakeCommentMarker();
     void CheckHeadings(const PlacedTable& table, const std::vector<ZetString>& lines);
@@ -215,23 +235,26 @@ void JobMaker::TakeJob() {
     TakeCommentMarker();
     m_job.tolerances = m_document.tolerances;
     m_job.areDistancesChecked = m_document.tolerances.areDistancesChecked;
-    TakeUncoveredHoles();
-    m_job.uncoveredNotches = m_document.uncoveredNotches;
+    TakeUncovered();
     CheckPath("output", m_job.outputFolder, table.output.at);
     for (const NcFilePattern& pattern : table.ncFiles)
         CheckPath("nc_files", pattern.text, {pattern.line, pattern.column});
 }
 
-void JobMaker::TakeUncoveredHoles() {
+void JobMaker::TakeUncovered() {
     const PlacedText& code = m_document.uncoveredHoles.code;
     m_job.uncoveredHoles = m_document.uncoveredHoles;
     m_job.uncoveredHoles.code = code.text;
-    CheckCode(code);
+    CheckCode(code, CodeOf::kHole);
+    const PlacedText& notchCode = m_document.uncoveredNotches.code;
+    m_job.uncoveredNotches = m_document.uncoveredNotches;
+    m_job.uncoveredNotches.code = notchCode.text;
+    CheckCode(notchCode, CodeOf::kNotch);
 }
 
-/// False, and told, when holes cannot be called so.
-bool JobMaker::CheckCode(const PlacedText& code) {
-    const std::string fault = FaultOfCode(code.text);
+/// False, and told, when nothing can be called so.
+bool JobMaker::CheckCode(const PlacedText& code, CodeOf what) {
+    const std::string fault = FaultOfCode(code.text, what);
     Require(fault.empty(), code.at, "\"code\": " + fault);
     return fault.empty();
 }
@@ -487,6 +510,7 @@ void JobMaker::TakePatterns() {
         m_patterns.Add(table.id, m_faults);
         FixedPattern pattern = table;
         pattern.id = table.id.text;
+        pattern.line = table.at.line;
         for (const PatternHoleTable& hole : table.holes) {
             CheckPatternHole(pattern, hole);
             pattern.holes.push_back(hole);
@@ -520,6 +544,7 @@ void JobMaker::TakeMemberTypes() {
 MemberType JobMaker::MakeMemberType(const MemberTypeTable& table) {
     MemberType type;
     type.id = table.id.text;
+    type.line = table.at.line;
     type.profilePattern = table.profile;
     type.codePattern = table.code;
     type.isSkipped = table.isSkipped;
@@ -532,6 +557,7 @@ MemberType JobMaker::MakeMemberType(const MemberTypeTable& table) {
             table.group.at,
             "the group of single parts takes its members from the assemblies alone");
     type.type = MakeDimensions(table, type.group);
+    type.numbersInName = NumbersInName(table);
     type.limits = MakeLimits(table);
     type.reports = table.report.types;
     type.areMarksMade = table.areMarksMade;
@@ -637,6 +663,7 @@ void JobMaker::TakeHoleRules() {
         CheckHoleRule(table, ids);
         HoleRule& rule = m_job.holeRules.emplace_back(table);
         rule.id = table.id.text;
+        rule.line = table.at.line;
         rule.code = table.code.text;
         rule.otherwiseSuffix = table.otherwiseSuffix.text;
     }
@@ -651,7 +678,7 @@ void JobMaker::CheckHoleRule(const HoleRuleTable& table, const Ids& ids) {
     RequireOf(table,
               !table.isPairMust || !table.pairs.empty(),
               "\"pair_must\" is of no use without \"pairs\"");
-    const bool isCode = CheckCode(table.code);
+    const bool isCode = CheckCode(table.code, CodeOf::kHole);
     // A hole whose code contains the group's counts as a hole of a group.
     RequireOf(
         table,
@@ -672,6 +699,7 @@ void JobMaker::TakeCornerNotches() {
         CheckCornerNotch(table);
         CornerNotch& notch = m_job.cornerNotches.emplace_back(table);
         notch.id = table.id.text;
+        notch.line = table.at.line;
         notch.across = static_cast<NotchCorner>(table.across);
         SCheckNotch& definition = notch.definition;
         definition.id = static_cast<std::int64_t>(m_job.cornerNotches.size()) - 1;
@@ -719,7 +747,10 @@ void JobMaker::TakeTrims() {
     Ids ids("[[trim]]");
     for (const TrimTable& table : m_document.trims) {
         ids.Add(table.id, m_faults);
-        m_job.trims.emplace_back(table).id = table.id.text;
+        CheckCode(table.code, CodeOf::kTrim);
+        TrimRule& trim = m_job.trims.emplace_back(table);
+        trim.id = table.id.text;
+        trim.code = table.code.text;
     }
 }
 
@@ -730,9 +761,13 @@ void JobMaker::TakeAssemblies() {
     for (const AssemblyTable& table : m_document.assemblies) {
         Assembly& assembly = m_job.assemblies.emplace_back();
         assembly.mark = table.main.text;
+        assembly.line = table.main.at.line;
+        assembly.column = table.main.at.column;
         for (std::size_t i = 0; i < table.parts.size(); ++i) {
             CheckPart(table, i, mains);
-            assembly.parts.push_back({table.parts[i].mark.text, table.parts[i].count});
+            const PlacedText& mark = table.parts[i].mark;
+            assembly.parts.push_back(
+                {mark.text, table.parts[i].count, mark.at.line, mark.at.column});
         }
     }
 }

@@ -100,13 +100,14 @@ constexpr Choice<Uncovered> kUncoveredActions[] = {
     {Uncovered::kAccept, "accept"},
 };
 
-constexpr Choice<MarkSource> kMarkSources[] = {
+constexpr Choice<MarkSource> kMarkSourceWords[] = {
     {MarkSource::kMark, "mark"},
     {MarkSource::kDrawing, "drawing"},
     {MarkSource::kPhase, "phase"},
     {MarkSource::kFileName, "file_name"},
     {MarkSource::kPath, "path"},
 };
+static_assert(std::size(kMarkSourceWords) == std::size(kMarkSources));
 
 constexpr Choice<NcEncoding> kNcEncodings[] = {
     {NcEncoding::kAuto, "auto"},
@@ -213,7 +214,7 @@ template <> std::span<const Choice<eSortOrder>> ChoicesOf() { return kSortKeys; 
 template <> std::span<const Choice<eProfPropType>> ChoicesOf() { return kSources; }
 template <> std::span<const Choice<SlopeSource>> ChoicesOf() { return kSlopeSources; }
 template <> std::span<const Choice<eReportingTypes>> ChoicesOf() { return kReportTypes; }
-template <> std::span<const Choice<MarkSource>> ChoicesOf() { return kMarkSources; }
+template <> std::span<const Choice<MarkSource>> ChoicesOf() { return kMarkSourceWords; }
 template <> std::span<const Choice<NcEncoding>> ChoicesOf() { return kNcEncodings; }
 template <> std::span<const Choice<WhenNot>> ChoicesOf() { return kWhenNot; }
 template <> std::span<const Choice<NcWarnings>> ChoicesOf() { return kNcWarnings; }
@@ -406,9 +407,9 @@ constexpr Key kHoleGroupKeys[] = {
 
 constexpr const char* kUncoveredActionMeaning = "report: a finding, and no output. output: a finding, and output under `code`. accept: output under `code`.";
 
-constexpr Key kUncoveredKeys[] = {
-    Row<UncoveredRule, &UncoveredRule::action>("action", kUncoveredActionMeaning),
-    Row<UncoveredRule, &UncoveredRule::code>("code", "What they are output as."),
+constexpr Key kUncoveredNotchesKeys[] = {
+    Row<UncoveredNotchesTable, &UncoveredRule::action>("action", kUncoveredActionMeaning),
+    Row<UncoveredNotchesTable, &UncoveredNotchesTable::code>("code", "What they are output as. `{length}` and `{width}` of a rectangle, `{face}`, `{x}` and `{y}` are filled in."),
 };
 
 constexpr Key kUncoveredHolesKeys[] = {
@@ -432,7 +433,7 @@ constexpr Key kTrimKeys[] = {
     Row<TrimTable, &TrimTable::id>("id", "Name of the trim in this job.", {.isRequired = true}),
     Row<TrimTable, &TrimRule::faces>("faces", "The faces that it is for.", {.defaultNote = "any"}),
     Row<TrimTable, &TrimRule::sides>("sides", "The sides of a face that it is for.", {.defaultNote = "any"}),
-    Row<TrimTable, &TrimRule::code>("code", "What the machine calls it.", {.isRequired = true}),
+    Row<TrimTable, &TrimTable::code>("code", "What the machine calls it. `{face}`, and `{x}` or `{y}` of the cut, are filled in.", {.isRequired = true}),
 };
 
 constexpr Key kPatternHoleKeys[] = {
@@ -476,7 +477,7 @@ constexpr KeyTable kReportTable{kReportKeys};
 constexpr KeyTable kPairTable{kPairKeys};
 constexpr KeyTable kHoleGroupTable{kHoleGroupKeys};
 constexpr KeyTable kUncoveredHolesTable{kUncoveredHolesKeys};
-constexpr KeyTable kUncoveredTable{kUncoveredKeys};
+constexpr KeyTable kUncoveredNotchesTable{kUncoveredNotchesKeys};
 constexpr KeyTable kCornerNotchTable{kCornerNotchKeys};
 constexpr KeyTable kTrimTable{kTrimKeys};
 constexpr KeyTable kPatternHoleTable{kPatternHoleKeys};
@@ -505,7 +506,7 @@ template <> constexpr const KeyTable& KeysOf<ReportTable>() { return kReportTabl
 template <> constexpr const KeyTable& KeysOf<PairRule>() { return kPairTable; }
 template <> constexpr const KeyTable& KeysOf<GroupRule>() { return kHoleGroupTable; }
 template <> constexpr const KeyTable& KeysOf<UncoveredHolesTable>() { return kUncoveredHolesTable; }
-template <> constexpr const KeyTable& KeysOf<UncoveredRule>() { return kUncoveredTable; }
+template <> constexpr const KeyTable& KeysOf<UncoveredNotchesTable>() { return kUncoveredNotchesTable; }
 template <> constexpr const KeyTable& KeysOf<CornerNotchTable>() { return kCornerNotchTable; }
 template <> constexpr const KeyTable& KeysOf<TrimTable>() { return kTrimTable; }
 template <> constexpr const KeyTable& KeysOf<PatternHoleTable>() { return kPatternHoleTable; }
@@ -609,6 +610,10 @@ constexpr KeyTable kDocumentTable{kDocumentKeys};
 
 const char* NameOf(eHoleFace face) {
     return face >= 0 && face < eHoleFaceNone ? kFaces[static_cast<std::size_t>(face)].word : "";
+}
+
+const char* NameOf(MarkSource source) {
+    return kMarkSourceWords[static_cast<std::size_t>(source)].word;
 }
 
 const char* NameOf(NcEncoding encoding) {

@@ -1,4 +1,6 @@
+#include "job/FileNames.h"
 #include "job/JobFile.h"
+#include "job/MessageTexts.h"
 #include "job/TextPattern.h"
 #include "job/Utf8Path.h"
 
@@ -49,6 +51,10 @@ bool FitsName(const fs::path& pattern, const fs::path& name) {
     const std::u32string text = CharactersOf(name);
     return (text.front() != U'.' || wanted.front() == U'.') &&
            MatchesPattern<char32_t>(text, wanted);
+}
+
+fs::path InSmallLetters(const fs::path& name) {
+    return PathFromUtf8(ZetString(SmallLetters(ZetString::fromUtf8(Utf8Of(name)))).toUtf8());
 }
 
 /// What lies behind a name.
@@ -102,6 +108,23 @@ class NcFileSearch {
         return files;
     }
 
+    /// Why no file fits, as the first folder tells that holds nothing for the pattern; "" when it
+    /// is a folder that fits.
+    std::string WhyNone(const fs::path& folder, const fs::path& pattern) {
+        fs::path at = folder;
+        for (const fs::path& segment : pattern) {
+            const std::vector<Found> found = Descend(
+                {
+                    {at, false}
+            },
+                segment);
+            if (found.empty())
+                return ": " + DescribeMiss(at, segment);
+            at = found.front().path;
+        }
+        return "";
+    }
+
     /// What a search came across and could not look into, so that its result may lack files.
     std::vector<std::string> TakeFaults() { return std::exchange(m_faults, {}); }
 
@@ -125,6 +148,24 @@ class NcFileSearch {
                 found.push_back({folder.path / segment, false});
         }
         return found;
+    }
+
+    std::string DescribeMiss(const fs::path& folder, const fs::path& segment) {
+        const std::string where = folder.empty() ? "the job's folder" : Quoted(Utf8Of(folder));
+        const Listing& listing = ListFolder(folder);
+        if (listing.error)
+            return where + " is no folder that can be listed";
+        for (const auto& [name, isFile] : listing.isFile)
+            if (FitsName(InSmallLetters(segment), InSmallLetters(PathFromUtf8(name))))
+                return where + " holds " + Quoted(name) + ", and capitals count";
+        // Hidden ones are seldom meant.
+        const auto other =
+            std::find_if(listing.isFile.begin(), listing.isFile.end(), [](const auto& entry) {
+                return !entry.first.starts_with('.');
+            });
+        return where + (other == listing.isFile.end()
+                            ? " is empty"
+                            : " holds other names, such as " + Quoted(other->first));
     }
 
     void AppendFitting(const fs::path& folder, const fs::path& pattern, std::vector<Found>& found) {
@@ -183,14 +224,14 @@ NcFilesResult ExpandNcFiles(const Job& job) {
     std::vector<JobError> errors;
     for (const NcFilePattern& pattern : job.ncFiles) {
         const fs::path path = PathFromUtf8(pattern.text);
-        const std::vector<fs::path> found =
-            search.Find(path.has_root_path() ? path.root_path() : folder,
-                        path.relative_path().lexically_normal());
+        const fs::path root = path.has_root_path() ? path.root_path() : folder;
+        const fs::path below = path.relative_path().lexically_normal();
+        const std::vector<fs::path> found = search.Find(root, below);
         for (const fs::path& file : found)
             files.emplace(Utf8Of(file.lexically_normal()), file);
         std::vector<std::string> faults = search.TakeFaults();
         if (found.empty() && faults.empty())
-            faults.push_back("no file fits \"" + pattern.text + "\"");
+            faults.push_back("no file fits " + Quoted(pattern.text) + search.WhyNone(root, below));
         for (std::string& fault : faults)
             errors.push_back({job.file, pattern.line, pattern.column, std::move(fault)});
     }

@@ -5,18 +5,37 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstddef>
+#include <set>
+#include <type_traits>
 
 namespace job {
 
 namespace {
+
+constexpr std::size_t kTrimSides = static_cast<std::size_t>(TrimSide::kUpper) + 1;
+constexpr int kAnyCorner = static_cast<int>(NotchCorner::kAny);
 
 /// Numbers of one meaning, as two places of a file give them.
 bool AreSame(double a, double b) {
     return std::abs(a - b) < 1e-9;
 }
 
-bool AreSame(eHoleFace a, eHoleFace b) {
+template <typename T>
+bool AreSame(T a, T b) {
     return a == b;
+}
+
+/// A list that names all there are fits any.
+bool NamesAll(const std::vector<double>&) {
+    return false;
+}
+
+template <typename T>
+bool NamesAll(const std::vector<T>& list) {
+    constexpr std::size_t kAll =
+        std::is_same_v<T, eHoleFace> ? std::size_t{eHoleFaceNone} : kTrimSides;
+    return std::set<T>(list.begin(), list.end()).size() == kAll;
 }
 
 template <typename T>
@@ -30,7 +49,7 @@ bool IsPart(const std::vector<T>& some, const std::vector<T>& all) {
 /// A list that is not given fits any hole.
 template <typename T>
 bool Covers(const std::vector<T>& earlier, const std::vector<T>& later) {
-    return earlier.empty() || (!later.empty() && IsPart(later, earlier));
+    return earlier.empty() || NamesAll(earlier) || (!later.empty() && IsPart(later, earlier));
 }
 
 bool CoversRows(const HoleRule& earlier, const HoleRule& later) {
@@ -59,6 +78,20 @@ bool Covers(const MemberTypeTable& earlier, const MemberTypeTable& later) {
     return Covers(earlier.profile, later.profile) && Covers(earlier.code, later.code);
 }
 
+/// What the earlier one asks for, the later one asks for too. Both tell length and width.
+bool Covers(const CornerNotchTable& earlier, const CornerNotchTable& later) {
+    const auto covers = [](auto of, auto by) {
+        return of == by || static_cast<int>(of) == kAnyCorner;
+    };
+    return earlier.face == later.face && earlier.corners == later.corners &&
+           covers(earlier.along, later.along) && covers(earlier.across, later.across) &&
+           (later.isRectangle || !earlier.isRectangle) && (later.isParallel || !earlier.isParallel);
+}
+
+bool Covers(const TrimTable& earlier, const TrimTable& later) {
+    return Covers(earlier.faces, later.faces) && Covers(earlier.sides, later.sides);
+}
+
 bool IsNamed(const HoleRuleTable& rule, const std::vector<HoleRuleTable>& rules) {
     return std::any_of(rules.begin(), rules.end(), [&](const HoleRuleTable& other) {
         return !other.otherwiseSuffix.text.isEmpty() &&
@@ -66,7 +99,8 @@ bool IsNamed(const HoleRuleTable& rule, const std::vector<HoleRuleTable>& rules)
     });
 }
 
-bool IsNamed(const MemberTypeTable&, const std::vector<MemberTypeTable>&) {
+template <typename Table>
+bool IsNamed(const Table&, const std::vector<Table>&) {
     return false;
 }
 
@@ -91,6 +125,8 @@ void Check(const std::vector<Table>& tables, const char* what, JobFaults& faults
 void CheckShadowed(const JobDocument& document, JobFaults& faults) {
     Check(document.memberTypes, "member type", faults);
     Check(document.holeRules, "hole rule", faults);
+    Check(document.cornerNotches, "corner notch", faults);
+    Check(document.trims, "trim", faults);
 }
 
 }  // namespace job

@@ -19,20 +19,22 @@ struct SyntaxWords {
 };
 
 constexpr SyntaxWords kSyntaxWords[] = {
-    {"cannot redefine",        "the same name stands here a second time"                   },
-    {"end-of-file",            "the file ends in the middle of a value"                    },
-    {"determine value type",   "this is no value: texts stand in quotes"                   },
-    {"interpreted as a value", "this is no value: texts stand in quotes"                   },
-    {"leading zeroes",         "a number must not begin with 0"                            },
-    {"escape sequence",        "a backslash in a text stands twice, or the text in '...'"  },
-    {"expected '='",           "a line is key = value, or [table]"                         },
-    {"whitespace, saw ','",    "a comma cannot stand here: a number has a decimal point"   },
-    {"parsing string",         "a text must end with its quote on the line where it begins"},
-    {"closing ']'",            "a list is [value, value, ...]"                             },
-    {"inline table",           "a table on one line is { key = value, key = value }"       },
-    {"parsing date",           "a date is written 2026-03-31"                              },
-    {"nested value depth",     "too many brackets in each other"                           },
-    {"",                       nullptr                                                     },
+    {"cannot redefine",        "the same name stands here a second time"                    },
+    {"end-of-file",            "the file ends in the middle of a value"                     },
+    {"determine value type",   "this is no value: texts stand in quotes"                    },
+    {"interpreted as a value", "this is no value: texts stand in quotes"                    },
+    {"leading zeroes",         "a number must not begin with 0, and a text stands in quotes"},
+    {"escape sequence",        "a backslash in a text stands twice, or the text in '...'"   },
+    {"expected '='",           "a line is key = value, or [table]"                          },
+    {"whitespace, saw ','",    "a comma cannot stand here: a number has a decimal point"    },
+    {"parsing string",         "a text must end with its quote on the line where it begins" },
+    {"closing ']'",            "a list is [value, value, ...]"                              },
+    {"inline table",           "a table on one line is { key = value, key = value }"        },
+    {"parsing date",           "a date is written 2026-03-31, and a text stands in quotes"  },
+    {"integer",                "this is no number: a text stands in quotes"                 },
+    {"floating-point",         "this is no number: a text stands in quotes"                 },
+    {"nested value depth",     "too many brackets in each other"                            },
+    {"",                       nullptr                                                      },
 };
 
 void AddSyntaxFault(const toml::parse_error& error, const char* what, JobFaults& faults) {

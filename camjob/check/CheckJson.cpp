@@ -177,17 +177,19 @@ void CheckJsonWriter::Continue() {
 }
 
 void CheckJsonWriter::AddRead(const CheckReport& report) {
+    const std::string file = report.file.toUtf8();
+    Json findings = FindingsJson(report.findings, file, report.headerPlaces);
     AddFile(Dump({
-        {"file",     report.file.toUtf8()        },
-        {"status",   "read"                      },
-        {"header",   ToJson(report.header)       },
-        {"notes",    ListOf(report.notes)        },
-        {"holes",    ListOf(report.holes)        },
-        {"notches",  ListOf(report.notches)      },
-        {"cuts",     ListOf(report.cuts)         },
-        {"findings", FindingsJson(report.findings, report.file.toUtf8())},
-        {"judgement",          ToJson(report.judgement)                           },
-        {"faces",          ListOf(report.faces)    },
+        {"file",      file                    },
+        {"status",    "read"                  },
+        {"header",    ToJson(report.header)   },
+        {"notes",     ListOf(report.notes)    },
+        {"holes",     ListOf(report.holes)    },
+        {"notches",   ListOf(report.notches)  },
+        {"cuts",      ListOf(report.cuts)     },
+        {"findings",  std::move(findings)     },
+        {"judgement", ToJson(report.judgement)},
+        {"faces",     ListOf(report.faces)    },
     }));
 }
 

@@ -2,6 +2,7 @@
 
 #include "camjob/check/FaceWords.h"
 #include "plugin/rules/FlangeZero.h"
+#include "plugin/rules/MemberTypeSearch.h"
 #include "plugin/rules/UprightRectangle.h"
 
 #include <algorithm>
@@ -383,13 +384,13 @@ JudgementReport MakeJudgement(plugin::JobMember& member, const job::MemberType& 
             ListOf(member.GetWarningBlock())};
 }
 
-dstv::NcError NoMemberType(const dstv::NcPart& part) {
+dstv::NcError Unmatched(const dstv::NcPart& part, const ZetString& why) {
     return {part.file,
-            0,
+            part.header.lineOf(dstv::NcHeaderValue::kProfileName),
             0,
             L"profile",
             part.header.profileName,
-            L"one that a member type of the job takes (code " + part.header.profileCode + L")"};
+            L"one that the job can judge (code " + part.header.profileCode + L"): " + why};
 }
 
 /// Of the reader and of the plug-in, by their lines.
@@ -419,6 +420,7 @@ CheckReport ReportOf(const dstv::NcFileEntity& entity,
     CheckReport report;
     report.file = entity.getPart().file;
     report.header = creator.getHeader();
+    report.headerPlaces = HeaderPlacesOf(entity.getPart().header);
     report.notes = NotesOf(entity, member);
     const HoleSources sources(entity, creator.getNCStructure());
     report.holes = MakeHoleReports(member, sources);
@@ -436,8 +438,11 @@ CheckResult MakeCheckReport(dstv::NcFileEntity& entity, const CheckRules& rules)
     creator.setNCEntity(&entity);
     creator.create();
     const job::MemberType* type = rules.rules.FindMemberType(creator);
-    if (type == nullptr)
-        return NoMemberType(entity.getPart());
+    const dstv::NcHeader& header = entity.getPart().header;
+    if (const ZetString why =
+            plugin::WhyUnmatched(rules.rules.GetJob(), header.profileName, header.profileCode);
+        type == nullptr || (!why.isEmpty() && !type->isSkipped))
+        return Unmatched(entity.getPart(), why);
     plugin::JobMember member(rules.rules, *type, creator);
     member.ValidateMember();
     CheckReport report = ReportOf(entity, creator, member, *type);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "camjob/check/FindingPlace.h"
 #include "dstv/NcHost.h"
 #include "dstv/NcNote.h"
 #include "plugin/rules/JobMember.h"
@@ -105,6 +106,7 @@ struct FaceReport {
 struct CheckReport {
     ZetString file;
     ZetNCHeaderData header;
+    HeaderPlaces headerPlaces;
     std::vector<dstv::NcNote> notes;
     std::vector<HoleReport> holes;             ///< in the order of the file's lines
     std::vector<NotchReport> notches;          ///< in the order in which they were gathered

@@ -147,26 +147,29 @@ ZetString CutTable(const std::vector<CutReport>& cuts, const Terminal& terminal)
     return table.Format(terminal);
 }
 
-ZetString FindingLine(const plugin::Finding& finding, const Terminal& terminal) {
-    const ZetString line =
-        finding.feature ? ZetString::format(L"line %d: ", finding.feature->tag) : L"";
-    return Toned(Line((finding.IsError() ? L"error   " : L"warning ") + line + Describe(finding)),
+ZetString FindingLine(const plugin::Finding& finding, long line, const Terminal& terminal) {
+    const ZetString place = line > 0 ? ZetString::format(L"line %d: ", line) : L"";
+    return Toned(Line((finding.IsError() ? L"error   " : L"warning ") + place + Describe(finding)),
                  finding.IsError() ? Tone::kError : Tone::kWarning,
                  terminal.hasColour);
 }
 
 /// Errors first, each by its line.
-ZetString FindingLines(std::vector<plugin::Finding> findings, const Terminal& terminal) {
-    const auto keyOf = [](const plugin::Finding& finding) {
-        return std::pair(!finding.IsError(), finding.feature ? finding.feature->tag : 0);
+ZetString FindingLines(const CheckReport& report, const Terminal& terminal) {
+    const auto lineOf = [&](const plugin::Finding& finding) {
+        return LineOf(finding, report.headerPlaces);
     };
+    const auto keyOf = [&](const plugin::Finding& finding) {
+        return std::pair(!finding.IsError(), lineOf(finding));
+    };
+    std::vector<plugin::Finding> findings = report.findings;
     std::stable_sort(findings.begin(), findings.end(), [&](const auto& a, const auto& b) {
         return keyOf(a) < keyOf(b);
     });
     ZetString lines;
     for (const plugin::Finding& finding : findings)
         if (finding.IsPrinted())
-            lines += FindingLine(finding, terminal);
+            lines += FindingLine(finding, lineOf(finding), terminal);
     return lines;
 }
 
@@ -257,7 +260,7 @@ void CheckTextWriter::AddRead(const CheckReport& report) {
                     HoleTable(report.holes, report.judgement.has_value(), terminal),
                     NotchTable(report.notches, terminal),
                     CutTable(report.cuts, terminal),
-                    FindingLines(report.findings, terminal),
+                    FindingLines(report, terminal),
                     FaceLines(report.faces)});
     m_out.Write(Coloured(Printable(text + L"\n")));
 }

@@ -10,17 +10,21 @@ Json OrNull(const std::optional<double>& value) {
     return value ? Json(*value) : Json();
 }
 
-Json FindingJson(const plugin::Finding& finding, const std::string& file) {
+Json FindingJson(const plugin::Finding& finding,
+                 const std::string& file,
+                 const HeaderPlaces& lines) {
+    const long line = LineOf(finding, lines);
     return {
         {"type",     job::kFindingTypes[finding.type].name                   },
         {"report",   job::NameOfReport(finding.report)                       },
         {"text",     finding.text.toUtf8()                                   },
         {"rule",     finding.rule.toUtf8()                                   },
+        {"ruleLine", finding.ruleLine                                        },
         {"required", OrNull(finding.required)                                },
         {"found",    OrNull(finding.found)                                   },
         {"feature",  finding.feature ? FeatureJson(*finding.feature) : Json()},
         {"file",     file                                                    },
-        {"line",     finding.feature ? finding.feature->tag : 0              },
+        {"line",     line                                                    },
     };
 }
 
@@ -33,10 +37,12 @@ Json FeatureJson(const plugin::Feature& feature) {
     };
 }
 
-Json FindingsJson(const std::vector<plugin::Finding>& findings, const std::string& file) {
+Json FindingsJson(const std::vector<plugin::Finding>& findings,
+                  const std::string& file,
+                  const HeaderPlaces& lines) {
     Json array = Json::array();
     for (const plugin::Finding& finding : findings)
-        array.push_back(FindingJson(finding, file));
+        array.push_back(FindingJson(finding, file, lines));
     return array;
 }
 

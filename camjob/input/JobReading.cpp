@@ -3,6 +3,7 @@
 #include "camjob/console/Paths.h"
 
 #include <array>
+#include <variant>
 
 namespace camjob {
 
@@ -29,6 +30,13 @@ dstv::NcReading ReadingOf(const job::Job& job) {
     return {kMarkSources[static_cast<std::size_t>(job.nc.mark)],
             job::NameOf(job.nc.encoding),
             FolderOf(job.file)};
+}
+
+dstv::NcResult ReadFileOfJob(const std::filesystem::path& file, const dstv::NcReading& reading) {
+    dstv::NcResult result = dstv::ReadNcFile(file, reading);
+    if (auto* error = std::get_if<dstv::NcError>(&result); error != nullptr && error->isOfEncoding)
+        error->expected += L"; \"encoding\" in [nc] of the job says how the files are written";
+    return result;
 }
 
 std::vector<dstv::NcAssembly> AssembliesOf(const job::Job& job) {

@@ -1,8 +1,12 @@
 #include "camjob/run/JobInput.h"
 
 #include "camjob/console/Paths.h"
+#include "camjob/console/ReportText.h"
 #include "camjob/input/JobReading.h"
 #include "camjob/show/PartDrawing.h"
+#include "job/JobFile.h"
+#include "job/MessageTexts.h"
+#include "plugin/rules/MemberTypeSearch.h"
 
 #include <algorithm>
 #include <utility>
@@ -11,8 +15,30 @@ namespace camjob {
 
 namespace {
 
-constexpr const wchar_t* kOtherSource =
-    L"; \"mark\" in [nc] of the job can name another text to tell parts by";
+/// What can tell parts instead.
+ZetString OtherSources(job::MarkSource source) {
+    std::vector<ZetString> words;
+    for (const job::MarkSource each : job::kMarkSources)
+        if (each != source)
+            words.push_back(ZetString::fromUtf8(job::Quoted(job::NameOf(each))));
+    return ZetString::format(L"; instead of %s, \"mark\" in [nc] of the job can be one of %s",
+                             ZetString::fromUtf8(job::Quoted(job::NameOf(source))),
+                             Joined(words, L", "));
+}
+
+/// The line of the text that tells the part; 0: it is none of the file.
+long LineOfMark(const dstv::NcHeader& header, job::MarkSource source) {
+    switch (source) {
+        case job::MarkSource::kMark:
+            return header.lineOf(dstv::NcHeaderValue::kMark);
+        case job::MarkSource::kDrawing:
+            return header.lineOf(dstv::NcHeaderValue::kDrawing);
+        case job::MarkSource::kPhase:
+            return header.lineOf(dstv::NcHeaderValue::kPhase);
+        default:
+            return 0;
+    }
+}
 
 RunFault FaultOfReading(const dstv::NcError& error) {
     return {error.file.toUtf8(), error.line, error.column, error.describe().toUtf8()};
@@ -36,7 +62,7 @@ JobInput::JobInput(const job::Job& job, plugin::JobRun& run, MemberDrawings* dra
 
 void JobInput::Read(const std::filesystem::path& file) {
     const std::size_t position = m_position++;
-    dstv::NcResult result = dstv::ReadNcFile(file, m_reading);
+    dstv::NcResult result = ReadFileOfJob(file, m_reading);
     if (const auto* error = std::get_if<dstv::NcError>(&result)) {
         std::vector<PlacedFault>& list = ListFor(m_job.nc.unreadable);
         list.push_back({position, FaultOfReading(*error)});
@@ -55,13 +81,35 @@ void JobInput::Read(const std::filesystem::path& file) {
 void JobInput::Finish() {
     while (!m_held.empty())
         JudgeFirst();
-    for (const ZetString& mark : m_assemblies.getMissingMarks()) {
-        const ZetString text =
-            ZetString::format(L"the assemblies name part \"%s\", which no NC file has", mark);
-        m_faults.push_back({
-            m_position, {m_job.file, 0, 0, m_job.file + ": " + text.toUtf8()}
-        });
+    for (const ZetString& mark : m_assemblies.getMissingMarks())
+        AddMissingPart(mark);
+}
+
+/// At the first place of the job file that names it.
+void JobInput::AddMissingPart(const ZetString& mark) {
+    job::JobError fault{m_job.file, 0, 0, {}};
+    const auto look = [&](const ZetString& named, long line, long column) {
+        if (fault.line == 0 && named == mark) {
+            fault.line = line;
+            fault.column = column;
+        }
+    };
+    for (const job::Assembly& assembly : m_job.assemblies) {
+        look(assembly.mark, assembly.line, assembly.column);
+        for (const job::AssemblyPart& part : assembly.parts)
+            look(part.mark, part.line, part.column);
     }
+    std::vector<std::string> marks;
+    for (const auto& [known, position] : m_memberOfMark)
+        marks.push_back(known);
+    std::sort(marks.begin(), marks.end());
+    fault.text = "the assemblies name part " + job::Quoted(mark.toUtf8()) +
+                 ", which no NC file has" + job::Suggest(mark.toUtf8(), marks) +
+                 "; correct it, or add its file to \"nc_files\" in line " +
+                 std::to_string(m_job.ncFiles.front().line);
+    m_faults.push_back({
+        m_position, {fault.file, fault.line, fault.column, job::DescribeJobError(fault)}
+    });
 }
 
 std::vector<RunFault> JobInput::TakeFaults() {
@@ -151,29 +199,35 @@ void JobInput::Note(const Part& part, plugin::JobRun::Added added) {
 
 void JobInput::AddUnmatched(const Part& part, const dstv::NcHeader& header) {
     ListFor(m_job.nc.unmatched)
-        .push_back({part.position,
-                    FaultOf(part,
-                            ZetString::format(
-                                L"profile \"%s\", code %s: no member type of the job takes it",
-                                header.profileName,
-                                header.profileCode))});
+        .push_back(
+            {part.position,
+             FaultOf(part,
+                     header.lineOf(dstv::NcHeaderValue::kProfileName),
+                     ZetString::format(
+                         L"profile \"%s\", code %s: %s",
+                         header.profileName,
+                         header.profileCode,
+                         plugin::WhyUnmatched(m_job, header.profileName, header.profileCode)))});
 }
 
 /// Pieces of one mark are one and the same to those who make and mount them.
 void JobInput::AddMember(const Part& part, const ZetString& mark) {
+    const job::MarkSource source = m_job.nc.mark;
+    const long line = LineOfMark(part.entity->getPart().header, source);
     if (mark.isEmpty())
-        AddFault(part, ZetString(L"the part has no mark to tell it by") + kOtherSource);
+        AddFault(part, line, L"the part has no mark to tell it by" + OtherSources(source));
     const auto [at, isNew] = m_memberOfMark.insert({mark.toUtf8(), m_memberFiles.size()});
     if (!isNew)
         AddFault(part,
+                 line,
                  ZetString::format(L"mark \"%s\" is already that of the part in %s",
                                    mark,
-                                   ZetString::fromUtf8(m_memberFiles[at->second])) +
-                     kOtherSource);
-    m_memberFiles.push_back(part.file);
+                                   ZetString::fromUtf8(m_memberFiles[at->second].name)) +
+                     OtherSources(source));
+    m_memberFiles.push_back({part.file, HeaderPlacesOf(part.entity->getPart().header)});
     for (const std::string& fault :
          m_ncFiles.Add(part.entity->getPart(), m_run.GetLastLedger(), m_lastGroup))
-        AddFault(part, ZetString::fromUtf8(fault));
+        AddFault(part, 0, ZetString::fromUtf8(fault));
     m_memberAccounts.push_back(
         SettleAccounts(dstv::EntriesOf(part.entity->getPart()), m_run.GetLastLedger()));
 }
@@ -185,12 +239,12 @@ void JobInput::AddUnmade(const Part& part) {
     });
 }
 
-RunFault JobInput::FaultOf(const Part& part, const ZetString& text) {
-    return {part.file, 0, 0, part.file + ": " + text.toUtf8()};
+RunFault JobInput::FaultOf(const Part& part, long line, const ZetString& text) {
+    return {part.file, line, 0, job::DescribeJobError({part.file, line, 0, text.toUtf8()})};
 }
 
-void JobInput::AddFault(const Part& part, const ZetString& text) {
-    m_faults.push_back({part.position, FaultOf(part, text)});
+void JobInput::AddFault(const Part& part, long line, const ZetString& text) {
+    m_faults.push_back({part.position, FaultOf(part, line, text)});
 }
 
 }  // namespace camjob

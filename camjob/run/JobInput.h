@@ -39,7 +39,7 @@ class JobInput {
     /// The NC files of its members.
     NcFiles TakeNcFiles() { return std::move(m_ncFiles); }
     /// By member, in the order in which the run has them.
-    std::vector<std::string> TakeMemberFiles() { return std::move(m_memberFiles); }
+    std::vector<MemberFile> TakeMemberFiles() { return std::move(m_memberFiles); }
     /// The same.
     std::vector<FeatureAccounts> TakeMemberAccounts() { return std::move(m_memberAccounts); }
     /// The files without a member that could be read, in their order.
@@ -67,8 +67,10 @@ class JobInput {
     void Note(const Part& part, plugin::JobRun::Added added);
     void AddMember(const Part& part, const ZetString& mark);
     void AddUnmatched(const Part& part, const dstv::NcHeader& header);
-    static RunFault FaultOf(const Part& part, const ZetString& text);
-    void AddFault(const Part& part, const ZetString& text);
+    /// `line` of the file; 0: the file as a whole.
+    static RunFault FaultOf(const Part& part, long line, const ZetString& text);
+    void AddFault(const Part& part, long line, const ZetString& text);
+    void AddMissingPart(const ZetString& mark);
     void AddUnmade(const Part& part);
     void AddNote(std::size_t position, const std::string& file, const dstv::NcNote& note);
     template <typename T>
@@ -89,7 +91,7 @@ class JobInput {
     std::deque<Part> m_held;
     std::vector<std::unique_ptr<dstv::NcFileEntity>> m_assemblyParts;
     std::unordered_map<std::string, std::size_t> m_memberOfMark;  ///< position in m_memberFiles
-    std::vector<std::string> m_memberFiles;
+    std::vector<MemberFile> m_memberFiles;
     std::vector<FeatureAccounts> m_memberAccounts;
     std::vector<Placed<RunUnmadeFile>> m_unmadeFiles;
     std::vector<RunNote> m_notes;

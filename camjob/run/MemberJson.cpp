@@ -156,7 +156,7 @@ Json AccountsJson(const plugin::AccountNumbers& accounts) {
 Json MemberJson(const RunReport& report, std::size_t index, const std::string& file) {
     const RunMember& member = report.members[index];
     const plugin::MemberResult& result = member.result;
-    Json findings = FindingsJson(result.findings, file);
+    Json findings = FindingsJson(result.findings, file, member.file.lines);
     Json setAside = ListIn(file, result.setAside);
     return {
         {"file",        file                                },

@@ -360,10 +360,10 @@ report::PageMember PageMemberOf(const RunReport& report, std::size_t index, cons
     member.length = report.drawings.GetLength(index);
     member.quantity = result.quantity;
     member.group = job.groups[result.group].id.toUtf8();
-    member.file = NameFromFolderOf(job.file, source.file);
+    member.file = NameFromFolderOf(job.file, source.file.name);
     member.state = StateOf(result.outcome);
     member.isNonStandard = result.outcome.isNonStandard;
-    member.findings = DrawnFindings(result.findings);
+    member.findings = DrawnFindings(result.findings, source.file.lines);
     member.accounts = DescribeAccounts(source.CountAccounts()).toUtf8();
     member.drawing = report.drawings.GetCompact(index);
     return member;

@@ -136,7 +136,7 @@ class JobRunner {
     bool m_hasBegun = false;  ///< to make the output
     job::Job m_job;
     std::vector<fs::path> m_ncFiles;
-    std::vector<std::string> m_memberFiles;
+    std::vector<MemberFile> m_memberFiles;
     std::vector<FeatureAccounts> m_memberAccounts;
     std::optional<NcFiles> m_ncOutput;
 };
@@ -374,11 +374,11 @@ void JobRunner::TakeMembers(plugin::JobRun& run) {
         for (plugin::FeatureNote& note : members[i].notes) {
             ++m_report.input.notes;
             m_report.notes.push_back({
-                m_memberFiles[i],
+                m_memberFiles[i].name,
                 {dstv::NcNote::Severity::kNote, note.feature.tag, std::move(note.text)}
             });
         }
-        NoteUnprinted(m_memberFiles[i], members[i]);
+        NoteUnprinted(m_memberFiles[i].name, members[i]);
         m_report.members.push_back({std::move(members[i]),
                                     std::move(m_memberFiles[i]),
                                     std::move(m_memberAccounts[i].features)});
@@ -411,10 +411,10 @@ bool JobRunner::AddsUp() {
             continue;
         for (const LostFeature& lost : m_memberAccounts[i].lost)
             m_report.faults.push_back(
-                {member.file,
+                {member.file.name,
                  lost.line,
                  0,
-                 member.file + ":" + std::to_string(lost.line) + ": " + lost.text.toUtf8()});
+                 member.file.name + ":" + std::to_string(lost.line) + ": " + lost.text.toUtf8()});
     }
     if (!m_report.faults.empty())
         m_report.status = RunStatus::kFault;

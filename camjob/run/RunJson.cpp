@@ -209,7 +209,7 @@ void RunJsonWriter::Write(const RunReport& report) {
     AddList("notes", m_report->notes);
     AddList("unmadeFiles", m_report->unmadeFiles);
     m_lines.AddList("members", m_report->members.size(), [&](std::size_t i) {
-        return MemberJson(*m_report, i, NameOf(m_report->members[i].file));
+        return MemberJson(*m_report, i, NameOf(m_report->members[i].file.name));
     });
     m_lines.AddField("accounts", AccountsJson(m_report->SumAccounts()));
     AddList("groups", m_report->groups);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "camjob/check/FindingPlace.h"
 #include "camjob/compare/OutputChanges.h"
 #include "camjob/project/ProjectSettings.h"
 #include "camjob/run/Accounts.h"
@@ -54,10 +55,16 @@ struct RunNote {
 /// "part.nc1:27: warning: hole with a negative X"
 std::string DescribeNote(const RunNote& note);
 
+/// The NC file of a member.
+struct MemberFile {
+    std::string name;  ///< UTF-8
+    HeaderPlaces lines;
+};
+
 /// A member and its file.
 struct RunMember {
     plugin::MemberResult result;
-    std::string file;                        ///< UTF-8
+    MemberFile file;
     std::vector<AccountedFeature> features;  ///< in the order of their lines
 
     plugin::AccountNumbers CountAccounts() const;

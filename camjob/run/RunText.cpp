@@ -21,7 +21,6 @@ constexpr double kPercent = 100.0;
 
 /// Members with errors that are listed; the error file has all of them.
 constexpr long kMaxListedMembers = 20;
-constexpr long kMaxListedErrors = 30;
 
 ZetString Integer(long value) {
     return ZetString::format(L"%d", value);
@@ -177,7 +176,7 @@ std::vector<UnmadeMember> UnmadeMembers(const RunReport& report) {
     for (const RunMember& member : report.members)
         if (!member.result.IsMade())
             unmade.push_back({member.result.mark,
-                              member.file,
+                              member.file.name,
                               member.CountAccounts(),
                               member.result.outcome.isValid ? L"no pieces" : L"invalid"});
     for (const RunUnmadeFile& file : report.unmadeFiles)
@@ -208,43 +207,47 @@ ZetString UnmadeTable(const RunReport& report, const Terminal& terminal) {
     return table.Format(terminal) + MoreLine(count - kMaxListedMembers);
 }
 
-ZetString WhereLine(const std::string& name, const plugin::Finding& finding) {
-    const ZetString file = OneLine(ZetString::fromUtf8(name));
-    const ZetString line = finding.feature ? ZetString::format(L":%d", finding.feature->tag) : L"";
-    return Line(file + line + L": " + OneLine(Describe(finding)));
+ZetString WhereLine(const MemberFile& file, const plugin::Finding& finding) {
+    const ZetString name = OneLine(ZetString::fromUtf8(file.name));
+    const long number = LineOf(finding, file.lines);
+    const ZetString line = number > 0 ? ZetString::format(L":%d", number) : L"";
+    return Line(name + line + L": " + OneLine(Describe(finding)));
 }
 
-/// Why members are not made, and for each kind of finding what can be done.
-ZetString ErrorLines(const RunReport& report) {
+/// Which findings are listed together, under which heading.
+struct FindingList {
+    const wchar_t* heading;
+    job::FileRole file;  ///< that has the members' blocks
+    bool areErrors;
+    long most;
+};
+
+constexpr FindingList kErrorList = {
+    L"why invalid, and what to do; the members' blocks are in ", job::kErrorFile, true, 30};
+/// There may be many, on members that are made.
+constexpr FindingList kWarningList = {
+    L"warnings, and what to do; the members' blocks are in ", job::kWarningFile, false, 10};
+
+/// Where the findings stand, and for each kind what can be done.
+ZetString FindingLines(const RunReport& report, const FindingList& list) {
     ZetString lines;
     std::set<int> types;
     long count = 0;
     for (const RunMember& member : report.members)
         for (const plugin::Finding& finding : member.result.findings)
-            if (finding.IsError() && ++count <= kMaxListedErrors) {
+            if (finding.IsPrinted() && finding.IsError() == list.areErrors &&
+                ++count <= list.most) {
                 lines += WhereLine(member.file, finding);
                 types.insert(finding.type);
             }
     if (count == 0)
         return {};
-    lines += MoreLine(count - kMaxListedErrors);
+    lines += MoreLine(count - list.most);
     for (const int type : types)
         lines += Line(ZetString::fromUtf8(std::string(job::kFindingTypes[type].name) + ": " +
                                           job::kFindingTypes[type].remedy));
-    const ZetString errorFile = OneLine(ZetString::fromUtf8(report.files[job::kErrorFile].name));
-    return Line(L"why invalid, and what to do; the members' blocks are in " + errorFile) + lines;
-}
-
-/// Where warnings stand: there may be many, on members that are made.
-ZetString WarningLine(const RunReport& report) {
-    const bool hasAny =
-        std::any_of(report.members.begin(), report.members.end(), [](const RunMember& member) {
-            const plugin::MemberOutcome& outcome = member.result.outcome;
-            return outcome.hasWarnings || outcome.isNonStandard;
-        });
-    return hasAny ? Line(L"warnings, and what is non-standard: see " +
-                         OneLine(ZetString::fromUtf8(report.files[job::kWarningFile].name)))
-                  : ZetString();
+    const ZetString file = OneLine(ZetString::fromUtf8(report.files[list.file].name));
+    return Line(list.heading + file) + lines;
 }
 
 /// By Account.
@@ -370,8 +373,8 @@ void WriteRunText(const RunReport& report, bool showsNotes, OutputStream& out, O
                                            LeftOutLines(report),
                                            GroupTable(report, terminal),
                                            UnmadeTable(report, terminal),
-                                           ErrorLines(report),
-                                           WarningLine(report),
+                                           FindingLines(report, kErrorList),
+                                           FindingLines(report, kWarningList),
                                            ProfileTable(report, terminal),
                                            SinglePartTable(report, terminal),
                                            NestTable(report, terminal),

@@ -124,11 +124,11 @@ FeatureState StateOf(const plugin::Finding& finding) {
     return isMade ? FeatureState::kInOrder : FeatureState::kWarning;
 }
 
-report::DrawnFinding DrawnFindingOf(const plugin::Finding& finding) {
+report::DrawnFinding DrawnFindingOf(const plugin::Finding& finding, const HeaderPlaces& places) {
     report::DrawnFinding drawn;
     drawn.state = StateOf(finding);
     drawn.text = finding.text.toUtf8();
-    drawn.line = finding.feature ? finding.feature->tag : 0;
+    drawn.line = LineOf(finding, places);
     drawn.isNonStandard = IsNonStandard(finding);
     drawn.rule = DescribeRule(finding).toUtf8();
     drawn.remedy = job::kFindingTypes[finding.type].remedy;
@@ -211,7 +211,7 @@ report::MemberDrawing DrawingMaker::Make() {
         AddOutlines(view);
     AddTrims();
     AddMitres();
-    m_drawing.findings = DrawnFindings(m_report.findings);
+    m_drawing.findings = DrawnFindings(m_report.findings, m_report.headerPlaces);
     RaiseStates();
     return std::move(m_drawing);
 }
@@ -502,11 +502,12 @@ void DrawingMaker::RaiseStates() {
 
 }  // namespace
 
-std::vector<report::DrawnFinding> DrawnFindings(const std::vector<plugin::Finding>& findings) {
+std::vector<report::DrawnFinding> DrawnFindings(const std::vector<plugin::Finding>& findings,
+                                                const HeaderPlaces& places) {
     std::vector<report::DrawnFinding> drawn;
     for (const plugin::Finding& finding : findings)
         if (finding.IsPrinted())
-            drawn.push_back(DrawnFindingOf(finding));
+            drawn.push_back(DrawnFindingOf(finding, places));
     std::stable_sort(
         drawn.begin(), drawn.end(), [](const auto& a, const auto& b) { return a.state > b.state; });
     return drawn;

@@ -10,7 +10,8 @@
 namespace camjob {
 
 /// What the job wants to have told, the worst first; what is only not standard last.
-std::vector<report::DrawnFinding> DrawnFindings(const std::vector<plugin::Finding>& findings);
+std::vector<report::DrawnFinding> DrawnFindings(const std::vector<plugin::Finding>& findings,
+                                                const HeaderPlaces& places);
 
 /// The drawing of a part: its geometry as the file has it, judged as the report says.
 report::MemberDrawing DrawingOf(const dstv::NcFileEntity& entity, const CheckReport& report);

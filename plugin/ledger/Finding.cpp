@@ -20,7 +20,9 @@ ZetString DescribeRule(const Finding& finding) {
     if (finding.found)
         numbers += (numbers.isEmpty() ? L": found " : L", found ") + Shown(*finding.found);
     const ZetString name = ZetString::fromUtf8(job::kFindingTypes[finding.type].name);
-    const ZetString rule = finding.rule.isEmpty() ? L"" : L" by " + finding.rule;
+    ZetString rule = finding.rule.isEmpty() ? L"" : L" by " + finding.rule;
+    if (finding.ruleLine > 0)
+        rule += ZetString::format(L", job line %d", finding.ruleLine);
     return name + rule + numbers;
 }
 

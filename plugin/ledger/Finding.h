@@ -19,6 +19,7 @@ struct Finding {
     eReportingTypes report = eReportingWarning;
     ZetString text = {};  ///< one line, without indentation
     ZetString rule = {};  ///< id of the job's rule that judged, or of the member type
+    long ruleLine = 0;    ///< of its table in the job file; 0: not from there
     std::optional<double> required = {};
     std::optional<double> found = {};
     std::optional<Feature> feature = {};  ///< nothing: the member as a whole

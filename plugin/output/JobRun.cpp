@@ -8,9 +8,11 @@
 #include "plugin/output/CuttingList.h"
 #include "plugin/output/LineEnds.h"
 #include "plugin/rules/ArrayFromVector.h"
+#include "plugin/rules/MemberTypeSearch.h"
 
 #include "camdata/platform/system/Clock.h"
 #include "camdata/util/CMxUtil.h"
+#include "camdata/util/HostBridge.h"
 
 #include <algorithm>
 #include <map>
@@ -82,8 +84,7 @@ class JobRun::Member final : public JobMember {
         : JobMember(run.m_rules, type, creator),
           m_run(run),
           m_file(file),
-          m_position(run.m_members.size()),
-          m_ordered(GetQty()) {}
+          m_position(run.m_members.size()) {}
 
     void WriteMemOutPut(const ZetArray<ZetFileAccess*>& files,
                         ZetArray<CMxPeilaib*>& secondaryParts) override {
@@ -95,12 +96,10 @@ class JobRun::Member final : public JobMember {
 
     /// Its NC file, "" when it was not told.
     const ZetString& GetFile() const { return m_file; }
-    /// Pieces as ordered.
-    long GetOrdered() const { return m_ordered; }
     /// When it is valid.
     void AddSteelTo(SteelTotals& steel) const {
         if (GetOutcome().isValid)
-            steel.Add(m_ordered, GetLength(), GetWeightPerMetre());
+            steel.Add(GetOrdered(), GetLength(), GetWeightPerMetre());
     }
     MemberResult GetResult() const {
         const long left = IsSecondaryPart() ? GetQty() : 0;
@@ -108,7 +107,7 @@ class JobRun::Member final : public JobMember {
         result.mark = GetMark();
         result.profileName = GetProfileName();
         result.group = GetGroupPosition();
-        result.quantity = m_ordered;
+        result.quantity = GetOrdered();
         result.outcome = GetOutcome();
         result.left = left;
         return result;
@@ -118,7 +117,6 @@ class JobRun::Member final : public JobMember {
     JobRun& m_run;
     ZetString m_file;
     std::size_t m_position;  ///< among the members of the run
-    long m_ordered;
 };
 
 JobRun::DateOfLife::DateOfLife(const std::optional<CalendarDate>& date) : m_isSet(date) {
@@ -167,6 +165,8 @@ JobRun::Added JobRun::Add(ZetNCEntity& entity,
         return Added::kNoType;
     if (type->isSkipped)
         return Added::kSkipped;
+    if (!HasNumbers(*type, GetProfileNameFromCreator(&creator)))
+        return Added::kNoSize;
     auto member = std::make_unique<Member>(*this, *type, creator, job::EscapeControls(source));
     if (m_job.reports.areSourcesTold)
         member->SetSource(member->GetFile());

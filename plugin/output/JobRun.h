@@ -71,6 +71,7 @@ class JobRun {
         kAdded,
         kSkipped,  ///< the job leaves members of its type out
         kNoType,   ///< no member type fits
+        kNoSize,   ///< its type finds no number in the profile name where it looks for one
     };
 
     /// `folder` is where the output will stand in the end, with the settings file beside it.

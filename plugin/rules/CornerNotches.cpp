@@ -1,9 +1,10 @@
+#include "job/CodeFormat.h"
 #include "plugin/rules/JobMember.h"
-#include "plugin/rules/UprightRectangle.h"
+#include "plugin/rules/NearestNotch.h"
 
 #include "camdata/tolerance/CMxGeom.h"
 
-#include <algorithm>
+#include <utility>
 
 namespace plugin {
 
@@ -12,24 +13,15 @@ namespace {
 constexpr const wchar_t* kUncoveredText = L"No corner notch describes it";
 constexpr const wchar_t* kNotAllowedText = L"Members of this type may have no such notch";
 
-/// A corner coordinate that fits any notch.
-constexpr double kAnywhere = -1.0;
+constexpr const wchar_t* kNearestFormat =
+    L"No corner notch describes it; the nearest, %s, is for another %s";
 
-double CornerAt(job::NotchCorner corner, double farEnd) {
-    if (corner == job::NotchCorner::kAny)
-        return kAnywhere;
-    return corner == job::NotchCorner::kStart ? 0.0 : farEnd;
-}
-
-/// It asks for a rectangle, or its code tells a length or a width.
-bool TellsRectangle(const SCheckNotch& definition) {
-    constexpr int kLengthSelector = 4;
-    constexpr int kWidthSelector = 5;
-    const ZetArray<int>& selectors = definition.valueSelectors;
-    return definition.mustBeRect ||
-           std::any_of(selectors.begin(), selectors.end(), [](int selector) {
-               return selector == kLengthSelector || selector == kWidthSelector;
-           });
+job::CodeValues ValuesOf(const CNotchAddInfo& notch) {
+    return {.length = notch.GetLength(),
+            .width = notch.GetWidth(),
+            .face = job::NameOf(notch.GetViewData().GetHoleFace()),
+            .x = notch.GetXPos(),
+            .y = notch.GetYPos()};
 }
 
 }  // namespace
@@ -43,40 +35,54 @@ void JobMember::MatchCornerNotches() {
 /// The first definition that fits counts.
 void JobMember::MatchCornerNotch(CNotchAddInfo& notch) const {
     const double faceWidth = notch.GetViewData().GetFaceWidth();
-    const bool isFalseRectangle = notch.GetIsRect() && !IsRectangle(notch);
-    for (const job::CornerNotch& corner : GetJob().cornerNotches) {
-        if (isFalseRectangle && TellsRectangle(corner.definition))
-            continue;
-        SCheckNotch definition = corner.definition;
-        definition.cornerX = CornerAt(corner.along, GetLength());
-        definition.cornerY = CornerAt(corner.across, faceWidth);
-        if (notch.CheckNotchCorner(definition))
+    for (const job::CornerNotch& corner : GetJob().cornerNotches)
+        if (!IsFalseRectangleFor(corner.definition, notch) &&
+            notch.CheckNotchCorner(DefinitionOf(corner, GetLength(), faceWidth)))
             return;
-    }
 }
 
 /// Settles what becomes of the notches that no definition describes, and counts the contours.
 void JobMember::SettleNotches() {
     const job::Uncovered action = GetJob().uncoveredNotches.action;
     if (action == job::Uncovered::kAccept) {
-        FileNotches(eNotchNotAllowed, kNotAllowedText);
+        FileNotAllowedNotches();
         CodeUncoveredNotches(eNotchValid);
         CountContours();
         return;
     }
-    FileNotches(eNotchValid, kUncoveredText);
-    FileNotches(eNotchNotAllowed, kNotAllowedText);
+    FileUncoveredNotches();
+    FileNotAllowedNotches();
     if (action == job::Uncovered::kOutput)
         CodeUncoveredNotches(eNotchCornerMatched);
     MakeValidNotches();
 }
 
-void JobMember::FileNotches(eNotchStatus status, const wchar_t* what) {
-    const bool isRefusal =
-        status != eNotchValid || GetJob().uncoveredNotches.action == job::Uncovered::kReport;
+void JobMember::FileNotAllowedNotches() {
+    for (const CNotchAddInfo& notch : m_notches)
+        if (notch.GetNotchStatus() == eNotchNotAllowed)
+            FileNotch({.type = job::kUncoveredNotch, .text = kNotAllowedText, .isRefusal = true},
+                      notch);
+}
+
+/// With the corner notch that comes nearest, and what it wants.
+void JobMember::FileUncoveredNotches() {
+    const bool isRefusal = GetJob().uncoveredNotches.action == job::Uncovered::kReport;
     for (const CNotchAddInfo& notch : m_notches) {
-        if (notch.GetNotchStatus() == status)
-            FileNotch({.type = job::kUncoveredNotch, .text = what, .isRefusal = isRefusal}, notch);
+        if (notch.GetNotchStatus() != eNotchValid)
+            continue;
+        CMxGeom::SetTol(eTolGeneral);
+        const NotchMiss miss = FindNearestNotch(GetJob().cornerNotches, notch, GetLength());
+        Finding finding = {.type = job::kUncoveredNotch,
+                           .text = kUncoveredText,
+                           .required = miss.required,
+                           .found = miss.found,
+                           .isRefusal = isRefusal};
+        if (miss.corner != nullptr) {
+            finding.text = ZetString::format(kNearestFormat, miss.corner->id, ZetString(miss.what));
+            finding.rule = miss.corner->id;
+            finding.ruleLine = miss.corner->line;
+        }
+        FileNotch(std::move(finding), notch);
     }
 }
 
@@ -85,7 +91,8 @@ void JobMember::CodeUncoveredNotches(eNotchStatus status) {
     for (CNotchAddInfo& notch : m_notches) {
         if (notch.GetNotchStatus() != eNotchValid)
             continue;
-        notch.AppendMsg(eHoleMsgCode, GetJob().uncoveredNotches.code);
+        notch.AppendMsg(eHoleMsgCode,
+                        job::FillCode(GetJob().uncoveredNotches.code, ValuesOf(notch)));
         notch.SetNotchStatus(status);
     }
 }

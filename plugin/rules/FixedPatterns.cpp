@@ -80,6 +80,7 @@ Finding JobMember::MissingHole(CMxHoles& expected, double fixedLength) const {
     Finding finding = {.type = job::kFixedPattern,
                        .text = expected.GetErrMsg(fixedLength),
                        .rule = GetJob().patterns[*m_type.pattern].id,
+                       .ruleLine = GetJob().patterns[*m_type.pattern].line,
                        .required = expected.GetHoleXPosArr().first()};
     CMxGeom::SetTol(eTolY);
     for (const double x : expected.GetHoleXPosArr())

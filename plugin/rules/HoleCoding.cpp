@@ -8,6 +8,7 @@ namespace plugin {
 namespace {
 
 constexpr const wchar_t* kUncoveredText = L"No hole rule covers it";
+constexpr const wchar_t* kNoShapeText = L"No hole rule is for its shape";
 constexpr const wchar_t* kNearestFormat =
     L"No hole rule covers it; the nearest, %s, is for another %s";
 constexpr const wchar_t* kExcludedText = L"Its hole rule excludes this member";
@@ -39,7 +40,8 @@ void JobMember::CodeHoles() {
         else if (match.excluding != nullptr)
             RefuseHole({.type = job::kExcludedHole,
                         .text = kExcludedText,
-                        .rule = match.excluding->job->id},
+                        .rule = match.excluding->job->id,
+                        .ruleLine = match.excluding->job->line},
                        hole);
         else
             HandleUncoveredHole(hole);
@@ -65,10 +67,11 @@ void JobMember::CodeHole(CHoleAddlInfo& hole, const HoleRuleMatcher::Entry& entr
 Finding JobMember::UncoveredFinding(const CHoleAddlInfo& hole) const {
     const HoleRuleMatcher::Miss miss = m_rules.GetHoleRules().FindNearest(hole);
     if (miss.rule == nullptr)
-        return {.type = job::kUncoveredHole, .text = kUncoveredText};
+        return {.type = job::kUncoveredHole, .text = miss.hasShape ? kUncoveredText : kNoShapeText};
     return {.type = job::kUncoveredHole,
             .text = ZetString::format(kNearestFormat, miss.rule->id, ZetString(miss.what)),
             .rule = miss.rule->id,
+            .ruleLine = miss.rule->line,
             .required = miss.required,
             .found = miss.found};
 }

@@ -33,6 +33,7 @@ Finding JobMember::MissingPairOf(long index, const job::HoleRule& rule) const {
     Finding finding = {.type = job::kMissingPair,
                        .text = kMissingPairText,
                        .rule = rule.id,
+                       .ruleLine = rule.line,
                        .required = rule.pairs.front().spacing};
     const double x = m_holes[index].GetXPos();
     for (const job::PairRule& pair : rule.pairs)

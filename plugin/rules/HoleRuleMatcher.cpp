@@ -92,32 +92,42 @@ std::optional<double> NearestOf(const std::vector<double>& values, double value)
     return at == values.end() ? std::nullopt : std::optional(*at);
 }
 
+/// Distances from the lower edge.
+std::vector<double> RowsOf(const job::HoleRule& rule, const CHoleAddlInfo& hole) {
+    std::vector<double> rows = rule.backMarks;
+    for (const double distance : rule.otherFaceDistances)
+        rows.push_back(hole.GetViewData().GetFaceWidth() - distance);
+    return rows;
+}
+
 /// One thing that a rule of the hole's shape can want, in the order in which it is told.
 struct Want {
     const wchar_t* what;
     bool (*isMet)(const HoleRuleMatcher::Entry& entry, const CHoleAddlInfo& hole);
     double (*found)(const CHoleAddlInfo& hole);
-    const std::vector<double> job::HoleRule::*numbers;
+    /// What the rule allows, each as `found` gives it; null: not told in numbers.
+    std::vector<double> (*allowed)(const job::HoleRule& rule, const CHoleAddlInfo& hole);
 };
+// clang-format off
 constexpr Want kWants[] = {
     {L"diameter",
-     [](const auto& entry, const auto& hole) {
-         return AllowsSize(entry.rule.GetDiameters(), hole.GetSize());
-     },                                                      [](const auto& hole) { return hole.GetSize(); },
-     &job::HoleRule::diameters                                                                                                                 },
-    {L"length",
-     [](const auto& entry, const auto& hole) {
-         return AllowsSize(entry.rule.GetSecondSizes(), OverallLength(hole));
-     },                                                      &OverallLength,
-     &job::HoleRule::lengths                                                                                                                   },
+     [](const auto& entry, const auto& hole) { return AllowsSize(entry.rule.GetDiameters(), hole.GetSize()); },
+     [](const auto& hole) { return hole.GetSize(); },
+     [](const auto& rule, const auto&) { return rule.diameters; }},
+    {L"overall length",
+     [](const auto& entry, const auto& hole) { return AllowsSize(entry.rule.GetSecondSizes(), OverallLength(hole)); },
+     &OverallLength,
+     [](const auto& rule, const auto&) { return rule.lengths; }},
     {L"face",
      [](const auto& entry, const auto& hole) { return AllowsFace(*entry.job, hole); },
-     nullptr,                                                                                                                           nullptr},
+     nullptr,
+     nullptr},
     {L"row",
      [](const auto& entry, const auto& hole) { return AllowsRow(entry.rule, hole); },
      [](const auto& hole) { return hole.GetYPos(); },
-     &job::HoleRule::backMarks                                                                                                                 },
+     &RowsOf},
 };
+// clang-format on
 
 long CountUnmet(const HoleRuleMatcher::Entry& entry, const CHoleAddlInfo& hole) {
     return static_cast<long>(
@@ -187,14 +197,15 @@ HoleRuleMatcher::Miss HoleRuleMatcher::FindNearest(const CHoleAddlInfo& hole) co
             leastUnmet = unmet;
         }
     if (nearest == nullptr || leastUnmet == 0)
-        return {};
+        return {.hasShape = nearest != nullptr};
     const Want& want = *std::find_if(std::begin(kWants), std::end(kWants), [&](const Want& each) {
         return !each.isMet(*nearest, hole);
     });
     if (want.found == nullptr)
-        return {nearest->job, want.what};
+        return {nearest->job, true, want.what};
     const double found = want.found(hole);
-    return {nearest->job, want.what, NearestOf(nearest->job->*want.numbers, found), found};
+    return {
+        nearest->job, true, want.what, NearestOf(want.allowed(*nearest->job, hole), found), found};
 }
 
 const HoleRuleMatcher::Entry* HoleRuleMatcher::FindById(const ZetString& id) const {

@@ -34,6 +34,7 @@ class HoleRuleMatcher {
     /// What the rule that comes nearest to a hole wants to be otherwise.
     struct Miss {
         const job::HoleRule* rule = nullptr;  ///< null: none is for its shape, or one fits
+        bool hasShape = false;                ///< some rule is for its shape
         const wchar_t* what = L"";
         std::optional<double> required = {};  ///< nearest number of the rule
         std::optional<double> found = {};

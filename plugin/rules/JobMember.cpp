@@ -54,6 +54,7 @@ JobMember::JobMember(const JudgingRules& rules, const job::MemberType& type, Zet
         limits.SetReportType(static_cast<eValidationTypes>(check), ReportTypeOf(check));
     SetMemObjects(type.type, std::move(limits));
     SetNCObjects(&creator);
+    m_ordered = GetQty();
     // The height of a plate is its width.
     m_weightPerMetre = header.weightPerMetre * (IsPlate() ? header.height / 1000.0 : 1.0);
     m_ledger = Ledger(FeaturesOf(m_structure));
@@ -111,8 +112,10 @@ void JobMember::Tell(int type, const ZetArray<ZetString>& lines) {
 void JobMember::RecordFinding(Finding finding) {
     finding.text = WithoutNegativeZeros(finding.text);
     finding.report = ReportTypeOf(finding.type);
-    if (finding.rule.isEmpty())
+    if (finding.rule.isEmpty()) {
         finding.rule = m_type.id;
+        finding.ruleLine = m_type.line;
+    }
     for (std::optional<double>* number : {&finding.required, &finding.found})
         if (*number)
             *number = CMxGeom::Round_CAM(**number, kDecimals);

@@ -127,6 +127,8 @@ class JobMember : public CMxPeilaib {
     /// A part of an assembly, but not the main part. Its group is kSecondaryGroup.
     bool IsSecondaryPart() const { return getIsPartOfAssy() && !getIsMainPart(); }
     bool IsMainPart() const { return getIsPartOfAssy() && getIsMainPart(); }
+    /// Pieces as ordered, whatever assemblies have used up.
+    long GetOrdered() const { return m_ordered; }
     /// Position in Job::groups of the group that it is written with.
     std::size_t GetGroupPosition() const;
 
@@ -206,7 +208,7 @@ class JobMember : public CMxPeilaib {
     bool IsBeyond(const std::vector<ZetGeomPoint2d>& corners, int viewPosition);
     ZetString FaultOf(const ZetNCContour& outline, const ZetNCView& view, const NotchSum& sum);
     bool FindTrims(const ZetNCContour& outline, int viewPosition);
-    void TakeTrim(Trim trim, double missing);
+    void TakeTrim(Trim trim, double whole);
     static void DropNotches(ZetArray<CNotchAddInfo>& notches, const std::set<long>& tags);
 
     void SettleSetAsideHoles();
@@ -260,7 +262,8 @@ class JobMember : public CMxPeilaib {
     void MatchCornerNotches();
     void MatchCornerNotch(CNotchAddInfo& notch) const;
     void SettleNotches();
-    void FileNotches(eNotchStatus status, const wchar_t* what);
+    void FileNotAllowedNotches();
+    void FileUncoveredNotches();
     void CodeUncoveredNotches(eNotchStatus status);
     void CountContours();
 
@@ -270,6 +273,8 @@ class JobMember : public CMxPeilaib {
     bool TakeHoleOf(const CMxHoles& expected, std::vector<char>& isTaken) const;
     static bool IsExpectedHole(const CHoleAddlInfo& hole, const CMxHoles& expected, double x);
 
+    const job::Assembly* FindAssembly() const;
+    void FileParts(Finding finding);
     void CheckAttachedParts(ZetArray<CMxPeilaib*>& members);
     void HeadReports();
 
@@ -309,6 +314,7 @@ class JobMember : public CMxPeilaib {
     std::optional<FaceOutline> m_plate;     ///< its outline, or its box
     std::map<int, CViewData> m_planes;      ///< by view position
     std::map<int, FaceOutline> m_outlines;  ///< by view position; those that operations tell
+    long m_ordered = 0;
     bool m_hasPieces = true;
     std::vector<Trim> m_trims;
     std::vector<ZetNCCut> m_mitres;

@@ -1,22 +1,12 @@
 #include "plugin/rules/JudgingRules.h"
 
-#include "job/TextPattern.h"
 #include "plugin/rules/FixedPatterns.h"
+#include "plugin/rules/MemberTypeSearch.h"
 
 #include "camdata/output/CMxCamGlobAcc.h"
 #include "camdata/util/HostBridge.h"
 
-#include <algorithm>
-
 namespace plugin {
-
-namespace {
-
-bool Fits(const ZetString& text, const ZetString& pattern) {
-    return pattern.isEmpty() || job::MatchesPattern(text.view(), pattern.view());
-}
-
-}  // namespace
 
 JudgingRules::JudgingRules(const job::Job& job) : m_job(job), m_holeRules(job.holeRules) {
     for (const job::MachineFormat& format : job.formats)
@@ -39,13 +29,8 @@ JudgingRules::JudgingRules(const job::Job& job) : m_job(job), m_holeRules(job.ho
 }
 
 const job::MemberType* JudgingRules::FindMemberType(ZetNCCreator& creator) const {
-    const ZetString profileName = GetProfileNameFromCreator(&creator);
-    const std::vector<job::MemberType>& types = m_job.memberTypes;
-    const auto at = std::find_if(types.begin(), types.end(), [&](const job::MemberType& type) {
-        return Fits(profileName, type.profilePattern) &&
-               Fits(creator.getHeader().profileCode, type.codePattern);
-    });
-    return at == types.end() ? nullptr : &*at;
+    return plugin::FindMemberType(
+        m_job, GetProfileNameFromCreator(&creator), creator.getHeader().profileCode);
 }
 
 const CMxSingleMemValidation* JudgingRules::FindPattern(const job::MemberType& type) const {

@@ -91,6 +91,7 @@ void JobMember::CheckLimits() {
     if (m_type.pattern)
         CheckLimit({.type = eValidationFixedLength,
                     .rule = GetJob().patterns[*m_type.pattern].id,
+                    .ruleLine = GetJob().patterns[*m_type.pattern].line,
                     .required = GetSingleMemValid().GetFixedLength(),
                     .found = GetLength()});
     m_validations = given;

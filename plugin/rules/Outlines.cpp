@@ -1,3 +1,4 @@
+#include "job/CodeFormat.h"
 #include "plugin/rules/FaceOutline.h"
 #include "plugin/rules/JobMember.h"
 
@@ -246,6 +247,7 @@ bool JobMember::FindTrims(const ZetNCContour& outline, int viewPosition) {
     const std::array gaps = {
         box.minX - face->minX, face->maxX - box.maxX, box.minY - face->minY, face->maxY - box.maxY};
     const std::array edges = {box.minX, box.maxX, box.minY, box.maxY};
+    const std::array whole = {face->minX, face->maxX, face->minY, face->maxY};
     bool isTrimmed = false;
     for (std::size_t i = 0; i < gaps.size(); ++i) {
         const auto side = static_cast<job::TrimSide>(i);
@@ -253,7 +255,7 @@ bool JobMember::FindTrims(const ZetNCContour& outline, int viewPosition) {
         if (gaps[i] <= tolerance)
             continue;
         isTrimmed = true;
-        TakeTrim({FaceAtView(viewPosition), side, edges[i], {}, outline.hostTag}, gaps[i]);
+        TakeTrim({FaceAtView(viewPosition), side, edges[i], {}, outline.hostTag}, whole[i]);
     }
     return isTrimmed;
 }
@@ -265,8 +267,8 @@ eHoleFace JobMember::FaceAtView(int viewPosition) {
     return index < kFaces.size() ? kFaces[index] : eHoleFaceNone;
 }
 
-/// The first trim of the job that fits counts.
-void JobMember::TakeTrim(Trim trim, double missing) {
+/// The first trim of the job that fits counts. `whole` is the edge of the whole face.
+void JobMember::TakeTrim(Trim trim, double whole) {
     const std::vector<job::TrimRule>& rules = GetJob().trims;
     const auto allows = [](const auto& list, auto value) {
         return list.empty() || std::find(list.begin(), list.end(), value) != list.end();
@@ -275,7 +277,11 @@ void JobMember::TakeTrim(Trim trim, double missing) {
         return allows(each.faces, trim.face) && allows(each.sides, trim.side);
     });
     if (rule != rules.end()) {
-        trim.code = rule->code;
+        const double at = trim.at;
+        trim.code = job::FillCode(rule->code,
+                                  {.face = job::NameOf(trim.face),
+                                   .x = IsAcross(trim.side) ? 0.0 : at,
+                                   .y = IsAcross(trim.side) ? at : 0.0});
         m_trims.push_back(std::move(trim));
         return;
     }
@@ -288,7 +294,8 @@ void JobMember::TakeTrim(Trim trim, double missing) {
                                    ZetString(kSideWords[static_cast<std::size_t>(trim.side)]),
                                    ZetString(IsAcross(trim.side) ? L"Y" : L"X"),
                                    trim.at),
-         .found = missing,
+         .required = whole,
+         .found = trim.at,
          .feature = FeatureOf(trim.tag),
          .isRefusal = true});
 }

@@ -39,7 +39,12 @@ TEST_P(NcFileSearch, FindsTheFiles) {
     const job::NcFilesResult result = ExpandNcFiles(job);
     if (const auto* errors = std::get_if<1>(&result)) {
         ASSERT_EQ(errors->size(), 1u);
-        EXPECT_EQ(DescribeJobError(errors->front()), job.file + GetParam().fault);
+        std::string text = DescribeJobError(errors->front());
+        const std::string path = job.file.substr(0, job.file.rfind("job.toml") - 1);
+        for (const std::string& shown : {path + "/", path})
+            for (std::size_t at = text.find(shown); at != std::string::npos; at = text.find(shown))
+                text.erase(at, shown.size());
+        EXPECT_EQ(text, std::string("job.toml") + GetParam().fault);
         return;
     }
     std::vector<std::string> names;
@@ -57,15 +62,15 @@ const Case kCases[] = {
     {"SortedByName", {"nc/a*.nc1"}, {"nc/a1.nc1", "nc/a10.nc1", "nc/a2.nc1"}},
     {"OneCharacter", {"nc/a?.nc1"}, {"nc/a1.nc1", "nc/a2.nc1"}},
     {"NoFoldersNoHiddenFiles", {"nc/*"}, {"nc/B.NC1", "nc/Träger.nc1", "nc/a1.nc1", "nc/a10.nc1", "nc/a2.nc1"}},
-    {"CaseCounts", {"nc/b.nc1"}, {}, ":1:7: no file fits \"nc/b.nc1\""},
-    {"CaseCountsInPatterns", {"nc/B*.nc1"}, {}, ":1:7: no file fits \"nc/B*.nc1\""},
+    {"CaseCounts", {"nc/b.nc1"}, {}, ":1:7: no file fits \"nc/b.nc1\": \"nc\" holds \"B.NC1\", and capitals count"},
+    {"CaseCountsInPatterns", {"nc/B*.nc1"}, {}, ":1:7: no file fits \"nc/B*.nc1\": \"nc\" holds \"B.NC1\", and capitals count"},
     {"UmlautIsOneCharacter", {"nc/Tr?ger.*"}, {"nc/Träger.nc1"}},
     {"WildFolders", {"*/*/?.nc1"}, {"nc/deep/z.nc1"}},
     {"DotFile", {"nc/.*"}, {"nc/.a3.nc1"}},
     {"EachFileOnce", {"nc/a1*", "nc/a1.nc1", "nc/../nc/./a10.nc1"}, {"nc/a1.nc1", "nc/a10.nc1"}},
     {"PatternsTogether", {"plain.nc", "nc/deep/*"}, {"nc/deep/z.nc1", "plain.nc"}},
-    {"NothingFits", {"plain.nc", "nc/x*"}, {}, ":2:7: no file fits \"nc/x*\""},
-    {"NoSuchFolder", {"gone/*.nc1"}, {}, ":1:7: no file fits \"gone/*.nc1\""},
+    {"NothingFits", {"plain.nc", "nc/x*"}, {}, ":2:7: no file fits \"nc/x*\": \"nc\" holds other names, such as \"B.NC1\""},
+    {"NoSuchFolder", {"gone/*.nc1"}, {}, ":1:7: no file fits \"gone/*.nc1\": \"\" holds other names, such as \"nc\""},
     {"FolderIsNoFile", {"nc/folder.nc1"}, {}, ":1:7: no file fits \"nc/folder.nc1\""},
 };
 // clang-format on

@@ -224,7 +224,7 @@ TEST(Ledger, QuantityOfNothing) {
             {"1", With(part, "\n  12\n", "\n  0\n")}
     },
         std::string(kJob) + "report = { quantity = \"warning\" }\n");
-    EXPECT_EQ(Show(ran), "quantity 0\nnot_made=1 ");
+    EXPECT_EQ(Show(ran), "quantity 7\nnot_made=1 ");
     EXPECT_EQ(ran.exitCode, 0);
 }
 

@@ -68,12 +68,12 @@ TEST(RunCommand, RefusesFaultyInputWithAllFaultsAndWritesNothing) {
          {{"nc/2a.nc1", nc::BadLength()}, {"nc/6.nc1", "nonsense"},
           {"nc/3.nc1", nc::Header("Q", "XX\n  SO") + "EN\n"}},
          {"nc/2a.nc1:10: length \"6236:88\"", "nc/6.nc1:1:",
-          "nc/3.nc1: profile \"XX\", code SO: no member type of the job takes it"}},
+          "nc/3.nc1:8: profile \"XX\", code SO: no member type of the job takes it"}},
         {"one mark twice", {{"nc/6.nc1", nc::Plain("C2")}},
-         {"nc/6.nc1: mark \"C2\" is already that of the part in ", "nc/3.nc1"}},
-        {"no mark", {{"nc/6.nc1", nc::Plain("")}}, {"nc/6.nc1: the part has no mark to tell it by"}},
+         {"nc/6.nc1:5: mark \"C2\" is already that of the part in ", "nc/3.nc1"}},
+        {"no mark", {{"nc/6.nc1", nc::Plain("")}}, {"nc/6.nc1:5: the part has no mark to tell it by"}},
         {"an unknown part", {{"job.toml", unknownPart.Text()}},
-         {"job.toml: the assemblies name part \"Q7\", which no NC file has"}},
+         {"job.toml:56:19: the assemblies name part \"Q7\", which no NC file has"}},
         {"a broken job", {{"job.toml", "[job]\nname = 1\n"}}, {"job.toml:2:"}},
         {"no NC file", {{"job.toml", noFile.Text()}}, {"job.toml:3:"}},
     };
@@ -125,7 +125,8 @@ TEST(RunCommand, GoesOnWithoutFilesThatTheJobLeavesOut) {
     EXPECT_EQ(run.exitCode, 1);
     const std::string reasons[] = {
         "nc/2a.nc1:10: length \"6236:88\": expected a number in mm, or two separated by a comma",
-        "nc/6.nc1: profile \"XX\", code SO: no member type of the job takes it"};
+        "nc/6.nc1:8: profile \"XX\", code SO: no member type of the job takes it; add or change a "
+        "[[member_type]]; \"unmatched\" in [nc] can leave such files out"};
     const std::string info = folder.Read("out/s-info.txt");
     const nlohmann::json json =
         nlohmann::json::parse(RunTool({"run", "--json", ArgumentFor(folder, "job.toml")}).out);

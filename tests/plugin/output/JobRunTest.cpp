@@ -50,7 +50,7 @@ TEST(JobRun, MembersPartsAndMainPartsInTheirFiles) {
     TempFolder folder;
     Job job = RunJob();
     // clang-format off
-    job.assemblies = {{L"M", {{L"A", 1}, {L"B", 1}}}, {L"N", {{L"C", 1}}}};
+    job.assemblies = {{L"M", 0, 0, {{L"A", 1, 0, 0}, {L"B", 1, 0, 0}}}, {L"N", 0, 0, {{L"C", 1, 0, 0}}}};
     // clang-format on
     job.memberTypes[0].reports[job::kQuantity] = eReportingNonStd;
     job.maximumQuantity = 50;

@@ -146,13 +146,13 @@ const FindingCase kFindingCases[] = {
     {"MaximumLength", eValidationMaximumLength, [](Job& job, Part&) { job.memberTypes[0].limits.SetMaximumLength(2999.0); },
      "Member length (3000.0) should not be greater than 2999\n"},
     {"FixedLength", eValidationFixedLength, [](Job& job, Part&) {
-         job.patterns = {{L"p", 2000.0, false, {}}};
+         job.patterns = {{L"p", 0, 2000.0, false, {}}};
          job.memberTypes[0].pattern = 0;
          job.memberTypes[0].limits.SetMaximumLength(2999.0);
      },
      "Member length (3000.0) should be 2000 \n"},
     {"UncoveredHole", job::kUncoveredHole, [](Job&, Part& part) { part.Hole(kWebView, 300, 50, 18); },
-     "No hole rule covers it: 18.0 round holes on web at (X:300.0, Y:50.0)\n"},
+     "No hole rule is for its shape: 18.0 round holes on web at (X:300.0, Y:50.0)\n"},
     {"HoleDistance", job::kHoleDistance, [](Job& job, Part& part) {
          job.areDistancesChecked = true;
          job.holeRules = {Rule18()};
@@ -201,7 +201,7 @@ const FindingCase kFindingCases[] = {
      "Position x     : 500.0\nPosition y     : 100.0\nFace           : web\n"
      "Members of this type may have no such notch\n--------------------------------------------------\n"},
     {"FixedPattern", job::kFixedPattern, [](Job& job, Part&) {
-         job.patterns = {{L"p", 3000.0, false, {{18.0, L"18", {0.5, -100.0}, L"no %.0f hole at %.1f"}}}};
+         job.patterns = {{L"p", 0, 3000.0, false, {{18.0, L"18", {0.5, -100.0}, L"no %.0f hole at %.1f"}}}};
          job.memberTypes[0].pattern = 0;
      },
      "no 18 hole at 1500.0 or 2900.0\n"},
@@ -388,7 +388,7 @@ TEST_P(Pattern, NamesWhatIsMissing) {
     Job job = JobWithRule();
     const ZetString message = L"%.0f at %.0f";
     // clang-format off
-    job.patterns = {{L"p", 3000.0, c.isMirrorAllowed,
+    job.patterns = {{L"p", 0, 3000.0, c.isMirrorAllowed,
                      {{18.0, L"18", {0.5}, message}, {18.0, L"18", {250.0, -100.0}, message},
                       {18.0, L"18", {400.0}, message}}}};
     // clang-format on
@@ -418,7 +418,7 @@ INSTANTIATE_TEST_SUITE_P(JobMember, Pattern, ::testing::ValuesIn(kPatternCases),
 TEST(JobMember, PatternNeedsAHoleForEachAndTheRightCodeDiameterAndLength) {
     Job job = JobWithRule();
     // clang-format off
-    job.patterns = {{L"p", 3000.0, false, {{18.0, L"18", {400.0}, L"a"}, {18.0, L"18", {400.0}, L"b"},
+    job.patterns = {{L"p", 0, 3000.0, false, {{18.0, L"18", {400.0}, L"a"}, {18.0, L"18", {400.0}, L"b"},
                                            {14.0, L"18", {400.0}, L"c"}}}};
     // clang-format on
     job.memberTypes[0].pattern = 0;

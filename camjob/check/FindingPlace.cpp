@@ -1,0 +1,28 @@
+#include "camjob/check/FindingPlace.h"
+
+namespace camjob {
+
+HeaderPlaces HeaderPlacesOf(const dstv::NcHeader& header) {
+    return {header.lineOf(dstv::NcHeaderValue::kQuantity),
+            header.lineOf(dstv::NcHeaderValue::kLength)};
+}
+
+long LineOf(const plugin::Finding& finding, const HeaderPlaces& lines) {
+    if (finding.feature)
+        return finding.feature->tag;
+    switch (finding.type) {
+        case eValidationMinimumLength:
+        case eValidationMaximumLength:
+        case eValidationFixedLength:
+        case job::kLongerThanStock:
+            return lines.length;
+        case job::kQuantity:
+        case job::kMissingParts:
+        case job::kUnusedParts:
+            return lines.quantity;
+        default:
+            return 0;
+    }
+}
+
+}  // namespace camjob

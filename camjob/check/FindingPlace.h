@@ -1,0 +1,19 @@
+#pragma once
+
+#include "dstv/NcPart.h"
+#include "plugin/ledger/Finding.h"
+
+namespace camjob {
+
+/// Lines of an NC file's header that findings about the member as a whole are told at.
+struct HeaderPlaces {
+    long quantity = 0;
+    long length = 0;
+};
+
+HeaderPlaces HeaderPlacesOf(const dstv::NcHeader& header);
+
+/// The line of the NC file that a finding is about; 0: the file as a whole.
+long LineOf(const plugin::Finding& finding, const HeaderPlaces& lines);
+
+}  // namespace camjob
