@@ -104,6 +104,17 @@ std::string ProfileComment(const ProfileFamily& family) {
     return Comment(family.heading + ": " + Count(family.parts, "part", "parts") + " of " + names);
 }
 
+/// Where headers do not tell it.
+std::string HeightLines(const ProfileFamily& family) {
+    const bool isInName = family.height.length > 0;
+    const NameNumber place = isInName ? family.height : NameNumber{1, 3};
+    return std::string(isInName
+                           ? "# Some headers tell no height: is it the first number of the name?\n"
+                           : "# Some headers tell no height: where does it come from?\n# ") +
+           "height = { source = \"name\", start = " + std::to_string(place.start) +
+           ", length = " + std::to_string(place.length) + " }\n";
+}
+
 std::string MemberTypeTable(const ProfileFamily& family) {
     std::string text =
         "\n" + ProfileComment(family) + "[[member_type]]\nid = " + Text(family.id) + "\n";
@@ -111,9 +122,7 @@ std::string MemberTypeTable(const ProfileFamily& family) {
         text += "profile = " + Text(family.pattern) + "\n";
     text += "code = " + Text(family.code) + "\ngroup = " + Text(family.id) + "\n";
     if (family.hasNoHeight)
-        text +=
-            "# Some headers tell no height: where does it come from?\n"
-            "# height = { source = \"name\", start = 1, length = 3 }\n";
+        text += HeightLines(family);
     if (family.hasFlangesOverWidth)
         text +=
             "# Where holes in the flanges are measured over the whole width: where does the web stand?\n"

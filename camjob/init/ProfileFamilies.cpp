@@ -1,5 +1,7 @@
 #include "camjob/init/ProfileFamilies.h"
 
+#include "camdata/platform/text/ZetString.h"
+
 #include <algorithm>
 #include <map>
 #include <string_view>
@@ -74,6 +76,20 @@ ProfileFamily SpecialFamily(const std::string& letters) {
     return family;
 }
 
+/// The first number of the name, unless the header tells another height.
+NameNumber HeightIn(const PartSurvey& part) {
+    constexpr std::wstring_view kDigits = L"0123456789";
+    const ZetString name = ZetString::fromUtf8(part.profile);
+    const std::size_t start = name.view().find_first_of(kDigits);
+    if (start == std::wstring_view::npos)
+        return {};
+    const std::wstring_view rest = name.view().substr(start);
+    const std::size_t length = std::min(rest.find_first_not_of(kDigits), rest.size());
+    const double number = ZetString(std::wstring(rest.substr(0, length))).toDouble();
+    const bool fits = number > 0.0 && (part.height <= 0.0 || part.height == number);
+    return fits ? NameNumber{start, length} : NameNumber();
+}
+
 ProfileFamily NewFamily(const PartSurvey& part) {
     const auto row = std::find_if(std::begin(kCodes), std::end(kCodes), [&](const CodeRow& r) {
         return r.code == part.code;
@@ -104,7 +120,10 @@ std::vector<ProfileFamily> FindFamilies(const std::vector<PartSurvey>& parts) {
     for (const PartSurvey& part : parts) {
         ProfileFamily fresh = NewFamily(part);
         fresh.code = part.code;
+        fresh.height = HeightIn(part);
         ProfileFamily& family = found.try_emplace({part.code, fresh.pattern}, fresh).first->second;
+        if (family.height != fresh.height)
+            family.height = {};
         family.profiles.insert(part.profile);
         ++family.parts;
         family.hasNoHeight = family.hasNoHeight || part.height <= 0.0;

@@ -2,11 +2,20 @@
 
 #include "camjob/init/NcSurvey.h"
 
+#include <cstddef>
 #include <set>
 #include <string>
 #include <vector>
 
 namespace camjob {
+
+/// A number in a profile name, from its first character (counted from 0).
+struct NameNumber {
+    std::size_t start = 0;
+    std::size_t length = 0;
+
+    bool operator==(const NameNumber&) const = default;
+};
 
 /// Parts of one kind of profile: a member type and a group of the job.
 struct ProfileFamily {
@@ -16,7 +25,8 @@ struct ProfileFamily {
     std::string pattern;             ///< of the profile name; "": any
     std::set<std::string> profiles;  ///< names that were found
     long parts = 0;
-    bool hasNoHeight = false;          ///< some header does not tell it
+    bool hasNoHeight = false;  ///< some header does not tell it
+    NameNumber height;         ///< where all names have a number that can be it; length 0: nowhere
     bool hasFlangesOverWidth = false;  ///< their coordinates may run over the whole width
 };
 
