@@ -34,7 +34,9 @@ int RunFormats(const FormatsOptions& options, OutputStream& out, OutputStream& e
         return List(out);
     const job::BuiltInFormat* format = job::FindBuiltInFormat(options.name);
     if (format != nullptr && format->text.empty())
-        return Refuse("the format \"" + options.name + "\" cannot be said by a format file", err);
+        return Refuse("the format \"" + options.name +
+                          "\" has no format file: it writes an NC file for each member",
+                      err);
     if (format != nullptr) {
         out.Write(format->text);
         return kExitDone;

@@ -23,10 +23,23 @@ bool Agree(const std::optional<double>& wanted, double size) {
     return !wanted || std::abs(*wanted - size) <= kToolTolerance;
 }
 
+bool IsRound(const MachineOperation& operation) {
+    return operation.kind == MachineOperationKind::kHole ||
+           operation.kind == MachineOperationKind::kCountersunk;
+}
+
 double DiameterOf(const MachineOperation& operation) {
-    const bool isRound = operation.kind == MachineOperationKind::kHole ||
-                         operation.kind == MachineOperationKind::kCountersunk;
-    return isRound ? operation.diameter : operation.width;
+    return IsRound(operation) ? operation.diameter : operation.width;
+}
+
+/// As a tool's row would say it; the kind is told with the operation.
+ZetString SizeOf(const MachineOperation& operation) {
+    if (DiameterOf(operation) <= 0.0)
+        return {};
+    return IsRound(operation)
+               ? ZetString::format(L", diameter %.2f", operation.diameter)
+               : ZetString::format(
+                     L", width %.2f and length %.2f", operation.width, operation.length);
 }
 
 FormatWord WordOf(Words words, int position) {
@@ -64,6 +77,7 @@ struct FieldValues {
     static FormatValue Tab(V, S) { return FormatWord{L"\t"}; }
     static FormatValue Header(V, S s) { return FormatWord{s.header->view()}; }
     static FormatValue Group(V, S s) { return s.group->view(); }
+    static FormatValue Date(V, S s) { return FormatWord{s.texts->date.view()}; }
     static FormatValue Section(V, S s) { return s.section->view(); }
     static FormatValue Profile(V v, S s) { return v.NameOfProfile(s.member->profile); }
     static FormatValue Operations(V, S s) { return static_cast<long>(s.member->operations.size()); }
@@ -107,7 +121,7 @@ const FieldValues::Row FieldValues::kRows[] = {
     {kNumber,                &Run<&FormatTexts::number>                   },
     {kClient,                &Run<&FormatTexts::client>                   },
     {kRevision,              &Run<&FormatTexts::revision>                 },
-    {kDate,                  &Run<&FormatTexts::date>                     },
+    {kDate,                  &Date                                        },
     {kGroup,                 &Group                                       },
     {kSection,               &Section                                     },
     {kMembers,               &Count<&FormatSubject::members>              },
@@ -202,11 +216,7 @@ FormatValue FormatValues::NameOfTool(const MachineOperation& operation) const {
         return FormatWord{m_format.tools.rows[row].number.view()};
     if (m_format.tools.otherwise)
         return FormatWord{m_format.tools.otherwise->view()};
-    return NoValue{
-        ZetString::format(L"no [[tool]] makes it: %s, diameter or width %.2f, length %.2f",
-                          ZetString(WordOf(kOperationWords, static_cast<int>(operation.kind)).word),
-                          DiameterOf(operation),
-                          operation.length)};
+    return NoValue{L"no [[tool]] is for it" + SizeOf(operation)};
 }
 
 FormatValue FormatValues::NameOfProfile(const ZetString& profile) const {

@@ -122,6 +122,26 @@ int DecimalsOf(job::FieldType type, const job::FieldSpec& spec, const job::Machi
 
 // ---- texts --------------------------------------------------------------------------------------
 
+/// Of a character that is two on Windows.
+bool IsSecondHalf(wchar_t c) {
+    return c >= 0xDC00 && c <= 0xDFFF;
+}
+
+std::size_t CountCharacters(std::wstring_view text) {
+    return text.size() -
+           static_cast<std::size_t>(std::count_if(text.begin(), text.end(), IsSecondHalf));
+}
+
+std::wstring_view FirstCharacters(std::wstring_view text, std::size_t count) {
+    std::size_t end = 0;
+    for (std::size_t taken = 0; end < text.size(); ++end) {
+        taken += IsSecondHalf(text[end]) ? 0 : 1;
+        if (taken > count)
+            break;
+    }
+    return text.substr(0, end);
+}
+
 /// Line ends can stand in quotes as they are.
 bool MayHaveLineEnds(const job::TextSettings& texts) {
     return texts.escapes == job::Escapes::kDoubled && texts.quotes != job::Quotes::kNone;
@@ -168,11 +188,11 @@ std::wstring Escaped(std::wstring_view text, job::Escapes escapes) {
 /// Cut or refused beyond the longest; the fault.
 ZetString Shorten(std::wstring& text, const job::TextSettings& texts) {
     const auto longest = static_cast<std::size_t>(texts.longest);
-    if (longest == 0 || text.size() <= longest)
+    if (longest == 0 || CountCharacters(text) <= longest)
         return {};
     if (texts.tooLong == job::TooLong::kRefuse)
         return ZetString::format(L"it is longer than %d characters", texts.longest);
-    text.resize(longest);
+    text.resize(FirstCharacters(text, longest).size());
     return {};
 }
 
@@ -220,8 +240,8 @@ ZetString AppendText(std::string& out,
                      const job::MachineFormat& format) {
     const job::TextSettings& texts = format.texts;
     std::wstring changed = texts.isUpperCase ? InPlainCapitals(text) : std::wstring(text);
-    if (spec.precision >= 0 && changed.size() > static_cast<std::size_t>(spec.precision))
-        changed.resize(static_cast<std::size_t>(spec.precision));
+    if (spec.precision >= 0)
+        changed.resize(FirstCharacters(changed, static_cast<std::size_t>(spec.precision)).size());
     ZetString fault = Shorten(changed, texts);
     if (fault.isEmpty())
         fault = FaultOfText(changed, texts);
@@ -242,11 +262,11 @@ ZetString AppendWord(std::string& out,
                      const job::FieldSpec& spec,
                      const job::MachineFormat& format) {
     if (spec.precision >= 0)
-        word = word.substr(0, static_cast<std::size_t>(spec.precision));
+        word = FirstCharacters(word, static_cast<std::size_t>(spec.precision));
     const auto bytes = job::InEncoding(word, format.texts.page);
     if (!bytes)
         return L"the encoding of the format has not all its characters";
-    return AppendPadded(out, *bytes, word.size(), '<', spec, format);
+    return AppendPadded(out, *bytes, CountCharacters(word), '<', spec, format);
 }
 
 }  // namespace plugin

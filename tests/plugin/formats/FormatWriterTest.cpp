@@ -126,7 +126,7 @@ const Case kCases[] = {
     {"OtherFaces", "[format]\nother_faces=\"?\"\n[[face]]\nface=\"top_flange\"\nname=\"T\"", "\"{face}\"", Member({HoleAt(1, 1)}), "?\n"},
     {"AngleClockwise", "[numbers]\nangles=\"clockwise\"\ndecimals=0\n[[line]]\nfor=[\"slot\"]\ntext=[\"{angle}\"]", "", Member({Slot(30), Slot(0)}), "150\n0\n"},
     {"AngleMirrored", "[[face]]\nface=\"web\"\nmirror_x=true\n[[line]]\nfor=[\"slot\"]\ntext=[\"{face} {angle:.0f}\"]", "", Member({Slot(30)}), "web 150\n"},
-    {"Tools", "[[tool]]\nkind=\"hole\"\ndiameter=18.03\nnumber=\"7\"", "\"{tool}\"", Member({HoleAt(1, 1), HoleAt(1, 1, 20)}), "[1 {tool}: no [[tool]] makes it: hole, diameter or width 20.00, length 0.00]"},
+    {"Tools", "[[tool]]\nkind=\"hole\"\ndiameter=18.03\nnumber=\"7\"", "\"{tool}\"", Member({HoleAt(1, 1), HoleAt(1, 1, 20)}), "[1 {tool}: no [[tool]] is for it, diameter 20.00]"},
     {"ByTool", "[format]\norder=\"tool\"\n[[tool]]\nkind=\"hole\"\ndiameter=20\nnumber=\"1\"\n[[tool]]\nkind=\"hole\"\nnumber=\"2\"", "\"{tool} {x:.0f}\"", Member({HoleAt(9, 1), HoleAt(5, 1, 20), HoleAt(3, 1), HoleAt(1, 1, 20)}), "1 1\n1 5\n2 3\n2 9\n"},
     {"ByX", "[format]\norder=\"x\"", "\"{x:.0f} {y:.0f}\"", Member({HoleAt(9, 1), HoleAt(3, 8), HoleAt(3, 2)}), "3 2\n3 8\n9 1\n"},
     {"Capitals", "[texts]\nupper_case=true", "\"{mark}\"", Marked(L"Stra\u00DFe \u0141\u00F3d\u017A \u00D8\u00E6\u03AC"), "STRASSE LODZ OAE\xCE\x91\n"},
