@@ -1,6 +1,6 @@
 #include "job/FormatTables.h"
 
-#include "job/JobValue.h"
+#include "job/JobWords.h"
 
 #include <iterator>
 

@@ -102,11 +102,11 @@ void ListTablesIn(const KeyTable& table, const std::string& path, std::vector<Jo
             continue;
         const std::string name = path + key.name;
         JobKeyTable entry{key.options.isTop ? LabelOf(key) : name, key.meaning, {}};
-        for (const Key& row : key.table->keys)
+        for (const Key& row : key.table().keys)
             entry.keys.push_back(
                 {row.name, row.describe(row), row.options.unit, DefaultOf(row), row.meaning});
         list.push_back(std::move(entry));
-        ListTablesIn(*key.table, name + ".", list);
+        ListTablesIn(key.table(), name + ".", list);
     }
 }
 

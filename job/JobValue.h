@@ -48,7 +48,7 @@ struct Key {
     std::string (*describe)(const Key&);
     std::string (*showDefault)();
     bool isList;
-    const KeyTable* table;  ///< of a table, or of each in a list; else null
+    const KeyTable& (*table)();  ///< of a table, or of each in a list; else null
 };
 
 /// The keys of a table.
@@ -124,7 +124,7 @@ struct Value {
             return false;
         }
         const std::size_t faultsBefore = faults.GetCount();
-        ReadTable(*key.table, LabelOf(key), *table, &into, faults);
+        ReadTable(key.table(), LabelOf(key), *table, &into, faults);
         if constexpr (requires { into.isSound; }) {
             into.at = PositionOf(node);
             into.isSound = faults.GetCount() == faultsBefore;
@@ -280,9 +280,9 @@ template <typename T, auto Access>
 constexpr Key MakeKey(const char* name, const char* meaning, KeyOptions options) {
     using Member = std::remove_reference_t<decltype(Access(std::declval<T&>()))>;
     using Element = typename ElementOf<Member>::Type;
-    const KeyTable* table = nullptr;
+    const KeyTable& (*table)() = nullptr;
     if constexpr (Value<Element>::kIsTable)
-        table = &KeysOf<Element>();
+        table = &KeysOf<Element>;
     return {name,
             meaning,
             options,

@@ -1,7 +1,5 @@
 #include "job/MessageTexts.h"
 
-#include "camdata/platform/text/ZetString.h"
-
 #include <algorithm>
 #include <cstddef>
 #include <numeric>
@@ -32,6 +30,10 @@ std::size_t DistanceBetween(std::string_view a, std::string_view b) {
 
 std::string Quoted(std::string_view text) {
     return '"' + std::string(text) + '"';
+}
+
+std::string Quoted(const ZetString& text) {
+    return Quoted(text.toUtf8());
 }
 
 std::string ShowNumber(double value) {

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "camdata/platform/text/ZetString.h"
+
 #include <string>
 #include <string_view>
 #include <vector>
@@ -7,6 +9,7 @@
 namespace job {
 
 std::string Quoted(std::string_view text);
+std::string Quoted(const ZetString& text);
 /// Shortest text of a number, at most ten digits.
 std::string ShowNumber(double value);
 /// `; did you mean "..."?` where one of `words` is near, else "".
