@@ -1,11 +1,13 @@
 #include "camjob/check/CheckText.h"
 
 #include "camjob/check/CheckInput.h"
+#include "camjob/check/FindingText.h"
 #include "camjob/console/Colour.h"
 #include "camjob/console/ReportText.h"
 #include "camjob/console/TextTable.h"
 
 #include <algorithm>
+#include <set>
 #include <utility>
 
 namespace camjob {
@@ -154,7 +156,7 @@ ZetString FindingLine(const plugin::Finding& finding, long line, const Terminal&
                  terminal.hasColour);
 }
 
-/// Errors first, each by its line.
+/// Errors first, each by its line; then what can be done.
 ZetString FindingLines(const CheckReport& report, const Terminal& terminal) {
     const auto lineOf = [&](const plugin::Finding& finding) {
         return LineOf(finding, report.headerPlaces);
@@ -167,10 +169,14 @@ ZetString FindingLines(const CheckReport& report, const Terminal& terminal) {
         return keyOf(a) < keyOf(b);
     });
     ZetString lines;
+    std::set<int> types;
     for (const plugin::Finding& finding : findings)
-        if (finding.IsPrinted())
+        if (finding.IsPrinted()) {
             lines += FindingLine(finding, lineOf(finding), terminal);
-    return lines;
+            types.insert(finding.type);
+        }
+    // Without a job nothing can be changed but the model.
+    return report.judgement ? lines + RemedyLines(types) : lines;
 }
 
 ZetString ExternalContours(const std::vector<long>& points) {

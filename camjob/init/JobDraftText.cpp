@@ -3,6 +3,7 @@
 #include "job/MessageTexts.h"
 
 #include <algorithm>
+#include <iterator>
 #include <vector>
 
 namespace camjob {
@@ -45,17 +46,14 @@ std::string Comment(std::string text) {
 // ---- the job and its files ----------------------------------------------------------------------
 
 /// By job::MarkSource.
-struct MarkWord {
-    const char* word;
-    const char* meaning;
+constexpr const char* kMarkMeanings[] = {
+    "line 4 of the header",
+    "line 2 of the header",
+    "line 3 of the header",
+    "the file's name, for no header line differs from part to part",
+    "the file's name with its folders, for files share their names",
 };
-constexpr MarkWord kMarkWords[] = {
-    {"mark",      "line 4 of the header"                                         },
-    {"drawing",   "line 2 of the header"                                         },
-    {"phase",     "line 3 of the header"                                         },
-    {"file_name", "the file's name, for no header line differs from part to part"},
-    {"path",      "the file's name with its folders, for files share their names"},
-};
+static_assert(std::size(kMarkMeanings) == std::size(job::kMarkSources));
 
 std::string JobTable(const JobDraft& draft) {
     std::string text = "[job]\nname = " + Text(draft.name) + "\n";
@@ -67,9 +65,9 @@ std::string JobTable(const JobDraft& draft) {
 }
 
 std::string NcTable(const JobDraft& draft) {
-    const MarkWord& mark = kMarkWords[static_cast<std::size_t>(draft.mark)];
     std::string text = "\n[nc]\n";
-    text += std::string("mark = \"") + mark.word + "\"  # " + mark.meaning + "\n";
+    text += std::string("mark = \"") + job::NameOf(draft.mark) + "\"  # " +
+            kMarkMeanings[static_cast<std::size_t>(draft.mark)] + "\n";
     if (!draft.foreignName.empty())
         text += Comment("Some names are not UTF-8. " + Text(draft.foreignName) +
                         " is wrong? As windows-1251 it is " + Text(draft.otherReading) + ".") +

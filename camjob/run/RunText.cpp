@@ -1,5 +1,6 @@
 #include "camjob/run/RunText.h"
 
+#include "camjob/check/FindingText.h"
 #include "camjob/compare/ChangesText.h"
 #include "camjob/console/Colour.h"
 #include "camjob/console/ReportText.h"
@@ -242,10 +243,7 @@ ZetString FindingLines(const RunReport& report, const FindingList& list) {
             }
     if (count == 0)
         return {};
-    lines += MoreLine(count - list.most);
-    for (const int type : types)
-        lines += Line(ZetString::fromUtf8(std::string(job::kFindingTypes[type].name) + ": " +
-                                          job::kFindingTypes[type].remedy));
+    lines += MoreLine(count - list.most) + RemedyLines(types);
     const ZetString file = OneLine(ZetString::fromUtf8(report.files[list.file].name));
     return Line(list.heading + file) + lines;
 }

@@ -7,8 +7,10 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <iterator>
 #include <map>
 #include <numbers>
+#include <optional>
 #include <set>
 #include <utility>
 
@@ -46,6 +48,32 @@ constexpr std::array kSideWords = {L"start", L"end", L"lower edge", L"upper edge
 
 bool IsAcross(job::TrimSide side) {
     return side == job::TrimSide::kLower || side == job::TrimSide::kUpper;
+}
+
+/// The side of a face that something reaches beyond the farthest: where it is, and how far that
+/// reaches; nothing within the face.
+struct Excess {
+    std::optional<double> required = {};
+    std::optional<double> found = {};
+};
+
+Excess ExcessOf(const FaceBox& box, const FaceBox& face) {
+    struct Side {
+        double edge;
+        double reached;
+        double beyond;
+    };
+    const Side sides[] = {
+        {face.minX, box.minX, face.minX - box.minX},
+        {face.maxX, box.maxX, box.maxX - face.maxX},
+        {face.minY, box.minY, face.minY - box.minY},
+        {face.maxY, box.maxY, box.maxY - face.maxY}
+    };
+    const Side* farthest =
+        std::max_element(std::begin(sides), std::end(sides), [](const Side& a, const Side& b) {
+            return a.beyond < b.beyond;
+        });
+    return farthest->beyond > 0.0 ? Excess{farthest->edge, farthest->reached} : Excess();
 }
 
 std::vector<ZetGeomPoint2d> CornersOf(const CNotchAddInfo& notch) {
@@ -157,6 +185,9 @@ void JobMember::RefuseContour(job::ValidationType type,
                               const ZetNCContour& contour,
                               int viewPosition) {
     const FaceBox box = BoxOf(CornersOf(contour));
+    const std::optional<FaceBox> face = FaceOfView(viewPosition);
+    const bool isBeyond = face && (fault == kBeyondText || fault == kOpeningBeyondText);
+    const Excess excess = isBeyond ? ExcessOf(box, *face) : Excess();
     FileFinding({.type = type,
                  .text = ZetString::format(kContourFormat,
                                            fault,
@@ -165,6 +196,8 @@ void JobMember::RefuseContour(job::ValidationType type,
                                            box.minY,
                                            box.maxX,
                                            box.maxY),
+                 .required = excess.required,
+                 .found = excess.found,
                  .feature = FeatureOf(contour.hostTag),
                  .isRefusal = true});
 }

@@ -98,7 +98,7 @@ const Mistake kMistakes[] = {
     {"SideCutOff", {}, {"nc/6.nc1", Header("Z200x2.0\n  SO") + "AK\n  v 0 0 0\n  850 0 0\n  850 200 0\n  0 200 0\n  0 0 0\nEN\n"},
      {"nc/6.nc1:23: No trim covers it: the web is cut off at its end, to X 850.0 [uncovered_trim by purlin, job line 30: required 900, found 850]", "uncovered_trim: Add a `[[trim]]` for this face and side."}},
     {"HeaderShorterThanTheOutline", {}, {"nc/6.nc1", Header("Z200x2.0\n  SO") + "AK\n  v 0 0 0\n  1100 0 0\n  1100 200 0\n  0 200 0\n  0 0 0\nEN\n"},
-     {"nc/6.nc1:23: The outline reaches beyond its face: web, from (X:0.0, Y:0.0) to (X:1100.0, Y:200.0) [unclear_cut by purlin, job line 30]", "unclear_cut: Compare the outline with the header's"}},
+     {"nc/6.nc1:23: The outline reaches beyond its face: web, from (X:0.0, Y:0.0) to (X:1100.0, Y:200.0) [unclear_cut by purlin, job line 30: required 900, found 1100]", "unclear_cut: Compare the outline with the header's"}},
     {"HoleBeyondTheFace", {}, {"nc/6.nc1", Header("Z200x2.0\n  SO") + "BO\n  v 400 250 18\nEN\n"},
      {"nc/6.nc1:23: It lies outside of its face or of the member", "[hole_outside by purlin, job line 30: required 200, found 250]", "hole_outside: Correct the model, or `zero` and `reversed`"}},
     {"CountersinkWithoutHole", {}, {"nc/6.nc1", Header("Z200x2.0\n  SO") + "BO\n  v 400 100s 26 6.5 0 0 90\nEN\n"},
