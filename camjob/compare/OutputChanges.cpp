@@ -17,7 +17,7 @@ std::vector<ValueChange> ValuesOf(const OutputMember& member) {
     return {
         {"quantity", "", std::to_string(member.quantity)},
         {"profile",  "", member.profile                 },
-        {"material", "", member.material                },
+        {"material", "", member.material.value_or("")   },
         {"length",   "", report::Number(member.length)  },
         {"status",   "", member.status                  },
     };
@@ -115,6 +115,9 @@ std::vector<FeatureChange> FeatureMatching::Match() {
 }
 
 MemberChange Compared(const OutputMember& before, OutputMember after) {
+    // Outputs of earlier versions do not tell it.
+    if (!before.material)
+        after.material.reset();
     return {before.mark,
             MemberChangeKind::kChanged,
             Differences(ValuesOf(before), ValuesOf(after)),

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <tuple>
 #include <vector>
@@ -31,7 +32,7 @@ struct OutputFeature {
 struct OutputMember {
     std::string mark;
     std::string profile;
-    std::string material;
+    std::optional<std::string> material;  ///< nothing: the output does not tell it
     long quantity = 0;
     double length = 0.0;
     std::string status;  ///< in words

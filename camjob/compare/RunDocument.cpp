@@ -13,7 +13,8 @@ OutputMember MemberOf(const Json& member) {
     OutputMember read;
     read.mark = member.at("mark").get<std::string>();
     read.profile = member.at("profileName").get<std::string>();
-    read.material = member.value("material", "");
+    if (const auto material = member.find("material"); material != member.end())
+        read.material = material->get<std::string>();
     read.quantity = member.at("quantity").get<long>();
     read.length = member.at("length").get<double>();
     read.status = StatusInWords(member.at("valid").get<bool>(),

@@ -218,7 +218,7 @@ PageTable FileTable(const RunReport& report) {
          ""
     };
     for (const RunFile& file : report.files)
-        table.rows.push_back({Utf8FromPath(PathFromUtf8(file.name).filename()),
+        table.rows.push_back({report.WithinFolder(file.name),
                               file.bytes ? std::to_string(*file.bytes) : "this page"});
     return table;
 }

@@ -109,7 +109,7 @@ Json RunJsonWriter::ToJson(const RunUnmadeFile& file) const {
 
 Json RunJsonWriter::ToJson(const RunFile& file) const {
     return {
-        {"name",  m_isDocument ? WithoutFolder(file.name) : file.name},
+        {"name",  m_isDocument ? m_report->WithinFolder(file.name) : file.name},
         {"bytes", file.bytes ? Json(*file.bytes) : Json()            },
     };
 }

@@ -1,6 +1,7 @@
 #include "camjob/run/RunReport.h"
 
 #include "camjob/console/ExitCode.h"
+#include "camjob/console/Paths.h"
 
 namespace camjob {
 
@@ -12,6 +13,11 @@ std::string DescribeNote(const RunNote& note) {
     const bool isWarning = note.note.severity == dstv::NcNote::Severity::kWarning;
     const std::string line = note.note.line > 0 ? ":" + std::to_string(note.note.line) : "";
     return note.file + line + (isWarning ? ": warning: " : ": note: ") + note.note.text.toUtf8();
+}
+
+std::string RunReport::WithinFolder(const std::string& file) const {
+    const std::string start = NameIn(folder, {});
+    return file.starts_with(start) ? file.substr(start.size()) : file;
 }
 
 void RunReport::DropResults() {

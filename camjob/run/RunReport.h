@@ -118,6 +118,8 @@ struct RunReport {
     bool repeatsChanges = false;  ///< nothing differs from the output that is replaced: its changes
     std::string uncompared;       ///< why there is none, although there is an output; UTF-8
 
+    /// Of a file of the output, as seen from its folder.
+    std::string WithinFolder(const std::string& file) const;
     /// For a run that came to no output after all.
     void DropResults();
     long CountInvalid() const;

@@ -16,6 +16,8 @@ namespace {
 /// Beyond that many bytes of members, drawings of members in order are left out: a browser would
 /// take too long.
 constexpr std::size_t kMostMemberBytes = 15u << 20;
+/// Rows of a table.
+constexpr std::size_t kMostRows = 500;
 /// Members of the list that needs no script.
 constexpr std::size_t kMostFaulty = 100;
 
@@ -63,9 +65,15 @@ std::string BodyHtml(const PageTable& table) {
     std::string html = "<div class=\"wide\" tabindex=\"0\" role=\"region\" aria-label=\"" +
                        Escaped(table.title) + "\"><table aria-label=\"" + Escaped(table.title) +
                        "\"><thead>" + HeadingsHtml(table) + "</thead><tbody>\n";
-    for (const std::vector<std::string>& row : table.rows)
-        html += RowHtml(table, row);
-    return html + "</tbody></table></div>";
+    const std::size_t shown = std::min(table.rows.size(), kMostRows);
+    for (std::size_t i = 0; i < shown; ++i)
+        html += RowHtml(table, table.rows[i]);
+    html += "</tbody></table></div>";
+    if (const std::size_t left = table.rows.size() - shown; left > 0)
+        html += Element("p",
+                        std::to_string(left) +
+                            " more rows are not shown here; the document of the run has all.");
+    return html;
 }
 
 bool IsShown(const PageTable& table) {

@@ -87,7 +87,7 @@ class PageCheck:
             name = {"not for this machine": "not_for_machine"}.get(count[1], count[1].replace(" ", "_"))
             expect(f"features {count[1]}", int(count[0]), self.run["accounts"][name])
         files = dict(self.browser.run("[...document.querySelectorAll('section')].find((one) => one.textContent.startsWith('Files made')).querySelectorAll('tbody tr').values().map((row) => [...row.cells].map((cell) => cell.textContent)).toArray()"))
-        expect("files", files, {pathlib.Path(file["name"]).name: str(file["bytes"]) if not file["name"].endswith(".html") else "this page" for file in self.run["files"]})
+        expect("files", files, {file["name"].removeprefix("made/"): str(file["bytes"]) if not file["name"].endswith(".html") else "this page" for file in self.run["files"]})
 
     def check_plans(self):
         rows = self.browser.run("[...document.querySelectorAll('#plans tbody tr')].map((row) => [...row.cells].map((cell) => cell.textContent))")
