@@ -12,7 +12,7 @@ namespace {
 constexpr double kWidth = 1000.0;
 constexpr double kBarHeight = 30.0;
 /// A letter of a label takes about that much, pixels.
-constexpr double kLetter = 7.0;
+constexpr double kLetter = 8.5;
 constexpr double kMargin = 6.0;
 
 std::string Rectangle(const char* style, double x, double width) {

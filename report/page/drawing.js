@@ -173,7 +173,7 @@ const Drawing = (() => {
 
   // By the position in `shown`. What has findings comes first to its place.
   function labelsBeside(member, panel, shown) {
-    const taken = shown.map((feature) => placeTaken(feature, panel)), labels = shown.map(() => null);
+    const taken = [...shown, ...member.earlier].map((feature) => placeTaken(feature, panel)), labels = shown.map(() => null);
     const numbers = shown.map((feature) => numbersOf(member, feature));
     shown.forEach((feature, i) => { if (numbers[i]) labels[i] = labelBeside(feature, panel, numbers[i], taken); });
     shown.forEach((feature, i) => { if (!numbers[i] && codeOf(feature)) labels[i] = labelBeside(feature, panel, "", taken); });

@@ -90,14 +90,25 @@
 
   const barsOf = (mark) => [...document.querySelectorAll(`#plans g[data-mark="${CSS.escape(mark)}"]`)];
 
+  // "1 to 7, 12": [first, last] of bars that are cut alike, ascending.
+  function rangesText(ranges) {
+    const joined = [];
+    for (const [first, last] of ranges) {
+      const before = joined[joined.length - 1];
+      if (before && before[1] >= first - 1) before[1] = Math.max(before[1], last);
+      else joined.push([first, last]);
+    }
+    return joined.map(([first, last]) => (last > first ? `${first} to ${last}` : first)).join(", ");
+  }
+
   function barsText(mark) {
     const places = new Map();
     for (const piece of barsOf(mark)) {
       const bar = piece.closest("li"), plan = bar.closest("ol").dataset.plan;
-      const numbers = places.get(plan) || places.set(plan, new Set()).get(plan);
-      numbers.add(bar.querySelector(".number").textContent);
+      const [first, last = first] = bar.querySelector(".number").textContent.split(" to ").map(Number);
+      (places.get(plan) || places.set(plan, []).get(plan)).push([first, last]);
     }
-    return [...places].map(([plan, numbers]) => `${plan}, bar ${[...numbers].join(", ")}`).join("; ") || "no bar: none is planned for it";
+    return [...places].map(([plan, ranges]) => `${plan}, bar ${rangesText(ranges)}`).join("; ") || "no bar: none is planned for it";
   }
 
   function factsHtml(member) {

@@ -98,6 +98,10 @@ class PageCheck:
         expect("bars of all plans", rows[-1][2], str(sum(plan["bars"] for plan in self.run["bars"])))
         bars = self.browser.run("[...document.querySelectorAll('#plans .bar')].map((bar) => [bar.querySelector('.number').textContent.split(' ')[0], [...bar.querySelectorAll('g[data-mark]')].map((piece) => piece.dataset.mark)])")
         expect("bars and pieces", bars, [[str(entry["bar"]), [piece["mark"] for piece in entry["pieces"]]] for plan in self.run["bars"] for entry in plan["entries"]])
+        own = [entry for plan in self.run["bars"] for entry in plan["entries"] if any(piece["mark"] == "P1" for piece in entry["pieces"])]
+        self.choose(next(m for m in self.members if m["mark"] == "P1"))
+        expect("bars of P1", self.browser.run("document.getElementById('member').textContent.includes(%s)" % json.dumps(
+            f"purlins: Z200x2.0, S350GD, bar {own[0]['bar']} to {own[-1]['bar'] + own[-1]['count'] - 1}")), True)
         self.browser.click("#plans g[data-mark]")
         expect("member of a piece", self.browser.run("document.querySelector('#member h3 bdi').textContent"), bars[0][1][0])
 
