@@ -259,12 +259,24 @@ def take_pictures(browser, folder):
     browser.run("document.getElementById('members').scrollIntoView()")
     browser.settle()
     browser.picture(folder / "report-changed.png")
+    browser.resize(1100, 790)
+    browser.run("scrollTo(0, 0)")
+    browser.settle()
+    browser.picture(folder / "page-top.png")
+    browser.run("(() => { location.hash = 'm=P7'; })()")
+    browser.settle()
+    browser.run("document.getElementById('member').scrollIntoView(), scrollBy(0, -50)")
+    browser.settle()
+    browser.picture(folder / "page-member.png")
     # As on paper, 186 mm between the margins.
     browser.resize(703, 1000)
     browser.use_media("print")
     browser.run("scrollTo(0, 0), dispatchEvent(new Event('beforeprint'))")
     browser.settle()
     browser.picture(folder / "report-print.png")
+    browser.run("document.getElementById('print-members').scrollIntoView()")
+    browser.settle()
+    browser.picture(folder / "report-print-member.png")
 
 
 def main(camjob, examples, pictures=None):
