@@ -153,11 +153,13 @@ void JobMember::FileNotch(Finding finding, CNotchAddInfo notch) {
     for (ZetString& line : lines)
         line = WithoutNegativeZeros(line);
     Tell(finding.type, lines);
-    finding.text = ZetString::format(L"%s: notch on %s at (X:%.1f, Y:%.1f)",
+    // The library's outlines repeat their first corner.
+    finding.text = ZetString::format(L"%s: notch on %s at (X:%.1f, Y:%.1f), %d corners",
                                      finding.text,
                                      notch.GetViewData().GetFaceStrForOutPut(),
                                      notch.GetXPos(),
-                                     notch.GetYPos());
+                                     notch.GetYPos(),
+                                     notch.GetNoOfVertices() - 1);
     finding.feature = FeatureOf(notch.GetContour().hostTag);
     RecordFinding(std::move(finding));
 }

@@ -66,7 +66,10 @@ void WriteShop(const TempFolder& folder) {
             nc::Header("A") +
                 "BO\n  v 100.00u 50.00 18.00\n  v 200.00 50.00 18.00 0.00l 40.00 0.00 0.00\n  v 400.00 50.00g 12.00 0.00\n  v 500.00 100.00 13.00\n  v 500.00 100.00s 26.00 6.50 0.00 0.00 90.00\n  v 600.00 40.00 20.00 0.00l 80.00 40.00 0.00\nIK\n  v 2000.00u 50.00 0.00\n  2100.00 50.00 0.00\n  2100.00 100.00 0.00\n  2000.00 50.00 0.00\nEN\n",
             "A1"));
-    folder.Write("shop/2.nc1", drawing(nc::Header("B", "ZS175\n  SO", "900.00") + "EN\n", "A2"));
+    // No height but that in the name.
+    std::string flat = nc::Header("B", "ZS175\n  SO", "900.00") + "EN\n";
+    flat.replace(flat.find("200.00"), 6, "0.00");
+    folder.Write("shop/2.nc1", drawing(flat, "A2"));
     folder.Write(
         "shop/3.nc1",
         drawing(nc::Header("B", "\xC1\xE0\xEB\xEA\xE0 30\n  I", "900.00") +
