@@ -36,7 +36,7 @@ constexpr SetAsideWord kSetAsideWords[] = {
     {SetAside::kMarked,      L"set aside: marked in the NC data"},
     {SetAside::kInsideSlot,  L"set aside: inside a slot"        },
     {SetAside::kDuplicate,   L"set aside: duplicate"            },
-    {SetAside::kCountersink, L"set aside: countersink companion"},
+    {SetAside::kCountersink, L"made with its hole"              },
 };
 
 ZetString CornerRemark(const RectangleReport& rectangle) {

@@ -42,6 +42,10 @@ struct HoleReport {
     std::optional<RectangleReport> rectangle;
     bool isCountersunk = false;
     SetAside setAside = SetAside::kNot;
+    /// Made neither for itself nor with another one.
+    bool IsSetAside() const {
+        return setAside != SetAside::kNot && setAside != SetAside::kCountersink;
+    }
     bool isNotProcessed = false;
     bool hasRightThread = false;
     bool hasLeftThread = false;

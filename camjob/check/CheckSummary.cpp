@@ -9,7 +9,7 @@ void CheckSummary::Add(const CheckReport& report) {
     holes += static_cast<long>(report.holes.size());
     for (const HoleReport& hole : report.holes) {
         ++holesByShape[hole.shape];
-        holesSetAside += hole.setAside == SetAside::kNot ? 0 : 1;
+        holesSetAside += hole.IsSetAside() ? 1 : 0;
     }
     for (const NotchReport& notch : report.notches)
         notches += notch.isDuplicate ? 0 : 1;

@@ -100,7 +100,7 @@ report::Point MiddleOf(const report::Polyline& line) {
 }
 
 FeatureState StateOf(const HoleReport& hole) {
-    if (hole.setAside != SetAside::kNot)
+    if (hole.IsSetAside())
         return FeatureState::kSetAside;
     if (hole.isInvalid)
         return FeatureState::kError;
