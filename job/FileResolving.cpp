@@ -20,6 +20,9 @@ constexpr const wchar_t* kRecordsName = L"records";
 constexpr const wchar_t* kNcName = L"dstv";
 constexpr std::string_view kFormatEnding = ".toml";
 
+/// What a run keeps for itself in its output folder.
+constexpr const wchar_t* kOwnFolder = L".camjob";
+
 /// The names of a run's files, each told when it is impossible or that of an earlier one.
 class FileNames {
   public:
@@ -106,6 +109,9 @@ void JobMaker::TakeNcOutput(const FileTable& table, std::size_t position) {
     NcOutput& output = m_job.files[position].nc.emplace();
     if (table.folder.at.line > 0)
         output.folder = table.folder.text.toUtf8();
+    Require(SmallLetters(ZetString::fromUtf8(output.folder)) != kOwnFolder,
+            table.folder.at,
+            "\"folder\": camjob keeps this folder for itself");
     if (table.names.at.line > 0)
         output.names = table.names.text;
     const std::string fault = FaultOfNcNames(output.names);

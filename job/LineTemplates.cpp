@@ -1,5 +1,6 @@
 #include "job/LineTemplates.h"
 
+#include "job/FormatTables.h"
 #include "job/MessageTexts.h"
 #include "job/formats/TextEncoding.h"
 
@@ -121,6 +122,23 @@ std::string FaultOfSpec(std::string_view name, FieldType type, const FieldSpec& 
     return "";
 }
 
+/// Where else the value stands; "" when nowhere.
+std::string OtherLinesOf(std::string_view name) {
+    std::string lines;
+    for (std::size_t i = 0; i < kFormatParts; ++i)
+        if (const auto part = static_cast<FormatPart>(i); FindField(name, part) != nullptr)
+            lines += (lines.empty() ? ", only in lines for " : ", ") + Quoted(NameOf(part));
+    return lines;
+}
+
+std::string FaultOfName(const std::string& name, FormatPart part) {
+    std::string elsewhere = OtherLinesOf(name);
+    if (elsewhere.empty() && !name.empty())
+        elsewhere = Suggest(name, FieldNamesOf(part));
+    return "there is no value {" + name + "} in this line" + elsewhere +
+           "; a { that is meant as it stands is written {{";
+}
+
 /// Reads a line piece by piece.
 class TemplateReader {
   public:
@@ -162,10 +180,7 @@ class TemplateReader {
         const FieldRow* const row = FindField(name, m_part);
         FieldSpec spec;
         if (row == nullptr) {
-            const std::vector<std::string> names = FieldNamesOf(m_part);
-            m_fault = "there is no value {" + name + "} in this line" +
-                      (name.empty() ? "" : Suggest(name, names)) +
-                      "; a { that is meant as it stands is written {{";
+            m_fault = FaultOfName(name, m_part);
         } else if (row->type == FieldType::kPoints && colon < field.size()) {
             m_fault = "{" + name + "} is a list of points: nothing stands behind its name";
         } else if (!SpecReader(field.substr(std::min(colon + 1, field.size()))).Read(spec)) {

@@ -9,6 +9,9 @@ namespace job {
 
 namespace {
 
+/// Letters that make the beginning of a word tell it.
+constexpr std::size_t kBegunLetters = 3;
+
 /// The number of characters to change, to put in, to leave out or to swap with their neighbour.
 std::size_t DistanceBetween(std::string_view a, std::string_view b) {
     std::vector<std::size_t> before;
@@ -48,9 +51,12 @@ std::string Suggest(std::string_view word, const std::vector<std::string>& words
             return DistanceBetween(word, a) < DistanceBetween(word, b);
         });
     const std::size_t mostChanges = std::max<std::size_t>(1, nearest->size() / 3);
-    if (DistanceBetween(word, *nearest) > mostChanges)
-        return "";
-    return "; did you mean " + Quoted(*nearest) + "?";
+    const auto begun = std::find_if(words.begin(), words.end(), [&](const std::string& each) {
+        return word.size() >= kBegunLetters && each.starts_with(word);
+    });
+    if (DistanceBetween(word, *nearest) <= mostChanges)
+        return "; did you mean " + Quoted(*nearest) + "?";
+    return begun == words.end() ? "" : "; did you mean " + Quoted(*begun) + "?";
 }
 
 }  // namespace job
