@@ -127,8 +127,10 @@ std::string PlanHtml(const CuttingPlan& plan) {
     double longest = 1.0;
     for (const PlanBar& bar : plan.bars)
         longest = std::max(longest, bar.length);
+    const std::string title = Escaped(plan.title);
     std::string text = Element("h3", plan.title) + Element("p", plan.summary) +
-                       "<ol class=\"bars\" data-plan=\"" + Escaped(plan.title) + "\">\n";
+                       "<ol class=\"bars\" tabindex=\"0\" aria-label=\"Bars of " + title +
+                       "\" data-plan=\"" + title + "\">\n";
     long number = plan.firstBar;
     for (const PlanBar& bar : plan.bars) {
         text += BarOf(bar, number, kWidth / longest);
