@@ -130,11 +130,12 @@ ZetString WhyUnmatched(const job::Job& job,
                        const ZetString& profileName,
                        const ZetString& profileCode) {
     const job::MemberType* type = FindMemberType(job, profileName, profileCode);
+    const ZetString leaveOut = job.nc.unmatched == job::WhenNot::kRefuse ? kLeaveOut : L"";
     if (type == nullptr)
         return ZetString::format(
             L"no member type of the job takes it%s; add or change a [[member_type]]%s",
             DescribeNearest(job.memberTypes, profileName, profileCode),
-            ZetString(kLeaveOut));
+            leaveOut);
     const job::NumberInName* number = FindMissing(*type, profileName);
     if (number == nullptr)
         return {};
@@ -148,7 +149,7 @@ ZetString WhyUnmatched(const job::Job& job,
         profileName.mid(number->start, number->length),
         number->isSize ? L" above 0" : L"",
         number->line,
-        ZetString(kLeaveOut));
+        leaveOut);
 }
 
 }  // namespace plugin
