@@ -88,9 +88,9 @@ std::vector<Stock> ByLength(std::vector<Stock> stocks) {
     return stocks;
 }
 
-std::vector<Stock> WithRemnants(Dice& dice) {
+std::vector<Stock> WithRemnants(Dice& dice, int remnants) {
     std::vector<Stock> stocks = ByLength({MakeStock(6000, 3, 50), MakeStock(12000, 3, 50)});
-    for (int i = 0; i < 20; ++i) {
+    for (int i = 0; i < remnants; ++i) {
         Stock remnant = MakeStock(dice.Between(1500, 9000), 3, 50);
         remnant.cost = remnant.length / kMillimetre / 2;
         remnant.count = 1;
@@ -158,8 +158,12 @@ const Row kRows[] = {
      } },
     {"remnants: 40 marks on 6,000, 12,000 and 20 single ones at half price",
      15,  [](Dice& dice) {
-         return List{Roll(dice, {40, 1, 30, 300, 5900}), WithRemnants(dice)};
+         return List{Roll(dice, {40, 1, 30, 300, 5900}), WithRemnants(dice, 20)};
      } },
+    {"remnants: 100 marks on 6,000, 12,000 and 300 single ones at half price",
+     5,   [](Dice& dice) {
+         return List{Roll(dice, {100, 1, 20, 300, 5900}), WithRemnants(dice, 300)};
+     }  },
     {"frames: 400 x 1-8, 300-7,850 on 12,000, kerf 3",
      5,   [](Dice& dice) {
          return List{Roll(dice, {400, 1, 8, 300, 7850}), {MakeStock(12000, 3)}};
@@ -177,8 +181,12 @@ const Row kRows[] = {
          return List{Roll(dice, {400, 25, 25, 300, 3900}), {MakeStock(4000)}};
      }  },
     {"long: 10,000 purlins on 12,000, kerf 3, grip 50",
-     1,   [](Dice& dice) {
+     5,   [](Dice& dice) {
          return List{Roll(dice, {10000, 1, 1, 2500, 7500}), {MakeStock(12000, 3, 50)}};
+     }  },
+    {"long: 10,000 pieces, 300-5,900, on 6,000, 12,000 and 300 remnants",
+     1,   [](Dice& dice) {
+         return List{Roll(dice, {10000, 1, 1, 300, 5900}), WithRemnants(dice, 300)};
      }  },
     {"long: 100,000 pieces, 300-3,900 on 4,000",
      1,   [](Dice& dice) {

@@ -11,10 +11,10 @@ namespace cutting {
 namespace {
 
 constexpr std::size_t kSizesPerChunk = 300;
-constexpr std::size_t kSizesOfWorstBars = 300;
+constexpr std::size_t kSizesOfWorstBars = 400;
 constexpr int kMostRounds = 60;
 constexpr double kSkipped = 0.5;  ///< share of bars that a round leaves out, so that rounds differ
-constexpr std::int64_t kShareOfRound = 4;
+constexpr std::int64_t kShareOfRound = 3;
 /// Below these steps per size, chunks would be no better than what is known.
 constexpr std::int64_t kStepsPerSize = 1'000'000;
 

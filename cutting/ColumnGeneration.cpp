@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdint>
+#include <optional>
 
 namespace cutting {
 
@@ -17,9 +18,20 @@ constexpr std::int64_t kMostWorth =
 constexpr double kOldPrices = 0.6;
 constexpr double kWhole = 1e-6;
 constexpr std::size_t kRowsPerMorePatterns = 15;
+constexpr double kHighestPrice = 1e9;
+constexpr std::int64_t kStepsPerTrimming = 200;
+constexpr std::size_t kMostPatternsPerRow = 6;
 constexpr std::size_t kNoRow = static_cast<std::size_t>(-1);
 
 using Prices = std::vector<double>;
+
+double HighestCost(const Task& task) {
+    Cost highest = 1;
+    for (const Task::Kind& kind : task.kinds)
+        if (kind.stock != Task::kNoStock)
+            highest = std::max(highest, kind.cost);
+    return static_cast<double>(highest);
+}
 
 /// One relaxation.
 class Program {
@@ -36,6 +48,7 @@ class Program {
           m_simplex(m_rightSides, MakeStart()) {
         for (const Pattern& pattern : TrimmedPool())
             Add(pattern);
+        StartFromLengths();
     }
 
     Relaxation Solve(Cost knownBound) {
@@ -48,15 +61,19 @@ class Program {
         return MakeResult();
     }
 
-  private:
-    static double HighestCost(const Task& task) {
-        Cost highest = 1;
-        for (const Task::Kind& kind : task.kinds)
-            if (kind.stock != Task::kNoStock)
-                highest = std::max(highest, kind.cost);
-        return static_cast<double>(highest);
+    /// The prices of all sizes, then of all kinds; 0 where there is no row.
+    Prices GetPrices() const {
+        Prices prices;
+        const auto append = [&](const std::vector<std::size_t>& rows) {
+            for (const std::size_t row : rows)
+                prices.push_back(row == kNoRow ? 0.0 : m_simplex.GetPrices()[row]);
+        };
+        append(m_rowOfSize);
+        append(m_rowOfKind);
+        return prices;
     }
 
+  private:
     double GetCost() const { return m_simplex.GetValue() * m_highestCost; }
     double RelativeCost(std::size_t kind) const {
         return static_cast<double>(m_task.kinds[kind].cost) / m_highestCost;
@@ -120,8 +137,37 @@ class Program {
         m_simplex.Add(MakeColumn(pattern));
     }
 
+    /// Prices by length, as if nothing were lost. They are near the last ones when little is, and
+    /// better than the first ones of the start columns.
+    void StartFromLengths() {
+        std::optional<double> perWidth;
+        for (const Task::Kind& kind : m_task.kinds)
+            if (kind.count == kUnlimited && kind.stock != Task::kNoStock)
+                perWidth = std::min(perWidth.value_or(kHighestPrice), PerWidth(kind));
+        if (!perWidth)
+            return;
+        m_bestPrices.resize(m_rightSides.size());
+        for (std::size_t size = 0; size < m_rowOfSize.size(); ++size)
+            if (m_rowOfSize[size] != kNoRow)
+                m_bestPrices[m_rowOfSize[size]] =
+                    *perWidth * static_cast<double>(m_task.sizes[size].width);
+        for (std::size_t kind = 0; kind < m_rowOfKind.size(); ++kind)
+            if (m_rowOfKind[kind] != kNoRow)
+                m_bestPrices[m_rowOfKind[kind]] =
+                    std::min(0.0,
+                             RelativeCost(kind) -
+                                 *perWidth * static_cast<double>(m_task.kinds[kind].capacity));
+        for (std::size_t row = 0; row < m_rightSides.size(); ++row)
+            m_exactBound += m_bestPrices[row] * m_rightSides[row] * m_highestCost;
+    }
+
+    double PerWidth(const Task::Kind& kind) const {
+        return static_cast<double>(kind.cost) / m_highestCost / static_cast<double>(kind.capacity);
+    }
+
     /// The pool, cut down to what is left.
     std::set<Pattern> TrimmedPool() const {
+        m_effort.Spend(static_cast<std::int64_t>(m_pool.size()) * kStepsPerTrimming);
         std::set<Pattern> trimmed;
         for (const Pattern& pattern : m_pool) {
             Pattern rest = TrimPattern(pattern, m_rest);
@@ -292,7 +338,35 @@ void ColumnGeneration::Remember(const Solution& solution) {
 }
 
 Relaxation ColumnGeneration::Relax(const Rest& rest, Cost knownBound, Effort& effort) {
-    return Program(m_task, effort, rest, m_pool).Solve(knownBound);
+    DropWorstPatterns();
+    Program program(m_task, effort, rest, m_pool);
+    Relaxation relaxation = program.Solve(knownBound);
+    if (m_prices.empty())
+        m_prices = program.GetPrices();
+    return relaxation;
+}
+
+void ColumnGeneration::DropWorstPatterns() {
+    const std::size_t most = kMostPatternsPerRow * (m_task.sizes.size() + m_task.kinds.size());
+    if (m_prices.empty() || m_pool.size() <= 2 * most)
+        return;
+    std::vector<std::pair<double, std::set<Pattern>::const_iterator>> byLoss;
+    for (auto at = m_pool.begin(); at != m_pool.end(); ++at)
+        byLoss.push_back({LossOf(*at), at});
+    std::stable_sort(byLoss.begin(), byLoss.end(), [](const auto& a, const auto& b) {
+        return a.first < b.first;
+    });
+    for (std::size_t i = most; i < byLoss.size(); ++i)
+        m_pool.erase(byLoss[i].second);
+}
+
+double ColumnGeneration::LossOf(const Pattern& pattern) const {
+    const std::size_t sizes = m_task.sizes.size();
+    double loss = static_cast<double>(m_task.kinds[pattern.kind].cost) / HighestCost(m_task) -
+                  m_prices[sizes + pattern.kind];
+    for (const Take& take : pattern.takes)
+        loss -= m_prices[take.size] * static_cast<double>(take.count);
+    return loss;
 }
 
 }  // namespace cutting

@@ -24,15 +24,20 @@ class ColumnGeneration {
 
     /// Patterns to start from.
     void Remember(const Solution& solution);
-    /// All patterns so far; each fits the whole task.
+    /// Patterns so far, without the worst when there are many; each fits the whole task.
     const std::set<Pattern>& GetPool() const { return m_pool; }
     /// Ends early when the bound, rounded up, cannot rise, or when the cost comes down to
     /// `knownBound`.
     Relaxation Relax(const Rest& rest, Cost knownBound, Effort& effort);
 
   private:
+    /// By the prices of the first relaxation.
+    void DropWorstPatterns();
+    double LossOf(const Pattern& pattern) const;
+
     const Task& m_task;
     std::set<Pattern> m_pool;
+    std::vector<double> m_prices;  ///< of the sizes, then of the kinds; from the first relaxation
 };
 
 }  // namespace cutting

@@ -17,7 +17,9 @@ namespace cutting {
 namespace {
 
 constexpr int kMostDives = 200;
-constexpr std::int64_t kShareOfRelaxation = 4;
+constexpr std::int64_t kPartOfRoot = 4;  ///< of the effort, the inverse of it
+constexpr std::int64_t kPartOfRest = 5;
+constexpr std::int64_t kPartOfLastStep = 4;
 constexpr double kWhole = 1e-5;
 /// From this fraction on a bar is taken as whole; later dives weigh the fractions at random.
 constexpr std::array<double, 3> kThresholds = {0.6, 0.99, 0.7};
@@ -26,28 +28,37 @@ constexpr std::int64_t kStepsPerFittedPiece = 60;
 class Diving {
   public:
     Diving(const Task& task, Effort& effort, Answer& answer)
-        : m_task(task), m_effort(effort), m_answer(answer), m_generation(task) {
+        : m_task(task),
+          m_effort(effort),
+          m_answer(answer),
+          m_leftForMore(effort.GetLeft() - effort.GetLeft() / kPartOfLastStep),
+          m_generation(task) {
         m_generation.Remember(answer.solution);
     }
 
     void Run() {
-        const Relaxation root = RelaxAll();
+        const Relaxation root = Relax(Rest(m_task), m_answer.bound, kPartOfRoot);
         m_answer.bound = std::max(m_answer.bound, root.bound);
         for (int dive = 0; dive < kMostDives && !IsDone(); ++dive)
             DiveFrom(root, dive);
     }
 
   private:
-    /// With a share of the effort: the last bit of the relaxation may take longer than all dives.
-    Relaxation RelaxAll() {
-        Effort share(m_effort.GetLeft() / kShareOfRelaxation);
+    /// With a share of the effort: the last bit of a relaxation may take longer than all dives.
+    Relaxation Relax(const Rest& rest, Cost knownBound, std::int64_t part) {
+        Effort share(m_effort.GetLeft() / part);
         const std::int64_t before = share.GetLeft();
-        Relaxation root = m_generation.Relax(Rest(m_task), m_answer.bound, share);
+        Relaxation relaxed = m_generation.Relax(rest, knownBound, share);
         m_effort.Spend(before - share.GetLeft());
-        return root;
+        return relaxed;
     }
 
-    bool IsDone() const { return m_answer.IsLeast(m_task) || m_effort.IsSpent(); }
+    /// The last step to the bound is worth a part of the effort only.
+    bool IsDone() const {
+        const Cost above = CostOf(m_task, m_answer.solution) - m_answer.bound;
+        return above <= 0 || m_effort.IsSpent() ||
+               (above == 1 && m_effort.GetLeft() < m_leftForMore);
+    }
 
     void DiveFrom(Relaxation relaxed, int dive) {
         Rest rest(m_task);
@@ -62,7 +73,7 @@ class Diving {
             TakeFractions(relaxed, rest, fixed, dive);
             if (rest.IsCut())
                 return Offer(std::move(fixed));
-            relaxed = m_generation.Relax(rest, 0, m_effort);
+            relaxed = Relax(rest, 0, kPartOfRest);
             const double least = static_cast<double>(CostOf(m_task, fixed)) + relaxed.cost - kWhole;
             if (m_effort.IsSpent() ||
                 std::ceil(least) >= static_cast<double>(CostOf(m_task, m_answer.solution)))
@@ -78,7 +89,7 @@ class Diving {
         const std::set<Pattern>& pool = m_generation.GetPool();
         const auto number = static_cast<std::ptrdiff_t>(m_random.Next() % pool.size());
         Take(*std::next(pool.begin(), number), 1, rest, fixed);
-        return m_generation.Relax(rest, 0, m_effort);
+        return Relax(rest, 0, kPartOfRest);
     }
 
     static void TakeWholeBars(const Relaxation& relaxed, Rest& rest, Solution& fixed) {
@@ -153,6 +164,7 @@ class Diving {
     const Task& m_task;
     Effort& m_effort;
     Answer& m_answer;
+    std::int64_t m_leftForMore;  ///< effort that only a plan more than a step above the bound gets
     ColumnGeneration m_generation;
     Random m_random{7};
 };

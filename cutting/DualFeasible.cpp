@@ -76,18 +76,29 @@ Count FindBarBound(const Task& task) {
     return bound;
 }
 
-/// As if every bar could be filled, and all were of the kind with the cheapest length.
-Cost BoundByCheapestLength(const Task& task) {
-    const Task::Kind* cheapest = &task.kinds.front();
-    for (const Task::Kind& kind : task.kinds)
-        if (kind.cost * cheapest->capacity < cheapest->cost * kind.capacity)
-            cheapest = &kind;
-    Length sum = 0;
+/// Those whose length costs least first.
+std::vector<Task::Kind> KindsByPrice(const Task& task) {
+    std::vector<Task::Kind> kinds = task.kinds;
+    std::stable_sort(kinds.begin(), kinds.end(), [](const Task::Kind& a, const Task::Kind& b) {
+        return a.cost * b.capacity < b.cost * a.capacity;
+    });
+    return kinds;
+}
+
+/// As if every bar could be filled: the bars whose length costs least, as many as there are.
+Cost BoundByCheapestLengths(const Task& task) {
+    Length left = 0;
     for (const Task::Size& size : task.sizes)
-        sum += size.count * size.width;
-    const Length whole = sum / cheapest->capacity;
-    return whole * cheapest->cost +
-           CeilDivide(sum % cheapest->capacity * cheapest->cost, cheapest->capacity);
+        left += size.count * size.width;
+    Cost bound = 0;
+    for (const Task::Kind& kind : KindsByPrice(task)) {
+        if (kind.count == kUnlimited || kind.count > left / kind.capacity)
+            return bound + left / kind.capacity * kind.cost +
+                   CeilDivide(left % kind.capacity * kind.cost, kind.capacity);
+        bound += kind.count * kind.cost;
+        left -= kind.count * kind.capacity;
+    }
+    return bound;
 }
 
 }  // namespace
@@ -97,7 +108,7 @@ Cost FindQuickBound(const Task& task) {
         return 0;
     if (task.kinds.size() == 1 && task.kinds.front().count == kUnlimited)
         return FindBarBound(task) * task.kinds.front().cost;
-    return BoundByCheapestLength(task);
+    return BoundByCheapestLengths(task);
 }
 
 }  // namespace cutting

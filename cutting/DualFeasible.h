@@ -5,7 +5,7 @@
 namespace cutting {
 
 /// A cost that no solution for all pieces of the task goes below, from sums over the pieces: of one
-/// kind with dual feasible functions, of several from the cheapest length alone.
+/// kind with dual feasible functions, of several from what lengths cost alone.
 Cost FindQuickBound(const Task& task);
 
 }  // namespace cutting

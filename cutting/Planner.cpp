@@ -15,7 +15,7 @@ namespace {
 /// Longer lists get more steps, in proportion; lists that are solved by chunks a base and as many
 /// per piece.
 constexpr Count kPiecesOfSteps = 70'000;
-constexpr std::int64_t kShareOfBase = 8;
+constexpr std::int64_t kShareOfBase = 12;
 
 Length LongestUsable(const std::vector<Stock>& stocks) {
     Length longest = 0;

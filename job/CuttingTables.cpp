@@ -7,7 +7,7 @@ namespace {
 // clang-format off
 
 constexpr Key kCuttingKeys[] = {
-    Row<CuttingTable, &Cutting::effort>("effort", "How much work a plan \"least\" may be, in millions of counted steps: 1000 are about a second. It ends before, as soon as it is proved that no plan is better. Lists of more than 70,000 pieces get more.", {.range = {1.0, 1000000.0}}),
+    Row<CuttingTable, &Cutting::effort>("effort", "How much work a plan \"least\" may be, in millions of counted steps: 1000 are about a second. It ends before, as soon as it is proved that no plan is better, and after a quarter of it where the bound is one bar away. Lists of more than 70,000 pieces get more, those of more than 1,200 lengths by their pieces.", {.range = {1.0, 1000000.0}}),
     Row<CuttingTable, &CuttingTable::remnants>("remnants", "Table of remnants that plans \"least\" take bars from, relative to the job file's folder: CSV with the columns `profile`, `material`, `length`, `quantity` and `name`. What is left of it and the off-cuts worth keeping are written as `<file_name>-remnants.csv`; the table itself stays as it is.", {.defaultNote = "none"}),
 };
 

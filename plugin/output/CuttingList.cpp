@@ -10,6 +10,7 @@ namespace {
 
 constexpr double kPercent = 100.0;
 constexpr double kMillimetresAMetre = 1000.0;
+constexpr cutting::Length kUnitsAMillimetre = 1000;
 
 // ---- text ---------------------------------------------------------------------------------------
 
@@ -37,21 +38,32 @@ ZetString OffCutLine(const ProfilePlan& plan, const cutting::PlannedBars& bars) 
         L"\tOff-cut %.1f%s", Millimetres(bars.offCut), IsKept(plan, bars) ? L", kept" : L"");
 }
 
+/// The piece's number on the last of the bars that are cut alike; "" for a single bar.
+ZetString NumberOnLastBar(const PieceOnBar& piece, const cutting::PlannedBars& bars) {
+    if (bars.bars == 1)
+        return {};
+    cutting::Count perBar = 0;
+    for (const cutting::Cut& cut : bars.cuts)
+        perBar += cut.part == piece.part ? cut.count : 0;
+    return ZetString::format(L"%d", piece.number + static_cast<long>((bars.bars - 1) * perBar));
+}
+
 void AppendBars(const ProfilePlan& plan, ZetArray<ZetString>& lines) {
     BarWalk walk(plan);
     long number = plan.firstBar;
     lines.append(L"");
-    lines.append(L"\t position  mark            length   piece  member");
+    lines.append(L"\t position  mark            length   piece    last  member");
     for (const cutting::PlannedBars& bars : plan.plan.bars) {
         const auto count = static_cast<long>(bars.bars);
         lines.append(L"");
         lines.append(BarNumbers(number, count) + L" of " + DescribeStock(plan.stocks[bars.stock]));
         for (const PieceOnBar& piece : walk.Next(bars))
-            lines.append(ZetString::format(L"\t%9.1f  %-12s %9.1f  %6d  %s",
+            lines.append(ZetString::format(L"\t%9.1f  %-12s %9.1f  %6d  %6s  %s",
                                            Millimetres(piece.position),
                                            plan.parts[piece.part].mark,
                                            Millimetres(piece.length),
                                            piece.number,
+                                           NumberOnLastBar(piece, bars),
                                            plan.parts[piece.part].file));
         lines.append(OffCutLine(plan, bars));
         for (cutting::Count other = 1; other < bars.bars; ++other)
@@ -124,9 +136,20 @@ std::string Field(const ZetString& text) {
     return job::CsvField(text.toUtf8());
 }
 
-/// Millimetres with all decimals that a plan counts.
+/// Millimetres with all decimals that a plan counts; length >= 0. A table has four per piece, so
+/// they are put together from whole numbers.
 std::string Field(cutting::Length length) {
-    return ZetString::format(L"%.3f", Millimetres(length)).toUtf8();
+    std::string field = std::to_string(length / kUnitsAMillimetre);
+    const std::string decimals = std::to_string(length % kUnitsAMillimetre);
+    return field.append(".").append(3 - decimals.size(), '0').append(decimals);
+}
+
+/// The marks of all parts.
+std::vector<std::string> MarkFields(const ProfilePlan& plan) {
+    std::vector<std::string> fields;
+    for (const BarPart& part : plan.parts)
+        fields.push_back(Field(part.mark));
+    return fields;
 }
 
 }  // namespace
@@ -149,6 +172,7 @@ std::string CuttingTable::MakeHead() {
 std::string CuttingTable::MakeRows(const ProfilePlan& plan, const ZetString& group) {
     const std::string begin =
         Field(group) + "," + Field(plan.profileName) + "," + Field(plan.material) + ",";
+    const std::vector<std::string> marks = MarkFields(plan);
     std::string rows;
     BarWalk walk(plan);
     long bar = plan.firstBar;
@@ -158,9 +182,16 @@ std::string CuttingTable::MakeRows(const ProfilePlan& plan, const ZetString& gro
             const std::string onBar =
                 begin + std::to_string(bar) + "," + Field(plan.cutStocks[bars.stock].length) + ",";
             for (const PieceOnBar& piece : walk.Next(bars))
-                rows += onBar + Field(piece.position) + "," + Field(plan.parts[piece.part].mark) +
-                        "," + std::to_string(piece.number) + "," + Field(piece.length) + end +
-                        job::kCsvLineEnd;
+                rows.append(onBar)
+                    .append(Field(piece.position))
+                    .append(",")
+                    .append(marks[piece.part])
+                    .append(",")
+                    .append(std::to_string(piece.number))
+                    .append(",")
+                    .append(Field(piece.length))
+                    .append(end)
+                    .append(job::kCsvLineEnd);
         }
     }
     return rows;
