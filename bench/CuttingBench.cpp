@@ -184,6 +184,10 @@ const Row kRows[] = {
      5,   [](Dice& dice) {
          return List{Roll(dice, {10000, 1, 1, 2500, 7500}), {MakeStock(12000, 3, 50)}};
      }  },
+    {"long: 10,000 purlins, lengths to 0.001 mm",
+     1,   [](Dice& dice) {
+         return List{Roll(dice, {10000, 1, 1, 2500, 7500, 1}), {MakeStock(12000, 3, 50)}};
+     }  },
     {"long: 10,000 pieces, 300-5,900, on 6,000, 12,000 and 300 remnants",
      1,   [](Dice& dice) {
          return List{Roll(dice, {10000, 1, 1, 300, 5900}), WithRemnants(dice, 300)};
@@ -199,6 +203,10 @@ const Row kRows[] = {
     {"long: 100,000 purlins on 12,000, kerf 3, grip 50",
      1,   [](Dice& dice) {
          return List{Roll(dice, {100000, 1, 1, 2500, 7500}), {MakeStock(12000, 3, 50)}};
+     }  },
+    {"long: 100,000 purlins, lengths to 0.001 mm",
+     1,   [](Dice& dice) {
+         return List{Roll(dice, {100000, 1, 1, 2500, 7500, 1}), {MakeStock(12000, 3, 50)}};
      }  },
 };
 

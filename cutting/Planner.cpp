@@ -1,6 +1,7 @@
 #include "cutting/Planner.h"
 
 #include "cutting/Chunks.h"
+#include "cutting/CoarseTask.h"
 #include "cutting/DualFeasible.h"
 #include "cutting/FirstFit.h"
 #include "cutting/Task.h"
@@ -16,6 +17,9 @@ namespace {
 /// per piece.
 constexpr Count kPiecesOfSteps = 70'000;
 constexpr std::int64_t kShareOfBase = 12;
+/// From so many sizes on the unit may be larger: the last sizes are worth less than their work.
+constexpr std::size_t kMostSizesOfChunks = 5000;
+constexpr std::size_t kSizesOfCoarseTask = 2500;
 
 Length LongestUsable(const std::vector<Stock>& stocks) {
     Length longest = 0;
@@ -65,6 +69,17 @@ Count CountPieces(const Task& task) {
     return pieces;
 }
 
+/// Improves an answer to a task with so many sizes that most bars would have their own: solves it
+/// in a larger unit first.
+void ImproveCoarsely(const Task& task, Effort& effort, Answer& answer) {
+    const CoarseTask coarse(task, kSizesOfCoarseTask);
+    Answer ofCoarse = AnswerQuickly(coarse.GetTask(), effort);
+    ImproveByChunks(coarse.GetTask(), effort, ofCoarse);
+    Solution solution = coarse.Translate(ofCoarse.solution);
+    if (IsBetter(task, solution, answer.solution))
+        answer.solution = std::move(solution);
+}
+
 Answer SolveWithin(const Task& task, std::int64_t steps) {
     const bool isLong = task.sizes.size() > kMostSizesOfDive;
     const Count pieces = CountPieces(task);
@@ -72,6 +87,8 @@ Answer SolveWithin(const Task& task, std::int64_t steps) {
     Effort effort(base +
                   steps / kPiecesOfSteps * (isLong ? pieces : std::max(pieces, kPiecesOfSteps)));
     Answer answer = AnswerQuickly(task, effort);
+    if (task.sizes.size() > kMostSizesOfChunks && !answer.IsLeast(task))
+        ImproveCoarsely(task, effort, answer);
     if (isLong)
         ImproveByChunks(task, effort, answer);
     else
