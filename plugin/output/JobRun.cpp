@@ -74,6 +74,20 @@ void Count(const MemberOutcome& member, GroupResult& group) {
     group.nonStandard += member.isNonStandard ? 1 : 0;
 }
 
+/// Why the given plan is not for this stock, and what to do.
+ZetString DescribeConflict(const NestedMembers& members, const BarStock& stock) {
+    const bool isNamed = members.group.plan.has_value();
+    return ZetString::format(
+        L"group \"%s\": %s cuts %s from bars of %.0f without kerf, grips, price and quantity only; "
+        L"take away the %s, or the [[stock]] of %.0f",
+        members.group.id,
+        isNamed ? L"plan = \"given\"" : L"\"reserve\", which needs plan = \"given\",",
+        members.profileName,
+        CMxNestParts().GetNestLength(),
+        isNamed ? L"plan" : L"reserve",
+        stock.length);
+}
+
 }  // namespace
 
 /// A member of a run. Knows what was ordered, which assemblies use up, and lets the run be
@@ -495,13 +509,7 @@ std::vector<ZetString> JobRun::FindPlanConflicts() const {
             continue;
         for (const BarStock& stock : StocksFor(m_job, members))
             if (!IsLibraryStock(stock))
-                conflicts.insert(ZetString::format(
-                    L"group \"%s\": plan = \"given\" cuts %s from bars of %.0f without kerf, grips, "
-                    L"price and quantity only; take away the plan, or the [[stock]] of %.0f",
-                    members.group.id,
-                    members.profileName,
-                    CMxNestParts().GetNestLength(),
-                    stock.length));
+                conflicts.insert(DescribeConflict(members, stock));
     }
     return {conflicts.begin(), conflicts.end()};
 }
