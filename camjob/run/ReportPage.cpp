@@ -267,7 +267,7 @@ PageTable SettingTable(const RunReport& report) {
 
 PageTable NoteTable(const RunReport& report) {
     PageTable table = {
-        "What the reader of the NC files says", {"File",  "Line", "Text"},
+        "Notes and warnings on the NC files", {"File",  "Line", "Text"},
          {      },
          ""
     };
