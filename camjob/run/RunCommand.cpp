@@ -452,6 +452,7 @@ bool JobRunner::WriteNcFiles(const fs::path& staging) {
     const bool areWritten = m_ncOutput->Write(m_report.members, staging, files);
     for (RunFile& file : files) {
         file.name = NameIn(m_report.folder, file.name);
+        file.folder = file.name.substr(0, file.name.rfind('/'));
         m_report.files.push_back(std::move(file));
     }
     if (!areWritten)

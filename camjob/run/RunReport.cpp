@@ -3,6 +3,9 @@
 #include "camjob/console/ExitCode.h"
 #include "camjob/console/Paths.h"
 
+#include <map>
+#include <utility>
+
 namespace camjob {
 
 std::string RunFault::TextBehindFile() const {
@@ -42,6 +45,26 @@ long RunReport::CountInvalid() const {
     for (const RunGroup& group : groups)
         count += group.result.invalid;
     return count;
+}
+
+std::vector<RunFile> RunReport::FoldFiles() const {
+    std::vector<RunFile> folded;
+    std::map<std::string, std::pair<std::size_t, long>> folders;  // place and number of files
+    for (const RunFile& file : files) {
+        const auto [at, isNew] = folders.insert({
+            file.folder, {folded.size(), 0}
+        });
+        if (file.folder.empty() || isNew) {
+            folded.push_back(file);
+            at->second.second = 1;
+            continue;
+        }
+        auto& [place, count] = at->second;
+        RunFile& whole = folded[place];
+        whole.name = file.folder + "/ (" + std::to_string(++count) + " files)";
+        whole.bytes = whole.bytes.value_or(0) + file.bytes.value_or(0);
+    }
+    return folded;
 }
 
 plugin::AccountNumbers RunReport::SumAccounts() const {

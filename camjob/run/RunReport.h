@@ -92,6 +92,7 @@ struct RunPlan {
 struct RunFile {
     std::string name;                     ///< UTF-8, with the output folder as the user named it
     std::optional<std::uintmax_t> bytes;  ///< nothing: not yet known
+    std::string folder = {};  ///< of one among many alike, as `name`; "": it stands alone
 };
 
 /// All that `camjob run` says. A plain value.
@@ -123,6 +124,8 @@ struct RunReport {
     /// For a run that came to no output after all.
     void DropResults();
     long CountInvalid() const;
+    /// For the table of a run: files that are many alike as one, by their folder.
+    std::vector<RunFile> FoldFiles() const;
     /// Of all files that could be read.
     plugin::AccountNumbers SumAccounts() const;
     int GetExitCode() const;

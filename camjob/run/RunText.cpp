@@ -299,7 +299,7 @@ ZetString FileTable(const RunReport& report, const Terminal& terminal) {
         {L"file made", Align::kLeft },
         {L"bytes",     Align::kRight}
     });
-    for (const RunFile& file : report.files)
+    for (const RunFile& file : report.FoldFiles())
         table.AddRow({OneLine(ZetString::fromUtf8(file.name)),
                       Integer(static_cast<long>(file.bytes.value_or(0)))});
     return table.Format(terminal);
