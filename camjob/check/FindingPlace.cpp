@@ -3,7 +3,8 @@
 namespace camjob {
 
 HeaderPlaces HeaderPlacesOf(const dstv::NcHeader& header) {
-    return {header.lineOf(dstv::NcHeaderValue::kQuantity),
+    return {header.lineOf(dstv::NcHeaderValue::kMark),
+            header.lineOf(dstv::NcHeaderValue::kQuantity),
             header.lineOf(dstv::NcHeaderValue::kLength)};
 }
 
@@ -21,7 +22,7 @@ long LineOf(const plugin::Finding& finding, const HeaderPlaces& lines) {
         case job::kUnusedParts:
             return lines.quantity;
         default:
-            return 0;
+            return lines.mark;
     }
 }
 

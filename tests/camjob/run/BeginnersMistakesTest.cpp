@@ -110,7 +110,7 @@ const Mistake kMistakes[] = {
     {"LongerThanTheBar", {}, {"nc/6.nc1", Header("C100x1.5\n  C", "4100.00") + "EN\n"},
      {"nc/6.nc1:10: Member length (4100.0) is greater than the stock length 4000 [longer_than_stock by strut, job line 37: required 4000, found 4100]", "longer_than_stock: Add a longer `[[stock]]`"}},
     {"WrongLengthForAPattern", {"group = \"struts\"\n", "group = \"struts\"\nfixed_pattern = \"tie\"\n[[fixed_pattern]]\nid = \"tie\"\nlength = 1280.0\nholes = [{ diameter = 18.0, code = \"B18\", positions = [40.0] }]\n"}, {},
-     {"nc/3.nc1: hole of diameter 18.0 missing at 40.0 [fixed_pattern by tie, job line 42: required 40]", "nc/3.nc1:10: Member length (1300.0) should be 1280 [fixed_length by tie, job line 42: required 1280, found 1300]",
+     {"nc/3.nc1:5: hole of diameter 18.0 missing at 40.0 [fixed_pattern by tie, job line 42: required 40]", "nc/3.nc1:10: Member length (1300.0) should be 1280 [fixed_length by tie, job line 42: required 1280, found 1300]",
       "fixed_length: Give parts of this length a member type without `fixed_pattern`"}},
     {"FindingMisspelt", {"report = { max_length", "report = { max_lenght"}, {},
      {"job.toml:35:", "unknown key \"max_lenght\"", "did you mean \"max_length\"?"}},
