@@ -7,10 +7,6 @@ namespace cutting {
 
 namespace {
 
-Length CeilDivide(Length value, Length by) {
-    return (value + by - 1) / by;
-}
-
 /// Hands out the pieces of coarse sizes.
 class Pieces {
   public:

@@ -299,7 +299,7 @@ class Program {
         const Cost cost = m_task.kinds[kind].cost;
         const Cost whole = sum / worth * cost;
         const std::int64_t numerator = sum % worth * cost;
-        m_bound = std::max(m_bound, whole + (numerator + worth - 1) / worth);
+        m_bound = std::max(m_bound, whole + CeilDivide(numerator, worth));
         const double bound = static_cast<double>(whole) +
                              static_cast<double>(numerator) / static_cast<double>(worth);
         if (m_bestPrices.empty() || bound > m_exactBound) {

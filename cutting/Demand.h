@@ -19,6 +19,11 @@ struct Part {
 /// All pieces of one plan, by mark. At most kMostPieces together.
 using Demand = std::vector<Part>;
 
+/// Rounded up; for numbers from 0 on.
+constexpr std::int64_t CeilDivide(std::int64_t value, std::int64_t by) {
+    return (value + by - 1) / by;
+}
+
 constexpr Count kMostPieces = 10'000'000;
 
 }  // namespace cutting

@@ -9,10 +9,6 @@ namespace {
 constexpr Length kMostSteps = 100;
 constexpr std::size_t kMostCutOffs = 400;
 
-Length CeilDivide(Length value, Length by) {
-    return (value + by - 1) / by;
-}
-
 /// Bars that the pieces need at least when a piece counts `value(width)` and a bar holds `full`.
 template <typename Value>
 Count CountBars(const Task& task, Length full, const Value& value) {
