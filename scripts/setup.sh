@@ -2,7 +2,8 @@
 # setup.sh PURPOSE... installs the Debian packages that a purpose needs and this machine lacks.
 # Purposes: build (library, tool and tests), windows (cross build and Wine), bench (benchmarks),
 # pictures (of the dialog) and page (of the report) for the documentation, packages (for Debian, and what
-# checks them), reference (of the classes), release (a clean root to install in), ci (all else that CI runs).
+# checks them), reference (of the classes), fuzz (the fuzzers), release (a clean root to install in), ci (all
+# else that CI runs).
 # Installs as root, or through sudo when that asks nothing; otherwise prints the line to run and stops.
 set -euo pipefail
 
@@ -15,6 +16,7 @@ declare -A packages=(
     [page]="chromium"
     [packages]="dpkg-dev file pkg-config man-db"
     [reference]="doxygen"
+    [fuzz]="clang libclang-rt-14-dev"
     [release]="debootstrap zsh"
     [ci]="clang locales tzdata python3-ezdxf python3-jsonschema chromium-headless-shell"
 )

@@ -1,0 +1,81 @@
+#!/usr/bin/env bash
+# same-results.sh [TOOL...] runs the example jobs by each tool (all that were built, without an argument), in
+# several locales, time zones and orders in which the disk lists its files, and compares every byte that
+# they write. A tool ending in .exe runs through Wine.
+set -euo pipefail
+cd "$(dirname "${BASH_SOURCE[0]}")/.."
+
+tools=("$@")
+if [ ${#tools[@]} -eq 0 ]; then
+    # GCC optimised, GCC with sanitizers, Clang without optimising, Windows.
+    for tool in build/{release,asan,clang}/bin/camjob build/windows/bin/camjob.exe; do
+        [ ! -e $tool ] || tools+=("$tool")
+    done
+fi
+[ ${#tools[@]} -gt 0 ] || { echo "same-results.sh: no tool was built" >&2; exit 2; }
+
+disk=$(mktemp -d)
+memory=$disk/memory
+[ ! -d /dev/shm ] || memory=$(mktemp -d -p /dev/shm)
+trap 'rm -rf "$disk" "$memory"' EXIT
+
+# The same files made in two orders: a file system in memory lists the youngest first, one on disk by hash.
+copy() {
+    local folder=$1
+    shift
+    find examples/warehouse examples/formats -type f | "$@" | while IFS= read -r file; do
+        mkdir -p "$folder/$(dirname "$file")"
+        cp "$file" "$folder/$file"
+    done
+}
+copy "$disk/forth" sort
+copy "$memory/forth" sort
+copy "$memory/back" sort -r
+
+locales=(C)
+mkdir "$disk/locales"
+for name in de_DE tr_TR; do
+    ! localedef -i $name -f UTF-8 "$disk/locales/$name.UTF-8" 2>/dev/null || locales+=("$name.UTF-8")
+done
+export LOCPATH=$disk/locales WINEDEBUG=${WINEDEBUG:--all}
+
+# run TOOL PLACE LOCALE ZONE RESULT: all that the jobs write, in the folder RESULT.
+run() {
+    local tool place=$2 result=$5 job
+    tool=$(realpath "$1")
+    local call=("$tool")
+    [[ "$tool" != *.exe ]] || call=(wine "$tool")
+    for job in warehouse/warehouse formats/formats; do
+        (
+            cd "$place/examples/${job%/*}"
+            if ! LC_ALL=$3 TZ=$4 "${call[@]}" run "${job#*/}.toml" --out same >"$disk/said" 2>&1 && [ ! -d same ]; then
+                cat "$disk/said"
+                exit 1
+            fi
+            mkdir -p "$result"
+            mv same "$result/${job#*/}"
+        )
+    done
+}
+
+reference=
+count=0
+for tool in "${tools[@]}"; do
+    for place in "$disk/forth" "$memory/forth" "$memory/back"; do
+        for locale in "${locales[@]}"; do
+            for zone in UTC Pacific/Auckland; do
+                result=$disk/result-$((count += 1))
+                run "$tool" "$place" "$locale" $zone "$result"
+                if [ -z "$reference" ]; then
+                    reference=$result
+                elif ! diff -r "$reference" "$result"; then
+                    echo "same-results.sh: $tool in $place, $locale, $zone writes something else" >&2
+                    exit 1
+                else
+                    rm -rf "$result"
+                fi
+            done
+        done
+    done
+done
+echo "$count runs of ${#tools[@]} tools in ${#locales[@]} locales: $(find "$reference" -type f | wc -l) files, the same bytes"
