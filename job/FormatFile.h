@@ -23,6 +23,9 @@ std::span<const BuiltInFormat> GetBuiltInFormats();
 /// Null: there is none of that name.
 const BuiltInFormat* FindBuiltInFormat(std::string_view name);
 
+/// As a format file names it.
+const char* NameOf(FormatPart part);
+
 /// Reads a format and checks it completely; of use only without faults.
 MachineFormat ReadFormatFile(const std::filesystem::path& file, JobFaults& faults);
 /// The same for the text of a format file. `stem` is its name without the ending.

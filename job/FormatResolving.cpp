@@ -1,7 +1,7 @@
 #include "job/FormatResolving.h"
 
 #include "codepages/CodePages.h"
-#include "job/FormatTables.h"
+#include "job/FormatFile.h"
 #include "job/LineTemplates.h"
 #include "job/MessageTexts.h"
 #include "job/formats/TextEncoding.h"

@@ -1,5 +1,7 @@
 #include "job/FormatTables.h"
 
+#include "job/FormatFile.h"
+#include "job/JobKeys.h"
 #include "job/JobWords.h"
 
 #include <iterator>

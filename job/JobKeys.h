@@ -24,5 +24,7 @@ struct JobKeyTable {
 /// Every table of the job file in the order of the reader, with what stands inside a table behind
 /// it. Made from the same rows that read the job file.
 std::vector<JobKeyTable> ListJobKeys();
+/// The same for a format file.
+std::vector<JobKeyTable> ListFormatKeys();
 
 }  // namespace job

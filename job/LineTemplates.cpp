@@ -1,6 +1,6 @@
 #include "job/LineTemplates.h"
 
-#include "job/FormatTables.h"
+#include "job/FormatFile.h"
 #include "job/MessageTexts.h"
 #include "job/formats/TextEncoding.h"
 

@@ -1,6 +1,6 @@
 #include "job/FormatFile.h"
-#include "job/FormatTables.h"
 #include "job/JobFile.h"
+#include "job/JobKeys.h"
 #include "support/BrokenFiles.h"
 #include "support/JobKeyNames.h"
 #include "support/TempFolder.h"
