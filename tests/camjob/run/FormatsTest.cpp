@@ -35,8 +35,8 @@ std::string OrdersOf(const fs::path& folder) {
 // The NC files of the example job, made by it, make the same machine records.
 TEST(Formats, NcFilesReadBackToTheSameMembers) {
     const TempFolder folder;
-    fs::copy(CAMJOB_EXAMPLES "/warehouse", folder.PathOf(""), fs::copy_options::recursive);
-    std::string job = folder.Read("warehouse.toml");
+    fs::copy(CAMJOB_EXAMPLES "/warehouse", folder.PathOf("hall"), fs::copy_options::recursive);
+    std::string job = folder.Read("hall/warehouse.toml");
     const std::string group = "\n[[group]]\nid = \"";
     for (std::size_t at = job.find(group); at != std::string::npos; at = job.find(group, at + 1)) {
         const std::size_t end = job.find("\n\n", at);
@@ -51,10 +51,10 @@ TEST(Formats, NcFilesReadBackToTheSameMembers) {
     const std::size_t assembly = job.find("[[assembly]]\nmain = \"DP1\"");
     job.erase(assembly, job.find("\n\n", assembly) - assembly);
     job += "\n[[file]]\nid = \"nc\"\nformat = \"dstv\"\nfolder = \"parts\"\n";
-    folder.Write("first.toml", job);
+    folder.Write("hall/first.toml", job);
     job.replace(job.find("nc/*.nc1"), 8, "made/parts/*.nc1");
-    folder.Write("second.toml", job);
-    const CurrentFolder current(folder.PathOf(""));
+    folder.Write("hall/second.toml", job);
+    const CurrentFolder current(folder.PathOf("hall"));
     RunTool({"run", "first.toml", "--out", "made"});
     const CamjobRun again = RunTool({"run", "second.toml", "--out", "again"});
     EXPECT_NE(again.exitCode, 2) << again.out << again.err;
