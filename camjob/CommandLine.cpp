@@ -14,7 +14,6 @@
 #include <CLI/CLI.hpp>
 #include <algorithm>
 #include <iterator>
-#include <map>
 #include <sstream>
 
 namespace camjob {
@@ -101,12 +100,7 @@ void DescribeInit(CLI::App& command, Options& options) {
                                     "NC files, or folders of them, that the job is to take; they "
                                     "stay where they are");
     command.add_option("--kind", options.init.kind, "Without --from: what the example job is for")
-        ->transform(CLI::CheckedTransformer(std::map<std::string, InitKind>{
-            {"mixed",   InitKind::kMixed  },
-            {"purlins", InitKind::kPurlins},
-            {"frames",  InitKind::kFrames },
-            {"plates",  InitKind::kPlates },
-    }))
+        ->check(FaultOfInitKind)
         ->option_text("purlins|plates|frames|mixed (default mixed)")
         ->excludes(from);
 }
@@ -116,7 +110,8 @@ int Init(const Options& options, OutputStream& out, OutputStream& err) {
 }
 
 void DescribeShow(CLI::App& command, Options& options) {
-    command.add_option("FILE", options.show.files, "DSTV NC files, and folders of them")->required();
+    command.add_option("FILE", options.show.files, "DSTV NC files, and folders of them")
+        ->required();
     command
         .add_option("--out",
                     options.show.out,

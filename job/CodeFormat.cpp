@@ -68,6 +68,8 @@ std::string Listed(const std::vector<std::string>& words) {
 }
 
 constexpr std::string_view kNumberTypes = "feEgGF";
+/// Of printf; those that nobody writes for a size are left out.
+constexpr std::string_view kConversions = "defgisu";
 /// What a filled number can have besides its fill.
 constexpr std::string_view kOfNumbers = "0123456789.+-eE ";
 constexpr std::string_view kOfFaces = "abcdefghijklmnopqrstuvwxyz_ ";
@@ -131,6 +133,10 @@ int LargestNumber(std::string_view text) {
     return largest;
 }
 
+bool IsLetter(char c) {
+    return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z');
+}
+
 std::string FaultOfField(const Field& field, CodeOf what) {
     const std::vector<std::string> names = NamesOf(what);
     if (std::find(names.begin(), names.end(), field.name) == names.end())
@@ -142,13 +148,36 @@ std::string FaultOfField(const Field& field, CodeOf what) {
     if (LargestNumber(spec) > kMostCharacters)
         return "width and precision are at most 100 characters";
     const char type = spec.empty() ? '0' : spec.back();
-    const bool isLetter = (type >= 'a' && type <= 'z') || (type >= 'A' && type <= 'Z');
+    const bool isLetter = IsLetter(type);
     if (field.name != kFace && isLetter && kNumberTypes.find(type) == std::string_view::npos)
         return "{" + std::string(field.name) +
                "} is a number: f, e or g can stand at its end, not " + std::string(1, type);
     if (field.name == kFace && (type == '.' || (isLetter && type != 's')))
         return "{face} is a text: only a width can stand behind its colon, such as {face:14}";
     return "";
+}
+
+/// The first conversion of printf in a text, such as "%.1f"; "" without one. A word behind a
+/// percent sign is none.
+std::string_view FindConversion(std::string_view text) {
+    for (std::size_t at = 0; (at = text.find('%', at)) != std::string_view::npos; ++at) {
+        const std::size_t end =
+            std::min(text.find_first_not_of("0123456789.+-#", at + 1), text.size());
+        const std::string_view letters = text.substr(end, 2);
+        const bool isWord = letters.size() > 1 && IsLetter(letters[1]);
+        if (!letters.empty() && kConversions.find(letters[0]) != std::string_view::npos && !isWord)
+            return text.substr(at, end + 1 - at);
+    }
+    return {};
+}
+
+/// Who knows printf expects it filled in.
+std::string FaultOfConversion(std::string_view code, CodeOf what) {
+    const std::string_view conversion = FindConversion(code);
+    if (conversion.empty())
+        return "";
+    return Quoted(conversion) + " is not filled in here: a value stands in braces, such as " +
+           (what == CodeOf::kHole ? "{diameter:.1f}" : "{x:.1f}");
 }
 
 std::string Fill(const std::string& code, const CodeValues& values) {
@@ -178,7 +207,7 @@ std::string FaultOfCode(const ZetString& code, CodeOf what) {
     } catch (const fmt::format_error& error) {
         return std::string("this is no format (") + error.what() + ")";
     }
-    return "";
+    return FaultOfConversion(text, what);
 }
 
 bool HasFields(const ZetString& code) {

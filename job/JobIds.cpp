@@ -41,7 +41,8 @@ std::string JobIds::DescribeFirst(std::size_t position) const {
 std::vector<std::string> JobIds::Names() const {
     std::vector<std::string> names;
     for (const PlacedText& id : m_ids)
-        names.push_back(id.text.toUtf8());
+        if (!id.text.isEmpty())
+            names.push_back(id.text.toUtf8());
     return names;
 }
 

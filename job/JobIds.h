@@ -29,6 +29,7 @@ class JobIds {
 
   private:
     std::string DescribeFirst(std::size_t position) const;
+    /// Those that can be meant: "" is none.
     std::vector<std::string> Names() const;
 
     std::string m_table;

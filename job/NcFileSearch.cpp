@@ -91,6 +91,10 @@ std::string TextOf(const fs::path& path, const char* what, const std::error_code
     return "\"" + Utf8Of(path) + "\" " + what + reason;
 }
 
+std::string AdviseOnFolder(const fs::path& folder) {
+    return "it is a folder; write " + Quoted(Utf8Of(folder / "*.nc1"));
+}
+
 /// The search for all patterns of one job; each folder is listed once.
 class NcFileSearch {
   public:
@@ -108,8 +112,8 @@ class NcFileSearch {
         return files;
     }
 
-    /// Why no file fits, as the first folder tells that holds nothing for the pattern; "" when it
-    /// is a folder that fits.
+    /// Why no file fits, as the first folder tells that holds nothing for the pattern; "" when
+    /// each has something, so that it is a folder that fits.
     std::string WhyNone(const fs::path& folder, const fs::path& pattern) {
         fs::path at = folder;
         for (const fs::path& segment : pattern) {
@@ -119,7 +123,7 @@ class NcFileSearch {
             },
                 segment);
             if (found.empty())
-                return ": " + DescribeMiss(at, segment);
+                return DescribeMiss(at, segment);
             at = found.front().path;
         }
         return "";
@@ -230,8 +234,11 @@ NcFilesResult ExpandNcFiles(const Job& job) {
         for (const fs::path& file : found)
             files.emplace(Utf8Of(file.lexically_normal()), file);
         std::vector<std::string> faults = search.TakeFaults();
-        if (found.empty() && faults.empty())
-            faults.push_back("no file fits " + Quoted(pattern.text) + search.WhyNone(root, below));
+        if (found.empty() && faults.empty()) {
+            const std::string why = search.WhyNone(root, below);
+            faults.push_back("no file fits " + Quoted(pattern.text) + ": " +
+                             (why.empty() ? AdviseOnFolder(path) : why));
+        }
         for (std::string& fault : faults)
             errors.push_back({job.file, pattern.line, pattern.column, std::move(fault)});
     }

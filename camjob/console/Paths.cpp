@@ -1,6 +1,6 @@
 #include "camjob/console/Paths.h"
 
-#include <filesystem>
+#include <system_error>
 
 namespace camjob {
 
@@ -14,6 +14,12 @@ std::string NameFromFolderOf(const std::string& other, const std::string& file) 
     const auto folder = std::filesystem::absolute(PathFromUtf8(other), ignored).parent_path();
     const auto path = std::filesystem::absolute(PathFromUtf8(file), ignored);
     return Utf8FromPath(path.lexically_proximate(folder).generic_u8string());
+}
+
+std::filesystem::path PlaceOf(const std::filesystem::path& file) {
+    std::error_code ignored;
+    const auto whole = std::filesystem::absolute(file, ignored);
+    return std::filesystem::weakly_canonical(whole.parent_path(), ignored) / whole.filename();
 }
 
 }  // namespace camjob

@@ -2,6 +2,7 @@
 
 #include "job/Utf8Path.h"
 
+#include <filesystem>
 #include <string>
 
 namespace camjob {
@@ -15,5 +16,9 @@ std::string NameIn(const std::string& folder, const std::string& file);
 /// A file's name as seen from the folder of another one, with slashes on every system: it does not
 /// depend on where the program was started.
 std::string NameFromFolderOf(const std::string& other, const std::string& file);
+
+/// A file from its root, by the real name of its folder, so that each file is at one place however
+/// it was named. A link stays one.
+std::filesystem::path PlaceOf(const std::filesystem::path& file);
 
 }  // namespace camjob

@@ -7,10 +7,12 @@
 #include "camjob/init/JobDraftText.h"
 #include "camjob/init/NcSurvey.h"
 #include "camjob/input/NcFolderSearch.h"
+#include "job/MessageTexts.h"
 #include "job/templates/InitTemplates.h"
 
 #include <algorithm>
 #include <iterator>
+#include <set>
 #include <system_error>
 
 namespace camjob {
@@ -20,26 +22,40 @@ namespace {
 namespace fs = std::filesystem;
 
 struct KindRow {
-    InitKind kind;
+    const char* name;
     std::vector<job::SampleKind> samples;
 };
+constexpr const char* kWithEveryKey = "purlins";
 
 const KindRow kKinds[] = {
-    {InitKind::kMixed,
-     {job::SampleKind::kPurlins, job::SampleKind::kFrames, job::SampleKind::kPlates}},
-    {InitKind::kPurlins, {job::SampleKind::kPurlins}                                },
-    {InitKind::kFrames,  {job::SampleKind::kFrames, job::SampleKind::kPlates}       },
-    {InitKind::kPlates,  {job::SampleKind::kPlates}                                 },
+    {kWithEveryKey, {job::SampleKind::kPurlins}                                                    },
+    {"plates",      {job::SampleKind::kPlates}                                                     },
+    {"frames",      {job::SampleKind::kFrames, job::SampleKind::kPlates}                           },
+    {"mixed",       {job::SampleKind::kPurlins, job::SampleKind::kFrames, job::SampleKind::kPlates}},
 };
 
-std::vector<job::TemplateFile> SamplesOf(InitKind kind) {
-    const auto row = std::find_if(
-        std::begin(kKinds), std::end(kKinds), [&](const KindRow& r) { return r.kind == kind; });
+const KindRow* FindKind(const std::string& kind) {
+    return std::find_if(
+        std::begin(kKinds), std::end(kKinds), [&](const KindRow& row) { return row.name == kind; });
+}
+
+std::vector<job::TemplateFile> SamplesOf(const std::string& kind) {
+    const KindRow* row = FindKind(kind);
     std::vector<job::TemplateFile> files;
     for (const job::SampleFile& sample : job::kSampleFiles)
         if (std::find(row->samples.begin(), row->samples.end(), sample.kind) != row->samples.end())
             files.push_back(sample.file);
     return files;
+}
+
+/// Folders and files can name the same file.
+std::vector<std::string> EachOnce(const std::vector<std::string>& files) {
+    std::set<fs::path> places;
+    std::vector<std::string> once;
+    for (const std::string& file : files)
+        if (places.insert(PlaceOf(PathFromUtf8(file))).second)
+            once.push_back(file);
+    return once;
 }
 
 /// One call of the command. A step that finds it at its end says so and returns an exit code other
@@ -58,7 +74,7 @@ class InitRun {
         for (const job::TemplateFile& sample : m_samples)
             if (!Write(sample.name, sample.text))
                 return kExitNotWritten;
-        const bool isTemplate = m_options.from.empty() && m_options.kind == InitKind::kPurlins;
+        const bool isTemplate = m_options.from.empty() && m_options.kind == kWithEveryKey;
         const int code = isTemplate ? WriteJob(job::kJobTemplate.text) : WriteDraftedJob();
         if (code == kExitDone)
             Tell();
@@ -109,7 +125,7 @@ class InitRun {
             return Refuse("nothing was written");
         for (const job::TemplateFile& sample : m_samples)
             files.push_back(NameOf(sample.name));
-        const JobDraft draft = DraftJob(SurveyNcFiles(files), m_folder);
+        const JobDraft draft = DraftJob(SurveyNcFiles(EachOnce(files)), m_folder);
         for (const RefusedFile& file : draft.leftOut)
             m_err.Write(Printable(OneLine(ZetString::fromUtf8(file.reason))) + "\n");
         m_fileCount = draft.fileCount;
@@ -140,6 +156,16 @@ class InitRun {
 };
 
 }  // namespace
+
+std::string FaultOfInitKind(const std::string& kind) {
+    if (FindKind(kind) != std::end(kKinds))
+        return "";
+    std::vector<std::string> names;
+    for (const KindRow& row : kKinds)
+        names.emplace_back(row.name);
+    return "expected purlins, plates, frames or mixed, found " + job::Quoted(kind) +
+           job::Suggest(kind, names);
+}
 
 int RunInit(const InitOptions& options, OutputStream& out, OutputStream& err) {
     return InitRun(options, out, err).Run();

@@ -75,7 +75,7 @@ std::size_t ChooseMark(NcSurvey& survey) {
 /// The file as a job in `folder` names it. On another drive: from its root.
 fs::path SeenFrom(const fs::path& folder, const fs::path& file) {
     std::error_code ignored;
-    const fs::path whole = fs::weakly_canonical(fs::absolute(file), ignored);
+    const fs::path whole = PlaceOf(file);
     const fs::path from = fs::weakly_canonical(fs::absolute(folder), ignored);
     const fs::path relative = whole.lexically_relative(from);
     return relative.empty() ? whole : relative;
@@ -85,8 +85,7 @@ fs::path SeenFrom(const fs::path& folder, const fs::path& file) {
 std::size_t CountFiles(const fs::path& folder, const fs::path& ending) {
     std::error_code error;
     std::size_t count = 0;
-    const fs::path listed = folder.empty() ? fs::path(".") : folder;
-    for (fs::directory_iterator at(listed, error), end; !error && at != end; at.increment(error))
+    for (fs::directory_iterator at(folder, error), end; !error && at != end; at.increment(error))
         count += at->path().extension() == ending ? 1 : 0;
     return count;
 }
@@ -95,7 +94,7 @@ std::size_t CountFiles(const fs::path& folder, const fs::path& ending) {
 std::vector<std::string> NameFiles(const std::vector<PartSurvey>& parts, const fs::path& folder) {
     std::map<std::pair<fs::path, fs::path>, std::vector<fs::path>> groups;
     for (const PartSurvey& part : parts)
-        groups[{part.file.parent_path(), part.file.extension()}].push_back(part.file);
+        groups[{PlaceOf(part.file).parent_path(), part.file.extension()}].push_back(part.file);
     std::vector<std::string> names;
     for (const auto& [key, files] : groups) {
         const auto& [parent, ending] = key;

@@ -8,7 +8,7 @@
 #include <algorithm>
 #include <cmath>
 #include <iterator>
-#include <limits>
+#include <utility>
 
 namespace plugin {
 
@@ -136,6 +136,14 @@ long CountUnmet(const HoleRuleMatcher::Entry& entry, const CHoleAddlInfo& hole) 
         }));
 }
 
+/// What the hole's diameter lacks to one of the rule's; 0 when the rule allows it.
+double DiameterGap(const HoleRuleMatcher::Entry& entry, const CHoleAddlInfo& hole) {
+    const double size = hole.GetSize();
+    if (AllowsSize(entry.rule.GetDiameters(), size))
+        return 0.0;
+    return std::abs(*NearestOf(entry.job->diameters, size) - size);
+}
+
 bool Fits(const HoleRuleMatcher::Entry& entry, const CHoleAddlInfo& hole) {
     return entry.job->shape == hole.GetHoleShapeType() && CountUnmet(entry, hole) == 0;
 }
@@ -189,14 +197,17 @@ HoleRuleMatcher::Match HoleRuleMatcher::Find(const CHoleAddlInfo& hole,
 HoleRuleMatcher::Miss HoleRuleMatcher::FindNearest(const CHoleAddlInfo& hole) const {
     CMxGeom::SetTol(eTolY);
     const Entry* nearest = nullptr;
-    long leastUnmet = std::numeric_limits<long>::max();
-    for (const Entry& entry : m_entries)
-        if (const long unmet = CountUnmet(entry, hole);
-            entry.job->shape == hole.GetHoleShapeType() && unmet < leastUnmet) {
+    std::pair<long, double> least;
+    for (const Entry& entry : m_entries) {
+        if (entry.job->shape != hole.GetHoleShapeType())
+            continue;
+        const std::pair<long, double> lacks = {CountUnmet(entry, hole), DiameterGap(entry, hole)};
+        if (nearest == nullptr || lacks < least) {
             nearest = &entry;
-            leastUnmet = unmet;
+            least = lacks;
         }
-    if (nearest == nullptr || leastUnmet == 0)
+    }
+    if (nearest == nullptr || least.first == 0)
         return {.hasShape = nearest != nullptr};
     const Want& want = *std::find_if(std::begin(kWants), std::end(kWants), [&](const Want& each) {
         return !each.isMet(*nearest, hole);

@@ -45,7 +45,8 @@ class HoleRuleMatcher {
     /// The first rule that fits the hole. One that excludes the member hands on to the rule that it
     /// names, which must fit too. Sets the current tolerance to m_tol_y.
     Match Find(const CHoleAddlInfo& hole, const ZetString& profileName) const;
-    /// For a hole without a rule. Sets the current tolerance to m_tol_y.
+    /// For a hole without a rule: of its shape the rule that wants least else, of such the one of
+    /// the nearest diameter, of such the first. Sets the current tolerance to m_tol_y.
     Miss FindNearest(const CHoleAddlInfo& hole) const;
     /// There is a rule for square or rectangular holes.
     bool HasRectangles() const { return m_hasRectangles; }

@@ -9,6 +9,7 @@ TEST(CodeFormat, IsFilledWithTheHole) {
     // clang-format off
     const std::pair<const wchar_t*, std::string> cases[] = {
         {L"W18", "W18"},
+        {L"50%diameter 50%", "50%diameter 50%"},
         {L"D{diameter:.1f}", "D18.0"},
         {L"L{length:.0f}x{width}", "L38x17.5"},
         {L"{face}/{x:06.0f}/{y:.1f}/{depth:.0f}", "top_flange/001200/60.0/0"},
@@ -32,7 +33,9 @@ TEST(CodeFormat, IsFilledWithTheHole) {
                                 L"x}",
                                 L"{x!r}",
                                 L"{x:.{y}f}",
-                                L"{face:f}"})
+                                L"{face:f}",
+                                L"D%.1f",
+                                L"100%d"})
         EXPECT_NE(job::FaultOfCode(code), "") << ZetString(code).toUtf8();
 }
 

@@ -76,7 +76,8 @@ const Case kCases[] = {
     {"PatternsTogether", {"plain.nc", "nc/deep/*"}, {"nc/deep/z.nc1", "plain.nc"}},
     {"NothingFits", {"plain.nc", "nc/x*"}, {}, ":2:7: no file fits \"nc/x*\": \"nc\" holds other names, such as \"B.NC1\""},
     {"NoSuchFolder", {"gone/*.nc1"}, {}, ":1:7: no file fits \"gone/*.nc1\": \"\" holds other names, such as \"nc\""},
-    {"FolderIsNoFile", {"nc/folder.nc1"}, {}, ":1:7: no file fits \"nc/folder.nc1\""},
+    {"FolderIsNoFile", {"nc/folder.nc1"}, {}, ":1:7: no file fits \"nc/folder.nc1\": it is a folder; write \"nc/folder.nc1/*.nc1\""},
+    {"FolderWithSlash", {"nc/deep/"}, {}, ":1:7: no file fits \"nc/deep/\": it is a folder; write \"nc/deep/*.nc1\""},
 };
 // clang-format on
 

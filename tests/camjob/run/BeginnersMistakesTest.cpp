@@ -46,6 +46,8 @@ const Mistake kMistakes[] = {
      {"job.toml:45:8: \"code\": there is no value {18}", "is written {{"}},
     {"BraceThatStaysOpen", {"code = \"B18\"", "code = \"B{diameter\""}, {},
      {"job.toml:45:8: \"code\": { and } enclose a value, such as {diameter:.1f}"}},
+    {"ConversionOfPrintf", {"code = \"B18\"", "code = \"B%.1f\""}, {},
+     {"job.toml:45:8: \"code\": \"%.1f\" is not filled in here: a value stands in braces, such as {diameter:.1f}"}},
     {"DiameterAsText", {"diameters = [18.0]", "diameters = [\"18\"]"}, {},
      {"job.toml:44:14: each of \"diameters\" must be a number, not a text; write it without quotes"}},
     {"DiameterWithoutBrackets", {"diameters = [18.0]", "diameters = 18.0"}, {},

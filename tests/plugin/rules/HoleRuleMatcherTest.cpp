@@ -89,6 +89,36 @@ TEST(HoleRuleMatcher, ShapeFaceAndEitherRow) {
     EXPECT_EQ(Found({row}, WebHole(40)), "none");
 }
 
+HoleRule Of14(HoleRule rule) {
+    rule.diameters = {14};
+    return rule;
+}
+
+TEST(HoleRuleMatcher, NearestHasTheSameDiameterOrAlmost) {
+    HoleRule flange14 = Of14(Rule(L"14 on the flange"));
+    flange14.faces = {eHoleFaceTopFlange};
+    HoleRule web30 = Rule(L"30");
+    web30.diameters = {30, 60};
+    HoleRule web22 = Rule(L"22");
+    web22.diameters = {22};
+    struct {
+        double size;
+        std::string rule;
+        std::wstring what;
+    } const cases[] = {
+        {14, "14 on the flange", L"face"    },
+        {27, "30",               L"diameter"},
+        {19, "22",               L"diameter"},
+    };
+    const std::vector<HoleRule> rules = {web30, web22, flange14};
+    for (const auto& row : cases) {
+        const auto miss = HoleRuleMatcher(rules).FindNearest(WebHole(50, row.size));
+        ASSERT_NE(miss.rule, nullptr);
+        EXPECT_EQ(miss.rule->id.toUtf8(), row.rule);
+        EXPECT_EQ(miss.what, row.what);
+    }
+}
+
 HoleRule Excluding(const wchar_t* id,
                    const wchar_t* member,
                    const wchar_t* suffix = L"",
@@ -110,11 +140,6 @@ class Chain : public ::testing::TestWithParam<ChainCase> {};
 
 TEST_P(Chain, LeadsToTheRuleOfAMember) {
     EXPECT_EQ(Found(GetParam().rules, WebHole(50)), GetParam().found);
-}
-
-HoleRule Of14(HoleRule rule) {
-    rule.diameters = {14};
-    return rule;
 }
 
 // The member is Z200x2.0.
