@@ -13,13 +13,25 @@ namespace job {
 
 namespace {
 
+/// Places have no more that tell anything.
+constexpr int kMostRepeatDecimals = 9;
+
+bool Shows(const TemplatePiece& piece, FormatField field) {
+    return piece.field != nullptr && piece.field->field == field;
+}
+
 /// What the lines of one thing show.
 bool Shows(const FormatLine& line, FormatField field) {
     return std::any_of(line.lines.begin(), line.lines.end(), [&](const LineTemplate& pieces) {
         return std::any_of(pieces.begin(), pieces.end(), [&](const TemplatePiece& piece) {
-            return piece.field != nullptr && piece.field->field == field;
+            return Shows(piece, field);
         });
     });
+}
+
+/// Written with as many decimals as its precision says.
+bool IsFixed(const FieldSpec& spec) {
+    return spec.type == 0 || spec.type == 'f' || spec.type == 'F';
 }
 
 bool IsHole(FormatPart part) {
@@ -145,7 +157,7 @@ class FormatMaker {
             else
                 line.lines.push_back(std::get<LineTemplate>(std::move(pieces)));
         }
-        line.repeatDecimals = RepeatDecimals(line);
+        TakeRepeatDecimals(table, part, line);
         const std::optional<std::string> between =
             InEncoding(table.between.value_or(L" ").view(), m_format.texts.page);
         Require(between.has_value(), table.at, "the encoding has not all of \"between\"");
@@ -155,16 +167,32 @@ class FormatMaker {
 
     static std::string AsPart(FormatPart part) { return std::string(NameOf(part)) + ": "; }
 
-    /// The least that the place along the axis or the pitch is written with.
-    int RepeatDecimals(const FormatLine& line) const {
-        auto decimals = static_cast<int>(m_format.numbers.decimals);
+    /// Those that the place along the axis and the pitch are really written with.
+    void TakeRepeatDecimals(const LineTable& table, FormatPart part, FormatLine& line) {
+        if (!line.repeat)
+            return;
         const FormatField place = line.repeat == RepeatAxis::kY ? FormatField::kY : FormatField::kX;
+        line.pitchDecimals = kMostRepeatDecimals;
         for (const LineTemplate& pieces : line.lines)
-            for (const TemplatePiece& piece : pieces)
-                if (piece.field != nullptr && piece.spec.precision >= 0 &&
-                    (piece.field->field == place || piece.field->field == FormatField::kPitch))
-                    decimals = std::min(decimals, piece.spec.precision);
-        return decimals;
+            for (const TemplatePiece& piece : pieces) {
+                const bool isPitch = Shows(piece, FormatField::kPitch);
+                if (!isPitch && !Shows(piece, place))
+                    continue;
+                Require(IsFixed(piece.spec),
+                        table.at,
+                        AsPart(part) + "{" + piece.field->name +
+                            "} of a line with \"repeat\" has decimals, not e or g");
+                const int decimals = DecimalsOf(piece.spec);
+                line.repeatDecimals = std::max(line.repeatDecimals, decimals);
+                if (isPitch)
+                    line.pitchDecimals = std::min(line.pitchDecimals, decimals);
+            }
+    }
+
+    int DecimalsOf(const FieldSpec& spec) const {
+        return std::min(
+            spec.precision >= 0 ? spec.precision : static_cast<int>(m_format.numbers.decimals),
+            kMostRepeatDecimals);
     }
 
     void CheckConditions(const LineTable& table) {
@@ -230,6 +258,9 @@ class FormatMaker {
                    std::find(each.parts.begin(), each.parts.end(), FormatPart::kPoint) !=
                        each.parts.end();
         };
+        const auto hasSeveralTexts = [&](const LineTable& each) {
+            return each.isSound && isForPoints(each) && each.texts && each.texts->size() > 1;
+        };
         const auto& lines = m_document.lines;
         const bool hasPointLine = std::any_of(lines.begin(), lines.end(), isForPoints);
         const bool isTold = !HasPoints(part) || line.lines.empty() ||
@@ -240,6 +271,10 @@ class FormatMaker {
         Require(!isTold || hasPointLine || !Shows(line, FormatField::kPoints),
                 table.at,
                 AsPart(part) + "{points} needs a line for \"point\"");
+        Require(!Shows(line, FormatField::kPoints) ||
+                    std::none_of(lines.begin(), lines.end(), hasSeveralTexts),
+                table.at,
+                AsPart(part) + "{points} stands in one line, so \"point\" has one text");
     }
 
     const FormatDocument& m_document;

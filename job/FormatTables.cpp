@@ -140,7 +140,7 @@ constexpr Key kFaceKeys[] = {
     Row<FaceTable, &FaceName::face>("face", "The face.", {.isRequired = true}),
     Row<FaceTable, &FaceName::name>("name", "What the machine calls it.", {.defaultNote = "as the job file names it"}),
     Row<FaceTable, &FaceName::isXMirrored>("mirror_x", "Whether X counts from the member's end."),
-    Row<FaceTable, &FaceName::isYMirrored>("mirror_y", "Whether Y counts from the opposite edge; refused where the width of the face is not known."),
+    Row<FaceTable, &FaceName::isYMirrored>("mirror_y", "Whether Y counts from the opposite edge, where the face ends by the member type's zero line or `attributes`; of a round tube round its surface. Refused where the width of the face is not known."),
     Row<FaceTable, &FaceName::xOffset>("x_offset", "Is added to X.", {.range = kOffset, .unit = "mm"}),
     Row<FaceTable, &FaceName::yOffset>("y_offset", "Is added to Y.", {.range = kOffset, .unit = "mm"}),
 };

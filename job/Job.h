@@ -169,6 +169,7 @@ struct MemberType {
     CMemTypeAndAttrib type;  ///< the group's position is its record type
     std::vector<NumberInName> numbersInName;
     CMemberValidations limits;  ///< their report types do not count
+    bool hasSection = false;    ///< `type` has attributes: flanges are as wide as they say
     FlangeZero topFlange;
     FlangeZero bottomFlange;
     std::optional<std::size_t> pattern;  ///< position in Job::patterns

@@ -59,6 +59,7 @@ MemberType JobMaker::MakeMemberType(const MemberTypeTable& table) {
     type.limits = MakeLimits(table);
     type.reports = table.report.types;
     type.areMarksMade = table.areMarksMade;
+    type.hasSection = table.attributes.has_value();
     type.topFlange = table.topFlange;
     type.bottomFlange = table.bottomFlange;
     if (table.pattern.at.line > 0)

@@ -75,7 +75,7 @@ constexpr FieldRow kRows[] = {
     {"sink_depth", FormatField::kSinkDepth, FieldType::kLength, Bits({kCountersunk}), "Depth of the countersink."},
     {"thread", FormatField::kThread, FieldType::kText, Bits({kHole}), "`none`, `right`, `left`."},
     {"tool", FormatField::kTool, FieldType::kText, kOperations, "Number of the tool, by the table of tools."},
-    {"side", FormatField::kSide, FieldType::kText, Bits({kTrim}), "Side of the face that is cut off: `start`, `end`, `lower`, `upper`."},
+    {"side", FormatField::kSide, FieldType::kText, Bits({kTrim}), "Side of the face that is cut off: `start`, `end`, `lower`, `upper`; the opposite one where the face is mirrored."},
     {"at", FormatField::kAt, FieldType::kLength, Bits({kTrim}), "X of the new edge; of `lower` and `upper` its Y."},
     {"end", FormatField::kEnd, FieldType::kText, Bits({kMitre}), "End of the member: `start`, `end`."},
     {"mark_kind", FormatField::kMarkKind, FieldType::kText, kMarks, "`powder`, `punch`, `text`."},

@@ -123,8 +123,10 @@ struct FormatLine {
     std::vector<ZetString> groups;  ///< patterns
     std::optional<RepeatAxis> repeat;
     long least = 2;  ///< operations that a line with `repeat` needs
-    /// Decimals, in the unit of the format, in which repeated operations lie evenly.
+    /// Decimals, in the unit of the format, in which repeated operations lie evenly: the most that
+    /// their place or the pitch is written with. The pitch has no more than `pitchDecimals`.
     int repeatDecimals = 0;
+    int pitchDecimals = 0;
     std::string between = " ";  ///< points in one line, in the encoding of the format
 };
 

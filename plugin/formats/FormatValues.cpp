@@ -94,6 +94,7 @@ struct FieldValues {
         return s.operation->side < kFirstSideAcross ? v.PlaceAlong(s.operation->at, s)
                                                     : v.PlaceAcross(s.operation->at, s);
     }
+    static FormatValue Side(V v, S s) { return WordOf(kSideWords, v.SideOf(*s.operation)); }
     static FormatValue Pitch(V, S s) { return s.pitch; }
     static FormatValue None(V, S) { return NoValue{L"it is no single value"}; }
 
@@ -113,57 +114,57 @@ using Operation = MachineOperation;
 using Member = MachineMember;
 
 const FieldValues::Row FieldValues::kRows[] = {
-    {kTab,                   &Tab                                         },
-    {kHeader,                &Header                                      },
-    {kFileName,              &Run<&FormatTexts::fileName>                 },
-    {kJob,                   &Run<&FormatTexts::job>                      },
-    {kProject,               &Run<&FormatTexts::project>                  },
-    {kNumber,                &Run<&FormatTexts::number>                   },
-    {kClient,                &Run<&FormatTexts::client>                   },
-    {kRevision,              &Run<&FormatTexts::revision>                 },
-    {kDate,                  &Date                                        },
-    {kGroup,                 &Group                                       },
-    {kSection,               &Section                                     },
-    {kMembers,               &Count<&FormatSubject::members>              },
-    {kPieces,                &Count<&FormatSubject::pieces>               },
-    {kLines,                 &Count<&FormatSubject::lines>                },
-    {kMark,                  &OfMember<&Member::mark>                     },
-    {kQuantity,              &OfMember<&Member::quantity>                 },
-    {kProfile,               &Profile                                     },
-    {kMaterial,              &OfMember<&Member::material>                 },
-    {kMemberLength,          &OfMember<&Member::length>                   },
-    {kMemberHeight,          &OfMember<&Member::height>                   },
-    {kMemberWidth,           &OfMember<&Member::width>                    },
-    {kThickness,             &OfMember<&Member::thickness>                },
-    {kWeight,                &OfMember<&Member::weight>                   },
-    {kWeightPerMetre,        &OfMember<&Member::weightPerMetre>           },
-    {kOperations,            &Operations                                  },
-    {kIndex,                 &Count<&FormatSubject::index>                },
-    {kKind,                  &Word<&Operation::kind,                        kOperationWords>},
-    {kFace,                      &Face                                                              },
-    {kCutFace,                      &Word<&Operation::cutFace,kCutFaceWords>},
-    {kCut,        &Word<&Operation::cut,                                                        kCutWords>},
+    {kTab,                    &Tab                                         },
+    {kHeader,                 &Header                                      },
+    {kFileName,               &Run<&FormatTexts::fileName>                 },
+    {kJob,                    &Run<&FormatTexts::job>                      },
+    {kProject,                &Run<&FormatTexts::project>                  },
+    {kNumber,                 &Run<&FormatTexts::number>                   },
+    {kClient,                 &Run<&FormatTexts::client>                   },
+    {kRevision,               &Run<&FormatTexts::revision>                 },
+    {kDate,                   &Date                                        },
+    {kGroup,                  &Group                                       },
+    {kSection,                &Section                                     },
+    {kMembers,                &Count<&FormatSubject::members>              },
+    {kPieces,                 &Count<&FormatSubject::pieces>               },
+    {kLines,                  &Count<&FormatSubject::lines>                },
+    {kMark,                   &OfMember<&Member::mark>                     },
+    {kQuantity,               &OfMember<&Member::quantity>                 },
+    {kProfile,                &Profile                                     },
+    {kMaterial,               &OfMember<&Member::material>                 },
+    {kMemberLength,           &OfMember<&Member::length>                   },
+    {kMemberHeight,           &OfMember<&Member::height>                   },
+    {kMemberWidth,            &OfMember<&Member::width>                    },
+    {kThickness,              &OfMember<&Member::thickness>                },
+    {kWeight,                 &OfMember<&Member::weight>                   },
+    {kWeightPerMetre,         &OfMember<&Member::weightPerMetre>           },
+    {kOperations,             &Operations                                  },
+    {kIndex,                  &Count<&FormatSubject::index>                },
+    {kKind,                   &Word<&Operation::kind,                        kOperationWords>},
+    {kFace,                       &Face                                                               },
+    {kCutFace,                       &Word<&Operation::cutFace,kCutFaceWords>},
+    {kCut,         &Word<&Operation::cut,                                                         kCutWords>},
     {kX,&X},
-    {kY,                     &Y                                                                      },
-    {kDiameter,                     &OfOperation<&Operation::diameter>                                           },
-    {kLength,              &OfOperation<&Operation::length>    },
-    {kWidth,                &OfOperation<&Operation::width>               },
-    {kAngle,                 &Angle               },
-    {kDepth,                 &OfOperation<&Operation::depth>                                       },
-    {kSinkDiameter,                 &OfOperation<&Operation::sinkDiameter>              },
-    {kSinkDepth,          &OfOperation<&Operation::sinkDepth>},
-    {kThread,             &Word<&Operation::thread,              kThreadWords>},
-    {kTool,                &Tool                        },
-    {kSide,                      &Word<&Operation::side,                                                               kSideWords>},
-    {kAt,                      &At                                      },
-    {kEnd,           &Word<&Operation::end,kEndWords>},
-    {kMarkKind,&Word<&Operation::mark,     kMarkWords>},
-    {kTextHeight,&OfOperation<&Operation::height>                                },
-    {kText,              &OfOperation<&Operation::text>                                       },
-    {kPoints,                      &None                                                        },
-    {kCount,                      &Count<&FormatSubject::count>                              },
-    {kPitch,                      &Pitch                     },
-    {kCode,                      &OfOperation<&Operation::code>     },
+    {kY,                      &Y                                                                       },
+    {kDiameter,                      &OfOperation<&Operation::diameter>                                           },
+    {kLength,               &OfOperation<&Operation::length>    },
+    {kWidth,                 &OfOperation<&Operation::width>               },
+    {kAngle,                  &Angle               },
+    {kDepth,                  &OfOperation<&Operation::depth>                                       },
+    {kSinkDiameter,                  &OfOperation<&Operation::sinkDiameter>              },
+    {kSinkDepth,           &OfOperation<&Operation::sinkDepth>},
+    {kThread,              &Word<&Operation::thread,              kThreadWords>},
+    {kTool,                 &Tool                        },
+    {kSide,                       &Side                                                               },
+    {kAt,                       &At                                       },
+    {kEnd,                       &Word<&Operation::end,   kEndWords>},
+    {kMarkKind,                       &Word<&Operation::mark,                          kMarkWords>},
+    {kTextHeight,             &OfOperation<&Operation::height>                                                       },
+    {kText,&OfOperation<&Operation::text>},
+    {kPoints,             &None             },
+    {kCount,                   &Count<&FormatSubject::count>                                                       },
+    {kPitch,                 &Pitch                                            },
+    {kCode,                  &OfOperation<&Operation::code>               },
 };
 
 FormatValues::FormatValues(const job::MachineFormat& format) : m_format(format) {
@@ -247,10 +248,19 @@ FormatValue FormatValues::PlaceAcross(double y, const FormatSubject& subject) co
     const job::FaceName* row = FaceOf(face);
     if (row == nullptr)
         return y;
-    const double width = subject.member->faceWidths[static_cast<std::size_t>(face)];
-    if (row->isYMirrored && width <= 0.0)
+    const std::optional<double>& upper = subject.member->upperEdges[static_cast<std::size_t>(face)];
+    if (row->isYMirrored && !upper)
         return NoValue{L"the width of the face is not known, from whose opposite edge it counts"};
-    return (row->isYMirrored ? width - y : y) + row->yOffset;
+    return (row->isYMirrored ? *upper - y : y) + row->yOffset;
+}
+
+/// A side across an axis that is turned round is the opposite one.
+int FormatValues::SideOf(const MachineOperation& operation) const {
+    const job::FaceName* row = FaceOf(operation.face);
+    if (row == nullptr)
+        return operation.side;
+    const bool isMirrored = operation.side < kFirstSideAcross ? row->isXMirrored : row->isYMirrored;
+    return isMirrored ? operation.side ^ 1 : operation.side;
 }
 
 /// Each axis that is turned round mirrors an angle, and so does its direction.

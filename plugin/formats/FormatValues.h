@@ -74,6 +74,7 @@ class FormatValues {
     FormatValue NameOfProfile(const ZetString& profile) const;
     FormatValue PlaceAlong(double x, const FormatSubject& subject) const;
     FormatValue PlaceAcross(double y, const FormatSubject& subject) const;
+    int SideOf(const MachineOperation& operation) const;
     FormatValue AngleOf(const MachineOperation& operation) const;
 
     const job::MachineFormat& m_format;

@@ -136,7 +136,11 @@ class FormatWriter::MemberText {
         auto [at, isNew] = m_repeated.try_emplace(&line);
         if (isNew)
             at->second = std::make_unique<RepeatedOperations>(
-                m_member, m_order, *line.repeat, StepsOf(line));
+                m_member,
+                m_order,
+                *line.repeat,
+                StepsOf(line),
+                std::pow(10.0, line.repeatDecimals - line.pitchDecimals));
         const RepeatedOperations::Run run = at->second->RunWith(place, m_isTaken);
         const auto count = static_cast<long>(run.places.size());
         if (count < line.least)

@@ -83,6 +83,7 @@ void LineWriter::AppendValue(const job::TemplatePiece& piece, const FormatSubjec
 /// In one line, so what the line for a point says comes without its end.
 void LineWriter::AppendPoints(const FormatSubject& subject) {
     FormatSubject each = subject;
+    each.index = 0;
     const std::string* between = nullptr;
     for (const ZetGeomPoint2d& point : subject.operation->points) {
         each.point = &point;

@@ -7,6 +7,7 @@
 #include "camdata/platform/text/ZetString.h"
 
 #include <array>
+#include <optional>
 #include <vector>
 
 /// @file
@@ -80,8 +81,8 @@ struct MachineMember {
     double thickness = 0.0;
     double weight = 0.0;          ///< kg, of one piece; 0: not known
     double weightPerMetre = 0.0;  ///< kg; 0: not known
-    /// Across each face, by eHoleFace; 0: not known.
-    std::array<double, eHoleFaceNone + 1> faceWidths{};
+    /// Y where each face ends, by eHoleFace; nothing: not known.
+    std::array<std::optional<double>, eHoleFaceNone + 1> upperEdges{};
     std::vector<MachineOperation> operations;
 };
 

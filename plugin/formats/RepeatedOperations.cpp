@@ -1,6 +1,7 @@
 #include "plugin/formats/RepeatedOperations.h"
 
 #include <algorithm>
+#include <cmath>
 #include <utility>
 
 namespace plugin {
@@ -8,8 +9,13 @@ namespace plugin {
 RepeatedOperations::RepeatedOperations(const MachineMember& member,
                                        const std::vector<std::size_t>& order,
                                        job::RepeatAxis axis,
-                                       std::vector<double> steps)
-    : m_member(member), m_order(order), m_axis(axis), m_steps(std::move(steps)) {
+                                       std::vector<double> steps,
+                                       double pitchStep)
+    : m_member(member),
+      m_order(order),
+      m_axis(axis),
+      m_steps(std::move(steps)),
+      m_pitchStep(pitchStep) {
     for (std::size_t place = 0; place < order.size(); ++place)
         m_alike[KeyOf(At(place))].places.push_back(place);
     for (auto& [key, alike] : m_alike)
@@ -55,7 +61,8 @@ RepeatedOperations::Run RepeatedOperations::RunFrom(const Alike& alike,
     Run run{{alike.places[at]}};
     for (++at; at < alike.places.size() && isTaken[alike.places[at]] == 0; ++at) {
         const double distance = m_steps[alike.places[at]] - m_steps[run.places.back()];
-        if (distance <= 0.0 || (run.places.size() > 1 && distance != run.pitch))
+        if (distance <= 0.0 || std::fmod(distance, m_pitchStep) != 0.0 ||
+            (run.places.size() > 1 && distance != run.pitch))
             break;
         run.pitch = distance;
         run.places.push_back(alike.places[at]);

@@ -14,11 +14,13 @@ namespace plugin {
 class RepeatedOperations {
   public:
     /// `order` are positions of the member's operations as they are written, `steps` whole numbers
-    /// that say where each of them lies along the axis. Member and order must outlive it.
+    /// that say where each of them lies along the axis; a pitch is a multiple of `pitchStep` of
+    /// them. Member and order must outlive it.
     RepeatedOperations(const MachineMember& member,
                        const std::vector<std::size_t>& order,
                        job::RepeatAxis axis,
-                       std::vector<double> steps);
+                       std::vector<double> steps,
+                       double pitchStep);
 
     /// Some that lie evenly from `first` on.
     struct Run {
@@ -53,6 +55,7 @@ class RepeatedOperations {
     const std::vector<std::size_t>& m_order;
     job::RepeatAxis m_axis;
     std::vector<double> m_steps;  ///< by place
+    double m_pitchStep;
     std::map<Key, Alike> m_alike;
 };
 

@@ -1,4 +1,5 @@
 #include "plugin/output/MachineRecordText.h"
+#include "plugin/rules/FlangeZero.h"
 #include "plugin/rules/JobMember.h"
 #include "plugin/rules/UprightRectangle.h"
 
@@ -183,12 +184,27 @@ void JobMember::ClaimOperations() {
         m_ledger.Claim(tag, Account::kMade);
 }
 
-std::array<double, eHoleFaceNone + 1> JobMember::FaceWidths() const {
-    std::array<double, eHoleFaceNone + 1> widths{};
-    widths[eHoleFaceWeb] = widths[eHoleFaceWebBack] = GetWebWidth();
-    widths[eHoleFaceTopFlange] = widths[eHoleFaceSlopedTopFlange] = GetTopFlangeWidth();
-    widths[eHoleFaceBottomFlange] = widths[eHoleFaceSlopedBottomFlange] = GetBotFlangeWidth();
-    return widths;
+/// A section of the type's own has its flanges' widths from the web; else they begin where the
+/// file's coordinates do.
+std::optional<double> JobMember::FlangeEnd(double width, const job::FlangeZero& zero) const {
+    if (width <= 0.0)
+        return std::nullopt;
+    return m_type.hasSection ? width : LowerEdgeOf(width, zero) + width;
+}
+
+std::array<std::optional<double>, eHoleFaceNone + 1> JobMember::UpperEdges() const {
+    std::array<std::optional<double>, eHoleFaceNone + 1> edges{};
+    edges[eHoleFaceTopFlange] = edges[eHoleFaceSlopedTopFlange] =
+        FlangeEnd(GetTopFlangeWidth(), m_type.topFlange);
+    edges[eHoleFaceBottomFlange] = edges[eHoleFaceSlopedBottomFlange] =
+        FlangeEnd(GetBotFlangeWidth(), m_type.bottomFlange);
+    std::optional<double>& web = edges[eHoleFaceWeb];
+    if (const std::optional<FaceBox> surface = FaceOfView(1); IsRound() && surface)
+        web = surface->maxY;
+    else if (GetWebWidth() > 0.0)
+        web = GetWebWidth();
+    edges[eHoleFaceWebBack] = web;
+    return edges;
 }
 
 /// All but its operations.
@@ -204,7 +220,7 @@ void JobMember::MakeMachineMember() {
     m_machineMember.thickness = GetProfileThick();
     m_machineMember.weight = GetLength() / kMillimetresAMetre * m_weightPerMetre;
     m_machineMember.weightPerMetre = m_weightPerMetre;
-    m_machineMember.faceWidths = FaceWidths();
+    m_machineMember.upperEdges = UpperEdges();
 }
 
 void JobMember::GenerateMemData() {

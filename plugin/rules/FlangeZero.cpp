@@ -78,6 +78,10 @@ void ApplyFlangeZeros(ZetNCStructure& structure, const job::MemberType& type) {
     structure.setViews(std::move(views));
 }
 
+double LowerEdgeOf(double width, const job::FlangeZero& zero) {
+    return zero.isReversed ? zero.zero - width : -zero.zero;
+}
+
 double FileYOf(double y, const job::FlangeZero& zero) {
     return zero.isReversed ? zero.zero - y : y + zero.zero;
 }

@@ -11,6 +11,9 @@ namespace plugin {
 /// bulges mirrored.
 void ApplyFlangeZeros(ZetNCStructure& structure, const job::MemberType& type);
 
+/// The Y where a flange of this width begins that began at Y = 0 of the file.
+double LowerEdgeOf(double width, const job::FlangeZero& zero);
+
 /// The Y of the file that a zero line moved to `y`.
 double FileYOf(double y, const job::FlangeZero& zero);
 

@@ -297,7 +297,8 @@ class JobMember : public CMxPeilaib {
     void AddOperation(MachineOperation operation, long tag);
     void AddOperationOnce(MachineOperation operation, long tag);
     void ClaimOperations();
-    std::array<double, eHoleFaceNone + 1> FaceWidths() const;
+    std::array<std::optional<double>, eHoleFaceNone + 1> UpperEdges() const;
+    std::optional<double> FlangeEnd(double width, const job::FlangeZero& zero) const;
     void WriteFormats();
     std::set<std::size_t> FormatsOfGroup() const;
     bool WriteFormat(std::size_t position);

@@ -1,5 +1,6 @@
 #include "job/CodeFormat.h"
 #include "plugin/rules/FaceOutline.h"
+#include "plugin/rules/FlangeZero.h"
 #include "plugin/rules/JobMember.h"
 
 #include "camdata/tolerance/CMxGeom.h"
@@ -155,8 +156,7 @@ std::optional<FaceBox> JobMember::FaceOfView(int viewPosition) const {
         return std::nullopt;
     if (!isFlange)
         return FaceBox{0.0, header.length, 0.0, width};
-    const job::FlangeZero& zero = isTop ? m_type.topFlange : m_type.bottomFlange;
-    const double lower = zero.isReversed ? zero.zero - width : -zero.zero;
+    const double lower = LowerEdgeOf(width, isTop ? m_type.topFlange : m_type.bottomFlange);
     return FaceBox{0.0, header.length, lower, lower + width};
 }
 

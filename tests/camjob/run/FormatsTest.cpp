@@ -24,6 +24,47 @@ TEST(Formats, FilesOfTheExamplesAreTheApprovedOnes) {
                                     folder.PathOf("formats/made")));
 }
 
+// Y from the opposite edge, where the face really ends.
+TEST(Formats, FacesAreMirroredWhereTheyEnd) {
+    struct Case {
+        std::string file;
+        std::string type;  ///< keys of its member type
+        std::string face;
+        std::string y;  ///< of its first hole
+    };
+    const Case cases[] = {
+        {"Z200-purlin", "",                                               "top_flange", "35.0" },
+        {"Z200-purlin", "top_flange = { zero = 64.0 }",                   "top_flange", "35.0" },
+        {"Z200-purlin", "top_flange = { zero = 142.0, reversed = true }", "top_flange", "107.0"},
+        {"Z200-purlin",
+         "top_flange = { zero = 64.0 }\nattributes = { height = 200.0, top_flange = 74.0, "
+         "bottom_flange = 66.0, thickness = 2.0 }",                       "top_flange",
+         "31.0"                                                                                },
+        {"CHS114-tube", "",                                               "web",        "299.5"},
+    };
+    for (const Case& each : cases) {
+        SCOPED_TRACE(each.file + " " + each.type);
+        const TempFolder folder;
+        folder.Write(
+            "f.toml",
+            "[[face]]\nface = \"" + each.face +
+                "\"\nmirror_y = true\n[[line]]\nfor = [\"hole\"]\nfaces = [\"" + each.face +
+                "\"]\ntext = [\"{y:.1f}\"]\n[[line]]\nfor = [\"hole\", \"mitre\"]\ntext = []\n");
+        fs::copy(CAMJOB_EXAMPLES "/nc/" + each.file + ".nc1", folder.PathOf("part.nc1"));
+        folder.Write(
+            "job.toml",
+            "[job]\nnc_files = [\"part.nc1\"]\n[project]\nfile_name = \"j\"\n[[file]]\n"
+            "id = \"order\"\nending = \".txt\"\nformat = \"f.toml\"\n[[group]]\nid = \"g\"\n"
+            "[[member_type]]\nid = \"t\"\ngroup = \"g\"\n" +
+                each.type + "\n[[hole_rule]]\nid = \"h\"\nshape = \"round\"\ncode = \"H\"\n");
+        const CurrentFolder current(folder.PathOf("."));
+        const CamjobRun run = RunTool({"run", "job.toml", "--out", "made"});
+        EXPECT_NE(run.exitCode, 2) << run.out << run.err;
+        const std::string orders = folder.Read("made/j.txt");
+        EXPECT_EQ(orders.substr(0, orders.find('\n')), each.y) << orders << run.err;
+    }
+}
+
 std::string OrdersOf(const fs::path& folder) {
     std::ifstream stream(folder / "warehouse12-orders.txt", std::ios::binary);
     std::string orders(std::istreambuf_iterator<char>(stream), {});

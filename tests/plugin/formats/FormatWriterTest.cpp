@@ -54,7 +54,7 @@ MachineMember Member(std::vector<MachineOperation> operations) {
     member.quantity = 4;
     member.profile = L"Z200";
     member.length = 3000.0;
-    member.faceWidths[eHoleFaceWeb] = 200.0;
+    member.upperEdges[eHoleFaceWeb] = 200.0;
     member.operations = std::move(operations);
     return member;
 }
@@ -64,6 +64,14 @@ MachineOperation Slot(double angle) {
     slot.kind = MachineOperationKind::kSlot;
     slot.angle = angle;
     return slot;
+}
+
+MachineOperation Trim(int side, double at) {
+    MachineOperation trim = HoleAt(0, 0);
+    trim.kind = MachineOperationKind::kTrim;
+    trim.side = side;
+    trim.at = at;
+    return trim;
 }
 
 MachineOperation Triangle() {
@@ -122,6 +130,7 @@ const Case kCases[] = {
     {"NoNumber", "", kXy, Member({HoleAt(1, 2), HoleAt(kNan, 1), HoleAt(1, kInfinite)}), "[1 {x}: it is no number][2 {y}: it is no number]"},
     {"FixedColumns", "[format]\nfixed_columns=true", "\"{x:6.1f}\"", Member({HoleAt(9999, 1), HoleAt(10000, 1)}), "[1 {x}: it has 7 characters and its column 6]"},
     {"MirroredFace", "[[face]]\nface=\"web\"\nname=\"W\"\nmirror_x=true\nmirror_y=true\nx_offset=10", "\"{face} {x:.0f} {y:.0f}\"", Member({HoleAt(100, 50)}), "W 2910 150\n"},
+    {"MirroredTrim", "[[face]]\nface=\"web\"\nmirror_x=true\n[[line]]\nfor=[\"trim\"]\ntext=[\"{side} {at:.0f}\"]", "", Member({Trim(0, 40), Trim(3, 180)}), "end 2960\nupper 180\n"},
     {"FaceWithoutName", "[[face]]\nface=\"top_flange\"\nname=\"T\"", "\"{face}\"", Member({HoleAt(1, 1)}), "[0 {face}: no [[face]] names the face web]"},
     {"OtherFaces", "[format]\nother_faces=\"?\"\n[[face]]\nface=\"top_flange\"\nname=\"T\"", "\"{face}\"", Member({HoleAt(1, 1)}), "?\n"},
     {"AngleClockwise", "[numbers]\nangles=\"clockwise\"\ndecimals=0\n[[line]]\nfor=[\"slot\"]\ntext=[\"{angle}\"]", "", Member({Slot(30), Slot(0)}), "150\n0\n"},
@@ -142,11 +151,12 @@ const Case kCases[] = {
     {"NoLineForIt", "", kXy, Member({HoleAt(1, 2), Triangle()}), "[1 the format has no line for it]"},
     {"NothingForIt", "[[line]]\nfor=[\"outline\"]\ntext=[]\n[[line]]\nfor=[\"point\"]\ntext=[\"p\"]", "", Member({Triangle()}), ""},
     {"FirstThatFits", "[[line]]\nfor=[\"hole\"]\ncodes=[\"X*\"]\ntext=[\"x\"]\n[[line]]\nfor=[\"hole\"]\nfaces=[\"top_flange\"]\ntext=[\"t\"]\n[[line]]\nfor=[\"hole\"]\ngroups=[\"g*\"]\ntext=[\"g\"]", "\"else\"", Member({HoleAt(1, 1)}), "else\n"},
-    {"PointsInLine", "[[line]]\nfor=[\"outline\"]\ntext=[\"<{points}>\"]\n[[line]]\nfor=[\"point\"]\ntext=[\"{x:.0f}/{y:.0f}\"]\nbetween=\"; \"", "", Member({Triangle()}), "<0/0; 10/0; 0/5>\n"},
+    {"PointsInLine", "[[line]]\nfor=[\"outline\"]\ntext=[\"{index}<{points}>\"]\n[[line]]\nfor=[\"point\"]\ntext=[\"{index}:{x:.0f}/{y:.0f}\"]\nbetween=\"; \"", "", Member({Triangle(), Triangle()}), "1<1:0/0; 2:10/0; 3:0/5>\n2<1:0/0; 2:10/0; 3:0/5>\n"},
     {"PointsAsLines", "[[line]]\nfor=[\"outline\"]\ntext=[\"{count}\"]\n[[line]]\nfor=[\"point\"]\ntext=[\"{index} {x:.0f}\"]", "", Member({Triangle()}), "3\n1 0\n2 10\n3 0\n"},
     {"ColumnsWithPitch", kRuns, kXy, Member({HoleAt(10, 20), HoleAt(10, 60), HoleAt(10, 100), HoleAt(50, 20), HoleAt(50, 70, 14)}), "10.000 20.000 3*40.000\n50.000 20.000\n50.000 70.000\n"},
     {"UnevenColumns", kRuns, kXy, Member({HoleAt(10, 20), HoleAt(10, 60), HoleAt(10, 110)}), "10.000 20.000 2*40.000\n10.000 110.000\n"},
     {"EvenAsItIsWritten", "[numbers]\ndecimals=1\n" + kRuns, kXy, Member({HoleAt(10, 0.04), HoleAt(10, 33.33), HoleAt(10, 66.62)}), "10.0 0.0 3*33.3\n"},
+    {"EvenInTheFinestDecimals", "[numbers]\ndecimals=0\n[[line]]\nfor=[\"hole\"]\nrepeat=\"x\"\ntext=[\"{x:.3f} {y} {count}*{pitch:.1f}\"]", kXy, Member({HoleAt(100.4, 50), HoleAt(200, 50), HoleAt(299.6, 50), HoleAt(399.25, 50)}), "100.400 50 3*99.6\n399 50\n"},
     {"ColumnsFromTheOtherEdge", "[[face]]\nface=\"web\"\nmirror_y=true\n[numbers]\ndecimals=0\n" + kRuns, kXy, Member({HoleAt(10, 20), HoleAt(10, 60)}), "10 140 2*40\n"},
     {"RowsFromTheEnd", "[[face]]\nface=\"web\"\nmirror_x=true\n[numbers]\ndecimals=0\n[[line]]\nfor=[\"hole\"]\nrepeat=\"x\"\nleast=3\ntext=[\"{x} {y} {count}*{pitch}\"]", kXy, Member({HoleAt(10, 20), HoleAt(20, 20), HoleAt(30, 20), HoleAt(95, 20, 14)}), "2970 20 3*10\n2905 20\n"},
     {"Counts", "[[line]]\nfor=[\"member\"]\ntext=[\"{mark} {lines} {operations}\",\"{length:.0f}\"]\n[[line]]\nfor=[\"member_end\"]\ntext=[\"end {lines}\"]", "\"a\",\"b\"", Member({HoleAt(1, 1), HoleAt(2, 1)}), "Z-1 4 2\n3000\na\nb\na\nb\nend 4\n"},
