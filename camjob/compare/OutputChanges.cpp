@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <cmath>
 #include <iterator>
+#include <map>
 #include <tuple>
 #include <unordered_map>
 #include <utility>
@@ -34,25 +35,128 @@ std::vector<ValueChange> Differences(std::vector<ValueChange> before,
     return differences;
 }
 
+using Features = std::vector<OutputFeature>;
+
+double Distance(const OutputFeature& a, const OutputFeature& b) {
+    return std::hypot(a.x - b.x, a.y - b.y);
+}
+
+/// Which of the longer list each of the shorter one belongs to, both in one order that is kept, and
+/// how far they lie apart altogether.
+struct Alignment {
+    std::vector<std::size_t> partners;
+    double distance = 0.0;
+};
+
+/// The one with the least distance. Nobody's partner is further down the list than the difference
+/// in length allows.
+Alignment Align(const Features& shorter, const Features& longer) {
+    const std::size_t width = longer.size() - shorter.size() + 1;
+    std::vector<bool> isSkipped(shorter.size() * width);
+    std::vector<double> least(width, 0.0);  ///< by how many of the longer list have no partner yet
+    for (std::size_t i = 0; i < shorter.size(); ++i)
+        for (std::size_t skipped = 0; skipped < width; ++skipped) {
+            least[skipped] += Distance(shorter[i], longer[i + skipped]);
+            if (skipped > 0 && least[skipped - 1] <= least[skipped]) {
+                least[skipped] = least[skipped - 1];
+                isSkipped[i * width + skipped] = true;
+            }
+        }
+    Alignment alignment = {std::vector<std::size_t>(shorter.size()), least.back()};
+    std::size_t skipped = width - 1;
+    for (std::size_t i = shorter.size(); i-- > 0;) {
+        while (isSkipped[i * width + skipped])
+            --skipped;
+        alignment.partners[i] = i + skipped;
+    }
+    return alignment;
+}
+
+bool IsEarlierAlong(const OutputFeature& a, const OutputFeature& b) {
+    return std::tie(a.x, a.y) < std::tie(b.x, b.y);
+}
+
+bool IsEarlierAcross(const OutputFeature& a, const OutputFeature& b) {
+    return std::tie(a.y, a.x) < std::tie(b.y, b.x);
+}
+
+/// In their order along the member or across it, whichever brings less distance.
+Alignment AlignBest(Features& shorter, Features& longer) {
+    const auto align = [&](auto isEarlier) {
+        std::sort(shorter.begin(), shorter.end(), isEarlier);
+        std::sort(longer.begin(), longer.end(), isEarlier);
+        return Align(shorter, longer);
+    };
+    const double across = align(&IsEarlierAcross).distance;
+    const Alignment along = align(&IsEarlierAlong);
+    return along.distance <= across ? along : align(&IsEarlierAcross);
+}
+
+/// Features of both members that are alike in what a step asks for.
+struct AlikeFeatures {
+    Features before;
+    Features after;
+};
+
 /// Features that only one of two members has, and how they belong together.
 class FeatureMatching {
   public:
-    FeatureMatching(std::vector<OutputFeature> before, std::vector<OutputFeature> after);
+    FeatureMatching(Features before, Features after);
 
     std::vector<FeatureChange> Match();
 
   private:
-    using Fits = bool (*)(const OutputFeature& before, const OutputFeature& after);
+    /// What becomes of features that differ in nothing but what `forget` takes from them.
+    struct Step {
+        FeatureChangeKind kind;
+        void (*forget)(OutputFeature& feature);
+        bool isForAllOnly;  ///< only where none of those that are alike stays alone
+    };
+    static const Step kSteps[];
 
-    void Pair(FeatureChangeKind kind, Fits fits);
+    void Take(const Step& step);
+    void Pair(FeatureChangeKind kind, AlikeFeatures alike);
 
-    std::vector<OutputFeature> m_before;
-    std::vector<OutputFeature> m_after;
+    Features m_before;
+    Features m_after;
     std::vector<FeatureChange> m_changes;
 };
 
-FeatureMatching::FeatureMatching(std::vector<OutputFeature> before,
-                                 std::vector<OutputFeature> after) {
+void ForgetPlace(OutputFeature& feature) {
+    feature.x = feature.y = 0.0;
+}
+
+void ForgetCode(OutputFeature& feature) {
+    feature.code.clear();
+}
+
+void ForgetMeasures(OutputFeature& feature) {
+    feature.size = feature.length = feature.angle = 0.0;
+    ForgetCode(feature);
+}
+
+void ForgetPlaceAndCode(OutputFeature& feature) {
+    ForgetPlace(feature);
+    ForgetCode(feature);
+}
+
+void ForgetAllButPlace(OutputFeature& feature) {
+    ForgetMeasures(feature);
+    feature.kind.clear();
+}
+
+/// A row that moves keeps its order, and where it can each of its codes.
+const FeatureMatching::Step FeatureMatching::kSteps[] = {
+    {FeatureChangeKind::kRecoded, &ForgetCode,         false},
+    {FeatureChangeKind::kChanged, &ForgetMeasures,     false},
+    {FeatureChangeKind::kMoved,   &ForgetPlace,        true },
+    {FeatureChangeKind::kMoved,   &ForgetPlaceAndCode, true },
+    {FeatureChangeKind::kMoved,   &ForgetPlace,        false},
+    {FeatureChangeKind::kMoved,   &ForgetPlaceAndCode, false},
+    {FeatureChangeKind::kChanged, &ForgetAllButPlace,  false},
+};
+
+FeatureMatching::FeatureMatching(Features before, Features after) {
     std::sort(before.begin(), before.end());
     std::sort(after.begin(), after.end());
     std::set_difference(
@@ -61,46 +165,48 @@ FeatureMatching::FeatureMatching(std::vector<OutputFeature> before,
         after.begin(), after.end(), before.begin(), before.end(), std::back_inserter(m_after));
 }
 
-double Distance(const OutputFeature& a, const OutputFeature& b) {
-    return std::hypot(a.x - b.x, a.y - b.y);
+void FeatureMatching::Pair(FeatureChangeKind kind, AlikeFeatures alike) {
+    const bool isBeforeShorter = alike.before.size() <= alike.after.size();
+    Features& shorter = isBeforeShorter ? alike.before : alike.after;
+    Features& longer = isBeforeShorter ? alike.after : alike.before;
+    const Alignment alignment = AlignBest(shorter, longer);
+    std::vector<bool> isPaired(longer.size());
+    for (std::size_t i = 0; i < shorter.size(); ++i) {
+        const std::size_t partner = alignment.partners[i];
+        isPaired[partner] = true;
+        m_changes.push_back(isBeforeShorter ? FeatureChange{kind, shorter[i], longer[partner]}
+                                            : FeatureChange{kind, longer[partner], shorter[i]});
+    }
+    Features& alone = isBeforeShorter ? m_after : m_before;
+    for (std::size_t i = 0; i < longer.size(); ++i)
+        if (!isPaired[i])
+            alone.push_back(std::move(longer[i]));
 }
 
-/// Joins each feature with the nearest one that fits it.
-void FeatureMatching::Pair(FeatureChangeKind kind, Fits fits) {
-    std::vector<OutputFeature> unpaired;
-    for (OutputFeature& before : m_before) {
-        auto nearest = m_after.end();
-        for (auto after = m_after.begin(); after != m_after.end(); ++after)
-            if (fits(before, *after) &&
-                (nearest == m_after.end() || Distance(before, *after) < Distance(before, *nearest)))
-                nearest = after;
-        if (nearest == m_after.end()) {
-            unpaired.push_back(std::move(before));
+void FeatureMatching::Take(const Step& step) {
+    std::map<OutputFeature, AlikeFeatures> groups;
+    const auto sortIn = [&](Features& features, Features AlikeFeatures::*side) {
+        for (OutputFeature& feature : std::exchange(features, {})) {
+            OutputFeature key = feature;
+            step.forget(key);
+            (groups[std::move(key)].*side).push_back(std::move(feature));
+        }
+    };
+    sortIn(m_before, &AlikeFeatures::before);
+    sortIn(m_after, &AlikeFeatures::after);
+    for (auto& [ignored, alike] : groups) {
+        if (!step.isForAllOnly || alike.before.size() == alike.after.size()) {
+            Pair(step.kind, std::move(alike));
             continue;
         }
-        m_changes.push_back({kind, std::move(before), std::move(*nearest)});
-        m_after.erase(nearest);
+        m_before.insert(m_before.end(), alike.before.begin(), alike.before.end());
+        m_after.insert(m_after.end(), alike.after.begin(), alike.after.end());
     }
-    m_before = std::move(unpaired);
-}
-
-bool IsSamePlace(const OutputFeature& a, const OutputFeature& b) {
-    return std::tie(a.face, a.x, a.y) == std::tie(b.face, b.x, b.y);
-}
-
-bool IsSameShape(const OutputFeature& a, const OutputFeature& b) {
-    return std::tie(a.face, a.kind, a.size, a.length, a.angle) ==
-           std::tie(b.face, b.kind, b.size, b.length, b.angle);
 }
 
 std::vector<FeatureChange> FeatureMatching::Match() {
-    using Feature = OutputFeature;
-    Pair(FeatureChangeKind::kRecoded,
-         [](const Feature& a, const Feature& b) { return IsSamePlace(a, b) && IsSameShape(a, b); });
-    Pair(FeatureChangeKind::kChanged,
-         [](const Feature& a, const Feature& b) { return IsSamePlace(a, b) && a.kind == b.kind; });
-    Pair(FeatureChangeKind::kMoved, &IsSameShape);
-    Pair(FeatureChangeKind::kChanged, &IsSamePlace);
+    for (const Step& step : kSteps)
+        Take(step);
     for (OutputFeature& feature : m_before)
         m_changes.push_back({FeatureChangeKind::kRemoved, std::move(feature), std::nullopt});
     for (OutputFeature& feature : m_after)

@@ -329,7 +329,8 @@ std::vector<PageTable> ChangeTables(const RunReport& report) {
             {"What has changed", {}, {}, NoChanges(report)}
         };
     const OutputChanges& changes = *report.changes;
-    const std::string title = "What has changed: " + DescribeChanges(changes);
+    const std::string title =
+        "What has changed against " + changes.against + ": " + DescribeChanges(changes);
     PageTable members = {
         title, {"Member",   "What", "Before", "Now"},
          {},

@@ -246,7 +246,8 @@ bool JobRunner::ShowDialog(plugin::JobRun& run,
 }
 
 bool JobRunner::ReadInput(plugin::JobRun& run) {
-    const bool isTold = m_options.asJson || m_job.reports.hasPage || m_job.reports.hasRunDocument;
+    const bool isTold = m_options.asJson || m_job.reports.hasPage || m_job.reports.hasRunDocument ||
+                        !m_options.against.empty();
     JobInput input(m_job, run, isTold ? &m_report.drawings : nullptr);
     if (!ReadFiles(input))
         return false;

@@ -66,7 +66,7 @@
 
   function featureRow(member, feature) {
     const cells = [feature.line || "", member.faces[feature.face].name, feature.shape, Drawing.sizeText(feature),
-      number(feature.told[0], 2), number(feature.told[1], 2), feature.code];
+      number(feature.told[0], 2), number(feature.told[1], 2), feature.code || feature.text];
     const words = feature.state === 0 ? escaped(feature.remark || STATES[0]) : statusHtml(feature.state) + (feature.remark ? " " + escaped(feature.remark) : "");
     const [line, ...others] = cells.map(escaped);
     return `<tr data-feature="${feature.index}" class="${STATE_CLASSES[feature.state]}"><td><button type="button" class="link" aria-label="Show feature ${feature.index + 1}${line ? `, line ${line}` : ""}">${line || feature.index + 1}</button></td>` +

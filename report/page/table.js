@@ -30,14 +30,17 @@ function rowOf(raw, texts, index) {
   return row;
 }
 
-// One word of a filter: `text`, `column:text`, `column<number`, `column>number` or `column=value`.
+// One word of a filter: `text`, `column:text`, `column<number`, `column<=number`, `column>number`, `column>=number`
+// or `column=value`.
 function termOf(word) {
-  const parts = /^(mark|profile|material|length|quantity|group|file|status)([:<>=])(.+)$/.exec(word);
+  const parts = /^(mark|profile|material|length|quantity|group|file|status)([<>]=|[:<>=])(.+)$/.exec(word);
   if (!parts) return (row) => row.search.includes(word);
   const [, column, sign, value] = parts;
   const cell = (row) => (column === "status" ? STATES[row.state] : row[column]);
   if (sign === "<") return (row) => Number(cell(row)) < Number(value);
   if (sign === ">") return (row) => Number(cell(row)) > Number(value);
+  if (sign === "<=") return (row) => Number(cell(row)) <= Number(value);
+  if (sign === ">=") return (row) => Number(cell(row)) >= Number(value);
   if (sign === "=") return (row) => String(cell(row)).toLowerCase() === value;
   return (row) => String(cell(row)).toLowerCase().includes(value);
 }

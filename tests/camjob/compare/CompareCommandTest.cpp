@@ -20,6 +20,10 @@ SampleJob WriteOld(const TempFolder& folder) {
                         "  v 100.00 50.00 18.00\n  v 300.00 50.00 18.00\n  v 500.00 50.00 18.00\n"
                         "  v 700.00 50.00 14.00\n  v 900.00 99.00 18.00 0.00l 40.00 0.00 0.00\n"));
     folder.Write("nc/7.nc1", nc::Plain("R<1>"));
+    folder.Write("nc/9.nc1",
+                 Member("M2",
+                        "  v 1000.00 50.00 14.00\n  v 1100.00 50.00 14.00\n"
+                        "  v 1200.00 50.00 14.00\n"));
     return job;
 }
 
@@ -36,6 +40,11 @@ void Revise(const TempFolder& folder, const SampleJob& job) {
                         "  v 700.00 50.00 14.00\n  o 900.00 30.00 18.00\n"));
     std::filesystem::remove(folder.PathOf("nc/7.nc1"));
     folder.Write("nc/8.nc1", nc::Plain("N1"));
+    // A row that moves as a whole, all but past itself.
+    folder.Write("nc/9.nc1",
+                 Member("M2",
+                        "  v 930.00 50.00 14.00\n  v 1030.00 50.00 14.00\n"
+                        "  v 1130.00 50.00 14.00\n"));
 }
 
 TEST(CompareCommand, TellsWhatDiffers) {
@@ -46,7 +55,8 @@ TEST(CompareCommand, TellsWhatDiffers) {
     EXPECT_EQ(RunTool({"run", "job.toml", "--out", "out"}).exitCode, 1);
     Revise(folder, job);
 
-    // The output that is replaced is the one to compare with. A run that is repeated tells the same.
+    // The output that is replaced is the one to compare with. A run that is repeated tells the
+    // same.
     const CamjobRun run = RunTool({"run", "job.toml", "--out", "out"});
     EXPECT_NE(run.out.find("against out/s-run.json: "), std::string::npos) << run.out;
     const std::string written = folder.Read("out/s-run.json");
@@ -67,7 +77,10 @@ TEST(CompareCommand, TellsWhatDiffers) {
     told["against"] = "s-run.json";
     EXPECT_EQ(told, document["changes"]);
 
-    const CamjobRun asked = RunTool({"run", "job.toml", "--out", "out", "--against", "old"});
+    // Also where neither the document nor the page would need it.
+    std::string text = folder.Read("job.toml");
+    folder.Write("job.toml", text.insert(text.find("html = "), "run_document = false\n"));
+    const CamjobRun asked = RunTool({"run", "job.toml", "--out", "none", "--against", "old"});
     EXPECT_NE(asked.out.find(compared.out.substr(compared.out.find(": "))), std::string::npos)
         << asked.out;
     EXPECT_EQ(RunTool({"compare", "out", "out"}).out, "against out: nothing has changed\n");

@@ -119,8 +119,8 @@ class PageCheck:
         browser.click("[data-state='all']")
         browser.press("/")
         browser.click("#filter")
-        browser.type("profile:z200 length>4990")
-        wanted = [m["mark"] for m in self.members if "Z200" in m["profileName"] and m["length"] > 4990]
+        browser.type("profile:z200 length>=4990")
+        wanted = [m["mark"] for m in self.members if "Z200" in m["profileName"] and m["length"] >= 4990]
         expect("filtered", self.all_marks(), wanted)
         expect("count", browser.run("document.getElementById('count').textContent"), f"{len(wanted)} of {len(self.members)} members")
         browser.run("(() => { const box = document.getElementById('filter'); box.value = ''; box.dispatchEvent(new Event('input')); })()")
@@ -142,7 +142,7 @@ class PageCheck:
             [...document.querySelectorAll('#member .findings li')].map((item) => item.textContent)]""")
         expect("heading", found[0], mark)
         features = sorted(
-            (f["line"], f["face"], shown(f["x"]), shown(f["y"]), f.get("code", "")) for f in member["features"] if "face" in f)
+            (f["line"], f["face"], shown(f["x"]), shown(f["y"]), f.get("code") or f.get("text", "")) for f in member["features"] if "face" in f)
         expect(f"features of {mark}", sorted((int(r[0] or 0), r[1], r[4], r[5], r[6]) for r in found[1]), features)
         told = [f for f in member["findings"] if f["report"] not in ("off", "non_standard_silent")]
         expect(f"number of findings of {mark}", len(found[2]), len(told))
