@@ -32,7 +32,7 @@ class Numbers {
     /// The next one, folded into this range.
     std::int64_t Next(std::int64_t least, std::int64_t most) {
         const std::int64_t span = most - least + 1;
-        return least + ((Next() - least) % span + span) % span;
+        return least + (Next() % span - least % span + 2 * span) % span;
     }
 
   private:
