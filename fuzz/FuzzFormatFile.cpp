@@ -1,6 +1,6 @@
+#include "camjob/ToolRun.h"
 #include "fuzz/Law.h"
 #include "fuzz/ScratchFolder.h"
-#include "fuzz/ToolRun.h"
 
 // Any bytes are a format that a part with every kind of operation is written by, or are refused
 // with a message.
@@ -25,6 +25,7 @@ html = false
 check_distances = false
 [[group]]
 id = "all"
+files = ["machine"]
 [[file]]
 id = "machine"
 ending = ".mac"
@@ -33,6 +34,14 @@ format = "f.toml"
 id = "every"
 diameters = [10.0, 13.0, 14.0, 18.0]
 code = "H"
+[[hole_rule]]
+id = "sunk"
+shape = "countersunk"
+code = "K"
+[[hole_rule]]
+id = "slot"
+shape = "slot"
+code = "L"
 [uncovered_notches]
 action = "accept"
 code = "N"
@@ -52,8 +61,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     static const std::string job = folder.Write("job.toml", kJob).string();
     static const std::string part = folder.Write("p.nc1", kPart).string();
     folder.Write("f.toml", TextOf(data, size));
-    ToolRun run({"run", job, "--out", folder.NameOf("out")});
+    const CamjobRun run = RunTool({"run", job, "--out", folder.NameOf("out")});
     Check(run.exitCode >= 0 && run.exitCode <= 2, "a format is used or refused");
-    Check(run.exitCode != 2 || !run.err.GetText().empty(), "what is refused has a message");
+    Check(run.exitCode != 2 || !run.err.empty(), "what is refused has a message");
     return 0;
 }

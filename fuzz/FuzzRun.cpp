@@ -1,6 +1,6 @@
+#include "camjob/ToolRun.h"
 #include "fuzz/Law.h"
 #include "fuzz/ScratchFolder.h"
-#include "fuzz/ToolRun.h"
 
 #include <nlohmann/json.hpp>
 
@@ -24,7 +24,7 @@ shape = "countersunk"
 code = "K{depth:.1f}"
 [[hole_rule]]
 id = "round"
-diameters = [10.0, 13.0, 18.0]
+diameters = [10.0, 13.0, 14.0, 18.0, 22.0]
 code = "D{diameter:.1f}"
 [[hole_rule]]
 id = "slot"
@@ -54,6 +54,10 @@ std::string JobOf(unsigned choice) {
         {1, "[tolerances]\ncheck_distances = false\n"                      },
         {2, "[nc]\nunreadable = \"leave_out\"\nunmatched = \"leave_out\"\n"},
     };
+    constexpr Choice kFilesOfGroup[] = {
+        {8,  ", \"nc\""  },
+        {16, ", \"rows\""},
+    };
     constexpr Choice kGroups[] = {
         {4, "nesting = true\nplan = \"least\"\n"},
     };
@@ -72,7 +76,9 @@ std::string JobOf(unsigned choice) {
                 job += each.text;
     };
     add(kSettings);
-    job += "[[group]]\nid = \"all\"\n";
+    job += "[[group]]\nid = \"all\"\nfiles = [\"machine\"";
+    add(kFilesOfGroup);
+    job += "]\n";
     add(kGroups);
     job += "[[file]]\nid = \"machine\"\nending = \".txt\"\n";
     add(kFiles);
@@ -99,9 +105,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     static const ScratchFolder folder;
     const std::string job = folder.Write("job.toml", JobOf(data[size - 1])).string();
     folder.Write("p.nc1", TextOf(data, size - 1));
-    ToolRun run({"run", job, "--out", folder.NameOf("out"), "--json"});
+    const CamjobRun run = RunTool({"run", job, "--out", folder.NameOf("out"), "--json"});
     Check(run.exitCode >= 0 && run.exitCode <= 2, "a run is done or refused");
-    const auto document = nlohmann::json::parse(run.out.GetText(), nullptr, false);
+    const auto document = nlohmann::json::parse(run.out, nullptr, false);
     Check(!document.is_discarded(), "a report is a document");
     CheckDocument(document);
     return 0;
