@@ -8,6 +8,8 @@ namespace cutting {
 
 namespace {
 
+__extension__ using Wide = __int128;
+
 constexpr std::int64_t kMostNodes = 20'000;
 constexpr std::int64_t kMostNodesWithoutTable = 300'000;
 constexpr std::int64_t kStepsPerNode = 8;
@@ -65,8 +67,10 @@ Heaviest Knapsack::Search(std::size_t kind, std::int64_t mostNodes) {
     std::int64_t most = 0;
     std::int64_t nodes = 0;
     std::size_t next = 0;
+    // Whether worth + room * item.worth / item.width > most, in whole numbers; a price that stands
+    // for a missing bar makes products too large for one of 64 bits.
     const auto canBeatMost = [&](const Item& item) {
-        return worth + room * item.worth / item.width > most;
+        return Wide{room} * item.worth >= Wide{most - worth + 1} * item.width;
     };
     for (;;) {
         for (; room >= narrowest[next] && canBeatMost(items[next]); ++next) {
