@@ -102,6 +102,9 @@ void JobMaker::RequireMembers(const FileTable& table, std::size_t position) {
 
 void JobMaker::TakeNcOutput(const FileTable& table, std::size_t position) {
     RequireMembers(table, position);
+    Require(table.headerLines.empty(),
+            table.at,
+            "\"header\" goes not with format = \"dstv\": NC files have no header lines");
     Require(table.ending.at.line == 0,
             table.ending.at,
             "\"ending\" goes not with format = \"dstv\": the files are named by \"folder\" and "

@@ -7,6 +7,7 @@
 #include "job/formats/BuiltInTexts.h"
 
 #include <algorithm>
+#include <system_error>
 
 namespace job {
 
@@ -42,6 +43,11 @@ const BuiltInFormat* FindBuiltInFormat(std::string_view name) {
 }
 
 MachineFormat ReadFormatFile(const std::filesystem::path& file, JobFaults& faults) {
+    std::error_code ignored;
+    if (std::filesystem::is_fifo(file, ignored)) {
+        faults.Add({}, "this is a pipe, not a format file");
+        return {};
+    }
     const std::optional<toml::table> table = ReadTomlFile(file, kWhat, faults);
     return Resolve(table, Utf8FromPath(file.stem()), faults);
 }

@@ -42,6 +42,10 @@ bool HasPoints(FormatPart part) {
     return part == FormatPart::kOutline || part == FormatPart::kMark;
 }
 
+bool IsMark(FormatPart part) {
+    return part == FormatPart::kMark || part == FormatPart::kText;
+}
+
 bool IsOfFile(FormatPart part) {
     return part == FormatPart::kFileStart || part == FormatPart::kFileEnd;
 }
@@ -99,12 +103,14 @@ class FormatMaker {
             Require(!face.isSound || std::none_of(rows.begin(), rows.end(), isSame),
                     face.at,
                     "the face " + Quoted(NameOf(face.face)) + " stands here a second time");
+            RequireEncoded(face.name.value_or(ZetString()), face.at, "\"name\" in [[face]]");
             m_format.faces.rows.push_back(face);
         }
         for (const ToolTable& tool : m_document.tools) {
             Require(IsOperation(tool.kind),
                     tool.at,
                     "\"kind\" in [[tool]] must be an operation, not " + Quoted(NameOf(tool.kind)));
+            RequireEncoded(tool.number, tool.at, "\"number\" in [[tool]]");
             m_format.tools.rows.push_back(tool);
         }
         Require(table.order != OperationOrder::kByTool || !m_document.tools.empty(),
@@ -114,6 +120,12 @@ class FormatMaker {
         RequireRows(m_document.tools.empty(), table.otherTools, "other_tools", "[[tool]]");
         RequireRows(
             m_document.profiles.empty(), table.otherProfiles, "other_profiles", "[[profile]]");
+    }
+
+    void RequireEncoded(const ZetString& text, Position at, const std::string& what) {
+        Require(InEncoding(text.view(), m_format.texts.page).has_value(),
+                at,
+                "the encoding has not all of " + what);
     }
 
     void RequireRows(bool isEmpty,
@@ -202,6 +214,13 @@ class FormatMaker {
         Require(areAll(IsOperation) || (table.faces.empty() && table.codes.empty()),
                 table.at,
                 "\"faces\" and \"codes\" are for lines of operations");
+        Require(areAll([](FormatPart part) { return part != FormatPart::kMitre; }) ||
+                    (table.faces.empty() && table.codes.empty()),
+                table.at,
+                "\"faces\" and \"codes\" are not for mitre: it has neither");
+        Require(areAll([](FormatPart part) { return !IsMark(part); }) || table.codes.empty(),
+                table.at,
+                "\"codes\" is not for mark and text: they have none");
         Require(areAll([](FormatPart part) { return !IsOfFile(part); }) || table.groups.empty(),
                 table.at,
                 "\"groups\" cannot stand with file_start and file_end");

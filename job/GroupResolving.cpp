@@ -29,6 +29,10 @@ void JobMaker::TakeGroup(const SecondaryPartsTable& table, const PlacedText& id,
     for (const PlacedText& reference : table.files)
         if (const std::optional<std::size_t> file = m_files.Find(reference, m_faults))
             TakeGroupFile(reference, *file, group);
+    // NC files have no header lines, so none is the main file of others.
+    std::stable_partition(group.files.begin(), group.files.end(), [&](std::size_t file) {
+        return !m_job.files[file].nc;
+    });
 }
 
 void JobMaker::TakeGroupFile(const PlacedText& reference, std::size_t file, Group& group) {

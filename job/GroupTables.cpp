@@ -7,7 +7,7 @@ namespace {
 // clang-format off
 
 // What the secondary parts and every other group have in common.
-constexpr const char* kGroupFilesMeaning = "The files that the members are written to, by id. The first is the main one: header lines go there.";
+constexpr const char* kGroupFilesMeaning = "The files that the members are written to, by id. The first that is not of NC files is the main one: header lines go there.";
 constexpr const char* kGroupHeaderMeaning = "Lines before the first member.";
 constexpr const char* kGroupSortMeaning = "What the members are sorted by; the first decides first.";
 

@@ -190,6 +190,8 @@ class TemplateReader {
                       name + ":>8.1f}";
         } else {
             m_fault = FaultOfSpec(name, row->type, spec);
+            if (m_fault.empty() && !InEncoding({&spec.fill, 1}, m_page))
+                m_fault = "{" + name + "}: the encoding of the format has not the fill character";
         }
         if (m_fault.empty())
             EndPiece(row, spec);

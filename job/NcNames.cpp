@@ -1,5 +1,6 @@
 #include "job/NcNames.h"
 
+#include "job/FileNames.h"
 #include "job/MessageTexts.h"
 
 #include <algorithm>
@@ -42,7 +43,8 @@ struct NamePart {
 NamePart TakePart(std::wstring_view& pattern) {
     const std::size_t begin = pattern.find(L'{');
     const std::size_t end = pattern.find(L'}', begin);
-    NamePart part{pattern.substr(0, begin), {}, end != std::wstring_view::npos};
+    const bool hasValue = end != std::wstring_view::npos;
+    NamePart part{hasValue ? pattern.substr(0, begin) : pattern, {}, hasValue};
     if (part.hasValue)
         part.name = pattern.substr(begin + 1, end - begin - 1);
     pattern = part.hasValue ? pattern.substr(end + 1) : std::wstring_view();
@@ -62,6 +64,8 @@ std::string FaultOfNcNames(const ZetString& pattern) {
     bool hasMark = false;
     for (std::wstring_view rest = pattern.view(); !rest.empty();) {
         const NamePart part = TakePart(rest);
+        if (part.text.find(L'{') != std::wstring_view::npos)
+            return "a { has no } behind it";
         if (!part.hasValue)
             continue;
         const std::string name = ZetString(part.name).toUtf8();
@@ -73,7 +77,10 @@ std::string FaultOfNcNames(const ZetString& pattern) {
     }
     if (pattern.view().find_first_of(L"/\\") != std::wstring_view::npos)
         return "the files have one folder, which \"folder\" names";
-    return hasMark ? "" : "it needs {mark}: members without it would have one file";
+    if (!hasMark)
+        return "it needs {mark}: members without it would have one file";
+    constexpr const wchar_t* kAny = L"q";
+    return FaultOfFileName(FillNcName(pattern, {kAny, kAny, kAny, kAny, kAny, kAny}));
 }
 
 ZetString FillNcName(const ZetString& pattern, const NcNameValues& values) {
