@@ -21,7 +21,7 @@ namespace camjob {
 namespace {
 
 constexpr const char* kExitCodes =
-    "Exit codes: 0 done; 1 done, but a member has errors or a file was left out; 2 bad usage, or a file that cannot be "
+    "Exit codes: 0 done; 1 done, but a member has errors, a piece no bar or a file was left out; 2 bad usage, or a file that cannot be "
     "read; 3 a file or the report could not be written; 4 a fault of the program that was caught before it "
     "could do harm; 130 stopped by Ctrl-C. The highest wins.";
 

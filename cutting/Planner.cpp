@@ -108,7 +108,7 @@ Plan MakeFirstFitPlan(const Demand& demand, const std::vector<Stock>& stocks) {
     });
 }
 
-Cost CostFromShortest(const Demand& demand, const std::vector<Stock>& stocks) {
+std::optional<Cost> CostFromShortest(const Demand& demand, const std::vector<Stock>& stocks) {
     const auto isWorse = [](const Stock& a, const Stock& b) {
         return std::pair(a.count == kUnlimited, a.GetUsable()) <
                std::pair(b.count == kUnlimited, b.GetUsable());
@@ -121,7 +121,9 @@ Cost CostFromShortest(const Demand& demand, const std::vector<Stock>& stocks) {
     Count bars = 0;
     Length room = 0;
     for (const Part& part : ascending) {
-        for (Count left = part.length <= stock.GetUsable() ? part.count : 0; left > 0;) {
+        if (part.count > 0 && part.length > stock.GetUsable())
+            return std::nullopt;
+        for (Count left = part.count; left > 0;) {
             if (room < part.length) {
                 ++bars;
                 room = stock.GetUsable();
@@ -132,7 +134,8 @@ Cost CostFromShortest(const Demand& demand, const std::vector<Stock>& stocks) {
             left -= count;
         }
     }
-    return bars * stock.cost;
+    return stock.count == kUnlimited || bars <= stock.count ? std::optional(bars * stock.cost)
+                                                            : std::nullopt;
 }
 
 std::vector<Count> FindTooLong(const Demand& demand, const std::vector<Stock>& stocks) {

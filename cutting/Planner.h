@@ -3,6 +3,7 @@
 #include "cutting/Plan.h"
 
 #include <functional>
+#include <optional>
 
 namespace cutting {
 
@@ -23,8 +24,8 @@ using Planner = std::function<Plan(const Demand&, const std::vector<Stock>&, std
 Plan MakeFirstFitPlan(const Demand& demand, const std::vector<Stock>& stocks);
 
 /// The cost when bars are filled from the shortest piece up, on the longest stock without limit (or
-/// the longest, when all have one). Pieces that are longer do not count.
-Cost CostFromShortest(const Demand& demand, const std::vector<Stock>& stocks);
+/// the longest, when all have one). Nothing where that leaves pieces uncut.
+std::optional<Cost> CostFromShortest(const Demand& demand, const std::vector<Stock>& stocks);
 
 /// By mark: the pieces that no bar is long enough for; empty when there are none.
 std::vector<Count> FindTooLong(const Demand& demand, const std::vector<Stock>& stocks);

@@ -24,7 +24,7 @@ constexpr Key kGroupKeys[] = {
     Row<GroupTable, &Group::sortKeys>("sort", kGroupSortMeaning),
     Row<GroupTable, &Group::split>("split_by", "A section of its own, with its name behind the header lines, for the members of each profile, material or thickness.", {.defaultNote = "one section"}),
     Row<GroupTable, &Group::isNested>("nesting", "Whether the members are cut from stock bars, with a cutting list: those of one profile and material together."),
-    Row<GroupTable, &Group::plan>("plan", "Which pieces come from one bar. given: the order of the library, from the shortest piece up; for bars of 4000 mm without kerf and grips only. least: as few bars as possible, or the least cost of several stocks.", {.defaultNote = "\"least\" where a `[[stock]]` fits the profile and there is no `reserve`, else \"given\""}),
+    Row<GroupTable, &Group::plan>("plan", "Which pieces come from one bar. given: the order of the library, from the shortest piece up; for bars of 4000 mm without kerf and grips only. least: as few bars as possible, or the least cost of several stocks.", {.defaultNote = "\"least\" where a `[[stock]]` fits the profile, or a remnant the profile and material, and there is no `reserve`, else \"given\""}),
     Row<GroupTable, &Group::reserveLength>("reserve", "An off-cut that is not longer than this gets no further piece; with the plan \"given\" only.", {.range = kDistance, .unit = "mm"}),
 };
 

@@ -55,14 +55,13 @@ std::vector<PageFact> ProjectFacts(const CProjectInformation& project) {
     };
 }
 
-/// What the plans save beside the given order; nothing where that is the plan.
+/// What the plans save beside the given order; nothing where that is the plan or pieces are left.
 std::string SavingOf(const RunReport& report) {
     std::map<plugin::PlanUnit, const plugin::ProfilePlan*> planOfUnit;
     std::map<plugin::PlanUnit, cutting::Cost> savings;
     for (const RunPlan& plan : report.plans) {
         planOfUnit[plan.plan.unit] = &plan.plan;
-        savings[plan.plan.unit] +=
-            std::max(plan.plan.given - plan.plan.plan.cost, cutting::Cost{0});
+        savings[plan.plan.unit] += plan.plan.GetSaving();
     }
     std::vector<ZetString> texts;
     for (const auto& [unit, saving] : savings)
@@ -136,8 +135,12 @@ report::PlanBar BarOf(const plugin::ProfilePlan& plan,
     return bar;
 }
 
-/// What the plan saves beside the usual ways to fill bars.
+/// What the plan saves beside the usual ways to fill bars, or what it lacks.
 std::string SummaryOf(const plugin::ProfilePlan& plan) {
+    if (!plan.IsComplete())
+        return (DescribeCost(plan, plan.plan.cost) + L"; no bar is long enough or left for " +
+                DescribeUncut(plan))
+            .toUtf8();
     constexpr double kPercent = 100.0;
     return (DescribeCost(plan, plan.plan.cost) + L", " + DescribeProof(plan) + L"; used " +
             Number(TotalsOf(plan).GetUtilisation() * kPercent) + L" %; longest pieces first: " +
@@ -379,6 +382,7 @@ std::string MakeReportPage(const RunReport& report,
     page.name = job.name.toUtf8();
     page.project = ProjectFacts(project);
     page.totals = Totals(report);
+    page.uncut = static_cast<std::size_t>(report.CountUncut());
     page.tables = {GroupTable(report),
                    FileTable(report),
                    LeftOutTable(report, job),

@@ -50,6 +50,23 @@ Json PieceJson(const plugin::ProfilePlan& plan, const plugin::PieceOnBar& piece)
     };
 }
 
+Json CostJson(const plugin::ProfilePlan& plan, std::optional<cutting::Cost> cost) {
+    return cost ? Json(CostNumber(plan, *cost)) : Json();
+}
+
+Json UncutJson(const plugin::ProfilePlan& plan) {
+    Json parts = Json::array();
+    for (std::size_t part = 0; part < plan.plan.uncut.size(); ++part)
+        if (plan.plan.uncut[part] > 0)
+            parts.push_back({
+                {"mark",   plan.parts[part].mark.toUtf8()               },
+                {"member", plan.parts[part].member                      },
+                {"pieces", plan.plan.uncut[part]                        },
+                {"length", plugin::Millimetres(plan.demand[part].length)},
+            });
+    return parts;
+}
+
 /// Bars that are cut alike are one entry, with the pieces of its first bar.
 Json EntriesJson(const plugin::ProfilePlan& plan) {
     Json entries = Json::array();
@@ -110,7 +127,7 @@ Json RunJsonWriter::ToJson(const RunUnmadeFile& file) const {
 Json RunJsonWriter::ToJson(const RunFile& file) const {
     return {
         {"name",  m_isDocument ? m_report->WithinFolder(file.name) : file.name},
-        {"bytes", file.bytes ? Json(*file.bytes) : Json()            },
+        {"bytes", file.bytes ? Json(*file.bytes) : Json()                     },
     };
 }
 
@@ -151,6 +168,7 @@ Json RunJsonWriter::ToJson(const RunPlan& run) {
         {"bars",                     totals.bars                                                            },
         {"pieces",                   totals.pieces                                                          },
         {"uncut",                    totals.uncut                                                           },
+        {"uncutParts",               UncutJson(plan)                                                        },
         {"barLength",                totals.barLength                                                       },
         {"pieceLength",              totals.pieceLength                                                     },
         {"utilisation",              totals.GetUtilisation()                                                },
@@ -160,10 +178,10 @@ Json RunJsonWriter::ToJson(const RunPlan& run) {
         {"weight",                   plan.weightPerMetre > 0.0 ? Json(plan.weightPerMetre * metres) : Json()},
         {"unit",                     kUnitWords[static_cast<std::size_t>(plan.unit)]                        },
         {"cost",                     CostNumber(plan,                                                         plan.plan.cost)},
-        {"lowerBound",                          CostNumber(plan,                                                                                      plan.plan.bound)},
+        {"lowerBound",                          CostJson(plan,                                                                                      plan.GetBound())},
         {"provedLeast",          plan.plan.IsProvedLeast()},
-        {"firstFit",CostNumber(plan,                                                                    plan.firstFit)},
-        {"given",                    CostNumber(plan,          plan.given)},
+        {"firstFit",CostJson(plan,                                                                    plan.firstFit)},
+        {"given",                      CostJson(plan,            plan.given)},
         {"entries",                    EntriesJson(plan)                                                        },
     };
 }

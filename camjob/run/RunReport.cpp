@@ -47,6 +47,13 @@ long RunReport::CountInvalid() const {
     return count;
 }
 
+long RunReport::CountUncut() const {
+    long count = 0;
+    for (const RunPlan& plan : plans)
+        count += TotalsOf(plan.plan).uncut;
+    return count;
+}
+
 std::vector<RunFile> RunReport::FoldFiles() const {
     std::vector<RunFile> folded;
     std::map<std::string, std::pair<std::size_t, long>> folders;  // place and number of files
@@ -87,7 +94,8 @@ int RunReport::GetExitCode() const {
         case RunStatus::kFault:
             return kExitFault;
         default:
-            return CountInvalid() > 0 || !leftOut.empty() ? kExitInvalidMembers : kExitDone;
+            return CountInvalid() > 0 || CountUncut() > 0 || !leftOut.empty() ? kExitInvalidMembers
+                                                                              : kExitDone;
     }
 }
 

@@ -124,6 +124,8 @@ struct RunReport {
     /// For a run that came to no output after all.
     void DropResults();
     long CountInvalid() const;
+    /// Pieces that no bar is long enough or left for.
+    long CountUncut() const;
     /// For the table of a run: files that are many alike as one, by their folder.
     std::vector<RunFile> FoldFiles() const;
     /// Of all files that could be read.

@@ -126,13 +126,14 @@ ZetString NestTable(const RunReport& report, const Terminal& terminal) {
                       Number(totals.pieceLength / kMillimetresAMetre),
                       Number(totals.GetUtilisation() * kPercent),
                       DescribeCost(plan, plan.plan.cost),
-                      DescribeCost(plan, plan.plan.bound),
+                      DescribeCost(plan, plan.GetBound()),
                       DescribeCost(plan, plan.firstFit),
                       DescribeCost(plan, plan.given)});
         hasRemnants = hasRemnants || HasRemnants(plan);
         if (totals.uncut > 0)
             uncut += Line(Count(totals.uncut, L"piece") + L" of " + OneLine(NameOfProfile(plan)) +
-                          L" not cut: no bar is long enough, or none is left");
+                          (totals.uncut == 1 ? L" has" : L" have") +
+                          L" no bar, none is long enough or left: " + OneLine(DescribeUncut(plan)));
     }
     const ZetString text = table.Format(terminal);
     if (text.isEmpty())

@@ -101,7 +101,9 @@ ZetString MetreLine(const wchar_t* what, double millimetres) {
     return ZetString::format(L"%-22s: %.1f m", what, millimetres / kMillimetresAMetre);
 }
 
-ZetString CostLine(const ProfilePlan& plan, const wchar_t* what, cutting::Cost cost) {
+ZetString CostLine(const ProfilePlan& plan,
+                   const wchar_t* what,
+                   std::optional<cutting::Cost> cost) {
     return ZetString::format(L"%-22s: %s", what, DescribeCost(plan, cost));
 }
 
@@ -122,7 +124,7 @@ void AppendTotals(const ProfilePlan& plan, ZetArray<ZetString>& lines) {
                               L"Weight of all bars",
                               plan.weightPerMetre * totals.barLength / kMillimetresAMetre));
     lines.append(CostLine(plan, L"This plan", plan.plan.cost) + L" (" + DescribeProof(plan) + L")");
-    lines.append(CostLine(plan, L"No plan takes less", plan.plan.bound));
+    lines.append(CostLine(plan, L"No plan takes less", plan.GetBound()));
     lines.append(CostLine(plan, L"First-fit-decreasing", plan.firstFit));
     if (plan.kind == job::BarPlan::kLeast)
         lines.append(CostLine(plan, L"From the shortest up", plan.given));

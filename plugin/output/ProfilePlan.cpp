@@ -91,6 +91,10 @@ ZetArray<CMxParts> PartsToNest(const ProfilePlan& plan) {
     return parts;
 }
 
+std::optional<cutting::Cost> CostOfAll(const cutting::Plan& plan) {
+    return plan.uncut.empty() ? std::optional(plan.cost) : std::nullopt;
+}
+
 cutting::Plan MakeGivenPlan(const ProfilePlan& plan, const NestMaker& makeNests) {
     cutting::Plan given;
     std::map<std::vector<cutting::Cut>, std::size_t> known;
@@ -119,6 +123,14 @@ double Millimetres(cutting::Length length) {
     return static_cast<double>(length) / kUnits;
 }
 
+std::optional<cutting::Cost> ProfilePlan::GetBound() const {
+    return IsComplete() ? std::optional(plan.bound) : std::nullopt;
+}
+
+cutting::Cost ProfilePlan::GetSaving() const {
+    return IsComplete() && given ? std::max(*given - plan.cost, cutting::Cost{0}) : 0;
+}
+
 ProfilePlan MakeProfilePlan(const job::Job& job,
                             PartsOfProfile parts,
                             job::BarPlan kind,
@@ -131,13 +143,13 @@ ProfilePlan MakeProfilePlan(const job::Job& job,
     plan.unit = UnitOf(plan.stocks);
     for (const BarStock& stock : plan.stocks)
         plan.cutStocks.push_back(StockOf(stock, plan.unit));
-    plan.firstFit = cutting::MakeFirstFitPlan(plan.demand, plan.cutStocks).cost;
+    plan.firstFit = CostOfAll(cutting::MakeFirstFitPlan(plan.demand, plan.cutStocks));
     plan.given = cutting::CostFromShortest(plan.demand, plan.cutStocks);
     if (plan.kind == job::BarPlan::kLeast) {
         plan.plan = makers.least(plan.demand, plan.cutStocks, job.cutting.effort * kStepsOfEffort);
     } else {
         plan.plan = MakeGivenPlan(plan, makers.given);
-        plan.given = plan.plan.cost;
+        plan.given = CostOfAll(plan.plan);
     }
     return plan;
 }
@@ -223,16 +235,31 @@ double CostNumber(const ProfilePlan& plan, cutting::Cost cost) {
     return plan.unit == PlanUnit::kBars ? static_cast<double>(cost) : Millimetres(cost);
 }
 
-ZetString DescribeCost(const ProfilePlan& plan, cutting::Cost cost) {
-    const double number = CostNumber(plan, cost);
+ZetString DescribeCost(const ProfilePlan& plan, std::optional<cutting::Cost> cost) {
+    if (!cost)
+        return L"-";
+    const double number = CostNumber(plan, *cost);
     switch (plan.unit) {
         case PlanUnit::kBars:
-            return ZetString::format(L"%d %s", cost, cost == 1 ? L"bar" : L"bars");
+            return ZetString::format(L"%d %s", *cost, *cost == 1 ? L"bar" : L"bars");
         case PlanUnit::kLength:
             return ZetString::format(L"%.1f m", number / kUnits);
         default:
             return ZetString::format(L"%.3f", number);
     }
+}
+
+ZetString DescribeUncut(const ProfilePlan& plan) {
+    constexpr int kMostMarks = 20;
+    ZetString text;
+    int marks = 0;
+    for (std::size_t part = 0; part < plan.plan.uncut.size(); ++part)
+        if (const auto count = static_cast<long>(plan.plan.uncut[part]);
+            count > 0 && ++marks <= kMostMarks)
+            text += ZetString::format(
+                L"%s%d of %s", marks == 1 ? L"" : L", ", count, plan.parts[part].mark);
+    return marks > kMostMarks ? text + ZetString::format(L" and %d more marks", marks - kMostMarks)
+                              : text;
 }
 
 ZetString DescribeProof(const ProfilePlan& plan) {

@@ -10,6 +10,7 @@
 
 #include <cstddef>
 #include <functional>
+#include <optional>
 #include <vector>
 
 namespace plugin {
@@ -45,9 +46,15 @@ struct ProfilePlan : PartsOfProfile {
     std::vector<BarStock> stocks;
     std::vector<cutting::Stock> cutStocks;  ///< the same, as they are planned with
     cutting::Plan plan;
-    cutting::Cost firstFit = 0;  ///< cost of first-fit-decreasing
-    cutting::Cost given = 0;     ///< cost of the library's order, on the longest bars
-    long firstBar = 1;           ///< number of its first bar among the bars of the run
+    std::optional<cutting::Cost> firstFit;  ///< cost of first-fit-decreasing, of all pieces only
+    std::optional<cutting::Cost> given;  ///< of the library's order, on the longest bars; likewise
+    long firstBar = 1;                   ///< number of its first bar among the bars of the run
+
+    bool IsComplete() const { return plan.uncut.empty(); }
+    /// That no plan goes below; nothing where pieces are left.
+    std::optional<cutting::Cost> GetBound() const;
+    /// Beside the library's order, where both cut all pieces; 0: nothing, or not known.
+    cutting::Cost GetSaving() const;
 };
 
 /// Makes the library's nests of some parts.
@@ -116,10 +123,12 @@ double KeptLength(const ProfilePlan& plan, const cutting::PlannedBars& bars);
 
 /// "HAT60x1.2, S350GD", without a material "HAT60x1.2".
 ZetString NameOfProfile(const PartsOfProfile& parts);
-/// A cost of the plan: "12 bars", "144000 mm", "1250.5".
-ZetString DescribeCost(const ProfilePlan& plan, cutting::Cost cost);
+/// A cost of the plan: "12 bars", "144.0 m", "1250.500"; "-" where there is none to compare with.
+ZetString DescribeCost(const ProfilePlan& plan, std::optional<cutting::Cost> cost);
 /// "proved least", or how much above the least it may be.
 ZetString DescribeProof(const ProfilePlan& plan);
+/// The pieces that no bar is long enough or left for: "3 of A, 1 of B"; of many marks the first.
+ZetString DescribeUncut(const ProfilePlan& plan);
 /// A cost as a number in its unit: bars, mm or price.
 double CostNumber(const ProfilePlan& plan, cutting::Cost cost);
 

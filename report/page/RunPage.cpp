@@ -172,16 +172,24 @@ void RunPage::AddMember(const PageMember& member) {
         m_faulty.push_back({member.mark, member.state, member.findings});
 }
 
-/// The one sentence that says whether the job can go to the machine.
+/// The one sentence that says whether the job can go to the machine, and what steel it lacks.
 std::string RunPage::VerdictHtml() const {
     const std::string all = std::to_string(m_members.size());
-    if (m_invalid > 0)
-        return "<p class=\"verdict is-error\"><b>" + std::to_string(m_invalid) + " of " + all +
-               " members have errors and are not made.</b> The files hold the others.</p>";
-    if (m_withWarnings > 0)
-        return "<p class=\"verdict is-warning\"><b>All " + all + " members are made.</b> " +
-               std::to_string(m_withWarnings) + " have warnings.</p>";
-    return "<p class=\"verdict is-good\"><b>All " + all + " members are made.</b></p>";
+    std::string state = m_withWarnings > 0 ? "warning" : "good";
+    std::string text = "<b>All " + all + " members are made.</b>";
+    if (m_invalid > 0) {
+        state = "error";
+        text = "<b>" + std::to_string(m_invalid) + " of " + all +
+               " members have errors and are not made.</b> The files hold the others.";
+    } else if (m_withWarnings > 0) {
+        text += " " + std::to_string(m_withWarnings) + " have warnings.";
+    }
+    if (uncut > 0) {
+        state = "error";
+        text = "<b>" + std::to_string(uncut) + (uncut == 1 ? " piece has" : " pieces have") +
+               " no bar to be cut from.</b> " + text;
+    }
+    return "<p class=\"verdict is-" + state + "\">" + text + "</p>";
 }
 
 /// The worst first.

@@ -38,6 +38,7 @@ class RunPage {
     std::string name;               ///< of the job
     std::vector<PageFact> project;  ///< in order; those without a value are left out
     std::vector<PageFact> totals;   ///< the counts that everybody looks for first
+    std::size_t uncut = 0;          ///< pieces without a bar
     std::vector<CuttingPlan> plans;
     std::vector<PageTable> changes;  ///< against an earlier run
     PageTable planTotals;            ///< of all plans together

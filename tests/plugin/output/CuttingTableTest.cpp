@@ -253,6 +253,34 @@ TEST(CuttingPlans, LimitedBarsAreTakenOnce) {
               "Z200x2.0,S2,5946.5,1,job bar 3\r\n");
 }
 
+/// Other ways to cut are only told where they cut every piece, and a plan that lacks bars is
+/// compared with none.
+TEST(CuttingPlans, OnlyWholePlansAreCompared) {
+    job::Job job = SampleJob();
+    job.project.fileName = L"job";
+    job.groups[job::kFirstOwnGroup].isNested = true;
+    for (const auto& [shortBars, uncut] : std::vector<std::pair<long, const wchar_t*>>{
+             {2, L""      },
+             {1, L"1 of A"},
+             {0, L"2 of A"}
+    }) {
+        TempFolder folder;
+        job.stocks = {MakeStock(9000), MakeStock(6000)};
+        job.stocks[0].quantity = 1;
+        job.stocks[1].quantity = shortBars;
+        Part a(L"A");
+        plugin::JobRun run(job, folder.PathOf(""));
+        run.Add(a.Length(4000).Qty(4));
+        ASSERT_TRUE(run.Write(folder.PathOf("")));
+        const plugin::ProfilePlan& plan = run.GetPlans().front();
+        EXPECT_EQ(DescribeUncut(plan), uncut);
+        EXPECT_EQ(plan.GetBound().has_value(), plan.IsComplete());
+        EXPECT_EQ(plan.firstFit, std::nullopt);
+        EXPECT_EQ(plan.given, std::nullopt);
+        EXPECT_EQ(plan.GetSaving(), 0);
+    }
+}
+
 TEST(CuttingPlans, APieceLongerThanTheLongestStockIsAFinding) {
     TempFolder folder;
     job::Job job = SampleJob();
