@@ -1,6 +1,29 @@
 #include "job/JobMaker.h"
+#include "job/TextPattern.h"
+
+#include <algorithm>
+#include <string>
 
 namespace job {
+
+namespace {
+
+/// Whether one of the patterns covers the other.
+bool AreForOneProfile(const StockTable& a, const StockTable& b) {
+    const auto covers = [](const StockTable& wide, const StockTable& narrow) {
+        return MatchesPattern(narrow.profilePattern.view(), wide.profilePattern.view());
+    };
+    return covers(a, b) || covers(b, a);
+}
+
+/// Bars without end of one length, which the saw would cut in two ways.
+bool DoContradict(const StockTable& earlier, const StockTable& later) {
+    return earlier.isSound && !earlier.quantity && !later.quantity &&
+           earlier.length == later.length && earlier.kerf != later.kerf &&
+           AreForOneProfile(earlier, later);
+}
+
+}  // namespace
 
 void JobMaker::CheckPlan(const GroupTable& table) {
     RequireOf(table, table.isNested || !table.plan, "\"plan\" needs \"nesting = true\"");
@@ -17,6 +40,21 @@ void JobMaker::TakeStocks() {
     for (const StockTable& table : m_document.stocks) {
         CheckStock(table, m_document.stocks.front().price.has_value());
         m_job.stocks.push_back(table);
+    }
+    CheckKerfs();
+}
+
+void JobMaker::CheckKerfs() {
+    const auto& tables = m_document.stocks;
+    for (auto later = tables.begin(); later != tables.end(); ++later) {
+        const auto earlier = std::find_if(
+            tables.begin(), later, [&](const auto& table) { return DoContradict(table, *later); });
+        if (earlier != later)
+            RequireOf(*later,
+                      false,
+                      "the [[stock]] in line " + std::to_string(earlier->at.line) +
+                          " has as many bars of this length for the profile, with another "
+                          "\"kerf\"; take one out, or give one a \"quantity\"");
     }
 }
 

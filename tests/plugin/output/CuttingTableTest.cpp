@@ -261,7 +261,6 @@ TEST(CuttingPlans, OnlyWholePlansAreCompared) {
     job.groups[job::kFirstOwnGroup].isNested = true;
     for (const auto& [shortBars, uncut] : std::vector<std::pair<long, const wchar_t*>>{
              {2, L""      },
-             {1, L"1 of A"},
              {0, L"2 of A"}
     }) {
         TempFolder folder;
