@@ -245,7 +245,7 @@ void AddList(Totals& totals, const List& list, std::int64_t steps) {
         cheapest = std::min(cheapest, stock.cost);
     totals.gap += GapOf(plan.cost, plan.bound);
     totals.firstFitGap += GapOf(firstFit.cost, plan.bound);
-    totals.givenGap += GapOf(cutting::CostFromShortest(list.demand, list.stocks), plan.bound);
+    totals.givenGap += GapOf(*cutting::CostFromShortest(list.demand, list.stocks), plan.bound);
     totals.atBound += plan.cost == plan.bound ? 1 : 0;
     totals.oneAbove += plan.cost <= plan.bound + cheapest ? 1 : 0;
     totals.firstFitAtBound += firstFit.cost == plan.bound ? 1 : 0;

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <string>
+#include <tuple>
 
 namespace job {
 
@@ -18,8 +19,11 @@ bool AreForOneProfile(const StockTable& a, const StockTable& b) {
 
 /// Bars without end of one length, which the saw would cut in two ways.
 bool DoContradict(const StockTable& earlier, const StockTable& later) {
+    const auto cutOf = [](const StockTable& table) {
+        return std::tuple(table.kerf, table.gripStart, table.gripEnd);
+    };
     return earlier.isSound && !earlier.quantity && !later.quantity &&
-           earlier.length == later.length && earlier.kerf != later.kerf &&
+           earlier.length == later.length && cutOf(earlier) != cutOf(later) &&
            AreForOneProfile(earlier, later);
 }
 
@@ -41,10 +45,10 @@ void JobMaker::TakeStocks() {
         CheckStock(table, m_document.stocks.front().price.has_value());
         m_job.stocks.push_back(table);
     }
-    CheckKerfs();
+    CheckKerfsAndGrips();
 }
 
-void JobMaker::CheckKerfs() {
+void JobMaker::CheckKerfsAndGrips() {
     const auto& tables = m_document.stocks;
     for (auto later = tables.begin(); later != tables.end(); ++later) {
         const auto earlier = std::find_if(
@@ -53,8 +57,9 @@ void JobMaker::CheckKerfs() {
             RequireOf(*later,
                       false,
                       "the [[stock]] in line " + std::to_string(earlier->at.line) +
-                          " has as many bars of this length for the profile, with another "
-                          "\"kerf\"; take one out, or give one a \"quantity\"");
+                          " is of the same length for the same profile, with other \"kerf\" or "
+                          "grips, and neither has a \"quantity\"; take one out, or give one a "
+                          "\"quantity\"");
     }
 }
 

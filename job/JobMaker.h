@@ -40,7 +40,7 @@ class JobMaker {
     void TakeGroupFile(const PlacedText& reference, std::size_t file, Group& group);
     void TakeStocks();
     void CheckStock(const StockTable& table, bool hasPrice);
-    void CheckKerfs();
+    void CheckKerfsAndGrips();
     void CheckPlan(const GroupTable& table);
     void TakePatterns();
     void CheckPatternHole(const FixedPattern& pattern, const PatternHoleTable& hole);
