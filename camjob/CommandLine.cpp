@@ -113,10 +113,11 @@ void DescribeShow(CLI::App& command, Options& options) {
     command.add_option("FILE", options.show.files, "DSTV NC files, and folders of them")
         ->required();
     command
-        .add_option("--out",
-                    options.show.out,
-                    "File of the drawing, or folder of one drawing per NC file; "
-                    "without it one drawing goes to the standard output")
+        .add_option(
+            "--out",
+            options.show.out,
+            "File of the drawing, or folder of one drawing per NC file, in the folders "
+            "that those have below FILE; without it one drawing goes to the standard output")
         ->check(FaultOfFolder);
     command.add_flag("--dxf", options.show.asDxf, "Draw DXF (R12, mm) instead of SVG");
     command.add_option(

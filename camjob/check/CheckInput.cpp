@@ -1,7 +1,7 @@
 #include "camjob/check/CheckInput.h"
 
 #include "camjob/console/Paths.h"
-#include "camjob/console/ReportText.h"
+#include "camjob/console/ShownText.h"
 #include "camjob/input/JobReading.h"
 #include "dstv/NcReader.h"
 #include "job/BuiltInJob.h"
@@ -17,7 +17,7 @@ std::optional<job::Job> ReadRules(const std::string& name, OutputStream& err) {
     if (auto* job = std::get_if<job::Job>(&result))
         return std::move(*job);
     for (const job::JobError& error : std::get<std::vector<job::JobError>>(result))
-        err.Write(Printable(OneLine(ZetString::fromUtf8(job::DescribeJobError(error)))) + "\n");
+        WriteLine(err, ZetString::fromUtf8(job::DescribeJobError(error)));
     return {};
 }
 
@@ -32,7 +32,7 @@ std::variant<dstv::NcFileEntity, dstv::NcError> ReadEntity(const std::string& na
 }
 
 void WriteError(const dstv::NcError& error, OutputStream& err) {
-    err.Write(Printable(OneLine(error.describe()) + L"\n"));
+    WriteLine(err, error.describe());
     for (const dstv::NcError& further : error.further)
         WriteError(further, err);
 }

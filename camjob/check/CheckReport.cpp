@@ -413,6 +413,11 @@ void TellAssemblies(dstv::NcFileEntity& entity, const job::Job& job) {
 
 }  // namespace
 
+bool CheckReport::HasErrors() const {
+    return std::any_of(
+        findings.begin(), findings.end(), [](const auto& finding) { return finding.IsError(); });
+}
+
 CheckReport ReportOf(const dstv::NcFileEntity& entity,
                      const ZetNCCreator& creator,
                      const plugin::JobMember& member,

@@ -118,6 +118,9 @@ struct CheckReport {
     std::vector<plugin::Finding> findings;     ///< in the order in which they were found
     std::optional<JudgementReport> judgement;  ///< nothing: checked without a job
     std::vector<FaceReport> faces;  ///< in the order of the views; only faces with something
+
+    /// Some finding makes the member invalid.
+    bool HasErrors() const;
 };
 
 /// A report, or why there is none.

@@ -13,12 +13,9 @@ void CheckSummary::Add(const CheckReport& report) {
     }
     for (const NotchReport& notch : report.notches)
         notches += notch.isDuplicate ? 0 : 1;
-    bool isValid = true;
-    for (const plugin::Finding& finding : report.findings) {
-        isValid = isValid && !finding.IsError();
+    for (const plugin::Finding& finding : report.findings)
         warnings += !finding.IsError() && finding.IsPrinted() ? 1 : 0;
-    }
-    invalidMembers += isValid ? 0 : 1;
+    invalidMembers += report.HasErrors() ? 1 : 0;
     for (const dstv::NcNote& note : report.notes)
         ++(note.severity == dstv::NcNote::Severity::kWarning ? warnings : notes);
 }

@@ -2,8 +2,8 @@
 
 #include "camjob/check/CheckInput.h"
 #include "camjob/check/FindingText.h"
-#include "camjob/console/Colour.h"
 #include "camjob/console/ReportText.h"
+#include "camjob/console/ShownText.h"
 #include "camjob/console/TextTable.h"
 
 #include <algorithm>
@@ -268,7 +268,7 @@ void CheckTextWriter::AddRead(const CheckReport& report) {
                     CutTable(report.cuts, terminal),
                     FindingLines(report, terminal),
                     FaceLines(report.faces)});
-    m_out.Write(Coloured(Printable(text + L"\n")));
+    WriteText(m_out, text + L"\n");
 }
 
 void CheckTextWriter::AddRefused(const dstv::NcError& error) {
@@ -279,8 +279,9 @@ void CheckTextWriter::AddRefused(const dstv::NcError& error) {
 
 void CheckTextWriter::End(const CheckSummary& summary) {
     const bool isOnlyFile = summary.filesRead + summary.filesRefused == 1;
-    m_out.Write(Printable(isOnlyFile ? ClosingLine(summary)
-                                     : Paragraphs({CountLines(summary), RefusedLines(summary)})));
+    WriteText(m_out,
+              isOnlyFile ? ClosingLine(summary)
+                         : Paragraphs({CountLines(summary), RefusedLines(summary)}));
 }
 
 }  // namespace camjob

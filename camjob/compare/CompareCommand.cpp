@@ -5,6 +5,7 @@
 #include "camjob/compare/OutputFile.h"
 #include "camjob/console/ExitCode.h"
 #include "camjob/console/ReportText.h"
+#include "camjob/console/ShownText.h"
 
 #include <limits>
 #include <unordered_map>
@@ -17,7 +18,7 @@ namespace {
 constexpr const char* kSchema = "camjob-compare/1";
 
 int Refuse(const NoOutput& none, OutputStream& err) {
-    err.Write("camjob: " + Printable(OneLine(ZetString::fromUtf8(none.message))) + "\n");
+    WriteLine(err, L"camjob: " + ZetString::fromUtf8(none.message));
     return kExitBadInput;
 }
 
@@ -49,8 +50,7 @@ int RunCompare(const CompareOptions& options, OutputStream& out, OutputStream& e
         document.update(ChangesJson(found, options.older));
         out.Write(Dump(document, 1) + "\n");
     } else {
-        out.Write(
-            Printable(ChangesText(found, std::numeric_limits<long>::max(), out.GetTerminal())));
+        WriteText(out, ChangesText(found, std::numeric_limits<long>::max(), out.GetTerminal()));
     }
     return kExitDone;
 }

@@ -1,5 +1,6 @@
 #include "camjob/console/Colour.h"
 
+#include <algorithm>
 #include <array>
 #include <cstdlib>
 
@@ -17,6 +18,10 @@ ZetString Toned(const ZetString& text, Tone tone, bool hasColour) {
         return text;
     return ZetString(kToneMarks[static_cast<std::size_t>(tone)], 1) + text +
            ZetString(kToneMarks[0], 1);
+}
+
+bool IsToneMark(wchar_t c) {
+    return std::find(kToneMarks.begin(), kToneMarks.end(), c) != kToneMarks.end();
 }
 
 std::string Coloured(std::string text) {

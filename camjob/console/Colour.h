@@ -15,6 +15,8 @@ enum class Tone { kPlain, kWarning, kError };
 
 /// A text that Coloured gives the colour of its tone; the text itself without colour.
 ZetString Toned(const ZetString& text, Tone tone, bool hasColour);
+/// True for what Toned leaves around a text.
+bool IsToneMark(wchar_t c);
 /// What terminals make colours of in the place of what Toned has left. After Printable, which
 /// would show it.
 std::string Coloured(std::string text);

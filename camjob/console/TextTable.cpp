@@ -1,6 +1,7 @@
 #include "camjob/console/TextTable.h"
 
 #include "camjob/console/ReportText.h"
+#include "camjob/console/TextWrap.h"
 
 #include <algorithm>
 #include <numeric>
@@ -14,13 +15,6 @@ namespace {
 
 constexpr const wchar_t* kGap = L"  ";
 
-/// Characters, not the two halves that one beyond U+FFFF has in some systems' text.
-long DisplayedLength(const ZetString& text) {
-    return static_cast<long>(std::count_if(text.view().begin(), text.view().end(), [](wchar_t c) {
-        return (static_cast<unsigned long>(c) & 0xFC00UL) != 0xDC00UL;
-    }));
-}
-
 ZetString WithoutTrailingBlanks(const ZetString& text) {
     const std::size_t last = text.view().find_last_not_of(L' ');
     return text.left(last == std::wstring_view::npos ? 0 : static_cast<long>(last) + 1);
@@ -29,54 +23,12 @@ ZetString WithoutTrailingBlanks(const ZetString& text) {
 /// A word of more characters may be broken.
 constexpr long kLongestWord = 16;
 
-std::vector<ZetString> WordsOf(const ZetString& text) {
-    std::vector<ZetString> words;
-    const std::wstring_view all = text.view();
-    for (std::size_t start = 0; start <= all.size();) {
-        const std::size_t end = std::min(all.find(L' ', start), all.size());
-        if (end > start)
-            words.emplace_back(all.substr(start, end - start));
-        start = end + 1;
-    }
-    return words;
-}
-
 /// The width that a text can give way to.
 long LeastWidth(const ZetString& text) {
     long least = 0;
     for (const ZetString& word : WordsOf(text))
         least = std::max(least, std::min(DisplayedLength(word), kLongestWord));
     return least;
-}
-
-/// The first characters of a text, and what is left of it.
-std::pair<ZetString, ZetString> SplitAt(const ZetString& text, long width) {
-    const std::wstring_view all = text.view();
-    std::size_t end = 0;
-    while (end < all.size() && DisplayedLength(ZetString(all.substr(0, end + 1))) <= width)
-        ++end;
-    return {ZetString(all.substr(0, end)), ZetString(all.substr(end))};
-}
-
-/// The lines of a text, broken between words where it can be.
-std::vector<ZetString> Wrapped(const ZetString& text, long width) {
-    if (DisplayedLength(text) <= width)
-        return {text};
-    std::vector<ZetString> lines;
-    for (ZetString word : WordsOf(text)) {
-        const bool isFirst = lines.empty();
-        if (!isFirst && DisplayedLength(lines.back()) + 1 + DisplayedLength(word) <= width) {
-            lines.back() += L" " + word;
-            continue;
-        }
-        while (DisplayedLength(word) > width) {
-            auto [line, rest] = SplitAt(word, width);
-            lines.push_back(std::move(line));
-            word = std::move(rest);
-        }
-        lines.push_back(std::move(word));
-    }
-    return lines;
 }
 
 }  // namespace

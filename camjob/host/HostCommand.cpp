@@ -4,6 +4,7 @@
 #include "camjob/console/ExitCode.h"
 #include "camjob/console/Paths.h"
 #include "camjob/console/ReportText.h"
+#include "camjob/console/ShownText.h"
 #include "camjob/host/HostPrinting.h"
 #include "camjob/host/HostedParts.h"
 #include "camjob/host/PluginModule.h"
@@ -108,9 +109,10 @@ int Host::RunIn(const std::string& folder, RunFunction run, const HostedParts& p
         return Refuse(folder + ": the folder cannot be made" +
                           (error ? ": " + error.message() : ": a file has its name"),
                       kExitNotWritten);
-    m_out.Write(Printable(Count(static_cast<long>(parts.GetEntities().size()), L"part") + L" for " +
-                          OneLine(ZetString::fromUtf8(m_options.plugin)) + L"\n\n" +
-                          parts.Describe() + L"\n"));
+    WriteText(
+        m_out,
+        (Count(static_cast<long>(parts.GetEntities().size()), L"part") + L" for " +
+         OneLine(ZetString::fromUtf8(m_options.plugin)) + L"\n\n" + parts.Describe() + L"\n"));
     // Before a fault of the plug-in can end the program.
     m_out.Flush();
     const std::optional<int> result = Call(run, folder, parts);
@@ -157,7 +159,7 @@ std::string Host::FolderName() const {
 }
 
 int Host::Refuse(const std::string& message, ExitCode code) {
-    m_err.Write(Printable(OneLine(ZetString::fromUtf8("camjob: " + message))) + "\n");
+    WriteLine(m_err, ZetString::fromUtf8("camjob: " + message));
     return code;
 }
 

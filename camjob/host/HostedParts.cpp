@@ -3,6 +3,7 @@
 #include "camjob/check/CheckInput.h"
 #include "camjob/console/Paths.h"
 #include "camjob/console/ReportText.h"
+#include "camjob/console/ShownText.h"
 #include "camjob/console/TextTable.h"
 #include "camjob/input/JobReading.h"
 #include "dstv/NcAssemblies.h"
@@ -32,10 +33,9 @@ void HostedParts::Read(const std::string& file, const job::Job& job, OutputStrea
     m_entities.push_back(&m_parts.back());
     for (const dstv::NcNote& note : m_parts.back().getPart().notes)
         if (note.severity == dstv::NcNote::Severity::kWarning)
-            err.Write(
-                Printable(OneLine(ZetString::format(
-                    L"%s:%d: warning: %s", ZetString::fromUtf8(file), note.line, note.text))) +
-                "\n");
+            WriteLine(err,
+                      ZetString::format(
+                          L"%s:%d: warning: %s", ZetString::fromUtf8(file), note.line, note.text));
 }
 
 /// A part that no file has is left out: who debugs a plug-in may be content with some files of a
@@ -50,9 +50,10 @@ void HostedParts::Attach(const job::Job& job, OutputStream& err) {
             continue;
         assemblies.attach(part);
         if (!assemblies.isComplete(mark))
-            err.Write(Printable(ZetString::format(
-                L"camjob: main part \"%s\": no file has some of the parts of its assembly\n",
-                mark)));
+            WriteLine(err,
+                      ZetString::format(L"camjob: main part \"%s\": no file has some of the parts "
+                                        L"of its assembly",
+                                        mark));
     }
 }
 

@@ -3,6 +3,7 @@
 #include "camjob/console/ExitCode.h"
 #include "camjob/console/Paths.h"
 #include "camjob/console/ReportText.h"
+#include "camjob/console/ShownText.h"
 #include "camjob/disk/RevocableFiles.h"
 #include "camjob/init/JobDraftText.h"
 #include "camjob/init/NcSurvey.h"
@@ -99,7 +100,7 @@ class InitRun {
     }
 
     int Refuse(const std::string& text) {
-        m_err.Write(Printable(OneLine(ZetString::fromUtf8("camjob: " + text))) + "\n");
+        WriteLine(m_err, ZetString::fromUtf8("camjob: " + text));
         return kExitBadInput;
     }
 
@@ -118,7 +119,7 @@ class InitRun {
     }
 
     int WriteDraftedJob() {
-        auto [files, faults] = FindNcFiles(m_options.from);
+        auto [files, folders, faults] = FindNcFiles(m_options.from);
         for (const dstv::NcError& fault : faults)
             Refuse(fault.describe().toUtf8());
         if (!faults.empty())
@@ -127,7 +128,7 @@ class InitRun {
             files.push_back(NameOf(sample.name));
         const JobDraft draft = DraftJob(SurveyNcFiles(EachOnce(files)), m_folder);
         for (const RefusedFile& file : draft.leftOut)
-            m_err.Write(Printable(OneLine(ZetString::fromUtf8(file.reason))) + "\n");
+            WriteLine(m_err, ZetString::fromUtf8(file.reason));
         m_fileCount = draft.fileCount;
         m_leftOut = draft.leftOut.size();
         if (draft.fileCount == 0)

@@ -80,10 +80,12 @@ FoundNcFiles FindNcFiles(const std::vector<std::string>& names) {
     FoundNcFiles found;
     for (const std::string& name : names) {
         std::error_code ignored;
-        if (fs::is_directory(PathFromUtf8(name), ignored))
+        const bool isFolder = fs::is_directory(PathFromUtf8(name), ignored);
+        if (isFolder)
             FolderSearch(found).Find(name);
         else
             found.files.push_back(name);
+        found.folders.resize(found.files.size(), isFolder ? name : "");
     }
     return found;
 }

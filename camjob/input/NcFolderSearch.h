@@ -10,6 +10,7 @@ namespace camjob {
 /// What names of files and folders stand for.
 struct FoundNcFiles {
     std::vector<std::string> files;
+    std::vector<std::string> folders;  ///< by file: the given one that it was found in; "": none
     /// Folders without any, and those that cannot be listed, so that files may be missing.
     std::vector<dstv::NcError> faults;
 };

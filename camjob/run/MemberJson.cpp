@@ -110,6 +110,8 @@ Json FeaturesJson(const RunReport& report, std::size_t index) {
         for (auto at = begin; at != end; ++at) {
             const report::DrawnFeature& part = *at->second;
             if (HasAccount(part)) {
+                // A round opening is a hole.
+                object["kind"] = WordOf(part.kind);
                 AddDrawn(object, drawing, part);
                 continue;
             }

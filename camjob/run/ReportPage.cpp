@@ -71,12 +71,12 @@ std::string SavingOf(const RunReport& report) {
 }
 
 std::vector<PageFact> Totals(const RunReport& report) {
-    long pieces = 0;
+    plugin::SteelTotals steel;
     long valid = 0;
     long withWarnings = 0;
     long nonStandard = 0;
     for (const RunGroup& group : report.groups) {
-        pieces += group.result.steel.pieces;
+        steel += group.result.steel;
         valid += group.result.members - group.result.invalid;
         withWarnings += group.result.withWarnings;
         nonStandard += group.result.nonStandard;
@@ -90,7 +90,9 @@ std::vector<PageFact> Totals(const RunReport& report) {
         {"Invalid",       Text(report.CountInvalid())                    },
         {"With warnings", Text(withWarnings)                             },
         {"Non-standard",  Text(nonStandard)                              },
-        {"Pieces",        Text(pieces)                                   },
+        {"Pieces",        Text(steel.pieces)                             },
+        {"Metres",        steel.ShowMetres().toUtf8()                    },
+        {"Tonnes",        steel.ShowTonnes().toUtf8()                    },
         {"Bars",          report.plans.empty() ? "" : Text(bars)         },
         {"Plans save",    SavingOf(report)                               },
         {"NC files read", Text(report.input.filesRead)                   },
@@ -101,17 +103,39 @@ std::vector<PageFact> Totals(const RunReport& report) {
 PageTable GroupTable(const RunReport& report) {
     PageTable table = {
         "Groups",
-        {"Group",          "Members", "Invalid", "Pieces", "With warnings", "Non-standard"},
-        {},
+        {"Group",
+          "Members", "Invalid",
+          "Pieces", "Metres",
+          "Tonnes", "With warnings",
+          "Non-standard"},
+        { },
         ""
     };
+    table.firstNumber = 1;
     for (const RunGroup& group : report.groups)
         table.rows.push_back({group.name.toUtf8(),
                               Text(group.result.members),
                               Text(group.result.invalid),
                               Text(group.result.steel.pieces),
+                              group.result.steel.ShowMetres().toUtf8(),
+                              group.result.steel.ShowTonnes().toUtf8(),
                               Text(group.result.withWarnings),
                               Text(group.result.nonStandard)});
+    return table;
+}
+
+PageTable ProfileTable(const RunReport& report) {
+    PageTable table = {
+        "Steel by profile", {"Profile",  "Pieces", "Metres", "Tonnes"},
+         {},
+         ""
+    };
+    table.firstNumber = 1;
+    for (const plugin::ProfileResult& profile : report.profiles)
+        table.rows.push_back({profile.profileName.toUtf8(),
+                              Text(profile.steel.pieces),
+                              profile.steel.ShowMetres().toUtf8(),
+                              profile.steel.ShowTonnes().toUtf8()});
     return table;
 }
 
@@ -384,6 +408,7 @@ std::string MakeReportPage(const RunReport& report,
     page.totals = Totals(report);
     page.uncut = static_cast<std::size_t>(report.CountUncut());
     page.tables = {GroupTable(report),
+                   ProfileTable(report),
                    FileTable(report),
                    LeftOutTable(report, job),
                    NoteTable(report),

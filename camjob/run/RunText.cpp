@@ -2,8 +2,8 @@
 
 #include "camjob/check/FindingText.h"
 #include "camjob/compare/ChangesText.h"
-#include "camjob/console/Colour.h"
 #include "camjob/console/ReportText.h"
+#include "camjob/console/ShownText.h"
 #include "camjob/console/TextTable.h"
 
 #include <algorithm>
@@ -54,13 +54,12 @@ plugin::GroupResult SumOf(const std::vector<RunGroup>& groups) {
 void AddGroupRow(TextTable& table, const ZetString& name, const plugin::GroupResult& group) {
     table.AddRow({name,
                   Integer(group.members),
-                  Integer(group.members - group.invalid),
+                  Integer(group.invalid),
                   Integer(group.steel.pieces),
                   group.steel.ShowMetres(),
                   group.steel.ShowTonnes(),
                   Integer(group.withWarnings),
-                  Integer(group.nonStandard),
-                  Integer(group.invalid)},
+                  Integer(group.nonStandard)},
                  group.invalid > 0        ? Tone::kError
                  : group.withWarnings > 0 ? Tone::kWarning
                                           : Tone::kPlain);
@@ -70,13 +69,12 @@ ZetString GroupTable(const RunReport& report, const Terminal& terminal) {
     TextTable table({
         {L"group",         Align::kLeft },
         {L"members",       Align::kRight},
-        {L"valid",         Align::kRight},
+        {L"invalid",       Align::kRight},
         {L"pieces",        Align::kRight},
         {L"metres",        Align::kRight},
         {L"tonnes",        Align::kRight},
         {L"with warnings", Align::kRight},
-        {L"non-standard",  Align::kRight},
-        {L"invalid",       Align::kRight}
+        {L"non-standard",  Align::kRight}
     });
     for (const RunGroup& group : report.groups)
         AddGroupRow(table, group.name, group.result);
@@ -307,8 +305,7 @@ ZetString FileTable(const RunReport& report, const Terminal& terminal) {
 }
 
 void WriteMessage(const std::string& text, OutputStream& err, Tone tone = Tone::kPlain) {
-    const ZetString line = OneLine(ZetString::fromUtf8(text));
-    err.Write(Coloured(Printable(Toned(line, tone, err.GetTerminal().hasColour))) + "\n");
+    WriteLine(err, ZetString::fromUtf8(text), tone);
 }
 
 /// Warnings for which the job refuses a file are told as faults.
@@ -362,24 +359,24 @@ void WriteRunText(const RunReport& report, bool showsNotes, OutputStream& out, O
     for (const RunFault& fault : report.faults)
         WriteMessage(fault.message, err, Tone::kError);
     if (report.status != RunStatus::kDone)
-        err.Write(Printable(SettingLines(report)));
+        WriteText(err, SettingLines(report));
     if (report.status == RunStatus::kDone && !report.uncompared.empty())
         WriteMessage("camjob: " + report.uncompared + "; what has changed is not told", err);
     if (report.status == RunStatus::kDone)
-        out.Write(
-            Coloured(Printable(Paragraphs({InputLine(report),
-                                           SettingLines(report),
-                                           LeftOutLines(report),
-                                           GroupTable(report, terminal),
-                                           UnmadeTable(report, terminal),
-                                           FindingLines(report, kErrorList),
-                                           FindingLines(report, kWarningList),
-                                           ProfileTable(report, terminal),
-                                           SinglePartTable(report, terminal),
-                                           NestTable(report, terminal),
-                                           ChangesOf(report, terminal),
-                                           FileTable(report, terminal),
-                                           DescribeAccounts(report.SumAccounts()) + L"\n"}))));
+        WriteText(out,
+                  Paragraphs({InputLine(report),
+                              SettingLines(report),
+                              LeftOutLines(report),
+                              GroupTable(report, terminal),
+                              UnmadeTable(report, terminal),
+                              FindingLines(report, kErrorList),
+                              FindingLines(report, kWarningList),
+                              ProfileTable(report, terminal),
+                              SinglePartTable(report, terminal),
+                              NestTable(report, terminal),
+                              ChangesOf(report, terminal),
+                              FileTable(report, terminal),
+                              DescribeAccounts(report.SumAccounts()) + L"\n"}));
     else if (const std::string closing = ClosingMessage(report); !closing.empty())
         WriteMessage(closing, err);
 }

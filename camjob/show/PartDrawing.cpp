@@ -3,6 +3,7 @@
 #include "camjob/check/FaceWords.h"
 #include "camjob/console/ReportText.h"
 #include "dstv/NcGeometry.h"
+#include "report/drawing/ArcEdges.h"
 
 #include <algorithm>
 #include <array>
@@ -76,27 +77,8 @@ report::Polyline PolylineOf(const Points& points) {
     return line;
 }
 
-/// Around a line.
-struct Box {
-    report::Point low;
-    report::Point high;
-
-    report::Point Middle() const { return {(low.x + high.x) / 2.0, (low.y + high.y) / 2.0}; }
-};
-
-Box BoxOf(const report::Polyline& line) {
-    if (line.empty())
-        return {};
-    Box box = {line.front(), line.front()};
-    for (const report::Point& point : line) {
-        box.low = {std::min(box.low.x, point.x), std::min(box.low.y, point.y)};
-        box.high = {std::max(box.high.x, point.x), std::max(box.high.y, point.y)};
-    }
-    return box;
-}
-
 report::Point MiddleOf(const report::Polyline& line) {
-    return BoxOf(line).Middle();
+    return report::BoxOf(line).Middle();
 }
 
 FeatureState StateOf(const HoleReport& hole) {
@@ -279,11 +261,14 @@ void DrawingMaker::AddHolesOfOpenings(const ZetNCView& view) {
         if (hole == m_holeOfLine.end() || drawn.count(contour.hostTag) > 0)
             continue;
         DrawnFeature feature;
-        feature.kind = FeatureKind::kOpening;
         feature.face = m_faceOfPosition.at(view.getViewPos());
         feature.line = contour.hostTag;
-        feature.outline = PolylineOf(contour);
-        feature.at = MiddleOf(feature.outline);
+        const Polyline outline = PolylineOf(contour);
+        feature.at = MiddleOf(outline);
+        if (hole->second->length) {
+            feature.kind = FeatureKind::kRectangle;
+            feature.outline = outline;
+        }
         TakeReport(feature);
         m_drawing.features.push_back(std::move(feature));
     }
@@ -398,7 +383,7 @@ void DrawingMaker::AddOutlines(const ZetNCView& view) {
         feature.face = m_faceOfPosition.at(view.getViewPos());
         feature.line = contour.hostTag;
         feature.outline = PolylineOf(contour);
-        const Box box = BoxOf(feature.outline);
+        const report::Box box = report::BoxOf(feature.outline);
         feature.at = box.Middle();
         feature.told = feature.at;
         feature.length = box.high.x - box.low.x;
@@ -420,7 +405,7 @@ void DrawingMaker::AddTrims() {
 }
 
 DrawnFeature DrawingMaker::TrimOf(const CutReport& cut, const DrawnFeature& outline) const {
-    const auto [low, high] = BoxOf(outline.outline);
+    const auto [low, high] = report::BoxOf(outline.outline);
     const double width = m_drawing.faces[outline.face].width;
     const double length = m_drawing.length;
     const std::map<std::wstring_view, Polyline> lines = {

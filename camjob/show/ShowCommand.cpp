@@ -32,6 +32,15 @@ std::wstring RealName(const fs::path& path) {
     return job::SmallLetters(ZetString::fromUtf8(name));
 }
 
+/// Of a file without its ending, with the folders below the given one that it was found in.
+std::string NameBelow(const FoundNcFiles& found, std::size_t index) {
+    const fs::path file = PathFromUtf8(found.files[index]);
+    const std::string& folder = found.folders[index];
+    const fs::path below =
+        folder.empty() ? file.filename() : file.lexically_relative(PathFromUtf8(folder));
+    return Utf8FromPath((below.parent_path() / below.stem()).generic_u8string());
+}
+
 class Shower {
   public:
     Shower(const ShowOptions& options, OutputStream& out, OutputStream& err)
@@ -56,7 +65,7 @@ class Shower {
     const ShowOptions& m_options;
     OutputStream& m_out;
     OutputStream& m_err;
-    std::vector<std::string> m_files;
+    FoundNcFiles m_found;
     int m_code = kExitDone;
     std::vector<std::string> m_targets;  ///< by file; "": the standard output
     /// By their real names; filled when a target is there already.
@@ -68,22 +77,21 @@ int Shower::Run() {
     if (!job)
         return kExitBadInput;
     FindFiles();
-    if (m_files.empty() || !FindTargets())
+    if (m_found.files.empty() || !FindTargets())
         return kExitBadInput;
     plugin::UseTolerances(job->tolerances);
     return DrawAll(plugin::JudgingRules(*job));
 }
 
 int Shower::DrawAll(const plugin::JudgingRules& rules) {
-    for (std::size_t i = 0; i < m_files.size() && m_code != kExitNotWritten; ++i)
+    for (std::size_t i = 0; i < m_found.files.size() && m_code != kExitNotWritten; ++i)
         m_code = std::max(m_code, DrawFile(i, {rules, !m_options.job.empty()}));
     return m_code;
 }
 
 void Shower::FindFiles() {
-    FoundNcFiles found = FindNcFiles(m_options.files);
-    m_files = std::move(found.files);
-    for (const dstv::NcError& fault : found.faults) {
+    m_found = FindNcFiles(m_options.files);
+    for (const dstv::NcError& fault : m_found.faults) {
         WriteError(fault, m_err);
         m_code = kExitBadInput;
     }
@@ -93,14 +101,14 @@ void Shower::FindFiles() {
 bool Shower::IsFile() const {
     const fs::path out = PathFromUtf8(m_options.out);
     std::error_code ignored;
-    return m_files.size() == 1 && !fs::is_directory(out, ignored) &&
+    return m_found.files.size() == 1 && !fs::is_directory(out, ignored) &&
            (out.extension() == ".svg" || out.extension() == ".dxf");
 }
 
 bool Shower::FindTargets() {
     if (m_options.out.empty()) {
         m_targets = {""};
-        return m_files.size() == 1 || Refuse("several drawings need a folder: say --out DIR");
+        return m_found.files.size() == 1 || Refuse("several drawings need a folder: say --out DIR");
     }
     const char* ending = m_options.asDxf ? ".dxf" : ".svg";
     if (IsFile()) {
@@ -110,9 +118,8 @@ bool Shower::FindTargets() {
                                (m_options.asDxf ? "" : ", or say --dxf"))) &&
                !HasClash();
     }
-    for (const std::string& file : m_files)
-        m_targets.push_back(
-            NameIn(m_options.out, Utf8FromPath(PathFromUtf8(file).filename().stem()) + ending));
+    for (std::size_t i = 0; i < m_found.files.size(); ++i)
+        m_targets.push_back(NameIn(m_options.out, NameBelow(m_found, i) + ending));
     return !HasClash();
 }
 
@@ -120,9 +127,9 @@ bool Shower::FindTargets() {
 bool Shower::HasClash() {
     std::map<std::string, std::string> fileOfTarget;
     for (std::size_t i = 0; i < m_targets.size(); ++i) {
-        const auto [at, isNew] = fileOfTarget.insert({m_targets[i], m_files[i]});
+        const auto [at, isNew] = fileOfTarget.insert({m_targets[i], m_found.files[i]});
         if (!isNew)
-            return !Refuse(at->second + " and " + m_files[i] + " would both become " +
+            return !Refuse(at->second + " and " + m_found.files[i] + " would both become " +
                            m_targets[i]);
         if (WouldReplaceInput(m_targets[i]))
             return !Refuse("the drawing would replace " + m_targets[i]);
@@ -137,7 +144,7 @@ bool Shower::WouldReplaceInput(const std::string& target) {
     if (!fs::exists(path, ignored))
         return false;
     if (m_fileOfName.empty())
-        for (const std::string& file : m_files)
+        for (const std::string& file : m_found.files)
             m_fileOfName.insert({RealName(PathFromUtf8(file)), PathFromUtf8(file)});
     const auto [begin, end] = m_fileOfName.equal_range(RealName(path));
     return std::any_of(
@@ -150,7 +157,7 @@ bool Shower::Refuse(const std::string& message) {
 }
 
 int Shower::DrawFile(std::size_t index, const CheckRules& rules) {
-    auto entity = ReadEntity(m_files[index], rules.rules.GetJob());
+    auto entity = ReadEntity(m_found.files[index], rules.rules.GetJob());
     CheckResult result = dstv::NcError();
     if (auto* read = std::get_if<dstv::NcFileEntity>(&entity))
         result = MakeCheckReport(*read, rules);
@@ -160,9 +167,10 @@ int Shower::DrawFile(std::size_t index, const CheckRules& rules) {
         WriteError(*error, m_err);
         return kExitBadInput;
     }
-    return WriteDrawing(m_targets[index],
-                        DrawingText(DrawingOf(std::get<dstv::NcFileEntity>(entity),
-                                              std::get<CheckReport>(result))));
+    const auto& report = std::get<CheckReport>(result);
+    const int code = WriteDrawing(
+        m_targets[index], DrawingText(DrawingOf(std::get<dstv::NcFileEntity>(entity), report)));
+    return std::max<int>(code, report.HasErrors() ? kExitInvalidMembers : kExitDone);
 }
 
 int Shower::WriteDrawing(const std::string& target, const std::string& text) {

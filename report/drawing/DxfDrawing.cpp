@@ -1,5 +1,6 @@
 #include "report/drawing/DxfDrawing.h"
 
+#include "report/drawing/ArcEdges.h"
 #include "report/drawing/DrawingText.h"
 
 #include <algorithm>
@@ -98,12 +99,6 @@ std::string TextOf(const std::string& text) {
     return plain;
 }
 
-/// A corner of a polyline with the arc that starts there: 1 for a half circle.
-struct Vertex {
-    Point at;
-    double bulge = 0.0;
-};
-
 class DxfWriter {
   public:
     explicit DxfWriter(const MemberDrawing& drawing);
@@ -176,12 +171,10 @@ void DxfWriter::AddPolyline(std::size_t face,
 
 /// The closing point of an outline is the flag of the polyline.
 void DxfWriter::AddOutline(std::size_t face, const Layer& layer, const Polyline& outline) {
-    std::vector<Vertex> vertices;
-    for (const Point& point : outline)
-        vertices.push_back({point});
+    std::vector<Vertex> vertices = WithArcs(outline);
     if (vertices.size() > 1 && outline.front() == outline.back())
         vertices.pop_back();
-    if (vertices.size() > 2)
+    if (vertices.size() > 1)
         AddPolyline(face, layer, vertices, true);
 }
 
@@ -228,12 +221,8 @@ void DxfWriter::AddRound(const DrawnFeature& feature, const Layer& layer) {
 }
 
 void DxfWriter::AddMark(const DrawnFeature& mark, const Layer& layer) {
-    if (mark.outline.size() > 1) {
-        std::vector<Vertex> vertices;
-        for (const Point& point : mark.outline)
-            vertices.push_back({point});
-        return AddPolyline(mark.face, layer, vertices, false);
-    }
+    if (mark.outline.size() > 1)
+        return AddPolyline(mark.face, layer, WithArcs(mark.outline), false);
     const auto [x, y] = mark.at;
     AddLine(mark.face, layer, {x - kPointSize, y}, {x + kPointSize, y});
     AddLine(mark.face, layer, {x, y - kPointSize}, {x, y + kPointSize});

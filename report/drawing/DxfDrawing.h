@@ -12,7 +12,7 @@ namespace report {
 /// notches and trims, which the outline shows, and of what is set aside. The faces stand one above
 /// the other at true scale, 50 mm apart; the web, or a member's only face, keeps its coordinates.
 ///
-/// Holes are circles; all else that is cut is one closed polyline.
+/// Holes are circles; all else that is cut is one closed polyline, with its arcs.
 std::string DxfOf(const MemberDrawing& drawing);
 
 }  // namespace report

@@ -19,13 +19,13 @@ struct Point {
     friend bool operator==(const Point&, const Point&) = default;
 };
 
-/// Arcs as chords. A closed one repeats its first point.
+/// Arcs as chords; ArcEdges finds them. A closed one repeats its first point.
 using Polyline = std::vector<Point>;
 
 enum class FeatureKind {
-    kHole,       ///< round
+    kHole,       ///< round, also a round opening
     kSlot,       ///< long hole with round ends
-    kRectangle,  ///< rectangular or square hole
+    kRectangle,  ///< rectangular or square hole, also an opening that is one
     kSink,       ///< countersink around a hole
     kOpening,    ///< cut-out inside a face
     kNotch,      ///< area cut from the edge of a face

@@ -1,5 +1,6 @@
 #include "camjob/console/ReportText.h"
 #include "camjob/console/TextTable.h"
+#include "camjob/console/TextWrap.h"
 
 #include <gtest/gtest.h>
 
@@ -51,6 +52,22 @@ TEST(TextTable, FitsATerminal) {
               "    overall length 1.0; what\n"
               "    it was\n"
               "    a/long/folder/of/P2.nc1\n");
+}
+
+// Words stay whole where they can, the indent goes on, and tones take no room.
+TEST(TextTable, LinesBesideItGoOnBelow) {
+    const ZetString text =
+        L"refused\n" +
+        Toned(Line(L"nc/P1.nc1:31: hole 18 at (20, 5): too near to the edge"), Tone::kError, true) +
+        Line(L"a/very/long/folder/of/nc/files/P2.nc1:2: bad");
+    EXPECT_EQ(Fitted(text, 0), text);
+    EXPECT_EQ(Coloured(Fitted(text, 28).toUtf8()),
+              "refused\n"
+              "\x1B[31m  nc/P1.nc1:31: hole 18 at\n"
+              "    (20, 5): too near to the\n"
+              "    edge\n\x1B[0m"
+              "  a/very/long/folder/of/nc\n"
+              "    /files/P2.nc1:2: bad\n");
 }
 
 }  // namespace

@@ -83,6 +83,13 @@ class PageCheck:
             "Non-standard": str(sum(group["nonStandard"] for group in groups)),
             "Pieces": str(sum(group["pieces"] for group in groups)),
             "Bars": str(sum(bars["bars"] for bars in self.run["bars"]))})
+        for table in "groups", "profiles":
+            heading = {"groups": "Groups", "profiles": "Steel by profile"}[table]
+            steel = slice(3, 6) if table == "groups" else slice(1, 4)
+            rows = self.browser.run("[...document.querySelectorAll('section')].find((one) => one.textContent.startsWith(%s)).querySelectorAll('tbody tr').values().map((row) => [...row.cells].map((cell) => cell.textContent)).toArray()" % json.dumps(heading))
+            expect(heading, [[row[0], *row[steel]] for row in rows], [
+                [one["name" if table == "groups" else "profile"], str(one["pieces"]), f"{one['length'] / 1000:.1f}", f"{one['weight'] / 1000:.3f}"]
+                for one in self.run[table]])
         for count in re.findall(r"(\d+) ([a-z ]+)", facts["Features"].split(":")[1]):
             name = {"not for this machine": "not_for_machine"}.get(count[1], count[1].replace(" ", "_"))
             expect(f"features {count[1]}", int(count[0]), self.run["accounts"][name])

@@ -1,6 +1,7 @@
 #include "camjob/CamjobRun.h"
 #include "camjob/FolderContent.h"
 #include "camjob/NcFiles.h"
+#include "camjob/SampleJob.h"
 #include "support/Golden.h"
 
 #include <filesystem>
@@ -52,12 +53,18 @@ TEST_P(ShowUsage, WritesOnlyWhatWasAskedFor) {
     const TempFolder folder;
     std::filesystem::create_directories(folder.PathOf("b"));
     folder.Write("a.nc1", nc::Plain("A"));
+    for (const char* const hall : {"halls/1", "halls/2"}) {
+        std::filesystem::create_directories(folder.PathOf(hall));
+        folder.Write(std::string(hall) + "/a.nc1", nc::Plain("A"));
+    }
     folder.Write("b/a.nc1", nc::Plain("B"));
     std::filesystem::create_directories(folder.PathOf("none"));
     std::filesystem::create_directories(folder.PathOf("twice"));
     folder.Write("twice/a.NC1", nc::Plain("A"));
     folder.Write("twice/b.nc", nc::Plain("B"));
     folder.Write("bad.nc1", nc::BadLength());
+    folder.Write("job.toml", SampleJob().Text());
+    folder.Write("long.nc1", nc::Header("LONG") + "EN\n");
     folder.Write("nc.svg", nc::Plain("C"));
     const Files before = ContentOf(folder.PathOf(""));
     std::vector<std::string> arguments = {"show"};
@@ -87,6 +94,7 @@ INSTANTIATE_TEST_SUITE_P(
         UsageCase{"ToFile", {"a.nc1", "--out", "x.svg"}, 0, "x.svg", {"x.svg"}},
         UsageCase{"ToFolder", {"a.nc1", "--out", "new"}, 0, "new/a.svg", {"new/a.svg"}},
         UsageCase{"Folder", {"b", "--out", "n"}, 0, "n/a.svg", {"n/a.svg"}},
+        UsageCase{"Folders", {"halls/", "--out", "n"}, 0, "n/1/a.svg", {"n/1/a.svg", "n/2/a.svg"}},
         UsageCase{"EmptyFolder", {"none", "--out", "n"}, 2, "none"},
         UsageCase{"FolderWithoutOut", {"twice"}, 2, "say --out DIR"},
         UsageCase{
@@ -97,6 +105,11 @@ INSTANTIATE_TEST_SUITE_P(
             "OneNameTwice", {"a.nc1", "b/a.nc1", "--out", "n"}, 2, "would both become n/a.svg"},
         UsageCase{"OntoInput", {"nc.svg", "--out", "nc.svg"}, 2, "would replace nc.svg"},
         UsageCase{"FolderIsFile", {"a.nc1", "--out", "bad.nc1"}, 3, "could not be written"},
+        UsageCase{"MemberWithErrors",
+                  {"a.nc1", "long.nc1", "--job", "job.toml", "--out", "n"},
+                  1,
+                  "n/long.svg",
+                  {"n/a.svg", "n/long.svg"}},
         UsageCase{"BadJob", {"a.nc1", "--job", "bad.nc1"}, 2, "bad.nc1:"}),
     [](const auto& row) { return row.param.name; });
 

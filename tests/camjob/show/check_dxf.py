@@ -95,7 +95,7 @@ def check(file, part):
         shapes[layer].remove(fitting[0])
         found += 1
     for layer, left in shapes.items():
-        if left and not layer.startswith("PLANE") and layer.split("_")[-1] in ("HOLES", "SLOTS", "COUNTERSINKS", "RECTANGLES", "NOTCHES"):
+        if left and not layer.startswith("PLANE") and layer.split("_")[-1] in ("HOLES", "SLOTS", "COUNTERSINKS", "RECTANGLES", "OPENINGS", "NOTCHES"):
             complaints.append(f"{len(left)} too many on {layer}")
     outline = [box(e) for e in shapes["WEB_OUTLINE"]]
     header = part["header"]
@@ -106,6 +106,8 @@ def check(file, part):
         or outline[0][3] > header["height"] * around + NEAR
     ):
         complaints.append(f"outline of the web: {outline}")
+    elif header["profileCode"] == "B" and abs(outline[0][2] - header["length"]) + abs(outline[0][3] - header["height"]) > NEAR:
+        complaints.append(f"outline of the plate: {outline}")
     return found, complaints
 
 

@@ -1,0 +1,17 @@
+#include "camjob/console/ShownText.h"
+
+#include "camjob/console/ReportText.h"
+#include "camjob/console/TextWrap.h"
+
+namespace camjob {
+
+void WriteText(OutputStream& stream, const ZetString& text) {
+    const ZetString printable = ZetString::fromUtf8(Printable(text));
+    stream.Write(Coloured(Fitted(printable, stream.GetTerminal().width).toUtf8()));
+}
+
+void WriteLine(OutputStream& stream, const ZetString& text, Tone tone) {
+    WriteText(stream, Toned(OneLine(text), tone, stream.GetTerminal().hasColour) + L"\n");
+}
+
+}  // namespace camjob
