@@ -157,7 +157,7 @@ void JobMember::MakeMitres() {
 
 /// Of cuts that are the same, one is made for all.
 void JobMember::AddOperationOnce(MachineOperation operation, long tag) {
-    const auto [first, isNew] = m_cutLines.insert({FormatOperationLine(operation), tag});
+    const auto [first, isNew] = m_cutLines.insert({FormatOperation(operation), tag});
     if (isNew)
         AddOperation(std::move(operation), tag);
     else if (tag != first->second)
@@ -225,16 +225,14 @@ void JobMember::MakeMachineMember() {
 
 void JobMember::GenerateMemData() {
     MakeMachineMember();
-    m_textList3.append(FormatMemberLine(m_machineMember));
+}
+
+std::string JobMember::MakeRecords() const {
+    return FormatMember(m_machineMember);
 }
 
 ZetString JobMember::GetMemOutPutStr() {
-    ZetString text;
-    for (const ZetString& line : m_textList3)
-        text += line + L"\n";
-    for (const MachineOperation& operation : m_machineMember.operations)
-        text += FormatOperationLine(operation) + L"\n";
-    return text + MemberEndLine() + L"\n";
+    return ZetString::fromUtf8(MakeRecords());
 }
 
 }  // namespace plugin

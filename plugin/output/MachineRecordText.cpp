@@ -12,6 +12,7 @@
 #include <array>
 #include <cmath>
 #include <cstddef>
+#include <cstdint>
 #include <iterator>
 #include <limits>
 #include <optional>
@@ -115,11 +116,30 @@ static_assert(kOperations.size() == static_cast<std::size_t>(MachineOperationKin
 
 // ---- values -------------------------------------------------------------------------------------
 
-void AppendQuoted(std::wstring& line, std::wstring_view text) {
-    line += L'"';
-    for (const wchar_t c : text)
-        AppendBackslashed(line, c);
-    line += L'"';
+/// A word of our own, which has no other characters.
+void AppendAscii(std::string& line, std::wstring_view word) {
+    const std::size_t end = line.size();
+    line.resize(end + word.size());
+    std::transform(word.begin(), word.end(), line.data() + end, [](wchar_t c) {
+        return static_cast<char>(c);
+    });
+}
+
+bool StandsAsItIs(wchar_t c) {
+    return c >= L' ' && c <= L'~' && c != L'"' && c != L'\\';
+}
+
+void AppendQuoted(std::string& line, std::wstring_view text) {
+    line += '"';
+    if (std::all_of(text.begin(), text.end(), StandsAsItIs)) {
+        AppendAscii(line, text);
+    } else {
+        std::wstring escaped;
+        for (const wchar_t c : text)
+            AppendBackslashed(escaped, c);
+        line += ZetString(std::move(escaped)).toUtf8();
+    }
+    line += '"';
 }
 
 bool TakePrefix(std::wstring_view& text, std::wstring_view prefix) {
@@ -165,9 +185,29 @@ std::wstring_view TakeUntil(std::wstring_view& text, std::wstring_view separator
     return taken;
 }
 
+/// A number of thousandths with its three decimals.
+void AppendThousandths(std::string& line, std::uint64_t count) {
+    std::array<char, 24> digits;
+    char* at = digits.end();
+    for (std::size_t i = 0; i <= kDecimals || count > 0; ++i, count /= 10) {
+        if (i == kDecimals)
+            *--at = '.';
+        *--at = static_cast<char>('0' + count % 10);
+    }
+    line.append(at, digits.end());
+}
+
 /// No sign before a zero.
-void AppendNumber(std::wstring& line, double value) {
-    line += ZetString::format(kNumberFormat, RoundAsRecorded(value) + 0.0).view();
+void AppendNumber(std::string& line, double value) {
+    constexpr double kUpToHere = 1e9;  // thousandths of the double are exact by far
+    const double rounded = RoundAsRecorded(value) + 0.0;
+    if (!(std::abs(rounded) < kUpToHere)) {
+        line += ZetString::format(kNumberFormat, rounded).toUtf8();
+        return;
+    }
+    if (rounded < 0.0)
+        line += '-';
+    AppendThousandths(line, static_cast<std::uint64_t>(std::abs(rounded) * 1000.0 + 0.5));
 }
 
 std::optional<double> ParseNumber(std::wstring_view text) {
@@ -183,15 +223,15 @@ std::optional<long> ParseCount(std::wstring_view text) {
     return isCount ? std::optional(static_cast<long>(*number)) : std::nullopt;
 }
 
-void AppendPoints(std::wstring& line, const ZetArray<ZetGeomPoint2d>& points) {
-    const wchar_t* separator = L"\"";
+void AppendPoints(std::string& line, const ZetArray<ZetGeomPoint2d>& points) {
+    const char* separator = "\"";
     for (const ZetGeomPoint2d& point : points) {
-        line += std::exchange(separator, L" ");
+        line += std::exchange(separator, " ");
         AppendNumber(line, point.x);
-        line += L',';
+        line += ',';
         AppendNumber(line, point.y);
     }
-    line += points.isEmpty() ? L"\"\"" : L"\"";
+    line += points.isEmpty() ? "\"\"" : "\"";
 }
 
 std::optional<ZetArray<ZetGeomPoint2d>> ParsePoints(std::wstring_view text) {
@@ -214,16 +254,16 @@ std::optional<ZetArray<ZetGeomPoint2d>> ParsePoints(std::wstring_view text) {
 template <typename Record>
 struct FieldFormatter {
     const Record& record;
-    std::wstring& line;
+    std::string& line;
 
     void operator()(double Record::*value) const { AppendNumber(line, record.*value); }
-    void operator()(long Record::*value) const { line += std::to_wstring(record.*value); }
+    void operator()(long Record::*value) const { line += std::to_string(record.*value); }
     void operator()(ZetString Record::*value) const { AppendQuoted(line, (record.*value).view()); }
     void operator()(ZetArray<ZetGeomPoint2d> Record::*value) const {
         AppendPoints(line, record.*value);
     }
     void operator()(const WordField<Record>& field) const {
-        line += field.words[static_cast<std::size_t>(record.*field.value)];
+        AppendAscii(line, field.words[static_cast<std::size_t>(record.*field.value)]);
     }
 };
 
@@ -259,21 +299,24 @@ struct FieldParser {
     }
 };
 
+/// Without its end.
 template <typename Record>
-ZetString FormatLine(std::wstring_view word,
-                     std::span<const Field<Record>> fields,
-                     const Record& record) {
-    constexpr std::size_t kUsualLength = 128;
-    std::wstring line;
-    line.reserve(kUsualLength);
-    line = word;
+void AppendLine(std::string& text,
+                std::wstring_view word,
+                std::span<const Field<Record>> fields,
+                const Record& record) {
+    AppendAscii(text, word);
     for (const Field<Record>& field : fields) {
-        line += L' ';
-        line += field.name;
-        line += L'=';
-        std::visit(FieldFormatter<Record>{record, line}, field.value);
+        text += ' ';
+        AppendAscii(text, field.name);
+        text += '=';
+        std::visit(FieldFormatter<Record>{record, text}, field.value);
     }
-    return ZetString(std::move(line));
+}
+
+void AppendOperation(std::string& text, const MachineOperation& operation) {
+    const auto kind = static_cast<std::size_t>(operation.kind);
+    AppendLine(text, kOperationWords[kind], kOperations[kind], operation);
 }
 
 /// Reads what follows the word of a line. The fault, "" when there is none.
@@ -336,17 +379,25 @@ double RoundAsRecorded(double value) {
     return CMxGeom::Round_CAM(value, kDecimals);
 }
 
-ZetString FormatMemberLine(const MachineMember& member) {
-    return FormatLine<MachineMember>(job::kMemberWord, kMemberFields, member);
+std::string FormatMember(const MachineMember& member) {
+    constexpr std::size_t kUsualLine = 96;
+    std::string text;
+    text.reserve((member.operations.size() + 2) * kUsualLine);
+    AppendLine<MachineMember>(text, job::kMemberWord, kMemberFields, member);
+    for (const MachineOperation& operation : member.operations) {
+        text += '\n';
+        AppendOperation(text, operation);
+    }
+    text += '\n';
+    AppendAscii(text, kEndWord);
+    text += '\n';
+    return text;
 }
 
-ZetString FormatOperationLine(const MachineOperation& operation) {
-    const auto kind = static_cast<std::size_t>(operation.kind);
-    return FormatLine(kOperationWords[kind], kOperations[kind], operation);
-}
-
-ZetString MemberEndLine() {
-    return ZetString(kEndWord);
+std::string FormatOperation(const MachineOperation& operation) {
+    std::string line;
+    AppendOperation(line, operation);
+    return line;
 }
 
 std::variant<std::vector<MachineMember>, MachineFault> ReadMachineRecords(const ZetString& text) {

@@ -4,6 +4,7 @@
 
 #include "camdata/platform/text/ZetString.h"
 
+#include <string>
 #include <variant>
 #include <vector>
 
@@ -16,11 +17,10 @@ namespace plugin {
 /// A length or angle with the decimals that a record has of it.
 double RoundAsRecorded(double value);
 
-/// The line that begins a member's block; its operations are not looked at.
-ZetString FormatMemberLine(const MachineMember& member);
-ZetString FormatOperationLine(const MachineOperation& operation);
-/// The line that ends a member's block.
-ZetString MemberEndLine();
+/// A member's block as UTF-8: the line that begins it, one for each operation, the line that ends it.
+std::string FormatMember(const MachineMember& member);
+/// One operation's line as UTF-8, without its end.
+std::string FormatOperation(const MachineOperation& operation);
 
 /// The first fault of a text that should hold machine records.
 struct MachineFault {

@@ -220,7 +220,8 @@ void JobMember::MakeOutput() {
     MakeOperations();
     ClaimOperations();
     GenerateMemData();
-    m_records.text = GetMemOutPutStr().toUtf8();
+    m_records.text = MakeRecords();
+    m_records.text.shrink_to_fit();
     m_records.operations = std::move(m_operationTags);
     m_unmadeFeatures = m_notedFeatures + m_ledger.CountNotMade();
     ReleaseSources();

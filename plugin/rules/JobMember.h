@@ -293,6 +293,7 @@ class JobMember : public CMxPeilaib {
     void NoteMarks();
     void MakeMarks();
     void MakeMachineMember();
+    std::string MakeRecords() const;
     void MakeOperations();
     void AddOperation(MachineOperation operation, long tag);
     void AddOperationOnce(MachineOperation operation, long tag);
@@ -319,7 +320,7 @@ class JobMember : public CMxPeilaib {
     bool m_hasPieces = true;
     std::vector<Trim> m_trims;
     std::vector<ZetNCCut> m_mitres;
-    std::map<ZetString, long> m_cutLines;  ///< of trims and mitres, with their tags
+    std::map<std::string, long> m_cutLines;  ///< of trims and mitres, with their tags
     MachineMember m_machineMember;         ///< what is made; its operations
     std::vector<long> m_operationTags;     ///< by operation
     bool m_hasOperations = false;

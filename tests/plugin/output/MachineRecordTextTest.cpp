@@ -40,14 +40,10 @@ std::vector<MachineMember> Read(const std::string& text) {
 }
 
 std::string Write(const std::vector<MachineMember>& members) {
-    ZetString text;
-    for (const MachineMember& member : members) {
-        text += plugin::FormatMemberLine(member) + L"\n";
-        for (const MachineOperation& operation : member.operations)
-            text += plugin::FormatOperationLine(operation) + L"\n";
-        text += plugin::MemberEndLine() + L"\n";
-    }
-    return text.toUtf8();
+    std::string text;
+    for (const MachineMember& member : members)
+        text += plugin::FormatMember(member);
+    return text;
 }
 
 /// All is made, under the code "?".
