@@ -378,7 +378,20 @@ std::vector<PageTable> ChangeTables(const RunReport& report) {
     return {members, bars};
 }
 
-report::PageMember PageMemberOf(const RunReport& report, std::size_t index, const job::Job& job) {
+/// What is told with a member that lacks bars.
+report::DrawnFinding UncutFinding(long uncut, long quantity) {
+    report::DrawnFinding finding;
+    finding.state = FeatureState::kWarning;
+    finding.text = std::to_string(uncut) + " of " + std::to_string(quantity) + " pieces " +
+                   (uncut == 1 ? "has" : "have") +
+                   " no bar to be cut from: none is long enough or left";
+    return finding;
+}
+
+report::PageMember PageMemberOf(const RunReport& report,
+                                std::size_t index,
+                                long uncut,
+                                const job::Job& job) {
     const RunMember& source = report.members[index];
     const plugin::MemberResult& result = source.result;
     report::PageMember member;
@@ -391,7 +404,10 @@ report::PageMember PageMemberOf(const RunReport& report, std::size_t index, cons
     member.file = NameFromFolderOf(job.file, source.file.name);
     member.state = StateOf(result.outcome);
     member.isNonStandard = result.outcome.isNonStandard;
+    member.uncut = uncut;
     member.findings = DrawnFindings(result.findings, source.file.lines);
+    if (uncut > 0)
+        member.findings.push_back(UncutFinding(uncut, result.quantity));
     member.accounts = DescribeAccounts(source.CountAccounts()).toUtf8();
     member.drawing = report.drawings.GetCompact(index);
     return member;
@@ -406,7 +422,6 @@ std::string MakeReportPage(const RunReport& report,
     page.name = job.name.toUtf8();
     page.project = ProjectFacts(project);
     page.totals = Totals(report);
-    page.uncut = static_cast<std::size_t>(report.CountUncut());
     page.tables = {GroupTable(report),
                    ProfileTable(report),
                    FileTable(report),
@@ -422,12 +437,13 @@ std::string MakeReportPage(const RunReport& report,
     if (report.changes)
         for (const MemberChange& change : report.changes->members)
             changeOfMark.insert({change.mark, &change});
+    const std::vector<long> uncut = report.FindUncut();
     for (std::size_t i = 0; i < report.members.size(); ++i) {
-        report::PageMember member = PageMemberOf(report, i, job);
+        report::PageMember member = PageMemberOf(report, i, uncut[i], job);
         const auto change = changeOfMark.find(member.mark);
         if (change != changeOfMark.end())
             AddChanges(*change->second, report.drawings.Get(i), page, member);
-        page.AddMember(member);
+        page.AddMember(std::move(member));
     }
     return page.ToHtml();
 }

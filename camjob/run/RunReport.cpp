@@ -4,6 +4,7 @@
 #include "camjob/console/Paths.h"
 
 #include <map>
+#include <numeric>
 #include <utility>
 
 namespace camjob {
@@ -47,10 +48,18 @@ long RunReport::CountInvalid() const {
     return count;
 }
 
+std::vector<long> RunReport::FindUncut() const {
+    std::vector<long> uncut(members.size());
+    for (const RunPlan& run : plans)
+        for (std::size_t part = 0; part < run.plan.plan.uncut.size(); ++part)
+            uncut[run.plan.parts[part].member] += static_cast<long>(run.plan.plan.uncut[part]);
+    return uncut;
+}
+
 long RunReport::CountUncut() const {
     long count = 0;
-    for (const RunPlan& plan : plans)
-        count += TotalsOf(plan.plan).uncut;
+    for (const RunPlan& run : plans)
+        count = std::accumulate(run.plan.plan.uncut.begin(), run.plan.plan.uncut.end(), count);
     return count;
 }
 

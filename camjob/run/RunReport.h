@@ -124,7 +124,9 @@ struct RunReport {
     /// For a run that came to no output after all.
     void DropResults();
     long CountInvalid() const;
-    /// Pieces that no bar is long enough or left for.
+    /// Pieces that no bar is long enough or left for, by member.
+    std::vector<long> FindUncut() const;
+    /// Of all members. Takes no memory: the exit code goes by it when there is none left.
     long CountUncut() const;
     /// For the table of a run: files that are many alike as one, by their folder.
     std::vector<RunFile> FoldFiles() const;

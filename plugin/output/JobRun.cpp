@@ -67,6 +67,13 @@ CMxGroups GroupOf(const job::Group& source, const GroupSection& section, std::si
     return group;
 }
 
+/// Members with the same group, profile name and material are planned together.
+using PlanKey = std::tuple<std::size_t, ZetString, ZetString>;
+
+PlanKey KeyOf(const JobMember& member) {
+    return {member.GetGroupPosition(), member.GetProfileName(), member.GetMaterial()};
+}
+
 void Count(const MemberOutcome& member, GroupResult& group) {
     ++group.members;
     group.invalid += member.isValid ? 0 : 1;
@@ -425,14 +432,12 @@ bool JobRun::IsAnyGroupNested() const {
     });
 }
 
-/// Members that a group, a profile and a material have in common are planned together.
 void JobRun::MakePlans() {
-    std::map<std::tuple<std::size_t, ZetString, ZetString>, std::vector<std::size_t>> together;
+    std::map<PlanKey, std::vector<std::size_t>> together;
     for (const std::size_t position : m_written) {
         const Member& member = *m_members[position];
-        const std::size_t group = member.GetGroupPosition();
-        if (m_job.groups[group].isNested && member.GetValid())
-            together[{group, member.GetProfileName(), member.GetMaterial()}].push_back(position);
+        if (member.GetNestedMembers().group.isNested && member.GetValid())
+            together[KeyOf(member)].push_back(position);
     }
     long nextBar = 1;
     for (const auto& [key, members] : together) {
@@ -503,9 +508,11 @@ void JobRun::CloseFile(ZetFileAccess& file, const ZetString& name) {
 /// The library knows nothing but lengths, and one of them only.
 std::vector<ZetString> JobRun::FindPlanConflicts() const {
     std::set<ZetString> conflicts;
+    std::set<PlanKey> known;
     for (const auto& member : m_members) {
         const NestedMembers members = member->GetNestedMembers();
-        if (!members.group.isNested || PlanOf(m_job, members) != job::BarPlan::kGiven)
+        if (!members.group.isNested || !known.insert(KeyOf(*member)).second ||
+            PlanOf(m_job, members) != job::BarPlan::kGiven)
             continue;
         for (const BarStock& stock : StocksFor(m_job, members))
             if (!IsLibraryStock(stock))

@@ -18,6 +18,7 @@ struct PageMember {
     std::string material;
     double length = 0.0;
     long quantity = 0;
+    long uncut = 0;  ///< of its pieces: those that have no bar
     std::string group;
     std::string file;
     FeatureState state = FeatureState::kInOrder;

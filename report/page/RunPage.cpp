@@ -160,14 +160,17 @@ long CountErrors(const std::vector<DrawnFinding>& findings) {
 
 }  // namespace
 
-void RunPage::AddMember(const PageMember& member) {
+void RunPage::AddMember(PageMember member) {
+    m_invalid += member.state == FeatureState::kError ? 1 : 0;
+    m_withWarnings += member.state == FeatureState::kWarning ? 1 : 0;
+    m_uncut += member.uncut;
+    if (member.uncut > 0)
+        member.state = std::max(member.state, FeatureState::kWarning);
     const bool isFaulty = member.state >= FeatureState::kWarning;
     const bool isDrawn = isFaulty || m_bytes < kMostMemberBytes;
     m_members.push_back(CompactMember(member, isDrawn, m_texts));
     m_bytes += m_members.back().size();
     m_undrawn += isDrawn ? 0 : 1;
-    m_invalid += member.state == FeatureState::kError ? 1 : 0;
-    m_withWarnings += member.state == FeatureState::kWarning ? 1 : 0;
     if (isFaulty)
         m_faulty.push_back({member.mark, member.state, member.findings});
 }
@@ -184,9 +187,9 @@ std::string RunPage::VerdictHtml() const {
     } else if (m_withWarnings > 0) {
         text += " " + std::to_string(m_withWarnings) + " have warnings.";
     }
-    if (uncut > 0) {
+    if (m_uncut > 0) {
         state = "error";
-        text = "<b>" + std::to_string(uncut) + (uncut == 1 ? " piece has" : " pieces have") +
+        text = "<b>" + std::to_string(m_uncut) + (m_uncut == 1 ? " piece has" : " pieces have") +
                " no bar to be cut from.</b> " + text;
     }
     return "<p class=\"verdict is-" + state + "\">" + text + "</p>";

@@ -38,7 +38,6 @@ class RunPage {
     std::string name;               ///< of the job
     std::vector<PageFact> project;  ///< in order; those without a value are left out
     std::vector<PageFact> totals;   ///< the counts that everybody looks for first
-    std::size_t uncut = 0;          ///< pieces without a bar
     std::vector<CuttingPlan> plans;
     std::vector<PageTable> changes;  ///< against an earlier run
     PageTable planTotals;            ///< of all plans together
@@ -52,7 +51,8 @@ class RunPage {
     std::string Compact(const std::vector<DrawnFeature>& features) {
         return CompactFeatures(features, m_texts);
     }
-    void AddMember(const PageMember& member);
+    /// One with pieces that have no bar is shown with a warning, but not counted as such.
+    void AddMember(PageMember member);
     std::string ToHtml() const;
 
   private:
@@ -73,6 +73,7 @@ class RunPage {
     std::size_t m_undrawn = 0;
     std::size_t m_invalid = 0;
     std::size_t m_withWarnings = 0;
+    long m_uncut = 0;
 };
 
 }  // namespace report
