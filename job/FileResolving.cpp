@@ -11,6 +11,7 @@
 #include <optional>
 #include <string_view>
 #include <utility>
+#include <variant>
 
 namespace job {
 
@@ -90,6 +91,8 @@ void JobMaker::TakeFormat(const FileTable& table, std::size_t position) {
     if (table.lineEnds)
         format->lineEnd = table.lineEnds == LineEnds::kCrLf ? "\r\n" : "\n";
     m_job.files[position].format = m_job.formats.size();
+    m_job.files[position].formatLine = table.format.at.line;
+    m_job.files[position].formatColumn = table.format.at.column;
     m_job.formats.push_back(std::move(*format));
 }
 
@@ -103,7 +106,7 @@ void JobMaker::RequireMembers(const FileTable& table, std::size_t position) {
 void JobMaker::TakeNcOutput(const FileTable& table, std::size_t position) {
     RequireMembers(table, position);
     Require(table.headerLines.empty(),
-            table.at,
+            table.PlaceOf("header"),
             "\"header\" goes not with format = \"dstv\": NC files have no header lines");
     Require(table.ending.at.line == 0,
             table.ending.at,
@@ -138,7 +141,14 @@ std::optional<MachineFormat> JobMaker::ReadFormat(const PlacedText& name) {
         return std::nullopt;
     }
     const std::filesystem::path file = m_folder / PathFromUtf8(text);
-    MachineFormat format = ReadFormatFile(file, faults);
+    const auto bytes = ReadFormatBytes(file);
+    if (const auto* fault = std::get_if<TextFileFault>(&bytes)) {
+        m_faults.Add(name.at, "\"format\": the file " + Quoted(text) + ": " + fault->text);
+        return std::nullopt;
+    }
+    MachineFormat format =
+        ReadFormatText(std::get<std::string>(bytes), Utf8FromPath(file.stem()), faults);
+    format.file = name.text;
     if (faults.IsEmpty())
         return format;
     if (m_formatFiles.insert(name.text).second)

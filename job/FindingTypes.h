@@ -102,7 +102,7 @@ inline constexpr FindingType kFindingTypes[] = {
     {"unused_parts", "<number> no of parts are not used in any assemblies",
      "Pieces of a single part that no assembly takes.",
      "Nothing where spare pieces are wanted; else correct the quantity or `count` in `[[assembly]]`.", eReportingWarning},
-    {"unwritable", "Format <name>: <value>: <reason><, of which operation>",
+    {"unwritable", "Format <name and file>: <value>: <reason><, of which operation>",
      "A value that the format of a file cannot express: a face without a name, a tool without a number, a text that is too long, an operation without a line. The operation is not made; what is said of the member itself is always an error.",
      "Add the face, tool, profile or line to the format file, or send the part to a group without this file.", eReportingError},
 };

@@ -12,6 +12,12 @@
 
 namespace job {
 
+/// The operations among the parts: what a tool can be for.
+enum class ToolPart : int {};
+
+/// The encodings that can be written: NcEncoding without the one for reading.
+enum class WrittenEncoding : int { kUtf8 = static_cast<int>(NcEncoding::kUtf8) };
+
 struct FormatTable : PlacedTable {
     ZetString name;
     OperationOrder order = OperationOrder::kGathered;
@@ -22,13 +28,17 @@ struct FormatTable : PlacedTable {
 };
 
 struct TextsTable : TextSettings, PlacedTable {
-    NcEncoding encoding = NcEncoding::kUtf8;
+    WrittenEncoding encoding = WrittenEncoding::kUtf8;
     LineEnds lineEnds = LineEnds::kLf;
 };
 
 struct FaceTable : FaceName, PlacedTable {};
 
-struct ToolTable : ToolNumber, PlacedTable {};
+struct ToolTable : ToolNumber, PlacedTable {
+    ToolPart part{};
+};
+
+struct ProfileTable : ProfileName, PlacedTable {};
 
 struct LineTable : PlacedTable {
     std::vector<FormatPart> parts;
@@ -48,7 +58,7 @@ struct FormatDocument {
     TextsTable texts;
     std::vector<FaceTable> faces;
     std::vector<ToolTable> tools;
-    std::vector<ProfileName> profiles;
+    std::vector<ProfileTable> profiles;
     std::vector<LineTable> lines;
 };
 

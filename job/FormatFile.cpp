@@ -3,7 +3,6 @@
 #include "job/FormatResolving.h"
 #include "job/FormatTables.h"
 #include "job/TomlFile.h"
-#include "job/Utf8Path.h"
 #include "job/formats/BuiltInTexts.h"
 
 #include <algorithm>
@@ -14,12 +13,6 @@ namespace job {
 namespace {
 
 constexpr const char* kWhat = "format file";
-
-MachineFormat Resolve(const std::optional<toml::table>& table,
-                      std::string_view stem,
-                      JobFaults& faults) {
-    return table ? ResolveFormat(ReadFormatTables(*table, faults), stem, faults) : MachineFormat();
-}
 
 }  // namespace
 
@@ -42,19 +35,16 @@ const BuiltInFormat* FindBuiltInFormat(std::string_view name) {
     return at == formats.end() ? nullptr : &*at;
 }
 
-MachineFormat ReadFormatFile(const std::filesystem::path& file, JobFaults& faults) {
+std::variant<std::string, TextFileFault> ReadFormatBytes(const std::filesystem::path& file) {
     std::error_code ignored;
-    if (std::filesystem::is_fifo(file, ignored)) {
-        faults.Add({}, "this is a pipe, not a format file");
-        return {};
-    }
-    const std::optional<toml::table> table = ReadTomlFile(file, kWhat, faults);
-    return Resolve(table, Utf8FromPath(file.stem()), faults);
+    if (std::filesystem::is_fifo(file, ignored))
+        return TextFileFault{"this is a pipe, not a format file"};
+    return ReadTextFile(file, kWhat);
 }
 
 MachineFormat ReadFormatText(std::string_view text, std::string_view stem, JobFaults& faults) {
     const std::optional<toml::table> table = ReadToml(text, kWhat, faults);
-    return Resolve(table, stem, faults);
+    return table ? ResolveFormat(ReadFormatTables(*table, faults), stem, faults) : MachineFormat();
 }
 
 }  // namespace job

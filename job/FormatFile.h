@@ -1,11 +1,14 @@
 #pragma once
 
 #include "job/JobDocument.h"
+#include "job/TextFile.h"
 #include "job/formats/MachineFormat.h"
 
 #include <filesystem>
 #include <span>
+#include <string>
 #include <string_view>
+#include <variant>
 
 /// @file
 /// Reading a format file: TOML, every key as docs/format-file.md lists it.
@@ -26,9 +29,10 @@ const BuiltInFormat* FindBuiltInFormat(std::string_view name);
 /// As a format file names it.
 const char* NameOf(FormatPart part);
 
-/// Reads a format and checks it completely; of use only without faults.
-MachineFormat ReadFormatFile(const std::filesystem::path& file, JobFaults& faults);
-/// The same for the text of a format file. `stem` is its name without the ending.
+/// The bytes of a format file, or why it cannot be read.
+std::variant<std::string, TextFileFault> ReadFormatBytes(const std::filesystem::path& file);
+/// Reads the bytes of a format file and checks them completely; of use only without faults. `stem`
+/// is the file's name without the ending.
 MachineFormat ReadFormatText(std::string_view text, std::string_view stem, JobFaults& faults);
 
 }  // namespace job

@@ -4,6 +4,7 @@
 #include "job/FormatFile.h"
 #include "job/LineTemplates.h"
 #include "job/MessageTexts.h"
+#include "job/ShadowedRules.h"
 #include "job/formats/TextEncoding.h"
 
 #include <algorithm>
@@ -20,12 +21,16 @@ bool Shows(const TemplatePiece& piece, FormatField field) {
     return piece.field != nullptr && piece.field->field == field;
 }
 
+bool Shows(const LineTemplate& pieces, FormatField field) {
+    return std::any_of(pieces.begin(), pieces.end(), [&](const TemplatePiece& piece) {
+        return Shows(piece, field);
+    });
+}
+
 /// What the lines of one thing show.
 bool Shows(const FormatLine& line, FormatField field) {
     return std::any_of(line.lines.begin(), line.lines.end(), [&](const LineTemplate& pieces) {
-        return std::any_of(pieces.begin(), pieces.end(), [&](const TemplatePiece& piece) {
-            return Shows(piece, field);
-        });
+        return Shows(pieces, field);
     });
 }
 
@@ -42,13 +47,35 @@ bool HasPoints(FormatPart part) {
     return part == FormatPart::kOutline || part == FormatPart::kMark;
 }
 
-bool IsMark(FormatPart part) {
-    return part == FormatPart::kMark || part == FormatPart::kText;
+bool HasFace(FormatPart part) {
+    return IsOperation(part) && part != FormatPart::kMitre;
 }
 
-bool IsOfFile(FormatPart part) {
-    return part == FormatPart::kFileStart || part == FormatPart::kFileEnd;
+bool HasCode(FormatPart part) {
+    return HasFace(part) && part != FormatPart::kMark && part != FormatPart::kText;
 }
+
+bool HasGroup(FormatPart part) {
+    return part != FormatPart::kFileStart && part != FormatPart::kFileEnd;
+}
+
+/// A key of a line that only some parts can have.
+struct ConditionRow {
+    const char* key;
+    bool (*isGiven)(const LineTable& table);
+    bool (*isForPart)(FormatPart part);
+    const char* reason;  ///< behind the part's name
+};
+
+// clang-format off
+constexpr ConditionRow kConditions[] = {
+    {"faces", [](const LineTable& t) { return !t.faces.empty(); }, HasFace, ": it lies on no face"},
+    {"codes", [](const LineTable& t) { return !t.codes.empty(); }, HasCode, ": it has no code"},
+    {"groups", [](const LineTable& t) { return !t.groups.empty(); }, HasGroup, ": a file has several groups"},
+    {"repeat", [](const LineTable& t) { return t.repeat.has_value(); }, IsHole, ": it is for hole, countersunk, slot and rectangle"},
+    {"between", [](const LineTable& t) { return t.between.has_value(); }, [](FormatPart part) { return part == FormatPart::kPoint; }, ": it is for point"},
+};
+// clang-format on
 
 /// It takes all that comes to it.
 bool TakesAll(const FormatLine& line) {
@@ -82,13 +109,11 @@ class FormatMaker {
     void TakeTexts() {
         const TextsTable& table = m_document.texts;
         m_format.texts = table;
-        m_format.texts.page = codepages::FindCodePage(NameOf(table.encoding));
+        m_format.texts.page =
+            codepages::FindCodePage(NameOf(static_cast<NcEncoding>(table.encoding)));
         m_format.lineEnd = table.lineEnds == LineEnds::kCrLf ? "\r\n" : "\n";
-        Require(table.encoding != NcEncoding::kAuto,
-                table.at,
-                "\"encoding\" in [texts]: \"auto\" is for reading; name the one to write");
-        Require(table.longest > 0 || table.tooLong == TooLong::kRefuse,
-                table.at,
+        Require(!table.isSound || table.longest > 0 || table.tooLong == TooLong::kRefuse,
+                table.PlaceOf("too_long"),
                 "\"too_long\" in [texts] needs \"longest\"");
     }
 
@@ -96,45 +121,54 @@ class FormatMaker {
         const FormatTable& table = m_document.format;
         m_format.faces.otherwise = table.otherFaces;
         m_format.tools.otherwise = table.otherTools;
-        m_format.profiles = {m_document.profiles, table.otherProfiles};
-        for (const FaceTable& face : m_document.faces) {
-            const auto isSame = [&](const FaceName& row) { return row.face == face.face; };
-            const auto& rows = m_format.faces.rows;
-            Require(!face.isSound || std::none_of(rows.begin(), rows.end(), isSame),
-                    face.at,
-                    "the face " + Quoted(NameOf(face.face)) + " stands here a second time");
-            RequireEncoded(face.name.value_or(ZetString()), face.at, "\"name\" in [[face]]");
-            m_format.faces.rows.push_back(face);
-        }
+        m_format.profiles.otherwise = table.otherProfiles;
+        TakeFaces();
         for (const ToolTable& tool : m_document.tools) {
-            Require(IsOperation(tool.kind),
-                    tool.at,
-                    "\"kind\" in [[tool]] must be an operation, not " + Quoted(NameOf(tool.kind)));
-            RequireEncoded(tool.number, tool.at, "\"number\" in [[tool]]");
+            RequireEncoded(tool.number, tool, "number");
             m_format.tools.rows.push_back(tool);
+            m_format.tools.rows.back().kind = static_cast<FormatPart>(tool.part);
+        }
+        for (const ProfileTable& profile : m_document.profiles) {
+            RequireEncoded(profile.name, profile, "name");
+            m_format.profiles.rows.push_back(profile);
         }
         Require(table.order != OperationOrder::kByTool || !m_document.tools.empty(),
-                table.at,
+                table.PlaceOf("order"),
                 "\"order\" by tool needs [[tool]]");
-        RequireRows(m_document.faces.empty(), table.otherFaces, "other_faces", "[[face]]");
-        RequireRows(m_document.tools.empty(), table.otherTools, "other_tools", "[[tool]]");
-        RequireRows(
+        CheckOthers(m_document.faces.empty(), table.otherFaces, "other_faces", "[[face]]");
+        CheckOthers(m_document.tools.empty(), table.otherTools, "other_tools", "[[tool]]");
+        CheckOthers(
             m_document.profiles.empty(), table.otherProfiles, "other_profiles", "[[profile]]");
+        CheckShadowed(m_document, m_faults);
     }
 
-    void RequireEncoded(const ZetString& text, Position at, const std::string& what) {
+    void TakeFaces() {
+        auto& rows = m_format.faces.rows;
+        for (const FaceTable& face : m_document.faces) {
+            const auto isSame = [&](const FaceName& row) { return row.face == face.face; };
+            Require(!face.isSound || std::none_of(rows.begin(), rows.end(), isSame),
+                    face.PlaceOf("face"),
+                    "the face " + Quoted(NameOf(face.face)) + " stands here a second time");
+            RequireEncoded(face.name.value_or(ZetString()), face, "name");
+            rows.push_back(face);
+        }
+    }
+
+    void RequireEncoded(const ZetString& text, const PlacedTable& table, const char* key) {
         Require(InEncoding(text.view(), m_format.texts.page).has_value(),
-                at,
-                "the encoding has not all of " + what);
+                table.PlaceOf(key),
+                "the encoding of the format has not all characters of " + Quoted(text));
     }
 
-    void RequireRows(bool isEmpty,
+    /// What all else is called where a table has no row for it.
+    void CheckOthers(bool isEmpty,
                      const std::optional<ZetString>& otherwise,
                      const char* key,
                      const char* table) {
         Require(!isEmpty || !otherwise,
-                m_document.format.at,
+                m_document.format.PlaceOf(key),
                 Quoted(key) + " needs at least one " + table);
+        RequireEncoded(otherwise.value_or(ZetString()), m_document.format, key);
     }
 
     void TakeLine(const LineTable& table) {
@@ -172,7 +206,7 @@ class FormatMaker {
         TakeRepeatDecimals(table, part, line);
         const std::optional<std::string> between =
             InEncoding(table.between.value_or(L" ").view(), m_format.texts.page);
-        Require(between.has_value(), table.at, "the encoding has not all of \"between\"");
+        RequireEncoded(table.between.value_or(ZetString()), table, "between");
         line.between = between.value_or("");
         return line;
     }
@@ -191,7 +225,7 @@ class FormatMaker {
                 if (!isPitch && !Shows(piece, place))
                     continue;
                 Require(IsFixed(piece.spec),
-                        table.at,
+                        PlaceOf(table, line, piece.field->field),
                         AsPart(part) + "{" + piece.field->name +
                             "} of a line with \"repeat\" has decimals, not e or g");
                 const int decimals = DecimalsOf(piece.spec);
@@ -201,6 +235,17 @@ class FormatMaker {
             }
     }
 
+    /// Of the text that shows a value; all texts of the table must have been read.
+    static Position PlaceOf(const LineTable& table, const FormatLine& line, FormatField field) {
+        const auto at =
+            std::find_if(line.lines.begin(), line.lines.end(), [&](const LineTemplate& pieces) {
+                return Shows(pieces, field);
+            });
+        return at == line.lines.end() || line.lines.size() != table.texts->size()
+                   ? table.PlaceOf("text")
+                   : (*table.texts)[static_cast<std::size_t>(at - line.lines.begin())].at;
+    }
+
     int DecimalsOf(const FieldSpec& spec) const {
         return std::min(
             spec.precision >= 0 ? spec.precision : static_cast<int>(m_format.numbers.decimals),
@@ -208,40 +253,25 @@ class FormatMaker {
     }
 
     void CheckConditions(const LineTable& table) {
-        const auto areAll = [&](auto fits) {
-            return std::all_of(table.parts.begin(), table.parts.end(), fits);
-        };
-        Require(areAll(IsOperation) || (table.faces.empty() && table.codes.empty()),
-                table.at,
-                "\"faces\" and \"codes\" are for lines of operations");
-        Require(areAll([](FormatPart part) { return part != FormatPart::kMitre; }) ||
-                    (table.faces.empty() && table.codes.empty()),
-                table.at,
-                "\"faces\" and \"codes\" are not for mitre: it has neither");
-        Require(areAll([](FormatPart part) { return !IsMark(part); }) || table.codes.empty(),
-                table.at,
-                "\"codes\" is not for mark and text: they have none");
-        Require(areAll([](FormatPart part) { return !IsOfFile(part); }) || table.groups.empty(),
-                table.at,
-                "\"groups\" cannot stand with file_start and file_end");
-        Require(areAll(IsHole) || !table.repeat,
-                table.at,
-                "\"repeat\" is for hole, countersunk, slot and rectangle");
-        Require(table.repeat || !table.least, table.at, "\"least\" needs \"repeat\"");
-        Require(
-            areAll([](FormatPart part) { return part == FormatPart::kPoint; }) || !table.between,
-            table.at,
-            "\"between\" is for the line of point");
+        for (const ConditionRow& row : kConditions) {
+            const auto part =
+                std::find_if_not(table.parts.begin(), table.parts.end(), row.isForPart);
+            Require(!row.isGiven(table) || part == table.parts.end(),
+                    table.PlaceOf(row.key),
+                    Quoted(row.key) + " goes not with " +
+                        (part == table.parts.end() ? "" : NameOf(*part)) + row.reason);
+        }
+        Require(table.repeat || !table.least, table.PlaceOf("least"), "\"least\" needs \"repeat\"");
     }
 
     void CheckLine(const LineTable& table, FormatPart part, const FormatLine& line) {
         const std::vector<FormatLine>& earlier = m_format.LinesFor(part);
         Require(std::none_of(earlier.begin(), earlier.end(), TakesAll),
-                table.at,
+                table.PlaceOf("for"),
                 "no " + std::string(NameOf(part)) +
                     " comes to this line: an earlier one without conditions takes all");
         Require(!Shows(line, FormatField::kTool) || !m_document.tools.empty(),
-                table.at,
+                PlaceOf(table, line, FormatField::kTool),
                 AsPart(part) + "{tool} needs [[tool]]");
         CheckHeader(table, line);
         CheckRepeat(table, part, line);
@@ -249,12 +279,13 @@ class FormatMaker {
     }
 
     void CheckHeader(const LineTable& table, const FormatLine& line) {
-        for (const LineTemplate& pieces : line.lines)
-            for (const TemplatePiece& piece : pieces)
-                Require(piece.field == nullptr || piece.field->field != FormatField::kHeader ||
-                            (pieces.size() == 1 && piece.text.empty()),
-                        table.at,
-                        "{header} stands alone in its line: it is any number of lines");
+        for (std::size_t i = 0; i < line.lines.size(); ++i) {
+            const LineTemplate& pieces = line.lines[i];
+            const bool isAlone = pieces.size() == 1 && pieces[0].text.empty();
+            Require(isAlone || !Shows(pieces, FormatField::kHeader),
+                    (*table.texts)[i].at,
+                    "{header} stands alone in its line: it is any number of lines");
+        }
     }
 
     void CheckRepeat(const LineTable& table, FormatPart part, const FormatLine& line) {
@@ -263,11 +294,11 @@ class FormatMaker {
         if (table.repeat)
             Require(hasCount && hasPitch && Shows(line, FormatField::kX) &&
                         Shows(line, FormatField::kY),
-                    table.at,
+                    table.PlaceOf("repeat"),
                     AsPart(part) + "a line with \"repeat\" needs {x}, {y}, {count} and {pitch}");
         else
             Require(!hasPitch && (!hasCount || HasPoints(part)),
-                    table.at,
+                    PlaceOf(table, line, hasPitch ? FormatField::kPitch : FormatField::kCount),
                     AsPart(part) + "{count} and {pitch} need \"repeat\"");
     }
 
@@ -285,14 +316,15 @@ class FormatMaker {
         const bool isTold = !HasPoints(part) || line.lines.empty() ||
                             Shows(line, FormatField::kCode) || hasPointLine;
         Require(isTold,
-                table.at,
+                table.PlaceOf("text"),
                 AsPart(part) + "its points are nowhere: there is no line for \"point\"");
-        Require(!isTold || hasPointLine || !Shows(line, FormatField::kPoints),
-                table.at,
+        const bool showsPoints = Shows(line, FormatField::kPoints);
+        const Position at = PlaceOf(table, line, FormatField::kPoints);
+        Require(!isTold || hasPointLine || !showsPoints,
+                at,
                 AsPart(part) + "{points} needs a line for \"point\"");
-        Require(!Shows(line, FormatField::kPoints) ||
-                    std::none_of(lines.begin(), lines.end(), hasSeveralTexts),
-                table.at,
+        Require(!showsPoints || std::none_of(lines.begin(), lines.end(), hasSeveralTexts),
+                at,
                 AsPart(part) + "{points} stands in one line, so \"point\" has one text");
     }
 

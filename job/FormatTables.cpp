@@ -4,7 +4,10 @@
 #include "job/JobKeys.h"
 #include "job/JobWords.h"
 
+#include <array>
+#include <cstddef>
 #include <iterator>
+#include <vector>
 
 // The one list of the format file's keys: each row reads its key, and docs/format-file.md lists it.
 
@@ -40,6 +43,18 @@ constexpr Choice<FormatPart> kParts[] = {
     {FormatPart::kFileEnd, "file_end"},
 };
 static_assert(std::size(kParts) == kFormatParts);
+
+constexpr auto kFirstOperation = static_cast<std::size_t>(FormatPart::kHole);
+constexpr auto kOperations = static_cast<std::size_t>(FormatPart::kText) + 1 - kFirstOperation;
+
+constexpr std::array<Choice<ToolPart>, kOperations> kToolParts = [] {
+    std::array<Choice<ToolPart>, kOperations> choices{};
+    for (std::size_t i = 0; i < kOperations; ++i) {
+        const Choice<FormatPart>& part = kParts[kFirstOperation + i];
+        choices[i] = {static_cast<ToolPart>(part.value), part.word};
+    }
+    return choices;
+}();
 
 constexpr Choice<OperationOrder> kOrders[] = {
     {OperationOrder::kGathered, "gathered"},
@@ -99,9 +114,20 @@ template <> std::span<const Choice<Quotes>> ChoicesOf() { return kQuotes; }
 template <> std::span<const Choice<Escapes>> ChoicesOf() { return kEscapes; }
 template <> std::span<const Choice<TooLong>> ChoicesOf() { return kTooLong; }
 template <> std::span<const Choice<RepeatAxis>> ChoicesOf() { return kAxes; }
+template <> std::span<const Choice<ToolPart>> ChoicesOf() { return kToolParts; }
 // Words that the job file has, too.
 template <> std::span<const Choice<eHoleFace>> ChoicesOf();
 template <> std::span<const Choice<NcEncoding>> ChoicesOf();
+template <> std::span<const Choice<WrittenEncoding>> ChoicesOf() {
+    static const std::vector<Choice<WrittenEncoding>> choices = [] {
+        std::vector<Choice<WrittenEncoding>> written;
+        for (const Choice<NcEncoding>& choice : ChoicesOf<NcEncoding>())
+            if (choice.value != NcEncoding::kAuto)
+                written.push_back({static_cast<WrittenEncoding>(choice.value), choice.word});
+        return written;
+    }();
+    return choices;
+}
 template <> std::span<const Choice<LineEnds>> ChoicesOf();
 
 namespace {
@@ -126,12 +152,12 @@ constexpr Key kNumberKeys[] = {
 };
 
 constexpr Key kTextKeys[] = {
-    Row<TextsTable, &TextsTable::encoding>("encoding", "How texts are written as bytes; a character that it has not is refused. Not \"auto\"."),
+    Row<TextsTable, &TextsTable::encoding>("encoding", "How texts are written as bytes; a character that it has not is refused."),
     Row<TextsTable, &TextsTable::lineEnds>("line_ends", "What ends each line: LF, or CR and LF. `line_ends` of the job's `[[file]]` goes before."),
     Row<TextsTable, &TextSettings::quotes>("quotes", "Which texts stand in quotes. needed: those with a comma, a semicolon, a quote, a tab, a line end, or a blank at either end."),
     Row<TextsTable, &TextSettings::escapes>("escapes", "What becomes of quotes and line ends in a text. none: refused. doubled: a quote stands twice, line ends in quotes stay. backslash: \\\", \\\\, \\n, \\r."),
     Row<TextsTable, &TextSettings::forbidden>("forbidden", "Characters that no text may have; refused.", {.defaultNote = "none"}),
-    Row<TextsTable, &TextSettings::isUpperCase>("upper_case", "Whether texts are written in capitals without accents."),
+    Row<TextsTable, &TextSettings::isUpperCase>("upper_case", "Whether texts, and the words of values such as `{kind}` and `{side}`, are written in capitals without accents. Names that this file gives, and what stands outside of braces, stay as they are."),
     Row<TextsTable, &TextSettings::longest>("longest", "Most characters of a text; 0: any.", {.range = kLongest}),
     Row<TextsTable, &TextSettings::tooLong>("too_long", "What happens to a longer one: it is refused, or what is beyond is cut off."),
 };
@@ -146,7 +172,7 @@ constexpr Key kFaceKeys[] = {
 };
 
 constexpr Key kToolKeys[] = {
-    Row<ToolTable, &ToolNumber::kind>("kind", "What it makes.", {.isRequired = true}),
+    Row<ToolTable, &ToolTable::part>("kind", "What it makes.", {.isRequired = true}),
     Row<ToolTable, &ToolNumber::diameter>("diameter", "Diameter of hole or countersunk, width of slot, rectangle or notch; within 0.05.", {.range = kToolSize, .unit = "mm", .defaultNote = "any"}),
     Row<ToolTable, &ToolNumber::length>("length", "Length of slot, rectangle or notch; within 0.05.", {.range = kToolSize, .unit = "mm", .defaultNote = "any"}),
     Row<ToolTable, &ToolNumber::code>("code", "Pattern of the code; `*` stands for any text, `?` for one character.", {.defaultNote = "any"}),
@@ -154,8 +180,8 @@ constexpr Key kToolKeys[] = {
 };
 
 constexpr Key kProfileKeys[] = {
-    Row<ProfileName, &ProfileName::pattern>("profile", "Pattern of the profile name; `*` stands for any text, `?` for one character.", {.isRequired = true}),
-    Row<ProfileName, &ProfileName::name>("name", "What the machine calls it.", {.isRequired = true}),
+    Row<ProfileTable, &ProfileName::pattern>("profile", "Pattern of the profile name; `*` stands for any text, `?` for one character.", {.isRequired = true}),
+    Row<ProfileTable, &ProfileName::name>("name", "What the machine calls it.", {.isRequired = true}),
 };
 
 constexpr Key kLineKeys[] = {
@@ -184,7 +210,7 @@ template <> constexpr const KeyTable& KeysOf<NumberSettings>() { return kNumberT
 template <> constexpr const KeyTable& KeysOf<TextsTable>() { return kTextTable; }
 template <> constexpr const KeyTable& KeysOf<FaceTable>() { return kFaceTable; }
 template <> constexpr const KeyTable& KeysOf<ToolTable>() { return kToolTable; }
-template <> constexpr const KeyTable& KeysOf<ProfileName>() { return kProfileTable; }
+template <> constexpr const KeyTable& KeysOf<ProfileTable>() { return kProfileTable; }
 template <> constexpr const KeyTable& KeysOf<LineTable>() { return kLineTable; }
 
 namespace {

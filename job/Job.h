@@ -82,7 +82,9 @@ struct OutputFile {
     bool hasProjectHeader = true;
     LineEnds lineEnds = LineEnds::kLf;  ///< of a file of machine records
     std::optional<std::size_t> format;  ///< position in Job::formats; without: machine records
-    std::optional<NcOutput> nc;         ///< instead of one file
+    long formatLine = 0;                ///< of its name in the job file
+    long formatColumn = 0;
+    std::optional<NcOutput> nc;  ///< instead of one file
 
     /// The library writes it.
     bool IsOfRecords() const { return !format && !nc; }

@@ -4,8 +4,11 @@
 #include "job/ValidationTypes.h"
 
 #include <cstddef>
+#include <functional>
+#include <map>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -42,10 +45,17 @@ class JobFaults {
     std::vector<Fault> m_faults;
 };
 
-/// Where a table stands.
+/// Where a table and the values of its keys stand.
 struct PlacedTable {
     Position at;
+    std::map<std::string, Position, std::less<>> keys;
     bool isSound = false;  ///< no fault in it so far: what its keys say together can be judged
+
+    /// Of a key's value; of the table where it has not the key.
+    Position PlaceOf(std::string_view key) const {
+        const auto found = keys.find(key);
+        return found == keys.end() ? at : found->second;
+    }
 };
 
 /// A text that refers to something, or that must be unlike others.

@@ -142,6 +142,13 @@ Position PositionOf(const toml::key& key) {
     return AsPosition(key.source().begin);
 }
 
+std::map<std::string, Position, std::less<>> PlacesIn(const toml::table& table) {
+    std::map<std::string, Position, std::less<>> places;
+    for (const auto& [name, node] : table)
+        places.emplace(name.str(), PositionOf(node));
+    return places;
+}
+
 std::string DescribeNode(const toml::node& node) {
     const auto name = std::find_if(std::begin(kNodeNames),
                                    std::end(kNodeNames),

@@ -65,6 +65,8 @@ struct Choice {
 
 Position PositionOf(const toml::node& node);
 Position PositionOf(const toml::key& key);
+/// Of the value of each key.
+std::map<std::string, Position, std::less<>> PlacesIn(const toml::table& table);
 /// "a number", "text", "a list", ...
 std::string DescribeNode(const toml::node& node);
 /// How a key is named: "[job]", "[[group]]" or its name in quotes.
@@ -127,6 +129,7 @@ struct Value {
         ReadTable(key.table(), LabelOf(key), *table, &into, faults);
         if constexpr (requires { into.isSound; }) {
             into.at = PositionOf(node);
+            into.keys = PlacesIn(*table);
             into.isSound = faults.GetCount() == faultsBefore;
         }
         return true;

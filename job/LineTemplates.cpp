@@ -86,10 +86,11 @@ class SpecReader {
         return c;
     }
     void TakeAlignment(FieldSpec& spec) {
-        const bool hasFill =
-            m_text.size() > 1 && kAlignments.find(m_text[1]) != std::wstring_view::npos;
-        if (hasFill)
-            spec.fill = Take();
+        const std::size_t length = m_text.size() > 1 && IsSecondHalf(m_text[1]) ? 2 : 1;
+        if (m_text.size() > length && kAlignments.find(m_text[length]) != std::wstring_view::npos) {
+            spec.fill = m_text.substr(0, length);
+            m_text.remove_prefix(length);
+        }
         if (IsNext(kAlignments))
             spec.alignment = static_cast<char>(Take());
     }
@@ -190,7 +191,7 @@ class TemplateReader {
                       name + ":>8.1f}";
         } else {
             m_fault = FaultOfSpec(name, row->type, spec);
-            if (m_fault.empty() && !InEncoding({&spec.fill, 1}, m_page))
+            if (m_fault.empty() && !InEncoding(spec.fill, m_page))
                 m_fault = "{" + name + "}: the encoding of the format has not the fill character";
         }
         if (m_fault.empty())

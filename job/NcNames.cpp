@@ -4,6 +4,7 @@
 #include "job/MessageTexts.h"
 
 #include <algorithm>
+#include <cstddef>
 #include <iterator>
 #include <string_view>
 #include <vector>
@@ -15,15 +16,17 @@ namespace {
 struct NameRow {
     std::wstring_view name;
     ZetString NcNameValues::*value;
+    bool isOfPart;  ///< members differ in it
 };
 
 constexpr NameRow kNames[] = {
-    {L"mark",    &NcNameValues::mark   },
-    {L"profile", &NcNameValues::profile},
-    {L"drawing", &NcNameValues::drawing},
-    {L"phase",   &NcNameValues::phase  },
-    {L"order",   &NcNameValues::order  },
-    {L"group",   &NcNameValues::group  },
+    {L"mark",      &NcNameValues::mark,     true },
+    {L"file_name", &NcNameValues::fileName, true },
+    {L"drawing",   &NcNameValues::drawing,  true },
+    {L"profile",   &NcNameValues::profile,  false},
+    {L"phase",     &NcNameValues::phase,    false},
+    {L"order",     &NcNameValues::order,    false},
+    {L"group",     &NcNameValues::group,    false},
 };
 
 const NameRow* FindName(std::wstring_view name) {
@@ -58,10 +61,18 @@ std::vector<std::string> KnownNames() {
     return names;
 }
 
+/// "a, b and c"
+std::string Listed(const std::vector<std::string>& words) {
+    std::string text = words.front();
+    for (std::size_t i = 1; i < words.size(); ++i)
+        text += (i + 1 < words.size() ? ", " : " and ") + words[i];
+    return text;
+}
+
 }  // namespace
 
 std::string FaultOfNcNames(const ZetString& pattern) {
-    bool hasMark = false;
+    bool isOfPart = false;
     for (std::wstring_view rest = pattern.view(); !rest.empty();) {
         const NamePart part = TakePart(rest);
         if (part.text.find(L'{') != std::wstring_view::npos)
@@ -69,18 +80,18 @@ std::string FaultOfNcNames(const ZetString& pattern) {
         if (!part.hasValue)
             continue;
         const std::string name = ZetString(part.name).toUtf8();
-        if (FindName(part.name) == nullptr)
-            return "there is no value {" + name +
-                   "}, only mark, profile, drawing, phase, order and group" +
+        const NameRow* const row = FindName(part.name);
+        if (row == nullptr)
+            return "there is no value {" + name + "}, only " + Listed(KnownNames()) +
                    Suggest(name, KnownNames());
-        hasMark = hasMark || part.name == L"mark";
+        isOfPart = isOfPart || row->isOfPart;
     }
     if (pattern.view().find_first_of(L"/\\") != std::wstring_view::npos)
         return "the files have one folder, which \"folder\" names";
-    if (!hasMark)
-        return "it needs {mark}: members without it would have one file";
+    if (!isOfPart)
+        return "it needs {mark}, {file_name} or {drawing}: members would have one file";
     constexpr const wchar_t* kAny = L"q";
-    return FaultOfFileName(FillNcName(pattern, {kAny, kAny, kAny, kAny, kAny, kAny}));
+    return FaultOfFileName(FillNcName(pattern, {kAny, kAny, kAny, kAny, kAny, kAny, kAny}));
 }
 
 ZetString FillNcName(const ZetString& pattern, const NcNameValues& values) {

@@ -9,6 +9,7 @@ namespace job {
 /// What the name of a member's NC file can show.
 struct NcNameValues {
     ZetString mark;
+    ZetString fileName;  ///< of the NC file that was read, without its ending
     ZetString profile;
     ZetString drawing;
     ZetString phase;

@@ -92,6 +92,30 @@ bool Covers(const TrimTable& earlier, const TrimTable& later) {
     return Covers(earlier.faces, later.faces) && Covers(earlier.sides, later.sides);
 }
 
+bool CoversSize(const std::optional<double>& earlier, const std::optional<double>& later) {
+    return !earlier || (later && AreSame(*earlier, *later));
+}
+
+bool Covers(const ToolTable& earlier, const ToolTable& later) {
+    return earlier.part == later.part && CoversSize(earlier.diameter, later.diameter) &&
+           CoversSize(earlier.length, later.length) && Covers(earlier.code, later.code);
+}
+
+bool Covers(const ProfileTable& earlier, const ProfileTable& later) {
+    return Covers(earlier.pattern, later.pattern);
+}
+
+template <typename Table>
+const ZetString& NameOfTable(const Table& table) {
+    return table.id.text;
+}
+const ZetString& NameOfTable(const ToolTable& table) {
+    return table.number;
+}
+const ZetString& NameOfTable(const ProfileTable& table) {
+    return table.pattern;
+}
+
 bool IsNamed(const HoleRuleTable& rule, const std::vector<HoleRuleTable>& rules) {
     return std::any_of(rules.begin(), rules.end(), [&](const HoleRuleTable& other) {
         return !other.otherwiseSuffix.text.isEmpty() &&
@@ -114,7 +138,7 @@ void Check(const std::vector<Table>& tables, const char* what, JobFaults& faults
             continue;
         faults.Add(later->at,
                    std::string("this table can never be reached: ") + what + " " +
-                       Quoted(earlier->id.text.toUtf8()) + " in line " +
+                       Quoted(NameOfTable(*earlier)) + " in line " +
                        std::to_string(earlier->at.line) +
                        " takes all that it could take; put it before that one, or take it out");
     }
@@ -127,6 +151,11 @@ void CheckShadowed(const JobDocument& document, JobFaults& faults) {
     Check(document.holeRules, "hole rule", faults);
     Check(document.cornerNotches, "corner notch", faults);
     Check(document.trims, "trim", faults);
+}
+
+void CheckShadowed(const FormatDocument& document, JobFaults& faults) {
+    Check(document.tools, "tool", faults);
+    Check(document.profiles, "profile", faults);
 }
 
 }  // namespace job

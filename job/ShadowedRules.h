@@ -1,6 +1,6 @@
 #pragma once
 
-#include "job/JobDocument.h"
+#include "job/FormatDocument.h"
 
 namespace job {
 
@@ -8,5 +8,8 @@ namespace job {
 /// earlier one takes all that it could take. Rules that another one names for excluded members are
 /// reached that way.
 void CheckShadowed(const JobDocument& document, JobFaults& faults);
+
+/// The same for the tools and profiles of a format file.
+void CheckShadowed(const FormatDocument& document, JobFaults& faults);
 
 }  // namespace job

@@ -21,8 +21,23 @@ bool IsKept(const plugin::Ledger& ledger, long line) {
     return account != plugin::Account::kRefused && account != plugin::Account::kSetAside;
 }
 
-job::NcNameValues ValuesOf(const dstv::NcHeader& header, const job::Group& group) {
-    return {header.mark, header.profileName, header.drawing, header.phase, header.order, group.id};
+/// The slashes of a mark that is a path would part folders.
+ZetString MarkFor(const dstv::NcHeader& header, const job::NcInput& nc) {
+    std::wstring mark(header.mark.view());
+    if (nc.mark == job::MarkSource::kPath)
+        std::replace(mark.begin(), mark.end(), L'/', L'-');
+    return ZetString(std::move(mark));
+}
+
+job::NcNameValues ValuesOf(const dstv::NcPart& part, const job::Job& job, const job::Group& group) {
+    const dstv::NcHeader& header = part.header;
+    return {MarkFor(header, job.nc),
+            ZetString::fromUtf8(Utf8FromPath(PathFromUtf8(part.file.toUtf8()).stem())),
+            header.profileName,
+            header.drawing,
+            header.phase,
+            header.order,
+            group.id};
 }
 
 }  // namespace
@@ -46,7 +61,7 @@ std::string NcFiles::AddFile(const dstv::NcPart& part,
                              const plugin::Ledger& ledger,
                              const job::OutputFile& output,
                              const job::Group& group) {
-    const ZetString name = job::FillNcName(output.nc->names, ValuesOf(part.header, group));
+    const ZetString name = job::FillNcName(output.nc->names, ValuesOf(part, m_job, group));
     const std::string path = output.nc->folder + "/" + name.toUtf8();
     if (const std::string fault = FaultOfName(name, path); !fault.empty())
         return "NC file \"" + path + "\": " + fault + "; change \"names\" of [[file]] \"" +

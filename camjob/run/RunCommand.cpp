@@ -122,6 +122,7 @@ class JobRunner {
     /// About the input.
     void NoteUnprinted(const std::string& file, const plugin::MemberResult& member);
     void Complain(const std::string& file, const std::string& text);
+    void Complain(const job::JobError& error);
     bool Refuse(const std::vector<job::JobError>& errors);
     bool Refuse();
     bool Cancel();
@@ -261,9 +262,12 @@ bool JobRunner::ReadInput(plugin::JobRun& run) {
     for (RunFault& fault : input.TakeFaults())
         m_report.faults.push_back(std::move(fault));
     TakeLeftOut(input, run);
-    for (const auto& conflicts : {run.FindPlanConflicts(), run.FindFormatConflicts()})
-        for (const ZetString& conflict : conflicts)
-            Complain(m_options.job, conflict.toUtf8());
+    for (const ZetString& conflict : run.FindPlanConflicts())
+        Complain(m_options.job, conflict.toUtf8());
+    for (const auto& [file, text] : run.FindFormatConflicts()) {
+        const job::OutputFile& at = m_job.files[file];
+        Complain(job::JobError{m_options.job, at.formatLine, at.formatColumn, text.toUtf8()});
+    }
     for (const std::string& replaced : InputsReplacedBy(run.GetProjectInfo().GetFileName()))
         Complain(replaced, "the output would replace this file");
     return m_report.faults.empty() || Refuse();
@@ -522,10 +526,13 @@ void JobRunner::Complain(const std::string& file, const std::string& text) {
     m_report.faults.push_back({file, 0, 0, file.empty() ? text : file + ": " + text});
 }
 
+void JobRunner::Complain(const job::JobError& error) {
+    m_report.faults.push_back({error.file, error.line, error.column, job::DescribeJobError(error)});
+}
+
 bool JobRunner::Refuse(const std::vector<job::JobError>& errors) {
     for (const job::JobError& error : errors)
-        m_report.faults.push_back(
-            {error.file, error.line, error.column, job::DescribeJobError(error)});
+        Complain(error);
     return Refuse();
 }
 

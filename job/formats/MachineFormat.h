@@ -94,9 +94,9 @@ enum class OperationOrder {
 
 /// How a value is written: fill, alignment, sign, width and precision as fmt has them.
 struct FieldSpec {
-    wchar_t fill = L' ';
-    char alignment = 0;  ///< < > ^; 0: texts < and numbers >
-    char sign = '-';     ///< - + or blank
+    std::wstring fill = L" ";  ///< one character
+    char alignment = 0;        ///< < > ^; 0: texts < and numbers >
+    char sign = '-';           ///< - + or blank
     bool isZeroFilled = false;
     int width = 0;
     int precision = -1;  ///< below 0: none
@@ -132,6 +132,7 @@ struct FormatLine {
 
 struct MachineFormat {
     ZetString name;
+    ZetString file;                ///< as the job names it; "": a built-in format
     bool areColumnsFixed = false;  ///< what is wider than its field cannot be written
     std::string lineEnd = "\n";
     OperationOrder order = OperationOrder::kGathered;

@@ -43,7 +43,7 @@ ZetString SizeOf(const MachineOperation& operation) {
 }
 
 FormatWord WordOf(Words words, int position) {
-    return {words[static_cast<std::size_t>(position)]};
+    return {words[static_cast<std::size_t>(position)], true};
 }
 
 }  // namespace
@@ -217,7 +217,9 @@ FormatValue FormatValues::NameOfTool(const MachineOperation& operation) const {
         return FormatWord{m_format.tools.rows[row].number.view()};
     if (m_format.tools.otherwise)
         return FormatWord{m_format.tools.otherwise->view()};
-    return NoValue{L"no [[tool]] is for it" + SizeOf(operation)};
+    const double size = DiameterOf(operation);
+    return NoValue{L"no [[tool]] is for it" + SizeOf(operation),
+                   size > 0.0 ? std::optional(size) : std::nullopt};
 }
 
 FormatValue FormatValues::NameOfProfile(const ZetString& profile) const {

@@ -44,11 +44,13 @@ struct FormatSubject {
 /// A word that the format gives, unlike a text of the data.
 struct FormatWord {
     std::wstring_view word;
+    bool isOfProgram = false;  ///< it can be in capitals
 };
 
 /// Why there is no value.
 struct NoValue {
     ZetString reason;
+    std::optional<double> found = {};
 };
 
 using FormatValue = std::variant<double, long, std::wstring_view, FormatWord, NoValue>;

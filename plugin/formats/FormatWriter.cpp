@@ -4,8 +4,6 @@
 #include "plugin/formats/RepeatedOperations.h"
 #include "plugin/formats/ValueText.h"
 
-#include "camdata/tolerance/CMxGeom.h"
-
 #include <algorithm>
 #include <cmath>
 #include <map>
@@ -58,7 +56,7 @@ class FormatWriter::MemberText {
         block.AppendText(inside.GetText(), inside.GetLines());
         AppendFrame(job::FormatPart::kMemberEnd, block);
         if (block.HasFault())
-            m_faults.push_back({-1, block.TakeFault()});
+            m_faults.push_back({block.TakeFault()});
         return {block.TakeText(), block.GetLines(), m_member.quantity};
     }
 
@@ -119,9 +117,9 @@ class FormatWriter::MemberText {
         if (line != nullptr)
             AppendLines(*line, subject, inside);
         else
-            inside.SetFault(L"the format has no line for it");
+            inside.SetFault({WhyNoLine(subject)});
         if (inside.HasFault())
-            m_faults.push_back({static_cast<long>(m_order[place]), inside.TakeFault()});
+            m_faults.push_back({inside.TakeFault(), static_cast<long>(m_order[place])});
     }
 
     /// The first line that fits the operation, and those that it repeats.
@@ -130,6 +128,18 @@ class FormatWriter::MemberText {
             if (Fits(line, subject) && (!line.repeat || TakeRun(line, place, subject)))
                 return &line;
         return nullptr;
+    }
+
+    /// Of an operation that no line has taken.
+    ZetString WhyNoLine(const FormatSubject& subject) const {
+        const job::FormatPart part = PartOf(*subject.operation);
+        const std::vector<job::FormatLine>& lines = m_format.LinesFor(part);
+        if (lines.empty())
+            return L"the format has no line for it";
+        const auto fits = [&](const job::FormatLine& line) { return Fits(line, subject); };
+        return std::any_of(lines.begin(), lines.end(), fits)
+                   ? L"the lines of the format that fit it are with \"repeat\", and it is not repeated"
+                   : L"no line of the format for it fits its face, code and group";
     }
 
     bool TakeRun(const job::FormatLine& line, std::size_t place, FormatSubject& subject) {
@@ -160,13 +170,10 @@ class FormatWriter::MemberText {
     /// Where each operation lies for the machine, as it would be written.
     std::vector<double> StepsOf(const job::FormatLine& line) const {
         const bool isAlong = *line.repeat == job::RepeatAxis::kX;
-        const double scale = std::pow(10.0, line.repeatDecimals);
         std::vector<double> steps =
             PlacesAlong(isAlong ? job::FormatField::kX : job::FormatField::kY, m_order);
-        for (double& step : steps) {
-            const double inUnit = InUnit(step, m_format.numbers.unit);
-            step = std::round(CMxGeom::Round_CAM(inUnit, line.repeatDecimals) * scale);
-        }
+        for (double& step : steps)
+            step = plugin::StepsOf(InUnit(step, m_format.numbers.unit), line.repeatDecimals);
         return steps;
     }
 
@@ -218,7 +225,7 @@ class FormatWriter::FileText {
         AppendFrame(job::FormatPart::kFileEnd, m_subject, header, file);
         for (LineWriter* each : {&inside, &file})
             if (each->HasFault())
-                faults.push_back({-1, each->TakeFault()});
+                faults.push_back({each->TakeFault()});
         return file.TakeText();
     }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "plugin/formats/FormatValues.h"
+#include "plugin/formats/ValueText.h"
 
 #include <cstddef>
 #include <string>
@@ -9,9 +10,8 @@
 namespace plugin {
 
 /// Why something of a member, or of a file, cannot be written in a format.
-struct FormatFault {
+struct FormatFault : ValueFault {
     long operation = -1;  ///< position in the member's; below 0: the member or the file itself
-    ZetString text;
 };
 
 /// A member as it stands in a file.

@@ -1,7 +1,7 @@
 #include "plugin/formats/LineWriter.h"
 
 #include "job/TextPattern.h"
-#include "plugin/formats/ValueText.h"
+#include "plugin/formats/CapitalLetters.h"
 
 #include <algorithm>
 #include <utility>
@@ -23,18 +23,22 @@ struct ValueAppender {
     const job::TemplatePiece& piece;
     const job::MachineFormat& format;
 
-    ZetString operator()(double value) const {
+    ValueFault operator()(double value) const {
         return AppendNumber(out, value, piece.field->type, piece.spec, format);
     }
-    ZetString operator()(long value) const { return AppendWhole(out, value, piece.spec, format); }
-    ZetString operator()(std::wstring_view text) const {
-        const ZetString fault = AppendText(out, text, piece.spec, format);
-        return fault.isEmpty() ? fault : L"\"" + ZetString(text) + L"\": " + fault;
+    ValueFault operator()(long value) const { return AppendWhole(out, value, piece.spec, format); }
+    ValueFault operator()(std::wstring_view text) const {
+        ValueFault fault = AppendText(out, text, piece.spec, format);
+        if (!fault.IsEmpty())
+            fault.text = L"\"" + ZetString(text) + L"\": " + fault.text;
+        return fault;
     }
-    ZetString operator()(const FormatWord& word) const {
-        return AppendWord(out, word.word, piece.spec, format);
+    ValueFault operator()(const FormatWord& word) const {
+        const bool isChanged = word.isOfProgram && format.texts.isUpperCase;
+        return AppendWord(
+            out, isChanged ? InPlainCapitals(word.word) : word.word, piece.spec, format);
     }
-    ZetString operator()(const NoValue& none) const { return none.reason; }
+    ValueFault operator()(const NoValue& none) const { return {none.reason, {}, none.found}; }
 };
 
 }  // namespace
@@ -75,9 +79,11 @@ void LineWriter::AppendValue(const job::TemplatePiece& piece, const FormatSubjec
         return;
     }
     const FormatValue value = m_values.ValueOf(piece.field->field, subject);
-    const ZetString fault = std::visit(ValueAppender{m_text, piece, m_format}, value);
-    if (!fault.isEmpty())
-        m_fault = ZetString::fromUtf8("{" + std::string(piece.field->name) + "}: ") + fault;
+    ValueFault fault = std::visit(ValueAppender{m_text, piece, m_format}, value);
+    if (fault.IsEmpty())
+        return;
+    fault.text = ZetString::fromUtf8("{" + std::string(piece.field->name) + "}: ") + fault.text;
+    m_fault = std::move(fault);
 }
 
 /// In one line, so what the line for a point says comes without its end.

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "plugin/formats/FormatValues.h"
+#include "plugin/formats/ValueText.h"
 
 #include <string>
 #include <utility>
@@ -23,9 +24,9 @@ class LineWriter {
     const std::string& GetText() const { return m_text; }
     std::string TakeText() { return std::move(m_text); }
     long GetLines() const { return m_lines; }
-    bool HasFault() const { return !m_fault.isEmpty(); }
-    void SetFault(const ZetString& fault) { m_fault = fault; }
-    ZetString TakeFault() { return std::exchange(m_fault, {}); }
+    bool HasFault() const { return !m_fault.IsEmpty(); }
+    void SetFault(ValueFault fault) { m_fault = std::move(fault); }
+    ValueFault TakeFault() { return std::exchange(m_fault, {}); }
 
     /// What {header} stands for.
     void SetHeader(const std::vector<ZetString>& lines) { m_header = &lines; }
@@ -41,7 +42,7 @@ class LineWriter {
     const std::vector<ZetString>* m_header = nullptr;
     std::string m_text;
     long m_lines = 0;
-    ZetString m_fault;
+    ValueFault m_fault;
 };
 
 /// The first line for `part` that fits what the subject is; null: none.

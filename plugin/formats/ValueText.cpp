@@ -55,45 +55,47 @@ std::string_view WithoutZeros(std::string_view digits, job::Zeros zeros) {
 }
 
 /// Repeats a fill character, in the encoding of the format.
-ZetString AppendFill(std::string& out,
-                     std::size_t count,
-                     const job::FieldSpec& spec,
-                     const job::MachineFormat& format) {
+ValueFault AppendFill(std::string& out,
+                      std::size_t count,
+                      const job::FieldSpec& spec,
+                      const job::MachineFormat& format) {
     if (count == 0)
         return {};
-    const auto bytes = job::InEncoding({&spec.fill, 1}, format.texts.page);
+    const auto bytes = job::InEncoding(spec.fill, format.texts.page);
     if (!bytes)
-        return L"the encoding has not the fill character";
+        return {L"the encoding has not the fill character"};
     for (std::size_t i = 0; i < count; ++i)
         out += *bytes;
     return {};
 }
 
 /// Pads what has `length` characters to the width of its field.
-ZetString AppendPadded(std::string& out,
-                       std::string_view bytes,
-                       std::size_t length,
-                       char alignment,
-                       const job::FieldSpec& spec,
-                       const job::MachineFormat& format) {
+ValueFault AppendPadded(std::string& out,
+                        std::string_view bytes,
+                        std::size_t length,
+                        char alignment,
+                        const job::FieldSpec& spec,
+                        const job::MachineFormat& format) {
     const auto width = static_cast<std::size_t>(spec.width);
     if (format.areColumnsFixed && width > 0 && length > width)
-        return ZetString::format(L"it has %d characters and its column %d", length, width);
+        return {ZetString::format(L"it has %d characters and its column %d", length, width),
+                static_cast<double>(width),
+                static_cast<double>(length)};
     const std::size_t fill = width > length ? width - length : 0;
     const char side = spec.alignment != 0 ? spec.alignment : alignment;
     const std::size_t before = side == '>' ? fill : side == '^' ? fill / 2 : 0;
-    ZetString fault = AppendFill(out, before, spec, format);
+    ValueFault fault = AppendFill(out, before, spec, format);
     out += bytes;
-    return fault.isEmpty() ? AppendFill(out, fill - before, spec, format) : fault;
+    return fault.IsEmpty() ? AppendFill(out, fill - before, spec, format) : fault;
 }
 
 /// Sign and digits of a number, padded.
-ZetString AppendSigned(std::string& out,
-                       bool isNegative,
-                       bool hasPlus,
-                       std::string_view digits,
-                       const job::FieldSpec& spec,
-                       const job::MachineFormat& format) {
+ValueFault AppendSigned(std::string& out,
+                        bool isNegative,
+                        bool hasPlus,
+                        std::string_view digits,
+                        const job::FieldSpec& spec,
+                        const job::MachineFormat& format) {
     std::string number;
     if (isNegative)
         number = "-";
@@ -122,20 +124,15 @@ int DecimalsOf(job::FieldType type, const job::FieldSpec& spec, const job::Machi
 
 // ---- texts --------------------------------------------------------------------------------------
 
-/// Of a character that is two on Windows.
-bool IsSecondHalf(wchar_t c) {
-    return c >= 0xDC00 && c <= 0xDFFF;
-}
-
 std::size_t CountCharacters(std::wstring_view text) {
     return text.size() -
-           static_cast<std::size_t>(std::count_if(text.begin(), text.end(), IsSecondHalf));
+           static_cast<std::size_t>(std::count_if(text.begin(), text.end(), job::IsSecondHalf));
 }
 
 std::wstring_view FirstCharacters(std::wstring_view text, std::size_t count) {
     std::size_t end = 0;
     for (std::size_t taken = 0; end < text.size(); ++end) {
-        taken += IsSecondHalf(text[end]) ? 0 : 1;
+        taken += job::IsSecondHalf(text[end]) ? 0 : 1;
         if (taken > count)
             break;
     }
@@ -147,9 +144,9 @@ bool MayHaveLineEnds(const job::TextSettings& texts) {
     return texts.escapes == job::Escapes::kDoubled && texts.quotes != job::Quotes::kNone;
 }
 
-ZetString FaultOfText(std::wstring_view text, const job::TextSettings& texts) {
+ValueFault FaultOfText(std::wstring_view text, const job::TextSettings& texts) {
     if (text.find_first_of(texts.forbidden.view()) != std::wstring_view::npos)
-        return L"it has a character that the format forbids";
+        return {L"it has a character that the format forbids"};
     if (texts.escapes == job::Escapes::kBackslash)
         return {};
     const bool mayHaveQuotes =
@@ -157,9 +154,9 @@ ZetString FaultOfText(std::wstring_view text, const job::TextSettings& texts) {
     for (const wchar_t c : text) {
         const bool isLineEnd = c == L'\n' || c == L'\r';
         if (camdata::detail::IsControl(c) && !(isLineEnd && MayHaveLineEnds(texts)))
-            return L"it has a control character";
+            return {L"it has a control character"};
         if (c == L'"' && !mayHaveQuotes)
-            return L"it has a quote, and the format no escape for it";
+            return {L"it has a quote, and the format no escape for it"};
     }
     return {};
 }
@@ -186,30 +183,41 @@ std::wstring Escaped(std::wstring_view text, job::Escapes escapes) {
 }
 
 /// Cut or refused beyond the longest; the fault.
-ZetString Shorten(std::wstring& text, const job::TextSettings& texts) {
+ValueFault Shorten(std::wstring& text, const job::TextSettings& texts) {
     const auto longest = static_cast<std::size_t>(texts.longest);
     if (longest == 0 || CountCharacters(text) <= longest)
         return {};
     if (texts.tooLong == job::TooLong::kRefuse)
-        return ZetString::format(L"it is longer than %d characters", texts.longest);
+        return {ZetString::format(L"it is longer than %d characters", texts.longest),
+                static_cast<double>(longest),
+                static_cast<double>(CountCharacters(text))};
     text.resize(FirstCharacters(text, longest).size());
     return {};
 }
 
 }  // namespace
 
+double StepsOf(double value, int decimals) {
+    DigitBuffer buffer;
+    std::string digits(DigitsOf(std::abs(value), 'f', decimals, buffer));
+    digits.erase(std::remove(digits.begin(), digits.end(), '.'), digits.end());
+    double steps = 0.0;
+    std::from_chars(digits.data(), digits.data() + digits.size(), steps);
+    return value < 0.0 ? -steps : steps;
+}
+
 double InUnit(double millimetres, job::NumberUnit unit) {
     return unit == job::NumberUnit::kMillimetre ? millimetres
                                                 : millimetres / kUnits[static_cast<int>(unit)];
 }
 
-ZetString AppendNumber(std::string& out,
-                       double value,
-                       job::FieldType type,
-                       const job::FieldSpec& spec,
-                       const job::MachineFormat& format) {
+ValueFault AppendNumber(std::string& out,
+                        double value,
+                        job::FieldType type,
+                        const job::FieldSpec& spec,
+                        const job::MachineFormat& format) {
     if (!std::isfinite(value))
-        return L"it is no number";
+        return {L"it is no number"};
     if (type == job::FieldType::kLength)
         value = InUnit(value, format.numbers.unit);
     DigitBuffer buffer;
@@ -224,28 +232,28 @@ ZetString AppendNumber(std::string& out,
                         format);
 }
 
-ZetString AppendWhole(std::string& out,
-                      long value,
-                      const job::FieldSpec& spec,
-                      const job::MachineFormat& format) {
+ValueFault AppendWhole(std::string& out,
+                       long value,
+                       const job::FieldSpec& spec,
+                       const job::MachineFormat& format) {
     std::string digits = std::to_string(value);
     if (value < 0)
         digits.erase(0, 1);
     return AppendSigned(out, value < 0, false, digits, spec, format);
 }
 
-ZetString AppendText(std::string& out,
-                     std::wstring_view text,
-                     const job::FieldSpec& spec,
-                     const job::MachineFormat& format) {
+ValueFault AppendText(std::string& out,
+                      std::wstring_view text,
+                      const job::FieldSpec& spec,
+                      const job::MachineFormat& format) {
     const job::TextSettings& texts = format.texts;
     std::wstring changed = texts.isUpperCase ? InPlainCapitals(text) : std::wstring(text);
     if (spec.precision >= 0)
         changed.resize(FirstCharacters(changed, static_cast<std::size_t>(spec.precision)).size());
-    ZetString fault = Shorten(changed, texts);
-    if (fault.isEmpty())
+    ValueFault fault = Shorten(changed, texts);
+    if (fault.IsEmpty())
         fault = FaultOfText(changed, texts);
-    if (!fault.isEmpty())
+    if (!fault.IsEmpty())
         return fault;
     const bool isQuoted = NeedsQuotes(changed, texts.quotes);
     if (texts.escapes == job::Escapes::kBackslash || isQuoted)
@@ -257,15 +265,15 @@ ZetString AppendText(std::string& out,
     return AppendWord(out, changed, padded, format);
 }
 
-ZetString AppendWord(std::string& out,
-                     std::wstring_view word,
-                     const job::FieldSpec& spec,
-                     const job::MachineFormat& format) {
+ValueFault AppendWord(std::string& out,
+                      std::wstring_view word,
+                      const job::FieldSpec& spec,
+                      const job::MachineFormat& format) {
     if (spec.precision >= 0)
         word = FirstCharacters(word, static_cast<std::size_t>(spec.precision));
     const auto bytes = job::InEncoding(word, format.texts.page);
     if (!bytes)
-        return L"the encoding of the format has not all its characters";
+        return {L"the encoding of the format has not all its characters"};
     return AppendPadded(out, *bytes, CountCharacters(word), '<', spec, format);
 }
 

@@ -11,18 +11,27 @@ namespace plugin {
 
 namespace {
 
+ZetString WordOf(Words words, int position) {
+    return ZetString(words[static_cast<std::size_t>(position)]);
+}
+
 ZetString Describe(const MachineOperation& operation) {
-    const auto word = [](Words words, int position) {
-        return ZetString(words[static_cast<std::size_t>(position)]);
-    };
-    const ZetString kind = word(kOperationWords, static_cast<int>(operation.kind));
+    const ZetString kind = WordOf(kOperationWords, static_cast<int>(operation.kind));
+    const ZetString face = WordOf(kFaceWords, operation.face);
     if (operation.kind == MachineOperationKind::kMitre)
-        return kind + L" at the " + word(kEndWords, operation.end);
-    return ZetString::format(L"%s on %s at (X:%.1f, Y:%.1f)",
-                             kind,
-                             word(kFaceWords, operation.face),
-                             operation.x,
-                             operation.y);
+        return kind + L" at the " + WordOf(kEndWords, operation.end);
+    if (operation.kind == MachineOperationKind::kTrim)
+        return ZetString::format(L"%s of the %s side of %s at %.1f",
+                                 kind,
+                                 WordOf(kSideWords, operation.side),
+                                 face,
+                                 operation.at);
+    return ZetString::format(L"%s on %s at (X:%.1f, Y:%.1f)", kind, face, operation.x, operation.y);
+}
+
+ZetString Describe(const job::MachineFormat& format) {
+    return L"Format \"" + format.name + L"\"" +
+           (format.file.isEmpty() ? ZetString() : L" (" + format.file + L")");
 }
 
 }  // namespace
@@ -57,15 +66,15 @@ bool JobMember::WriteFormat(std::size_t position) {
     std::vector<FormatFault> faults;
     const FormatWriter& writer = m_rules.GetFormats()[position];
     m_formatted[position] = writer.WriteMember(m_machineMember, m_rules.GetFormatTexts(), faults);
-    return !FileFormatFaults(writer.GetFormat().name, faults);
+    return !FileFormatFaults(writer.GetFormat(), faults);
 }
 
 /// True when it has taken operations out.
-bool JobMember::FileFormatFaults(const ZetString& format, const std::vector<FormatFault>& faults) {
+bool JobMember::FileFormatFaults(const job::MachineFormat& format,
+                                 const std::vector<FormatFault>& faults) {
     std::set<std::size_t> taken;
     for (const FormatFault& fault : faults) {
-        FileFormatFault(ZetString::format(L"Format \"%s\": %s", format, fault.text),
-                        fault.operation);
+        FileFormatFault(format, fault);
         if (fault.operation >= 0)
             taken.insert(static_cast<std::size_t>(fault.operation));
     }
@@ -77,13 +86,17 @@ bool JobMember::FileFormatFaults(const ZetString& format, const std::vector<Form
     return !taken.empty();
 }
 
-void JobMember::FileFormatFault(ZetString text, long operation) {
-    Finding finding{.type = job::kUnwritable, .text = std::move(text), .isRefusal = true};
-    if (operation < 0) {
+void JobMember::FileFormatFault(const job::MachineFormat& format, const FormatFault& fault) {
+    Finding finding{.type = job::kUnwritable,
+                    .text = Describe(format) + L": " + fault.text,
+                    .required = fault.required,
+                    .found = fault.found,
+                    .isRefusal = true};
+    if (fault.operation < 0) {
         FileError(std::move(finding));
         return;
     }
-    const auto position = static_cast<std::size_t>(operation);
+    const auto position = static_cast<std::size_t>(fault.operation);
     finding.text += L": " + Describe(m_machineMember.operations[position]);
     finding.feature = FeatureOf(m_operationTags[position]);
     FileFinding(std::move(finding));

@@ -404,8 +404,8 @@ void JobRun::WriteFormattedFiles(const std::filesystem::path& folder) {
 }
 
 /// Each file with a member without lines in each of its groups.
-std::vector<ZetString> JobRun::FindFormatConflicts() {
-    std::vector<ZetString> conflicts;
+std::vector<JobRun::FormatConflict> JobRun::FindFormatConflicts() {
+    std::vector<FormatConflict> conflicts;
     const FormattedMember none;
     m_rules.SetFormatTexts(GetJobProjectInfo().MakeFormatTexts(m_job));
     for (std::size_t file = 0; file < m_job.files.size(); ++file) {
@@ -418,8 +418,10 @@ std::vector<ZetString> JobRun::FindFormatConflicts() {
         std::vector<FormatFault> faults;
         MakeFormattedFile(file, std::move(groups), faults);
         for (const FormatFault& fault : faults)
-            conflicts.push_back(ZetString::format(
-                L"file \"%s\": its format cannot express %s", m_job.files[file].id, fault.text));
+            conflicts.push_back({file,
+                                 ZetString::format(L"file \"%s\": its format cannot express %s",
+                                                   m_job.files[file].id,
+                                                   fault.text)});
     }
     return conflicts;
 }

@@ -123,7 +123,11 @@ class JobRun {
     /// Why members that were added cannot be cut as the job says; one sentence each.
     std::vector<ZetString> FindPlanConflicts() const;
     /// Why files cannot be written in their formats, whatever their members; one sentence each.
-    std::vector<ZetString> FindFormatConflicts();
+    struct FormatConflict {
+        std::size_t file = 0;  ///< position in the job's
+        ZetString text;
+    };
+    std::vector<FormatConflict> FindFormatConflicts();
     /// By group, then by profile and material; empty without nested groups that have valid members.
     /// After Write.
     const std::vector<ProfilePlan>& GetPlans() const { return m_plans; }

@@ -303,8 +303,8 @@ class JobMember : public CMxPeilaib {
     void WriteFormats();
     std::set<std::size_t> FormatsOfGroup() const;
     bool WriteFormat(std::size_t position);
-    bool FileFormatFaults(const ZetString& format, const std::vector<FormatFault>& faults);
-    void FileFormatFault(ZetString text, long operation);
+    bool FileFormatFaults(const job::MachineFormat& format, const std::vector<FormatFault>& faults);
+    void FileFormatFault(const job::MachineFormat& format, const FormatFault& fault);
     void WriteRecords(ZetFileAccess* file) const;
     void ReleaseSources();
     void TellUnmade(ZetArray<ZetString>& block) const;

@@ -65,6 +65,59 @@ TEST(Formats, FacesAreMirroredWhereTheyEnd) {
     }
 }
 
+// Files of one name in two folders, whose marks are their paths.
+TEST(Formats, NcFilesAreNamedByWhatTellsPartsApart) {
+    struct Case {
+        std::string names;
+        std::string told;  ///< "": two files are written
+    };
+    const Case cases[] = {
+        {"",                                  ""                                          },
+        {"names = \"{file_name}{mark}.nc1\"", ""                                          },
+        {"names = \"{file_name}.nc1\"",       "it is that of another member, \"nc/p.nc1\""},
+    };
+    for (const Case& each : cases) {
+        SCOPED_TRACE(each.names);
+        const TempFolder folder;
+        folder.Write("job.toml",
+                     "[job]\nnc_files = [\"*/p.nc1\"]\n[nc]\nmark = \"path\"\n[[file]]\nid = "
+                     "\"nc\"\nformat = \"dstv\"\n" +
+                         each.names +
+                         "\n[[group]]\nid = \"g\"\nfiles = [\"nc\"]\n[[member_type]]\nid = "
+                         "\"t\"\ngroup = \"g\"\nreport = { uncovered_hole = \"warning\" }\n");
+        for (const char* sub : {"a", "b"}) {
+            fs::create_directory(folder.PathOf(sub));
+            fs::copy(CAMJOB_EXAMPLES "/nc/Z200-purlin.nc1", folder.PathOf(sub) / "p.nc1");
+        }
+        const CurrentFolder current(folder.PathOf("."));
+        const CamjobRun run = RunTool({"run", "job.toml", "--out", "made"});
+        EXPECT_EQ(run.exitCode == 2, !each.told.empty()) << run.err;
+        EXPECT_NE(run.err.find(each.told), std::string::npos) << run.err;
+        const fs::path made("made/nc");
+        const auto files = fs::exists(made) ? std::distance(fs::directory_iterator(made), {}) : 0;
+        EXPECT_EQ(files, each.told.empty() ? 2 : 0);
+    }
+}
+
+// What no member can change is told at the file's format in the job, before any file is written.
+TEST(Formats, WhatAFileCannotExpressIsToldAtItsPlace) {
+    const TempFolder folder;
+    folder.Write("f.toml",
+                 "[texts]\nencoding = \"iso-8859-1\"\n[[line]]\nfor = [\"group_start\"]\ntext = "
+                 "[\"{group}\"]\n");
+    folder.Write("job.toml",
+                 "[job]\nnc_files = [\"p.nc1\"]\n[[file]]\nid = \"order\"\nformat = "
+                 "\"f.toml\"\n[[group]]\nid = \"\u0141\"\n[[member_type]]\nid = \"t\"\ngroup = "
+                 "\"\u0141\"\n");
+    fs::copy(CAMJOB_EXAMPLES "/nc/Z200-purlin.nc1", folder.PathOf("p.nc1"));
+    const CurrentFolder current(folder.PathOf("."));
+    const CamjobRun run = RunTool({"run", "job.toml", "--out", "made"});
+    EXPECT_EQ(run.exitCode, 2);
+    EXPECT_NE(run.err.find("job.toml:5:10: file \"order\": its format cannot express {group}: "),
+              std::string::npos)
+        << run.err;
+}
+
 std::string OrdersOf(const fs::path& folder) {
     std::ifstream stream(folder / "warehouse12-orders.txt", std::ios::binary);
     std::string orders(std::istreambuf_iterator<char>(stream), {});

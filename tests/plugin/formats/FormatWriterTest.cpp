@@ -3,10 +3,16 @@
 #include "plugin/formats/FormatWriter.h"
 #include "plugin/output/MachineRecordText.h"
 
+#include <algorithm>
+#include <cmath>
 #include <iterator>
 #include <limits>
+#include <optional>
 #include <random>
+#include <set>
+#include <sstream>
 #include <string>
+#include <vector>
 
 #include <gtest/gtest.h>
 
@@ -28,13 +34,18 @@ MachineFormat FormatOf(const std::string& text) {
     return format;
 }
 
+std::string Shown(const std::string& what, const std::optional<double>& number) {
+    return number ? what + std::to_string(std::lround(*number)) : "";
+}
+
 /// The member's text; its faults in brackets when there are any.
 std::string Written(const MachineFormat& format, const MachineMember& member) {
     std::vector<FormatFault> faults;
     const FormattedMember text = FormatWriter(format).WriteMember(member, {}, faults);
     std::string told;
     for (const FormatFault& fault : faults)
-        told += "[" + std::to_string(fault.operation) + " " + fault.text.toUtf8() + "]";
+        told += "[" + std::to_string(fault.operation) + " " + fault.text.toUtf8() +
+                Shown(" required ", fault.required) + Shown(" found ", fault.found) + "]";
     return told.empty() ? text.text : told;
 }
 
@@ -128,20 +139,22 @@ const Case kCases[] = {
     {"BracesTwice", "", "\"{{{x:.0f}}}\"", Member({HoleAt(7, 0)}), "{7}\n"},
     {"Exponent", "", "\"{x:.2e} {y:g}\"", Member({HoleAt(1500, 0.5)}), "1.50e+03 0.5\n"},
     {"NoNumber", "", kXy, Member({HoleAt(1, 2), HoleAt(kNan, 1), HoleAt(1, kInfinite)}), "[1 {x}: it is no number][2 {y}: it is no number]"},
-    {"FixedColumns", "[format]\nfixed_columns=true", "\"{x:6.1f}\"", Member({HoleAt(9999, 1), HoleAt(10000, 1)}), "[1 {x}: it has 7 characters and its column 6]"},
+    {"FixedColumns", "[format]\nfixed_columns=true", "\"{x:6.1f}\"", Member({HoleAt(9999, 1), HoleAt(10000, 1)}), "[1 {x}: it has 7 characters and its column 6 required 6 found 7]"},
     {"MirroredFace", "[[face]]\nface=\"web\"\nname=\"W\"\nmirror_x=true\nmirror_y=true\nx_offset=10", "\"{face} {x:.0f} {y:.0f}\"", Member({HoleAt(100, 50)}), "W 2910 150\n"},
     {"MirroredTrim", "[[face]]\nface=\"web\"\nmirror_x=true\n[[line]]\nfor=[\"trim\"]\ntext=[\"{side} {at:.0f}\"]", "", Member({Trim(0, 40), Trim(3, 180)}), "end 2960\nupper 180\n"},
     {"FaceWithoutName", "[[face]]\nface=\"top_flange\"\nname=\"T\"", "\"{face}\"", Member({HoleAt(1, 1)}), "[0 {face}: no [[face]] names the face web]"},
     {"OtherFaces", "[format]\nother_faces=\"?\"\n[[face]]\nface=\"top_flange\"\nname=\"T\"", "\"{face}\"", Member({HoleAt(1, 1)}), "?\n"},
     {"AngleClockwise", "[numbers]\nangles=\"clockwise\"\ndecimals=0\n[[line]]\nfor=[\"slot\"]\ntext=[\"{angle}\"]", "", Member({Slot(30), Slot(0)}), "150\n0\n"},
     {"AngleMirrored", "[[face]]\nface=\"web\"\nmirror_x=true\n[[line]]\nfor=[\"slot\"]\ntext=[\"{face} {angle:.0f}\"]", "", Member({Slot(30)}), "web 150\n"},
-    {"Tools", "[[tool]]\nkind=\"hole\"\ndiameter=18.03\nnumber=\"7\"", "\"{tool}\"", Member({HoleAt(1, 1), HoleAt(1, 1, 20)}), "[1 {tool}: no [[tool]] is for it, diameter 20.00]"},
+    {"Tools", "[[tool]]\nkind=\"hole\"\ndiameter=18.03\nnumber=\"7\"", "\"{tool}\"", Member({HoleAt(1, 1), HoleAt(1, 1, 20)}), "[1 {tool}: no [[tool]] is for it, diameter 20.00 found 20]"},
     {"ByTool", "[format]\norder=\"tool\"\n[[tool]]\nkind=\"hole\"\ndiameter=20\nnumber=\"1\"\n[[tool]]\nkind=\"hole\"\nnumber=\"2\"", "\"{tool} {x:.0f}\"", Member({HoleAt(9, 1), HoleAt(5, 1, 20), HoleAt(3, 1), HoleAt(1, 1, 20)}), "1 1\n1 5\n2 3\n2 9\n"},
     {"ByX", "[format]\norder=\"x\"", "\"{x:.0f} {y:.0f}\"", Member({HoleAt(9, 1), HoleAt(3, 8), HoleAt(3, 2)}), "3 2\n3 8\n9 1\n"},
     {"Capitals", "[texts]\nupper_case=true", "\"{mark}\"", Marked(L"Stra\u00DFe \u0141\u00F3d\u017A \u00D8\u00E6\u03AC"), "STRASSE LODZ OAE\xCE\x91\n"},
+    {"OwnWordsInCapitals", "[texts]\nupper_case=true\n[[face]]\nface=\"web\"\nname=\"Steg\"\n[[face]]\nface=\"top_flange\"\n[[line]]\nfor=[\"trim\"]\ntext=[\"{kind} {side} {face}\"]", "\"{kind} {face}\"", Member({HoleAt(1, 1), Trim(0, 40)}), "HOLE Steg\nTRIM START Steg\n"},
     {"Encoding", "[texts]\nencoding=\"windows-1250\"", "\"{mark:3}|\"", Marked(L"\u0141"), "\xA3  |\n"},
+    {"FillBeyondTheBasicPlane", "", "\"{mark:\U0001F529>5}\"", Member({HoleAt(1, 2)}), "\U0001F529\U0001F529Z-1\n"},
     {"NotInEncoding", "[texts]\nencoding=\"iso-8859-1\"", "\"{mark}\"", Marked(L"\u0141"), "[0 {mark}: \"\u0141\": the encoding of the format has not all its characters]"},
-    {"TooLong", "[texts]\nlongest=3", "\"{mark}\"", Marked(L"ABCD"), "[0 {mark}: \"ABCD\": it is longer than 3 characters]"},
+    {"TooLong", "[texts]\nlongest=3", "\"{mark}\"", Marked(L"ABCD"), "[0 {mark}: \"ABCD\": it is longer than 3 characters required 3 found 4]"},
     {"CutOff", "[texts]\nlongest=3\ntoo_long=\"cut\"", "\"{mark}\"", Marked(L"ABCD"), "ABC\n"},
     {"Forbidden", "[texts]\nforbidden=\";,\"", "\"{mark}\"", Marked(L"A;B"), "[0 {mark}: \"A;B\": it has a character that the format forbids]"},
     {"ControlCharacter", "", "\"{mark}\"", Marked(L"A\nB"), "[0 {mark}: \"A\nB\": it has a control character]"},
@@ -149,6 +162,8 @@ const Case kCases[] = {
     {"QuotesWhereNeeded", "[texts]\nquotes=\"needed\"\nescapes=\"doubled\"", "\"{mark},{profile}\"", Marked(L"1\", 2"), "\"1\"\", 2\",Z200\n"},
     {"Backslashes", "[texts]\nquotes=\"always\"\nescapes=\"backslash\"", "\"{mark}\"", Marked(L"a\\b\"\n\x1B"), "\"a\\\\b\\\"\\n\\u001B\"\n"},
     {"NoLineForIt", "", kXy, Member({HoleAt(1, 2), Triangle()}), "[1 the format has no line for it]"},
+    {"NoLineForItsCode", "[[line]]\nfor=[\"hole\"]\ncodes=[\"X\"]\ntext=[\"x\"]", "", Member({HoleAt(1, 2)}), "[0 no line of the format for it fits its face, code and group]"},
+    {"NoLineForOne", kRuns, "", Member({HoleAt(1, 2)}), "[0 the lines of the format that fit it are with \"repeat\", and it is not repeated]"},
     {"NothingForIt", "[[line]]\nfor=[\"outline\"]\ntext=[]\n[[line]]\nfor=[\"point\"]\ntext=[\"p\"]", "", Member({Triangle()}), ""},
     {"FirstThatFits", "[[line]]\nfor=[\"hole\"]\ncodes=[\"X*\"]\ntext=[\"x\"]\n[[line]]\nfor=[\"hole\"]\nfaces=[\"top_flange\"]\ntext=[\"t\"]\n[[line]]\nfor=[\"hole\"]\ngroups=[\"g*\"]\ntext=[\"g\"]", "\"else\"", Member({HoleAt(1, 1)}), "else\n"},
     {"PointsInLine", "[[line]]\nfor=[\"outline\"]\ntext=[\"{index}<{points}>\"]\n[[line]]\nfor=[\"point\"]\ntext=[\"{index}:{x:.0f}/{y:.0f}\"]\nbetween=\"; \"", "", Member({Triangle(), Triangle()}), "1<1:0/0; 2:10/0; 3:0/5>\n2<1:0/0; 2:10/0; 3:0/5>\n"},
@@ -160,11 +175,51 @@ const Case kCases[] = {
     {"ColumnsFromTheOtherEdge", "[[face]]\nface=\"web\"\nmirror_y=true\n[numbers]\ndecimals=0\n" + kRuns, kXy, Member({HoleAt(10, 20), HoleAt(10, 60)}), "10 140 2*40\n"},
     {"RowsFromTheEnd", "[[face]]\nface=\"web\"\nmirror_x=true\n[numbers]\ndecimals=0\n[[line]]\nfor=[\"hole\"]\nrepeat=\"x\"\nleast=3\ntext=[\"{x} {y} {count}*{pitch}\"]", kXy, Member({HoleAt(10, 20), HoleAt(20, 20), HoleAt(30, 20), HoleAt(95, 20, 14)}), "2970 20 3*10\n2905 20\n"},
     {"Counts", "[[line]]\nfor=[\"member\"]\ntext=[\"{mark} {lines} {operations}\",\"{length:.0f}\"]\n[[line]]\nfor=[\"member_end\"]\ntext=[\"end {lines}\"]", "\"a\",\"b\"", Member({HoleAt(1, 1), HoleAt(2, 1)}), "Z-1 4 2\n3000\na\nb\na\nb\nend 4\n"},
-    {"MemberItself", "[texts]\nlongest=2\n[[line]]\nfor=[\"member\"]\ntext=[\"{mark}\"]", kXy, Member({HoleAt(1, 1)}), "[-1 {mark}: \"Z-1\": it is longer than 2 characters]"},
+    {"MemberItself", "[texts]\nlongest=2\n[[line]]\nfor=[\"member\"]\ntext=[\"{mark}\"]", kXy, Member({HoleAt(1, 1)}), "[-1 {mark}: \"Z-1\": it is longer than 2 characters required 2 found 3]"},
 };
 // clang-format on
 
 INSTANTIATE_TEST_SUITE_P(Format, FormatLine, ::testing::ValuesIn(kCases), RowName());
+
+/// The numbers of a line, in units of their last decimal.
+std::vector<long> StepsIn(std::string line) {
+    line.erase(std::remove(line.begin(), line.end(), '.'), line.end());
+    std::replace(line.begin(), line.end(), '*', ' ');
+    std::istringstream words(line);
+    return {std::istream_iterator<long>(words), {}};
+}
+
+/// Places at and near the halves between two numbers that can be written.
+TEST(FormatLine, RepeatedHolesLieWhereEachWouldBeWritten) {
+    for (unsigned seed = 0; seed < 400; ++seed) {
+        std::mt19937_64 random(seed);
+        const std::string decimals = std::to_string(seed % 4);
+        const double step = std::pow(10.0, -static_cast<double>(seed % 4));
+        std::vector<MachineOperation> holes;
+        for (int i = 0; i < 12; ++i) {
+            const double offset = static_cast<double>(random() % 3) * step * 1e-9;
+            holes.push_back(
+                HoleAt(1, static_cast<double>(random() % 40) * 0.5 * step + offset - step));
+        }
+        const std::string numbers = "[numbers]\ndecimals=" + decimals + "\n";
+        const std::string plain = "[[line]]\nfor=[\"hole\"]\ntext=[\"{y}\"]\n";
+        const std::string runs =
+            "[[line]]\nfor=[\"hole\"]\nrepeat=\"y\"\ntext=[\"{y} {count}*{pitch} {x:.0f}\"]\n";
+        std::multiset<long> expected;
+        std::istringstream single(Written(FormatOf(numbers + plain), Member(holes)));
+        for (std::string line; std::getline(single, line);)
+            expected.insert(StepsIn(line).front());
+        std::multiset<long> repeated;
+        std::istringstream lines(Written(FormatOf(numbers + runs + plain), Member(holes)));
+        for (std::string line; std::getline(lines, line);) {
+            const std::vector<long> told = StepsIn(line);
+            const bool isRun = told.size() > 1;
+            for (long i = 0; i < (isRun ? told[1] : 1); ++i)
+                repeated.insert(told[0] + (isRun ? i * told[2] : 0));
+        }
+        EXPECT_EQ(repeated, expected) << seed;
+    }
+}
 
 TEST(FormatFile, FramesFilesAndGroups) {
     const MachineFormat format = FormatOf(R"(
