@@ -71,28 +71,19 @@ std::string SavingOf(const RunReport& report) {
 }
 
 std::vector<PageFact> Totals(const RunReport& report) {
-    plugin::SteelTotals steel;
-    long valid = 0;
-    long withWarnings = 0;
-    long nonStandard = 0;
-    for (const RunGroup& group : report.groups) {
-        steel += group.result.steel;
-        valid += group.result.members - group.result.invalid;
-        withWarnings += group.result.withWarnings;
-        nonStandard += group.result.nonStandard;
-    }
+    const plugin::GroupResult sum = report.SumGroups();
     long bars = 0;
     for (const RunPlan& plan : report.plans)
         bars += TotalsOf(plan.plan).bars;
     return {
         {"Members",       Text(static_cast<long>(report.members.size())) },
-        {"Valid",         Text(valid)                                    },
-        {"Invalid",       Text(report.CountInvalid())                    },
-        {"With warnings", Text(withWarnings)                             },
-        {"Non-standard",  Text(nonStandard)                              },
-        {"Pieces",        Text(steel.pieces)                             },
-        {"Metres",        steel.ShowMetres().toUtf8()                    },
-        {"Tonnes",        steel.ShowTonnes().toUtf8()                    },
+        {"Valid",         Text(sum.members - sum.invalid)                },
+        {"Invalid",       Text(sum.invalid)                              },
+        {"With warnings", Text(sum.withWarnings)                         },
+        {"Non-standard",  Text(sum.nonStandard)                          },
+        {"Pieces",        Text(sum.steel.pieces)                         },
+        {"Metres",        sum.steel.ShowMetres().toUtf8()                },
+        {"Tonnes",        sum.steel.ShowTonnes().toUtf8()                },
         {"Bars",          report.plans.empty() ? "" : Text(bars)         },
         {"Plans save",    SavingOf(report)                               },
         {"NC files read", Text(report.input.filesRead)                   },
@@ -112,15 +103,19 @@ PageTable GroupTable(const RunReport& report) {
         ""
     };
     table.firstNumber = 1;
+    const auto add = [&](const ZetString& name, const plugin::GroupResult& group) {
+        table.rows.push_back({name.toUtf8(),
+                              Text(group.members),
+                              Text(group.invalid),
+                              Text(group.steel.pieces),
+                              group.steel.ShowMetres().toUtf8(),
+                              group.steel.ShowTonnes().toUtf8(),
+                              Text(group.withWarnings),
+                              Text(group.nonStandard)});
+    };
     for (const RunGroup& group : report.groups)
-        table.rows.push_back({group.name.toUtf8(),
-                              Text(group.result.members),
-                              Text(group.result.invalid),
-                              Text(group.result.steel.pieces),
-                              group.result.steel.ShowMetres().toUtf8(),
-                              group.result.steel.ShowTonnes().toUtf8(),
-                              Text(group.result.withWarnings),
-                              Text(group.result.nonStandard)});
+        add(group.name, group.result);
+    add(L"all", report.SumGroups());
     return table;
 }
 
@@ -244,6 +239,7 @@ PageTable FileTable(const RunReport& report) {
          {          },
          ""
     };
+    table.firstNumber = 1;
     for (const RunFile& file : report.files)
         table.rows.push_back({report.WithinFolder(file.name),
                               file.bytes ? std::to_string(*file.bytes) : "this page"});

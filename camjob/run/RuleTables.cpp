@@ -147,7 +147,7 @@ PageTable MemberTypes(const job::Job& job) {
 /// Below 0 it is a multiple of the hole's diameter.
 std::string Distance(double value) {
     return value == 0.0  ? "not checked"
-           : value < 0.0 ? Value(-value) + " diameters"
+           : value < 0.0 ? Value(-value) + " x diameter"
                          : Value(value) + " mm";
 }
 

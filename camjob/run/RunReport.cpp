@@ -41,11 +41,17 @@ plugin::AccountNumbers RunMember::CountAccounts() const {
     return numbers;
 }
 
-long RunReport::CountInvalid() const {
-    long count = 0;
-    for (const RunGroup& group : groups)
-        count += group.result.invalid;
-    return count;
+plugin::GroupResult RunReport::SumGroups() const {
+    plugin::GroupResult sum;
+    for (const RunGroup& of : groups) {
+        const plugin::GroupResult& group = of.result;
+        sum.members += group.members;
+        sum.steel += group.steel;
+        sum.invalid += group.invalid;
+        sum.withWarnings += group.withWarnings;
+        sum.nonStandard += group.nonStandard;
+    }
+    return sum;
 }
 
 std::vector<long> RunReport::FindUncut() const {
@@ -103,8 +109,9 @@ int RunReport::GetExitCode() const {
         case RunStatus::kFault:
             return kExitFault;
         default:
-            return CountInvalid() > 0 || CountUncut() > 0 || !leftOut.empty() ? kExitInvalidMembers
-                                                                              : kExitDone;
+            return SumGroups().invalid > 0 || CountUncut() > 0 || !leftOut.empty()
+                       ? kExitInvalidMembers
+                       : kExitDone;
     }
 }
 

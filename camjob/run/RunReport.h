@@ -123,7 +123,8 @@ struct RunReport {
     std::string WithinFolder(const std::string& file) const;
     /// For a run that came to no output after all.
     void DropResults();
-    long CountInvalid() const;
+    /// Of all groups together; its `group` means nothing.
+    plugin::GroupResult SumGroups() const;
     /// Pieces that no bar is long enough or left for, by member.
     std::vector<long> FindUncut() const;
     /// Of all members. Takes no memory: the exit code goes by it when there is none left.

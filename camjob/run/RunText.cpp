@@ -39,18 +39,6 @@ ZetString InputLine(const RunReport& report) {
     return OneLine(name) + L": " + Joined(parts, L", ") + L"\n";
 }
 
-plugin::GroupResult SumOf(const std::vector<RunGroup>& groups) {
-    plugin::GroupResult sum;
-    for (const RunGroup& group : groups) {
-        sum.members += group.result.members;
-        sum.steel += group.result.steel;
-        sum.invalid += group.result.invalid;
-        sum.withWarnings += group.result.withWarnings;
-        sum.nonStandard += group.result.nonStandard;
-    }
-    return sum;
-}
-
 void AddGroupRow(TextTable& table, const ZetString& name, const plugin::GroupResult& group) {
     table.AddRow({name,
                   Integer(group.members),
@@ -78,7 +66,7 @@ ZetString GroupTable(const RunReport& report, const Terminal& terminal) {
     });
     for (const RunGroup& group : report.groups)
         AddGroupRow(table, group.name, group.result);
-    AddGroupRow(table, L"all", SumOf(report.groups));
+    AddGroupRow(table, L"all", report.SumGroups());
     return table.Format(terminal);
 }
 

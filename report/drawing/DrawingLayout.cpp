@@ -51,6 +51,7 @@ Panel Stacked(Panel panel, const MemberDrawing& drawing) {
         y += kFaceGap;
     }
     panel.bottom = y - kFaceGap;
+    panel.end = std::max(drawing.length, 0.0);
     return panel;
 }
 
@@ -119,6 +120,12 @@ std::vector<double> PlacesAlong(const MemberDrawing& drawing, const Panel& panel
 }
 
 }  // namespace
+
+Point Panel::SymbolPlace(const DrawnFeature& feature) const {
+    constexpr double kSeen = kPanelMargin - kSymbolSize - 1.0;
+    return {X(std::clamp(feature.at.x, 0.0, end)),
+            std::clamp(Y(feature.face, feature.at.y), top - kSeen, bottom + kSeen)};
+}
 
 double MarkedTextHeight(const DrawnFeature& text, const Panel& panel) {
     return std::clamp(text.size * panel.scaleY, 7.0, 14.0);

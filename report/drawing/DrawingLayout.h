@@ -18,11 +18,14 @@ struct Panel {
     double scaleY = 1.0;
     std::vector<double> zeros;  ///< by face: where its Y is 0
     double bottom = 0.0;        ///< below the lowest face
+    double end = 0.0;           ///< of the member, mm
 
     double X(double x) const { return left + (x - from) * scaleX; }
     double Y(std::size_t face, double y) const { return zeros[face] - y * scaleY; }
     /// Lengths and widths have one scale.
     bool IsTrue() const { return scaleX == scaleY; }
+    /// The middle of a feature's symbol: what lies beyond the member shows at its edge.
+    Point SymbolPlace(const DrawnFeature& feature) const;
 };
 
 /// Where everything of a drawing goes.

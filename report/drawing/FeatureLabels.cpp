@@ -65,8 +65,7 @@ class LabelPlacer {
 };
 
 Box LabelPlacer::SymbolAt(const DrawnFeature& feature) const {
-    const double x = m_panel.X(feature.at.x);
-    const double y = m_panel.Y(feature.face, feature.at.y);
+    const auto [x, y] = m_panel.SymbolPlace(feature);
     return {x - kSymbolSize, y - kSymbolSize, x + kSymbolSize, y + kSymbolSize};
 }
 
@@ -92,8 +91,7 @@ Point LabelPlacer::ReachOf(const DrawnFeature& feature) const {
 
 /// Where a text of this width can start: right and left of the shape, above and below it.
 std::array<Point, 6> LabelPlacer::PlacesBeside(const DrawnFeature& feature, double width) const {
-    const double x = m_panel.X(feature.at.x);
-    const double y = m_panel.Y(feature.face, feature.at.y);
+    const auto [x, y] = m_panel.SymbolPlace(feature);
     const Point reach = ReachOf(feature);
     const double right = x + reach.x + kGap;
     const double left = x - reach.x - kGap - width;

@@ -176,7 +176,8 @@ std::string Tooltip(const MemberDrawing& drawing, const DrawnFeature& feature) {
 
 bool IsWithin(const DrawnFeature& feature, const Panel& panel) {
     const double reach = std::max(feature.size, feature.length) / 2.0;
-    return feature.at.x + reach >= panel.from && feature.at.x - reach <= panel.to;
+    const double x = std::clamp(feature.at.x, 0.0, panel.end);
+    return x + reach >= panel.from && x - reach <= panel.to;
 }
 
 std::string LabelText(const FeatureLabel& label) {
@@ -192,8 +193,7 @@ std::string FeatureOf(const MemberDrawing& drawing,
                       const DrawnFeature& feature,
                       const Panel& panel,
                       const std::optional<FeatureLabel>& label) {
-    const double x = panel.X(feature.at.x);
-    const double y = panel.Y(feature.face, feature.at.y);
+    const auto [x, y] = panel.SymbolPlace(feature);
     const std::string shape = ShapeOf(feature, panel);
     std::string text = "<g><title>" + Escaped(Tooltip(drawing, feature)) + "</title>" + shape;
     if (NeedsSymbol(feature, !shape.empty()))

@@ -103,8 +103,8 @@ std::string BarOf(const PlanBar& bar, long first, double scale) {
            "</span><span class=\"source\">" + Escaped(source) +
            "</span></span><svg class=\"drawing\" role=\"img\" viewBox=\"0 0 " + Number(kWidth) +
            " " + Number(kBarHeight) + "\" aria-label=\"" + Escaped(name) + "\">" +
-           Rectangle("stock", 0.0, bar.length * scale) + PiecesOf(bar, scale) +
-           OffcutOf(bar, scale) + "</svg></li>\n";
+           Rectangle("stock", 0.0, bar.length * scale) + OffcutOf(bar, scale) +
+           PiecesOf(bar, scale) + "</svg></li>\n";
 }
 
 /// A patch of colour with what it stands for.
@@ -120,7 +120,8 @@ std::string PlanKeyHtml() {
     return "<p class=\"key\">" + KeyEntry("piece", "piece") + KeyEntry("kerf", "saw cut") +
            KeyEntry("offcut kept", "off-cut, kept") + KeyEntry("offcut", "off-cut, scrap") +
            KeyEntry("stock", "grip of the machine") +
-           "<span>Bars of one plan are drawn to one scale; click a piece to see its member.</span></p>";
+           "<span>Bars of one plan are drawn to one scale.</span><span class=\"help\">Click a piece "
+           "to see its member.</span></p>";
 }
 
 std::string PlanHtml(const CuttingPlan& plan) {

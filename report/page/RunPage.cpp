@@ -105,7 +105,7 @@ std::string PlansHtml(const std::vector<CuttingPlan>& plans, const PageTable& to
         "<section id=\"plans\"><h2>Cutting plans</h2>\n" + BodyHtml(totals) + PlanKeyHtml() + "\n";
     for (const CuttingPlan& plan : plans)
         html += PlanHtml(plan);
-    return html + "</section>\n";
+    return html + "<p id=\"print-bars\"></p></section>\n";
 }
 
 std::string FindingHtml(const DrawnFinding& finding) {

@@ -63,9 +63,16 @@ const Drawing = (() => {
       y += sheet.faceGap;
     }
     panel.bottom = y - sheet.faceGap;
+    panel.end = Math.max(member.length, 0);
     panel.isTrue = panel.scaleX === panel.scaleY;
     panel.x = (x) => panel.left + (x - panel.from) * panel.scaleX;
     panel.y = (face, y) => panel.zeros[face] - y * panel.scaleY;
+    // The middle of a symbol: what lies beyond the member shows at its edge.
+    const seen = MARGIN - SYMBOL - 1;
+    panel.symbolPlace = (feature) => [
+      panel.x(Math.min(Math.max(feature.x, 0), panel.end)),
+      Math.min(Math.max(panel.y(feature.face, feature.y), panel.top - seen), panel.bottom + seen),
+    ];
     return panel;
   }
 
@@ -138,8 +145,8 @@ const Drawing = (() => {
   const markedHeight = (feature, panel) => Math.min(Math.max(feature.size * panel.scaleY, 7), 14);
 
   function placeTaken(feature, panel) {
-    const x = panel.x(feature.x), y = panel.y(feature.face, feature.y);
-    if (KINDS[feature.kind] !== "text") return { left: x - SYMBOL, top: y - SYMBOL, right: x + SYMBOL, bottom: y + SYMBOL };
+    const [symbolX, symbolY] = panel.symbolPlace(feature), x = panel.x(feature.x), y = panel.y(feature.face, feature.y);
+    if (KINDS[feature.kind] !== "text") return { left: symbolX - SYMBOL, top: symbolY - SYMBOL, right: symbolX + SYMBOL, bottom: symbolY + SYMBOL };
     const height = markedHeight(feature, panel);
     return { left: x, top: y - height, right: x + widthOf(feature.text) * height / CODE_SIZE, bottom: y };
   }
@@ -151,7 +158,7 @@ const Drawing = (() => {
   }
 
   function placesBeside(feature, panel, width) {
-    const x = panel.x(feature.x), y = panel.y(feature.face, feature.y), [along, across] = reachOf(feature, panel);
+    const [x, y] = panel.symbolPlace(feature), [along, across] = reachOf(feature, panel);
     const right = x + along + GAP, left = x - along - GAP - width, middle = x - width / 2;
     return [
       [right, y - SYMBOL], [right, y + SYMBOL + CODE_SIZE], [left, y - SYMBOL], [left, y + SYMBOL + CODE_SIZE],
@@ -251,7 +258,7 @@ const Drawing = (() => {
   }
 
   function featureOf(member, feature, panel, chosen, label) {
-    const x = panel.x(feature.x), y = panel.y(feature.face, feature.y), shape = shapeOf(feature, panel);
+    const [x, y] = panel.symbolPlace(feature), shape = shapeOf(feature, panel);
     const isChosen = isChosenBy(member, feature, chosen), reach = Math.max(12, feature.size / 2 * panel.scaleX + 6);
     let svg = `<g class="feature${isChosen ? " chosen" : ""}" data-feature="${feature.index}"><title>${escaped(tooltip(member, feature))}</title>${shape}`;
     if (feature.state >= 2 || (!shape && KINDS[feature.kind] !== "sink")) svg += symbol(feature.state, x, y);
@@ -271,7 +278,10 @@ const Drawing = (() => {
   function panelOf(member, panel, id, chosen) {
     let svg = `<clipPath id="${id}"><rect x="${px(panel.left - 6)}" y="${px(panel.top - MARGIN)}" width="${px(panel.width + 12)}" height="${px(panel.bottom - panel.top + 2 * MARGIN)}"/></clipPath><g clip-path="url(#${id})">`;
     member.faces.forEach((_, face) => { svg += faceOf(member, face, panel); });
-    const isWithin = (f) => f.x + Math.max(f.size, f.length) / 2 >= panel.from && f.x - Math.max(f.size, f.length) / 2 <= panel.to;
+    const isWithin = (f) => {
+      const reach = Math.max(f.size, f.length) / 2, x = Math.min(Math.max(f.x, 0), panel.end);
+      return x + reach >= panel.from && x - reach <= panel.to;
+    };
     const shown = member.features.filter((f) => isShown(f) && isWithin(f)), labels = labelsBeside(member, panel, shown);
     svg += member.earlier.filter(isWithin).map((feature) => earlierOf(member, feature, panel)).join("");
     // The chosen one lies above the others.

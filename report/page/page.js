@@ -1,6 +1,6 @@
 
 (() => {
-  const ROW = 28, MARGIN = 20, MOST_PRINTED_ROWS = 1000, MOST_PRINTED_DRAWINGS = 60;
+  const ROW = 28, MARGIN = 20, MOST_PRINTED_ROWS = 1000, MOST_PRINTED_DRAWINGS = 60, MOST_PRINTED_BARS = 500;
   const PAPER = { width: 700, height: 0.5, windows: 2, isSplit: true };
   const el = (id) => document.getElementById(id);
   const data = JSON.parse(el("data").textContent);
@@ -101,6 +101,8 @@
     return joined.map(([first, last]) => (last > first ? `${first} to ${last}` : first)).join(", ");
   }
 
+  const barWord = (ranges) => (ranges.length > 1 || ranges[0][0] !== ranges[0][1] ? "bars" : "bar");
+
   function barsText(mark) {
     const places = new Map();
     for (const piece of barsOf(mark)) {
@@ -108,7 +110,7 @@
       const [first, last = first] = bar.querySelector(".number").textContent.split(" to ").map(Number);
       (places.get(plan) || places.set(plan, []).get(plan)).push([first, last]);
     }
-    return [...places].map(([plan, ranges]) => `${plan}, bar ${rangesText(ranges)}`).join("; ") || "no bar: none is planned for it";
+    return [...places].map(([plan, ranges]) => `${plan}, ${barWord(ranges)} ${rangesText(ranges)}`).join("; ") || "no bar: none is planned for it";
   }
 
   function factsHtml(member) {
@@ -120,7 +122,7 @@
   function changesHtml(member) {
     if (!member.changes.length) return "";
     const rows = member.changes.map((change) => `<tr>${change.map((text) => `<td>${escaped(text)}</td>`).join("")}</tr>`).join("");
-    return `<div class="wide"><table class="changes"><caption>Changed since the earlier output</caption><thead><tr><th scope="col">What</th><th scope="col">Before</th><th scope="col">Now</th></tr></thead><tbody>${rows}</tbody></table></div>`;
+    return `<div class="wide changes" tabindex="0" role="region" aria-label="Changes"><table><caption>Changed since the earlier output</caption><thead><tr><th scope="col">What</th><th scope="col">Before</th><th scope="col">Now</th></tr></thead><tbody>${rows}</tbody></table></div>`;
   }
 
   // What the signs of a drawing say.
@@ -265,8 +267,16 @@
     el("print-members").innerHTML = members && `<h2>Member by member</h2>${keyHtml({ earlier: [1] })}${members}`;
     writeRows(0, Math.min(view.rows.length, MOST_PRINTED_ROWS));
     el("above").innerHTML = "";
+    printBars();
     const left = view.rows.length - MOST_PRINTED_ROWS;
     el("below").innerHTML = left > 0 ? `<tr><td colspan="${COLUMNS.length}">${left} more members are not printed; a filter prints others.</td></tr>` : "";
+  }
+
+  // The cutting list has all bars.
+  function printBars() {
+    const bars = [...document.querySelectorAll("#plans .bar")], left = bars.length - MOST_PRINTED_BARS;
+    for (const bar of bars.slice(MOST_PRINTED_BARS)) bar.classList.add("unprinted");
+    if (left > 0) el("print-bars").textContent = `${left} more rows of bars are not printed; the cutting list has them.`;
   }
 
   function finishPrint() {
@@ -359,7 +369,7 @@
   el("contents").innerHTML = [...document.querySelectorAll("main h2")].map((heading, i) => {
     const section = heading.closest("section");
     section.id = section.id || `section${i}`;
-    return `<a href="#${section.id}">${escaped(heading.textContent.split(":")[0])}</a>`;
+    return `<a href="#${section.id}">${escaped(heading.textContent.split(/:| against /)[0])}</a>`;
   }).join("");
   el("contents").addEventListener("click", (event) => {
     const link = event.target.closest("a");

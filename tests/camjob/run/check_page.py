@@ -24,14 +24,15 @@ def expect(what, found, wanted):
 
 
 def revise(job):
-    """A hole moved, one of another size, one that is new, a text with a mark that could be markup; a member less."""
+    """Holes moved, a quantity changed, a member less; one more with holes outside of it and a mark that could be markup."""
     part = job / "nc" / "P1.nc1"
     text = part.read_text(encoding="utf-8").replace("2475.00u  100.00  14.00", "2485.00u  100.00  14.00")
     text = text.replace("2515.00u  100.00  14.00", "2525.00u  100.00  14.00")
     part.write_text(text.replace("\n  17\n", "\n  18\n", 1), encoding="utf-8")
     (job / "nc" / "R2.nc1").unlink()
     hostile = (job / "nc" / "R1.nc1").read_text(encoding="utf-8").replace("\n  R1\n", f"\n  {MARK}\n", 1)
-    (job / "nc" / "X1.nc1").write_text(hostile, encoding="utf-8")
+    outside = "BO\n  v 5200.00u 20.00 14.00\n  v 100.00u 900.00 14.00\nEN\n"
+    (job / "nc" / "X1.nc1").write_text(hostile.replace("EN\n", outside), encoding="utf-8")
 
 
 def run_job(camjob, scratch):
@@ -83,13 +84,15 @@ class PageCheck:
             "Non-standard": str(sum(group["nonStandard"] for group in groups)),
             "Pieces": str(sum(group["pieces"] for group in groups)),
             "Bars": str(sum(bars["bars"] for bars in self.run["bars"]))})
+        steel = [sum(group[name] for group in groups) for name in ("pieces", "length", "weight")]
+        sums = {"groups": [["all", str(steel[0]), f"{steel[1] / 1000:.1f}", f"{steel[2] / 1000:.3f}"]], "profiles": []}
         for table in "groups", "profiles":
             heading = {"groups": "Groups", "profiles": "Steel by profile"}[table]
-            steel = slice(3, 6) if table == "groups" else slice(1, 4)
+            told = slice(3, 6) if table == "groups" else slice(1, 4)
             rows = self.browser.run("[...document.querySelectorAll('section')].find((one) => one.textContent.startsWith(%s)).querySelectorAll('tbody tr').values().map((row) => [...row.cells].map((cell) => cell.textContent)).toArray()" % json.dumps(heading))
-            expect(heading, [[row[0], *row[steel]] for row in rows], [
+            expect(heading, [[row[0], *row[told]] for row in rows], [
                 [one["name" if table == "groups" else "profile"], str(one["pieces"]), f"{one['length'] / 1000:.1f}", f"{one['weight'] / 1000:.3f}"]
-                for one in self.run[table]])
+                for one in self.run[table]] + sums[table])
         for count in re.findall(r"(\d+) ([a-z ]+)", facts["Features"].split(":")[1]):
             name = {"not for this machine": "not_for_machine"}.get(count[1], count[1].replace(" ", "_"))
             expect(f"features {count[1]}", int(count[0]), self.run["accounts"][name])
@@ -108,7 +111,7 @@ class PageCheck:
         own = [entry for plan in self.run["bars"] for entry in plan["entries"] if any(piece["mark"] == "P1" for piece in entry["pieces"])]
         self.choose(next(m for m in self.members if m["mark"] == "P1"))
         expect("bars of P1", self.browser.run("document.getElementById('member').textContent.includes(%s)" % json.dumps(
-            f"purlins: Z200x2.0, S350GD, bar {own[0]['bar']} to {own[-1]['bar'] + own[-1]['count'] - 1}")), True)
+            f"purlins: Z200x2.0, S350GD, bars {own[0]['bar']} to {own[-1]['bar'] + own[-1]['count'] - 1}")), True)
         self.browser.click("#plans g[data-mark]")
         expect("member of a piece", self.browser.run("document.querySelector('#member h3 bdi').textContent"), bars[0][1][0])
 
