@@ -47,13 +47,14 @@ bool JobMember::IsCutAway(const CHoleAddlInfo& hole) const {
 /// The web stands anywhere between the edges of the flanges: a cut that only these show takes
 /// nothing from it for certain.
 bool JobMember::IsBeyondMitre(const ZetGeomPoint2d& centre, int viewPosition, double reach) const {
-    if (viewPosition > kWebBackView || IsPlate() || IsRound())
+    if (viewPosition > kWebBackView || IsEdgeOfPlate(viewPosition) || IsRound())
         return false;
     const ZetNCHeaderData& header = m_memType.GetHeaderData();
     const bool isTop = viewPosition == kTopFlangeView;
     const bool isFlange = isTop || viewPosition == kBottomFlangeView;
     const double height = isTop ? header.height : 0.0;
     const double depth = FileYOf(centre.y, isTop ? m_type.topFlange : m_type.bottomFlange);
+    const double across = m_plate ? centre.y - m_plate->GetBox().minY : centre.y;
     for (const ZetNCCut& mitre : m_mitres) {
         // A cut may be told twice, by the header and by itself.
         Shortening web;
@@ -61,7 +62,7 @@ bool JobMember::IsBeyondMitre(const ZetGeomPoint2d& centre, int viewPosition, do
         for (const ZetNCCut& cut : m_mitres) {
             const bool isOnWeb = cut.face == ZetNCCut::eFaceWeb;
             const Shortening shortening =
-                isOnWeb ? ShorteningBy(cut, isFlange ? height : centre.y, header.height)
+                isOnWeb ? ShorteningBy(cut, isFlange ? height : across, header.height)
                         : ShorteningBy(cut, depth, header.width);
             Shortening& most = isOnWeb ? web : flange;
             if (cut.end == mitre.end && shortening.amount > most.amount)
@@ -75,6 +76,17 @@ bool JobMember::IsBeyondMitre(const ZetGeomPoint2d& centre, int viewPosition, do
             return true;
     }
     return false;
+}
+
+/// True where a mitre takes something from the section, wherever around it.
+bool JobMember::IsAtMitre(const CHoleAddlInfo& hole) const {
+    const double height = m_memType.GetHeaderData().height;
+    return std::any_of(m_mitres.begin(), m_mitres.end(), [&](const ZetNCCut& cut) {
+        const bool isAtStart = cut.end == ZetNCCut::eEndStart;
+        const double toEnd = isAtStart ? hole.GetXPos() - cut.x : cut.x - hole.GetXPos();
+        return toEnd < std::max(ShorteningBy(cut, 0.0, height).amount,
+                                ShorteningBy(cut, height, height).amount);
+    });
 }
 
 }  // namespace plugin

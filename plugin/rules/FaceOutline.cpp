@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <iterator>
 #include <utility>
 
 namespace plugin {
@@ -50,6 +51,30 @@ double AreaOf(const Corners& corners) {
     for (std::size_t i = 1; i + 1 < corners.size(); ++i)
         twice += (corners[i] - corners[0]).cross(corners[i + 1] - corners[0]);
     return std::abs(twice) * 0.5;
+}
+
+bool ReachesBeyond(const FaceBox& box, const FaceBox& face, const FaceTolerance& tolerance) {
+    return box.minX < face.minX - tolerance.x || box.maxX > face.maxX + tolerance.x ||
+           box.minY < face.minY - tolerance.y || box.maxY > face.maxY + tolerance.y;
+}
+
+Excess ExcessOf(const FaceBox& box, const FaceBox& face) {
+    struct Side {
+        double edge;
+        double reached;
+        double beyond;
+    };
+    const Side sides[] = {
+        {face.minX, box.minX, face.minX - box.minX},
+        {face.maxX, box.maxX, box.maxX - face.maxX},
+        {face.minY, box.minY, face.minY - box.minY},
+        {face.maxY, box.maxY, box.maxY - face.maxY}
+    };
+    const Side* farthest =
+        std::max_element(std::begin(sides), std::end(sides), [](const Side& a, const Side& b) {
+            return a.beyond < b.beyond;
+        });
+    return farthest->beyond > 0.0 ? Excess{farthest->edge, farthest->reached} : Excess();
 }
 
 FaceOutline::FaceOutline(Corners corners)

@@ -4,11 +4,12 @@
 #include "camdata/platform/geometry/ZetGeomPoint2d.h"
 #include "camdata/platform/host/ZetNCContour.h"
 
+#include <optional>
 #include <vector>
 
 namespace plugin {
 
-/// A rectangle along the axes, mm.
+/// A rectangle along the axes, mm. A side that nobody knows is at infinity.
 struct FaceBox {
     double minX = 0.0;
     double maxX = 0.0;
@@ -25,11 +26,29 @@ FaceBox BoxOf(const std::vector<ZetGeomPoint2d>& corners);
 /// Without sign.
 double AreaOf(const std::vector<ZetGeomPoint2d>& corners);
 
+/// How far a box may lie beyond another one, mm.
+struct FaceTolerance {
+    double x = 0.0;
+    double y = 0.0;
+};
+
+bool ReachesBeyond(const FaceBox& box, const FaceBox& face, const FaceTolerance& tolerance);
+
+/// The side of a face that something reaches beyond the farthest: where it is, and how far that
+/// reaches; nothing within the face.
+struct Excess {
+    std::optional<double> required = {};
+    std::optional<double> found = {};
+};
+
+Excess ExcessOf(const FaceBox& box, const FaceBox& face);
+
 /// A closed outline that places are held against: whether they lie in it, and how far from it.
 class FaceOutline {
   public:
     explicit FaceOutline(std::vector<ZetGeomPoint2d> corners);
 
+    const FaceBox& GetBox() const { return m_box; }
     bool Contains(const ZetGeomPoint2d& point) const;
     /// The distance of a point from the outline; `farthest` when it is no less.
     double DistanceFrom(const ZetGeomPoint2d& point, double farthest) const;

@@ -8,6 +8,7 @@
 #include <array>
 #include <cmath>
 #include <cstddef>
+#include <tuple>
 #include <utility>
 
 // Where holes lie: whether on their face, how near to its edges and to the ends.
@@ -17,6 +18,12 @@ namespace plugin {
 namespace {
 
 constexpr const wchar_t* kOutsideText = L"It lies outside of its face or of the member";
+
+constexpr const wchar_t* kReachesText = L"It reaches beyond its face or the member";
+constexpr const wchar_t* kUnknownFaceText =
+    L"the extents of its face are not known: nobody can tell whether it lies on it";
+constexpr const wchar_t* kAtMitreText =
+    L"it lies at a mitre: nobody can tell whether that takes it from the unrolled surface";
 
 constexpr int kLineIndent = 20;  ///< as the library's own lines of a hole
 constexpr ZetFormatString<ZetString, double, double> kPlateEdgeFormat =
@@ -38,6 +45,17 @@ std::vector<ZetGeomPoint2d> CentresOf(const CHoleAddlInfo& hole) {
     return {
         centre + end, {centre.x - end.x, centre.y - end.y}
     };
+}
+
+/// Of the whole hole. The surface of a round section closes: across it only the centre counts.
+FaceBox ExtentsOf(const CHoleAddlInfo& hole, bool isAcross) {
+    const double radius = hole.GetSize() * 0.5;
+    const FaceBox box = BoxOf(CentresOf(hole));
+    const double y = hole.GetYPos();
+    return {box.minX - radius,
+            box.maxX + radius,
+            isAcross ? box.minY - radius : y,
+            isAcross ? box.maxY + radius : y};
 }
 
 }  // namespace
@@ -63,35 +81,58 @@ const FaceOutline* JobMember::PlateOutline() {
     return &*m_plate;
 }
 
-/// How a hole lies outside of its face or of the member; nothing when it does not.
+/// The extents of a hole's face, of the front and the back of a plate its outline's.
+FaceBox JobMember::FaceOfHole(const CHoleAddlInfo& hole, const FaceOutline* outline) const {
+    const auto view = static_cast<int>(ViewOf(hole));
+    FaceBox face = FaceOfView(view);
+    if (view >= kFirstPlanePosition || IsEdgeOfPlate(view) || IsRound())
+        return face;
+    if (outline != nullptr)
+        return outline->GetBox();
+    // The zero line of a flange has become the hole's own.
+    if (std::isfinite(face.minY))
+        std::tie(face.minY, face.maxY) = std::pair(0.0, face.maxY - face.minY);
+    return face;
+}
+
+/// How a hole lies outside of its face or of the member; nothing when it does not. One that
+/// relieves a corner of an outline does not.
 std::optional<Finding> JobMember::OutsideOf(const CHoleAddlInfo& hole,
                                             const FaceOutline* outline) const {
-    const double x = std::abs(CMxGeom::GetXTol());
-    const double y = std::abs(CMxGeom::GetYTol());
-    const eHoleFace face = hole.GetViewData().GetHoleFace();
-    const bool isWeb = face == eHoleFaceWeb || face == eHoleFaceWebBack;
-    const bool isOnPlane = ViewOf(hole) >= kFirstPlanePosition;
-    const Finding finding = {.type = job::kHoleOutside, .text = kOutsideText};
-    if (outline != nullptr && isWeb && !isOnPlane) {
-        const ZetGeomPoint2d centre = {hole.GetXPos(), hole.GetYPos()};
-        const bool isOutside = !outline->Contains(centre) && outline->DistanceFrom(centre, x) >= x;
-        return isOutside ? std::optional(finding) : std::nullopt;
-    }
-    const auto beyond = [&](double place, double most, double tolerance) -> std::optional<Finding> {
-        if (!(place < -tolerance || place > most + tolerance))
-            return std::nullopt;
-        Finding told = finding;
-        told.required = place < 0.0 ? 0.0 : most;
-        told.found = place;
-        return told;
+    const FaceTolerance tolerance = {std::abs(CMxGeom::GetXTol()), std::abs(CMxGeom::GetYTol())};
+    const ZetGeomPoint2d centre = {hole.GetXPos(), hole.GetYPos()};
+    const auto view = static_cast<int>(ViewOf(hole));
+    const FaceBox face = FaceOfHole(hole, outline);
+    Finding finding = {.type = job::kHoleOutside, .text = kOutsideText};
+    const auto told = [&](const FaceBox& box) {
+        const Excess excess = ExcessOf(box, face);
+        finding.required = excess.required;
+        finding.found = excess.found;
+        return finding;
     };
-    if (auto told = beyond(hole.GetXPos(), GetLength(), x))
-        return told;
-    double width = hole.GetViewData().GetFaceWidth();
-    if (const auto surface = FaceOfView(1); IsRound() && surface)
-        width = surface->maxY;
-    return isOnPlane || width <= 0.0 || outline != nullptr ? std::nullopt
-                                                           : beyond(hole.GetYPos(), width, y);
+    if (outline != nullptr && view < kFirstPlanePosition && !IsEdgeOfPlate(view)) {
+        const bool isOutside =
+            !outline->Contains(centre) && outline->DistanceFrom(centre, tolerance.x) >= tolerance.x;
+        if (isOutside)
+            return finding;
+    } else if (const FaceBox place = BoxOf({centre}); ReachesBeyond(place, face, tolerance)) {
+        return told(place);
+    }
+    finding.text = kReachesText;
+    const FaceBox extents = ExtentsOf(hole, !IsRound());
+    return ReachesBeyond(extents, face, tolerance) ? std::optional(told(extents)) : std::nullopt;
+}
+
+/// What nobody can judge is told.
+void JobMember::NoteUnclearPlace(const CHoleAddlInfo& hole, const FaceOutline* outline) {
+    const std::optional<Feature> feature = FeatureOf(hole.GetHoleData().hostTag);
+    if (!feature)
+        return;
+    const bool isOnPlane = ViewOf(hole) >= kFirstPlanePosition;
+    if (!isOnPlane && !std::isfinite(FaceOfHole(hole, outline).Area()))
+        m_notes.push_back({*feature, kUnknownFaceText});
+    if (IsRound() && IsAtMitre(hole))
+        m_notes.push_back({*feature, kAtMitreText});
 }
 
 void JobMember::CheckPlaces() {
@@ -102,6 +143,8 @@ void JobMember::CheckPlaces() {
             finding = Finding{.type = job::kHoleOutside, .text = kOutsideText};
         if (finding)
             RefuseHole(std::move(*finding), hole);
+        else
+            NoteUnclearPlace(hole, outline);
     }
 }
 

@@ -118,7 +118,7 @@ void JobMember::RecordFinding(Finding finding) {
     }
     for (std::optional<double>* number : {&finding.required, &finding.found})
         if (*number)
-            *number = CMxGeom::Round_CAM(**number, kDecimals);
+            *number = CMxGeom::Round_CAM(**number, kDecimals) + 0.0;  // never -0
     if (finding.feature && (finding.isRefusal || finding.IsError()))
         m_ledger.Claim(finding.feature->tag, Account::kRefused);
     m_findings.push_back(std::move(finding));

@@ -196,7 +196,10 @@ class JobMember : public CMxPeilaib {
     bool IsPlate() const;
     bool IsRound() const;
     bool IsHollow() const;
-    std::optional<FaceBox> FaceOfView(int viewPosition) const;
+    bool IsEdgeOfPlate(int viewPosition) const;
+    FaceBox FaceOfView(int viewPosition) const;
+    FaceBox FaceOfPlane(int viewPosition) const;
+    bool IsFaceUnknown(const FaceBox& outline, int viewPosition) const;
     static eHoleFace FaceAtView(int viewPosition);
     void CheckOutlines();
     void RefuseContour(job::ValidationType type,
@@ -235,7 +238,10 @@ class JobMember : public CMxPeilaib {
                        const std::vector<ShortDistance>& distances);
     void CheckPlaces();
     const FaceOutline* PlateOutline();
+    FaceBox FaceOfHole(const CHoleAddlInfo& hole, const FaceOutline* outline) const;
     std::optional<Finding> OutsideOf(const CHoleAddlInfo& hole, const FaceOutline* outline) const;
+    void NoteUnclearPlace(const CHoleAddlInfo& hole, const FaceOutline* outline);
+    bool IsAtMitre(const CHoleAddlInfo& hole) const;
     bool IsCutAway(const CHoleAddlInfo& hole) const;
     const FaceOutline* OutlineOf(int viewPosition) const;
     bool IsBeyondMitre(const ZetGeomPoint2d& centre, int viewPosition, double reach) const;

@@ -3,16 +3,17 @@
 #include "plugin/rules/FlangeZero.h"
 #include "plugin/rules/JobMember.h"
 
+#include "camdata/platform/geometry/ZetGeomTol.h"
 #include "camdata/tolerance/CMxGeom.h"
 
 #include <algorithm>
 #include <array>
 #include <cmath>
-#include <iterator>
+#include <limits>
 #include <map>
 #include <numbers>
-#include <optional>
 #include <set>
+#include <tuple>
 #include <utility>
 
 // The library tells what an outline leaves free of its own least rectangle. What the outline leaves
@@ -27,6 +28,8 @@ constexpr const wchar_t* kBeyondText = L"The outline reaches beyond its face";
 constexpr const wchar_t* kOpeningBeyondText = L"The opening reaches beyond its face";
 constexpr const wchar_t* kNoAreaText = L"The outline has no area";
 constexpr const wchar_t* kOpeningNoAreaText = L"The opening has no area";
+constexpr const wchar_t* kUnknownFaceText =
+    L"Nobody can tell what the outline cuts: the extents of its face are not known";
 constexpr const wchar_t* kSeveralText =
     L"The face has several outlines, which no operations tell together";
 constexpr const wchar_t* kLostAreaFormat =
@@ -41,6 +44,9 @@ constexpr double kAreaTolerance = 1.0;
 /// What lies nearer to a side of the box counts as lying on it, in the library too, mm.
 constexpr double kTouch = 0.05 + 1e-6;
 
+constexpr double kEndless = std::numeric_limits<double>::infinity();
+constexpr FaceBox kUnbounded = {-kEndless, kEndless, -kEndless, kEndless};
+
 /// What is nowhere wider has no area, mm.
 constexpr double kNarrow = 0.01;
 
@@ -49,32 +55,6 @@ constexpr std::array kSideWords = {L"start", L"end", L"lower edge", L"upper edge
 
 bool IsAcross(job::TrimSide side) {
     return side == job::TrimSide::kLower || side == job::TrimSide::kUpper;
-}
-
-/// The side of a face that something reaches beyond the farthest: where it is, and how far that
-/// reaches; nothing within the face.
-struct Excess {
-    std::optional<double> required = {};
-    std::optional<double> found = {};
-};
-
-Excess ExcessOf(const FaceBox& box, const FaceBox& face) {
-    struct Side {
-        double edge;
-        double reached;
-        double beyond;
-    };
-    const Side sides[] = {
-        {face.minX, box.minX, face.minX - box.minX},
-        {face.maxX, box.maxX, box.maxX - face.maxX},
-        {face.minY, box.minY, face.minY - box.minY},
-        {face.maxY, box.maxY, box.maxY - face.maxY}
-    };
-    const Side* farthest =
-        std::max_element(std::begin(sides), std::end(sides), [](const Side& a, const Side& b) {
-            return a.beyond < b.beyond;
-        });
-    return farthest->beyond > 0.0 ? Excess{farthest->edge, farthest->reached} : Excess();
 }
 
 std::vector<ZetGeomPoint2d> CornersOf(const CNotchAddInfo& notch) {
@@ -100,12 +80,20 @@ bool IsWithin(const FaceBox& inner, const FaceBox& outer) {
            inner.minY >= outer.minY - kTouch && inner.maxY <= outer.maxY + kTouch;
 }
 
+/// True when the corners lie on the outline.
+bool IsOn(const FaceOutline& outline, const std::vector<ZetGeomPoint2d>& corners) {
+    return std::all_of(corners.begin(), corners.end(), [&](const ZetGeomPoint2d& corner) {
+        return outline.DistanceFrom(corner, 2.0 * kTouch) <= kTouch;
+    });
+}
+
 /// True when all outlines of a face are one and the same.
 bool IsOneOutline(const ZetNCView& view) {
     const auto corners = plugin::CornersOf(view.getExternalContours().first());
+    const FaceOutline outline(corners);
     for (const ZetNCContour& each : view.getExternalContours()) {
         const auto others = plugin::CornersOf(each);
-        if (!IsWithin(BoxOf(others), BoxOf(corners)) || !IsWithin(BoxOf(corners), BoxOf(others)) ||
+        if (!IsOn(outline, others) || !IsOn(FaceOutline(others), corners) ||
             std::abs(AreaOf(others) - AreaOf(corners)) > kAreaTolerance)
             return false;
     }
@@ -141,27 +129,67 @@ bool JobMember::IsRound() const {
     return code == L"RO" || code == L"RU";
 }
 
-/// The extents of a view's face; nothing when they are not known.
-std::optional<FaceBox> JobMember::FaceOfView(int viewPosition) const {
+/// True on the narrow sides of a plate, which its outline does not show.
+bool JobMember::IsEdgeOfPlate(int viewPosition) const {
     constexpr int kTopFlangeView = 0;
     constexpr int kBottomFlangeView = 2;
+    return IsPlate() && (viewPosition == kTopFlangeView || viewPosition == kBottomFlangeView);
+}
+
+/// The extents of a view's face.
+FaceBox JobMember::FaceOfView(int viewPosition) const {
+    constexpr int kTopFlangeView = 0;
+    constexpr int kBottomFlangeView = 2;
+    if (viewPosition >= kFirstPlanePosition)
+        return FaceOfPlane(viewPosition);
     const ZetNCHeaderData& header = m_memType.GetHeaderData();
     const bool isTop = viewPosition == kTopFlangeView;
     const bool isFlange = isTop || viewPosition == kBottomFlangeView;
-    double width = isFlange ? header.width : header.height;
-    // The surface unrolled.
-    if (IsRound())
-        width = header.height * std::numbers::pi;
-    if (viewPosition >= kFirstPlanePosition || header.length <= 0.0 || width <= 0.0)
-        return std::nullopt;
-    if (!isFlange)
-        return FaceBox{0.0, header.length, 0.0, width};
-    const double lower = LowerEdgeOf(width, isTop ? m_type.topFlange : m_type.bottomFlange);
-    return FaceBox{0.0, header.length, lower, lower + width};
+    const double height = IsRound() ? header.height * std::numbers::pi : header.height;
+    const double depth = IsPlate() ? header.thickness : header.width;
+    const double width = isFlange && !IsRound() ? depth : height;
+    FaceBox face = kUnbounded;
+    if (header.length > 0.0)
+        std::tie(face.minX, face.maxX) = std::pair(0.0, header.length);
+    if (IsEdgeOfPlate(viewPosition) && m_plate)
+        std::tie(face.minX, face.maxX) = std::pair(m_plate->GetBox().minX, m_plate->GetBox().maxX);
+    if (width <= 0.0)
+        return face;
+    face.minY = isFlange ? LowerEdgeOf(width, isTop ? m_type.topFlange : m_type.bottomFlange) : 0.0;
+    face.maxY = face.minY + width;
+    return face;
+}
+
+/// True when nobody can tell where an outline ends short of its face, or beside it. On a plane only
+/// one that spans it shows that.
+bool JobMember::IsFaceUnknown(const FaceBox& outline, int viewPosition) const {
+    if (!std::isfinite(FaceOfView(viewPosition).Area()))
+        return true;
+    const double width = ViewDataOf(viewPosition).GetFaceWidth();
+    return viewPosition >= kFirstPlanePosition &&
+           std::abs(outline.maxY - outline.minY - width) > std::abs(CMxGeom::GetYTol());
+}
+
+/// Along the member its length. Across, nobody knows where in the face the plane has its zero, but
+/// neither that nor anything on the plane is farther from the face than that is wide.
+FaceBox JobMember::FaceOfPlane(int viewPosition) const {
+    FaceBox face = kUnbounded;
+    const double width = ViewDataOf(viewPosition).GetFaceWidth();
+    for (const ZetNCView& view : m_structure.getViews()) {
+        const ZetGeomVector3d axis = view.getPlane().xAxis;
+        if (view.getViewPos() == viewPosition &&
+            ZetGeomTol().areParallel(axis, ZetGeomVector3d{1.0, 0.0, 0.0})) {
+            std::tie(face.minX, face.maxX) = std::pair(0.0, GetLength());
+            if (width > 0.0)
+                std::tie(face.minY, face.maxY) = std::pair(-width, 2.0 * width);
+        }
+    }
+    return face;
 }
 
 /// Before anything is set aside: a notch that tells nothing right must not stand for others.
 void JobMember::CheckOutlines() {
+    PlateOutline();  // for its narrow sides
     std::map<long, NotchSum> sums;
     for (const auto* notches : {&m_notches, &m_duplicateNotches})
         for (const CNotchAddInfo& notch : *notches)
@@ -185,9 +213,8 @@ void JobMember::RefuseContour(job::ValidationType type,
                               const ZetNCContour& contour,
                               int viewPosition) {
     const FaceBox box = BoxOf(CornersOf(contour));
-    const std::optional<FaceBox> face = FaceOfView(viewPosition);
-    const bool isBeyond = face && (fault == kBeyondText || fault == kOpeningBeyondText);
-    const Excess excess = isBeyond ? ExcessOf(box, *face) : Excess();
+    const bool isBeyond = fault == kBeyondText || fault == kOpeningBeyondText;
+    const Excess excess = isBeyond ? ExcessOf(box, FaceOfView(viewPosition)) : Excess();
     FileFinding({.type = type,
                  .text = ZetString::format(kContourFormat,
                                            fault,
@@ -237,14 +264,11 @@ bool JobMember::IsBeyond(const std::vector<ZetGeomPoint2d>& corners, int viewPos
     const double x = std::abs(CMxGeom::GetXTol());
     const double y = std::abs(CMxGeom::GetYTol());
     if (const FaceOutline* const plate = PlateOutline();
-        plate != nullptr && viewPosition < kFirstPlanePosition)
+        plate != nullptr && viewPosition < kFirstPlanePosition && !IsEdgeOfPlate(viewPosition))
         return std::any_of(corners.begin(), corners.end(), [&](const ZetGeomPoint2d& corner) {
             return !plate->Contains(corner) && plate->DistanceFrom(corner, x) >= x;
         });
-    const FaceBox box = BoxOf(corners);
-    const std::optional<FaceBox> face = FaceOfView(viewPosition);
-    return face && (box.minX < face->minX - x || box.maxX > face->maxX + x ||
-                    box.minY < face->minY - y || box.maxY > face->maxY + y);
+    return ReachesBeyond(BoxOf(corners), FaceOfView(viewPosition), {x, y});
 }
 
 /// Why operations cannot tell an outline; "" when they can.
@@ -256,8 +280,11 @@ ZetString JobMember::FaultOf(const ZetNCContour& outline,
     if (HasNoArea(corners))
         return kNoAreaText;
     // A plate is what its outline says, but not more than its header does.
-    if (!IsPlate() && IsBeyond(corners, view.getViewPos()))
+    const bool isPlate = IsPlate() && !IsEdgeOfPlate(view.getViewPos());
+    if (!isPlate && IsBeyond(corners, view.getViewPos()))
         return kBeyondText;
+    if (!isPlate && IsFaceUnknown(box, view.getViewPos()))
+        return kUnknownFaceText;
     if (!IsOneOutline(view))
         return kSeveralText;
     // Without a tag nobody knows which notches are whose.
@@ -273,22 +300,24 @@ ZetString JobMember::FaultOf(const ZetNCContour& outline,
 
 /// Makes trims of what an outline leaves away at whole sides of its face. False when there is none.
 bool JobMember::FindTrims(const ZetNCContour& outline, int viewPosition) {
-    const std::optional<FaceBox> face = FaceOfView(viewPosition);
-    if (!face || IsPlate())
+    if (IsPlate() && !IsEdgeOfPlate(viewPosition))
         return false;
+    const bool isOnPlane = viewPosition >= kFirstPlanePosition;
+    const FaceBox face = FaceOfView(viewPosition);
     const FaceBox box = BoxOf(CornersOf(outline));
     const std::array gaps = {
-        box.minX - face->minX, face->maxX - box.maxX, box.minY - face->minY, face->maxY - box.maxY};
+        box.minX - face.minX, face.maxX - box.maxX, box.minY - face.minY, face.maxY - box.maxY};
     const std::array edges = {box.minX, box.maxX, box.minY, box.maxY};
-    const std::array whole = {face->minX, face->maxX, face->minY, face->maxY};
+    const std::array whole = {face.minX, face.maxX, face.minY, face.maxY};
     bool isTrimmed = false;
     for (std::size_t i = 0; i < gaps.size(); ++i) {
         const auto side = static_cast<job::TrimSide>(i);
         const double tolerance = std::abs(IsAcross(side) ? CMxGeom::GetYTol() : CMxGeom::GetXTol());
-        if (gaps[i] <= tolerance)
+        if (gaps[i] <= tolerance || (isOnPlane && IsAcross(side)))
             continue;
         isTrimmed = true;
-        TakeTrim({FaceAtView(viewPosition), side, edges[i], {}, outline.hostTag}, whole[i]);
+        TakeTrim({ViewDataOf(viewPosition).GetHoleFace(), side, edges[i], {}, outline.hostTag},
+                 whole[i]);
     }
     return isTrimmed;
 }

@@ -124,6 +124,7 @@ struct Case {
 
 constexpr const char* kZ = "Z200x2.0\n  SO";
 constexpr const char* kTube = "CHS200\n  RO";
+constexpr const char* kI = "HP200\n  I";
 constexpr const char* kBox = "RHS200x65\n  M";
 constexpr const char* kPlate = "PL2\n  B";
 /// Of each NC file, that with ST included.
@@ -195,6 +196,17 @@ const Case kCases[] = {
     {"PlaneBetweenBottomAndTop", kZ, "1000", "BO\n  o 500 30 18\nE1\n  100 2.625 0\n  200 2.625 0\n  100 62.625 80\nB1\n  20 30 18\n",
      "hole face=top_flange x=500.000 y=30.000 diameter=18.000 depth=0.000 thread=none code=\"H\"\n"
      "hole face=top_flange x=120.000 y=30.000 diameter=18.000 depth=0.000 thread=none code=\"H\"\nunclear_plane 29\nmade=2 "},
+    {"OutlineOnASlope", kZ, "1000", "E1\n  0 0 200\n  100 0 200\n  0 50 160\nA1\n  0 0\n  500 0\n  500 50\n  0 50\n  0 0\n", "?"},
+    {"HolesOnASlope", kI, "1000", "E1\n  0 200 0\n  100 200 0\n  0 180 100\nB1\n  500 20 18\n  500 5000 18\n", "hole_outside 28\nrefused=1 not_made=1 "},
+    {"OutlineOnASlopeOfAnI", kI, "1000", "E1\n  0 200 0\n  100 200 0\n  0 180 100\nA1\n  0 0\n  500 0\n  500 50\n  0 50\n  0 0\n", "unclear_cut 27\nrefused=1 "},
+    {"EdgeOfAPlate", kPlate, "1000", "AK\n  o 0 0\n  500 0\n  500 50\n  0 50\n  0 0\nBO\n  o 500 1 2\n  o 500 50 18\n", "unclear_cut 23\nhole_outside 30\nuncovered_hole 29\nrefused=3 "},
+    {"HolesAtAMitreOfAPlate", kPlate, "1000", "SC\n  1000 200 0 1 -1 0\nBO\n  v 810 20 18\n  v 840 20 18\n", "hole_outside 26\nrefused=1 not_made=2 "},
+    {"HoleAtAMitreOfARoundTube", kTube, "1000", "SC\n  1000 200 0 1 -1 0\nBO\n  v 960 180 18\n", "hole face=web x=960.000 y=180.000 diameter=18.000 depth=0.000 thread=none code=\"H\"\nmitre end=end face=web angle=-45.000\nnote 25\nmade=2 "},
+    {"SlotBeyondTheEnd", kZ, "1000", "BO\n  v 820 100 18 0l 350 0 0\n  v 820 100 18 0l 160 0 0\n", "hole_inside_slot 24\nhole_outside 23\naside 24 for 23\nrefused=1 not_made=1 "},
+    {"HoleOverTheEdge", kZ, "1000", "BO\n  v 500 191 18\n  v 600 195 18\n", "hole_outside 24\nrefused=1 not_made=1 "},
+    {"CircleOverTheEdge", kZ, "1000", "IK\n  v 510 195 10\n  490 195 10\n  510 195 0\n", "hole_outside 23\nwarning 23\nnote 23\nrefused=1 "},
+    {"HoleThatRelievesACornerOfAPlate", kPlate, "1000", "AK\n  v 0 0\n  1000 0\n  1000 160\n  950 160\n  950 200\n  0 200\n  0 0\nBO\n  v 949 159 18\n", "hole face=web x=949.000 y=159.000 diameter=18.000 depth=0.000 thread=none code=\"H\"\nnotch face=web cut=external x=975.000 y=180.000 length=50.000 width=40.000 code=\"N\"\nmade=2 "},
+    {"OutlinesOfEqualBoxAndArea", kZ, "1000", "AK\n  v 50 0\n  1000 0\n  1000 200\n  0 200\n  0 40\n  50 40\n  50 0\nAK\n  v 0 0\n  1000 0\n  1000 160\n  950 160\n  950 200\n  0 200\n  0 0\n", "unclear_cut 23\nunclear_cut 31\nnote 31\nrefused=2 "},
     {"UnknownBlock", kZ, "1000", "IN\n  A : B\nBR\n  what\n", "note 22\nwarning 24\nnoted=2 "},
 };
 // clang-format on
