@@ -196,7 +196,6 @@ const Case kCases[] = {
     {"PlaneBetweenBottomAndTop", kZ, "1000", "BO\n  o 500 30 18\nE1\n  100 2.625 0\n  200 2.625 0\n  100 62.625 80\nB1\n  20 30 18\n",
      "hole face=top_flange x=500.000 y=30.000 diameter=18.000 depth=0.000 thread=none code=\"H\"\n"
      "hole face=top_flange x=120.000 y=30.000 diameter=18.000 depth=0.000 thread=none code=\"H\"\nunclear_plane 29\nmade=2 "},
-    {"OutlineOnASlope", kZ, "1000", "E1\n  0 0 200\n  100 0 200\n  0 50 160\nA1\n  0 0\n  500 0\n  500 50\n  0 50\n  0 0\n", "?"},
     {"HolesOnASlope", kI, "1000", "E1\n  0 200 0\n  100 200 0\n  0 180 100\nB1\n  500 20 18\n  500 5000 18\n", "hole_outside 28\nrefused=1 not_made=1 "},
     {"OutlineOnASlopeOfAnI", kI, "1000", "E1\n  0 200 0\n  100 200 0\n  0 180 100\nA1\n  0 0\n  500 0\n  500 50\n  0 50\n  0 0\n", "unclear_cut 27\nrefused=1 "},
     {"EdgeOfAPlate", kPlate, "1000", "AK\n  o 0 0\n  500 0\n  500 50\n  0 50\n  0 0\nBO\n  o 500 1 2\n  o 500 50 18\n", "unclear_cut 23\nhole_outside 30\nuncovered_hole 29\nrefused=3 "},
