@@ -100,7 +100,8 @@ const wchar_t* const kAwkwardTexts[] = {
     L"Träger 12°, 鋼", L"\t ", L"\033[2J\f\177\205\237 \\u001B"};
 // clang-format on
 
-/// A part with up to 12 holes, slots and openings at places with three decimals, far apart.
+/// A part with up to 12 holes, slots and openings at places with three decimals, far apart and
+/// all on their faces.
 void AddRandomFeatures(Part& part, std::mt19937_64& random) {
     const auto number = [&random](unsigned below) { return static_cast<int>(random() % below); };
     const int count = number(12);
@@ -109,7 +110,7 @@ void AddRandomFeatures(Part& part, std::mt19937_64& random) {
         const double y = 30.0 + number(10000) * 0.001;
         const int view = number(3);
         if (number(3) == 0)
-            part.Slot(view, x, y, 14.0, 20.0 + number(9), number(360));
+            part.Slot(view, x, y, 14.0, 10.0 + number(9), number(360));
         else if (number(2) == 0)
             part.Hole(view, x, y, 10.0 + number(900) * 0.01, number(3));
         else

@@ -318,9 +318,9 @@ TEST(JobMember, FlangesBeginAtTheirZeroLines) {
     job.uncoveredNotches.action = Uncovered::kAccept;
     Part part(L"Z1");
     part.Hole(kTopView, 100, 100, 18).Hole(kWebView, 100, 100, 18);
-    part.Slot(kBottomView, 300, 26, 18, 40, 90.0).Opening(kBottomView, 500, 46, 60, 20);
+    part.Slot(kBottomView, 300, 36, 18, 20, 90.0).Opening(kBottomView, 500, 46, 60, 20);
     Judged judged(job, part);
-    // The slot runs from 26 to 66: centre 46, and turned over.
+    // The slot runs from 36 to 56: centre 46, and turned over.
     EXPECT_EQ(judged.Holes(), "[100 36 ?][100 100 ?][300 20 ?]");
     EXPECT_EQ(judged->GetHoles()[2].GetSlotAngle(), -90.0);
     EXPECT_EQ(judged->GetNotches()[0].GetYPos(), 20.0);
