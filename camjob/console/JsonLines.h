@@ -1,5 +1,6 @@
 #pragma once
 
+#include "camjob/console/JsonText.h"
 #include "camjob/console/OutputStream.h"
 #include "camjob/console/ReportJson.h"
 
@@ -24,12 +25,15 @@ class JsonLines {
         if (m_field++ == m_done)
             FinishField(HeadOf(key) + Dump(value));
     }
+    /// Items are a `Json` or a `JsonText` each.
     template <typename Item>
     void AddList(const char* key, std::size_t count, Item item) {
         if (m_field++ != m_done)
             return;
         for (std::size_t i = 0; i < count; ++i) {
-            Put((m_isListOpen ? ",\n" : HeadOf(key) + "[\n") + Dump(item(i)));
+            std::string line = m_isListOpen ? ",\n" : HeadOf(key) + "[\n";
+            AppendJson(line, item(i));
+            Put(line);
             m_isListOpen = true;
         }
         FinishField(m_isListOpen ? "]" : HeadOf(key) + "[]");

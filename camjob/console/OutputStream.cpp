@@ -12,9 +12,11 @@ void OutputStream::Write(std::string_view text) {
     if (m_failure)
         return;
     m_buffer += text;
+    if (m_buffer.size() < kBufferSize)
+        return;
     // Up to the end of a line: a terminal must not get half a character.
     const std::size_t lineEnd = m_buffer.rfind('\n');
-    if (m_buffer.size() >= kBufferSize && lineEnd != std::string::npos)
+    if (lineEnd != std::string::npos)
         HandOver(lineEnd + 1);
 }
 

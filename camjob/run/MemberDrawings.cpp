@@ -1,76 +1,115 @@
 #include "camjob/run/MemberDrawings.h"
 
-#include <nlohmann/json.hpp>
+#include <charconv>
+#include <string_view>
 
 namespace camjob {
 
 namespace {
 
-using nlohmann::json;
 using report::DrawnFace;
 using report::DrawnFeature;
 using report::Point;
 using report::Polyline;
 
-/// The arrays of a compact drawing; what is missing at the end of one is 0.
+/// Goes through the arrays of a compact drawing, item by item; what is missing at the end of one is
+/// 0.
 class DrawingReader {
   public:
-    explicit DrawingReader(const report::SharedTexts& texts) : m_texts(texts) {}
+    DrawingReader(std::string_view arrays, const report::SharedTexts& texts)
+        : m_rest(arrays), m_texts(texts) {}
 
-    DrawnFace FaceOf(const json& array) const;
-    DrawnFeature FeatureOf(const json& array) const;
+    std::vector<DrawnFace> Faces() { return List(&DrawingReader::Face); }
+    std::vector<DrawnFeature> Features() { return List(&DrawingReader::Feature); }
 
   private:
-    static double Value(const json& array, std::size_t at) {
-        return at < array.size() ? array[at].get<double>() : 0.0;
+    DrawnFace Face();
+    DrawnFeature Feature();
+    Point At() {
+        const double x = Value();
+        return {x, Value()};
     }
-    static std::size_t Index(const json& array, std::size_t at) {
-        return at < array.size() ? array[at].get<std::size_t>() : 0;
-    }
-    const std::string& Text(const json& array, std::size_t at) const {
-        return m_texts.At(Index(array, at));
-    }
-    static Polyline Points(const json& array, std::size_t at);
+    Polyline Points() { return List(&DrawingReader::At); }
+    double Value();
+    std::size_t Index() { return static_cast<std::size_t>(Value()); }
+    const std::string& Text() { return m_texts.At(Index()); }
 
+    /// Items of the array that comes next; none where something else does.
+    template <typename T>
+    std::vector<T> List(T (DrawingReader::*read)());
+    bool Take(char c);
+    bool IsAtItem();
+    bool Open() { return IsAtItem() && Take('['); }
+    void Close() { Take(']'); }
+
+    std::string_view m_rest;
     const report::SharedTexts& m_texts;
 };
 
-Polyline DrawingReader::Points(const json& array, std::size_t at) {
-    Polyline points;
-    if (at < array.size() && array[at].is_array())
-        for (std::size_t i = 0; i + 1 < array[at].size(); i += 2)
-            points.push_back({array[at][i].get<double>(), array[at][i + 1].get<double>()});
-    return points;
+bool DrawingReader::Take(char c) {
+    const bool isThere = m_rest.starts_with(c);
+    m_rest.remove_prefix(isThere ? 1 : 0);
+    return isThere;
 }
 
-DrawnFace DrawingReader::FaceOf(const json& array) const {
+/// Of the array at hand, one is left.
+bool DrawingReader::IsAtItem() {
+    Take(',');
+    return !m_rest.empty() && m_rest.front() != ']';
+}
+
+double DrawingReader::Value() {
+    double value = 0.0;
+    if (IsAtItem()) {
+        const auto end = std::from_chars(m_rest.data(), m_rest.data() + m_rest.size(), value);
+        m_rest.remove_prefix(static_cast<std::size_t>(end.ptr - m_rest.data()));
+    }
+    return value;
+}
+
+template <typename T>
+std::vector<T> DrawingReader::List(T (DrawingReader::*read)()) {
+    std::vector<T> items;
+    if (!Open()) {
+        Value();
+        return items;
+    }
+    while (IsAtItem())
+        items.push_back((this->*read)());
+    Close();
+    return items;
+}
+
+DrawnFace DrawingReader::Face() {
     DrawnFace face;
-    face.name = Text(array, 0);
-    face.width = Value(array, 1);
-    face.isUnrolled = Index(array, 2) == 1;
-    if (array.size() > 3)
-        for (std::size_t i = 0; i < array[3].size(); ++i)
-            face.outlines.push_back(Points(array[3], i));
+    Open();
+    face.name = Text();
+    face.width = Value();
+    face.isUnrolled = Index() == 1;
+    face.outlines = List(&DrawingReader::Points);
+    Close();
     return face;
 }
 
-DrawnFeature DrawingReader::FeatureOf(const json& array) const {
+DrawnFeature DrawingReader::Feature() {
     DrawnFeature feature;
-    feature.kind = static_cast<report::FeatureKind>(Index(array, 0));
-    feature.state = static_cast<report::FeatureState>(Index(array, 1));
-    feature.face = Index(array, 2);
-    feature.line = static_cast<long>(Index(array, 3));
-    feature.at = {Value(array, 4), Value(array, 5)};
-    feature.size = Value(array, 6);
-    feature.shape = Text(array, 7);
-    feature.code = Text(array, 8);
-    feature.length = Value(array, 9);
-    feature.angle = Value(array, 10);
-    const Polyline told = Points(array, 11);
+    Open();
+    feature.kind = static_cast<report::FeatureKind>(Index());
+    feature.state = static_cast<report::FeatureState>(Index());
+    feature.face = Index();
+    feature.line = static_cast<long>(Index());
+    feature.at = At();
+    feature.size = Value();
+    feature.shape = Text();
+    feature.code = Text();
+    feature.length = Value();
+    feature.angle = Value();
+    const Polyline told = Points();
     feature.told = told.empty() ? feature.at : told.front();
-    feature.remark = Text(array, 12);
-    feature.outline = Points(array, 13);
-    feature.text = Text(array, 14);
+    feature.remark = Text();
+    feature.outline = Points();
+    feature.text = Text();
+    Close();
     return feature;
 }
 
@@ -85,12 +124,9 @@ void MemberDrawings::Add(const report::MemberDrawing& drawing) {
 report::MemberDrawing MemberDrawings::Get(std::size_t member) const {
     report::MemberDrawing drawing;
     drawing.length = m_members[member].length;
-    const json arrays = json::parse("[" + m_members[member].drawing + "]");
-    const DrawingReader reader(m_texts);
-    for (const json& face : arrays[0])
-        drawing.faces.push_back(reader.FaceOf(face));
-    for (const json& feature : arrays[1])
-        drawing.features.push_back(reader.FeatureOf(feature));
+    DrawingReader reader(m_members[member].drawing, m_texts);
+    drawing.faces = reader.Faces();
+    drawing.features = reader.Features();
     return drawing;
 }
 

@@ -62,88 +62,87 @@ DrawnByLine ByLine(const report::MemberDrawing& drawing) {
     return drawn;
 }
 
-void AddIf(Json& object, const char* key, double value) {
+void SetIf(JsonObject& object, const char* key, double value) {
     if (value != 0.0)
-        object[key] = value;
+        object.Set(key, value);
 }
 
-void AddIf(Json& object, const char* key, const std::string& value) {
+void SetIf(JsonObject& object, const char* key, const std::string& value) {
     if (!value.empty())
-        object[key] = value;
+        object.Set(key, value);
 }
 
 /// Where a feature lies and what it is like; what does not apply is left out.
-void AddDrawn(Json& object,
+void SetDrawn(JsonObject& object,
               const report::MemberDrawing& drawing,
               const report::DrawnFeature& drawn) {
-    object["face"] = drawing.faces[drawn.face].name;
-    object["x"] = drawn.told.x;
-    object["y"] = drawn.told.y;
+    object.Set("face", drawing.faces[drawn.face].name);
+    object.Set("x", drawn.told.x);
+    object.Set("y", drawn.told.y);
     if (drawn.told != drawn.at) {
-        object["xInFile"] = drawn.at.x;
-        object["yInFile"] = drawn.at.y;
+        object.Set("xInFile", drawn.at.x);
+        object.Set("yInFile", drawn.at.y);
     }
-    AddIf(object, "size", drawn.size);
-    AddIf(object, "length", drawn.length);
-    AddIf(object, "angle", drawn.angle);
-    AddIf(object, "shape", drawn.shape);
-    AddIf(object, "code", drawn.code);
-    object["status"] = kStateWords[static_cast<std::size_t>(drawn.state)];
-    AddIf(object, "remark", drawn.remark);
-    AddIf(object, "text", drawn.text);
+    SetIf(object, "size", drawn.size);
+    SetIf(object, "length", drawn.length);
+    SetIf(object, "angle", drawn.angle);
+    SetIf(object, "shape", drawn.shape);
+    SetIf(object, "code", drawn.code);
+    object.Set("status", kStateWords[static_cast<std::size_t>(drawn.state)]);
+    SetIf(object, "remark", drawn.remark);
+    SetIf(object, "text", drawn.text);
 }
 
-Json FeaturesJson(const RunReport& report, std::size_t index) {
+JsonText FeaturesJson(const RunReport& report, std::size_t index) {
     const RunMember& member = report.members[index];
     const report::MemberDrawing drawing = report.drawings.Get(index);
     const DrawnByLine drawn = ByLine(drawing);
-    Json features = Json::array();
+    JsonArray features;
     for (const AccountedFeature& feature : member.features) {
         const Account account = feature.Get(member.result.IsMade());
-        Json object = {
-            {"kind",    ZetString(feature.kind).toUtf8()                },
-            {"line",    feature.line                                    },
-            {"account", kAccountNames[static_cast<std::size_t>(account)]},
-        };
-        std::vector<Json> parts;
+        JsonObject object;
+        object.Set("kind", ZetString(feature.kind).toUtf8());
+        object.Set("line", feature.line);
+        object.Set("account", kAccountNames[static_cast<std::size_t>(account)]);
+        std::vector<JsonText> parts;
         const auto [begin, end] = drawn.equal_range(feature.line);
         for (auto at = begin; at != end; ++at) {
             const report::DrawnFeature& part = *at->second;
             if (HasAccount(part)) {
                 // A round opening is a hole.
-                object["kind"] = WordOf(part.kind);
-                AddDrawn(object, drawing, part);
+                object.Set("kind", WordOf(part.kind));
+                SetDrawn(object, drawing, part);
                 continue;
             }
-            parts.push_back({
-                {"kind", WordOf(part.kind)},
-                {"line", part.line        }
-            });
-            AddDrawn(parts.back(), drawing, part);
+            JsonObject own;
+            own.Set("kind", WordOf(part.kind));
+            own.Set("line", part.line);
+            SetDrawn(own, drawing, part);
+            parts.push_back(own.ToText());
         }
-        features.push_back(std::move(object));
-        for (Json& part : parts)
-            features.push_back(std::move(part));
+        features.Add(object.ToText());
+        for (const JsonText& part : parts)
+            features.Add(part);
     }
-    return features;
+    return features.ToText();
 }
 
 /// The lines between that of the member and its end.
-Json OperationsJson(const RunMember& member) {
-    Json operations = Json::array();
-    if (!member.result.IsMade())
-        return operations;
-    std::istringstream records(member.result.records.text);
-    std::string line;
-    std::getline(records, line);
-    for (const long tag : member.result.records.operations) {
+JsonText OperationsJson(const RunMember& member) {
+    JsonArray operations;
+    if (member.result.IsMade()) {
+        std::istringstream records(member.result.records.text);
+        std::string line;
         std::getline(records, line);
-        operations.push_back({
-            {"record", line},
-            {"line",   tag }
-        });
+        for (const long tag : member.result.records.operations) {
+            std::getline(records, line);
+            JsonObject operation;
+            operation.Set("record", line);
+            operation.Set("line", tag);
+            operations.Add(operation.ToText());
+        }
     }
-    return operations;
+    return operations.ToText();
 }
 
 }  // namespace
@@ -155,29 +154,27 @@ Json AccountsJson(const plugin::AccountNumbers& accounts) {
     return object;
 }
 
-Json MemberJson(const RunReport& report, std::size_t index, const std::string& file) {
+JsonText MemberJson(const RunReport& report, std::size_t index, const std::string& file) {
     const RunMember& member = report.members[index];
     const plugin::MemberResult& result = member.result;
-    Json findings = FindingsJson(result.findings, file, member.file.lines);
-    Json setAside = ListIn(file, result.setAside);
-    return {
-        {"file",        file                                },
-        {"mark",        result.mark.toUtf8()                },
-        {"profileName", result.profileName.toUtf8()         },
-        {"material",    report.drawings.GetMaterial(index)  },
-        {"length",      report.drawings.GetLength(index)    },
-        {"group",       result.group                        },
-        {"quantity",    result.quantity                     },
-        {"valid",       result.outcome.isValid              },
-        {"warnings",    result.outcome.hasWarnings          },
-        {"nonStandard", result.outcome.isNonStandard        },
-        {"left",        result.left                         },
-        {"accounts",    AccountsJson(member.CountAccounts())},
-        {"features",    FeaturesJson(report,                  index)},
-        {"operations",             OperationsJson(member)                                     },
-        {"findings",             std::move(findings)  },
-        {"setAside",             std::move(setAside)                                     },
-    };
+    JsonObject object;
+    object.Set("file", file);
+    object.Set("mark", result.mark.toUtf8());
+    object.Set("profileName", result.profileName.toUtf8());
+    object.Set("material", report.drawings.GetMaterial(index));
+    object.Set("length", report.drawings.GetLength(index));
+    object.Set("group", result.group);
+    object.Set("quantity", result.quantity);
+    object.Set("valid", result.outcome.isValid);
+    object.Set("warnings", result.outcome.hasWarnings);
+    object.Set("nonStandard", result.outcome.isNonStandard);
+    object.Set("left", result.left);
+    object.Set("accounts", AccountsJson(member.CountAccounts()));
+    object.Set("features", FeaturesJson(report, index));
+    object.Set("operations", OperationsJson(member));
+    object.Set("findings", FindingsJson(result.findings, file, member.file.lines));
+    object.Set("setAside", ListIn(file, result.setAside));
+    return object.ToText();
 }
 
 }  // namespace camjob

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "camjob/console/ReportJson.h"
+#include "camjob/console/JsonText.h"
 #include "camjob/run/RunReport.h"
 
 #include <cstddef>
@@ -11,6 +11,6 @@ namespace camjob {
 Json AccountsJson(const plugin::AccountNumbers& accounts);
 
 /// A member of a report with its features, operations and findings; `file` names its NC file.
-Json MemberJson(const RunReport& report, std::size_t member, const std::string& file);
+JsonText MemberJson(const RunReport& report, std::size_t member, const std::string& file);
 
 }  // namespace camjob

@@ -40,14 +40,14 @@ Json WeightJson(const plugin::SteelTotals& steel) {
     return weight ? Json(*weight) : Json();
 }
 
-Json PieceJson(const plugin::ProfilePlan& plan, const plugin::PieceOnBar& piece) {
-    return {
-        {"position", plugin::Millimetres(piece.position) },
-        {"mark",     plan.parts[piece.part].mark.toUtf8()},
-        {"member",   plan.parts[piece.part].member       },
-        {"piece",    piece.number                        },
-        {"length",   plugin::Millimetres(piece.length)   },
-    };
+JsonText PieceJson(const plugin::ProfilePlan& plan, const plugin::PieceOnBar& piece) {
+    JsonObject object;
+    object.Set("position", plugin::Millimetres(piece.position));
+    object.Set("mark", plan.parts[piece.part].mark.toUtf8());
+    object.Set("member", plan.parts[piece.part].member);
+    object.Set("piece", piece.number);
+    object.Set("length", plugin::Millimetres(piece.length));
+    return object.ToText();
 }
 
 Json CostJson(const plugin::ProfilePlan& plan, std::optional<cutting::Cost> cost) {
@@ -67,32 +67,38 @@ Json UncutJson(const plugin::ProfilePlan& plan) {
     return parts;
 }
 
+JsonText EntryJson(const plugin::ProfilePlan& plan,
+                   const cutting::PlannedBars& bars,
+                   long firstBar,
+                   const std::vector<plugin::PieceOnBar>& onBar) {
+    const plugin::BarStock& stock = plan.stocks[bars.stock];
+    JsonArray pieces;
+    for (const plugin::PieceOnBar& piece : onBar)
+        pieces.Add(PieceJson(plan, piece));
+    JsonObject object;
+    object.Set("bar", firstBar);
+    object.Set("count", bars.bars);
+    object.Set("stock", stock.length);
+    object.Set("kerf", stock.kerf);
+    object.Set("remnant", stock.remnant ? Json(stock.name.toUtf8()) : Json());
+    object.Set("offCut", plugin::Millimetres(bars.offCut));
+    object.Set("kept", IsKept(plan, bars));
+    object.Set("pieces", pieces.ToText());
+    return object.ToText();
+}
+
 /// Bars that are cut alike are one entry, with the pieces of its first bar.
-Json EntriesJson(const plugin::ProfilePlan& plan) {
-    Json entries = Json::array();
+JsonText EntriesJson(const plugin::ProfilePlan& plan) {
+    JsonArray entries;
     plugin::BarWalk walk(plan);
     long bar = plan.firstBar;
     for (const cutting::PlannedBars& bars : plan.plan.bars) {
-        Json pieces = Json::array();
-        for (const plugin::PieceOnBar& piece : walk.Next(bars))
-            pieces.push_back(PieceJson(plan, piece));
+        entries.Add(EntryJson(plan, bars, bar, walk.Next(bars)));
         for (cutting::Count other = 1; other < bars.bars; ++other)
             walk.Next(bars);
-        entries.push_back({
-            {"bar",     bar                             },
-            {"count",   bars.bars                       },
-            {"stock",   plan.stocks[bars.stock].length  },
-            {"kerf",    plan.stocks[bars.stock].kerf    },
-            {"remnant",
-             plan.stocks[bars.stock].remnant ? Json(plan.stocks[bars.stock].name.toUtf8())
-                                             : Json()   },
-            {"offCut",  plugin::Millimetres(bars.offCut)},
-            {"kept",    IsKept(plan,                      bars)},
-            {"pieces",         std::move(pieces)                                 },
-        });
         bar += static_cast<long>(bars.bars);
     }
-    return entries;
+    return entries.ToText();
 }
 
 }  // namespace
@@ -155,36 +161,36 @@ Json RunJsonWriter::ToJson(const plugin::ProfileResult& profile) {
     };
 }
 
-Json RunJsonWriter::ToJson(const RunPlan& run) {
+JsonText RunJsonWriter::ToJson(const RunPlan& run) {
     const plugin::ProfilePlan& plan = run.plan;
     const plugin::PlanTotals totals = TotalsOf(plan);
     const double metres = totals.barLength / 1000.0;
     const auto costOf = [&](std::optional<cutting::Cost> cost) { return CostJson(plan, cost); };
-    return {
-        {"group",       plan.group                                                             },
-        {"name",        run.group.toUtf8()                                                     },
-        {"profile",     plan.profileName.toUtf8()                                              },
-        {"material",    plan.material.toUtf8()                                                 },
-        {"plan",        plan.kind == job::BarPlan::kLeast ? "least" : "given"                  },
-        {"bars",        totals.bars                                                            },
-        {"pieces",      totals.pieces                                                          },
-        {"uncut",       totals.uncut                                                           },
-        {"uncutParts",  UncutJson(plan)                                                        },
-        {"barLength",   totals.barLength                                                       },
-        {"pieceLength", totals.pieceLength                                                     },
-        {"utilisation", totals.GetUtilisation()                                                },
-        {"kerfLoss",    totals.kerfLoss                                                        },
-        {"kept",        totals.kept                                                            },
-        {"scrapped",    totals.scrapped                                                        },
-        {"weight",      plan.weightPerMetre > 0.0 ? Json(plan.weightPerMetre * metres) : Json()},
-        {"unit",        kUnitWords[static_cast<std::size_t>(plan.unit)]                        },
-        {"cost",        costOf(plan.plan.cost)                                                 },
-        {"lowerBound",  costOf(plan.GetBound())                                                },
-        {"provedLeast", plan.plan.IsProvedLeast()                                              },
-        {"firstFit",    costOf(plan.firstFit)                                                  },
-        {"given",       costOf(plan.given)                                                     },
-        {"entries",     EntriesJson(plan)                                                      },
-    };
+    JsonObject object;
+    object.Set("group", plan.group);
+    object.Set("name", run.group.toUtf8());
+    object.Set("profile", plan.profileName.toUtf8());
+    object.Set("material", plan.material.toUtf8());
+    object.Set("plan", plan.kind == job::BarPlan::kLeast ? "least" : "given");
+    object.Set("bars", totals.bars);
+    object.Set("pieces", totals.pieces);
+    object.Set("uncut", totals.uncut);
+    object.Set("uncutParts", UncutJson(plan));
+    object.Set("barLength", totals.barLength);
+    object.Set("pieceLength", totals.pieceLength);
+    object.Set("utilisation", totals.GetUtilisation());
+    object.Set("kerfLoss", totals.kerfLoss);
+    object.Set("kept", totals.kept);
+    object.Set("scrapped", totals.scrapped);
+    object.Set("weight", plan.weightPerMetre > 0.0 ? Json(plan.weightPerMetre * metres) : Json());
+    object.Set("unit", kUnitWords[static_cast<std::size_t>(plan.unit)]);
+    object.Set("cost", costOf(plan.plan.cost));
+    object.Set("lowerBound", costOf(plan.GetBound()));
+    object.Set("provedLeast", plan.plan.IsProvedLeast());
+    object.Set("firstFit", costOf(plan.firstFit));
+    object.Set("given", costOf(plan.given));
+    object.Set("entries", EntriesJson(plan));
+    return object.ToText();
 }
 
 Json RunJsonWriter::ChangesOf() const {

@@ -40,7 +40,7 @@ class RunJsonWriter {
     Json ToJson(const RunFile& file) const;
     static Json ToJson(const RunGroup& group);
     static Json ToJson(const plugin::ProfileResult& profile);
-    static Json ToJson(const RunPlan& plan);
+    static JsonText ToJson(const RunPlan& plan);
     Json ChangesOf() const;
     template <typename T>
     void AddList(const char* key, const std::vector<T>& items) {

@@ -2,6 +2,7 @@
 
 #include "job/ControlCharacters.h"
 #include "job/MemberLine.h"
+#include "numbers/FixedDecimals.h"
 #include "plugin/formats/BackslashEscapes.h"
 #include "plugin/formats/MachineWords.h"
 
@@ -26,7 +27,6 @@ namespace plugin {
 namespace {
 
 constexpr int kDecimals = 3;
-constexpr ZetFormatString<double> kNumberFormat = L"%.3f";
 constexpr std::wstring_view kEndWord = L"end";
 
 // ---- fields -------------------------------------------------------------------------------------
@@ -185,29 +185,9 @@ std::wstring_view TakeUntil(std::wstring_view& text, std::wstring_view separator
     return taken;
 }
 
-/// A number of thousandths with its three decimals.
-void AppendThousandths(std::string& line, std::uint64_t count) {
-    std::array<char, 24> digits;
-    char* at = digits.end();
-    for (std::size_t i = 0; i <= kDecimals || count > 0; ++i, count /= 10) {
-        if (i == kDecimals)
-            *--at = '.';
-        *--at = static_cast<char>('0' + count % 10);
-    }
-    line.append(at, digits.end());
-}
-
 /// No sign before a zero.
 void AppendNumber(std::string& line, double value) {
-    constexpr double kUpToHere = 1e9;  // thousandths of the double are exact by far
-    const double rounded = RoundAsRecorded(value) + 0.0;
-    if (!(std::abs(rounded) < kUpToHere)) {
-        line += ZetString::format(kNumberFormat, rounded).toUtf8();
-        return;
-    }
-    if (rounded < 0.0)
-        line += '-';
-    AppendThousandths(line, static_cast<std::uint64_t>(std::abs(rounded) * 1000.0 + 0.5));
+    numbers::AppendFixed(line, value, kDecimals);
 }
 
 std::optional<double> ParseNumber(std::wstring_view text) {

@@ -1,7 +1,7 @@
 #include "report/drawing/DrawingText.h"
 
-#include <array>
-#include <charconv>
+#include "numbers/FixedDecimals.h"
+
 #include <cmath>
 
 namespace report {
@@ -31,21 +31,13 @@ std::string_view EscapeOf(char character) {
 }  // namespace
 
 std::string Number(double value, int decimals) {
-    if (!std::isfinite(value))
-        return "0";
-    // The longest double has 309 digits before its point.
-    std::array<char, 400> buffer;
-    const auto end =
-        std::to_chars(
-            buffer.data(), buffer.data() + buffer.size(), value, std::chars_format::fixed, decimals)
-            .ptr;
-    std::string text(buffer.data(), end);
-    if (text.find('.') != std::string::npos) {
-        text.erase(text.find_last_not_of('0') + 1);
-        if (text.back() == '.')
-            text.pop_back();
-    }
-    return text == "-0" ? "0" : text;
+    std::string text;
+    AppendNumber(text, value, decimals);
+    return text;
+}
+
+void AppendNumber(std::string& text, double value, int decimals) {
+    numbers::AppendTrimmed(text, std::isfinite(value) ? value : 0.0, decimals);
 }
 
 std::string Escaped(std::string_view text) {

@@ -11,26 +11,34 @@ namespace {
 /// One JSON array in the making.
 class JsonArray {
   public:
-    void Add(const std::string& json) { m_items.push_back(json); }
-    void AddNumber(double value) { Add(Number(value)); }
+    void Add(std::string_view json) {
+        Separate();
+        m_json += json;
+        if (json != "0")
+            m_kept = m_json.size();
+    }
+    void AddNumber(double value) {
+        Separate();
+        const std::size_t start = m_json.size();
+        AppendNumber(m_json, value);
+        if (m_json.compare(start, std::string::npos, "0") != 0)
+            m_kept = m_json.size();
+    }
     void AddIndex(std::size_t index) { Add(std::to_string(index)); }
     void AddText(std::string_view text) { Add(JsonText(text)); }
 
-    std::string ToJson() const {
-        std::string json = "[";
-        for (const std::string& item : m_items)
-            Append(json, json.size() == 1 ? "" : ",", item);
-        return json + "]";
-    }
+    std::string ToJson() const { return m_json + "]"; }
     /// The reader takes what is missing at the end for 0.
-    std::string ToShortJson() {
-        while (!m_items.empty() && m_items.back() == "0")
-            m_items.pop_back();
-        return ToJson();
-    }
+    std::string ToShortJson() const { return m_json.substr(0, m_kept) + "]"; }
 
   private:
-    std::vector<std::string> m_items;
+    void Separate() {
+        if (m_json.size() > 1)
+            m_json += ',';
+    }
+
+    std::string m_json = "[";
+    std::size_t m_kept = 1;  ///< up to the last item that is not 0
 };
 
 /// x, y, x, y and so on.
@@ -100,7 +108,7 @@ std::string ChangesJson(const std::vector<std::array<std::string, 3>>& changes) 
 }  // namespace
 
 std::size_t SharedTexts::IndexOf(const std::string& text) {
-    const auto [at, isNew] = m_indices.insert({text, m_texts.size()});
+    const auto [at, isNew] = m_indices.try_emplace(text, m_texts.size());
     if (isNew)
         m_texts.push_back(text);
     return at->second;

@@ -1,0 +1,83 @@
+#include "numbers/FixedDecimals.h"
+
+#include <array>
+#include <charconv>
+#include <cmath>
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+
+namespace numbers {
+
+namespace {
+
+constexpr std::array kPowersOfTen = {1.0, 1e1, 1e2, 1e3, 1e4, 1e5, 1e6};
+
+/// A magnitude times a power of ten, rounded. Nothing for a large one, for NaN, and where the
+/// product, which is rounded itself, is too near a tie to tell.
+std::optional<std::uint64_t> ScaledWhole(double magnitude, int decimals) {
+    constexpr double kExactBelow = 1e12;
+    constexpr double kTieMargin = 1e-3;  // far more than what products below that are off
+    if (decimals >= static_cast<int>(kPowersOfTen.size()))
+        return std::nullopt;
+    const double scaled = magnitude * kPowersOfTen[static_cast<std::size_t>(decimals)];
+    if (!(scaled < kExactBelow))
+        return std::nullopt;
+    const auto whole = static_cast<std::uint64_t>(scaled);
+    const double rest = scaled - static_cast<double>(whole);
+    if (std::abs(rest - 0.5) < kTieMargin)
+        return std::nullopt;
+    return whole + (rest > 0.5 ? 1 : 0);
+}
+
+/// Digits with a point before the last `decimals` of them, at least one before it.
+void AppendScaled(std::string& text, std::uint64_t whole, int decimals) {
+    std::array<char, 24> digits;
+    char* at = digits.data() + digits.size();
+    for (int i = 0; i <= decimals || whole > 0; ++i, whole /= 10) {
+        if (i == decimals && i > 0)
+            *--at = '.';
+        *--at = static_cast<char>('0' + whole % 10);
+    }
+    text.append(at, digits.data() + digits.size());
+}
+
+void AppendPrinted(std::string& text, double value, int decimals) {
+    // The longest double has 309 digits before its point.
+    constexpr std::size_t kMostWhole = 320;
+    std::string digits(kMostWhole + static_cast<std::size_t>(decimals), '\0');
+    const auto end = std::to_chars(digits.data(),
+                                   digits.data() + digits.size(),
+                                   std::abs(value),
+                                   std::chars_format::fixed,
+                                   decimals);
+    digits.resize(static_cast<std::size_t>(end.ptr - digits.data()));
+    if (std::signbit(value) && digits.find_first_not_of("0.") != std::string::npos)
+        text += '-';
+    text += digits;
+}
+
+}  // namespace
+
+void AppendFixed(std::string& text, double value, int decimals) {
+    const std::optional<std::uint64_t> whole = ScaledWhole(std::abs(value), decimals);
+    if (!whole) {
+        AppendPrinted(text, value, decimals);
+        return;
+    }
+    if (value < 0.0 && *whole > 0)
+        text += '-';
+    AppendScaled(text, *whole, decimals);
+}
+
+void AppendTrimmed(std::string& text, double value, int decimals) {
+    const std::size_t start = text.size();
+    AppendFixed(text, value, decimals);
+    if (text.find('.', start) == std::string::npos)
+        return;
+    text.erase(text.find_last_not_of('0') + 1);
+    if (text.back() == '.')
+        text.pop_back();
+}
+
+}  // namespace numbers
