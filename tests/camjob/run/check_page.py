@@ -12,6 +12,7 @@ import xml.etree.ElementTree as ElementTree
 from browser import Browser
 
 MARK = "</script><b>\"'&\u202e"
+HOLES_OUTSIDE = "BO\n  v 5200.00u 20.00 14.00\n  v 100.00u 900.00 14.00\n"
 STATES = {"error": 3, "warning": 2, "in order": 1}
 complaints = 0
 
@@ -23,16 +24,15 @@ def expect(what, found, wanted):
         print(f"{what}:\n  found  {str(found)[:600]}\n  wanted {str(wanted)[:600]}")
 
 
-def revise(job):
-    """Holes moved, a quantity changed, a member less; one more with holes outside of it and a mark that could be markup."""
+def revise(job, mark, more=""):
+    """Holes moved, a quantity changed, a member less; one more by this mark, with lines more."""
     part = job / "nc" / "P1.nc1"
     text = part.read_text(encoding="utf-8").replace("2475.00u  100.00  14.00", "2485.00u  100.00  14.00")
     text = text.replace("2515.00u  100.00  14.00", "2525.00u  100.00  14.00")
     part.write_text(text.replace("\n  17\n", "\n  18\n", 1), encoding="utf-8")
     (job / "nc" / "R2.nc1").unlink()
-    hostile = (job / "nc" / "R1.nc1").read_text(encoding="utf-8").replace("\n  R1\n", f"\n  {MARK}\n", 1)
-    outside = "BO\n  v 5200.00u 20.00 14.00\n  v 100.00u 900.00 14.00\nEN\n"
-    (job / "nc" / "X1.nc1").write_text(hostile.replace("EN\n", outside), encoding="utf-8")
+    added = (job / "nc" / "R1.nc1").read_text(encoding="utf-8").replace("\n  R1\n", f"\n  {mark}\n", 1)
+    (job / "nc" / "X1.nc1").write_text(added.replace("EN\n", more + "EN\n"), encoding="utf-8")
 
 
 def run_job(camjob, scratch):
@@ -255,7 +255,32 @@ def check_drawings(browser, camjob, scratch, members):
         expect(f"{pathlib.Path(file).name}: only in the drawing of camjob show", left, [])
 
 
-def take_pictures(browser, folder):
+def take_pictures(camjob, examples, folder):
+    """Of the example job as it is, and of a revision of it."""
+    with tempfile.TemporaryDirectory() as name, Browser() as browser:
+        scratch = pathlib.Path(name)
+        shutil.copytree(pathlib.Path(examples) / "warehouse", scratch / "job")
+        run_job(camjob, scratch)
+        browser.open(scratch / "made" / "warehouse12-report.html")
+        take_first_pictures(browser, folder)
+        revise(scratch / "job", "R11")
+        run_job(camjob, scratch)
+        browser.open(scratch / "made" / "warehouse12-report.html")
+        take_revision_pictures(browser, folder)
+
+
+def take_first_pictures(browser, folder):
+    browser.resize(1100, 900)
+    browser.picture(folder / "page-top.png")
+    browser.resize(1100, 790)
+    browser.run("(() => { location.hash = 'm=P7'; })()")
+    browser.settle()
+    browser.run("document.getElementById('member').scrollIntoView(), scrollBy(0, -66)")
+    browser.settle()
+    browser.picture(folder / "page-member.png")
+
+
+def take_revision_pictures(browser, folder):
     browser.resize(1400, 1900)
     browser.run("(() => { location.hash = 'm=P12'; })()")
     for theme in "light", "dark":
@@ -270,15 +295,6 @@ def take_pictures(browser, folder):
     browser.run("document.getElementById('members').scrollIntoView()")
     browser.settle()
     browser.picture(folder / "report-changed.png")
-    browser.resize(1100, 790)
-    browser.run("scrollTo(0, 0)")
-    browser.settle()
-    browser.picture(folder / "page-top.png")
-    browser.run("(() => { location.hash = 'm=P7'; })()")
-    browser.settle()
-    browser.run("document.getElementById('member').scrollIntoView(), scrollBy(0, -50)")
-    browser.settle()
-    browser.picture(folder / "page-member.png")
     # As on paper, 186 mm between the margins.
     browser.resize(703, 1000)
     browser.use_media("print")
@@ -295,7 +311,7 @@ def main(camjob, examples, pictures=None):
         scratch = pathlib.Path(name)
         shutil.copytree(pathlib.Path(examples) / "warehouse", scratch / "job")
         run_job(camjob, scratch)
-        revise(scratch / "job")
+        revise(scratch / "job", MARK, HOLES_OUTSIDE)
         run = run_job(camjob, scratch)
         browser.open(scratch / "made" / "warehouse12-report.html")
         check = PageCheck(browser, run)
@@ -312,9 +328,9 @@ def main(camjob, examples, pictures=None):
         check_drawings(browser, camjob, scratch, run["members"])
         expect("messages of the console", browser.messages, [])
         expect("what the page asks for", [r for r in browser.requests if not r.startswith("file:") or not r.split("#")[0].endswith("-report.html")], [])
-        if pictures:
-            take_pictures(browser, pathlib.Path(pictures))
         print(f"{len(run['members'])} members, {complaints} complaints")
+    if pictures and not complaints:
+        take_pictures(camjob, examples, pathlib.Path(pictures))
     return 1 if complaints else 0
 
 
