@@ -1,5 +1,7 @@
 #include "job/TextFile.h"
 
+#include <array>
+#include <cerrno>
 #include <cstddef>
 #include <fstream>
 #include <string_view>
@@ -12,6 +14,11 @@ namespace {
 constexpr std::size_t kMostBytes = std::size_t{4} * 1024 * 1024;
 constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 
+/// Streams keep no reason of their own.
+std::string ReasonOf(int error) {
+    return error == 0 ? "" : " (" + std::generic_category().message(error) + ")";
+}
+
 }  // namespace
 
 std::variant<std::string, TextFileFault> ReadTextFile(const std::filesystem::path& file,
@@ -22,12 +29,15 @@ std::variant<std::string, TextFileFault> ReadTextFile(const std::filesystem::pat
         return TextFileFault{"there is no such file"};
     if (std::filesystem::is_directory(status))
         return TextFileFault{"this is a folder, not a " + kind};
+    errno = 0;
     std::ifstream stream(file, std::ios::binary);
-    std::string bytes(kMostBytes + 1, '\0');
-    stream.read(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+    std::string bytes;
+    std::array<char, 1u << 14> piece;
+    while (bytes.size() <= kMostBytes &&
+           (stream.read(piece.data(), piece.size()) || stream.gcount() > 0))
+        bytes.append(piece.data(), static_cast<std::size_t>(stream.gcount()));
     if (!stream.is_open() || stream.bad())
-        return TextFileFault{"the file cannot be read"};
-    bytes.resize(static_cast<std::size_t>(stream.gcount()));
+        return TextFileFault{"the file cannot be read" + ReasonOf(errno)};
     if (bytes.size() > kMostBytes)
         return TextFileFault{"the file is larger than 4 MB: this is no " + kind};
     if (bytes.starts_with(kByteOrderMark))

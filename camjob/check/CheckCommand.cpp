@@ -70,12 +70,21 @@ std::unique_ptr<CheckWriter> MakeWriter(bool asJson, OutputStream& out, OutputSt
     return std::make_unique<CheckTextWriter>(out, err);
 }
 
+void WriteEmptyDocument(OutputStream& out) {
+    CheckJsonWriter writer(out);
+    writer.Begin();
+    writer.End(CheckSummary());
+}
+
 }  // namespace
 
 int RunCheck(const CheckOptions& options, OutputStream& out, OutputStream& err) {
     const std::optional<job::Job> job = ReadRules(options.job, err);
-    if (!job)
+    if (!job) {
+        if (options.asJson)
+            WriteEmptyDocument(out);
         return kExitBadInput;
+    }
     plugin::UseTolerances(job->tolerances);
     const plugin::JudgingRules rules(*job);
     CheckSummary summary;

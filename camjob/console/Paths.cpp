@@ -16,10 +16,16 @@ std::string NameFromFolderOf(const std::string& other, const std::string& file) 
     return Utf8FromPath(path.lexically_proximate(folder).generic_u8string());
 }
 
+std::filesystem::path RealPath(const std::filesystem::path& path) {
+    std::error_code error;
+    const auto real = std::filesystem::weakly_canonical(path, error);
+    return error ? path.lexically_normal() : real;
+}
+
 std::filesystem::path PlaceOf(const std::filesystem::path& file) {
     std::error_code ignored;
     const auto whole = std::filesystem::absolute(file, ignored);
-    return std::filesystem::weakly_canonical(whole.parent_path(), ignored) / whole.filename();
+    return RealPath(whole.parent_path()) / whole.filename();
 }
 
 }  // namespace camjob

@@ -17,6 +17,10 @@ std::string NameIn(const std::string& folder, const std::string& file);
 /// depend on where the program was started.
 std::string NameFromFolderOf(const std::string& other, const std::string& file);
 
+/// A path from its root without links and dots; where the system does not tell what it is, as it
+/// stands.
+std::filesystem::path RealPath(const std::filesystem::path& path);
+
 /// A file from its root, by the real name of its folder, so that each file is at one place however
 /// it was named. A link stays one.
 std::filesystem::path PlaceOf(const std::filesystem::path& file);

@@ -1,7 +1,6 @@
 #include "camjob/disk/RevocableFiles.h"
 
-#include <fstream>
-#include <system_error>
+#include "camjob/disk/StagingDisk.h"
 
 namespace camjob {
 
@@ -25,31 +24,36 @@ void RevocableFiles::TakeBack() {
         fs::remove(*path, ignored);
 }
 
-bool RevocableFiles::MakeFolder(const fs::path& folder) {
+std::error_code RevocableFiles::MakeFolder(const fs::path& folder) {
     std::error_code error;
     if (folder.empty() || fs::is_directory(folder, error))
-        return true;
+        return {};
     // "out/" names the folder "out".
-    if (folder.has_relative_path() && !MakeFolder(folder.parent_path()))
-        return false;
+    if (folder.has_relative_path())
+        if (const std::error_code above = MakeFolder(folder.parent_path()))
+            return above;
     m_paths.push_back(folder);
-    if (!fs::create_directory(folder, error))
-        m_paths.pop_back();
-    return fs::is_directory(folder, error);
+    if (fs::create_directory(folder, error))
+        return {};
+    m_paths.pop_back();
+    return fs::is_directory(folder) ? std::error_code() : error;
 }
 
-bool RevocableFiles::Write(const fs::path& file, std::string_view text) {
-    if (!MakeFolder(file.parent_path()))
-        return false;
+std::error_code RevocableFiles::Write(const fs::path& file, std::string_view text) {
+    if (const std::error_code error = MakeFolder(file.parent_path()))
+        return error;
+    fs::path made = file;
+    made += ".new";
+    m_paths.push_back(made);
+    StagingDisk disk;
+    if (const std::error_code error = disk.WriteFile(made, text))
+        return error;
     m_paths.push_back(file);
-    std::ofstream stream(file, std::ios::binary);
-    if (!stream.is_open()) {
+    const std::error_code error = disk.Rename(made, file);
+    // What is there is not this one's yet.
+    if (error)
         m_paths.pop_back();
-        return false;
-    }
-    stream.write(text.data(), static_cast<std::streamsize>(text.size()));
-    stream.close();
-    return !stream.fail();
+    return error;
 }
 
 }  // namespace camjob

@@ -2,6 +2,7 @@
 
 #include <filesystem>
 #include <string_view>
+#include <system_error>
 #include <vector>
 
 namespace camjob {
@@ -16,11 +17,11 @@ class RevocableFiles {
     RevocableFiles(const RevocableFiles&) = delete;
     RevocableFiles& operator=(const RevocableFiles&) = delete;
 
-    /// Makes a folder and those that it lies in, unless they are there. False when one cannot be
-    /// made.
-    bool MakeFolder(const std::filesystem::path& folder);
-    /// Makes a file, and its folder. False when it cannot be written.
-    bool Write(const std::filesystem::path& file, std::string_view text);
+    /// Makes a folder and those that it lies in, unless they are there.
+    std::error_code MakeFolder(const std::filesystem::path& folder);
+    /// Makes a file, and its folder. It is written beside its place, under a name with ".new"
+    /// behind it: one that is there already stays as it is until the new one is whole.
+    std::error_code Write(const std::filesystem::path& file, std::string_view text);
     void Keep() { m_paths.clear(); }
 
     /// For a program that ends where it stands, as when memory fails where no exception may pass

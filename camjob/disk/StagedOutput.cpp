@@ -31,11 +31,6 @@ constexpr const char* kUnknownStatus = "the system does not tell whether this is
 constexpr const char* kNotComplete = "the output is not complete";
 constexpr const char* kFinishesLater = "; the next run in this folder finishes it";
 
-/// In the same words on every system.
-std::string ReasonOf(const std::error_code& error) {
-    return error.default_error_condition().message();
-}
-
 [[noreturn]] void Fail(const fs::path& path, const std::string& what) {
     throw OutputFailure(Utf8FromPath(path) + ": " + what);
 }
@@ -283,8 +278,15 @@ StagedOutput::Moves StagedOutput::MovesOf(const Record& record) const {
     return moves;
 }
 
-/// From the record on the new output counts, whatever happens here.
+/// From the record on the new output counts, whatever happens here. What fails once, as while a
+/// program looks into a new file, is tried again.
 void StagedOutput::RollForward(const Moves& moves) {
+    try {
+        PlaceAll(moves);
+        return;
+    } catch (const OutputFailure&) {
+    } catch (const std::bad_alloc&) {
+    }
     try {
         PlaceAll(moves);
     } catch (const OutputFailure& failure) {
@@ -310,7 +312,8 @@ void StagedOutput::PlaceAll(const Moves& moves) {
     for (const fs::path& folder : moves.folders)
         Check(m_disk.FlushFolder(folder), folder, kNotComplete);
     Check(m_disk.FlushFolder(m_folder), m_folder, kNotComplete);
-    Check(m_disk.Rename(m_record, m_lastRecord), m_own, kNotComplete);
+    if (Exists(m_record))
+        Check(m_disk.Rename(m_record, m_lastRecord), m_own, kNotComplete);
     Check(m_disk.FlushFolder(m_own), m_own, kNotComplete);
     DropStaging();
 }

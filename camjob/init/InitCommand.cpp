@@ -5,6 +5,7 @@
 #include "camjob/console/ReportText.h"
 #include "camjob/console/ShownText.h"
 #include "camjob/disk/RevocableFiles.h"
+#include "camjob/disk/StagingDisk.h"
 #include "camjob/init/JobDraftText.h"
 #include "camjob/init/NcSurvey.h"
 #include "camjob/input/NcFolderSearch.h"
@@ -73,7 +74,7 @@ class InitRun {
         if (const int code = CheckPlaces(); code != kExitDone)
             return code;
         for (const job::TemplateFile& sample : m_samples)
-            if (!Write(sample.name, sample.text))
+            if (!IsWritten(sample) && !Write(sample.name, sample.text))
                 return kExitNotWritten;
         const bool isTemplate = m_options.from.empty() && m_options.kind == kWithEveryKey;
         const int code = isTemplate ? WriteJob(job::kJobTemplate.text) : WriteDraftedJob();
@@ -88,15 +89,30 @@ class InitRun {
     }
 
     int CheckPlaces() {
-        std::vector<const char*> names = {job::kJobTemplate.name};
+        std::string fault = FaultOfPlace(job::kJobTemplate.name);
         for (const job::TemplateFile& sample : m_samples)
-            names.push_back(sample.name);
-        for (const char* name : names) {
-            std::error_code ignored;
-            if (fs::exists(fs::symlink_status(m_folder / PathFromUtf8(name), ignored)))
-                return Refuse(NameOf(name) + " is there already: nothing was written");
-        }
-        return kExitDone;
+            if (fault.empty() && !IsWritten(sample))
+                fault = FaultOfPlace(sample.name);
+        return fault.empty() ? kExitDone : Refuse(fault + ": nothing was written");
+    }
+
+    /// Why no file can be made there; "" when one can.
+    std::string FaultOfPlace(const char* name) const {
+        std::error_code error;
+        const fs::file_status status = fs::symlink_status(m_folder / PathFromUtf8(name), error);
+        if (status.type() == fs::file_type::not_found)
+            return "";
+        if (fs::status_known(status))
+            return NameOf(name) + " is there already";
+        return NameOf(name) + ": the system does not tell whether this is there (" +
+               ReasonOf(error) + ")";
+    }
+
+    /// By a call that was cut off before it wrote the job file, its last one.
+    bool IsWritten(const job::TemplateFile& sample) const {
+        std::string bytes;
+        return !StagingDisk().ReadFile(m_folder / PathFromUtf8(sample.name), bytes) &&
+               bytes == sample.text;
     }
 
     int Refuse(const std::string& text) {
@@ -105,10 +121,11 @@ class InitRun {
     }
 
     bool Write(const char* name, std::string_view text) {
-        if (m_files.Write(m_folder / PathFromUtf8(name), text))
-            return true;
-        m_err.Write("camjob: " + NameOf(name) + " could not be written: nothing was left behind\n");
-        return false;
+        const std::error_code error = m_files.Write(m_folder / PathFromUtf8(name), text);
+        if (error)
+            m_err.Write("camjob: " + NameOf(name) + " could not be written (" + ReasonOf(error) +
+                        "): nothing was left behind\n");
+        return !error;
     }
 
     int WriteJob(std::string_view text) {
@@ -129,6 +146,8 @@ class InitRun {
         const JobDraft draft = DraftJob(SurveyNcFiles(EachOnce(files)), m_folder);
         for (const RefusedFile& file : draft.leftOut)
             WriteLine(m_err, ZetString::fromUtf8(file.reason));
+        if (!draft.listingFault.empty())
+            return Refuse(draft.listingFault + ": nothing was written");
         m_fileCount = draft.fileCount;
         m_leftOut = draft.leftOut.size();
         if (draft.fileCount == 0)

@@ -74,16 +74,13 @@ std::size_t ChooseMark(NcSurvey& survey) {
 
 /// The file as a job in `folder` names it. On another drive: from its root.
 fs::path SeenFrom(const fs::path& folder, const fs::path& file) {
-    std::error_code ignored;
     const fs::path whole = PlaceOf(file);
-    const fs::path from = fs::weakly_canonical(fs::absolute(folder), ignored);
-    const fs::path relative = whole.lexically_relative(from);
+    const fs::path relative = whole.lexically_relative(RealPath(fs::absolute(folder)));
     return relative.empty() ? whole : relative;
 }
 
 /// Those of a folder with one ending, in the folder itself.
-std::size_t CountFiles(const fs::path& folder, const fs::path& ending) {
-    std::error_code error;
+std::size_t CountFiles(const fs::path& folder, const fs::path& ending, std::error_code& error) {
     std::size_t count = 0;
     for (fs::directory_iterator at(folder, error), end; !error && at != end; at.increment(error))
         count += at->path().extension() == ending ? 1 : 0;
@@ -91,15 +88,21 @@ std::size_t CountFiles(const fs::path& folder, const fs::path& ending) {
 }
 
 /// A pattern for all files of a folder with one ending, where the job takes them all; else each.
-std::vector<std::string> NameFiles(const std::vector<PartSurvey>& parts, const fs::path& folder) {
+std::vector<std::string> NameFiles(const std::vector<PartSurvey>& parts,
+                                   const fs::path& folder,
+                                   std::string& listingFault) {
     std::map<std::pair<fs::path, fs::path>, std::vector<fs::path>> groups;
     for (const PartSurvey& part : parts)
         groups[{PlaceOf(part.file).parent_path(), part.file.extension()}].push_back(part.file);
     std::vector<std::string> names;
     for (const auto& [key, files] : groups) {
         const auto& [parent, ending] = key;
+        std::error_code error;
         const bool isWhole = files.size() >= kFewestForPattern && !ending.empty() &&
-                             CountFiles(parent, ending) == files.size();
+                             CountFiles(parent, ending, error) == files.size();
+        if (error)
+            listingFault = Utf8FromPath(parent) + ": the folder cannot be listed (" +
+                           error.default_error_condition().message() + ")";
         if (isWhole)
             names.push_back(
                 Slashed(SeenFrom(folder, files.front()).parent_path() / (fs::path("*") += ending)));
@@ -115,10 +118,9 @@ std::vector<std::string> NameFiles(const std::vector<PartSurvey>& parts, const f
 
 JobDraft DraftJob(NcSurvey survey, const fs::path& folder) {
     JobDraft draft;
-    std::error_code ignored;
-    draft.name = Utf8FromPath(fs::weakly_canonical(fs::absolute(folder), ignored).filename());
+    draft.name = Utf8FromPath(RealPath(fs::absolute(folder)).filename());
     draft.mark = static_cast<job::MarkSource>(ChooseMark(survey));
-    draft.ncFiles = NameFiles(survey.parts, folder);
+    draft.ncFiles = NameFiles(survey.parts, folder, draft.listingFault);
     draft.fileCount = static_cast<long>(survey.parts.size());
     draft.families = FindFamilies(survey.parts);
     for (const PartSurvey& part : survey.parts) {

@@ -33,11 +33,12 @@ struct JobDraft {
     std::vector<RefusedFile> leftOut;
     std::string foreignName;  ///< see PartSurvey
     std::string otherReading;
+    std::string listingFault;  ///< of a folder that names are to be given for; "" when all is known
 };
 
 /// A job in `folder` that takes all parts of the survey that can be told apart. What parts are told
-/// by is the first of mark, drawing, phase, file name and path that all have and that differs; where none
-/// does, the one with the fewest parts that are to be left out.
+/// by is the first of mark, drawing, phase, file name and path that all have and that differs;
+/// where none does, the one with the fewest parts that are to be left out.
 JobDraft DraftJob(NcSurvey survey, const std::filesystem::path& folder);
 
 }  // namespace camjob

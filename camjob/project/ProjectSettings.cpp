@@ -136,7 +136,7 @@ ProjectSettings::ProjectSettings(const job::Job& job, const CProjectInformation&
 
 std::vector<std::string> ProjectSettings::Read() {
     std::error_code ignored;
-    if (!fs::exists(m_settingsFile, ignored))
+    if (fs::status(m_settingsFile, ignored).type() == fs::file_type::not_found)
         return {};
     ZetFileAccess file;
     if (!file.Open(m_files.GetProjFileName(), L"r"))

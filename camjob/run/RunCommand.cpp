@@ -117,7 +117,7 @@ class JobRunner {
     std::string OutputName(const fs::path& file) const {
         return NameIn(m_report.folder, Utf8FromPath(file));
     }
-    static std::string ReasonOf(const FileFault& fault);
+    static std::string FaultTextOf(const FileFault& fault);
     std::string TextOf(const FileFault& fault) const;
     /// About the input.
     void NoteUnprinted(const std::string& file, const plugin::MemberResult& member);
@@ -225,8 +225,9 @@ bool JobRunner::ShowDialog(plugin::JobRun& run,
                            ProjectSettings& settings,
                            const std::vector<std::string>& faults) {
     RevocableFiles folders;
-    if (!folders.MakeFolder(PathFromUtf8(m_report.folder)))
-        throw OutputFailure(m_report.folder + ": the folder cannot be made");
+    if (const std::error_code error = folders.MakeFolder(PathFromUtf8(m_report.folder)))
+        throw OutputFailure(m_report.folder + ": the folder cannot be made (" + ReasonOf(error) +
+                            ")");
     std::vector<std::string> notices;
     for (const std::string& fault : faults)
         notices.push_back(m_report.settingsFile + ": " + fault +
@@ -346,7 +347,7 @@ std::string JobRunner::FindNameFault(const ZetString& fileName) const {
 }
 
 /// What the system says of it, "" for nothing.
-std::string JobRunner::ReasonOf(const FileFault& fault) {
+std::string JobRunner::FaultTextOf(const FileFault& fault) {
     const std::error_code reason(fault.systemError, std::generic_category());
     return reason ? " (" + reason.message() + ")" : "";
 }
@@ -355,7 +356,7 @@ std::string JobRunner::ReasonOf(const FileFault& fault) {
 std::string JobRunner::TextOf(const FileFault& fault) const {
     const fs::path staged = PathFromUtf8(fault.fileName.toUtf8());
     return NameIn(m_report.folder, Utf8FromPath(staged.filename())) + ": cannot be written" +
-           ReasonOf(fault);
+           FaultTextOf(fault);
 }
 
 bool JobRunner::Write(plugin::JobRun& run, const StagedOutput& output) {
@@ -473,7 +474,8 @@ bool JobRunner::Compare(plugin::JobRun& run) {
         isAsked ? m_options.against : OutputName(NameOf(run, job::kRunDocumentEnding));
     std::error_code ignored;
     const bool isTold = m_report.drawings.GetCount() == m_report.members.size();
-    if (!isTold || (!isAsked && !fs::exists(PathFromUtf8(older), ignored)))
+    const fs::file_type found = fs::status(PathFromUtf8(older), ignored).type();
+    if (!isTold || (!isAsked && found == fs::file_type::not_found))
         return true;
     auto compared = ChangesSince(older, ToCompare(m_report));
     if (const auto* none = std::get_if<NoOutput>(&compared)) {
@@ -482,12 +484,12 @@ bool JobRunner::Compare(plugin::JobRun& run) {
         m_report.uncompared = none->message;
         return !isAsked || Refuse();
     }
-    auto& found = std::get<Comparison>(compared);
-    m_report.repeatsChanges = !isAsked && found.IsSame();
+    auto& comparison = std::get<Comparison>(compared);
+    m_report.repeatsChanges = !isAsked && comparison.IsSame();
     if (m_report.repeatsChanges)
-        m_report.changes = std::move(found.ofOlder);
+        m_report.changes = std::move(comparison.ofOlder);
     else
-        m_report.changes = std::move(found.changes);
+        m_report.changes = std::move(comparison.changes);
     return true;
 }
 

@@ -3,8 +3,8 @@
 #include "camjob/check/CheckInput.h"
 #include "camjob/console/ExitCode.h"
 #include "camjob/console/Paths.h"
-#include "camjob/disk/FlushRenameLock.h"
 #include "camjob/disk/RevocableFiles.h"
+#include "camjob/disk/StagingDisk.h"
 #include "camjob/input/NcFolderSearch.h"
 #include "camjob/show/PartDrawing.h"
 #include "job/FileNames.h"
@@ -15,6 +15,7 @@
 #include <filesystem>
 #include <map>
 #include <optional>
+#include <system_error>
 #include <unordered_map>
 #include <utility>
 #include <variant>
@@ -178,12 +179,9 @@ int Shower::WriteDrawing(const std::string& target, const std::string& text) {
         m_out.Write(text);
         return kExitDone;
     }
-    // A drawing that is there stays as it is until the new one is whole.
     RevocableFiles files;
-    const fs::path place = PathFromUtf8(target);
-    const fs::path made = PathFromUtf8(target + ".new");
-    if (!files.Write(made, text) || RenameOver(made, place)) {
-        m_err.Write("camjob: " + target + " could not be written\n");
+    if (const std::error_code error = files.Write(PathFromUtf8(target), text)) {
+        m_err.Write("camjob: " + target + " could not be written (" + ReasonOf(error) + ")\n");
         return kExitNotWritten;
     }
     files.Keep();

@@ -1,11 +1,4 @@
-#!/usr/bin/env python3
-"""sweep.py PROGRAM [--points N]: the tool with memory that ends at one of its allocations.
-
-Each call is made once to count its allocations, then once for each of N of them, drawn by a seed that is
-printed (default: all of them), and each time in two ways: this allocation alone fails, or memory stays as
-short as it is then. Afterwards the output is the old or the new one as a whole, the exit code tells which
-way it went, words say why, and a JSON document is whole.
-"""
+"""What a call of the tool leaves behind, and whether it may: shared by the sweeps of this folder."""
 
 import argparse
 import json
@@ -14,21 +7,16 @@ import pathlib
 import random
 import shutil
 import subprocess
-import sys
-import tempfile
-
-WORDS = "out of memory"
-MOST_BEFORE_MAIN = 40
 
 
-def content_of(folder):
+def content_of(folder, hidden=False):
     """Names and bytes of what a user finds in a folder; None when there is no folder."""
     if not folder.is_dir():
         return None
     return {
         str(path.relative_to(folder)): path.read_bytes()
         for path in sorted(folder.rglob("*"))
-        if path.is_file() and ".camjob" not in path.parts
+        if path.is_file() and (hidden or ".camjob" not in path.parts)
     }
 
 
@@ -43,6 +31,9 @@ class Call:
 
     def run(self, program, **environment):
         self.prepare()
+        return self.run_again(program, **environment)
+
+    def run_again(self, program, **environment):
         return subprocess.run(
             [program, *self.arguments],
             capture_output=True,
@@ -51,14 +42,29 @@ class Call:
         )
 
 
-def is_told_before_main(moment, done):
-    """Told in words only, for nobody knows the arguments yet."""
-    is_early = moment <= MOST_BEFORE_MAIN and not done.stdout
-    return is_early and done.returncode in (2, 3) and WORDS in done.stderr.decode()
+def options_of(text, *more):
+    parser = argparse.ArgumentParser(description=text, formatter_class=argparse.RawTextHelpFormatter)
+    parser.add_argument("program", type=pathlib.Path)
+    for each in more:
+        parser.add_argument(each, type=pathlib.Path)
+    parser.add_argument("--points", type=int, default=0, help="how many moments of each call, 0: all")
+    parser.add_argument("--seed", type=int, default=1, help="draws them")
+    parser.add_argument("--only", default="", help="the calls whose names begin with it")
+    return parser.parse_args()
 
 
-def complaints(call, done, old, new, usual):
-    """What is wrong with an outcome, in words."""
+def moments_of(count, points, seed):
+    """Numbers from 1 to count, all or so many."""
+    if not 0 < points < count:
+        return range(1, count + 1)
+    # The first ones and the last ones are the least like the others.
+    edge = max(1, points // 10)
+    middle = random.Random(seed).sample(range(edge + 1, count - edge), points - 2 * edge)
+    return [*range(1, edge + 1), *sorted(middle), *range(count - edge, count + 1)]
+
+
+def complaints(call, done, old, new, usual, words):
+    """What is wrong with an outcome, in words; one of `words` has to say why it is not the usual one."""
     after = content_of(call.folder)
     out, err = done.stdout.decode("utf-8", "replace"), done.stderr.decode("utf-8", "replace")
     if after != old and after != new:
@@ -70,7 +76,7 @@ def complaints(call, done, old, new, usual):
         yield f"exit code {done.returncode}"
     elif done.returncode == 2 and after != old:
         yield "exit code 2, but the output has changed"
-    elif WORDS not in out + err:
+    elif not any(word in out + err for word in words):
         yield "no words about it"
     if "--json" in call.arguments:
         try:
@@ -109,51 +115,3 @@ def calls_in(program, scratch):
     yield Call("check --json", ["check", "--json", "--job", str(job), str(shop)], out, nothing)
     yield Call("show", ["show", "--out", str(out), str(shop / "nc" / "B1.nc1")], out, nothing)
     yield Call("init", ["init", str(out)], out, nothing)
-
-
-def sweep(call, program, points, seed, scratch):
-    call.prepare()
-    old = content_of(call.folder)
-    counted = scratch / "count"
-    usual = call.run(program, CAMJOB_COUNT_TO=str(counted)).returncode
-    new = content_of(call.folder)
-    count = int(counted.read_text())
-    moments = range(1, count + 1)
-    if points and points < count:
-        # The first ones and the last ones are the least like the others.
-        edge = max(1, points // 10)
-        middle = random.Random(seed).sample(range(edge + 1, count - edge), points - 2 * edge)
-        moments = [*range(1, edge + 1), *sorted(middle), *range(count - edge, count + 1)]
-    faults = 0
-    for moment in moments:
-        for how in ("once", "ever"):
-            done = call.run(program, CAMJOB_FAIL_AT=str(moment), CAMJOB_FAIL_FOR=how)
-            if is_told_before_main(moment, done):
-                continue
-            for complaint in complaints(call, done, old, new, usual):
-                faults += 1
-                print(f"{call.name}, allocation {moment} of {count} fails {how}: {complaint}")
-    print(f"{call.name}: {len(moments)} of {count} allocations, {faults} faults")
-    return faults
-
-
-def main():
-    parser = argparse.ArgumentParser()
-    parser.add_argument("program")
-    parser.add_argument("--points", type=int, default=0)
-    parser.add_argument("--seed", type=int, default=random.SystemRandom().randrange(1 << 32))
-    parser.add_argument("--only", default="", help="the calls whose names begin with it")
-    options = parser.parse_args()
-    print(f"seed {options.seed}")
-    with tempfile.TemporaryDirectory() as name:
-        scratch = pathlib.Path(name)
-        faults = sum(
-            sweep(call, options.program, options.points, options.seed, scratch)
-            for call in calls_in(options.program, scratch)
-            if call.name.startswith(options.only)
-        )
-    return 1 if faults else 0
-
-
-if __name__ == "__main__":
-    sys.exit(main())
