@@ -26,6 +26,16 @@ bool IsNcFile(const fs::path& file) {
     return ending == ".nc" || ending == ".nc1";
 }
 
+ZetString ReasonOf(const std::error_code& error) {
+    return ZetString::fromUtf8(error.default_error_condition().message());
+}
+
+dstv::NcError UnknownFault(const fs::path& path, const std::error_code& error) {
+    const ZetString name = ZetString::fromUtf8(Utf8FromPath(path.generic_u8string()));
+    const ZetString expected = L"one that can be looked at (" + ReasonOf(error) + L")";
+    return {name, 0, 0, L"file", name, expected};
+}
+
 /// The files of one folder and those below. Links to folders are not followed: they may go round.
 class FolderSearch {
   public:
@@ -55,7 +65,7 @@ class FolderSearch {
         const fs::file_status status = entry.symlink_status(error);
         std::error_code ignored;
         if (!fs::status_known(status))
-            Fault(entry.path(), L"something that can be looked at (" + ReasonOf(error) + L")");
+            m_found.faults.push_back(UnknownFault(entry.path(), error));
         else if (fs::is_directory(status))
             List(entry.path());
         else if (IsNcFile(entry.path()) && !entry.is_directory(ignored))
@@ -67,10 +77,6 @@ class FolderSearch {
         m_found.faults.push_back({name, 0, 0, L"folder", name, std::move(expected)});
     }
 
-    static ZetString ReasonOf(const std::error_code& error) {
-        return ZetString::fromUtf8(error.default_error_condition().message());
-    }
-
     FoundNcFiles& m_found;
 };
 
@@ -79,12 +85,15 @@ class FolderSearch {
 FoundNcFiles FindNcFiles(const std::vector<std::string>& names) {
     FoundNcFiles found;
     for (const std::string& name : names) {
-        std::error_code ignored;
-        const bool isFolder = fs::is_directory(PathFromUtf8(name), ignored);
+        std::error_code error;
+        const fs::file_status status = fs::status(PathFromUtf8(name), error);
+        const bool isFolder = fs::is_directory(status);
         if (isFolder)
             FolderSearch(found).Find(name);
-        else
+        else if (fs::status_known(status))
             found.files.push_back(name);
+        else
+            found.faults.push_back(UnknownFault(PathFromUtf8(name), error));
         found.folders.resize(found.files.size(), isFolder ? name : "");
     }
     return found;
