@@ -31,7 +31,9 @@ std::optional<std::uint64_t> ScaledWhole(double magnitude, int decimals) {
 }
 
 /// Digits with a point before the last `decimals` of them, at least one before it.
-void AppendScaled(std::string& text, std::uint64_t whole, int decimals) {
+void AppendScaled(std::string& text, bool isNegative, std::uint64_t whole, int decimals) {
+    if (isNegative && whole > 0)
+        text += '-';
     std::array<char, 24> digits;
     char* at = digits.data() + digits.size();
     for (int i = 0; i <= decimals || whole > 0; ++i, whole /= 10) {
@@ -65,19 +67,22 @@ void AppendFixed(std::string& text, double value, int decimals) {
         AppendPrinted(text, value, decimals);
         return;
     }
-    if (value < 0.0 && *whole > 0)
-        text += '-';
-    AppendScaled(text, *whole, decimals);
+    AppendScaled(text, value < 0.0, *whole, decimals);
 }
 
 void AppendTrimmed(std::string& text, double value, int decimals) {
-    const std::size_t start = text.size();
-    AppendFixed(text, value, decimals);
-    if (text.find('.', start) == std::string::npos)
+    std::optional<std::uint64_t> whole = ScaledWhole(std::abs(value), decimals);
+    if (!whole) {
+        std::string digits;
+        AppendPrinted(digits, value, decimals);
+        if (digits.find('.') != std::string::npos)
+            digits.erase(digits.find_last_not_of('0') + 1);
+        text.append(digits, 0, digits.size() - (digits.ends_with('.') ? 1 : 0));
         return;
-    text.erase(text.find_last_not_of('0') + 1);
-    if (text.back() == '.')
-        text.pop_back();
+    }
+    for (; decimals > 0 && *whole % 10 == 0; *whole /= 10)
+        --decimals;
+    AppendScaled(text, value < 0.0, *whole, decimals);
 }
 
 }  // namespace numbers

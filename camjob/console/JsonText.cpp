@@ -11,8 +11,8 @@ namespace {
 
 constexpr int kDecimals = 3;
 
-bool StandsAsItIs(char c) {
-    return c >= ' ' && c <= '~' && c != '"' && c != '\\';
+bool IsPrintable(char c) {
+    return c >= ' ' && c <= '~';
 }
 
 /// Whether three decimals hold all of the number: its shortest form is then these, without the
@@ -27,10 +27,18 @@ bool IsInThousandths(double number) {
 }  // namespace
 
 void AppendJson(std::string& json, std::string_view text) {
-    if (std::all_of(text.begin(), text.end(), StandsAsItIs))
-        json.append("\"").append(text).append("\"");
-    else
+    if (!std::all_of(text.begin(), text.end(), IsPrintable)) {
         json += Dump(text);
+        return;
+    }
+    json += '"';
+    while (!text.empty()) {
+        const std::size_t end = std::min(text.find_first_of("\"\\", 1), text.size());
+        json.append(text.front() == '"' || text.front() == '\\' ? "\\" : "")
+            .append(text.substr(0, end));
+        text.remove_prefix(end);
+    }
+    json += '"';
 }
 
 void AppendJson(std::string& json, double number) {
@@ -44,7 +52,12 @@ void AppendJson(std::string& json, double number) {
 }
 
 JsonText JsonObject::ToText() const {
+    constexpr std::size_t kAroundField = 4;
+    std::size_t length = 2;
+    for (const auto& [key, text] : m_fields)
+        length += key.size() + text.size() + kAroundField;
     std::string json;
+    json.reserve(length);
     for (const auto& [key, text] : m_fields)
         json.append(json.empty() ? "{\"" : ",\"").append(key).append("\":").append(text);
     return {json.empty() ? "{}" : json + "}"};

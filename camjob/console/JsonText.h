@@ -40,6 +40,8 @@ inline void AppendJson(std::string& json, const JsonText& value) {
 /// set.
 class JsonObject {
   public:
+    JsonObject() { m_fields.reserve(kUsualFields); }
+
     template <typename T>
     void Set(const char* key, const T& value) {
         std::string& text = TextOf(key);
@@ -49,6 +51,8 @@ class JsonObject {
     JsonText ToText() const;
 
   private:
+    static constexpr std::size_t kUsualFields = 16;
+
     std::string& TextOf(std::string_view key);
 
     std::vector<std::pair<std::string_view, std::string>> m_fields;

@@ -56,6 +56,9 @@ TEST(FixedDecimals, ZerosAtTheEndAreTrimmedOfDecimalsOnly) {
     EXPECT_EQ(Trimmed(100.0, 0), "x=100");
     EXPECT_EQ(Trimmed(-12.50, 3), "x=-12.5");
     EXPECT_EQ(Trimmed(-0.0001, 3), "x=0");
+    EXPECT_EQ(Trimmed(-0.0005, 3), "x=-0.001");
+    EXPECT_EQ(Trimmed(1e15, 3), "x=1000000000000000");
+    EXPECT_EQ(Trimmed(1e15, 0), "x=1000000000000000");
 }
 
 }  // namespace
