@@ -46,8 +46,7 @@ std::u32string CharactersOf(const fs::path& name) {
 
 /// Whether a file's name fits, by whole characters; one that begins with a dot only fits a pattern
 /// that does.
-bool FitsName(const fs::path& pattern, const fs::path& name) {
-    const std::u32string wanted = CharactersOf(pattern);
+bool FitsName(const std::u32string& wanted, const fs::path& name) {
     const std::u32string text = CharactersOf(name);
     return (text.front() != U'.' || wanted.front() == U'.') &&
            MatchesPattern<char32_t>(text, wanted);
@@ -159,8 +158,9 @@ class NcFileSearch {
         const Listing& listing = ListFolder(folder);
         if (listing.error)
             return where + " is no folder that can be listed";
+        const std::u32string wanted = CharactersOf(InSmallLetters(segment));
         for (const auto& [name, isFile] : listing.isFile)
-            if (FitsName(InSmallLetters(segment), InSmallLetters(PathFromUtf8(name))))
+            if (FitsName(wanted, InSmallLetters(PathFromUtf8(name))))
                 return where + " holds " + Quoted(name) + ", and capitals count";
         // Hidden ones are seldom meant.
         const auto other =
@@ -176,9 +176,10 @@ class NcFileSearch {
         const Listing& listing = ListFolder(folder);
         if (listing.error && !IsNoFolder(listing.error))
             m_faults.push_back(TextOf(folder, "cannot be listed", listing.error));
+        const std::u32string wanted = CharactersOf(pattern);
         for (const auto& [name, isFile] : listing.isFile)
-            if (FitsName(pattern, PathFromUtf8(name)))
-                found.push_back({folder / PathFromUtf8(name), isFile});
+            if (const fs::path path = PathFromUtf8(name); FitsName(wanted, path))
+                found.push_back({folder / path, isFile});
     }
 
     /// Also true for a name that no folder lists, such as "..", and in a folder that cannot be

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <functional>
 #include <numeric>
+#include <utility>
 
 namespace plugin {
 
@@ -24,56 +25,74 @@ AccountNumbers& AccountNumbers::operator+=(const AccountNumbers& other) {
     return *this;
 }
 
+/// Of features with the same tag the first counts.
 Ledger::Ledger(const std::vector<Feature>& features) {
     m_entries.reserve(features.size());
     for (const Feature& feature : features)
-        m_entries.insert({feature.tag, {feature}});
+        m_entries.push_back({feature});
+    std::stable_sort(m_entries.begin(), m_entries.end(), [](const Entry& a, const Entry& b) {
+        return a.feature.tag < b.feature.tag;
+    });
+    const auto end =
+        std::unique(m_entries.begin(), m_entries.end(), [](const Entry& a, const Entry& b) {
+            return a.feature.tag == b.feature.tag;
+        });
+    m_entries.erase(end, m_entries.end());
+}
+
+const Ledger::Entry* Ledger::EntryOf(long tag) const {
+    const auto at = std::lower_bound(
+        m_entries.begin(), m_entries.end(), tag, [](const Entry& entry, long wanted) {
+            return entry.feature.tag < wanted;
+        });
+    return at == m_entries.end() || at->feature.tag != tag ? nullptr : &*at;
+}
+
+Ledger::Entry* Ledger::EntryOf(long tag) {
+    return const_cast<Entry*>(std::as_const(*this).EntryOf(tag));
 }
 
 const Feature* Ledger::Find(long tag) const {
-    const auto at = m_entries.find(tag);
-    return at == m_entries.end() ? nullptr : &at->second.feature;
+    const Entry* const entry = EntryOf(tag);
+    return entry == nullptr ? nullptr : &entry->feature;
 }
 
 void Ledger::Claim(long tag, Account account) {
-    const auto at = m_entries.find(tag);
-    if (at == m_entries.end())
-        m_strangeTags.push_back(tag);
+    if (Entry* const entry = EntryOf(tag))
+        entry->claims |= BitOf(account);
     else
-        at->second.claims |= BitOf(account);
+        m_strangeTags.push_back(tag);
 }
 
 void Ledger::ClaimSetAside(long tag, long otherTag) {
     Claim(tag, Account::kSetAside);
-    if (const auto at = m_entries.find(tag); at != m_entries.end())
-        at->second.otherTag = otherTag;
+    if (Entry* const entry = EntryOf(tag))
+        entry->otherTag = otherTag;
 }
 
 void Ledger::Join(long tag, long wholeTag) {
-    if (const auto at = m_entries.find(tag); at != m_entries.end())
-        at->second.wholeTag = wholeTag;
+    if (Entry* const entry = EntryOf(tag))
+        entry->wholeTag = wholeTag;
 }
 
 bool Ledger::Has(const Entry& entry, Account account) const {
     if ((entry.claims & BitOf(account)) != 0)
         return true;
-    const auto whole = m_entries.find(entry.wholeTag);
-    return entry.wholeTag != 0 && whole != m_entries.end() &&
-           (whole->second.claims & BitOf(account)) != 0;
+    const Entry* const whole = entry.wholeTag == 0 ? nullptr : EntryOf(entry.wholeTag);
+    return whole != nullptr && (whole->claims & BitOf(account)) != 0;
 }
 
 /// Made, or refused.
 bool Ledger::IsSettled(long tag) const {
-    const auto at = m_entries.find(tag);
-    return at != m_entries.end() &&
-           (Has(at->second, Account::kMade) || Has(at->second, Account::kRefused));
+    const Entry* const entry = EntryOf(tag);
+    return entry != nullptr && (Has(*entry, Account::kMade) || Has(*entry, Account::kRefused));
 }
 
 std::optional<Account> Ledger::AccountOf(long tag, bool isMemberMade) const {
-    const auto at = m_entries.find(tag);
-    if (at == m_entries.end())
+    const Entry* const found = EntryOf(tag);
+    if (found == nullptr)
         return std::nullopt;
-    const Entry& entry = at->second;
+    const Entry& entry = *found;
     if (isMemberMade && Has(entry, Account::kMade))
         return Account::kMade;
     if (Has(entry, Account::kRefused))
@@ -90,8 +109,8 @@ std::optional<Account> Ledger::AccountOf(long tag, bool isMemberMade) const {
 
 long Ledger::CountNotMade() const {
     return static_cast<long>(
-        std::count_if(m_entries.begin(), m_entries.end(), [&](const auto& each) {
-            return AccountOf(each.first, false) == Account::kNotMade;
+        std::count_if(m_entries.begin(), m_entries.end(), [&](const Entry& each) {
+            return AccountOf(each.feature.tag, false) == Account::kNotMade;
         }));
 }
 

@@ -5,7 +5,6 @@
 #include <array>
 #include <cstddef>
 #include <optional>
-#include <unordered_map>
 #include <vector>
 
 namespace plugin {
@@ -65,7 +64,11 @@ class Ledger {
     bool Has(const Entry& entry, Account account) const;
     bool IsSettled(long tag) const;
 
-    std::unordered_map<long, Entry> m_entries;
+    /// Null for a tag that no feature has.
+    const Entry* EntryOf(long tag) const;
+    Entry* EntryOf(long tag);
+
+    std::vector<Entry> m_entries;  ///< by tag
     std::vector<long> m_strangeTags;
 };
 

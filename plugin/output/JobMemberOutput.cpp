@@ -113,6 +113,9 @@ MachineOperation OperationOf(const CNotchAddInfo& notch) {
 }  // namespace
 
 void JobMember::GenerateOutPutStringForHoles() {
+    const auto most = static_cast<std::size_t>(m_holes.length() + m_notches.length());
+    m_machineMember.operations.reserve(most);
+    m_operationTags.reserve(most);
     for (const CHoleAddlInfo& hole : m_holes) {
         if (!IsManufactured(hole))
             continue;

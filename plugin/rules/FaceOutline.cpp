@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 #include <iterator>
+#include <numeric>
 #include <utility>
 
 namespace plugin {
@@ -26,6 +27,7 @@ double DistanceToEdge(const ZetGeomPoint2d& p, const ZetGeomPoint2d& a, const Ze
 
 std::vector<ZetGeomPoint2d> CornersOf(const ZetNCContour& contour) {
     Corners corners;
+    corners.reserve(static_cast<std::size_t>(contour.getPointCount()));
     for (long i = 0; i < contour.getPointCount(); ++i)
         corners.push_back({contour.xValues[i], contour.yValues[i]});
     while (corners.size() > 1 && (corners.back() - corners.front()).length() == 0.0)
@@ -33,7 +35,7 @@ std::vector<ZetGeomPoint2d> CornersOf(const ZetNCContour& contour) {
     return corners;
 }
 
-FaceBox BoxOf(const Corners& corners) {
+FaceBox BoxOf(std::span<const ZetGeomPoint2d> corners) {
     if (corners.empty())
         return {};
     FaceBox box = {corners[0].x, corners[0].x, corners[0].y, corners[0].y};
@@ -77,8 +79,7 @@ Excess ExcessOf(const FaceBox& box, const FaceBox& face) {
     return farthest->beyond > 0.0 ? Excess{farthest->edge, farthest->reached} : Excess();
 }
 
-FaceOutline::FaceOutline(Corners corners)
-    : m_corners(std::move(corners)), m_box(BoxOf(m_corners)), m_rows(1) {
+FaceOutline::FaceOutline(Corners corners) : m_corners(std::move(corners)), m_box(BoxOf(m_corners)) {
     // Rows of equal height, as many as there are edges, fewer when the edges are long.
     const double height = m_box.maxY - m_box.minY;
     double heightOfEdges = 0.0;
@@ -88,18 +89,30 @@ FaceOutline::FaceOutline(Corners corners)
     if (height > 0.0 && heightOfEdges > 0.0) {
         const auto count = static_cast<double>(m_corners.size());
         const double rows = std::min(count, kRowsOfAnEdge * count * height / heightOfEdges);
-        m_rows.resize(static_cast<std::size_t>(std::max(rows, 1.0)));
+        m_rows = static_cast<std::size_t>(std::max(rows, 1.0));
     }
-    for (std::size_t i = 0; i < m_corners.size(); ++i) {
-        const auto [low, high] = std::minmax(m_corners[i].y, Next(m_corners, i).y);
+    // How many edges each row has, then where they begin, then they themselves.
+    m_edgesBefore.resize(m_rows + 1);
+    ForEachRowOfEdges([&](std::size_t row, std::size_t) { ++m_edgesBefore[row]; });
+    std::partial_sum(m_edgesBefore.begin(), m_edgesBefore.end(), m_edgesBefore.begin());
+    m_edges.resize(m_edgesBefore.back());
+    ForEachRowOfEdges(
+        [&](std::size_t row, std::size_t edge) { m_edges[--m_edgesBefore[row]] = edge; });
+}
+
+/// From the last edge to the first.
+template <typename Visit>
+void FaceOutline::ForEachRowOfEdges(const Visit& visit) const {
+    for (std::size_t edge = m_corners.size(); edge-- > 0;) {
+        const auto [low, high] = std::minmax(m_corners[edge].y, Next(m_corners, edge).y);
         for (std::size_t row = RowOf(low); row <= RowOf(high); ++row)
-            m_rows[row].push_back(i);
+            visit(row, edge);
     }
 }
 
 std::size_t FaceOutline::RowOf(double y) const {
     const double height = m_box.maxY - m_box.minY;
-    const auto rows = static_cast<double>(m_rows.size());
+    const auto rows = static_cast<double>(m_rows);
     const double row = height > 0.0 ? (y - m_box.minY) / height * rows : 0.0;
     return static_cast<std::size_t>(std::clamp(row, 0.0, rows - 1.0));
 }
@@ -108,8 +121,8 @@ std::size_t FaceOutline::RowOf(double y) const {
 template <typename Visit>
 void FaceOutline::ForEachEdgeIn(double minY, double maxY, const Visit& visit) const {
     for (std::size_t row = RowOf(minY); row <= RowOf(maxY); ++row)
-        for (const std::size_t edge : m_rows[row])
-            visit(m_corners[edge], Next(m_corners, edge));
+        for (std::size_t i = m_edgesBefore[row]; i < m_edgesBefore[row + 1]; ++i)
+            visit(m_corners[m_edges[i]], Next(m_corners, m_edges[i]));
 }
 
 bool FaceOutline::Contains(const ZetGeomPoint2d& point) const {

@@ -5,6 +5,7 @@
 #include "camdata/platform/host/ZetNCContour.h"
 
 #include <optional>
+#include <span>
 #include <vector>
 
 namespace plugin {
@@ -22,7 +23,7 @@ struct FaceBox {
 /// The points of a contour, without the closing repeat.
 std::vector<ZetGeomPoint2d> CornersOf(const ZetNCContour& contour);
 
-FaceBox BoxOf(const std::vector<ZetGeomPoint2d>& corners);
+FaceBox BoxOf(std::span<const ZetGeomPoint2d> corners);
 /// Without sign.
 double AreaOf(const std::vector<ZetGeomPoint2d>& corners);
 
@@ -56,11 +57,16 @@ class FaceOutline {
   private:
     std::size_t RowOf(double y) const;
     template <typename Visit>
+    void ForEachRowOfEdges(const Visit& visit) const;
+    template <typename Visit>
     void ForEachEdgeIn(double minY, double maxY, const Visit& visit) const;
 
     std::vector<ZetGeomPoint2d> m_corners;
     FaceBox m_box;
-    std::vector<std::vector<std::size_t>> m_rows;  ///< edges, by their first corner
+    // The edges of a row, by their first corner, stand from its place on to that of the next row.
+    std::size_t m_rows = 1;
+    std::vector<std::size_t> m_edgesBefore;
+    std::vector<std::size_t> m_edges;
 };
 
 }  // namespace plugin

@@ -28,6 +28,7 @@ job::CodeValues ValuesOf(const CHoleAddlInfo& hole) {
 void JobMember::CodeHoles() {
     const ZetString profileName = GetProfileName();
     m_entryOfHole.clear();
+    m_entryOfHole.reserve(static_cast<std::size_t>(m_holes.length()));
     for (CHoleAddlInfo& hole : m_holes) {
         if (!hole.GetValid()) {
             m_entryOfHole.push_back(nullptr);

@@ -50,12 +50,13 @@ std::vector<ZetGeomPoint2d> CentresOf(const CHoleAddlInfo& hole) {
 /// Of the whole hole. The surface of a round section closes: across it only the centre counts.
 FaceBox ExtentsOf(const CHoleAddlInfo& hole, bool isAcross) {
     const double radius = hole.GetSize() * 0.5;
-    const FaceBox box = BoxOf(CentresOf(hole));
+    const ZetGeomVector2d end = hole.GetIsSlot() ? hole.GetSlotVector() : ZetGeomVector2d();
+    const double x = hole.GetXPos();
     const double y = hole.GetYPos();
-    return {box.minX - radius,
-            box.maxX + radius,
-            isAcross ? box.minY - radius : y,
-            isAcross ? box.maxY + radius : y};
+    return {x - std::abs(end.x) - radius,
+            x + std::abs(end.x) + radius,
+            isAcross ? y - std::abs(end.y) - radius : y,
+            isAcross ? y + std::abs(end.y) + radius : y};
 }
 
 }  // namespace
@@ -103,24 +104,24 @@ std::optional<Finding> JobMember::OutsideOf(const CHoleAddlInfo& hole,
     const ZetGeomPoint2d centre = {hole.GetXPos(), hole.GetYPos()};
     const auto view = static_cast<int>(ViewOf(hole));
     const FaceBox face = FaceOfHole(hole, outline);
-    Finding finding = {.type = job::kHoleOutside, .text = kOutsideText};
-    const auto told = [&](const FaceBox& box) {
+    const auto told = [&](const wchar_t* text, const FaceBox& box) -> std::optional<Finding> {
+        if (!ReachesBeyond(box, face, tolerance))
+            return std::nullopt;
         const Excess excess = ExcessOf(box, face);
-        finding.required = excess.required;
-        finding.found = excess.found;
-        return finding;
+        return Finding{.type = job::kHoleOutside,
+                       .text = text,
+                       .required = excess.required,
+                       .found = excess.found};
     };
     if (outline != nullptr && view < kFirstPlanePosition && !IsEdgeOfPlate(view)) {
         const bool isOutside =
             !outline->Contains(centre) && outline->DistanceFrom(centre, tolerance.x) >= tolerance.x;
         if (isOutside)
-            return finding;
-    } else if (const FaceBox place = BoxOf({centre}); ReachesBeyond(place, face, tolerance)) {
-        return told(place);
+            return Finding{.type = job::kHoleOutside, .text = kOutsideText};
+    } else if (auto finding = told(kOutsideText, {centre.x, centre.x, centre.y, centre.y})) {
+        return finding;
     }
-    finding.text = kReachesText;
-    const FaceBox extents = ExtentsOf(hole, !IsRound());
-    return ReachesBeyond(extents, face, tolerance) ? std::optional(told(extents)) : std::nullopt;
+    return told(kReachesText, ExtentsOf(hole, !IsRound()));
 }
 
 /// What nobody can judge is told.
@@ -158,14 +159,15 @@ void JobMember::CheckDistances() {
         if (!hole.GetValid())
             continue;
         const bool isOurs = outline != nullptr || IsRound();
-        const std::vector<ShortDistance> distances =
-            isOurs ? CheckDistancesOf(hole, outline) : ShortDistancesOf(hole);
-        if (!isOurs)
+        std::vector<ShortDistance> distances;
+        if (isOurs)
+            distances = CheckDistancesOf(hole, outline);
+        else
             hole.CheckEdgeAndEndDist(m_memType, length);
         // Not without lines: they would make the member invalid or non-standard too.
         ZetArray<ZetString> lines;
         if (hole.GetWarMsg(lines))
-            FileDistances(hole, lines, distances);
+            FileDistances(hole, lines, isOurs ? distances : ShortDistancesOf(hole));
     }
 }
 

@@ -87,9 +87,15 @@ bool IsOn(const FaceOutline& outline, const std::vector<ZetGeomPoint2d>& corners
     });
 }
 
+bool IsPlace(const ZetGeomPoint2d& point) {
+    return std::isfinite(point.x) && std::isfinite(point.y);
+}
+
 /// True when all outlines of a face are one and the same.
 bool IsOneOutline(const ZetNCView& view) {
     const auto corners = plugin::CornersOf(view.getExternalContours().first());
+    if (view.getExternalContours().length() == 1)
+        return std::all_of(corners.begin(), corners.end(), IsPlace);
     const FaceOutline outline(corners);
     for (const ZetNCContour& each : view.getExternalContours()) {
         const auto others = plugin::CornersOf(each);

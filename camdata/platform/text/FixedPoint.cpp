@@ -1,15 +1,23 @@
 #include "camdata/platform/text/FixedPoint.h"
 
+#include <algorithm>
 #include <array>
 #include <charconv>
 #include <cmath>
+#include <cstdint>
 #include <limits>
 #include <string>
 
 namespace camdata::detail {
 namespace {
 
-constexpr std::array kPowersOfTen = {1.0, 10.0, 100.0, 1e3, 1e4, 1e5, 1e6};
+constexpr std::array kPowersOfTen = {
+    1.0, 1e1, 1e2, 1e3, 1e4, 1e5, 1e6, 1e7, 1e8, 1e9, 1e10, 1e11, 1e12, 1e13, 1e14, 1e15};
+/// Numbers of so many digits are exact as doubles, and so are powers of ten up to there.
+constexpr std::size_t kExactDigits = 15;
+static_assert(kPowersOfTen.size() == kExactDigits + 1);
+
+constexpr int kFastDecimals = 6;
 constexpr double kFastLimit = 1e9;
 
 /// No double has more decimals than this.
@@ -62,18 +70,36 @@ bool BeginsWithWord(std::wstring_view text, std::wstring_view word) {
     return true;
 }
 
-/// The digits and the point at the beginning of `text`.
-std::string TakeDigits(std::wstring_view text) {
-    std::string digits;
+/// The digits and the point at the beginning of `text`. Digits and power of ten of nearly all
+/// numbers are exact, so that their quotient is the nearest double.
+ParsedNumber ReadDecimal(std::wstring_view text) {
+    std::uint64_t digits = 0;
+    std::size_t count = 0;
+    std::size_t decimals = 0;
+    std::size_t length = 0;
     bool hasPoint = false;
-    for (const wchar_t c : text) {
-        const bool isPoint = c == L'.' && !hasPoint;
-        if (!isPoint && (c < L'0' || c > L'9'))
+    for (; length < text.size(); ++length) {
+        const wchar_t c = text[length];
+        if (c == L'.' && !hasPoint) {
+            hasPoint = true;
+        } else if (c >= L'0' && c <= L'9') {
+            digits = digits * 10 + static_cast<std::uint64_t>(c - L'0');
+            ++count;
+            decimals += hasPoint ? 1 : 0;
+        } else {
             break;
-        hasPoint = hasPoint || isPoint;
-        digits.push_back(static_cast<char>(c));
+        }
     }
-    return digits;
+    if (count == 0)
+        return {};
+    if (count <= kExactDigits)
+        return {static_cast<double>(digits) / kPowersOfTen[decimals], length};
+    std::string narrow(length, '\0');
+    std::transform(text.begin(),
+                   text.begin() + static_cast<std::ptrdiff_t>(length),
+                   narrow.begin(),
+                   [](wchar_t c) { return static_cast<char>(c); });
+    return {ReadDigits(narrow), length};
 }
 
 ParsedNumber ParseUnsigned(std::wstring_view text) {
@@ -81,17 +107,13 @@ ParsedNumber ParseUnsigned(std::wstring_view text) {
         return {std::numeric_limits<double>::quiet_NaN(), 3};
     if (BeginsWithWord(text, L"inf"))
         return {std::numeric_limits<double>::infinity(), 3};
-    const std::string digits = TakeDigits(text);
-    if (digits.find_first_not_of('.') == std::string::npos)
-        return {};
-    return {ReadDigits(digits), digits.size()};
+    return ReadDecimal(text);
 }
 
 }  // namespace
 
 std::optional<double> ScaledToWhole(double value, int decimals) {
-    if (decimals < 0 || decimals >= static_cast<int>(kPowersOfTen.size()) ||
-        !(std::abs(value) < kFastLimit))
+    if (decimals < 0 || decimals > kFastDecimals || !(std::abs(value) < kFastLimit))
         return std::nullopt;
     const double scale = kPowersOfTen[static_cast<std::size_t>(decimals)];
     const double product = value * scale;
