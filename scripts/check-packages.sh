@@ -121,6 +121,54 @@ projects() {
     LD_LIBRARY_PATH=$debian/lib "$scratch/reader" examples/nc/Z200-purlin.nc1 | diff tests/consumer/golden/holes.txt -
 }
 
+# A stand-in of that name, in the folder where the documents of those who build are typed.
+stand_in() {
+    printf '#!/bin/bash\n%s\n' "$2" >"$place/$1"
+    chmod +x "$place/$1"
+}
+
+# A copy of the sources with their build/release. Of its scripts those that CI runs anyway are not run once more.
+make_place() {
+    local entry script
+    mkdir -p "$place"/{home,bin,build,.git/hooks}
+    for entry in *; do
+        [ "$entry" = build ] || cp -r "$entry" "$place"
+    done
+    ln -s "$PWD/build/release" "$place/build/release"
+    for script in scripts/*.sh; do
+        if grep -qF "$script" .ci/run .ci/long; then
+            stand_in "$script" "echo CI runs $script"
+        else
+            stand_in "$script" "exec '$PWD/$script' \"\$@\""
+        fi
+    done
+    # What would be installed, and whether it could be.
+    ln -s "$packages"/*.deb "$place"
+    stand_in bin/apt-get 'exec /usr/bin/apt-get -s -o Debug::NoLocking=1 "$@"'
+    # What the README calls so.
+    cp "$scratch"/projects/minimal-plugin/minimal_plugin.so "$place/my-plugin.so"
+    cp -r examples/nc "$place/folder-of-nc-files"
+    local folder
+    for folder in yesterday today; do
+        "$archive/bin/camjob" run examples/warehouse/warehouse.toml --out "$place/$folder" >/dev/null || [ $? -eq 1 ]
+    done
+}
+
+# Each command of the documents that no guide has.
+commands() {
+    local place=$scratch/place document
+    make_place
+    type_in_place() {
+        HOME=$place/home PATH=$place/bin:$archive/bin:$PATH tests/check-guide.sh "$1" "$archive/share/doc/camdata" \
+            "$scratch/commands" "$place"
+    }
+    for document in README.md CONTRIBUTING.md examples/warehouse/README.md examples/formats/README.md; do
+        type_in_place $document
+    done
+    rm -r "$place"/{build,.git}
+    type_in_place docs/windows.md
+}
+
 # The packed tools do what the built one does.
 example_job() {
     local prefix code=0
@@ -141,6 +189,7 @@ notices
 same_files
 manual_and_completion
 projects
+commands
 example_job
 echo "$packages: as they should be:"
 (cd "$packages" && ls -1)

@@ -4,7 +4,6 @@
 #include "camjob/compare/ChangesText.h"
 #include "camjob/compare/OutputFile.h"
 #include "camjob/console/ExitCode.h"
-#include "camjob/console/ReportText.h"
 #include "camjob/console/ShownText.h"
 
 #include <limits>

@@ -109,10 +109,10 @@ int Host::RunIn(const std::string& folder, RunFunction run, const HostedParts& p
         return Refuse(folder + ": the folder cannot be made" +
                           (error ? ": " + error.message() : ": a file has its name"),
                       kExitNotWritten);
-    WriteText(
-        m_out,
-        (Count(static_cast<long>(parts.GetEntities().size()), L"part") + L" for " +
-         OneLine(ZetString::fromUtf8(m_options.plugin)) + L"\n\n" + parts.Describe() + L"\n"));
+    WriteText(m_out,
+              Count(static_cast<long>(parts.GetEntities().size()), L"part") + L" for " +
+                  OneLine(ZetString::fromUtf8(m_options.plugin)) + L"\n\n" + parts.Describe() +
+                  L"\n");
     // Before a fault of the plug-in can end the program.
     m_out.Flush();
     const std::optional<int> result = Call(run, folder, parts);

@@ -2,7 +2,6 @@
 
 #include "camjob/console/ExitCode.h"
 #include "camjob/console/Paths.h"
-#include "camjob/console/ReportText.h"
 #include "camjob/console/ShownText.h"
 #include "camjob/disk/RevocableFiles.h"
 #include "camjob/disk/StagingDisk.h"

@@ -174,7 +174,8 @@ void DxfWriter::AddOutline(std::size_t face, const Layer& layer, const Polyline&
     std::vector<Vertex> vertices = WithArcs(outline);
     if (vertices.size() > 1 && outline.front() == outline.back())
         vertices.pop_back();
-    if (vertices.size() > 1)
+    const bool isCircle = vertices.size() == 2 && vertices.front().bulge != 0.0;
+    if (vertices.size() > 2 || isCircle)
         AddPolyline(face, layer, vertices, true);
 }
 
