@@ -45,12 +45,11 @@ struct Chunk {
 
 /// With a share of the effort; what is not needed stays.
 Solution SolveChunk(const Chunk& chunk, Effort& effort, std::int64_t steps) {
-    Effort share(std::min(steps, effort.GetLeft()));
-    const std::int64_t before = share.GetLeft();
-    Answer answer = AnswerQuickly(chunk.task, share);
-    Dive(chunk.task, share, answer);
-    effort.Spend(before - share.GetLeft());
-    return chunk.Translate(std::move(answer.solution));
+    return effort.Share(steps, [&](Effort& share) {
+        Answer answer = AnswerQuickly(chunk.task, share);
+        Dive(chunk.task, share, answer);
+        return chunk.Translate(std::move(answer.solution));
+    });
 }
 
 void Append(Solution& solution, const Solution& more) {

@@ -46,7 +46,12 @@ CoarseTask::CoarseTask(const Task& task, std::size_t mostSizes) : m_task(task), 
     for (Task::Kind& kind : m_coarse.kinds) {
         kind.capacity /= unit;
         kind.extra = CeilDivide(kind.extra, unit);
-        longest = std::max(longest, kind.capacity - kind.extra);
+        if (kind.stock != Task::kNoStock)
+            longest = std::max(longest, kind.capacity - kind.extra);
+    }
+    if (m_coarse.kinds.back().stock == Task::kNoStock) {
+        m_coarse.kinds.back().capacity = 2 * longest;
+        m_coarse.kinds.back().extra = longest;
     }
     m_coarse.sizes.clear();
     for (std::size_t size = 0; size < task.sizes.size(); ++size) {

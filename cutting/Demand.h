@@ -19,6 +19,9 @@ struct Part {
 /// All pieces of one plan, by mark. At most kMostPieces together.
 using Demand = std::vector<Part>;
 
+/// For products of two of them, which may be too large for 64 bits.
+__extension__ using Wide = __int128;
+
 /// Rounded up; for numbers from 0 on.
 constexpr std::int64_t CeilDivide(std::int64_t value, std::int64_t by) {
     return (value + by - 1) / by;

@@ -46,11 +46,9 @@ class Diving {
   private:
     /// With a share of the effort: the last bit of a relaxation may take longer than all dives.
     Relaxation Relax(const Rest& rest, Cost knownBound, std::int64_t part) {
-        Effort share(m_effort.GetLeft() / part);
-        const std::int64_t before = share.GetLeft();
-        Relaxation relaxed = m_generation.Relax(rest, knownBound, share);
-        m_effort.Spend(before - share.GetLeft());
-        return relaxed;
+        return m_effort.Share(m_effort.GetLeft() / part, [&](Effort& share) {
+            return m_generation.Relax(rest, knownBound, share);
+        });
     }
 
     /// The last step to the bound is worth a part of the effort only.

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <cstdint>
 
 namespace cutting {
@@ -13,6 +14,16 @@ class Effort {
     void Spend(std::int64_t steps) { m_left -= steps; }
     bool IsSpent() const { return m_left <= 0; }
     std::int64_t GetLeft() const { return m_left; }
+
+    /// Does work with so many of the steps that are left; those that it does not need stay.
+    template <typename Work>
+    auto Share(std::int64_t steps, const Work& work) {
+        const std::int64_t given = std::min(steps, m_left);
+        Effort share(given);
+        auto result = work(share);
+        Spend(given - share.GetLeft());
+        return result;
+    }
 
   private:
     std::int64_t m_left;

@@ -1,11 +1,15 @@
 #include "cutting/FirstFit.h"
 
 #include <algorithm>
+#include <optional>
 #include <utility>
 
 namespace cutting {
 
 namespace {
+
+/// Of more kinds only those without limit are tried as the first.
+constexpr std::size_t kMostKindsTried = 8;
 
 /// The first bar that has enough room: a tree whose leaves are the bars and whose nodes hold the
 /// most that a bar below them has.
@@ -53,10 +57,11 @@ class RoomTree {
     std::vector<Length> m_most = {kNoBar, kNoBar};
 };
 
-/// One plan, whose new bars are of one kind where the piece fits it.
+/// One plan, whose new bars are of one kind where a piece fits it and there is one, else of the
+/// kind with the least cost per length.
 class Fitting {
   public:
-    Fitting(const Task& task, const Rest& rest, std::size_t kind)
+    Fitting(const Task& task, const Rest& rest, std::optional<std::size_t> kind)
         : m_task(task), m_rest(rest), m_kind(kind) {
         for (std::size_t size = 0; size < task.sizes.size(); ++size)
             Place(size);
@@ -64,6 +69,7 @@ class Fitting {
 
     Solution Finish() {
         for (PatternUse& bar : m_bars) {
+            m_rest.Use({bar.pattern.kind, {}}, -1);
             bar.pattern.kind = FindCheapestKind(bar.pattern);
             m_rest.Use({bar.pattern.kind, {}}, 1);
         }
@@ -76,19 +82,21 @@ class Fitting {
         for (Count left = m_rest.pieces[size]; left > 0;) {
             std::size_t bar = m_rooms.Find(m_task.sizes[size].width);
             if (bar == m_rooms.Count())
-                Open(size);
+                Open(m_task.sizes[size].width);
             left -= Fill(bar, size, left);
         }
     }
 
-    void Open(std::size_t size) {
-        Pattern pattern = {m_kind, {{size, 1}}};
-        if (SlackOf(m_task, pattern) < 0)
-            pattern.kind = FindCheapestUnlimited(pattern);
-        const Task::Kind& kind = m_task.kinds[pattern.kind];
-        pattern.takes.clear();
-        m_rooms.Add(kind.capacity - kind.extra);
-        m_bars.push_back({std::move(pattern), 1});
+    /// A bar for a piece of that width.
+    void Open(Length width) {
+        const std::size_t kind =
+            m_kind && Fits(*m_kind, width) ? *m_kind : FindCheapestPerLength(width);
+        m_rest.Use({kind, {}}, 1);
+        m_rooms.Add(HoldsOf(kind));
+        m_bars.push_back({
+            {kind, {}},
+            1
+        });
     }
 
     /// As many pieces as go on the bar; returns their number.
@@ -102,44 +110,64 @@ class Fitting {
         return count;
     }
 
-    std::size_t FindCheapestUnlimited(Pattern pattern) const {
-        return FindCheapest(
-            pattern, [&](std::size_t kind) { return m_task.kinds[kind].count == kUnlimited; });
+    /// The longest piece that goes on a bar of the kind.
+    Length HoldsOf(std::size_t kind) const {
+        return m_task.kinds[kind].capacity - m_task.kinds[kind].extra;
     }
 
-    std::size_t FindCheapestKind(Pattern pattern) const {
-        return FindCheapest(pattern, [&](std::size_t kind) { return m_rest.HasBar(kind); });
+    bool Fits(std::size_t kind, Length width) const {
+        return m_rest.HasBar(kind) && width <= HoldsOf(kind);
     }
 
-    template <typename IsAllowed>
-    std::size_t FindCheapest(Pattern& pattern, const IsAllowed& isAllowed) const {
+    /// There is one: bars that stand for uncut pieces have no limit.
+    std::size_t FindCheapestPerLength(Length width) const {
+        std::optional<std::size_t> cheapest;
+        for (std::size_t kind = 0; kind < m_task.kinds.size(); ++kind)
+            if (Fits(kind, width) && (!cheapest || IsCheaperPerLength(kind, *cheapest)))
+                cheapest = kind;
+        return *cheapest;
+    }
+
+    bool IsCheaperPerLength(std::size_t kind, std::size_t than) const {
+        return m_task.kinds[kind].cost * HoldsOf(than) < m_task.kinds[than].cost * HoldsOf(kind);
+    }
+
+    std::size_t FindCheapestKind(const Pattern& pattern) const {
+        const Task::Kind& own = m_task.kinds[pattern.kind];
+        const Count pieces = CountPieces(pattern);
+        const Length width = own.capacity - SlackOf(m_task, pattern) - pieces * own.extra;
         std::size_t cheapest = pattern.kind;
-        Cost least = SlackOf(m_task, pattern) < 0 ? -1 : m_task.kinds[cheapest].cost;
-        for (pattern.kind = 0; pattern.kind < m_task.kinds.size(); ++pattern.kind) {
-            const Cost cost = m_task.kinds[pattern.kind].cost;
-            const bool isCheaper = least < 0 || cost < least;
-            if (isCheaper && isAllowed(pattern.kind) && SlackOf(m_task, pattern) >= 0) {
-                cheapest = pattern.kind;
-                least = cost;
-            }
-        }
+        for (std::size_t kind = 0; kind < m_task.kinds.size(); ++kind)
+            if (m_rest.HasBar(kind) && m_task.kinds[kind].cost < m_task.kinds[cheapest].cost &&
+                width + pieces * m_task.kinds[kind].extra <= m_task.kinds[kind].capacity)
+                cheapest = kind;
         return cheapest;
     }
 
     const Task& m_task;
     Rest m_rest;
-    std::size_t m_kind;
+    std::optional<std::size_t> m_kind;  ///< that is taken first
     Solution m_bars;
     RoomTree m_rooms;
 };
+
+/// Kinds to take first; at last none.
+std::vector<std::optional<std::size_t>> KindsToTry(const Task& task) {
+    std::vector<std::optional<std::size_t>> kinds;
+    for (std::size_t kind = 0; kind < task.kinds.size(); ++kind)
+        if (task.kinds[kind].stock != Task::kNoStock &&
+            (task.kinds[kind].count == kUnlimited || task.kinds.size() <= kMostKindsTried))
+            kinds.push_back(kind);
+    if (task.kinds.size() > 1)
+        kinds.push_back(std::nullopt);
+    return kinds;
+}
 
 }  // namespace
 
 Solution FitDecreasing(const Task& task, const Rest& rest) {
     Solution best;
-    for (std::size_t kind = 0; kind < task.kinds.size(); ++kind) {
-        if (task.kinds[kind].count != kUnlimited)
-            continue;
+    for (const std::optional<std::size_t> kind : KindsToTry(task)) {
         Solution solution = Fitting(task, rest, kind).Finish();
         if (IsBetter(task, solution, best))
             best = std::move(solution);

@@ -8,8 +8,6 @@ namespace cutting {
 
 namespace {
 
-__extension__ using Wide = __int128;
-
 constexpr std::int64_t kMostNodes = 20'000;
 constexpr std::int64_t kMostNodesWithoutTable = 300'000;
 constexpr std::int64_t kStepsPerNode = 8;

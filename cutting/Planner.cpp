@@ -1,8 +1,10 @@
 #include "cutting/Planner.h"
 
+#include "cutting/BarExchange.h"
 #include "cutting/Chunks.h"
 #include "cutting/CoarseTask.h"
 #include "cutting/DualFeasible.h"
+#include "cutting/ExactSearch.h"
 #include "cutting/FirstFit.h"
 #include "cutting/Task.h"
 
@@ -20,6 +22,10 @@ constexpr std::int64_t kShareOfBase = 12;
 /// From so many sizes on the unit may be larger: the last sizes are worth less than their work.
 constexpr std::size_t kMostSizesOfChunks = 5000;
 constexpr std::size_t kSizesOfCoarseTask = 2500;
+
+/// Shorter lists are solved by trying all plans, as far as these steps reach.
+constexpr Count kMostPiecesOfExact = 16;
+constexpr std::int64_t kStepsOfExact = 20'000'000;
 
 Length LongestUsable(const std::vector<Stock>& stocks) {
     Length longest = 0;
@@ -62,13 +68,6 @@ Plan MakePlan(const Demand& demand, const std::vector<Stock>& stocks, const Solv
     return plan;
 }
 
-Count CountPieces(const Task& task) {
-    Count pieces = 0;
-    for (const Task::Size& size : task.sizes)
-        pieces += size.count;
-    return pieces;
-}
-
 /// Improves an answer to a task with so many sizes that most bars would have their own: solves it
 /// in a larger unit first.
 void ImproveCoarsely(const Task& task, Effort& effort, Answer& answer) {
@@ -80,6 +79,18 @@ void ImproveCoarsely(const Task& task, Effort& effort, Answer& answer) {
         answer.solution = std::move(solution);
 }
 
+/// The least plan of a short list.
+void SolveExactly(const Task& task, Effort& effort, Answer& answer) {
+    const Cost known = CostOf(task, answer.solution);
+    ExactAnswer found = effort.Share(kStepsOfExact, [&](Effort& share) {
+        return SearchExactly(task, Rest(task), known, share);
+    });
+    if (!found.solution.empty())
+        answer.solution = std::move(found.solution);
+    if (found.isComplete)
+        answer.bound = CostOf(task, answer.solution);
+}
+
 Answer SolveWithin(const Task& task, std::int64_t steps) {
     const bool isLong = task.sizes.size() > kMostSizesOfDive;
     const Count pieces = CountPieces(task);
@@ -89,10 +100,14 @@ Answer SolveWithin(const Task& task, std::int64_t steps) {
     Answer answer = AnswerQuickly(task, effort);
     if (task.sizes.size() > kMostSizesOfChunks && !answer.IsLeast(task))
         ImproveCoarsely(task, effort, answer);
-    if (isLong)
+    if (isLong) {
         ImproveByChunks(task, effort, answer);
-    else
-        Dive(task, effort, answer);
+        return answer;
+    }
+    if (!answer.IsLeast(task) && CountPieces(task) <= kMostPiecesOfExact)
+        SolveExactly(task, effort, answer);
+    Dive(task, effort, answer);
+    ExchangeBars(task, effort, answer);
     return answer;
 }
 

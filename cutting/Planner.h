@@ -10,9 +10,10 @@ namespace cutting {
 /// Steps that a plan of some thousand pieces may take: about four seconds on one core.
 constexpr std::int64_t kDefaultSteps = 4'000'000'000;
 
-/// The plan that costs least, as far as these steps reach (a long list gets more, in proportion);
-/// of those found that cost the same the one with the fewest patterns, then with the longest
-/// off-cut. The same on every system. Pieces that no stock is long enough for stay uncut.
+/// The plan that leaves the fewest pieces uncut, then costs least, as far as these steps reach (a
+/// long list gets more, in proportion); of those found that cost the same the one with the fewest
+/// patterns, then with the longest off-cut. The same on every system. Lists of a few pieces are
+/// tried out to the end.
 Plan MakeLeastPlan(const Demand& demand,
                    const std::vector<Stock>& stocks,
                    std::int64_t steps = kDefaultSteps);

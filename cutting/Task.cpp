@@ -12,8 +12,10 @@ namespace cutting {
 
 namespace {
 
-/// An uncut piece costs more than any bar, but not so much that the prices lose their digits.
-constexpr Cost kCostOfUncut = 4;
+/// An uncut piece costs more than all bars of the pieces that make room for it, but not so much
+/// that prices lose their digits or products grow too large.
+constexpr Count kMostBarsOfUncut = 100;
+constexpr Cost kMostCostOfUncut = 4 * kMostCost;
 
 Length SmallestKerf(const std::vector<Stock>& stocks) {
     Length smallest = std::numeric_limits<Length>::max();
@@ -43,7 +45,8 @@ std::vector<Task::Size> MakeSizes(const Demand& demand, Length kerf, Length unit
     return sizes;
 }
 
-/// Where a piece may find no bar any more, bars without end stand for those that are not there.
+/// Where a piece may find no bar any more, bars without end stand for those that are not there, one
+/// for each piece.
 void AddKindForUncut(Task& task) {
     Length longest = 0;
     Length longestUnlimited = 0;
@@ -54,8 +57,11 @@ void AddKindForUncut(Task& task) {
             longestUnlimited = std::max(longestUnlimited, kind.capacity - kind.extra);
         highest = std::max(highest, kind.cost);
     }
-    if (!task.sizes.empty() && task.sizes.front().width > longestUnlimited)
-        task.kinds.push_back({longest, 0, kCostOfUncut * highest, kUnlimited, Task::kNoStock});
+    if (task.sizes.empty() || task.sizes.front().width <= longestUnlimited)
+        return;
+    const Cost cost =
+        std::min(std::min(CountPieces(task) + 1, kMostBarsOfUncut) * highest, kMostCostOfUncut);
+    task.kinds.push_back({2 * longest, longest, cost, kUnlimited, Task::kNoStock});
 }
 
 /// Hands the pieces of each size out to the marks of that length.
@@ -194,6 +200,20 @@ Plan MakePlanOf(const Task& task,
         }
     }
     return plan;
+}
+
+Count CountPieces(const Task& task) {
+    Count pieces = 0;
+    for (const Task::Size& size : task.sizes)
+        pieces += size.count;
+    return pieces;
+}
+
+Count CountPieces(const Pattern& pattern) {
+    Count pieces = 0;
+    for (const Take& take : pattern.takes)
+        pieces += take.count;
+    return pieces;
 }
 
 Length SlackOf(const Task& task, const Pattern& pattern) {

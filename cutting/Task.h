@@ -78,6 +78,8 @@ Plan MakePlanOf(const Task& task,
                 const Demand& demand,
                 const std::vector<Stock>& stocks);
 
+Count CountPieces(const Task& task);
+Count CountPieces(const Pattern& pattern);
 /// What of the bar is free; below 0 when the pattern does not fit.
 Length SlackOf(const Task& task, const Pattern& pattern);
 Cost CostOf(const Task& task, const Solution& solution);

@@ -274,7 +274,7 @@ TEST(CuttingPlans, OnlyWholePlansAreCompared) {
         const plugin::ProfilePlan& plan = run.GetPlans().front();
         EXPECT_EQ(DescribeUncut(plan), uncut);
         EXPECT_EQ(plan.GetBound().has_value(), plan.IsComplete());
-        EXPECT_EQ(plan.firstFit, std::nullopt);
+        EXPECT_EQ(plan.firstFit.has_value(), plan.IsComplete());
         EXPECT_EQ(plan.given, std::nullopt);
         EXPECT_EQ(plan.GetSaving(), 0);
     }
