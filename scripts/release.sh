@@ -13,6 +13,8 @@ fail() {
 }
 
 sources() {
+    # What takes an hour must not end in that.
+    [ "$(id -u)" -eq 0 ] || fail "only root can make the clean root at the end"
     [[ "$version" =~ ^[0-9]+\.[0-9]+\.[0-9]+$ ]] || fail "VERSION is $version, not three numbers"
     [ -z "$(git status --porcelain)" ] || fail "there are changes that are not committed"
     ! git rev-parse -q --verify "refs/tags/v$version" >/dev/null || fail "v$version is released already"
