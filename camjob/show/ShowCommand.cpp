@@ -42,6 +42,12 @@ std::string NameBelow(const FoundNcFiles& found, std::size_t index) {
     return Utf8FromPath((below.parent_path() / below.stem()).generic_u8string());
 }
 
+/// Without a job the machine has none.
+void DropCodes(report::MemberDrawing& drawing) {
+    for (report::DrawnFeature& feature : drawing.features)
+        feature.code.clear();
+}
+
 class Shower {
   public:
     Shower(const ShowOptions& options, OutputStream& out, OutputStream& err)
@@ -168,10 +174,12 @@ int Shower::DrawFile(std::size_t index, const CheckRules& rules) {
         WriteError(*error, m_err);
         return kExitBadInput;
     }
-    const auto& report = std::get<CheckReport>(result);
-    const int code = WriteDrawing(
-        m_targets[index], DrawingText(DrawingOf(std::get<dstv::NcFileEntity>(entity), report)));
-    return std::max<int>(code, report.HasErrors() ? kExitInvalidMembers : kExitDone);
+    const auto& checked = std::get<CheckReport>(result);
+    report::MemberDrawing drawing = DrawingOf(std::get<dstv::NcFileEntity>(entity), checked);
+    if (!rules.isJob)
+        DropCodes(drawing);
+    const int code = WriteDrawing(m_targets[index], DrawingText(drawing));
+    return std::max<int>(code, checked.HasErrors() ? kExitInvalidMembers : kExitDone);
 }
 
 int Shower::WriteDrawing(const std::string& target, const std::string& text) {

@@ -111,7 +111,7 @@ std::vector<Panel> Windows(const MemberDrawing& drawing, const Panel& overview) 
 std::vector<double> PlacesAlong(const MemberDrawing& drawing, const Panel& panel) {
     std::vector<double> places = {0.0, drawing.length};
     for (const DrawnFeature& feature : drawing.features)
-        if (feature.state != FeatureState::kSetAside)
+        if (feature.state != FeatureState::kSetAside && IsShown(feature))
             places.push_back(feature.at.x);
     std::erase_if(places, [&](double x) { return x < panel.from || x > panel.to; });
     std::sort(places.begin(), places.end());

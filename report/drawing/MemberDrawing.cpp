@@ -19,6 +19,10 @@ bool IsCut(FeatureKind kind) {
            kind == FeatureKind::kRectangle || kind == FeatureKind::kOpening;
 }
 
+bool IsShown(const DrawnFeature& feature) {
+    return feature.kind != FeatureKind::kOutline || feature.state >= FeatureState::kWarning;
+}
+
 std::array<Point, 4> SlotCorners(const DrawnFeature& slot) {
     const double angle = slot.angle * std::numbers::pi / 180.0;
     const Point along = {std::cos(angle), std::sin(angle)};

@@ -96,6 +96,9 @@ struct MemberDrawing {
 /// True for what a tool goes through the face for: holes, slots, rectangles, openings.
 bool IsCut(FeatureKind kind);
 
+/// False for an outline without a finding: its face shows it.
+bool IsShown(const DrawnFeature& feature);
+
 /// The ends of a slot's straight sides, counter-clockwise: a half circle joins the second to the
 /// third and the fourth to the first.
 std::array<Point, 4> SlotCorners(const DrawnFeature& slot);

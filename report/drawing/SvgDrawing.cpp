@@ -151,11 +151,6 @@ bool NeedsSymbol(const DrawnFeature& feature, bool hasShape) {
            (!hasShape && feature.kind != FeatureKind::kSink);
 }
 
-/// An outline without a finding is what its face shows.
-bool IsShown(const DrawnFeature& feature) {
-    return feature.kind != FeatureKind::kOutline || feature.state >= FeatureState::kWarning;
-}
-
 std::string SizeText(const DrawnFeature& feature) {
     if (feature.size == 0.0)
         return {};

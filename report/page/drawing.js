@@ -111,7 +111,7 @@ const Drawing = (() => {
   }
 
   function labelsOf(member, panel) {
-    const places = [0, member.length, ...member.features.filter((f) => f.state !== 0).map((f) => f.x)]
+    const places = [0, member.length, ...member.features.filter((f) => f.state !== 0 && isShown(f)).map((f) => f.x)]
       .filter((x) => x >= panel.from && x <= panel.to).sort((a, b) => a - b);
     const ends = [panel.left - 100, panel.left - 100], labels = [];
     places.forEach((place, i) => {
