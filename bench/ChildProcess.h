@@ -9,6 +9,7 @@
 
 struct Measured {
     double seconds = 0.0;
+    double processorSeconds = 0.0;
     double peakKib = 0.0;
 };
 
@@ -25,5 +26,10 @@ inline Measured RunChild(const std::function<int()>& body) {
     const std::chrono::duration<double> time = std::chrono::steady_clock::now() - start;
     if (!WIFEXITED(status) || WEXITSTATUS(status) != 0)
         throw std::runtime_error("a run failed");
-    return {time.count(), static_cast<double>(usage.ru_maxrss)};
+    const auto secondsOf = [](const timeval& used) {
+        return static_cast<double>(used.tv_sec) + 1e-6 * static_cast<double>(used.tv_usec);
+    };
+    return {time.count(),
+            secondsOf(usage.ru_utime) + secondsOf(usage.ru_stime),
+            static_cast<double>(usage.ru_maxrss)};
 }

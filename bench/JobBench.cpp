@@ -1,65 +1,100 @@
 #include "ChildProcess.h"
+#include "LogChart.h"
 #include "SampleJob.h"
 
 #include <algorithm>
+#include <array>
 #include <cstdio>
 #include <cstdlib>
+#include <dirent.h>
 #include <fcntl.h>
 #include <filesystem>
 #include <fstream>
+#include <iterator>
 #include <stdexcept>
 #include <string>
 #include <unistd.h>
 #include <vector>
 
-// Whole jobs: `camjob run` as a process of its own, beside a process that reads the same NC files
-// and writes the same output bytes and does nothing else. Both run in turn, with a warm file cache.
+// Whole jobs: `camjob run` as a process of its own, beside a floor: a process that opens, reads and
+// closes the same NC files, writes the same output bytes, flushes as often, and does nothing else.
+// Both run in turn, with a warm file cache; first without report page and run document, then with.
 //
-// camdata_job_bench CAMJOB FOLDER [MEMBERS...] prints a table; jobs are made in FOLDER, about 1 KB
-// per member. It is the caller's to remove.
+// camdata_job_bench CAMJOB FOLDER [MEMBERS...] prints two tables, and draws members.svg in FOLDER,
+// where the jobs are made, too, about 1 KB per member. It is the caller's to remove.
 
 namespace {
 
 namespace fs = std::filesystem;
 
-int RunCamjob(const std::string& camjob, const fs::path& job) {
+/// What camjob flushes besides the files of the output: folders, and the list of what it replaces.
+constexpr int kFurtherFlushes = 5;
+
+int RunCamjob(const std::string& camjob, const fs::path& job, const fs::path& out) {
     const int null = open("/dev/null", O_WRONLY);
     dup2(null, STDOUT_FILENO);
     execl(camjob.c_str(),
           camjob.c_str(),
           "run",
-          (job / "job.toml").c_str(),
+          job.c_str(),
           "--out",
-          (job / "out").c_str(),
+          out.c_str(),
           static_cast<char*>(nullptr));
     return 1;
 }
 
-std::vector<char> ReadAll(const fs::path& path) {
-    const int file = open(path.c_str(), O_RDONLY);
-    std::vector<char> bytes(fs::file_size(path));
-    const bool isRead =
-        file >= 0 && read(file, bytes.data(), bytes.size()) == static_cast<ssize_t>(bytes.size());
-    close(file);
-    if (!isRead)
+std::string ReadAll(const fs::path& path) {
+    std::ifstream file(path, std::ios::binary);
+    std::string bytes(std::istreambuf_iterator<char>(file), {});
+    if (!file)
         throw std::runtime_error("cannot read " + path.string());
     return bytes;
 }
 
-/// Reads what camjob reads and writes what it has written, in one process.
-int ReadAndWrite(const fs::path& job) {
-    std::size_t sum = 0;
-    for (const fs::directory_entry& entry : fs::directory_iterator(job / "nc"))
-        sum += ReadAll(entry.path()).size();
-    fs::create_directories(job / "copy");
-    for (const fs::directory_entry& entry : fs::directory_iterator(job / "out")) {
-        if (!entry.is_regular_file())
+/// The files of an output.
+std::vector<std::string> FilesIn(const fs::path& folder) {
+    std::vector<std::string> files;
+    for (const fs::directory_entry& entry : fs::directory_iterator(folder))
+        if (entry.is_regular_file())
+            files.push_back(ReadAll(entry.path()));
+    return files;
+}
+
+bool ReadNcFiles(const fs::path& folder) {
+    DIR* const listing = opendir(folder.c_str());
+    static std::array<char, 1u << 14> bytes;
+    bool isRead = listing != nullptr;
+    for (const dirent* entry = nullptr; isRead && (entry = readdir(listing)) != nullptr;) {
+        if (entry->d_name[0] == '.')
             continue;
-        const std::vector<char> bytes = ReadAll(entry.path());
-        std::ofstream(job / "copy" / entry.path().filename(), std::ios::binary)
-            .write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+        const int file = openat(dirfd(listing), entry->d_name, O_RDONLY);
+        isRead = read(file, bytes.data(), bytes.size()) > 0;
+        close(file);
     }
-    return sum > 0 ? 0 : 1;
+    return isRead;
+}
+
+bool WriteFlushed(const fs::path& path, const std::string& bytes) {
+    const int file = open(path.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0666);
+    std::size_t done = 0;
+    while (done < bytes.size()) {
+        const ssize_t count = write(file, bytes.data() + done, bytes.size() - done);
+        if (count <= 0)
+            return false;
+        done += static_cast<std::size_t>(count);
+    }
+    return fsync(file) == 0 && close(file) == 0;
+}
+
+/// Reads what camjob reads and writes what it has written.
+int ReadAndWrite(const fs::path& nc, const fs::path& out, const std::vector<std::string>& files) {
+    bool isDone = ReadNcFiles(nc);
+    for (std::size_t i = 0; i < files.size(); ++i)
+        isDone = isDone && WriteFlushed(out / std::to_string(i), files[i]);
+    const int folder = open(out.c_str(), O_RDONLY | O_DIRECTORY);
+    for (int i = 0; i < kFurtherFlushes; ++i)
+        isDone = isDone && fsync(folder) == 0;
+    return isDone ? 0 : 1;
 }
 
 double MedianOf(std::vector<Measured> runs, double Measured::*figure) {
@@ -69,33 +104,86 @@ double MedianOf(std::vector<Measured> runs, double Measured::*figure) {
     return runs[runs.size() / 2].*figure;
 }
 
-void Report(long members, const std::vector<Measured>& runs, const std::vector<Measured>& floors) {
+/// Microseconds per member.
+struct Times {
+    double wall;
+    double processor;
+};
+
+Times TimesOf(const std::vector<Measured>& runs, long members) {
     const double perMember = 1e6 / static_cast<double>(members);
-    const double run = MedianOf(runs, &Measured::seconds) * perMember;
-    const double floor = MedianOf(floors, &Measured::seconds) * perMember;
+    return {MedianOf(runs, &Measured::seconds) * perMember,
+            MedianOf(runs, &Measured::processorSeconds) * perMember};
+}
+
+/// Lines of the chart: runs and floor.
+struct Lines {
+    ChartLine runs;
+    ChartLine floor;
+};
+
+void Bench(const std::string& camjob,
+           const fs::path& folder,
+           const std::string& jobName,
+           long members,
+           Lines& lines) {
+    const fs::path job = folder / jobName;
+    const fs::path out = folder / "out";
+    const fs::path copy = folder / "copy";
+    const int repeats = members < 100000 ? 9 : 3;
+    fs::remove_all(out);
+    fs::create_directories(copy);
+    RunChild([&] { return RunCamjob(camjob, job, out); });
+    const std::vector<std::string> files = FilesIn(out);
+    std::vector<Measured> runs;
+    std::vector<Measured> floors;
+    for (int i = 0; i < repeats; ++i) {
+        fs::remove_all(out);
+        runs.push_back(RunChild([&] { return RunCamjob(camjob, job, out); }));
+        floors.push_back(RunChild([&] { return ReadAndWrite(folder / "nc", copy, files); }));
+    }
+    const Times run = TimesOf(runs, members);
+    const Times floor = TimesOf(floors, members);
     const double memory = MedianOf(runs, &Measured::peakKib);
-    std::printf("| %7ld | %8.1f | %8.1f | %5.1f | %9.1f | %8.2f |\n",
+    std::printf("| %7ld | %8.1f | %8.1f | %5.1f | %8.1f | %8.1f | %5.1f | %9.1f | %8.2f |\n",
                 members,
-                run,
-                floor,
-                run / floor,
+                run.wall,
+                floor.wall,
+                run.wall / floor.wall,
+                run.processor,
+                floor.processor,
+                run.processor / floor.processor,
                 memory / 1024.0,
                 memory / static_cast<double>(members));
     std::fflush(stdout);
+    lines.runs.points.push_back({static_cast<double>(members), run.wall});
+    lines.floor.points.push_back({static_cast<double>(members), floor.wall});
 }
 
-void Bench(const std::string& camjob, const fs::path& folder, long members) {
-    const fs::path job = folder / std::to_string(members);
-    WriteSampleJob(job, members);
-    const int repeats = members < 100000 ? 7 : 3;
-    std::vector<Measured> runs;
-    std::vector<Measured> floors;
-    RunChild([&] { return RunCamjob(camjob, job); });
-    for (int i = 0; i < repeats; ++i) {
-        runs.push_back(RunChild([&] { return RunCamjob(camjob, job); }));
-        floors.push_back(RunChild([&] { return ReadAndWrite(job); }));
+void BenchAll(const std::string& camjob, const fs::path& folder, const std::vector<long>& sizes) {
+    Lines plain = {
+        {"camjob run, without page and run document", {}},
+        {"floor",                                     {}}
+    };
+    Lines reported = {
+        {"camjob run, with both", {}},
+        {"floor of both",         {}}
+    };
+    for (const auto& [name, lines] : {
+             std::pair("job.toml", &plain), {"reports.toml", &reported}
+    }) {
+        std::printf(
+            "\n%s, us per member\n\n"
+            "| members | wall | floor | ratio | processor | floor | ratio | peak MiB | "
+            "KiB/member |\n|---|---|---|---|---|---|---|---|---|\n",
+            lines->runs.name.c_str());
+        for (const long members : sizes)
+            Bench(camjob, folder / std::to_string(members), name, members, *lines);
     }
-    Report(members, runs, floors);
+    std::ofstream(folder / "members.svg")
+        << LogChart("Wall time per member, microseconds",
+                    "members of the job",
+                    {plain.runs, plain.floor, reported.runs, reported.floor});
 }
 
 }  // namespace
@@ -110,12 +198,10 @@ int main(int count, char** arguments) {
         sizes.push_back(std::strtol(arguments[i], nullptr, 10));
     if (sizes.empty())
         sizes = {100, 1000, 10000, 100000};
-    std::printf(
-        "| members | us/member | floor us/member | ratio | peak MiB | KiB/member |\n"
-        "|---|---|---|---|---|---|\n");
     try {
         for (const long members : sizes)
-            Bench(arguments[1], arguments[2], members);
+            WriteSampleJob(fs::path(arguments[2]) / std::to_string(members), members);
+        BenchAll(arguments[1], arguments[2], sizes);
     } catch (const std::exception& failure) {
         std::fprintf(stderr, "%s\n", failure.what());
         return 1;

@@ -120,11 +120,18 @@ output = "F %.1f x %.1f"
 values = ["length", "width"]
 )";
 
+constexpr const char* kNoReports = R"(
+[reports]
+html = false
+run_document = false
+)";
+
 }  // namespace
 
 void WriteSampleJob(const std::filesystem::path& folder, long members) {
     std::filesystem::create_directories(folder / "nc");
     for (long i = 1; i <= members; ++i)
         WriteFile(folder / "nc" / Print("%06ld.nc1", i), NcFile(i));
-    WriteFile(folder / "job.toml", kJob);
+    WriteFile(folder / "job.toml", kJob + std::string(kNoReports));
+    WriteFile(folder / "reports.toml", kJob);
 }

@@ -8,32 +8,70 @@
 #include <algorithm>
 #include <array>
 #include <cerrno>
-#include <cstdio>
-#include <memory>
+#include <cstddef>
+#include <fcntl.h>
 #include <string>
 #include <system_error>
-
-#if !defined(_WIN32)
-#include <fcntl.h>
+#if defined(_WIN32)
+#include <io.h>
+#else
+#include <unistd.h>
 #endif
 
 namespace dstv {
 namespace {
 
-struct CloseFile {
-    void operator()(std::FILE* file) const { std::fclose(file); }
-};
-using File = std::unique_ptr<std::FILE, CloseFile>;
-
-/// A pipe that nobody writes to is opened, and has no byte.
-File Open(const std::filesystem::path& path) {
 #if defined(_WIN32)
-    return File(_wfopen(path.c_str(), L"rb"));
-#else
-    const int descriptor = open(path.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
-    return File(descriptor < 0 ? nullptr : fdopen(descriptor, "rb"));
-#endif
+int OpenToRead(const std::filesystem::path& path) {
+    return _wopen(path.c_str(), _O_RDONLY | _O_BINARY | _O_NOINHERIT);
 }
+
+std::ptrdiff_t ReadSome(int file, char* bytes, std::size_t count) {
+    return _read(file, bytes, static_cast<unsigned>(count));
+}
+
+void Close(int file) {
+    _close(file);
+}
+#else
+/// A pipe that nobody writes to is opened, and has no byte.
+int OpenToRead(const std::filesystem::path& path) {
+    return open(path.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
+}
+
+std::ptrdiff_t ReadSome(int file, char* bytes, std::size_t count) {
+    ssize_t read = -1;
+    do
+        read = ::read(file, bytes, count);
+    while (read < 0 && errno == EINTR);
+    return read;
+}
+
+void Close(int file) {
+    close(file);
+}
+#endif
+
+/// A file that is read. Most are smaller than the buffer of a stream, which would only cost.
+class File {
+  public:
+    explicit File(const std::filesystem::path& path) : m_file(OpenToRead(path)) {}
+    ~File() {
+        if (IsOpen())
+            Close(m_file);
+    }
+    File(const File&) = delete;
+    File& operator=(const File&) = delete;
+
+    bool IsOpen() const { return m_file >= 0; }
+    /// How many bytes; 0 at the end, below 0 when it fails.
+    std::ptrdiff_t Read(char* bytes, std::size_t count) const {
+        return ReadSome(m_file, bytes, count);
+    }
+
+  private:
+    int m_file;
+};
 
 NcError FileError(const std::filesystem::path& path, const ZetString& expected) {
     return {PathText(path), 0, 0, L"file", PathText(path), expected};
@@ -109,19 +147,16 @@ ZetString PathText(const std::filesystem::path& path) {
 }
 
 NcResult ReadNcFile(const std::filesystem::path& path, const NcReading& reading) {
-    const File file = Open(path);
-    if (!file)
+    const File file(path);
+    if (!file.IsOpen())
         return UnreadError(path, L"a file that can be opened (" + ErrorText(errno) + L")");
-    // Most are smaller than the piece below: a buffer of the stream would only cost.
-    std::setvbuf(file.get(), nullptr, _IONBF, 0);
     std::array<char, 1u << 14> piece;
     std::string bytes;
-    for (std::size_t count = piece.size();
-         count == piece.size() && bytes.size() <= kMaxFileBytes;) {
-        count = std::fread(piece.data(), 1, piece.size(), file.get());
-        bytes.append(piece.data(), count);
-    }
-    if (std::ferror(file.get()) != 0 || bytes.empty())
+    std::ptrdiff_t count = file.Read(piece.data(), piece.size());
+    for (; count > 0 && bytes.size() <= kMaxFileBytes;
+         count = file.Read(piece.data(), piece.size()))
+        bytes.append(piece.data(), static_cast<std::size_t>(count));
+    if (count < 0 || bytes.empty())
         return UnreadError(path, L"a file that can be read, and is not empty");
     if (bytes.size() > kMaxFileBytes)
         return FileError(path, L"a file of at most 64 MiB");

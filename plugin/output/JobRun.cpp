@@ -488,16 +488,16 @@ void JobRun::WriteCuttingList(const ZetString& name) {
 void JobRun::WriteCuttingTable(const ZetString& name) {
     ZetFileAccess file;
     file.Open(name, L"w");
-    file.Write(ZetString::fromUtf8(CuttingTable::MakeHead()));
+    file.WriteUtf8(CuttingTable::MakeHead());
     for (const ProfilePlan& plan : m_plans)
-        file.Write(ZetString::fromUtf8(CuttingTable::MakeRows(plan, m_job.groups[plan.group].id)));
+        file.WriteUtf8(CuttingTable::MakeRows(plan, m_job.groups[plan.group].id));
     CloseFile(file, name);
 }
 
 void JobRun::WriteRemnants(const ZetString& name) {
     ZetFileAccess file;
     file.Open(name, L"w");
-    file.Write(ZetString::fromUtf8(job::MakeRemnantTable(m_bars.GetRemnants())));
+    file.WriteUtf8(job::MakeRemnantTable(m_bars.GetRemnants()));
     CloseFile(file, name);
 }
 

@@ -126,14 +126,15 @@ std::optional<Finding> JobMember::OutsideOf(const CHoleAddlInfo& hole,
 
 /// What nobody can judge is told.
 void JobMember::NoteUnclearPlace(const CHoleAddlInfo& hole, const FaceOutline* outline) {
-    const std::optional<Feature> feature = FeatureOf(hole.GetHoleData().hostTag);
-    if (!feature)
-        return;
+    const auto note = [&](const wchar_t* text) {
+        if (const std::optional<Feature> feature = FeatureOf(hole.GetHoleData().hostTag))
+            m_notes.push_back({*feature, text});
+    };
     const bool isOnPlane = ViewOf(hole) >= kFirstPlanePosition;
     if (!isOnPlane && !std::isfinite(FaceOfHole(hole, outline).Area()))
-        m_notes.push_back({*feature, kUnknownFaceText});
+        note(kUnknownFaceText);
     if (IsRound() && IsAtMitre(hole))
-        m_notes.push_back({*feature, kAtMitreText});
+        note(kAtMitreText);
 }
 
 void JobMember::CheckPlaces() {

@@ -54,6 +54,7 @@ JobMember::JobMember(const JudgingRules& rules, const job::MemberType& type, Zet
         limits.SetReportType(static_cast<eValidationTypes>(check), ReportTypeOf(check));
     SetMemObjects(type.type, std::move(limits));
     SetNCObjects(&creator);
+    m_section = SectionOf(m_memType.GetHeaderData().profileCode);
     m_ordered = GetQty();
     // The height of a plate is its width.
     m_weightPerMetre = header.weightPerMetre * (IsPlate() ? header.height / 1000.0 : 1.0);
@@ -267,7 +268,7 @@ void JobMember::WriteMemOutPut(const ZetArray<ZetFileAccess*>& files,
 
 void JobMember::WriteRecords(ZetFileAccess* file) const {
     if (file != nullptr && file->IsOpen())
-        file->Write(ZetString::fromUtf8(m_records.text));
+        file->WriteUtf8(m_records.text);
 }
 
 void JobMember::WriteMemErrors(ZetFileAccess* file) {

@@ -193,8 +193,8 @@ class JobMember : public CMxPeilaib {
     void FileNotch(Finding finding, CNotchAddInfo notch);
     std::optional<Feature> FeatureOf(long tag) const;
 
-    bool IsPlate() const;
-    bool IsRound() const;
+    bool IsPlate() const { return m_section == Section::kPlate; }
+    bool IsRound() const { return m_section == Section::kRound; }
     bool IsHollow() const;
     bool IsEdgeOfPlate(int viewPosition) const;
     FaceBox FaceOfView(int viewPosition) const;
@@ -315,8 +315,13 @@ class JobMember : public CMxPeilaib {
     void ReleaseSources();
     void TellUnmade(ZetArray<ZetString>& block) const;
 
+    /// Of a profile code, as far as it is judged in a way of its own.
+    enum class Section { kPlate, kRound, kOther };
+    static Section SectionOf(const ZetString& profileCode);
+
     const JudgingRules& m_rules;
     const job::MemberType& m_type;
+    Section m_section = Section::kOther;
     /// By hole; null: no rule. Only while the member is validated.
     std::vector<const HoleRuleMatcher::Entry*> m_entryOfHole;
     std::optional<FaceOutline> m_plate;     ///< its outline, or its box
@@ -327,8 +332,8 @@ class JobMember : public CMxPeilaib {
     std::vector<Trim> m_trims;
     std::vector<ZetNCCut> m_mitres;
     std::map<std::string, long> m_cutLines;  ///< of trims and mitres, with their tags
-    MachineMember m_machineMember;         ///< what is made; its operations
-    std::vector<long> m_operationTags;     ///< by operation
+    MachineMember m_machineMember;           ///< what is made; its operations
+    std::vector<long> m_operationTags;       ///< by operation
     bool m_hasOperations = false;
     std::map<std::size_t, FormattedMember> m_formatted;  ///< by position in Job::formats
     std::vector<SetAside> m_reasons;                     ///< by duplicate hole

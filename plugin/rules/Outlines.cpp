@@ -126,13 +126,10 @@ struct JobMember::NotchSum {
     }
 };
 
-bool JobMember::IsPlate() const {
-    return m_memType.GetHeaderData().profileCode == L"B";
-}
-
-bool JobMember::IsRound() const {
-    const std::wstring_view code = m_memType.GetHeaderData().profileCode.view();
-    return code == L"RO" || code == L"RU";
+JobMember::Section JobMember::SectionOf(const ZetString& profileCode) {
+    if (profileCode == L"B")
+        return Section::kPlate;
+    return profileCode == L"RO" || profileCode == L"RU" ? Section::kRound : Section::kOther;
 }
 
 /// True on the narrow sides of a plate, which its outline does not show.

@@ -92,11 +92,14 @@ bool ZetFileAccess::Close() {
 }
 
 bool ZetFileAccess::Write(const ZetString& text) {
+    return WriteUtf8(text.toUtf8());
+}
+
+bool ZetFileAccess::WriteUtf8(std::string_view bytes) {
     if (!IsOpen() || m_buffer->isForReading)
         return Fail(Operation::kWrite, 0);
     if (m_fault)
         return false;
-    const std::string bytes = text.toUtf8();
     m_buffer->bytes.insert(m_buffer->bytes.end(), bytes.begin(), bytes.end());
     return m_buffer->bytes.size() < kBufferSize || Flush();
 }

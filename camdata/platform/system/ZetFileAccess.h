@@ -7,6 +7,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <string_view>
 
 /// What went wrong with a file first.
 struct ZetFileFault {
@@ -49,6 +50,8 @@ class CAMDATA_API ZetFileAccess {
 
     /// Writes a text at the write position. False, and a fault, when no file is open for writing.
     bool Write(const ZetString& text);
+    /// The same for a text that is UTF-8 already. The bytes are written as they are.
+    bool WriteUtf8(std::string_view bytes);
     /// Writes a text made from a checked format (ZetString::format).
     template <typename... Args>
     bool WriteFormat(ZetFormatString<std::type_identity_t<Args>...> format, const Args&... args) {

@@ -257,20 +257,6 @@ int fclose(std::FILE* file) {
     return CloseThrough("fclose", [&] { return real(file); });
 }
 
-std::size_t fread(void* to, std::size_t size, std::size_t count, std::FILE* file) {
-    static auto* const real =
-        RealOf<std::size_t(void*, std::size_t, std::size_t, std::FILE*)>("fread");
-    if (!IsWatched(fileno(file)))
-        return real(to, size, count, file);
-    const Fault fault = NextFault("fread");
-    if (fault == Fault::eKill || fault == Fault::eKilledAfter)
-        std::raise(SIGKILL);
-    if (fault != Fault::eError)
-        return real(to, size, count, file);
-    file->_flags |= 0x20;  // what ferror looks at
-    return 0;
-}
-
 DIR* opendir(const char* path) {
     static auto* const real = RealOf<DIR*(const char*)>("opendir");
     const bool isWatched = IsWatched(path);

@@ -24,7 +24,7 @@ CHANGING = [errno.EACCES, errno.EIO, errno.ENOSPC]
 LOOKING = [errno.EACCES, errno.EIO]
 WAYS = {
     "open": OPENING, "openat": OPENING, "fopen": OPENING, "opendir": OPENING,
-    "read": [errno.EIO, errno.EINTR, "short"], "fread": [errno.EIO], "readdir": [errno.EIO],
+    "read": [errno.EIO, errno.EINTR, "short"], "readdir": [errno.EIO],
     "readlink": LOOKING,
     "write": WRITING, "writev": WRITING, "truncate": CHANGING,
     "fsync": [errno.EIO, errno.ENOSPC, errno.EINTR], "fdatasync": [errno.EIO, errno.EINTR],
