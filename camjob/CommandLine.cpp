@@ -9,6 +9,7 @@
 #include "camjob/host/HostCommand.h"
 #include "camjob/init/InitCommand.h"
 #include "camjob/run/RunCommand.h"
+#include "camjob/run/SeveralJobs.h"
 #include "camjob/show/ShowCommand.h"
 
 #include <CLI/CLI.hpp>
@@ -32,7 +33,7 @@ std::string UsageError(const CLI::App* app, const CLI::Error& error) {
 /// The command line of each command.
 struct Options {
     CheckOptions check;
-    RunOptions run;
+    JobsOptions run;
     InitOptions init;
     ShowOptions show;
     HostOptions host;
@@ -41,19 +42,29 @@ struct Options {
 };
 
 void DescribeCheck(CLI::App& command, Options& options) {
-    command
-        .add_option(
-            "FILE",
-            options.check.files,
-            "DSTV NC files, each reported in turn; of a folder all .nc and .nc1 files in it and below")
-        ->required();
+    command.add_option(
+        "FILE",
+        options.check.files,
+        "DSTV NC files, each reported in turn; of a folder all .nc and .nc1 files in it and below");
+    command.add_option("--files-from",
+                       options.check.filesFrom,
+                       "File that lists more of them, a line each; - for the standard input");
     command.add_option(
         "--job", options.check.job, "Judge the members by the rules of this job file");
-    command.add_flag("--json", options.check.asJson, "Write one JSON document instead of tables");
+    auto* json = command.add_flag(
+        "--json", options.check.asJson, "Write one JSON document instead of tables");
+    command
+        .add_flag("--jsonl",
+                  options.check.asLines,
+                  "Write a line of JSON for each file as soon as it is checked, and one for all")
+        ->excludes(json);
 }
 
 int Check(const Options& options, OutputStream& out, OutputStream& err) {
-    return RunCheck(options.check, out, err);
+    if (!options.check.files.empty() || !options.check.filesFrom.empty())
+        return RunCheck(options.check, out, err);
+    err.Write("camjob: FILE is required, or --files-from: what is to be checked?\n");
+    return kExitBadInput;
 }
 
 /// Not the folder at hand: "" is a variable that was never set.
@@ -62,33 +73,45 @@ std::string FaultOfFolder(const std::string& folder) {
 }
 
 void DescribeRun(CLI::App& command, Options& options) {
-    command.add_option("JOB", options.run.job, "The job file")->required();
-    command.add_option("--out", options.run.folder, "Folder of the output, instead of the job's")
+    RunOptions& each = options.run.each;
+    command
+        .add_option("JOB", options.run.jobs, "The job file, or several that are run in this order")
+        ->required();
+    command
+        .add_option(
+            "--out", each.folder, "Folder of the output, instead of the job's; with one job only")
         ->check(FaultOfFolder);
     command
         .add_option("--against",
-                    options.run.against,
+                    each.against,
                     "Earlier output, a folder or a file *-run.json: tell what has changed since; "
-                    "without it the output that is replaced")
+                    "without it the output that is replaced. With one job only")
         ->check(FaultOfFolder);
-    command.add_flag("--json", options.run.asJson, "Write one JSON document instead of tables");
-    command.add_flag("--notes",
-                     options.run.showsNotes,
-                     "Print the notes too, not only the warnings of the reader");
+    command.add_flag("--json",
+                     each.asJson,
+                     "Write one JSON document instead of tables; of several jobs a line each");
+    command.add_flag("--jsonl", options.run.asLines, "The same on one line also with one job");
     command.add_flag(
-        "--dialog", options.run.showsDialog, "Show the project information and let it be changed");
+        "--notes", each.showsNotes, "Print the notes too, not only the warnings of the reader");
+    command.add_flag(
+        "--dialog", each.showsDialog, "Show the project information and let it be changed");
     command.add_flag("--ignore-settings",
-                     options.run.ignoresSettings,
+                     each.ignoresSettings,
                      "Go by the job alone, not by what the dialog changed in earlier runs");
 }
 
 int Run(const Options& options, OutputStream& out, OutputStream& err) {
+    const RunOptions& each = options.run.each;
+    if (options.run.jobs.size() > 1 && !(each.folder.empty() && each.against.empty())) {
+        err.Write("camjob: --out and --against go with one job only\n");
+        return kExitBadInput;
+    }
     StagingDisk disk;
     const Interrupt interrupt;
-    return RunJob(options.run,
-                  {.disk = disk, .isCancelled = [&] { return interrupt.WasRequested(); }},
-                  out,
-                  err);
+    return RunJobs(options.run,
+                   {.disk = disk, .isCancelled = [&] { return interrupt.WasRequested(); }},
+                   out,
+                   err);
 }
 
 void DescribeInit(CLI::App& command, Options& options) {
@@ -258,7 +281,9 @@ int EndWithoutMemory(const std::vector<std::string>& arguments,
     const auto command = std::find_if(std::begin(kCommands), std::end(kCommands), isCalled);
     if (command == std::end(kCommands))
         return kExitBadInput;
-    const bool isJson = std::find(arguments.begin(), arguments.end(), "--json") != arguments.end();
+    const bool isJson = std::any_of(arguments.begin(), arguments.end(), [](const auto& argument) {
+        return argument == "--json" || argument == "--jsonl";
+    });
     if (isJson && command->writeNoMemory != nullptr)
         command->writeNoMemory(hasReported, out);
     out.Flush();

@@ -4,13 +4,16 @@
 #include "camjob/check/CheckJson.h"
 #include "camjob/check/CheckText.h"
 #include "camjob/console/ExitCode.h"
+#include "camjob/input/NameList.h"
 #include "camjob/input/NcFolderSearch.h"
 
 #include <memory>
 #include <new>
 #include <optional>
+#include <string>
 #include <utility>
 #include <variant>
+#include <vector>
 
 namespace camjob {
 
@@ -26,6 +29,11 @@ CheckResult CheckFile(const std::string& name, const CheckRules& rules) {
 dstv::NcError WithoutMemory(const std::string& name) {
     const ZetString file = ZetString::fromUtf8(name);
     return {file, 0, 0, L"file", file, L"more memory: out of memory"};
+}
+
+dstv::NcError Unreadable(const std::string& list) {
+    const ZetString file = ZetString::fromUtf8(list);
+    return {file, 0, 0, L"list", file, L"a file that can be read"};
 }
 
 /// Both or, without memory, neither.
@@ -53,27 +61,54 @@ void CheckAndReport(const std::string& name,
     }
 }
 
-/// What is reported so far, for the end of a document that memory fails.
+/// What is reported so far and how, for the end of a report that memory fails.
 const CheckSummary* s_reported = nullptr;
+CheckJsonWriter::Form s_form = CheckJsonWriter::Form::kDocument;
+
+CheckJsonWriter::Form FormOf(const CheckOptions& options) {
+    return options.asLines ? CheckJsonWriter::Form::kLines : CheckJsonWriter::Form::kDocument;
+}
 
 class Reporting {
   public:
-    explicit Reporting(const CheckSummary& summary) { s_reported = &summary; }
+    Reporting(const CheckSummary& summary, CheckJsonWriter::Form form) {
+        s_reported = &summary;
+        s_form = form;
+    }
     ~Reporting() { s_reported = nullptr; }
     Reporting(const Reporting&) = delete;
     Reporting& operator=(const Reporting&) = delete;
 };
 
-std::unique_ptr<CheckWriter> MakeWriter(bool asJson, OutputStream& out, OutputStream& err) {
-    if (asJson)
-        return std::make_unique<CheckJsonWriter>(out);
+std::unique_ptr<CheckWriter> MakeWriter(const CheckOptions& options,
+                                        OutputStream& out,
+                                        OutputStream& err) {
+    if (options.asJson || options.asLines)
+        return std::make_unique<CheckJsonWriter>(FormOf(options), out);
     return std::make_unique<CheckTextWriter>(out, err);
 }
 
-void WriteEmptyDocument(OutputStream& out) {
-    CheckJsonWriter writer(out);
+void WriteEmptyDocument(CheckJsonWriter::Form form, OutputStream& out) {
+    CheckJsonWriter writer(form, out);
     writer.Begin();
     writer.End(CheckSummary());
+}
+
+/// False when nobody takes the report any more.
+bool CheckNames(const std::vector<std::string>& names,
+                const CheckRules& rules,
+                CheckWriter& writer,
+                CheckSummary& summary,
+                OutputStream& out) {
+    const FoundNcFiles found = FindNcFiles(names);
+    for (const dstv::NcError& fault : found.faults)
+        ReportFile(fault, writer, summary);
+    for (const std::string& name : found.files) {
+        CheckAndReport(name, rules, writer, summary);
+        if (!out.Flush())
+            return false;
+    }
+    return true;
 }
 
 }  // namespace
@@ -81,23 +116,24 @@ void WriteEmptyDocument(OutputStream& out) {
 int RunCheck(const CheckOptions& options, OutputStream& out, OutputStream& err) {
     const std::optional<job::Job> job = ReadRules(options.job, err);
     if (!job) {
-        if (options.asJson)
-            WriteEmptyDocument(out);
+        if (options.asJson || options.asLines)
+            WriteEmptyDocument(FormOf(options), out);
         return kExitBadInput;
     }
     plugin::UseTolerances(job->tolerances);
-    const plugin::JudgingRules rules(*job);
+    const plugin::JudgingRules judging(*job);
+    const CheckRules rules{judging, !options.job.empty()};
     CheckSummary summary;
-    const Reporting reporting(summary);
-    const std::unique_ptr<CheckWriter> writer = MakeWriter(options.asJson, out, err);
+    const Reporting reporting(summary, FormOf(options));
+    const std::unique_ptr<CheckWriter> writer = MakeWriter(options, out, err);
     writer->Begin();
-    const FoundNcFiles found = FindNcFiles(options.files);
-    for (const dstv::NcError& fault : found.faults)
-        ReportFile(fault, *writer, summary);
-    for (const std::string& name : found.files) {
-        CheckAndReport(name, {rules, !options.job.empty()}, *writer, summary);
-        if (!out.Flush())
-            break;
+    bool goesOn = CheckNames(options.files, rules, *writer, summary, out);
+    if (!options.filesFrom.empty()) {
+        NameList list(options.filesFrom);
+        while (const auto name = goesOn ? list.Next() : std::nullopt)
+            goesOn = CheckNames({*name}, rules, *writer, summary, out);
+        if (!list.IsGood())
+            ReportFile(Unreadable(options.filesFrom), *writer, summary);
     }
     try {
         writer->End(summary);
@@ -109,7 +145,7 @@ int RunCheck(const CheckOptions& options, OutputStream& out, OutputStream& err) 
 }
 
 void WriteCheckWithoutMemory(bool isBegun, OutputStream& out) {
-    CheckJsonWriter writer(out);
+    CheckJsonWriter writer(s_form, out);
     CheckSummary summary;
     if (isBegun && s_reported != nullptr) {
         summary = *s_reported;

@@ -11,7 +11,9 @@ namespace camjob {
 struct CheckOptions {
     std::vector<std::string> files;  ///< files and folders in UTF-8, in the order of the report
     std::string job;  ///< file of the job whose rules count, UTF-8; "": no rules of any machine
+    std::string filesFrom = {};  ///< list of more files, UTF-8; "-": the standard input; "": none
     bool asJson = false;
+    bool asLines = false;  ///< JSON, a document on a line for each file
 };
 
 /// Reports each file in turn, and goes on after one that cannot be read. Holds one file at a time.

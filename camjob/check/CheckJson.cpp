@@ -169,7 +169,8 @@ Json ShapesOf(const CheckSummary& summary) {
 }  // namespace
 
 void CheckJsonWriter::Begin() {
-    m_out.Write("{\"schema\":" + Dump(kSchema) + ",\n\"files\":[");
+    if (m_isDocument)
+        m_out.Write("{\"schema\":" + Dump(kSchema) + ",\n\"files\":[");
 }
 
 void CheckJsonWriter::Continue() {
@@ -214,10 +215,20 @@ void CheckJsonWriter::End(const CheckSummary& summary) {
         {"notes",          summary.notes         },
         {"warnings",       summary.warnings      },
     };
-    m_out.Write("\n],\n\"summary\":" + Dump(counts) + "}\n");
+    if (m_isDocument)
+        m_out.Write("\n],\n\"summary\":" + Dump(counts) + "}\n");
+    else
+        AddLine("{\"summary\":" + Dump(counts) + "}");
+}
+
+/// An object that is not empty, with the schema before its fields.
+void CheckJsonWriter::AddLine(const std::string& object) {
+    m_out.Write("{\"schema\":" + Dump(kSchema) + "," + object.substr(1) + "\n");
 }
 
 void CheckJsonWriter::AddFile(const std::string& file) {
+    if (!m_isDocument)
+        return AddLine(file);
     m_out.Write(m_separator + file);
     m_separator = kNextFile;
 }

@@ -7,11 +7,13 @@
 
 namespace camjob {
 
-/// The report for programs: one JSON document, written file by file, a line each. Its fields are
-/// told in docs/check-json.md.
+/// The report for programs: one JSON document, written file by file, a line each; or each file and
+/// the summary a document on a line of its own. Their fields are told in docs/check-json.md.
 class CheckJsonWriter : public CheckWriter {
   public:
-    explicit CheckJsonWriter(OutputStream& out) : m_out(out) {}
+    enum class Form { kDocument, kLines };
+    CheckJsonWriter(Form form, OutputStream& out)
+        : m_isDocument(form == Form::kDocument), m_out(out) {}
 
     void Begin() override;
     /// Instead of Begin, when an earlier writer's files are out already.
@@ -22,9 +24,11 @@ class CheckJsonWriter : public CheckWriter {
 
   private:
     void AddFile(const std::string& file);
+    void AddLine(const std::string& object);
 
     static constexpr const char* kNextFile = ",\n";
 
+    bool m_isDocument;
     OutputStream& m_out;
     const char* m_separator = "\n";  ///< before the next file
 };

@@ -44,6 +44,10 @@ ZetString CountOf(long count, const wchar_t* one, const wchar_t* many) {
     return ZetString::format(L"%d %s", count, count == 1 ? one : many);
 }
 
+ZetString Integer(long value) {
+    return ZetString::format(L"%d", value);
+}
+
 ZetString Count(long count, const ZetString& noun) {
     return ZetString::format(L"%d %s%s", count, noun, count == 1 ? L"" : L"s");
 }

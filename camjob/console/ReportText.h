@@ -17,6 +17,7 @@ std::string Printable(const ZetString& text);
 ZetString OneLine(const ZetString& text);
 /// One decimal, and no sign before zero.
 ZetString Number(double value);
+ZetString Integer(long value);
 ZetString CountOf(long count, const wchar_t* one, const wchar_t* many);
 /// "1 note", "2 notes".
 ZetString Count(long count, const ZetString& noun);

@@ -1,5 +1,6 @@
 #include "camjob/run/RunCommand.h"
 
+#include "camjob/console/OneLineStream.h"
 #include "camjob/console/Paths.h"
 #include "camjob/console/Progress.h"
 #include "camjob/console/ReportText.h"
@@ -94,6 +95,7 @@ class JobRunner {
 
   private:
     bool ReadJob();
+    bool RefuseFolder();
     void RunInFolder();
     bool PrepareProject(plugin::JobRun& run);
     bool ShowDialog(plugin::JobRun& run,
@@ -148,7 +150,8 @@ RunReport JobRunner::Run() {
             return std::move(m_report);
         m_report.folder =
             m_options.folder.empty() ? Utf8FromPath(job::GetOutputFolder(m_job)) : m_options.folder;
-        RunInFolder();
+        if (!RefuseFolder())
+            RunInFolder();
     } catch (const OutputFailure& failure) {
         Fail(failure.what());
         m_report.DropResults();
@@ -173,6 +176,15 @@ bool JobRunner::ReadJob() {
     for (fs::path& file : m_ncFiles)
         file = file.generic_u8string();
     return true;
+}
+
+/// True when the output cannot go to its folder.
+bool JobRunner::RefuseFolder() {
+    const std::string fault = m_system.faultOfFolder ? m_system.faultOfFolder(m_report.folder) : "";
+    if (fault.empty())
+        return false;
+    Complain(m_options.job, fault);
+    return !Refuse();
 }
 
 void JobRunner::RunInFolder() {
@@ -560,38 +572,75 @@ void JobRunner::Fail(const std::string& message) {
 
 /// The document on its way to the screen, for its end when the memory fails.
 RunJsonWriter* s_unfinished = nullptr;
+bool s_isOnOneLine = false;
 
 class Unfinished {
   public:
-    explicit Unfinished(RunJsonWriter& writer) { s_unfinished = &writer; }
+    Unfinished(RunJsonWriter& writer, bool isOnOneLine) {
+        s_unfinished = &writer;
+        s_isOnOneLine = isOnOneLine;
+    }
     ~Unfinished() { s_unfinished = nullptr; }
     Unfinished(const Unfinished&) = delete;
     Unfinished& operator=(const Unfinished&) = delete;
 };
 
+/// Calls `write` with the stream that a document goes to.
+template <typename Write>
+void WriteDocument(bool isOnOneLine, OutputStream& out, Write write) {
+    if (!isOnOneLine)
+        return write(out);
+    OneLineStream line(out);
+    write(line);
+    line.End();
+}
+
+void ReportAsJson(RunReport& report, const RunOptions& options, OutputStream& out) {
+    RunJsonWriter json(RunJsonWriter::Form::kScreen, out);
+    const Unfinished unfinished(json, options.asLine);
+    WriteDocument(options.asLine, out, [&](OutputStream& to) {
+        json.GoOnIn(to);
+        try {
+            json.Write(report);
+        } catch (const std::bad_alloc&) {
+            // The output is there, but not the memory to tell of it.
+            report = ReportWithoutMemory(options, true);
+            json.Write(report);
+        }
+    });
+}
+
+void ReportAsText(RunReport& report,
+                  const RunOptions& options,
+                  OutputStream& out,
+                  OutputStream& err) {
+    try {
+        WriteRunText(report, options.showsNotes, out, err);
+    } catch (const std::bad_alloc&) {
+        report = ReportWithoutMemory(options, true);
+        WriteRunText(report, options.showsNotes, out, err);
+    }
+}
+
 }  // namespace
+
+RunReport RunAndReport(const RunOptions& options,
+                       const RunSystem& system,
+                       OutputStream& out,
+                       OutputStream& err) {
+    RunReport report = JobRunner(options, system, err).Run();
+    if (options.asJson)
+        ReportAsJson(report, options, out);
+    else
+        ReportAsText(report, options, out, err);
+    return report;
+}
 
 int RunJob(const RunOptions& options,
            const RunSystem& system,
            OutputStream& out,
            OutputStream& err) {
-    RunReport report = JobRunner(options, system, err).Run();
-    RunJsonWriter json(RunJsonWriter::Form::kScreen, out);
-    const Unfinished unfinished(json);
-    const auto write = [&] {
-        if (options.asJson)
-            json.Write(report);
-        else
-            WriteRunText(report, options.showsNotes, out, err);
-    };
-    try {
-        write();
-    } catch (const std::bad_alloc&) {
-        // The output is there, but not the memory to tell of it.
-        report = ReportWithoutMemory(options, true);
-        write();
-    }
-    return report.GetExitCode();
+    return RunAndReport(options, system, out, err).GetExitCode();
 }
 
 void WriteRunWithoutMemory(bool isBegun, OutputStream& out) {
@@ -599,8 +648,10 @@ void WriteRunWithoutMemory(bool isBegun, OutputStream& out) {
     if (!isBegun) {
         RunJsonWriter(RunJsonWriter::Form::kScreen, out).Write(report);
     } else if (s_unfinished != nullptr) {
-        s_unfinished->GoOnIn(out);
-        s_unfinished->Write(report);
+        WriteDocument(s_isOnOneLine, out, [&](OutputStream& to) {
+            s_unfinished->GoOnIn(to);
+            s_unfinished->Write(report);
+        });
     }
 }
 

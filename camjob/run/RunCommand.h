@@ -2,6 +2,7 @@
 
 #include "camjob/console/OutputStream.h"
 #include "camjob/disk/StagingDisk.h"
+#include "camjob/run/RunReport.h"
 #include "cutting/Planner.h"
 
 #include <functional>
@@ -15,6 +16,7 @@ struct RunOptions {
     std::string folder;        ///< of the output, UTF-8; "": as the job says
     std::string against = {};  ///< an earlier output to compare with; "": the one that is replaced
     bool asJson = false;
+    bool asLine = false;           ///< the JSON on one line
     bool showsNotes = false;       ///< besides the warnings of the reader
     bool showsDialog = false;      ///< for the project information, before anything is read
     bool ignoresSettings = false;  ///< of the project information, whatever the job says of them
@@ -25,6 +27,8 @@ struct RunSystem {
     StagingDisk& disk;
     std::function<bool()> isCancelled;  ///< asked before each file is read and each member written
     cutting::Planner planLeast = &cutting::MakeLeastPlan;
+    /// Why the output cannot go to a folder (UTF-8); "": it can. Null: it can go to any.
+    std::function<std::string(const std::string& folder)> faultOfFolder = nullptr;
 };
 
 /// Runs a job from NC files to manufacturing files, and reports it. All inputs are read before
@@ -34,6 +38,11 @@ int RunJob(const RunOptions& options,
            const RunSystem& system,
            OutputStream& out,
            OutputStream& err);
+/// The same; returns what it has reported.
+RunReport RunAndReport(const RunOptions& options,
+                       const RunSystem& system,
+                       OutputStream& out,
+                       OutputStream& err);
 
 /// The document of a run that the memory was not enough for, or the rest of one that is begun.
 void WriteRunWithoutMemory(bool isBegun, OutputStream& out);

@@ -200,6 +200,10 @@ Json RunJsonWriter::ChangesOf() const {
     return ChangesJson(*m_report->changes, m_isDocument ? WithoutFolder(against) : against);
 }
 
+const char* WordOf(RunStatus status) {
+    return kStatusWords[static_cast<std::size_t>(status)];
+}
+
 void RunJsonWriter::WriteHead() {
     m_lines.AddField("schema", kRunSchema);
     m_lines.AddField("job", m_isDocument ? WithoutFolder(m_report->job) : m_report->job);
@@ -216,9 +220,9 @@ std::string RunJsonWriter::EndText() const {
     for (const RunFault& fault : m_report->faults)
         faults.push_back(ToJson(fault));
     return Dump({
-        {"faults",   std::move(faults)                                       },
-        {"status",   kStatusWords[static_cast<std::size_t>(m_report->status)]},
-        {"exitCode", m_report->GetExitCode()                                 },
+        {"faults",   std::move(faults)       },
+        {"status",   WordOf(m_report->status)},
+        {"exitCode", m_report->GetExitCode() },
     });
 }
 

@@ -10,6 +10,9 @@
 
 namespace camjob {
 
+/// What a status is called.
+const char* WordOf(RunStatus status);
+
 /// The report for programs: one JSON document. Its fields are told in docs/run-json.md.
 class RunJsonWriter {
   public:

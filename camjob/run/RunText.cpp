@@ -23,10 +23,6 @@ constexpr double kPercent = 100.0;
 /// Members with errors that are listed; the error file has all of them.
 constexpr long kMaxListedMembers = 20;
 
-ZetString Integer(long value) {
-    return ZetString::format(L"%d", value);
-}
-
 ZetString InputLine(const RunReport& report) {
     std::vector<ZetString> parts = {Count(report.input.filesRead, L"file") + L" read"};
     if (report.input.skipped > 0)
