@@ -58,7 +58,7 @@ JobOutcome OutcomeOf(const RunReport& report) {
             report.status,
             report.GetExitCode(),
             static_cast<long>(report.members.size()),
-            report.CountInvalid(),
+            report.SumGroups().invalid,
             report.SumAccounts()};
 }
 
