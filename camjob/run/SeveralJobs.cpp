@@ -182,9 +182,13 @@ int RunJobs(const JobsOptions& options,
             OutputStream& out,
             OutputStream& err) {
     RunOptions each = options.each;
-    const bool isOne = options.jobs.size() == 1;
-    each.asLine = options.asLines || !isOne;
     each.asJson = each.asJson || options.asLines;
+    each.asLine = options.asLines || options.jobs.size() > 1;
+    if (options.jobs.size() == 1) {
+        // Behind its report nothing may need memory: the document tells the exit code.
+        each.job = options.jobs.front();
+        return RunJob(each, system, out, err);
+    }
     UsedFolders folders;
     RunSystem inOwnFolder = system;
     inOwnFolder.faultOfFolder = [&](const std::string& folder) {
@@ -201,11 +205,10 @@ int RunJobs(const JobsOptions& options,
         summary.Add(OutcomeOf(report));
         if (report.status == RunStatus::kCancelled)
             break;
-        if (!each.asJson && !isOne && report.status == RunStatus::kDone)
+        if (!each.asJson && report.status == RunStatus::kDone)
             WriteLine(out, L"");
     }
-    if (!isOne)
-        each.asJson ? summary.WriteJson(out) : summary.WriteText(out);
+    each.asJson ? summary.WriteJson(out) : summary.WriteText(out);
     return summary.GetExitCode();
 }
 
