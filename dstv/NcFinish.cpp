@@ -1,9 +1,11 @@
+#include "dstv/NcCrowding.h"
 #include "dstv/NcCuts.h"
 #include "dstv/NcParser.h"
 #include "dstv/NcText.h"
 
 #include <algorithm>
 #include <cmath>
+#include <optional>
 #include <set>
 
 // What can only be decided when all lines of a file have been read.
@@ -32,6 +34,7 @@ constexpr double kSteepestCut = 89.0;
 
 NcPart NcParser::Finish() {
     ResolvePlanes();
+    CheckCrowding();
     NoteRepeatedOutlines();
     MakeCuts();
     m_part.notes = m_notes.Take();
@@ -60,6 +63,14 @@ void NcParser::ResolvePlanes() {
     resolve(m_part.contours);
     resolve(m_part.marks);
     resolve(m_part.numerations);
+}
+
+void NcParser::CheckCrowding() {
+    if (const std::optional<long> line = FindCrowdedSlot(m_part))
+        FailAt({*line, {}},
+               L"holes in slots",
+               "with this slot more than 1000000",
+               L"at most 1000000 in one file, a hole counted once for each slot that it lies in");
 }
 
 void NcParser::NoteRepeatedOutlines() {

@@ -119,6 +119,7 @@ class NcParser {
     void ResolvePlanes();
     void MakeCuts();
     void AddCut(NcCut cut);
+    void CheckCrowding();
     void NoteRepeatedOutlines();
 
     NcPart m_part;

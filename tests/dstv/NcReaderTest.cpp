@@ -232,14 +232,17 @@ TEST(NcReader, DecodesEachTextByItself) {
 }
 
 TEST(NcReader, RefusesControlCharactersInTexts) {
-    for (const std::string& control :
-         {std::string(1, '\0'), std::string("\x1B"), std::string("\f"), std::string("\x7F"),
-          std::string("\xC2\x85")}) {
+    for (const std::string& control : {std::string(1, '\0'),
+                                       std::string("\x1B"),
+                                       std::string("\f"),
+                                       std::string("\x7F"),
+                                       std::string("\xC2\x85")}) {
         SCOPED_TRACE(testing::PrintToString(control));
         NcSample sample;
         sample.mark = "P" + control + "1";
         const std::string expected =
-            ": text \"P\xEF\xBF\xBD" "1\": expected a text without control characters";
+            ": text \"P\xEF\xBF\xBD"
+            "1\": expected a text without control characters";
         EXPECT_EQ(ToldOf(sample.With("EN\n")), "refused 5" + expected + "\n");
         EXPECT_EQ(ToldOf(NcSample().With("SI\n  v 1.0u 2.0 0.0 10r P" + control + "1\nEN\n")),
                   "refused 27" + expected + "\n");
@@ -284,6 +287,14 @@ TEST(NcReader, RefusesMoreThanItsLimits) {
     EXPECT_EQ(ReadError(NcSample().With(holes)), "read");
     EXPECT_EQ(ReadError(NcSample().With(holes + "  v 4 5 6\n")),
               "part.nc1:100027: hole \"v 4 5 6\": expected at most 100000 holes in one file");
+    std::string slots = "BO\n";
+    for (int i = 0; i < 1'000; ++i)
+        slots += "  v " + std::to_string(i) + " 50 18 0l 2000 0 0\n";
+    EXPECT_EQ(ReadError(NcSample().With(slots)), "read");
+    EXPECT_EQ(
+        ReadError(NcSample().With(slots + "  v 2 50 18 0l 2000 0 0\n")),
+        "part.nc1:1026: holes in slots \"with this slot more than 1000000\": expected at most "
+        "1000000 in one file, a hole counted once for each slot that it lies in");
     const std::string blank(static_cast<std::size_t>(dstv::kMaxLines) - 25, '\n');
     EXPECT_EQ(ReadError(NcSample().With(blank)), "read");
     EXPECT_EQ(ReadError(NcSample().With(blank + "EN\n")),
