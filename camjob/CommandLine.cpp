@@ -4,6 +4,7 @@
 #include "camjob/check/CheckCommand.h"
 #include "camjob/compare/CompareCommand.h"
 #include "camjob/console/Interrupt.h"
+#include "camjob/console/ShownText.h"
 #include "camjob/disk/StagingDisk.h"
 #include "camjob/formats/FormatsCommand.h"
 #include "camjob/host/HostCommand.h"
@@ -250,8 +251,8 @@ int Execute(std::vector<std::string> arguments, OutputStream& out, OutputStream&
         std::ostringstream help;
         std::ostringstream usage;
         const int code = app.exit(error, help, usage);
-        out.Write(help.str());
-        err.Write(usage.str());
+        WriteText(out, ZetString::fromUtf8(help.str()));
+        WriteText(err, ZetString::fromUtf8(usage.str()));
         return code == 0 ? kExitDone : kExitBadInput;
     }
     return Chosen(app).run(options, out, err);

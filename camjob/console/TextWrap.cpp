@@ -24,21 +24,36 @@ std::pair<ZetString, ZetString> SplitAt(const ZetString& text, long width) {
     return {ZetString(all.substr(0, end)), ZetString(all.substr(end))};
 }
 
+bool IsBlank(wchar_t c) {
+    return c == L' ' || IsToneMark(c);
+}
+
+/// Where the text of a line begins: behind the indent, or the last gap of several blanks in the
+/// first half.
+std::size_t TextStart(std::wstring_view line, long width) {
+    std::size_t start = 0;
+    while (start < line.size() && IsBlank(line[start]))
+        ++start;
+    const std::size_t half = std::min(line.size(), static_cast<std::size_t>(width) / 2 + 1);
+    for (std::size_t i = start + 2; i < half; ++i)
+        if (line[i] != L' ' && line[i - 1] == L' ' && line[i - 2] == L' ')
+            start = i;
+    return start;
+}
+
 ZetString FittedLine(const ZetString& line, long width) {
     constexpr long kHanging = 2;
     if (DisplayedLength(line) <= width)
         return line;
     const std::wstring_view all = line.view();
-    const std::size_t start = static_cast<std::size_t>(
-        std::find_if(
-            all.begin(), all.end(), [](wchar_t c) { return c != L' ' && !IsToneMark(c); }) -
-        all.begin());
-    const long indent = DisplayedLength(ZetString(all.substr(0, start)));
+    const ZetString before(all.substr(0, TextStart(all, width)));
+    const bool isIndent = std::all_of(before.view().begin(), before.view().end(), IsBlank);
+    const long indent = DisplayedLength(before) + (isIndent ? kHanging : 0);
     const std::vector<ZetString> lines =
-        Wrapped(ZetString(all.substr(start)), std::max(width - indent - kHanging, 1L));
-    ZetString fitted = ZetString(all.substr(0, start)) + lines.front();
+        Wrapped(ZetString(all.substr(before.view().size())), std::max(width - indent, 1L));
+    ZetString fitted = before + lines.front();
     for (std::size_t i = 1; i < lines.size(); ++i)
-        fitted += L"\n" + ZetString(L' ', indent + kHanging) + lines[i];
+        fitted += L"\n" + ZetString(L' ', indent) + lines[i];
     return fitted;
 }
 

@@ -19,7 +19,8 @@ std::vector<ZetString> WordsOf(const ZetString& text);
 /// The lines of a text, broken between words; only a word that is too long by itself is broken.
 std::vector<ZetString> Wrapped(const ZetString& text, long width);
 
-/// Lines that are longer than `width` go on below, indented by two blanks more; 0: none does.
+/// Lines that are longer than `width` go on below: beneath what follows a wide gap in their first
+/// half, else indented by two blanks more. 0: none does.
 ZetString Fitted(const ZetString& text, long width);
 
 }  // namespace camjob

@@ -1,6 +1,7 @@
 #include "camjob/formats/FormatsCommand.h"
 
 #include "camjob/console/ExitCode.h"
+#include "camjob/console/ShownText.h"
 #include "camjob/console/TextTable.h"
 #include "job/FormatFile.h"
 #include "job/MessageTexts.h"
@@ -18,12 +19,12 @@ int List(OutputStream& out) {
     });
     for (const job::BuiltInFormat& format : job::GetBuiltInFormats())
         table.AddRow({ZetString::fromUtf8(format.name), ZetString::fromUtf8(format.meaning)});
-    out.Write("Formats of [[file]] in a job:\n\n" + table.Format().toUtf8());
+    WriteText(out, L"Formats of [[file]] in a job:\n\n" + table.Format(out.GetTerminal()));
     return kExitDone;
 }
 
 int Refuse(const std::string& text, OutputStream& err) {
-    err.Write("camjob: " + text + "\n");
+    WriteLine(err, ZetString::fromUtf8("camjob: " + text));
     return kExitBadInput;
 }
 

@@ -59,7 +59,8 @@ TEST(TextTable, LinesBesideItGoOnBelow) {
     const ZetString text =
         L"refused\n" +
         Toned(Line(L"nc/P1.nc1:31: hole 18 at (20, 5): too near to the edge"), Tone::kError, true) +
-        Line(L"a/very/long/folder/of/nc/files/P2.nc1:2: bad");
+        Line(L"a/very/long/folder/of/nc/files/P2.nc1:2: bad") +
+        Toned(L"  --notes    Show all that is known\n", Tone::kWarning, true);
     EXPECT_EQ(Fitted(text, 0), text);
     EXPECT_EQ(Coloured(Fitted(text, 28).toUtf8()),
               "refused\n"
@@ -67,7 +68,9 @@ TEST(TextTable, LinesBesideItGoOnBelow) {
               "    (20, 5): too near to the\n"
               "    edge\n\x1B[0m"
               "  a/very/long/folder/of/nc\n"
-              "    /files/P2.nc1:2: bad\n");
+              "    /files/P2.nc1:2: bad\n"
+              "\x1B[33m  --notes    Show all that\n"
+              "             is known\n\x1B[0m");
 }
 
 }  // namespace
