@@ -117,8 +117,11 @@ NcTokens::NcTokens(const NcLine& line) : m_line(line) {
 }
 
 void NcTokens::SkipBlanks() {
-    while (m_at < m_line.text.size() && (m_line.text[m_at] == ' ' || m_line.text[m_at] == '\t'))
-        ++m_at;
+    const std::string_view text = m_line.text;
+    std::size_t at = m_at;
+    while (at < text.size() && (text[at] == ' ' || text[at] == '\t'))
+        ++at;
+    m_at = at;
 }
 
 bool NcTokens::IsAtNumber() const {

@@ -286,6 +286,11 @@ void OutputComparison::TakeOld(const OutputMember& old) {
         m_changes.members.push_back(std::move(change));
 }
 
+void OutputComparison::TakeUnchanged(const std::string& mark) {
+    m_oldMarks.insert(mark);
+    ++m_changes.unchanged;
+}
+
 OutputChanges OutputComparison::Finish(const std::vector<std::string>& marks,
                                        const std::vector<OutputBars>& oldBars,
                                        const std::vector<OutputBars>& newBars) {

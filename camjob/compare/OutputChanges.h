@@ -64,6 +64,8 @@ class OutputComparison {
 
     /// Takes the next member of the older output.
     void TakeOld(const OutputMember& old);
+    /// The same for one that the newer output has just so.
+    void TakeUnchanged(const std::string& mark);
     /// `marks`: all of the newer output, in its order. Once.
     OutputChanges Finish(const std::vector<std::string>& marks,
                          const std::vector<OutputBars>& oldBars,

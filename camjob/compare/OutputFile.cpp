@@ -42,12 +42,14 @@ std::variant<std::string, NoOutput> FindRunDocument(const std::string& name) {
 
 }  // namespace
 
-std::variant<RunDocument, NoOutput> ReadOutput(const std::string& name, const TakeMember& take) {
+std::variant<RunDocument, NoOutput> ReadOutput(const std::string& name,
+                                               const TakeMember& take,
+                                               const KnowsMember& knows) {
     auto file = FindRunDocument(name);
     if (auto* none = std::get_if<NoOutput>(&file))
         return std::move(*none);
     const std::string& document = std::get<std::string>(file);
-    auto read = ReadRunDocument(PathFromUtf8(document), take);
+    auto read = ReadRunDocument(PathFromUtf8(document), take, knows);
     if (const auto* fault = std::get_if<RunDocumentFault>(&read))
         return NoOutput{document + ": " + fault->reason};
     return std::get<RunDocument>(std::move(read));
@@ -56,7 +58,14 @@ std::variant<RunDocument, NoOutput> ReadOutput(const std::string& name, const Ta
 std::variant<Comparison, NoOutput> ChangesSince(const std::string& older,
                                                 const NewerOutput& newer) {
     OutputComparison comparison(newer.lookUp);
-    auto read = ReadOutput(older, [&](const OutputMember& member) { comparison.TakeOld(member); });
+    const auto take = [&](const OutputMember& member) { comparison.TakeOld(member); };
+    const auto isSame = [&](std::string_view line) {
+        const std::optional<std::string> mark = newer.markOfLine(line);
+        if (mark)
+            comparison.TakeUnchanged(*mark);
+        return mark.has_value();
+    };
+    auto read = ReadOutput(older, take, newer.markOfLine ? KnowsMember(isSame) : nullptr);
     if (auto* none = std::get_if<NoOutput>(&read))
         return std::move(*none);
     auto& document = std::get<RunDocument>(read);

@@ -3,6 +3,8 @@
 #include "camjob/compare/ChangesJson.h"
 
 #include <fstream>
+#include <iterator>
+#include <utility>
 
 namespace camjob {
 
@@ -50,15 +52,49 @@ Json ParseWithoutMembers(std::istream& stream, const TakeMember& take) {
     });
 }
 
+/// The same by lines, with what stands around the members as a document. Nothing of a document
+/// that has them in another form.
+std::optional<Json> ParseByLines(std::istream& stream,
+                                 const TakeMember& take,
+                                 const KnowsMember& knows) {
+    std::string around;
+    std::string line;
+    while (std::getline(stream, line) && line != "\"members\":[")
+        around += line + "\n";
+    if (!stream)
+        return std::nullopt;
+    around += line;
+    for (bool isLast = false; !isLast && std::getline(stream, line);) {
+        const std::string_view text = line;
+        const std::size_t end = text.rfind('}') + 1;
+        const std::string_view member = text.substr(0, end);
+        if (knows == nullptr || !knows(member))
+            take(MemberOf(Json::parse(member)));
+        isLast = text.substr(end) != ",";
+        around += isLast ? line.substr(end) : "";
+    }
+    around.append(std::istreambuf_iterator<char>(stream), {});
+    return Json::parse(around);
+}
+
+Json Parse(std::istream& stream, const TakeMember& take, const KnowsMember& knows) {
+    if (std::optional<Json> document = ParseByLines(stream, take, knows))
+        return *std::move(document);
+    stream.clear();
+    stream.seekg(0);
+    return ParseWithoutMembers(stream, take);
+}
+
 }  // namespace
 
 std::variant<RunDocument, RunDocumentFault> ReadRunDocument(const std::filesystem::path& file,
-                                                            const TakeMember& take) {
+                                                            const TakeMember& take,
+                                                            const KnowsMember& knows) {
     std::ifstream stream(file, std::ios::binary);
     if (!stream)
         return RunDocumentFault{"cannot be read"};
     try {
-        const Json document = ParseWithoutMembers(stream, take);
+        const Json document = Parse(stream, take, knows);
         if (document.at("schema") != kRunSchema)
             return RunDocumentFault{"is of another version (" +
                                     document.at("schema").get<std::string>() + ", not " +

@@ -6,6 +6,7 @@
 #include <functional>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <variant>
 #include <vector>
 
@@ -27,8 +28,13 @@ struct RunDocumentFault {
 
 using TakeMember = std::function<void(const OutputMember& member)>;
 
+/// Asked for each member that has a line of its own, as `camjob run` writes them: true for one that
+/// need not be read.
+using KnowsMember = std::function<bool(std::string_view line)>;
+
 /// Reads the document of a run, which hands over its members one by one: they may be many.
 std::variant<RunDocument, RunDocumentFault> ReadRunDocument(const std::filesystem::path& file,
-                                                            const TakeMember& take);
+                                                            const TakeMember& take,
+                                                            const KnowsMember& knows = nullptr);
 
 }  // namespace camjob

@@ -1,7 +1,10 @@
 #include "camjob/run/RunComparison.h"
 
+#include "camjob/console/Paths.h"
 #include "camjob/run/FeatureWords.h"
+#include "camjob/run/MemberJson.h"
 
+#include <string_view>
 #include <unordered_map>
 #include <utility>
 
@@ -47,15 +50,37 @@ OutputBars ToCompare(const RunPlan& plan) {
             totals.GetUtilisation()};
 }
 
+/// Members by their mark.
+using Positions = std::unordered_map<std::string, std::size_t>;
+
+std::optional<std::string> MarkOfLine(const RunReport& report,
+                                      const Positions& positions,
+                                      std::string_view line) {
+    constexpr std::string_view kBeforeMark = "\"mark\":\"";
+    const std::size_t begin = line.find(kBeforeMark);
+    if (begin == std::string_view::npos)
+        return std::nullopt;
+    const std::string_view rest = line.substr(begin + kBeforeMark.size());
+    const auto at = positions.find(std::string(rest.substr(0, rest.find('"'))));
+    if (at == positions.end())
+        return std::nullopt;
+    const std::string& file = report.members[at->second].file.name;
+    const JsonText own = MemberJson(report, at->second, NameFromFolderOf(report.job, file));
+    return own.text == line ? std::optional(at->first) : std::nullopt;
+}
+
 }  // namespace
 
 NewerOutput ToCompare(const RunReport& report) {
     NewerOutput output;
-    std::unordered_map<std::string, std::size_t> positions;
+    Positions positions;
     for (const RunMember& member : report.members) {
         output.marks.push_back(member.result.mark.toUtf8());
         positions.insert({output.marks.back(), positions.size()});
     }
+    output.markOfLine = [&report, positions](std::string_view line) {
+        return MarkOfLine(report, positions, line);
+    };
     output.lookUp = [&report, positions = std::move(positions)](
                         const std::string& mark) -> std::optional<OutputMember> {
         const auto at = positions.find(mark);

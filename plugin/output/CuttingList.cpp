@@ -51,12 +51,15 @@ ZetString NumberOnLastBar(const PieceOnBar& piece, const cutting::PlannedBars& b
 void AppendBars(const ProfilePlan& plan, ZetArray<ZetString>& lines) {
     BarWalk walk(plan);
     long number = plan.firstBar;
+    std::vector<ZetString> stocks;
+    for (const BarStock& stock : plan.stocks)
+        stocks.push_back(DescribeStock(stock));
     lines.append(L"");
     lines.append(L"\t position  mark            length   piece    last  member");
     for (const cutting::PlannedBars& bars : plan.plan.bars) {
         const auto count = static_cast<long>(bars.bars);
         lines.append(L"");
-        lines.append(BarNumbers(number, count) + L" of " + DescribeStock(plan.stocks[bars.stock]));
+        lines.append(BarNumbers(number, count) + L" of " + stocks[bars.stock]);
         for (const PieceOnBar& piece : walk.Next(bars))
             lines.append(ZetString::format(L"\t%9.1f  %-12s %9.1f  %6d  %6s  %s",
                                            Millimetres(piece.position),

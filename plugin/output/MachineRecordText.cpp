@@ -40,7 +40,7 @@ struct WordField {
 
 template <typename Record>
 struct Field {
-    std::wstring_view name;
+    std::string_view name;
     std::variant<double Record::*,
                  long Record::*,
                  ZetString Record::*,
@@ -50,53 +50,53 @@ struct Field {
 };
 
 constexpr Field<MachineMember> kMemberFields[] = {
-    {L"mark",     &MachineMember::mark    },
-    {L"quantity", &MachineMember::quantity},
-    {L"profile",  &MachineMember::profile },
-    {L"length",   &MachineMember::length  },
-    {L"material", &MachineMember::material},
-    {L"weight",   &MachineMember::weight  },
+    {"mark",     &MachineMember::mark    },
+    {"quantity", &MachineMember::quantity},
+    {"profile",  &MachineMember::profile },
+    {"length",   &MachineMember::length  },
+    {"material", &MachineMember::material},
+    {"weight",   &MachineMember::weight  },
 };
 
 using Operation = MachineOperation;
 using OperationField = Field<Operation>;
 
 constexpr OperationField kFace = {
-    L"face", WordField<Operation>{&Operation::face, kFaceWords}
+    "face", WordField<Operation>{&Operation::face, kFaceWords}
 };
 constexpr OperationField kCut = {
-    L"cut", WordField<Operation>{&Operation::cut, kCutWords}
+    "cut", WordField<Operation>{&Operation::cut, kCutWords}
 };
-constexpr OperationField kX = {L"x", &Operation::x};
-constexpr OperationField kY = {L"y", &Operation::y};
-constexpr OperationField kDiameter = {L"diameter", &Operation::diameter};
-constexpr OperationField kLength = {L"length", &Operation::length};
-constexpr OperationField kWidth = {L"width", &Operation::width};
-constexpr OperationField kAngle = {L"angle", &Operation::angle};
-constexpr OperationField kDepth = {L"depth", &Operation::depth};
-constexpr OperationField kSinkDiameter = {L"sink_diameter", &Operation::sinkDiameter};
-constexpr OperationField kSinkDepth = {L"sink_depth", &Operation::sinkDepth};
+constexpr OperationField kX = {"x", &Operation::x};
+constexpr OperationField kY = {"y", &Operation::y};
+constexpr OperationField kDiameter = {"diameter", &Operation::diameter};
+constexpr OperationField kLength = {"length", &Operation::length};
+constexpr OperationField kWidth = {"width", &Operation::width};
+constexpr OperationField kAngle = {"angle", &Operation::angle};
+constexpr OperationField kDepth = {"depth", &Operation::depth};
+constexpr OperationField kSinkDiameter = {"sink_diameter", &Operation::sinkDiameter};
+constexpr OperationField kSinkDepth = {"sink_depth", &Operation::sinkDepth};
 constexpr OperationField kThread = {
-    L"thread", WordField<Operation>{&Operation::thread, kThreadWords}
+    "thread", WordField<Operation>{&Operation::thread, kThreadWords}
 };
-constexpr OperationField kPoints = {L"points", &Operation::points};
-constexpr OperationField kCode = {L"code", &Operation::code};
+constexpr OperationField kPoints = {"points", &Operation::points};
+constexpr OperationField kCode = {"code", &Operation::code};
 
 constexpr OperationField kSide = {
-    L"side", WordField<Operation>{&Operation::side, kSideWords}
+    "side", WordField<Operation>{&Operation::side, kSideWords}
 };
-constexpr OperationField kAt = {L"at", &Operation::at};
+constexpr OperationField kAt = {"at", &Operation::at};
 constexpr OperationField kEnd = {
-    L"end", WordField<Operation>{&Operation::end, kEndWords}
+    "end", WordField<Operation>{&Operation::end, kEndWords}
 };
 constexpr OperationField kCutFace = {
-    L"face", WordField<Operation>{&Operation::cutFace, kCutFaceWords}
+    "face", WordField<Operation>{&Operation::cutFace, kCutFaceWords}
 };
 constexpr OperationField kMarkKind = {
-    L"kind", WordField<Operation>{&Operation::mark, kMarkWords}
+    "kind", WordField<Operation>{&Operation::mark, kMarkWords}
 };
-constexpr OperationField kHeight = {L"height", &Operation::height};
-constexpr OperationField kText = {L"text", &Operation::text};
+constexpr OperationField kHeight = {"height", &Operation::height};
+constexpr OperationField kText = {"text", &Operation::text};
 
 constexpr OperationField kHole[] = {kFace, kX, kY, kDiameter, kDepth, kThread, kCode};
 constexpr OperationField kCountersunk[] = {
@@ -142,8 +142,10 @@ void AppendQuoted(std::string& line, std::wstring_view text) {
     line += '"';
 }
 
-bool TakePrefix(std::wstring_view& text, std::wstring_view prefix) {
-    const bool isThere = text.substr(0, prefix.size()) == prefix;
+/// The prefix is ASCII.
+bool TakePrefix(std::wstring_view& text, std::string_view prefix) {
+    const bool isThere =
+        text.size() >= prefix.size() && std::equal(prefix.begin(), prefix.end(), text.begin());
     text.remove_prefix(isThere ? prefix.size() : 0);
     return isThere;
 }
@@ -166,10 +168,10 @@ std::optional<wchar_t> TakeCharacter(std::wstring_view& text) {
 /// What stands in quotes at the beginning of `text`, which is then what follows; nothing when there
 /// is no such text.
 std::optional<ZetString> TakeQuoted(std::wstring_view& text) {
-    if (!TakePrefix(text, L"\""))
+    if (!TakePrefix(text, "\""))
         return std::nullopt;
     std::wstring value;
-    while (!TakePrefix(text, L"\"")) {
+    while (!TakePrefix(text, "\"")) {
         const std::optional<wchar_t> c = TakeCharacter(text);
         if (!c)
             return std::nullopt;
@@ -288,7 +290,7 @@ void AppendLine(std::string& text,
     AppendAscii(text, word);
     for (const Field<Record>& field : fields) {
         text += ' ';
-        AppendAscii(text, field.name);
+        text += field.name;
         text += '=';
         std::visit(FieldFormatter<Record>{record, text}, field.value);
     }
@@ -306,11 +308,12 @@ ZetString ParseFields(std::wstring_view text,
                       Record& record) {
     for (const Field<Record>& field : fields) {
         const bool isThere =
-            TakePrefix(text, L" ") && TakePrefix(text, field.name) && TakePrefix(text, L"=");
+            TakePrefix(text, " ") && TakePrefix(text, field.name) && TakePrefix(text, "=");
         if (!isThere)
-            return ZetString::format(L"the field %s is missing", field.name);
+            return ZetString::format(L"the field %s is missing", ZetString::fromUtf8(field.name));
         if (!std::visit(FieldParser<Record>{record, text}, field.value))
-            return ZetString::format(L"the field %s has no valid value", field.name);
+            return ZetString::format(L"the field %s has no valid value",
+                                     ZetString::fromUtf8(field.name));
     }
     return text.empty() ? L"" : L"there is more in the line than its fields";
 }
