@@ -162,7 +162,8 @@ commands() {
         HOME=$place/home PATH=$place/bin:$archive/bin:$PATH tests/check-guide.sh "$1" "$archive/share/doc/camdata" \
             "$scratch/commands" "$place"
     }
-    for document in README.md CONTRIBUTING.md examples/warehouse/README.md examples/formats/README.md; do
+    for document in README.md CONTRIBUTING.md examples/warehouse/README.md examples/formats/README.md \
+        examples/many-jobs/README.md; do
         type_in_place $document
     done
     rm -r "$place"/{build,.git}
