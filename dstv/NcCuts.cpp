@@ -1,5 +1,7 @@
 #include "dstv/NcCuts.h"
 
+#include "dstv/NcRoundEnd.h"
+
 #include <algorithm>
 #include <array>
 #include <cmath>
@@ -96,6 +98,17 @@ bool EndsIn(const Outline& outline, const NcCut& cut) {
     return false;
 }
 
+bool IsRound(const NcHeader& header) {
+    return header.profileCode == L"RO" || header.profileCode == L"RU";
+}
+
+/// True when an outline shows the angle of a cut.
+bool Shows(const Outline& outline, const NcCut& cut, const NcHeader& header) {
+    if (!IsRound(header))
+        return EndsIn(outline, cut);
+    return EndsInWave(outline, {header.profileHeight, cut.angle, cut.x, cut.isAtEnd, kAtEnd});
+}
+
 /// By how much a cut shortens a wall that does not show its angle, mm; its thickness may take off
 /// from that.
 double ShorteningOf(const Wall& wall, const NcCut& cut, const NcHeader& header) {
@@ -118,7 +131,8 @@ bool IsCut(const Wall& wall, const NcPart& part, const NcCut& cut) {
     return std::any_of(part.contours.begin(), part.contours.end(), [&](const NcContour& contour) {
         const NcFace face = StandardPlace(part, contour.place).face;
         return !contour.isInternal && (face == wall.views[0] || face == wall.views[1]) &&
-               EndsBefore(contour.outline, cut, x) && (!showsAngle || EndsIn(contour.outline, cut));
+               EndsBefore(contour.outline, cut, x) &&
+               (!showsAngle || Shows(contour.outline, cut, part.header));
     });
 }
 

@@ -75,11 +75,25 @@ void NcParser::FinishHole(NcHole hole, const NcLine& line) {
     if (hole.form == NcHoleForm::kRectangle)
         hole.outline = RectangleOutline(
             {hole.x, hole.q}, hole.slotWidth, hole.slotHeight, hole.diameter, hole.slotAngle);
+    WarnOfLostKind(hole);
     Spend(hole.outline.size(), line);
     if (m_part.holes.size() == kMaxHoles)
         FailAt(line, L"hole", Trimmed(line.text), L"at most 100000 holes in one file");
     CheckHole(line.number, hole.place, CentreOf(hole));
     m_part.holes.push_back(std::move(hole));
+}
+
+/// NC data has threads of round holes only, and no countersinks of openings.
+void NcParser::WarnOfLostKind(const NcHole& hole) {
+    const bool isRectangle = hole.form == NcHoleForm::kRectangle;
+    const bool isThread =
+        hole.kind == NcHoleKind::kThreadRight || hole.kind == NcHoleKind::kThreadLeft;
+    const bool isLost = isThread || (isRectangle && hole.kind == NcHoleKind::kCountersunk);
+    if (isLost && (isRectangle || hole.form == NcHoleForm::kSlot))
+        m_notes.Warn(hole.line,
+                     ZetString::format(L"%s of a %s: it does not count",
+                                       isThread ? L"thread" : L"countersink",
+                                       isRectangle ? L"rectangle" : L"slot"));
 }
 
 void NcParser::ReadSlot(NcTokens& tokens, NcHole& hole) {

@@ -1,6 +1,6 @@
 #include "camjob/check/FaceWords.h"
 
-#include "camdata/holes/CViewData.h"
+#include "plugin/rules/FaceText.h"
 
 #include <array>
 
@@ -19,13 +19,7 @@ bool IsStandard(int viewPosition) {
 }  // namespace
 
 ZetString FaceWord(eHoleFace face) {
-    if (face == eHoleFaceSlopedTopFlange)
-        return L"sloped top flange";
-    if (face == eHoleFaceSlopedBottomFlange)
-        return L"sloped bottom flange";
-    CViewData viewData;
-    viewData.SetHoleFace(face);
-    return viewData.GetFaceStrForOutPut();
+    return plugin::FaceText(face);
 }
 
 ZetString ViewWord(int viewPosition) {

@@ -39,7 +39,8 @@ class FormatWriter::MemberText {
           m_member(member),
           m_faults(faults),
           m_order(MakeOrder()),
-          m_isTaken(m_order.size()) {
+          m_isTaken(m_order.size()),
+          m_isSilent(m_order.size()) {
         m_subject.texts = &texts;
         m_subject.group = &member.group;
         m_subject.member = &member;
@@ -57,7 +58,7 @@ class FormatWriter::MemberText {
         AppendFrame(job::FormatPart::kMemberEnd, block);
         if (block.HasFault())
             m_faults.push_back({block.TakeFault()});
-        return {block.TakeText(), block.GetLines(), m_member.quantity};
+        return {block.TakeText(), block.GetLines(), m_member.quantity, std::move(m_isSilent)};
     }
 
   private:
@@ -125,9 +126,16 @@ class FormatWriter::MemberText {
     /// The first line that fits the operation, and those that it repeats.
     const job::FormatLine* TakeLine(std::size_t place, FormatSubject& subject) {
         for (const job::FormatLine& line : m_format.LinesFor(PartOf(*subject.operation)))
-            if (Fits(line, subject) && (!line.repeat || TakeRun(line, place, subject)))
+            if (Fits(line, subject) && (!line.repeat || TakeRun(line, place, subject))) {
+                Take(line, place);
                 return &line;
+            }
         return nullptr;
+    }
+
+    void Take(const job::FormatLine& line, std::size_t place) {
+        m_isTaken[place] = 1;
+        m_isSilent[m_order[place]] = line.lines.empty() ? 1 : 0;
     }
 
     /// Of an operation that no line has taken.
@@ -156,7 +164,7 @@ class FormatWriter::MemberText {
         if (count < line.least)
             return false;
         for (const std::size_t taken : run.places)
-            m_isTaken[taken] = 1;
+            Take(line, taken);
         subject.operation = &m_member.operations[m_order[run.places.front()]];
         subject.count = count;
         subject.pitch = run.pitch * StepOf(line);
@@ -198,6 +206,7 @@ class FormatWriter::MemberText {
     std::vector<FormatFault>& m_faults;
     const std::vector<std::size_t> m_order;  ///< positions of operations
     std::vector<char> m_isTaken;             ///< by place in the order: a line has it already
+    std::vector<char> m_isSilent;            ///< by operation
     std::map<const job::FormatLine*, std::unique_ptr<RepeatedOperations>> m_repeated;
     FormatSubject m_subject;
     long m_index = 0;

@@ -19,6 +19,7 @@ struct FormattedMember {
     std::string text;  ///< in the encoding of the format
     long lines = 0;
     long quantity = 0;
+    std::vector<char> isSilent;  ///< by operation: the format says nothing for it
 };
 
 /// The members of a group, in their order.

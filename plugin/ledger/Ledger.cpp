@@ -82,10 +82,11 @@ bool Ledger::Has(const Entry& entry, Account account) const {
     return whole != nullptr && (whole->claims & BitOf(account)) != 0;
 }
 
-/// Made, or refused.
+/// Made, refused, or what the machine is not asked for.
 bool Ledger::IsSettled(long tag) const {
     const Entry* const entry = EntryOf(tag);
-    return entry != nullptr && (Has(*entry, Account::kMade) || Has(*entry, Account::kRefused));
+    return entry != nullptr && (Has(*entry, Account::kMade) || Has(*entry, Account::kRefused) ||
+                                Has(*entry, Account::kNotForMachine));
 }
 
 std::optional<Account> Ledger::AccountOf(long tag, bool isMemberMade) const {

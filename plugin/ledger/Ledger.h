@@ -14,9 +14,9 @@ enum class Account {
     kMade,           ///< by an operation, or by a part of one
     kRefused,        ///< a finding names it
     kNotMade,        ///< the member is not made
-    kSetAside,       ///< for another feature that is made or refused
+    kSetAside,       ///< for another feature that is settled
     kNoted,          ///< the host's reader has told it
-    kNotForMachine,  ///< a mark or text that the machine is not asked for
+    kNotForMachine,  ///< what the machine is not asked for: marks and texts, or by its format
 };
 inline constexpr std::size_t kAccountCount = 6;
 
@@ -45,8 +45,8 @@ class Ledger {
     /// Makes a feature a part of another: what becomes of that becomes of it.
     void Join(long tag, long wholeTag);
 
-    /// The account of a feature; nothing when it is lost, or set aside for one that is neither made
-    /// nor refused. `isMemberMade`: the member is in the machine files.
+    /// The account of a feature; nothing when it is lost, or set aside for one that is not
+    /// settled: made, refused or not for this machine. `isMemberMade`: the member is in the machine files.
     std::optional<Account> AccountOf(long tag, bool isMemberMade) const;
     /// How many features are not made with a member that is not.
     long CountNotMade() const;

@@ -11,6 +11,9 @@ namespace plugin {
 
 namespace {
 
+constexpr const wchar_t* kSilentFormat =
+    L"not for this machine: %d %s; the format of each file has a line without text for it";
+
 ZetString WordOf(Words words, int position) {
     return ZetString(words[static_cast<std::size_t>(position)]);
 }
@@ -59,6 +62,34 @@ void JobMember::WriteFormats() {
     const auto write = [&](std::size_t format) { return WriteFormat(format); };
     while (!std::all_of(formats.begin(), formats.end(), write)) {
     }
+    NoteSilent();
+}
+
+/// True when each file of the group has a format that says nothing for the operation.
+bool JobMember::IsSilent(std::size_t operation) const {
+    const std::vector<std::size_t>& files = GetGroup().files;
+    const auto saysNothing = [&](std::size_t file) {
+        const std::optional<std::size_t>& format = GetJob().files[file].format;
+        const FormattedMember* const formatted = format ? GetFormatted(*format) : nullptr;
+        return formatted != nullptr && formatted->isSilent[operation] != 0;
+    };
+    return !files.empty() && std::all_of(files.begin(), files.end(), saysNothing);
+}
+
+/// Of operations that no file of the group says anything for, one note tells them all.
+void JobMember::NoteSilent() {
+    std::set<long> silent;
+    for (std::size_t i = 0; i < m_operationTags.size(); ++i)
+        if (IsSilent(i))
+            silent.insert(m_operationTags[i]);
+    if (silent.empty())
+        return;
+    const auto count = static_cast<long>(silent.size());
+    if (const std::optional<Feature> feature = FeatureOf(*silent.begin()))
+        m_notes.push_back(
+            {*feature,
+             ZetString::format(
+                 kSilentFormat, count, ZetString(count == 1 ? L"feature" : L"features"))});
 }
 
 /// False when operations were taken out.

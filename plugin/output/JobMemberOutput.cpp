@@ -183,8 +183,8 @@ void JobMember::MakeOperations() {
 }
 
 void JobMember::ClaimOperations() {
-    for (const long tag : m_operationTags)
-        m_ledger.Claim(tag, Account::kMade);
+    for (std::size_t i = 0; i < m_operationTags.size(); ++i)
+        m_ledger.Claim(m_operationTags[i], IsSilent(i) ? Account::kNotForMachine : Account::kMade);
 }
 
 /// A section of the type's own has its flanges' widths from the web; else they begin where the

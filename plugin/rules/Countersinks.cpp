@@ -6,6 +6,8 @@
 #include <algorithm>
 #include <cmath>
 #include <limits>
+#include <optional>
+#include <utility>
 
 // The library joins a countersink and a hole of any kind at exactly one place. Here it is a round
 // hole, and the place is the same within the tolerances.
@@ -16,9 +18,23 @@ namespace {
 
 constexpr const wchar_t* kNoHoleText = L"The countersink has no round hole at its place";
 constexpr const wchar_t* kSecondText = L"The hole has another countersink already";
+constexpr const wchar_t* kNarrowText = L"The countersink is narrower than its hole";
+constexpr const wchar_t* kSlotText = L"The countersink is a slot, and no operation tells one";
+constexpr const wchar_t* kHoleRefusedText = L"Its hole is not made";
 
 bool CanBeCountersunk(const CHoleAddlInfo& hole) {
     return !hole.GetIsSlot() && hole.GetHoleData().kind == ZetNCHoleData::eKindPlain;
+}
+
+/// Why the countersink is not made with the hole (null: there is none); null when it is.
+const wchar_t* FaultOf(const CHoleAddlInfo& sink, const CHoleAddlInfo* hole) {
+    if (sink.GetIsSlot())
+        return kSlotText;
+    if (hole == nullptr)
+        return kNoHoleText;
+    if (hole->GetIsCSK())
+        return kSecondText;
+    return sink.GetSize() < hole->GetSize() ? kNarrowText : nullptr;
 }
 
 /// What rounding may add to a distance at exactly the tolerance, mm.
@@ -64,12 +80,9 @@ void JobMember::JoinCountersinks() {
     });
     for (CHoleAddlInfo& sink : m_cskHoles) {
         const long index = FindHoleOf(sink, holes);
-        if (index < 0 || m_holes[index].GetIsCSK()) {
+        if (const wchar_t* const fault = FaultOf(sink, index < 0 ? nullptr : &m_holes[index])) {
             sink.SetValid(false);
-            FileHole({.type = job::kLoneCountersink,
-                      .text = index < 0 ? kNoHoleText : kSecondText,
-                      .isRefusal = true},
-                     sink);
+            FileHole({.type = job::kLoneCountersink, .text = fault, .isRefusal = true}, sink);
             continue;
         }
         CHoleAddlInfo& hole = m_holes[index];
@@ -91,6 +104,20 @@ JobMember::HolePlace JobMember::PlaceOf(const CHoleAddlInfo& hole) {
 const CHoleAddlInfo* JobMember::SinkOf(const CHoleAddlInfo& hole) const {
     const auto at = m_sinks.find(PlaceOf(hole));
     return at == m_sinks.end() ? nullptr : &at->second;
+}
+
+/// With a hole that is not made goes its countersink.
+void JobMember::RefuseSinkOf(const CHoleAddlInfo& hole, Finding finding) {
+    const CHoleAddlInfo* const sink = SinkOf(hole);
+    if (sink == nullptr)
+        return;
+    for (CHoleAddlInfo& each : m_cskHoles)
+        if (each.GetHoleData().hostTag == sink->GetHoleData().hostTag)
+            each.SetValid(false);
+    finding.text = kHoleRefusedText;
+    finding.required = std::nullopt;
+    finding.found = std::nullopt;
+    FileHole(std::move(finding), *sink);
 }
 
 }  // namespace plugin

@@ -14,21 +14,29 @@ namespace {
 
 constexpr const wchar_t* kInsideFormat =
     L"The cut lies at X %.1f, not at an end of the member: it is not made";
+constexpr const wchar_t* kInwardFormat =
+    L"The normal of the cut at X %.1f points into the member, of which it would leave nothing: it is "
+    L"not made";
 constexpr const wchar_t* kRunOutFormat =
     L"The mitres take %.1f off an edge of the %s, more than the member is long: none is made";
 
 }  // namespace
 
-/// A cut at an end of the member is a mitre.
+/// A cut at an end of the member is a mitre. Leaves the current tolerance, by which holes are to be
+/// compared.
 void JobMember::CheckCuts() {
-    CMxGeom::SetTol(eTolX);
+    const auto isAt = [](double a, double b) {
+        return std::abs(a - b) <= std::abs(CMxGeom::GetXTol());
+    };
     for (const ZetNCCut& cut : m_structure.getCuts()) {
-        const double end = cut.end == ZetNCCut::eEndStart ? 0.0 : GetLength();
-        if (CMxGeom::IsEqual_Mx(cut.x, end))
+        const bool isAtStart = cut.end == ZetNCCut::eEndStart;
+        const double end = isAtStart ? 0.0 : GetLength();
+        const bool isInward = isAt(cut.x, isAtStart ? GetLength() : 0.0);
+        if (isAt(cut.x, end))
             m_mitres.push_back(cut);
         else
             FileFinding({.type = job::kUnclearCut,
-                         .text = ZetString::format(kInsideFormat, cut.x),
+                         .text = ZetString::format(isInward ? kInwardFormat : kInsideFormat, cut.x),
                          .required = end,
                          .found = cut.x,
                          .feature = FeatureOf(cut.hostTag),

@@ -90,9 +90,6 @@ void JobMember::HandleUncoveredHole(CHoleAddlInfo& hole) {
 /// Files a finding; the hole is not manufactured.
 void JobMember::RefuseHole(Finding finding, CHoleAddlInfo& hole) {
     finding.isRefusal = true;
-    if (const CHoleAddlInfo* const sink = SinkOf(hole))
-        if (const auto feature = FeatureOf(sink->GetHoleData().hostTag))
-            m_notes.push_back({*feature, L"the countersink is refused with its hole"});
     FileHole(std::move(finding), hole);
     hole.SetValid(false);
     hole.SetHoleStatus(eHoleStatusNeverPair);

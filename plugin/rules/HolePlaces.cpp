@@ -1,3 +1,4 @@
+#include "plugin/rules/FaceText.h"
 #include "plugin/rules/JobMember.h"
 #include "plugin/rules/NegativeZeros.h"
 
@@ -124,6 +125,15 @@ std::optional<Finding> JobMember::OutsideOf(const CHoleAddlInfo& hole,
     return told(kReachesText, ExtentsOf(hole, !IsRound()));
 }
 
+/// Outside, or in what is cut away.
+std::optional<Finding> JobMember::FaultOfPlace(const CHoleAddlInfo& hole,
+                                               const FaceOutline* outline) const {
+    std::optional<Finding> finding = OutsideOf(hole, outline);
+    if (!finding && IsCutAway(hole))
+        finding = Finding{.type = job::kHoleOutside, .text = kOutsideText};
+    return finding;
+}
+
 /// What nobody can judge is told.
 void JobMember::NoteUnclearPlace(const CHoleAddlInfo& hole, const FaceOutline* outline) {
     const auto note = [&](const wchar_t* text) {
@@ -140,10 +150,7 @@ void JobMember::NoteUnclearPlace(const CHoleAddlInfo& hole, const FaceOutline* o
 void JobMember::CheckPlaces() {
     const FaceOutline* const outline = PlateOutline();
     for (CHoleAddlInfo& hole : m_holes) {
-        std::optional<Finding> finding = OutsideOf(hole, outline);
-        if (!finding && IsCutAway(hole))
-            finding = Finding{.type = job::kHoleOutside, .text = kOutsideText};
-        if (finding)
+        if (std::optional<Finding> finding = FaultOfPlace(hole, outline))
             RefuseHole(std::move(*finding), hole);
         else
             NoteUnclearPlace(hole, outline);
@@ -240,7 +247,7 @@ void JobMember::FileDistances(const CHoleAddlInfo& hole,
                               const std::vector<ShortDistance>& distances) {
     ZetArray<ZetString> printed;
     for (const ZetString& line : lines)
-        printed.append(WithoutNegativeZeros(line));
+        printed.append(WithFaceNamed(WithoutNegativeZeros(line), hole.GetViewData()));
     Tell(job::kHoleDistance, printed);
     // The first line names the hole, each other one a distance.
     for (long i = 1; i < lines.length(); ++i) {

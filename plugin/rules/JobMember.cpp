@@ -1,6 +1,7 @@
 #include "plugin/rules/JobMember.h"
 
 #include "plugin/rules/CircularOpenings.h"
+#include "plugin/rules/FaceText.h"
 #include "plugin/rules/FlangeZero.h"
 #include "plugin/rules/NegativeZeros.h"
 
@@ -77,11 +78,11 @@ void JobMember::ValidateMember() {
     GetAndSortHolesNotches();
     CheckOutlines();
     SetAsideNotches();
+    CheckCuts();
     SettleSetAsideHoles();
     JoinCountersinks();
     TakeRectangularHoles();
     CheckPlanes();
-    CheckCuts();
     CheckPlaces();
     CheckDistances();
     CodeHoles();
@@ -141,9 +142,12 @@ void JobMember::FileError(Finding finding) {
 }
 
 void JobMember::FileHole(Finding finding, const CHoleAddlInfo& hole) {
-    finding.text = ZetString::format(L"%s: %s", finding.text, hole.GetHoleMsg().trimmedLeft());
-    finding.feature = FeatureOf(hole.GetHoleData().hostTag);
-    FileFinding(std::move(finding));
+    Finding told = finding;
+    told.text = ZetString::format(L"%s: %s", finding.text, HoleText(hole));
+    told.feature = FeatureOf(hole.GetHoleData().hostTag);
+    FileFinding(std::move(told));
+    if (finding.isRefusal && hole.GetHoleData().kind != ZetNCHoleData::eKindCountersunk)
+        RefuseSinkOf(hole, std::move(finding));
 }
 
 /// In the lines of the library, with this finding as the notch's error.
@@ -152,12 +156,12 @@ void JobMember::FileNotch(Finding finding, CNotchAddInfo notch) {
     notch.AppendMsg(eHoleMsgError, finding.text);
     notch.GetErrMsg(lines);
     for (ZetString& line : lines)
-        line = WithoutNegativeZeros(line);
+        line = WithFaceNamed(WithoutNegativeZeros(line), notch.GetViewData());
     Tell(finding.type, lines);
     // The library's outlines repeat their first corner.
     finding.text = ZetString::format(L"%s: notch on %s at (X:%.1f, Y:%.1f), %d corners",
                                      finding.text,
-                                     notch.GetViewData().GetFaceStrForOutPut(),
+                                     FaceText(notch.GetViewData().GetHoleFace()),
                                      notch.GetXPos(),
                                      notch.GetYPos(),
                                      notch.GetNoOfVertices() - 1);

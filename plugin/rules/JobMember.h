@@ -227,6 +227,7 @@ class JobMember : public CMxPeilaib {
     void JoinCountersinks();
     long FindHoleOf(const CHoleAddlInfo& sink, const ReachIndex& holes) const;
     const CHoleAddlInfo* SinkOf(const CHoleAddlInfo& hole) const;
+    void RefuseSinkOf(const CHoleAddlInfo& hole, Finding finding);
 
     void TakeRectangularHoles();
 
@@ -240,6 +241,8 @@ class JobMember : public CMxPeilaib {
     const FaceOutline* PlateOutline();
     FaceBox FaceOfHole(const CHoleAddlInfo& hole, const FaceOutline* outline) const;
     std::optional<Finding> OutsideOf(const CHoleAddlInfo& hole, const FaceOutline* outline) const;
+    std::optional<Finding> FaultOfPlace(const CHoleAddlInfo& hole,
+                                        const FaceOutline* outline) const;
     void NoteUnclearPlace(const CHoleAddlInfo& hole, const FaceOutline* outline);
     bool IsAtMitre(const CHoleAddlInfo& hole) const;
     bool IsCutAway(const CHoleAddlInfo& hole) const;
@@ -309,6 +312,8 @@ class JobMember : public CMxPeilaib {
     void WriteFormats();
     std::set<std::size_t> FormatsOfGroup() const;
     bool WriteFormat(std::size_t position);
+    bool IsSilent(std::size_t operation) const;
+    void NoteSilent();
     bool FileFormatFaults(const job::MachineFormat& format, const std::vector<FormatFault>& faults);
     void FileFormatFault(const job::MachineFormat& format, const FormatFault& fault);
     void WriteRecords(ZetFileAccess* file) const;

@@ -1,5 +1,6 @@
 #include "job/CodeFormat.h"
 #include "plugin/rules/FaceOutline.h"
+#include "plugin/rules/FaceText.h"
 #include "plugin/rules/FlangeZero.h"
 #include "plugin/rules/JobMember.h"
 
@@ -221,7 +222,7 @@ void JobMember::RefuseContour(job::ValidationType type,
     FileFinding({.type = type,
                  .text = ZetString::format(kContourFormat,
                                            fault,
-                                           ViewDataOf(viewPosition).GetFaceStrForOutPut(),
+                                           FaceText(ViewDataOf(viewPosition).GetHoleFace()),
                                            box.minX,
                                            box.minY,
                                            box.maxX,
@@ -350,12 +351,10 @@ void JobMember::TakeTrim(Trim trim, double whole) {
         m_trims.push_back(std::move(trim));
         return;
     }
-    CViewData view;
-    view.SetHoleFace(trim.face);
     FileFinding(
         {.type = job::kUncoveredTrim,
          .text = ZetString::format(kTrimFormat,
-                                   view.GetFaceStrForOutPut(),
+                                   FaceText(trim.face),
                                    ZetString(kSideWords[static_cast<std::size_t>(trim.side)]),
                                    ZetString(IsAcross(trim.side) ? L"Y" : L"X"),
                                    trim.at),

@@ -1,3 +1,4 @@
+#include "plugin/rules/FaceText.h"
 #include "plugin/rules/JobMember.h"
 
 #include <algorithm>
@@ -93,7 +94,7 @@ void JobMember::CheckPlanes() {
         if (IsGathered(view) || m_type.areMarksMade)
             FileFinding({.type = job::kUnclearPlane,
                          .text = ZetString::format(kUnclearPlaneFormat,
-                                                   plane->second.GetFaceStrForOutPut()),
+                                                   FaceText(plane->second.GetHoleFace())),
                          .feature = FeatureOf(FirstTagOf(view))});
     }
 }

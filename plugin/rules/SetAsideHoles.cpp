@@ -1,3 +1,4 @@
+#include "plugin/rules/FaceText.h"
 #include "plugin/rules/JobMember.h"
 #include "plugin/rules/ReachIndex.h"
 
@@ -32,10 +33,6 @@ double ReachOf(const CHoleAddlInfo& hole) {
     return std::fmax(hole.GetSlotVector().length(), hole.GetSize() * 0.5) + tolerance;
 }
 
-ZetString TextOf(const CHoleAddlInfo& hole) {
-    return hole.GetHoleMsg().trimmedLeft();
-}
-
 }  // namespace
 
 /// The holes that are left to be made or refused, and those that are set aside for them.
@@ -59,6 +56,8 @@ class JobMember::HoleSettlement {
     /// A slot that is set aside for a hole inside it, which stands behind it in the file, takes
     /// that hole's place.
     void ChooseSlot(CHoleAddlInfo& slot) {
+        if (m_member.FaultOfPlace(slot, m_member.PlateOutline()))
+            return;
         m_kept.FindNear(slot.GetXPos(), ReachOf(slot), [&](long index) {
             CHoleAddlInfo& kept = m_member.m_holes[index];
             const bool isMutual = kept.GetHoleData().hostTag > slot.GetHoleData().hostTag &&
@@ -74,9 +73,11 @@ class JobMember::HoleSettlement {
     }
 
   private:
+    /// One that will be refused for its place is no reason to leave others out.
     void AddKept(long index) {
         const CHoleAddlInfo& hole = m_member.m_holes[index];
-        m_kept.Add(index, hole.GetXPos(), ReachOf(hole));
+        if (!m_member.FaultOfPlace(hole, m_member.PlateOutline()))
+            m_kept.Add(index, hole.GetXPos(), ReachOf(hole));
     }
 
     /// The first in the file of those that are near enough.
@@ -172,7 +173,7 @@ void JobMember::FileMarked(const CHoleAddlInfo& hole) {
     m_reasons.push_back(SetAside::kMarked);
     AddSetAside(hole.GetHoleData().hostTag, SetAside::kMarked, 0);
     if (const std::optional<Feature> feature = FeatureOf(hole.GetHoleData().hostTag))
-        m_notes.push_back({*feature, kMarkedText + TextOf(hole)});
+        m_notes.push_back({*feature, kMarkedText + HoleText(hole)});
 }
 
 void JobMember::FileSetAside(const CHoleAddlInfo& hole,
@@ -181,9 +182,9 @@ void JobMember::FileSetAside(const CHoleAddlInfo& hole,
     m_duplicateHoles.append(hole);
     m_reasons.push_back(reason);
     const bool isInSlot = reason == SetAside::kInsideSlot;
-    const ZetString text = isInSlot
-                               ? ZetString::format(kInsideSlotFormat, TextOf(hole), TextOf(other))
-                               : ZetString::format(kDuplicateFormat, TextOf(hole), TextOf(other));
+    const ZetString text =
+        isInSlot ? ZetString::format(kInsideSlotFormat, HoleText(hole), HoleText(other))
+                 : ZetString::format(kDuplicateFormat, HoleText(hole), HoleText(other));
     FileFinding({.type = isInSlot ? job::kHoleInsideSlot : job::kDuplicateHole,
                  .text = text,
                  .feature = FeatureOf(hole.GetHoleData().hostTag),

@@ -1,3 +1,4 @@
+#include "plugin/rules/FaceText.h"
 #include "plugin/rules/JobMember.h"
 #include "plugin/rules/ReachIndex.h"
 
@@ -61,7 +62,7 @@ void JobMember::SetAsideNotches() {
         const CNotchAddInfo& repeated = m_notches[other];
         FileNotch({.type = job::kDuplicateNotch,
                    .text = ZetString::format(kDuplicateFormat,
-                                             repeated.GetViewData().GetFaceStrForOutPut(),
+                                             FaceText(repeated.GetViewData().GetHoleFace()),
                                              repeated.GetXPos(),
                                              repeated.GetYPos()),
                    .isSetAside = true},

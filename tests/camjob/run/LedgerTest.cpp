@@ -6,6 +6,7 @@
 #include "support/FindingText.h"
 
 #include <algorithm>
+#include <cmath>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
@@ -13,6 +14,7 @@
 #include <iterator>
 #include <map>
 #include <nlohmann/json.hpp>
+#include <numbers>
 #include <random>
 #include <set>
 
@@ -159,12 +161,18 @@ const Case kCases[] = {
      "hole face=web x=500.020 y=99.992 diameter=20.008 depth=0.000 thread=none code=\"H\"\nnote 23\nmade=1 "},
     {"SawCut", kZ, "1000", "SC\n  1000 200 0 1 -1 0\n", "mitre end=end face=web angle=-45.000\nmade=1 "},
     {"SawCutInTheMiddle", kZ, "1000", "SC\n  500 0 0 1 0 0\n", "unclear_cut 23\nrefused=1 "},
+    {"SawCutThatPointsInwards", kZ, "1000", "SC\n  1000 0 0 -1 0 0\n", "unclear_cut 23\nrefused=1 "},
     {"MitresThatLeaveNothing", kZ, "150", "SC\n  0 0 0 -1 -0.8 0\nSC\n  150 0 0 1 -0.6 0\n", "unclear_cut 23\nunclear_cut 25\nrefused=2 "},
     {"SinkWithinTheTolerance", kZ, "1000", "BO\n  v 500 100 13\n  v 500.01 100s 26 6.5 0 0 90\n",
      "countersunk face=web x=500.000 y=100.000 diameter=13.000 depth=0.000 sink_diameter=26.000 sink_depth=6.500 code=\"K\"\nmade=2 "},
     {"SinkWithoutHole", kZ, "1000", "BO\n  v 500 100 13\n  v 510 100s 26 6.5 0 0 90\n", "lone_countersink 24\nrefused=1 not_made=1 "},
     {"SecondSink", kZ, "1000", "BO\n  v 500 100 13\n  v 500 100s 26 6.5 0 0 90\n  v 500 100s 30 6.5 0 0 90\n",
      "lone_countersink 25\nrefused=1 not_made=2 "},
+    {"SinkOfARefusedHole", kZ, "1000", "BO\n  v 500 -20 13\n  v 500 -20s 26 6.5 0 0 90\n", "hole_outside 23\nhole_outside 24\nwarning 23\nwarning 24\nrefused=2 "},
+    {"SinkNarrowerThanItsHole", kZ, "1000", "BO\n  v 500 100 13\n  v 500 100s 12 6.5 0 0 90\n", "lone_countersink 24\nrefused=1 not_made=1 "},
+    {"SinkThatIsASlot", kZ, "1000", "BO\n  v 500 100 13\n  v 490 100s 26 6.5l 20 0 0\n", "lone_countersink 24\nrefused=1 not_made=1 "},
+    {"ThreadOfASlot", kZ, "1000", "BO\n  v 500 100g 18 0l 20 0 0\n", "slot face=web x=510.000 y=100.000 width=18.000 length=38.000 angle=0.000 depth=0.000 code=\"L\"\nwarning 23\nmade=1 "},
+    {"ThreadOfARectangle", kZ, "1000", "BO\n  v 500 100l 10 0l 20 30 0\n", "?"},
     {"SinkOfASlot", kZ, "1000", "BO\n  v 480 100 13 0l 40 0 0\n  v 500 100s 26 6.5 0 0 90\n", "lone_countersink 24\nrefused=1 not_made=1 "},
     {"SlotsInEachOther", kZ, "1000", "BO\n  v 500 100 20 0l 100 0 0\n  v 540 100 20 0l 100 0 0\n",
      "slot face=web x=550.000 y=100.000 width=20.000 length=120.000 angle=0.000 depth=0.000 code=\"L\"\nhole_inside_slot 24\naside 24 for 23\nmade=1 set_aside=1 "},
@@ -202,7 +210,7 @@ const Case kCases[] = {
     {"EdgeOfAPlate", kPlate, "1000", "AK\n  o 0 0\n  500 0\n  500 50\n  0 50\n  0 0\nBO\n  o 500 1 2\n  o 500 50 18\n", "unclear_cut 23\nhole_outside 30\nuncovered_hole 29\nrefused=3 "},
     {"HolesAtAMitreOfAPlate", kPlate, "1000", "SC\n  1000 200 0 1 -1 0\nBO\n  v 810 20 18\n  v 840 20 18\n", "hole_outside 26\nrefused=1 not_made=2 "},
     {"HoleAtAMitreOfARoundTube", kTube, "1000", "SC\n  1000 200 0 1 -1 0\nBO\n  v 960 180 18\n", "hole face=web x=960.000 y=180.000 diameter=18.000 depth=0.000 thread=none code=\"H\"\nmitre end=end face=web angle=-45.000\nnote 25\nmade=2 "},
-    {"SlotBeyondTheEnd", kZ, "1000", "BO\n  v 820 100 18 0l 350 0 0\n  v 820 100 18 0l 160 0 0\n", "hole_inside_slot 24\nhole_outside 23\naside 24 for 23\nrefused=1 not_made=1 "},
+    {"SlotBeyondTheEnd", kZ, "1000", "BO\n  v 820 100 18 0l 350 0 0\n  v 820 100 18 0l 160 0 0\n", "hole_outside 23\nrefused=1 not_made=1 "},
     {"HoleOverTheEdge", kZ, "1000", "BO\n  v 500 191 18\n  v 600 195 18\n", "hole_outside 24\nrefused=1 not_made=1 "},
     {"CircleOverTheEdge", kZ, "1000", "IK\n  v 510 195 10\n  490 195 10\n  510 195 0\n", "hole_outside 23\nwarning 23\nnote 23\nrefused=1 "},
     {"HoleThatRelievesACornerOfAPlate", kPlate, "1000", "AK\n  v 0 0\n  1000 0\n  1000 160\n  950 160\n  950 200\n  0 200\n  0 0\nBO\n  v 949 159 18\n", "hole face=web x=949.000 y=159.000 diameter=18.000 depth=0.000 thread=none code=\"H\"\nnotch face=web cut=external x=975.000 y=180.000 length=50.000 width=40.000 code=\"N\"\nmade=2 "},
@@ -227,6 +235,33 @@ INSTANTIATE_TEST_SUITE_P(Ledger, Accounts, ::testing::ValuesIn(kCases), [](const
 
 std::string With(std::string text, const std::string& from, const std::string& to) {
     return text.replace(text.find(from), from.size(), to);
+}
+
+/// A tube of diameter 200, unrolled, that ends in one period of a wave.
+std::string TubeWithWave(double height) {
+    std::string text = "AK\n  v 0 0\n";
+    constexpr int kSteps = 24;
+    for (int i = 0; i <= kSteps; ++i) {
+        const double t = 2.0 * std::numbers::pi * i / kSteps;
+        const double x = 1000.0 - height * (0.5 - 0.5 * std::cos(t));
+        text += ZetString::format(L"  %.2f %.2f\n", x, 100.0 * t).toUtf8();
+    }
+    return text + "  0 628.32\n  0 0\n";
+}
+
+// At 45 degrees the wave is as high as the tube is thick.
+TEST(Ledger, MitresThatARoundTubeHasAlready) {
+    const auto shown = [](double height) {
+        return Show(Ran({
+            {"1",
+             nc::Header("P1", kTube, "1000") + "SC\n  1000 200 0 1 -1 0\n" + TubeWithWave(height) +
+                 "EN\n"}
+        }));
+    };
+    EXPECT_EQ(shown(200.0).find("mitre"), std::string::npos);
+    EXPECT_NE(shown(200.0).find("note 23\nmade=1 noted=1 "), std::string::npos) << shown(200.0);
+    for (const double height : {0.0, 100.0, 198.0})
+        EXPECT_NE(shown(height).find("mitre end=end"), std::string::npos) << height;
 }
 
 TEST(Ledger, QuantityOfNothing) {
