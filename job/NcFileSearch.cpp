@@ -79,11 +79,6 @@ Kind KindOf(const fs::path& path, std::error_code& error) {
     return fs::status_known(status) ? Kind::kOther : Kind::kUnknown;
 }
 
-bool IsNcName(const fs::path& path) {
-    const fs::path ending = InSmallLetters(path.extension());
-    return ending == ".nc" || ending == ".nc1";
-}
-
 /// There is nothing to list, which is an answer.
 bool IsNoFolder(const std::error_code& error) {
     return error == std::errc::no_such_file_or_directory || error == std::errc::not_a_directory;
@@ -195,15 +190,12 @@ class NcFileSearch {
                listing.isFile.count(name) > 0;
     }
 
-    /// Also a link to nothing: whoever reads it tells. Nothing is left out unseen but folders that
-    /// nobody can take for NC files.
+    /// Also a link to nothing: whoever reads it tells. Nothing is left out unseen but folders.
     bool IsMeant(const fs::path& file) {
         std::error_code error;
         const Kind kind = KindOf(file, error);
         if (kind == Kind::kOther)
             m_faults.push_back(TextOf(file, "is not a file"));
-        if (kind == Kind::kFolder && IsNcName(file))
-            m_faults.push_back(TextOf(file, "is a folder, although its name is one of an NC file"));
         if (kind == Kind::kUnknown)
             m_faults.push_back(TextOf(file, "cannot be looked at", error));
         return kind == Kind::kFile || kind == Kind::kLinkToNothing;

@@ -130,7 +130,12 @@ void JobMember::FileFormatFault(const job::MachineFormat& format, const FormatFa
     const auto position = static_cast<std::size_t>(fault.operation);
     finding.text += L": " + Describe(m_machineMember.operations[position]);
     finding.feature = FeatureOf(m_operationTags[position]);
-    FileFinding(std::move(finding));
+    FileFinding(finding);
+    for (const auto& [place, sink] : m_sinks)
+        if (std::get<0>(place) == m_operationTags[position]) {
+            finding.feature = FeatureOf(sink.GetHoleData().hostTag);
+            FileFinding(finding);
+        }
 }
 
 }  // namespace plugin

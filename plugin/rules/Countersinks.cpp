@@ -27,7 +27,7 @@ bool CanBeCountersunk(const CHoleAddlInfo& hole) {
 }
 
 /// Why the countersink is not made with the hole (null: there is none); null when it is.
-const wchar_t* FaultOf(const CHoleAddlInfo& sink, const CHoleAddlInfo* hole) {
+const wchar_t* FaultOfSink(const CHoleAddlInfo& sink, const CHoleAddlInfo* hole) {
     if (sink.GetIsSlot())
         return kSlotText;
     if (hole == nullptr)
@@ -80,7 +80,7 @@ void JobMember::JoinCountersinks() {
     });
     for (CHoleAddlInfo& sink : m_cskHoles) {
         const long index = FindHoleOf(sink, holes);
-        if (const wchar_t* const fault = FaultOf(sink, index < 0 ? nullptr : &m_holes[index])) {
+        if (const wchar_t* const fault = FaultOfSink(sink, index < 0 ? nullptr : &m_holes[index])) {
             sink.SetValid(false);
             FileHole({.type = job::kLoneCountersink, .text = fault, .isRefusal = true}, sink);
             continue;

@@ -36,7 +36,8 @@ void JobMember::CheckCuts() {
             m_mitres.push_back(cut);
         else
             FileFinding({.type = job::kUnclearCut,
-                         .text = ZetString::format(isInward ? kInwardFormat : kInsideFormat, cut.x),
+                         .text = isInward ? ZetString::format(kInwardFormat, cut.x)
+                                          : ZetString::format(kInsideFormat, cut.x),
                          .required = end,
                          .found = cut.x,
                          .feature = FeatureOf(cut.hostTag),

@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <iterator>
 #include <tuple>
 
 // The library sets holes aside and does not say for which, each once for every slot that holds it;
@@ -67,17 +68,20 @@ class JobMember::HoleSettlement {
             return isMutual;
         });
     }
-    void TakeBack(const CHoleAddlInfo& hole) {
+    /// True when others may be set aside for it.
+    bool TakeBack(const CHoleAddlInfo& hole) {
         m_member.m_holes.append(hole);
-        AddKept(m_member.m_holes.length() - 1);
+        return AddKept(m_member.m_holes.length() - 1);
     }
 
   private:
     /// One that will be refused for its place is no reason to leave others out.
-    void AddKept(long index) {
+    bool AddKept(long index) {
         const CHoleAddlInfo& hole = m_member.m_holes[index];
-        if (!m_member.FaultOfPlace(hole, m_member.PlateOutline()))
-            m_kept.Add(index, hole.GetXPos(), ReachOf(hole));
+        if (m_member.FaultOfPlace(hole, m_member.PlateOutline()))
+            return false;
+        m_kept.Add(index, hole.GetXPos(), ReachOf(hole));
+        return true;
     }
 
     /// The first in the file of those that are near enough.
@@ -126,16 +130,15 @@ void JobMember::SettleSetAsideHoles() {
     const long kept = m_holes.length();
     ChooseOfMutual(open);
     HoleSettlement settlement(*this);
-    // What comes back may be what others wait for, so one at a time.
-    for (auto end = open.end(); !open.empty(); end = open.end()) {
-        open.erase(
-            std::remove_if(
-                open.begin(), end, [&](const auto& hole) { return settlement.SetAsideFor(hole); }),
-            end);
-        if (open.empty())
-            break;
-        settlement.TakeBack(open.front());
-        open.erase(open.begin());
+    // What comes back may be what others wait for, so one of those at a time.
+    while (!open.empty()) {
+        open.erase(std::remove_if(open.begin(),
+                                  open.end(),
+                                  [&](const auto& hole) { return settlement.SetAsideFor(hole); }),
+                   open.end());
+        const auto last = std::find_if(
+            open.begin(), open.end(), [&](const auto& hole) { return settlement.TakeBack(hole); });
+        open.erase(open.begin(), last == open.end() ? last : std::next(last));
     }
     if (m_holes.length() > kept)
         OrderByView();

@@ -105,8 +105,6 @@ const Obstacle kObstacles[] = {
     {"NameThatIsNoUtf8", [](const TempFolder& f) { f.Write("nc/\xE4\xDF.nc1", ""); }, "nc/??.nc1", ""},
     {"Pipe", [](const TempFolder& f) { mkfifo(f.PathOf("nc/p.nc1").c_str(), 0600); }, "nc/*",
      "nc/p.nc1\" is not a file"},
-    {"FolderNamedAsAnNcFile", [](const TempFolder& f) { std::filesystem::create_directories(f.PathOf("nc/D.NC1")); }, "nc/*",
-     "nc/D.NC1\" is a folder, although its name is one of an NC file"},
     {"Loop", [](const TempFolder& f) { LinkTo("o.nc1", f.PathOf("nc/o.nc1")); }, "nc/*",
      "nc/o.nc1\" cannot be looked at ("},
     {"LoopInTheWay", [](const TempFolder& f) { LinkTo("o", f.PathOf("o")); }, "*/*.nc1",

@@ -172,7 +172,6 @@ const Case kCases[] = {
     {"SinkNarrowerThanItsHole", kZ, "1000", "BO\n  v 500 100 13\n  v 500 100s 12 6.5 0 0 90\n", "lone_countersink 24\nrefused=1 not_made=1 "},
     {"SinkThatIsASlot", kZ, "1000", "BO\n  v 500 100 13\n  v 490 100s 26 6.5l 20 0 0\n", "lone_countersink 24\nrefused=1 not_made=1 "},
     {"ThreadOfASlot", kZ, "1000", "BO\n  v 500 100g 18 0l 20 0 0\n", "slot face=web x=510.000 y=100.000 width=18.000 length=38.000 angle=0.000 depth=0.000 code=\"L\"\nwarning 23\nmade=1 "},
-    {"ThreadOfARectangle", kZ, "1000", "BO\n  v 500 100l 10 0l 20 30 0\n", "?"},
     {"SinkOfASlot", kZ, "1000", "BO\n  v 480 100 13 0l 40 0 0\n  v 500 100s 26 6.5 0 0 90\n", "lone_countersink 24\nrefused=1 not_made=1 "},
     {"SlotsInEachOther", kZ, "1000", "BO\n  v 500 100 20 0l 100 0 0\n  v 540 100 20 0l 100 0 0\n",
      "slot face=web x=550.000 y=100.000 width=20.000 length=120.000 angle=0.000 depth=0.000 code=\"L\"\nhole_inside_slot 24\naside 24 for 23\nmade=1 set_aside=1 "},
