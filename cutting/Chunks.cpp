@@ -11,10 +11,11 @@ namespace cutting {
 namespace {
 
 constexpr std::size_t kSizesPerChunk = 300;
-constexpr std::size_t kSizesOfWorstBars = 400;
+constexpr std::size_t kSizesOfWorstBars = 250;
 constexpr int kMostRounds = 60;
+constexpr int kMostFailures = 6;  ///< rounds in turn that do not help
 constexpr double kSkipped = 0.5;  ///< share of bars that a round leaves out, so that rounds differ
-constexpr std::int64_t kShareOfRound = 3;
+constexpr std::int64_t kShareOfRound = 4;
 /// Below these steps per size, chunks would be no better than what is known.
 constexpr std::int64_t kStepsPerSize = 1'000'000;
 
@@ -102,7 +103,8 @@ void TakeWorstBars(const Task& task, Solution& solution, Random& random) {
     std::erase_if(solution, [](const PatternUse& use) { return use.times == 0; });
 }
 
-void ImproveWorstBars(const Task& task, Effort& effort, Solution& solution, Random& random) {
+/// False when that did not help.
+bool ImproveWorstBars(const Task& task, Effort& effort, Solution& solution, Random& random) {
     Solution others = solution;
     TakeWorstBars(task, others, random);
     Rest left(task);
@@ -110,8 +112,10 @@ void ImproveWorstBars(const Task& task, Effort& effort, Solution& solution, Rand
     Append(others,
            SolveChunk(Chunk(task, left, left.bars), effort, effort.GetLeft() / kShareOfRound));
     MergeEqual(others);
-    if (IsBetter(task, others, solution))
+    const bool isBetter = IsBetter(task, others, solution);
+    if (isBetter)
         solution = std::move(others);
+    return isBetter;
 }
 
 }  // namespace
@@ -126,8 +130,12 @@ void ImproveByChunks(const Task& task, Effort& effort, Answer& answer) {
             answer.solution = std::move(solution);
     }
     Random random(3);
-    for (int round = 0; round < kMostRounds && !effort.IsSpent() && !answer.IsLeast(task); ++round)
-        ImproveWorstBars(task, effort, answer.solution, random);
+    int failures = 0;
+    for (int round = 0; round < kMostRounds && failures < kMostFailures; ++round) {
+        if (effort.IsSpent() || answer.IsLeast(task))
+            return;
+        failures = ImproveWorstBars(task, effort, answer.solution, random) ? 0 : failures + 1;
+    }
 }
 
 }  // namespace cutting

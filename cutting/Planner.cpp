@@ -18,7 +18,7 @@ namespace {
 /// Longer lists get more steps, in proportion; lists that are solved by chunks a base and as many
 /// per piece.
 constexpr Count kPiecesOfSteps = 70'000;
-constexpr std::int64_t kShareOfBase = 12;
+constexpr std::int64_t kShareOfBase = 20;
 /// From so many sizes on the unit may be larger: the last sizes are worth less than their work.
 constexpr std::size_t kMostSizesOfChunks = 5000;
 constexpr std::size_t kSizesOfCoarseTask = 2500;
