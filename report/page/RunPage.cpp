@@ -179,13 +179,17 @@ void RunPage::AddMember(PageMember member) {
 std::string RunPage::VerdictHtml() const {
     const std::string all = std::to_string(m_members.size());
     std::string state = m_withWarnings > 0 ? "warning" : "good";
-    std::string text = "<b>All " + all + " members are made.</b>";
+    std::string text = m_members.size() == 1 ? "<b>The only member is made.</b>"
+                                             : "<b>All " + all + " members are made.</b>";
     if (m_invalid > 0) {
         state = "error";
         text = "<b>" + std::to_string(m_invalid) + " of " + all +
-               " members have errors and are not made.</b> The files hold the others.";
+               (m_invalid == 1 ? " members has errors and is" : " members have errors and are") +
+               " not made.</b> The files hold the others.";
     } else if (m_withWarnings > 0) {
-        text += " " + std::to_string(m_withWarnings) + " have warnings.";
+        text += m_members.size() == 1 ? " It has warnings."
+                                      : " " + std::to_string(m_withWarnings) +
+                                            (m_withWarnings == 1 ? " has" : " have") + " warnings.";
     }
     if (m_uncut > 0) {
         state = "error";

@@ -76,11 +76,17 @@
   const wordOf = (finding) => (finding.isNonStandard ? "Non-standard" : finding.state === 3 ? "Error" : "Warning");
   const withCode = (text) => escaped(text).replace(/`([^`]*)`/g, "<code>$1</code>");
 
+  // Of findings in a row with one remedy the last has it.
+  function remedyHtml(findings, i) {
+    const { remedy } = findings[i];
+    return i + 1 < findings.length && findings[i + 1].remedy === remedy ? "" : `<span class="remedy">${withCode(remedy)}</span>`;
+  }
+
   function findingHtml(member, finding, i) {
     const isKnown = finding.line && member.features.some((feature) => feature.line === finding.line);
     const words = `${i + 1}. <b>${wordOf(finding)}:</b> ${escaped(finding.text)}${finding.line ? ` (line ${finding.line})` : ""}`;
     return `<li data-line="${finding.line}" class="${finding.state === 3 ? "is-error" : "is-warning"}">${isKnown ? `<button type="button" class="link" data-line="${finding.line}">${words}</button>` : words}` +
-      ` <span class="rule">${escaped(finding.rule)}</span><span class="remedy">${withCode(finding.remedy)}</span></li>`;
+      ` <span class="rule">${escaped(finding.rule)}</span>${remedyHtml(member.findings, i)}</li>`;
   }
 
   function findingsHtml(member) {
@@ -104,6 +110,7 @@
   const barWord = (ranges) => (ranges.length > 1 || ranges[0][0] !== ranges[0][1] ? "bars" : "bar");
 
   function barsText(mark) {
+    if (!el("plans")) return "";
     const places = new Map();
     for (const piece of barsOf(mark)) {
       const bar = piece.closest("li"), plan = bar.closest("ol").dataset.plan;
