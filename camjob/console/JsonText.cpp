@@ -11,8 +11,8 @@ namespace {
 
 constexpr int kDecimals = 3;
 
-bool IsPrintable(char c) {
-    return c >= ' ' && c <= '~';
+bool StandsAsItIs(char c) {
+    return c >= ' ' && c <= '~' && c != '"' && c != '\\';
 }
 
 /// Whether three decimals hold all of the number: its shortest form is then these, without the
@@ -27,16 +27,21 @@ bool IsInThousandths(double number) {
 }  // namespace
 
 void AppendJson(std::string& json, std::string_view text) {
-    if (!std::all_of(text.begin(), text.end(), IsPrintable)) {
-        json += Dump(text);
-        return;
-    }
+    const std::size_t start = json.size();
     json += '"';
-    while (!text.empty()) {
-        const std::size_t end = std::min(text.find_first_of("\"\\", 1), text.size());
-        json.append(text.front() == '"' || text.front() == '\\' ? "\\" : "")
-            .append(text.substr(0, end));
-        text.remove_prefix(end);
+    for (auto at = text.begin(); at != text.end();) {
+        const auto end = std::find_if_not(at, text.end(), StandsAsItIs);
+        json.append(at, end);
+        at = end;
+        if (at == text.end())
+            break;
+        if (*at != '"' && *at != '\\') {
+            json.resize(start);
+            json += Dump(text);
+            return;
+        }
+        json += '\\';
+        json += *at++;
     }
     json += '"';
 }

@@ -22,6 +22,7 @@ std::optional<Account> AccountOf(const dstv::NcEntry& entry,
 FeatureAccounts SettleAccounts(const std::vector<dstv::NcEntry>& entries,
                                const plugin::Ledger& ledger) {
     FeatureAccounts accounts;
+    accounts.features.reserve(entries.size());
     for (const dstv::NcEntry& entry : entries) {
         const auto whenMade = AccountOf(entry, ledger, true);
         if (!whenMade)
