@@ -84,6 +84,9 @@ void JobMember::NoteSilent() {
             silent.insert(m_operationTags[i]);
     if (silent.empty())
         return;
+    for (const auto& [place, sink] : m_sinks)
+        if (silent.count(std::get<0>(place)) > 0)
+            silent.insert(sink.GetHoleData().hostTag);
     const auto count = static_cast<long>(silent.size());
     if (const std::optional<Feature> feature = FeatureOf(*silent.begin()))
         m_notes.push_back(

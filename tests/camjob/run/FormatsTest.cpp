@@ -1,5 +1,6 @@
 #include "camjob/CamjobRun.h"
 #include "camjob/FolderContent.h"
+#include "camjob/NcFiles.h"
 #include "support/Golden.h"
 
 #include <filesystem>
@@ -63,6 +64,32 @@ TEST(Formats, FacesAreMirroredWhereTheyEnd) {
         const std::string orders = folder.Read("made/j.txt");
         EXPECT_EQ(orders.substr(0, orders.find('\n')), each.y) << orders << run.err;
     }
+}
+
+// A countersink with its hole, which is there twice, and another hole.
+TEST(Formats, WhatNoFileSaysIsNotForTheMachine) {
+    const TempFolder folder;
+    folder.Write("f.toml",
+                 "[[line]]\nfor = [\"hole\", \"countersunk\"]\ntext = []\n[[line]]\nfor = "
+                 "[\"slot\"]\ntext = [\"S\"]\n");
+    folder.Write("part.nc1",
+                 nc::Header("P1", "Z200x2.0\n  SO", "1000") +
+                     "BO\n  v 500 100 13\n  v 500 100s 26 3\n  v 500 100 13\n  v 600 100 18\n"
+                     "  v 700 100 18 0l 20 0 0\nEN\n");
+    folder.Write("job.toml",
+                 "[job]\nnc_files = [\"part.nc1\"]\n[project]\nfile_name = \"j\"\n[[file]]\n"
+                 "id = \"m\"\nending = \".m\"\nformat = \"f.toml\"\n[[group]]\nid = \"g\"\n"
+                 "files = [\"m\"]\n[uncovered_holes]\naction = \"accept\"\ncode = \"H\"\n"
+                 "[[member_type]]\nid = \"t\"\ngroup = \"g\"\n");
+    const CurrentFolder current(folder.PathOf("."));
+    const CamjobRun run = RunTool({"run", "job.toml", "--out", "made", "--json"});
+    EXPECT_EQ(run.exitCode, 0) << run.err;
+    ExpectParts(
+        run.out,
+        {"\"accounts\":{\"made\":1,\"refused\":0,\"not_made\":0,\"set_aside\":1,\"noted\":0,"
+         "\"not_for_machine\":3}",
+         "not for this machine: 3 features; "});
+    EXPECT_EQ(folder.Read("made/j.m"), "S\n");
 }
 
 // Files of one name in two folders, whose marks are their paths.
