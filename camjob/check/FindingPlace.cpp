@@ -18,6 +18,8 @@ long LineOf(const plugin::Finding& finding, const HeaderPlaces& lines) {
         case job::kLongerThanStock:
             return lines.length;
         case job::kQuantity:
+            // Pieces without length have none that would be required.
+            return finding.required ? lines.quantity : lines.length;
         case job::kMissingParts:
         case job::kUnusedParts:
             return lines.quantity;

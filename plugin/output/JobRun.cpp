@@ -438,7 +438,7 @@ void JobRun::MakePlans() {
     std::map<PlanKey, std::vector<std::size_t>> together;
     for (const std::size_t position : m_written) {
         const Member& member = *m_members[position];
-        if (member.GetNestedMembers().group.isNested && member.GetValid())
+        if (member.GetNestedMembers().group.isNested && member.IsMade())
             together[KeyOf(member)].push_back(position);
     }
     long nextBar = 1;
