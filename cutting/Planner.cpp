@@ -24,8 +24,8 @@ constexpr std::size_t kMostSizesOfChunks = 5000;
 constexpr std::size_t kSizesOfCoarseTask = 2500;
 
 /// Shorter lists are solved by trying all plans, as far as these steps reach.
-constexpr Count kMostPiecesOfExact = 16;
-constexpr std::int64_t kStepsOfExact = 20'000'000;
+constexpr Count kMostPiecesOfExact = 40;
+constexpr std::int64_t kStepsOfExact = 100'000'000;
 
 Length LongestUsable(const std::vector<Stock>& stocks) {
     Length longest = 0;

@@ -12,8 +12,8 @@ constexpr std::int64_t kDefaultSteps = 4'000'000'000;
 
 /// The plan that leaves the fewest pieces uncut, then costs least, as far as these steps reach (a
 /// long list gets more, in proportion); of those found that cost the same the one with the fewest
-/// patterns, then with the longest off-cut. The same on every system. Lists of a few pieces are
-/// tried out to the end.
+/// patterns, then with the longest off-cut. The same on every system. Of lists of some tens
+/// of pieces all plans are tried, as far as that goes.
 Plan MakeLeastPlan(const Demand& demand,
                    const std::vector<Stock>& stocks,
                    std::int64_t steps = kDefaultSteps);
