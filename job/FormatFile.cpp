@@ -3,6 +3,7 @@
 #include "job/FormatResolving.h"
 #include "job/FormatTables.h"
 #include "job/TomlFile.h"
+#include "job/Utf8Path.h"
 #include "job/formats/BuiltInTexts.h"
 
 #include <algorithm>
@@ -45,6 +46,12 @@ std::variant<std::string, TextFileFault> ReadFormatBytes(const std::filesystem::
 MachineFormat ReadFormatText(std::string_view text, std::string_view stem, JobFaults& faults) {
     const std::optional<toml::table> table = ReadToml(text, kWhat, faults);
     return table ? ResolveFormat(ReadFormatTables(*table, faults), stem, faults) : MachineFormat();
+}
+
+std::filesystem::path GetFormatFile(const Job& job, const MachineFormat& format) {
+    if (format.file.isEmpty())
+        return {};
+    return PathFromUtf8(job.file).parent_path() / PathFromUtf8(format.file.toUtf8());
 }
 
 }  // namespace job

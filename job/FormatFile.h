@@ -1,5 +1,6 @@
 #pragma once
 
+#include "job/Job.h"
 #include "job/JobDocument.h"
 #include "job/TextFile.h"
 #include "job/formats/MachineFormat.h"
@@ -34,5 +35,8 @@ std::variant<std::string, TextFileFault> ReadFormatBytes(const std::filesystem::
 /// Reads the bytes of a format file and checks them completely; of use only without faults. `stem`
 /// is the file's name without the ending.
 MachineFormat ReadFormatText(std::string_view text, std::string_view stem, JobFaults& faults);
+
+/// Where the file of one of the job's formats is; empty: it is a built-in format.
+std::filesystem::path GetFormatFile(const Job& job, const MachineFormat& format);
 
 }  // namespace job

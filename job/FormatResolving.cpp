@@ -308,8 +308,8 @@ class FormatMaker {
                    std::find(each.parts.begin(), each.parts.end(), FormatPart::kPoint) !=
                        each.parts.end();
         };
-        const auto hasSeveralTexts = [&](const LineTable& each) {
-            return each.isSound && isForPoints(each) && each.texts && each.texts->size() > 1;
+        const auto hasOneTextForPoints = [&](const LineTable& each) {
+            return !each.isSound || !isForPoints(each) || !each.texts || each.texts->size() == 1;
         };
         const auto& lines = m_document.lines;
         const bool hasPointLine = std::any_of(lines.begin(), lines.end(), isForPoints);
@@ -323,7 +323,7 @@ class FormatMaker {
         Require(!isTold || hasPointLine || !showsPoints,
                 at,
                 AsPart(part) + "{points} needs a line for \"point\"");
-        Require(!showsPoints || std::none_of(lines.begin(), lines.end(), hasSeveralTexts),
+        Require(!showsPoints || std::all_of(lines.begin(), lines.end(), hasOneTextForPoints),
                 at,
                 AsPart(part) + "{points} stands in one line, so \"point\" has one text");
     }

@@ -16,6 +16,7 @@
 #include "camjob/run/RunReport.h"
 #include "camjob/run/RunText.h"
 #include "job/FileNames.h"
+#include "job/FormatFile.h"
 #include "job/JobFile.h"
 #include "job/Remnants.h"
 
@@ -277,10 +278,6 @@ bool JobRunner::ReadInput(plugin::JobRun& run) {
     TakeLeftOut(input, run);
     for (const ZetString& conflict : run.FindPlanConflicts())
         Complain(m_options.job, conflict.toUtf8());
-    for (const auto& [file, text] : run.FindFormatConflicts()) {
-        const job::OutputFile& at = m_job.files[file];
-        Complain(job::JobError{m_options.job, at.formatLine, at.formatColumn, text.toUtf8()});
-    }
     for (const std::string& replaced : InputsReplacedBy(run.GetProjectInfo().GetFileName()))
         Complain(replaced, "the output would replace this file");
     return m_report.faults.empty() || Refuse();
@@ -338,6 +335,9 @@ std::vector<std::string> JobRunner::InputsReplacedBy(const ZetString& fileName) 
     std::for_each(m_ncFiles.begin(), m_ncFiles.end(), check);
     if (const fs::path remnants = job::GetRemnantFile(m_job); !remnants.empty())
         check(remnants);
+    for (const job::MachineFormat& format : m_job.formats)
+        if (const fs::path file = job::GetFormatFile(m_job, format); !file.empty())
+            check(file);
     return replaced;
 }
 
@@ -379,6 +379,11 @@ bool JobRunner::Write(plugin::JobRun& run, const StagedOutput& output) {
     });
     if (!isWritten || m_system.isCancelled())
         return Cancel();
+    for (const auto& [file, text] : run.GetFormatConflicts()) {
+        const job::OutputFile& at = m_job.files[file];
+        Complain(job::JobError{m_options.job, at.formatLine, at.formatColumn, text.toUtf8()});
+        Refuse();
+    }
     for (const FileFault& fault : run.GetFileFaults())
         Fail(TextOf(fault));
     for (const ZetString& fault : run.GetPlanFaults())

@@ -197,6 +197,8 @@ class FormatWriter::MemberText {
             ++subject.index;
             if (const job::FormatLine* each = FindLine(m_format, job::FormatPart::kPoint, subject))
                 inside.Append(*each, subject);
+            else if (!m_format.LinesFor(job::FormatPart::kPoint).empty())
+                inside.SetFault({kNoPointLine});
         }
     }
 
@@ -232,9 +234,7 @@ class FormatWriter::FileText {
         AppendFrame(job::FormatPart::kFileStart, m_subject, header, file);
         file.AppendText(inside.GetText(), inside.GetLines());
         AppendFrame(job::FormatPart::kFileEnd, m_subject, header, file);
-        for (LineWriter* each : {&inside, &file})
-            if (each->HasFault())
-                faults.push_back({each->TakeFault()});
+        faults.insert(faults.end(), m_faults.begin(), m_faults.end());
         return file.TakeText();
     }
 
@@ -242,10 +242,22 @@ class FormatWriter::FileText {
     void AppendFrame(job::FormatPart part,
                      const FormatSubject& subject,
                      const std::vector<ZetString>& header,
-                     LineWriter& writer) const {
+                     LineWriter& writer) {
         writer.SetHeader(header);
         if (const job::FormatLine* line = FindLine(m_format, part, subject))
             writer.Append(*line, subject);
+        if (!writer.HasFault())
+            return;
+        m_faults.push_back({writer.TakeFault()});
+        m_faults.back().text += Describe(subject);
+    }
+
+    /// Where a fault is: behind its text.
+    static ZetString Describe(const FormatSubject& subject) {
+        if (subject.group == nullptr)
+            return {};
+        const ZetString group = L" in group \"" + *subject.group + L"\"";
+        return subject.section->isEmpty() ? group : group + L", " + *subject.section;
     }
 
     void AppendGroup(const FormattedGroup& group, LineWriter& inside) {
@@ -270,6 +282,7 @@ class FormatWriter::FileText {
     const job::MachineFormat& m_format;
     const FormatValues& m_values;
     FormatSubject m_subject;
+    std::vector<FormatFault> m_faults;
 };
 
 FormattedMember FormatWriter::WriteMember(const MachineMember& member,

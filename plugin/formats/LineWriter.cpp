@@ -97,8 +97,8 @@ void LineWriter::AppendPoints(const FormatSubject& subject) {
         const job::FormatLine* line = FindLine(m_format, job::FormatPart::kPoint, each);
         if (between != nullptr)
             m_text += *between;
-        if (line == nullptr || line->lines.empty())
-            continue;
+        if (line == nullptr)
+            return SetFault({kNoPointLine});
         AppendPieces(line->lines.front(), each);
         between = &line->between;
     }

@@ -9,6 +9,10 @@
 
 namespace plugin {
 
+/// The fault of an outline or mark.
+inline constexpr const wchar_t* kNoPointLine =
+    L"no line of the format for its points fits its face, code and group";
+
 /// Appends lines of a format to a text, and counts them. The first fault is kept; the text is of no
 /// use from there on.
 class LineWriter {

@@ -237,7 +237,7 @@ bool JobRun::Write(const std::filesystem::path& folder, const CancelCheck& isCan
     WriteFormattedFiles(folder);
     MakePlans();
     // A wrong plan reaches no file.
-    if (!m_planFaults.empty())
+    if (!m_planFaults.empty() || !m_formatConflicts.empty())
         return true;
     if (IsAnyGroupNested()) {
         WriteCuttingList(folderText + GetFileName(job::kCuttingListEnding));
@@ -390,40 +390,25 @@ std::string JobRun::MakeFormattedFile(std::size_t file,
         groups, {header.begin(), header.end()}, m_rules.GetFormatTexts(), faults);
 }
 
+/// What a file cannot express reaches none: the run tells it.
 void JobRun::WriteFormattedFiles(const std::filesystem::path& folder) {
-    std::vector<FormatFault> told;
+    m_rules.SetFormatTexts(GetJobProjectInfo().MakeFormatTexts(m_job));
     for (std::size_t file = 0; file < m_job.files.size(); ++file) {
         if (!m_job.files[file].format)
             continue;
-        const std::string bytes = MakeFormattedFile(file, GroupsOf(file), told);
+        std::vector<FormatFault> faults;
+        const std::string bytes = MakeFormattedFile(file, GroupsOf(file), faults);
+        for (const FormatFault& fault : faults)
+            m_formatConflicts.push_back(
+                {file,
+                 ZetString::format(L"file \"%s\": its format cannot express %s",
+                                   m_job.files[file].id,
+                                   fault.text)});
         const std::filesystem::path path =
             folder / job::PathFromUtf8(GetFileName(m_job.files[file].ending).toUtf8());
         if (const std::error_code fault = WriteBytes(path, bytes))
             m_faults.append({TextOf(path), ZetFileFault::Operation::kWrite, fault.value()});
     }
-}
-
-/// Each file with a member without lines in each of its groups.
-std::vector<JobRun::FormatConflict> JobRun::FindFormatConflicts() {
-    std::vector<FormatConflict> conflicts;
-    const FormattedMember none;
-    m_rules.SetFormatTexts(GetJobProjectInfo().MakeFormatTexts(m_job));
-    for (std::size_t file = 0; file < m_job.files.size(); ++file) {
-        if (!m_job.files[file].format)
-            continue;
-        std::vector<FormattedGroup> groups;
-        for (const job::Group& group : m_job.groups)
-            if (std::find(group.files.begin(), group.files.end(), file) != group.files.end())
-                groups.push_back({group.id, {}, group.headerLines, {&none}});
-        std::vector<FormatFault> faults;
-        MakeFormattedFile(file, std::move(groups), faults);
-        for (const FormatFault& fault : faults)
-            conflicts.push_back({file,
-                                 ZetString::format(L"file \"%s\": its format cannot express %s",
-                                                   m_job.files[file].id,
-                                                   fault.text)});
-    }
-    return conflicts;
 }
 
 // ---- cutting list -------------------------------------------------------------------------------

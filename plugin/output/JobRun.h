@@ -122,12 +122,13 @@ class JobRun {
     std::vector<ProfileResult> GetProfileResults() const;
     /// Why members that were added cannot be cut as the job says; one sentence each.
     std::vector<ZetString> FindPlanConflicts() const;
-    /// Why files cannot be written in their formats, whatever their members; one sentence each.
+    /// Why a file as a whole, or one of its groups, cannot be written in its format; a sentence.
     struct FormatConflict {
         std::size_t file = 0;  ///< position in the job's
         ZetString text;
     };
-    std::vector<FormatConflict> FindFormatConflicts();
+    /// What Write has written is of no use when there is one.
+    const std::vector<FormatConflict>& GetFormatConflicts() const { return m_formatConflicts; }
     /// By group, then by profile and material; empty without nested groups that have valid members.
     /// After Write.
     const std::vector<ProfilePlan>& GetPlans() const { return m_plans; }
@@ -187,6 +188,7 @@ class JobRun {
     cutting::Planner m_planner = &cutting::MakeLeastPlan;
     std::vector<ProfilePlan> m_plans;
     std::vector<ZetString> m_planFaults;
+    std::vector<FormatConflict> m_formatConflicts;
     std::vector<std::size_t> m_written;  ///< positions of members, as they were written
     CancelCheck m_isCancelled;
 };

@@ -126,23 +126,47 @@ TEST(Formats, NcFilesAreNamedByWhatTellsPartsApart) {
     }
 }
 
-// What no member can change is told at the file's format in the job, before any file is written.
+// What no member can change is told at the file's format in the job; the older output stays.
 TEST(Formats, WhatAFileCannotExpressIsToldAtItsPlace) {
+    struct Case {
+        std::string format;  ///< begins the file, and the line for the start of a group
+        std::string told;    ///< "": nothing
+    };
+    const std::string start = "[[line]]\nfor = [\"group_start\"]\ntext = ";
+    const Case cases[] = {
+        {"[texts]\nencoding = \"iso-8859-1\"\n" + start + "[\"{group}\"]",
+         "{group}: \"g\u0141\": the encoding of the format has not all its characters in group "
+         "\"g\u0141\", Profile Z200x2.0"                                               },
+        {"[texts]\nlongest = 14\n" + start + "[\"G {group} {section} N{members}\"]",
+         "{section}: \"Profile Z200x2.0\": it is longer than 14 characters"            },
+        {"[texts]\nforbidden = \"2\"\n" + start + "[\"{section}\"]",
+         "{section}: \"Profile Z200x2.0\": it has a character that the format forbids" },
+        {"[format]\nfixed_columns = true\n" + start + "[\"{pieces:>1}\"]",
+         "{pieces}: it has 2 characters and its column 1"                              },
+        {"[texts]\nlongest = 2\n" + start + "[\"{group}\"]",                         ""},
+    };
+    const std::string job =
+        "[job]\nnc_files = [\"p.nc1\"]\n[[file]]\nid = \"order\"\nformat = \"f.toml\"\n[[group]]\n"
+        "id = \"g\u0141\"\nsplit_by = \"profile\"\n[[group]]\nid = \"nobody is in it\"\n"
+        "[[member_type]]\nid = \"t\"\ngroup = \"g\u0141\"\nreport = { uncovered_hole = \"warning\" "
+        "}\n";
     const TempFolder folder;
-    folder.Write("f.toml",
-                 "[texts]\nencoding = \"iso-8859-1\"\n[[line]]\nfor = [\"group_start\"]\ntext = "
-                 "[\"{group}\"]\n");
-    folder.Write("job.toml",
-                 "[job]\nnc_files = [\"p.nc1\"]\n[[file]]\nid = \"order\"\nformat = "
-                 "\"f.toml\"\n[[group]]\nid = \"\u0141\"\n[[member_type]]\nid = \"t\"\ngroup = "
-                 "\"\u0141\"\n");
+    folder.Write("job.toml", job);
     fs::copy(CAMJOB_EXAMPLES "/nc/Z200-purlin.nc1", folder.PathOf("p.nc1"));
+    fs::create_directory(folder.PathOf("made"));
     const CurrentFolder current(folder.PathOf("."));
-    const CamjobRun run = RunTool({"run", "job.toml", "--out", "made"});
-    EXPECT_EQ(run.exitCode, 2);
-    EXPECT_NE(run.err.find("job.toml:5:10: file \"order\": its format cannot express {group}: "),
-              std::string::npos)
-        << run.err;
+    for (const Case& each : cases) {
+        SCOPED_TRACE(each.format);
+        folder.Write("f.toml",
+                     each.format + "\n[[line]]\nfor = [\"hole\", \"outline\"]\ntext = []\n");
+        folder.Write("made/job-orders.txt", "older");
+        const CamjobRun run = RunTool({"run", "job.toml", "--out", "made"});
+        EXPECT_EQ(run.exitCode == 2, !each.told.empty()) << run.err;
+        const std::string told = "job.toml:5:10: file \"order\": its format cannot express ";
+        EXPECT_NE(run.err.find(each.told.empty() ? "" : told + each.told), std::string::npos)
+            << run.err;
+        EXPECT_EQ(folder.Read("made/job-orders.txt") == "older", !each.told.empty());
+    }
 }
 
 std::string OrdersOf(const fs::path& folder) {

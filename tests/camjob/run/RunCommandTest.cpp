@@ -190,6 +190,11 @@ TEST(RunCommand, DoesNotReplaceItsOwnInput) {
     EXPECT_EQ(run.exitCode, 2);
     ExpectParts(run.err, {"s.toml: the output would replace this file"});
     EXPECT_EQ(folder.Read("s.toml"), job.Text());
+    job.more += "format = \"out/s.toml\"\n";
+    job.Write(folder);
+    fs::create_directory(folder.PathOf("out"));
+    folder.Write("out/s.toml", "[[line]]\nfor = [\"hole\"]\ntext = []\n");
+    ExpectParts(RunJobFile(folder).err, {"out/s.toml: the output would replace this file"});
 }
 
 /// The name of an output in capitals: one file or two, as the file system has it.

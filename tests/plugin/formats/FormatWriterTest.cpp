@@ -167,6 +167,8 @@ const Case kCases[] = {
     {"NothingForIt", "[[line]]\nfor=[\"outline\"]\ntext=[]\n[[line]]\nfor=[\"point\"]\ntext=[\"p\"]", "", Member({Triangle()}), ""},
     {"FirstThatFits", "[[line]]\nfor=[\"hole\"]\ncodes=[\"X*\"]\ntext=[\"x\"]\n[[line]]\nfor=[\"hole\"]\nfaces=[\"top_flange\"]\ntext=[\"t\"]\n[[line]]\nfor=[\"hole\"]\ngroups=[\"g*\"]\ntext=[\"g\"]", "\"else\"", Member({HoleAt(1, 1)}), "else\n"},
     {"PointsInLine", "[[line]]\nfor=[\"outline\"]\ntext=[\"{index}<{points}>\"]\n[[line]]\nfor=[\"point\"]\ntext=[\"{index}:{x:.0f}/{y:.0f}\"]\nbetween=\"; \"", "", Member({Triangle(), Triangle()}), "1<1:0/0; 2:10/0; 3:0/5>\n2<1:0/0; 2:10/0; 3:0/5>\n"},
+    {"PointsWithoutLineInLine", "[[line]]\nfor=[\"outline\"]\ntext=[\"O {points}|\"]\n[[line]]\nfor=[\"point\"]\ngroups=[\"zzz\"]\ntext=[\"p\"]", "", Member({Triangle()}), "[0 no line of the format for its points fits its face, code and group]"},
+    {"PointsWithoutLine", "[[line]]\nfor=[\"outline\"]\ntext=[\"O\"]\n[[line]]\nfor=[\"point\"]\ngroups=[\"zzz\"]\ntext=[\"p\"]", "", Member({Triangle()}), "[0 no line of the format for its points fits its face, code and group]"},
     {"PointsAsLines", "[[line]]\nfor=[\"outline\"]\ntext=[\"{count}\"]\n[[line]]\nfor=[\"point\"]\ntext=[\"{index} {x:.0f}\"]", "", Member({Triangle()}), "3\n1 0\n2 10\n3 0\n"},
     {"ColumnsWithPitch", kRuns, kXy, Member({HoleAt(10, 20), HoleAt(10, 60), HoleAt(10, 100), HoleAt(50, 20), HoleAt(50, 70, 14)}), "10.000 20.000 3*40.000\n50.000 20.000\n50.000 70.000\n"},
     {"UnevenColumns", kRuns, kXy, Member({HoleAt(10, 20), HoleAt(10, 60), HoleAt(10, 110)}), "10.000 20.000 2*40.000\n10.000 110.000\n"},
