@@ -48,9 +48,14 @@ std::string InOneLine(const std::vector<ValueChange>& values, std::string ValueC
 }
 
 std::string TextOf(const std::optional<OutputBars>& bars) {
-    return bars ? std::to_string(bars->bars) + ", used " + Number(bars->utilisation * kPercent, 1) +
-                      " %"
-                : "";
+    if (!bars)
+        return {};
+    const std::string text =
+        std::to_string(bars->bars) + ", used " + Number(bars->utilisation * kPercent, 1) + " %";
+    return bars->uncut == 0
+               ? text
+               : text + ", " + std::to_string(bars->uncut) +
+                     (bars->uncut == 1 ? " piece without a bar" : " pieces without a bar");
 }
 
 }  // namespace
@@ -83,10 +88,13 @@ std::vector<ChangeRow> RowsOf(const MemberChange& change) {
 
 ChangeRow RowOf(const BarChange& change) {
     const OutputBars& known = change.after ? *change.after : *change.before;
-    return {known.profile + (known.material.empty() ? "" : " " + known.material),
-            "bars of " + known.group,
-            TextOf(change.before),
-            TextOf(change.after)};
+    ChangeRow row = {known.profile + (known.material.empty() ? "" : " " + known.material),
+                     "bars of " + known.group,
+                     TextOf(change.before),
+                     TextOf(change.after)};
+    if (row.before == row.after)
+        row.after += ", cut differently";
+    return row;
 }
 
 std::vector<ChangeRow> RowsOf(const OutputChanges& changes) {

@@ -55,6 +55,7 @@ Json ToJson(const std::optional<OutputBars>& bars) {
     return {
         {"bars",        bars->bars       },
         {"utilisation", bars->utilisation},
+        {"uncut",       bars->uncut      },
     };
 }
 
@@ -104,7 +105,9 @@ std::optional<OutputBars> BarsFrom(const Json& change, const char* side) {
                       change.at("profile").get<std::string>(),
                       change.at("material").get<std::string>(),
                       json.at("bars").get<long>(),
-                      json.at("utilisation").get<double>()};
+                      json.at("utilisation").get<double>(),
+                      json.value("uncut", 0L),
+                      {}};
 }
 
 BarChange BarChangeFrom(const Json& json) {

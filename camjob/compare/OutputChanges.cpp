@@ -255,7 +255,7 @@ std::vector<BarChange> CompareBars(const std::vector<OutputBars>& before,
         const OutputBars* old = FindLike(before, bars);
         if (old == nullptr)
             changes.push_back({std::nullopt, bars});
-        else if (old->bars != bars.bars || old->utilisation != bars.utilisation)
+        else if (*old != bars)
             changes.push_back({*old, bars});
     }
     for (const OutputBars& bars : before)

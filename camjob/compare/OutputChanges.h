@@ -35,7 +35,8 @@ struct MemberChange {
     std::vector<FeatureChange> features;  ///< of a changed member, by face and kind
 };
 
-/// The bars of a profile and material; nothing on the side that has none.
+/// The bars of a profile and material; nothing on the side that has none. Where all numbers of both
+/// sides are equal, they are cut differently.
 struct BarChange {
     std::optional<OutputBars> before;
     std::optional<OutputBars> after;

@@ -42,6 +42,28 @@ struct OutputMember {
 /// The status of a member in words.
 std::string StatusInWords(bool isValid, bool hasWarnings, bool isNonStandard);
 
+/// A piece on a bar.
+struct OutputPiece {
+    std::string mark;
+    double position = 0.0;
+    double length = 0.0;
+
+    bool operator==(const OutputPiece&) const = default;
+};
+
+/// Bars that are cut alike.
+struct OutputCut {
+    long count = 0;
+    double stock = 0.0;
+    double kerf = 0.0;
+    std::optional<std::string> remnant;  ///< its name; nothing: a bar of the stock
+    double offCut = 0.0;
+    bool isKept = false;
+    std::vector<OutputPiece> pieces;
+
+    bool operator==(const OutputCut&) const = default;
+};
+
 /// The bars of one cutting plan.
 struct OutputBars {
     std::string group;
@@ -49,6 +71,10 @@ struct OutputBars {
     std::string material;
     long bars = 0;
     double utilisation = 0.0;  ///< 0 to 1
+    long uncut = 0;            ///< pieces without a bar
+    std::vector<OutputCut> cuts;
+
+    bool operator==(const OutputBars&) const = default;
 };
 
 }  // namespace camjob

@@ -28,12 +28,33 @@ OutputMember MemberOf(const Json& member) {
     return read;
 }
 
+OutputCut CutOf(const Json& entry) {
+    OutputCut cut;
+    cut.count = entry.at("count").get<long>();
+    cut.stock = entry.at("stock").get<double>();
+    cut.kerf = entry.at("kerf").get<double>();
+    if (const Json& remnant = entry.at("remnant"); !remnant.is_null())
+        cut.remnant = remnant.get<std::string>();
+    cut.offCut = entry.at("offCut").get<double>();
+    cut.isKept = entry.at("kept").get<bool>();
+    for (const Json& piece : entry.at("pieces"))
+        cut.pieces.push_back({piece.at("mark").get<std::string>(),
+                              piece.at("position").get<double>(),
+                              piece.at("length").get<double>()});
+    return cut;
+}
+
 OutputBars BarsOf(const Json& bars) {
-    return {bars.at("name").get<std::string>(),
-            bars.at("profile").get<std::string>(),
-            bars.at("material").get<std::string>(),
-            bars.at("bars").get<long>(),
-            bars.at("utilisation").get<double>()};
+    OutputBars read = {bars.at("name").get<std::string>(),
+                       bars.at("profile").get<std::string>(),
+                       bars.at("material").get<std::string>(),
+                       bars.at("bars").get<long>(),
+                       bars.at("utilisation").get<double>(),
+                       bars.at("uncut").get<long>(),
+                       {}};
+    for (const Json& entry : bars.at("entries"))
+        read.cuts.push_back(CutOf(entry));
+    return read;
 }
 
 /// Parses a document whose members are dropped as soon as they were taken.

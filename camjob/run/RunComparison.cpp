@@ -41,13 +41,36 @@ OutputMember ToCompare(const RunReport& report, std::size_t index) {
     return member;
 }
 
-OutputBars ToCompare(const RunPlan& plan) {
-    const plugin::PlanTotals totals = TotalsOf(plan.plan);
-    return {plan.group.toUtf8(),
-            plan.plan.profileName.toUtf8(),
-            plan.plan.material.toUtf8(),
-            totals.bars,
-            totals.GetUtilisation()};
+OutputCut ToCompare(const plugin::ProfilePlan& plan, const cutting::PlannedBars& bars) {
+    const plugin::BarStock& stock = plan.stocks[bars.stock];
+    OutputCut cut;
+    cut.count = static_cast<long>(bars.bars);
+    cut.stock = stock.length;
+    cut.kerf = stock.kerf;
+    if (stock.remnant)
+        cut.remnant = stock.name.toUtf8();
+    cut.offCut = plugin::Millimetres(bars.offCut);
+    cut.isKept = IsKept(plan, bars);
+    for (const plugin::PieceOnBar& piece : plugin::BarWalk(plan).Next(bars))
+        cut.pieces.push_back({plan.parts[piece.part].mark.toUtf8(),
+                              plugin::Millimetres(piece.position),
+                              plugin::Millimetres(piece.length)});
+    return cut;
+}
+
+OutputBars ToCompare(const RunPlan& run) {
+    const plugin::ProfilePlan& plan = run.plan;
+    const plugin::PlanTotals totals = TotalsOf(plan);
+    OutputBars compared = {run.group.toUtf8(),
+                           plan.profileName.toUtf8(),
+                           plan.material.toUtf8(),
+                           totals.bars,
+                           totals.GetUtilisation(),
+                           totals.uncut,
+                           {}};
+    for (const cutting::PlannedBars& bars : plan.plan.bars)
+        compared.cuts.push_back(ToCompare(plan, bars));
+    return compared;
 }
 
 /// Members by their mark.

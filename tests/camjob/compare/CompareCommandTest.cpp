@@ -86,6 +86,32 @@ TEST(CompareCommand, TellsWhatDiffers) {
     EXPECT_EQ(RunTool({"compare", "out", "out"}).out, "against out: nothing has changed\n");
 }
 
+TEST(CompareCommand, TellsHowBarsAreCut) {
+    const TempFolder folder;
+    SampleJob job;
+    job.ncFiles = "nc/C*.nc1";
+    job.Write(folder);
+    folder.Write("nc/CA.nc1", nc::Header("A", "C100x1.5\n  C", "3000.00") + "EN\n");
+    folder.Write("nc/CB.nc1", nc::Header("B", "C100x1.5\n  C", "2990.00") + "EN\n");
+    const CurrentFolder there(folder.PathOf(""));
+    const auto run = [&](const std::string& more) {
+        job.more = "[[stock]]\nlength = 6000.0\n" + more;
+        folder.Write("job.toml", job.Text());
+        return RunTool({"run", "job.toml", "--out", "out"}).out;
+    };
+    run("");
+    const std::pair<const char*, const char*> cases[] = {
+        {"kerf = 5.0\n",   "12, used 99.8 %  12, used 99.8 %, cut differently"      },
+        {"quantity = 8\n", "12, used 99.8 %  8, used 99.8 %, 8 pieces without a bar"},
+        {"",               "8, used 99.8 %, 8 pieces without a bar  12, used 99.8 %"},
+        {"quantity = 8\n", "12, used 99.8 %  8, used 99.8 %, 8 pieces without a bar"},
+    };
+    for (const auto& [more, wanted] : cases) {
+        const std::string out = run(more);
+        EXPECT_NE(out.find(std::string("bars of struts  ") + wanted), std::string::npos) << out;
+    }
+}
+
 TEST(CompareCommand, RefusesWhatIsNoOutput) {
     const TempFolder folder;
     WriteOld(folder);
