@@ -17,10 +17,10 @@ bool AreForOneProfile(const StockTable& a, const StockTable& b) {
     return covers(a, b) || covers(b, a);
 }
 
-/// Bars without end of one length, which the saw would cut in two ways.
+/// Bars without end of one length, which would be cut, or their off-cuts kept, in two ways.
 bool DoContradict(const StockTable& earlier, const StockTable& later) {
     const auto cutOf = [](const StockTable& table) {
-        return std::tuple(table.kerf, table.gripStart, table.gripEnd);
+        return std::tuple(table.kerf, table.gripStart, table.gripEnd, table.leastOffcut);
     };
     return earlier.isSound && !earlier.quantity && !later.quantity &&
            earlier.length == later.length && cutOf(earlier) != cutOf(later) &&
@@ -54,12 +54,13 @@ void JobMaker::CheckKerfsAndGrips() {
         const auto earlier = std::find_if(
             tables.begin(), later, [&](const auto& table) { return DoContradict(table, *later); });
         if (earlier != later)
-            RequireOf(*later,
-                      false,
-                      "the [[stock]] in line " + std::to_string(earlier->at.line) +
-                          " is of the same length for the same profile, with other \"kerf\" or "
-                          "grips, and neither has a \"quantity\"; take one out, or give one a "
-                          "\"quantity\"");
+            RequireOf(
+                *later,
+                false,
+                "the [[stock]] in line " + std::to_string(earlier->at.line) +
+                    " is of the same length for the same profile, with other \"kerf\", "
+                    "grips or \"least_offcut\", and neither has a \"quantity\"; take one out, or give one a "
+                    "\"quantity\"");
     }
 }
 

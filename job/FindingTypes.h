@@ -105,6 +105,9 @@ inline constexpr FindingType kFindingTypes[] = {
     {"unwritable", "Format <name and file>: <value>: <reason><, of which operation>",
      "A value that the format of a file cannot express: a face without a name, a tool without a number, a text that is too long, an operation without a line. The operation is not made; what is said of the member itself is always an error.",
      "Add the face, tool, profile or line to the format file, or send the part to a group without this file.", eReportingError},
+    {"no_bar", "<number> of <quantity> pieces <have> no bar to be cut from: none is long enough or left",
+     "A cutting plan has no bar for pieces of the member, which is made all the same. It is found behind the members' blocks: they do not tell it.",
+     "Raise `quantity` of a `[[stock]]`, or add one.", eReportingWarning},
 };
 
 // clang-format on

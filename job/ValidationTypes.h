@@ -26,9 +26,10 @@ enum ValidationType : int {
     kMissingParts = 23,     ///< a main part, or all, have fewer single parts than they need
     kUnusedParts = 24,      ///< single parts that no assembly takes
     kUnwritable = 25,       ///< the format of a file cannot express a value
+    kNoBar = 26,            ///< no bar is long enough or left for pieces of a member
 };
 
-inline constexpr int kValidationTypes = kUnwritable + 1;
+inline constexpr int kValidationTypes = kNoBar + 1;
 
 static_assert(kUncoveredHole == static_cast<int>(eValidationFirstFeature));
 static_assert(kLongerThanStock == static_cast<int>(eValidationLastFeature));

@@ -22,6 +22,7 @@ long LineOf(const plugin::Finding& finding, const HeaderPlaces& lines) {
             return finding.required ? lines.quantity : lines.length;
         case job::kMissingParts:
         case job::kUnusedParts:
+        case job::kNoBar:
             return lines.quantity;
         default:
             return lines.mark;

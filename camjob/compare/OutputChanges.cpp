@@ -145,8 +145,17 @@ void ForgetAllButPlace(OutputFeature& feature) {
     feature.kind.clear();
 }
 
+/// A face has its outline, whatever becomes of it.
+void ForgetOutline(OutputFeature& feature) {
+    if (feature.IsOutline()) {
+        ForgetPlace(feature);
+        ForgetMeasures(feature);
+    }
+}
+
 /// A row that moves keeps its order, and where it can each of its codes.
 const FeatureMatching::Step FeatureMatching::kSteps[] = {
+    {FeatureChangeKind::kChanged, &ForgetOutline,      true },
     {FeatureChangeKind::kRecoded, &ForgetCode,         false},
     {FeatureChangeKind::kChanged, &ForgetMeasures,     false},
     {FeatureChangeKind::kMoved,   &ForgetPlace,        true },

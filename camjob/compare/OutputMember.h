@@ -23,6 +23,7 @@ struct OutputFeature {
     double xInFile = 0.0;  ///< in the coordinates of its face in the NC file; tells no difference
     double yInFile = 0.0;
 
+    bool IsOutline() const { return kind == "outline"; }
     auto Key() const { return std::tie(face, kind, x, y, size, length, angle, code); }
     friend bool operator<(const OutputFeature& a, const OutputFeature& b) {
         return a.Key() < b.Key();

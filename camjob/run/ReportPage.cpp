@@ -331,7 +331,8 @@ void AddChanges(const MemberChange& change,
         member.changes.push_back({row.what, row.before, row.after});
     std::vector<report::DrawnFeature> earlier;
     for (const FeatureChange& feature : change.features)
-        if (feature.before && feature.kind != FeatureChangeKind::kRecoded)
+        if (feature.before && feature.kind != FeatureChangeKind::kRecoded &&
+            !feature.before->IsOutline())
             if (auto drawn = EarlierFeature(*feature.before, drawing))
                 earlier.push_back(*std::move(drawn));
     member.earlier = page.Compact(earlier);
@@ -353,7 +354,7 @@ std::vector<PageTable> ChangeTables(const RunReport& report) {
         };
     const OutputChanges& changes = *report.changes;
     const std::string title =
-        "What has changed against " + changes.against + ": " + DescribeChanges(changes);
+        "What has changed against " + report.NameAgainst() + ": " + DescribeChanges(changes);
     PageTable members = {
         title, {"Member",   "What", "Before", "Now"},
          {},
@@ -374,16 +375,6 @@ std::vector<PageTable> ChangeTables(const RunReport& report) {
     return {members, bars};
 }
 
-/// What is told with a member that lacks bars.
-report::DrawnFinding UncutFinding(long uncut, long quantity) {
-    report::DrawnFinding finding;
-    finding.state = FeatureState::kWarning;
-    finding.text = std::to_string(uncut) + " of " + std::to_string(quantity) + " pieces " +
-                   (uncut == 1 ? "has" : "have") +
-                   " no bar to be cut from: none is long enough or left";
-    return finding;
-}
-
 report::PageMember PageMemberOf(const RunReport& report,
                                 std::size_t index,
                                 long uncut,
@@ -402,8 +393,10 @@ report::PageMember PageMemberOf(const RunReport& report,
     member.isNonStandard = result.outcome.isNonStandard;
     member.uncut = uncut;
     member.findings = DrawnFindings(result.findings, source.file.lines);
-    if (uncut > 0)
-        member.findings.push_back(UncutFinding(uncut, result.quantity));
+    // What is an error to the job leaves a member with warnings that is made all the same.
+    for (report::DrawnFinding& finding : member.findings)
+        if (result.outcome.isValid)
+            finding.state = std::min(finding.state, FeatureState::kWarning);
     member.accounts = DescribeAccounts(source.CountAccounts()).toUtf8();
     member.drawing = report.drawings.GetCompact(index);
     return member;

@@ -3,6 +3,7 @@
 #include "camjob/console/ExitCode.h"
 #include "camjob/console/Paths.h"
 
+#include <algorithm>
 #include <map>
 #include <numeric>
 #include <utility>
@@ -22,6 +23,16 @@ std::string DescribeNote(const RunNote& note) {
 std::string RunReport::WithinFolder(const std::string& file) const {
     const std::string start = NameIn(folder, {});
     return file.starts_with(start) ? file.substr(start.size()) : file;
+}
+
+/// Changes that are told again may be those against an output that has gone from this very place.
+std::string RunReport::NameAgainst() const {
+    const std::string& against = changes->against;
+    const bool isOwn = against == Utf8FromPath(PathFromUtf8(folder).filename()) ||
+                       std::any_of(files.begin(), files.end(), [&](const RunFile& file) {
+                           return WithinFolder(file.name) == against;
+                       });
+    return repeatsChanges && isOwn ? "the output that was replaced" : against;
 }
 
 void RunReport::DropResults() {

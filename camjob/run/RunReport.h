@@ -121,6 +121,8 @@ struct RunReport {
 
     /// Of a file of the output, as seen from its folder.
     std::string WithinFolder(const std::string& file) const;
+    /// What its changes are told against, for people.
+    std::string NameAgainst() const;
     /// For a run that came to no output after all.
     void DropResults();
     /// Of all groups together; its `group` means nothing.

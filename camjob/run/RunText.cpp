@@ -207,7 +207,10 @@ struct FindingList {
 };
 
 constexpr FindingList kErrorList = {
-    L"why invalid, and what to do; the members' blocks are in ", job::kErrorFile, true, 30};
+    L"why invalid or short of parts, and what to do; the members' blocks are in ",
+    job::kErrorFile,
+    true,
+    30};
 /// There may be many, on members that are made.
 constexpr FindingList kWarningList = {
     L"warnings, and what to do; the members' blocks are in ", job::kWarningFile, false, 10};
@@ -271,10 +274,12 @@ ZetString SettingLines(const RunReport& report) {
 ZetString ChangesOf(const RunReport& report, const Terminal& terminal) {
     if (!report.changes)
         return {};
+    OutputChanges changes = *report.changes;
+    changes.against = report.NameAgainst();
     return (report.repeatsChanges
                 ? ZetString(L"nothing has changed since the last run, which told:\n")
                 : ZetString()) +
-           ChangesText(*report.changes, kMaxListedMembers, terminal);
+           ChangesText(changes, kMaxListedMembers, terminal);
 }
 
 ZetString FileTable(const RunReport& report, const Terminal& terminal) {

@@ -15,6 +15,7 @@
 #include <filesystem>
 #include <map>
 #include <optional>
+#include <set>
 #include <system_error>
 #include <unordered_map>
 #include <utility>
@@ -96,8 +97,22 @@ int Shower::DrawAll(const plugin::JudgingRules& rules) {
     return m_code;
 }
 
+/// Folders and files can name the same file.
+void KeepEachOnce(FoundNcFiles& found) {
+    std::set<fs::path> places;
+    FoundNcFiles once;
+    once.faults = std::move(found.faults);
+    for (std::size_t i = 0; i < found.files.size(); ++i)
+        if (places.insert(PlaceOf(PathFromUtf8(found.files[i]))).second) {
+            once.files.push_back(std::move(found.files[i]));
+            once.folders.push_back(std::move(found.folders[i]));
+        }
+    found = std::move(once);
+}
+
 void Shower::FindFiles() {
     m_found = FindNcFiles(m_options.files);
+    KeepEachOnce(m_found);
     for (const dstv::NcError& fault : m_found.faults) {
         WriteError(fault, m_err);
         m_code = kExitBadInput;

@@ -433,6 +433,10 @@ void JobRun::MakePlans() {
         nextBar += TotalsOf(plan).bars;
         for (const std::string& fault : cutting::FindFaults(plan.demand, plan.cutStocks, plan.plan))
             m_planFaults.push_back(NameOfProfile(plan) + L": " + ZetString::fromUtf8(fault));
+        for (std::size_t part = 0; part < plan.plan.uncut.size(); ++part)
+            if (plan.plan.uncut[part] > 0)
+                m_members[plan.parts[part].member]->TellUncut(
+                    static_cast<long>(plan.plan.uncut[part]));
         m_bars.Take(plan, GetProjectInfo().GetFileName());
         m_plans.push_back(std::move(plan));
     }

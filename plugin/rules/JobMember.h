@@ -86,6 +86,9 @@ class JobMember : public CMxPeilaib {
     /// Settles whether the member is valid, and makes its error and warning blocks. A second call
     /// does nothing.
     void SettleReport();
+    /// Tells that a cutting plan has no bar for so many pieces of this valid member. After the
+    /// member is written.
+    void TellUncut(long pieces);
     /// The member in a format of the job, by its position; null unless a file of its group has it.
     const FormattedMember* GetFormatted(std::size_t format) const;
     /// It is manufactured.
@@ -122,7 +125,7 @@ class JobMember : public CMxPeilaib {
     ZetArray<ZetString> GetErrorBlock() const;
     ZetArray<ZetString> GetWarningBlock() const;
 
-    /// Settled with the report; what a single part is told later about its quantity does not enter.
+    /// Settled with the report; what is told later of single parts and bars enters as a warning.
     const MemberOutcome& GetOutcome() const { return m_outcome; }
     /// A part of an assembly, but not the main part. Its group is kSecondaryGroup.
     bool IsSecondaryPart() const { return getIsPartOfAssy() && !getIsMainPart(); }

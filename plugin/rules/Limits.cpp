@@ -155,4 +155,17 @@ void JobMember::CheckStockLength() {
          .found = GetLength()});
 }
 
+/// The member's blocks stand in the files already.
+void JobMember::TellUncut(long pieces) {
+    RecordFinding({.type = job::kNoBar,
+                   .text = ZetString::format(
+                       L"%d of %d pieces %s no bar to be cut from: none is long enough or left",
+                       pieces,
+                       GetQty(),
+                       ZetString(pieces == 1 ? L"has" : L"have")),
+                   .required = static_cast<double>(GetQty()),
+                   .found = static_cast<double>(GetQty() - pieces)});
+    m_outcome.hasWarnings = m_outcome.hasWarnings || m_findings.back().IsPrinted();
+}
+
 }  // namespace plugin

@@ -164,8 +164,6 @@ void RunPage::AddMember(PageMember member) {
     m_invalid += member.state == FeatureState::kError ? 1 : 0;
     m_withWarnings += member.state == FeatureState::kWarning ? 1 : 0;
     m_uncut += member.uncut;
-    if (member.uncut > 0)
-        member.state = std::max(member.state, FeatureState::kWarning);
     const bool isFaulty = member.state >= FeatureState::kWarning;
     const bool isDrawn = isFaulty || m_bytes < kMostMemberBytes;
     m_members.push_back(CompactMember(member, isDrawn, m_texts));
@@ -179,22 +177,24 @@ void RunPage::AddMember(PageMember member) {
 std::string RunPage::VerdictHtml() const {
     const std::string all = std::to_string(m_members.size());
     std::string state = m_withWarnings > 0 ? "warning" : "good";
-    std::string text = m_members.size() == 1 ? "<b>The only member is made.</b>"
-                                             : "<b>All " + all + " members are made.</b>";
+    std::string text = m_uncut > 0             ? ""
+                       : m_members.size() == 1 ? "<b>The only member is made.</b>"
+                                               : "<b>All " + all + " members are made.</b>";
     if (m_invalid > 0) {
         state = "error";
         text = "<b>" + std::to_string(m_invalid) + " of " + all +
                (m_invalid == 1 ? " members has errors and is" : " members have errors and are") +
                " not made.</b> The files hold the others.";
     } else if (m_withWarnings > 0) {
-        text += m_members.size() == 1 ? " It has warnings."
-                                      : " " + std::to_string(m_withWarnings) +
-                                            (m_withWarnings == 1 ? " has" : " have") + " warnings.";
+        text += m_members.size() == 1
+                    ? " It has warnings."
+                    : " " + std::to_string(m_withWarnings) +
+                          (m_withWarnings == 1 ? " member has" : " members have") + " warnings.";
     }
     if (m_uncut > 0) {
         state = "error";
         text = "<b>" + std::to_string(m_uncut) + (m_uncut == 1 ? " piece has" : " pieces have") +
-               " no bar to be cut from.</b> " + text;
+               " no bar to be cut from.</b>" + (m_invalid > 0 ? " " : "") + text;
     }
     return "<p class=\"verdict is-" + state + "\">" + text + "</p>";
 }

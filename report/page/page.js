@@ -56,7 +56,8 @@
     view.rows = filtered(all, view.query, view.state);
     if (view.key) view.rows = sorted(view.rows, view.key, view.isDown);
     el("table").setAttribute("aria-rowcount", view.rows.length + 1);
-    el("count").textContent = `${view.rows.length} of ${all.length} members`;
+    const unknown = view.rows.length ? "" : unknownKeys(view.query);
+    el("count").textContent = `${view.rows.length} of ${all.length} members${unknown && ": " + unknown}`;
     el("list").scrollTop = 0;
     showRows();
     keepHash();

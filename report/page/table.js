@@ -30,12 +30,25 @@ function rowOf(raw, texts, index) {
   return row;
 }
 
+const KEYS = ["mark", "profile", "material", "length", "quantity", "qty", "group", "file", "status"];
+const TERM = /^([a-z_]+)([<>]=|[:<>=])(.*)$/;
+
+// Blanks around operators belong to them.
+const wordsOf = (query) => query.toLowerCase().replace(/([a-z_])\s*([<>]=|[:<>=])\s*/g, "$1$2").split(/\s+/).filter(Boolean);
+
+// What looks like a column and is none, in words.
+function unknownKeys(query) {
+  const keys = wordsOf(query).map((word) => (TERM.exec(word) || [])[1]).filter((key) => key && !KEYS.includes(key));
+  return keys.length ? `no column is called ${keys.join(", ")}; there are ${KEYS.join(", ")}` : "";
+}
+
 // One word of a filter: `text`, `column:text`, `column<number`, `column<=number`, `column>number`, `column>=number`
 // or `column=value`.
 function termOf(word) {
-  const parts = /^(mark|profile|material|length|quantity|group|file|status)([<>]=|[:<>=])(.+)$/.exec(word);
-  if (!parts) return (row) => row.search.includes(word);
-  const [, column, sign, value] = parts;
+  const [, key, sign, value] = TERM.exec(word) || [];
+  if (!KEYS.includes(key)) return (row) => row.search.includes(word);
+  if (!value) return () => true;
+  const column = key === "qty" ? "quantity" : key;
   const cell = (row) => (column === "status" ? STATES[row.state] : row[column]);
   if (sign === "<") return (row) => Number(cell(row)) < Number(value);
   if (sign === ">") return (row) => Number(cell(row)) > Number(value);
@@ -46,7 +59,7 @@ function termOf(word) {
 }
 
 function filtered(rows, query, state) {
-  const terms = query.toLowerCase().split(/\s+/).filter(Boolean).map(termOf);
+  const terms = wordsOf(query).map(termOf);
   const { fits } = FILTERS.find((filter) => filter.key === state) || FILTERS[0];
   return rows.filter((row) => fits(row) && terms.every((term) => term(row)));
 }

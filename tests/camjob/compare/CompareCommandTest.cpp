@@ -11,6 +11,15 @@ std::string Member(const std::string& mark, const std::string& features) {
     return nc::Header(mark, "Z200x2.0\n  SO", "1500.00") + "BO\n" + features + "EN\n";
 }
 
+/// A purlin with a corner cut off at its end.
+std::string Coped(double length) {
+    const auto text = [](double x) { return std::to_string(static_cast<long>(x)) + ".00"; };
+    return nc::Header("M3", "Z200x2.0\n  SO", text(length)) + "AK\n  v 0.00u 0.00 0.00\n    " +
+           text(length) + " 0.00 0.00\n    " + text(length) + " 150.00 0.00\n    " +
+           text(length - 60.0) + " 150.00 0.00\n    " + text(length - 60.0) +
+           " 200.00 0.00\n    0.00 200.00 0.00\n    0.00 0.00 0.00\nEN\n";
+}
+
 /// Yesterday's job.
 SampleJob WriteOld(const TempFolder& folder) {
     SampleJob job;
@@ -24,6 +33,7 @@ SampleJob WriteOld(const TempFolder& folder) {
                  Member("M2",
                         "  v 1000.00 50.00 14.00\n  v 1100.00 50.00 14.00\n"
                         "  v 1200.00 50.00 14.00\n"));
+    folder.Write("nc/10.nc1", Coped(1500.0));
     return job;
 }
 
@@ -40,6 +50,7 @@ void Revise(const TempFolder& folder, const SampleJob& job) {
                         "  v 700.00 50.00 14.00\n  o 900.00 30.00 18.00\n"));
     std::filesystem::remove(folder.PathOf("nc/7.nc1"));
     folder.Write("nc/8.nc1", nc::Plain("N1"));
+    folder.Write("nc/10.nc1", Coped(1600.0));
     // A row that moves as a whole, all but past itself.
     folder.Write("nc/9.nc1",
                  Member("M2",
@@ -62,8 +73,10 @@ TEST(CompareCommand, TellsWhatDiffers) {
     const std::string written = folder.Read("out/s-run.json");
     const nlohmann::json document = nlohmann::json::parse(written);
     const CamjobRun again = RunTool({"run", "job.toml", "--out", "out"});
-    EXPECT_NE(again.out.find("nothing has changed since the last run, which told:\nagainst s-run"),
-              std::string::npos)
+    EXPECT_NE(
+        again.out.find("nothing has changed since the last run, which told:\nagainst the output "
+                       "that was replaced: "),
+        std::string::npos)
         << again.out;
     EXPECT_EQ(folder.Read("out/s-run.json"), written);
 
@@ -110,6 +123,19 @@ TEST(CompareCommand, TellsHowBarsAreCut) {
         const std::string out = run(more);
         EXPECT_NE(out.find(std::string("bars of struts  ") + wanted), std::string::npos) << out;
     }
+    // The members that lack bars, wherever they are told.
+    const nlohmann::json document = nlohmann::json::parse(folder.Read("out/s-run.json"));
+    long uncut = 0;
+    long told = 0;
+    for (const nlohmann::json& member : document["members"])
+        for (const nlohmann::json& finding : member["findings"])
+            if (finding["type"] == "no_bar") {
+                EXPECT_TRUE(member["valid"] && member["warnings"]);
+                uncut += finding["required"].get<long>() - finding["found"].get<long>();
+                ++told;
+            }
+    EXPECT_EQ(uncut, document["bars"][0]["uncut"]);
+    EXPECT_EQ(told, document["groups"][0]["withWarnings"]);
 }
 
 TEST(CompareCommand, RefusesWhatIsNoOutput) {

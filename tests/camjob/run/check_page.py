@@ -129,7 +129,10 @@ class PageCheck:
         browser.click("[data-state='all']")
         browser.press("/")
         browser.click("#filter")
-        browser.type("profile:z200 length>=4990")
+        browser.type("lenght>5")
+        expect("unknown key", "no column is called lenght" in browser.run("document.getElementById('count').textContent"), True)
+        browser.run("document.getElementById('filter').value = ''")
+        browser.type("profile:z200 length >= 4990 qty>0")
         wanted = [m["mark"] for m in self.members if "Z200" in m["profileName"] and m["length"] >= 4990]
         expect("filtered", self.all_marks(), wanted)
         expect("count", browser.run("document.getElementById('count').textContent"), f"{len(wanted)} of {len(self.members)} members")

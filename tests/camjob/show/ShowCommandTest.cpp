@@ -96,6 +96,11 @@ INSTANTIATE_TEST_SUITE_P(
         UsageCase{"Folder", {"b", "--out", "n"}, 0, "n/a.svg", {"n/a.svg"}},
         UsageCase{"Folders", {"halls/", "--out", "n"}, 0, "n/1/a.svg", {"n/1/a.svg", "n/2/a.svg"}},
         UsageCase{"EmptyFolder", {"none", "--out", "n"}, 2, "none"},
+        UsageCase{"OneFileTwice",
+                  {"twice/a.NC1", "twice", "twice/b.nc", "--out", "n"},
+                  0,
+                  "n/b.svg",
+                  {"n/a.svg", "n/b.svg"}},
         UsageCase{"FolderWithoutOut", {"twice"}, 2, "say --out DIR"},
         UsageCase{
             "BadFileAmongGood", {"bad.nc1", "a.nc1", "--out", "n"}, 2, "bad.nc1:10", {"n/a.svg"}},
