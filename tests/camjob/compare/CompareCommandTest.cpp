@@ -108,7 +108,7 @@ TEST(CompareCommand, TellsHowBarsAreCut) {
     folder.Write("nc/CB.nc1", nc::Header("B", "C100x1.5\n  C", "2990.00") + "EN\n");
     const CurrentFolder there(folder.PathOf(""));
     const auto run = [&](const std::string& more) {
-        job.more = "[[stock]]\nlength = 6000.0\n" + more;
+        job.more = "[[stock]]\nprofile = \"C*\"\nlength = 6000.0\n" + more;
         folder.Write("job.toml", job.Text());
         return RunTool({"run", "job.toml", "--out", "out"}).out;
     };
