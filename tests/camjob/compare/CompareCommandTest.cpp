@@ -33,7 +33,6 @@ SampleJob WriteOld(const TempFolder& folder) {
                  Member("M2",
                         "  v 1000.00 50.00 14.00\n  v 1100.00 50.00 14.00\n"
                         "  v 1200.00 50.00 14.00\n"));
-    folder.Write("nc/10.nc1", Coped(1500.0));
     return job;
 }
 
@@ -50,7 +49,6 @@ void Revise(const TempFolder& folder, const SampleJob& job) {
                         "  v 700.00 50.00 14.00\n  o 900.00 30.00 18.00\n"));
     std::filesystem::remove(folder.PathOf("nc/7.nc1"));
     folder.Write("nc/8.nc1", nc::Plain("N1"));
-    folder.Write("nc/10.nc1", Coped(1600.0));
     // A row that moves as a whole, all but past itself.
     folder.Write("nc/9.nc1",
                  Member("M2",
@@ -99,6 +97,21 @@ TEST(CompareCommand, TellsWhatDiffers) {
     EXPECT_EQ(RunTool({"compare", "out", "out"}).out, "against out: nothing has changed\n");
 }
 
+TEST(CompareCommand, AnOutlineIsChanged) {
+    const TempFolder folder;
+    SampleJob job;
+    job.ncFiles = "nc/10.nc1";
+    job.Write(folder);
+    const CurrentFolder there(folder.PathOf(""));
+    for (const double length : {1500.0, 1600.0}) {
+        folder.Write("nc/10.nc1", Coped(length));
+        RunTool({"run", "job.toml", "--out", "of" + std::to_string(static_cast<long>(length))});
+    }
+    const std::string out = RunTool({"compare", "of1500", "of1600"}).out;
+    EXPECT_NE(out.find("web: outline changed  1500 x 200 at"), std::string::npos) << out;
+    EXPECT_EQ(out.find("outline removed"), std::string::npos) << out;
+}
+
 TEST(CompareCommand, TellsHowBarsAreCut) {
     const TempFolder folder;
     SampleJob job;
@@ -115,9 +128,9 @@ TEST(CompareCommand, TellsHowBarsAreCut) {
     run("");
     const std::pair<const char*, const char*> cases[] = {
         {"kerf = 5.0\n",   "12, used 99.8 %  12, used 99.8 %, cut differently"      },
-        {"quantity = 8\n", "12, used 99.8 %  8, used 99.8 %, 8 pieces without a bar"},
-        {"",               "8, used 99.8 %, 8 pieces without a bar  12, used 99.8 %"},
-        {"quantity = 8\n", "12, used 99.8 %  8, used 99.8 %, 8 pieces without a bar"},
+        {"quantity = 8\n", "12, used 99.8 %  8, used 99.9 %, 8 pieces without a bar"},
+        {"",               "8, used 99.9 %, 8 pieces without a bar  12, used 99.8 %"},
+        {"quantity = 8\n", "12, used 99.8 %  8, used 99.9 %, 8 pieces without a bar"},
     };
     for (const auto& [more, wanted] : cases) {
         const std::string out = run(more);
