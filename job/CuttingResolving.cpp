@@ -54,13 +54,12 @@ void JobMaker::CheckKerfsAndGrips() {
         const auto earlier = std::find_if(
             tables.begin(), later, [&](const auto& table) { return DoContradict(table, *later); });
         if (earlier != later)
-            RequireOf(
-                *later,
-                false,
-                "the [[stock]] in line " + std::to_string(earlier->at.line) +
-                    " is of the same length for the same profile, with other \"kerf\", "
-                    "grips or \"least_offcut\", and neither has a \"quantity\"; take one out, or give one a "
-                    "\"quantity\"");
+            RequireOf(*later,
+                      false,
+                      "the [[stock]] in line " + std::to_string(earlier->at.line) +
+                          " is of the same length for the same profile, with other \"kerf\", "
+                          "grips or \"least_offcut\", and neither has a \"quantity\"; take one "
+                          "out, or give one a \"quantity\"");
     }
 }
 
