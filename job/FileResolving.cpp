@@ -1,5 +1,6 @@
 #include "job/FileNames.h"
 #include "job/FormatFile.h"
+#include "job/FormatResolving.h"
 #include "job/JobMaker.h"
 #include "job/MemberLine.h"
 #include "job/MessageTexts.h"
@@ -88,12 +89,23 @@ void JobMaker::TakeFormat(const FileTable& table, std::size_t position) {
     std::optional<MachineFormat> format = ReadFormat(table.format);
     if (!format)
         return;
+    if (!ShowsHeader(*format, {FormatPart::kFileStart, FormatPart::kFileEnd}))
+        RefuseHeader(table,
+                     "the format " + Quoted(table.format.text) +
+                         " has no {header} in a line for file_start or file_end");
     if (table.lineEnds)
         format->lineEnd = table.lineEnds == LineEnds::kCrLf ? "\r\n" : "\n";
     m_job.files[position].format = m_job.formats.size();
     m_job.files[position].formatLine = table.format.at.line;
     m_job.files[position].formatColumn = table.format.at.column;
     m_job.formats.push_back(std::move(*format));
+}
+
+/// Of a file that has no place for it.
+void JobMaker::RefuseHeader(const FileTable& table, const std::string& reason) {
+    const std::string text = " goes not with this format: " + reason;
+    Require(table.headerLines.empty(), table.PlaceOf("header"), "\"header\"" + text);
+    Require(!table.hasProjectHeader, table.PlaceOf("project_header"), "\"project_header\"" + text);
 }
 
 void JobMaker::RequireMembers(const FileTable& table, std::size_t position) {
@@ -105,9 +117,7 @@ void JobMaker::RequireMembers(const FileTable& table, std::size_t position) {
 
 void JobMaker::TakeNcOutput(const FileTable& table, std::size_t position) {
     RequireMembers(table, position);
-    Require(table.headerLines.empty(),
-            table.PlaceOf("header"),
-            "\"header\" goes not with format = \"dstv\": NC files have no header lines");
+    RefuseHeader(table, "NC files have no header lines");
     Require(table.ending.at.line == 0,
             table.ending.at,
             "\"ending\" goes not with format = \"dstv\": the files are named by \"folder\" and "

@@ -43,6 +43,14 @@ bool IsHole(FormatPart part) {
     return part >= FormatPart::kHole && part <= FormatPart::kRectangle;
 }
 
+bool HasDiameter(FormatPart part) {
+    return IsHole(part) || part == FormatPart::kNotch;
+}
+
+bool HasLength(FormatPart part) {
+    return part >= FormatPart::kSlot && part <= FormatPart::kNotch;
+}
+
 bool HasPoints(FormatPart part) {
     return part == FormatPart::kOutline || part == FormatPart::kMark;
 }
@@ -64,16 +72,33 @@ struct ConditionRow {
     const char* key;
     bool (*isGiven)(const LineTable& table);
     bool (*isForPart)(FormatPart part);
-    const char* reason;  ///< behind the part's name
+    const char* reason;             ///< behind the part's name
+    const char* ofPoint = nullptr;  ///< instead of it for point
+};
+
+constexpr const char* kAsItsOutline = ": a point is chosen with its outline or mark; put it there";
+
+/// A key of a tool that only some kinds have.
+struct ToolRow {
+    const char* key;
+    bool (*isGiven)(const ToolTable& table);
+    bool (*isForPart)(FormatPart part);
+    const char* parts;  ///< behind "it is for"
 };
 
 // clang-format off
 constexpr ConditionRow kConditions[] = {
-    {"faces", [](const LineTable& t) { return !t.faces.empty(); }, HasFace, ": it lies on no face"},
-    {"codes", [](const LineTable& t) { return !t.codes.empty(); }, HasCode, ": it has no code"},
+    {"faces", [](const LineTable& t) { return !t.faces.empty(); }, HasFace, ": it lies on no face", kAsItsOutline},
+    {"codes", [](const LineTable& t) { return !t.codes.empty(); }, HasCode, ": it has no code", kAsItsOutline},
     {"groups", [](const LineTable& t) { return !t.groups.empty(); }, HasGroup, ": a file has several groups"},
     {"repeat", [](const LineTable& t) { return t.repeat.has_value(); }, IsHole, ": it is for hole, countersunk, slot and rectangle"},
     {"between", [](const LineTable& t) { return t.between.has_value(); }, [](FormatPart part) { return part == FormatPart::kPoint; }, ": it is for point"},
+};
+
+constexpr ToolRow kToolKeys[] = {
+    {"diameter", [](const ToolTable& t) { return t.diameter.has_value(); }, HasDiameter, "hole, countersunk, slot, rectangle and notch"},
+    {"length", [](const ToolTable& t) { return t.length.has_value(); }, HasLength, "slot, rectangle and notch"},
+    {"code", [](const ToolTable& t) { return !t.code.isEmpty(); }, HasCode, "all but mitre, mark and text"},
 };
 // clang-format on
 
@@ -125,6 +150,7 @@ class FormatMaker {
         TakeFaces();
         for (const ToolTable& tool : m_document.tools) {
             RequireEncoded(tool.number, tool, "number");
+            CheckKeys(tool);
             m_format.tools.rows.push_back(tool);
             m_format.tools.rows.back().kind = static_cast<FormatPart>(tool.part);
         }
@@ -140,6 +166,15 @@ class FormatMaker {
         CheckOthers(
             m_document.profiles.empty(), table.otherProfiles, "other_profiles", "[[profile]]");
         CheckShadowed(m_document, m_faults);
+    }
+
+    void CheckKeys(const ToolTable& tool) {
+        const auto part = static_cast<FormatPart>(tool.part);
+        for (const ToolRow& row : kToolKeys)
+            Require(
+                !tool.isSound || !row.isGiven(tool) || row.isForPart(part),
+                tool.PlaceOf(row.key),
+                Quoted(row.key) + " goes not with " + NameOf(part) + ": it is for " + row.parts);
     }
 
     void TakeFaces() {
@@ -253,13 +288,19 @@ class FormatMaker {
     }
 
     void CheckConditions(const LineTable& table) {
+        for (auto part = table.parts.begin(); part != table.parts.end(); ++part)
+            Require(std::find(table.parts.begin(), part, *part) == part,
+                    table.PlaceOf("for"),
+                    Quoted(NameOf(*part)) + " stands twice in \"for\"");
         for (const ConditionRow& row : kConditions) {
             const auto part =
                 std::find_if_not(table.parts.begin(), table.parts.end(), row.isForPart);
-            Require(!row.isGiven(table) || part == table.parts.end(),
-                    table.PlaceOf(row.key),
-                    Quoted(row.key) + " goes not with " +
-                        (part == table.parts.end() ? "" : NameOf(*part)) + row.reason);
+            if (!row.isGiven(table) || part == table.parts.end())
+                continue;
+            const bool isOfPoint = *part == FormatPart::kPoint && row.ofPoint != nullptr;
+            m_faults.Add(table.PlaceOf(row.key),
+                         Quoted(row.key) + " goes not with " + NameOf(*part) +
+                             (isOfPoint ? row.ofPoint : row.reason));
         }
         Require(table.repeat || !table.least, table.PlaceOf("least"), "\"least\" needs \"repeat\"");
     }
@@ -334,6 +375,15 @@ class FormatMaker {
 };
 
 }  // namespace
+
+bool ShowsHeader(const MachineFormat& format, std::initializer_list<FormatPart> parts) {
+    return std::any_of(parts.begin(), parts.end(), [&](FormatPart part) {
+        const std::vector<FormatLine>& lines = format.LinesFor(part);
+        return std::any_of(lines.begin(), lines.end(), [](const FormatLine& line) {
+            return Shows(line, FormatField::kHeader);
+        });
+    });
+}
 
 MachineFormat ResolveFormat(const FormatDocument& document,
                             std::string_view stem,

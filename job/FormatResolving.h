@@ -2,6 +2,7 @@
 
 #include "job/FormatDocument.h"
 
+#include <initializer_list>
 #include <string_view>
 
 namespace job {
@@ -11,5 +12,8 @@ namespace job {
 MachineFormat ResolveFormat(const FormatDocument& document,
                             std::string_view stem,
                             JobFaults& faults);
+
+/// Whether lines for one of the parts show {header}.
+bool ShowsHeader(const MachineFormat& format, std::initializer_list<FormatPart> parts);
 
 }  // namespace job

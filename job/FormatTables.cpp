@@ -154,7 +154,7 @@ constexpr Key kNumberKeys[] = {
 constexpr Key kTextKeys[] = {
     Row<TextsTable, &TextsTable::encoding>("encoding", "How texts are written as bytes; a character that it has not is refused."),
     Row<TextsTable, &TextsTable::lineEnds>("line_ends", "What ends each line: LF, or CR and LF. `line_ends` of the job's `[[file]]` goes before."),
-    Row<TextsTable, &TextSettings::quotes>("quotes", "Which texts stand in quotes. needed: those with a comma, a semicolon, a quote, a tab, a line end, or a blank at either end."),
+    Row<TextsTable, &TextSettings::quotes>("quotes", "Which texts stand in quotes; unless none, numbers with a comma do, too, but for those in `{points}`. needed: those with a comma, a semicolon, a quote, a tab, a line end, or a blank at either end."),
     Row<TextsTable, &TextSettings::escapes>("escapes", "What becomes of quotes and line ends in a text. none: refused. doubled: a quote stands twice, line ends in quotes stay. backslash: \\\", \\\\, \\n, \\r."),
     Row<TextsTable, &TextSettings::forbidden>("forbidden", "Characters that no text may have; refused.", {.defaultNote = "none"}),
     Row<TextsTable, &TextSettings::isUpperCase>("upper_case", "Whether texts, and the words of values such as `{kind}` and `{side}`, are written in capitals without accents. Names that this file gives, and what stands outside of braces, stay as they are."),

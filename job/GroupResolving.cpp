@@ -1,3 +1,4 @@
+#include "job/FormatResolving.h"
 #include "job/JobMaker.h"
 #include "job/MessageTexts.h"
 
@@ -11,12 +12,15 @@ void JobMaker::TakeGroups() {
     TakeGroup(m_document.secondaryParts,
               {m_job.groups[kSecondaryGroup].id, {}},
               m_job.groups[kSecondaryGroup]);
+    RequireHeaderFile(m_document.secondaryParts, m_job.groups[kSecondaryGroup]);
     for (const GroupTable& table : m_document.groups) {
         m_groups.Add(table.id, m_faults);
         Group& group = m_job.groups.emplace_back();
         TakeGroup(table, table.id, group);
         group.headerLines = table.header.value_or(std::vector<ZetString>{L"", table.id.text});
         CheckHeadings(table, group.headerLines);
+        if (table.header)
+            RequireHeaderFile(table, group);
         CheckPlan(table);
     }
 }
@@ -33,6 +37,21 @@ void JobMaker::TakeGroup(const SecondaryPartsTable& table, const PlacedText& id,
     std::stable_partition(group.files.begin(), group.files.end(), [&](std::size_t file) {
         return !m_job.files[file].nc;
     });
+}
+
+/// Header lines that the job gives have a file where they can stand.
+void JobMaker::RequireHeaderFile(const SecondaryPartsTable& table, const Group& group) {
+    const auto hasHeader = [&](std::size_t position) {
+        const OutputFile& file = m_job.files[position];
+        return file.format ? ShowsHeader(m_job.formats[*file.format],
+                                         {FormatPart::kGroupStart, FormatPart::kGroupEnd})
+                           : !file.nc;
+    };
+    Require(group.headerLines.empty() || group.files.empty() ||
+                std::any_of(group.files.begin(), group.files.end(), hasHeader),
+            table.PlaceOf("header"),
+            "\"header\" stands in no file of the group: their formats have no {header} in a line "
+            "for group_start or group_end");
 }
 
 void JobMaker::TakeGroupFile(const PlacedText& reference, std::size_t file, Group& group) {

@@ -32,6 +32,8 @@ class JobMaker {
     void TakeFiles();
     void TakeFormat(const FileTable& table, std::size_t position);
     void TakeNcOutput(const FileTable& table, std::size_t position);
+    void RefuseHeader(const FileTable& table, const std::string& reason);
+    void RequireHeaderFile(const SecondaryPartsTable& table, const Group& group);
     void RequireMembers(const FileTable& table, std::size_t position);
     std::optional<MachineFormat> ReadFormat(const PlacedText& name);
     void CheckFileNames();

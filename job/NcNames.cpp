@@ -77,6 +77,8 @@ std::string FaultOfNcNames(const ZetString& pattern) {
         const NamePart part = TakePart(rest);
         if (part.text.find(L'{') != std::wstring_view::npos)
             return "a { has no } behind it";
+        if (part.text.find(L'}') != std::wstring_view::npos)
+            return "a } has no { before it";
         if (!part.hasValue)
             continue;
         const std::string name = ZetString(part.name).toUtf8();

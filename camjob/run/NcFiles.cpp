@@ -63,7 +63,7 @@ std::string NcFiles::AddFile(const dstv::NcPart& part,
                              const job::Group& group) {
     const ZetString name = job::FillNcName(output.nc->names, ValuesOf(part, m_job, group));
     const std::string path = output.nc->folder + "/" + name.toUtf8();
-    if (const std::string fault = FaultOfName(name, path); !fault.empty())
+    if (const std::string fault = FaultOfName(name, path, part.file.toUtf8()); !fault.empty())
         return "NC file \"" + path + "\": " + fault + "; change \"names\" of [[file]] \"" +
                output.id.toUtf8() + "\", or the part's own name";
     const std::string encoding = job::NameOf(m_job.nc.encoding);
@@ -79,13 +79,14 @@ std::string NcFiles::AddFile(const dstv::NcPart& part,
 }
 
 /// Names that differ in capitals only are one file on Windows.
-std::string NcFiles::FaultOfName(const ZetString& name, const std::string& path) {
+std::string NcFiles::FaultOfName(const ZetString& name,
+                                 const std::string& path,
+                                 const std::string& source) {
     if (const std::string fault = job::FaultOfFileName(name); !fault.empty())
         return fault;
     const auto [at, isNew] =
-        m_nameOfSmall.insert({job::SmallLetters(ZetString::fromUtf8(path)), path});
-    return isNew ? ""
-                 : "it is that of another member, \"" + at->second + "\" (capitals do not count)";
+        m_sourceOfSmall.insert({job::SmallLetters(ZetString::fromUtf8(path)), source});
+    return isNew ? "" : "it is that of the part in \"" + at->second + "\" (capitals do not count)";
 }
 
 std::vector<std::string> NcFiles::GetNames() const {

@@ -44,13 +44,15 @@ class NcFiles {
                         const plugin::Ledger& ledger,
                         const job::OutputFile& output,
                         const job::Group& group);
-    std::string FaultOfName(const ZetString& name, const std::string& path);
+    std::string FaultOfName(const ZetString& name,
+                            const std::string& path,
+                            const std::string& source);
 
     const job::Job& m_job;
     std::size_t m_members = 0;
     std::vector<File> m_files;
-    std::map<std::wstring, std::string>
-        m_nameOfSmall;  ///< names with folder by their small letters
+    /// What they are made from, by the small letters of their names with folder.
+    std::map<std::wstring, std::string> m_sourceOfSmall;
 };
 
 }  // namespace camjob

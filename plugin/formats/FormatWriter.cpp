@@ -159,14 +159,14 @@ class FormatWriter::MemberText {
                 *line.repeat,
                 StepsOf(line),
                 std::pow(10.0, line.repeatDecimals - line.pitchDecimals));
-        const RepeatedOperations::Run run = at->second->RunWith(place, m_isTaken);
-        const auto count = static_cast<long>(run.places.size());
-        if (count < line.least)
+        const RepeatedOperations::Run run =
+            at->second->RunWith(place, static_cast<std::size_t>(line.least), m_isTaken);
+        if (run.places.empty())
             return false;
         for (const std::size_t taken : run.places)
             Take(line, taken);
         subject.operation = &m_member.operations[m_order[run.places.front()]];
-        subject.count = count;
+        subject.count = static_cast<long>(run.places.size());
         subject.pitch = run.pitch * StepOf(line);
         return true;
     }

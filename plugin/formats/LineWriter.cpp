@@ -22,9 +22,10 @@ struct ValueAppender {
     std::string& out;
     const job::TemplatePiece& piece;
     const job::MachineFormat& format;
+    bool isInList;
 
     ValueFault operator()(double value) const {
-        return AppendNumber(out, value, piece.field->type, piece.spec, format);
+        return AppendNumber(out, value, piece.field->type, piece.spec, format, isInList);
     }
     ValueFault operator()(long value) const { return AppendWhole(out, value, piece.spec, format); }
     ValueFault operator()(std::wstring_view text) const {
@@ -79,7 +80,7 @@ void LineWriter::AppendValue(const job::TemplatePiece& piece, const FormatSubjec
         return;
     }
     const FormatValue value = m_values.ValueOf(piece.field->field, subject);
-    ValueFault fault = std::visit(ValueAppender{m_text, piece, m_format}, value);
+    ValueFault fault = std::visit(ValueAppender{m_text, piece, m_format, m_isInPoints}, value);
     if (fault.IsEmpty())
         return;
     fault.text = ZetString::fromUtf8("{" + std::string(piece.field->name) + "}: ") + fault.text;
@@ -99,7 +100,9 @@ void LineWriter::AppendPoints(const FormatSubject& subject) {
             m_text += *between;
         if (line == nullptr)
             return SetFault({kNoPointLine});
+        m_isInPoints = true;
         AppendPieces(line->lines.front(), each);
+        m_isInPoints = false;
         between = &line->between;
     }
 }

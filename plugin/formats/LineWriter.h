@@ -46,6 +46,7 @@ class LineWriter {
     const std::vector<ZetString>* m_header = nullptr;
     std::string m_text;
     long m_lines = 0;
+    bool m_isInPoints = false;  ///< of {points}
     ValueFault m_fault;
 };
 

@@ -28,8 +28,8 @@ class RepeatedOperations {
         double pitch = 0.0;               ///< steps
     };
     /// That from the foremost of those alike where it reaches `place`, else that from `place`; none
-    /// that `isTaken` says, which only ever grows.
-    Run RunWith(std::size_t place, const std::vector<char>& isTaken);
+    /// that `isTaken` says, which only ever grows. Empty when it has fewer than `least`.
+    Run RunWith(std::size_t place, std::size_t least, const std::vector<char>& isTaken);
 
   private:
     /// All but the place along the axis.
@@ -46,9 +46,17 @@ class RepeatedOperations {
     /// Places in the order along the axis; those before `front` are taken.
     struct Alike {
         std::vector<std::size_t> places;
+        std::vector<std::size_t> lasts;  ///< where the run from each would end if none were taken
         std::size_t front = 0;
+        std::size_t lastTaken = 0;  ///< one that was found taken
     };
 
+    void FindLasts(Alike& alike) const;
+    std::size_t PositionOf(const Alike& alike, std::size_t place) const;
+    static bool HasTaken(Alike& alike,
+                         std::size_t behind,
+                         std::size_t last,
+                         const std::vector<char>& isTaken);
     Run RunFrom(const Alike& alike, std::size_t at, const std::vector<char>& isTaken) const;
 
     const MachineMember& m_member;

@@ -95,7 +95,8 @@ ValueFault AppendSigned(std::string& out,
                         bool hasPlus,
                         std::string_view digits,
                         const job::FieldSpec& spec,
-                        const job::MachineFormat& format) {
+                        const job::MachineFormat& format,
+                        bool isInList = false) {
     std::string number;
     if (isNegative)
         number = "-";
@@ -108,6 +109,9 @@ ValueFault AppendSigned(std::string& out,
     number += digits;
     if (format.numbers.hasComma)
         std::replace(number.begin(), number.end(), '.', ',');
+    if (!isInList && format.texts.quotes != job::Quotes::kNone &&
+        number.find(',') != std::string::npos)
+        number = '"' + number + '"';
     return AppendPadded(out, number, number.size(), '>', spec, format);
 }
 
@@ -215,7 +219,8 @@ ValueFault AppendNumber(std::string& out,
                         double value,
                         job::FieldType type,
                         const job::FieldSpec& spec,
-                        const job::MachineFormat& format) {
+                        const job::MachineFormat& format,
+                        bool isInList) {
     if (!std::isfinite(value))
         return {L"it is no number"};
     if (type == job::FieldType::kLength)
@@ -229,7 +234,8 @@ ValueFault AppendNumber(std::string& out,
                         format.numbers.hasPlus,
                         WithoutZeros(digits, format.numbers.zeros),
                         spec,
-                        format);
+                        format,
+                        isInList);
 }
 
 ValueFault AppendWhole(std::string& out,

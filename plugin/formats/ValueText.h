@@ -23,12 +23,14 @@ struct ValueFault {
     bool IsEmpty() const { return text.isEmpty(); }
 };
 
-/// A number, length (mm) or angle.
+/// A number, length (mm) or angle. With a comma it stands in quotes where texts can, but not
+/// `isInList`: quotes are around the list as a whole.
 ValueFault AppendNumber(std::string& out,
                         double value,
                         job::FieldType type,
                         const job::FieldSpec& spec,
-                        const job::MachineFormat& format);
+                        const job::MachineFormat& format,
+                        bool isInList);
 ValueFault AppendWhole(std::string& out,
                        long value,
                        const job::FieldSpec& spec,

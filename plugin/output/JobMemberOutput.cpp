@@ -197,10 +197,11 @@ std::optional<double> JobMember::FlangeEnd(double width, const job::FlangeZero& 
 
 std::array<std::optional<double>, eHoleFaceNone + 1> JobMember::UpperEdges() const {
     std::array<std::optional<double>, eHoleFaceNone + 1> edges{};
+    const bool isPlate = IsPlate();
     edges[eHoleFaceTopFlange] = edges[eHoleFaceSlopedTopFlange] =
-        FlangeEnd(GetTopFlangeWidth(), m_type.topFlange);
+        FlangeEnd(isPlate ? GetProfileThick() : GetTopFlangeWidth(), m_type.topFlange);
     edges[eHoleFaceBottomFlange] = edges[eHoleFaceSlopedBottomFlange] =
-        FlangeEnd(GetBotFlangeWidth(), m_type.bottomFlange);
+        FlangeEnd(isPlate ? GetProfileThick() : GetBotFlangeWidth(), m_type.bottomFlange);
     std::optional<double>& web = edges[eHoleFaceWeb];
     if (const std::optional<FaceBox> surface = FaceOfView(1); IsRound() && surface)
         web = surface->maxY;

@@ -41,6 +41,7 @@ TEST(Formats, FacesAreMirroredWhereTheyEnd) {
          "top_flange = { zero = 64.0 }\nattributes = { height = 200.0, top_flange = 74.0, "
          "bottom_flange = 66.0, thickness = 2.0 }",                       "top_flange",
          "31.0"                                                                                },
+        {"plate",       "",                                               "top_flange", "6.0"  },
         {"CHS114-tube", "",                                               "web",        "299.5"},
     };
     for (const Case& each : cases) {
@@ -51,7 +52,13 @@ TEST(Formats, FacesAreMirroredWhereTheyEnd) {
             "[[face]]\nface = \"" + each.face +
                 "\"\nmirror_y = true\n[[line]]\nfor = [\"hole\"]\nfaces = [\"" + each.face +
                 "\"]\ntext = [\"{y:.1f}\"]\n[[line]]\nfor = [\"hole\", \"mitre\"]\ntext = []\n");
-        fs::copy(CAMJOB_EXAMPLES "/nc/" + each.file + ".nc1", folder.PathOf("part.nc1"));
+        if (each.file == "plate")
+            folder.Write(
+                "part.nc1",
+                "ST\n  O\n  D\n  1\n  PL\n  S355\n  1\n  PL10\n  B\n  200\n  100\n  0\n  10\n  "
+                "10\n  0\n  0\n  0\n  0\n  0\n  0\n  0\nBO\n  o 100u 4 4\nEN\n");
+        else
+            fs::copy(CAMJOB_EXAMPLES "/nc/" + each.file + ".nc1", folder.PathOf("part.nc1"));
         folder.Write(
             "job.toml",
             "[job]\nnc_files = [\"part.nc1\"]\n[project]\nfile_name = \"j\"\n[[file]]\n"
@@ -99,9 +106,9 @@ TEST(Formats, NcFilesAreNamedByWhatTellsPartsApart) {
         std::string told;  ///< "": two files are written
     };
     const Case cases[] = {
-        {"",                                  ""                                          },
-        {"names = \"{file_name}{mark}.nc1\"", ""                                          },
-        {"names = \"{file_name}.nc1\"",       "it is that of another member, \"nc/p.nc1\""},
+        {"",                                  ""                                     },
+        {"names = \"{file_name}{mark}.nc1\"", ""                                     },
+        {"names = \"{file_name}.nc1\"",       "it is that of the part in \"a/p.nc1\""},
     };
     for (const Case& each : cases) {
         SCOPED_TRACE(each.names);
