@@ -105,7 +105,9 @@ void JobMaker::TakeFormat(const FileTable& table, std::size_t position) {
 void JobMaker::RefuseHeader(const FileTable& table, const std::string& reason) {
     const std::string text = " goes not with this format: " + reason;
     Require(table.headerLines.empty(), table.PlaceOf("header"), "\"header\"" + text);
-    Require(!table.hasProjectHeader, table.PlaceOf("project_header"), "\"project_header\"" + text);
+    Require(!table.hasProjectHeader || table.keys.count("project_header") == 0,
+            table.PlaceOf("project_header"),
+            "\"project_header\"" + text);
 }
 
 void JobMaker::RequireMembers(const FileTable& table, std::size_t position) {

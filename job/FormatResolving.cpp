@@ -209,9 +209,12 @@ class FormatMaker {
     void TakeLine(const LineTable& table) {
         if (!table.isSound)
             return;
+        const std::size_t before = m_faults.GetCount();
         CheckConditions(table);
         Require(
             table.texts.has_value(), table.at, "\"text\" is missing in [[line]]; [] is no line");
+        if (m_faults.GetCount() > before)
+            return;
         for (const FormatPart part : table.parts) {
             const std::size_t faults = m_faults.GetCount();
             FormatLine line = MakeLine(table, part);
