@@ -209,11 +209,10 @@ class FormatMaker {
     void TakeLine(const LineTable& table) {
         if (!table.isSound)
             return;
-        const std::size_t before = m_faults.GetCount();
         CheckConditions(table);
         Require(
             table.texts.has_value(), table.at, "\"text\" is missing in [[line]]; [] is no line");
-        if (m_faults.GetCount() > before)
+        if (HasPartTwice(table))
             return;
         for (const FormatPart part : table.parts) {
             const std::size_t faults = m_faults.GetCount();
@@ -225,6 +224,17 @@ class FormatMaker {
                 return;
             m_format.lines[static_cast<std::size_t>(part)].push_back(std::move(line));
         }
+    }
+
+    /// Told.
+    bool HasPartTwice(const LineTable& table) {
+        for (auto part = table.parts.begin(); part != table.parts.end(); ++part)
+            if (std::find(table.parts.begin(), part, *part) != part) {
+                m_faults.Add(table.PlaceOf("for"),
+                             Quoted(NameOf(*part)) + " stands twice in \"for\"");
+                return true;
+            }
+        return false;
     }
 
     FormatLine MakeLine(const LineTable& table, FormatPart part) {
@@ -291,10 +301,6 @@ class FormatMaker {
     }
 
     void CheckConditions(const LineTable& table) {
-        for (auto part = table.parts.begin(); part != table.parts.end(); ++part)
-            Require(std::find(table.parts.begin(), part, *part) == part,
-                    table.PlaceOf("for"),
-                    Quoted(NameOf(*part)) + " stands twice in \"for\"");
         for (const ConditionRow& row : kConditions) {
             const auto part =
                 std::find_if_not(table.parts.begin(), table.parts.end(), row.isForPart);
