@@ -58,39 +58,39 @@ TEST(FormatFile, IsCheckedWithItsJob) {
         std::string fault;
     };
     const Case cases[] = {
-        {"id = \"order\"\nformat = \"csv\"",                                     ""                 },
+        {"id = \"order\"\nformat = \"csv\"",                                     ""             },
         {"id = \"order\"\nformat = \"csf\"",
          "job.toml:10:10: \"format\": there is no format \"csf\"; did you mean \"csv\"?; the name "
-         "of a format file ends with .toml"                                                         },
+         "of a format file ends with .toml"                                                     },
         {"id = \"info\"\nformat = \"csv\"",
          "job.toml:10:10: \"format\": the file \"info\" takes no members: only \"order\" and files "
-         "of the job's own do"                                                                      },
-        {"id = \"x\"\nformat = \"dstv\"",                                        ""                 },
+         "of the job's own do"                                                                  },
+        {"id = \"x\"\nformat = \"dstv\"",                                        ""             },
         {"id = \"x\"\nformat = \"dstv\"\nnames = \"{mrk}.nc1\"",
          "job.toml:11:9: \"names\": there is no value {mrk}, only mark, file_name, drawing, "
-         "profile, phase, order and group; did you mean \"mark\"?"                                  },
+         "profile, phase, order and group; did you mean \"mark\"?"                              },
         {"id = \"x\"\nformat = \"dstv\"\nnames = \"a.nc1\"",
          "job.toml:11:9: \"names\": it needs {mark}, {file_name} or {drawing}: members would have one "
-         "file"                                                                                     },
-        {"id = \"x\"\nformat = \"dstv\"\nnames = \"{drawing}-{file_name}.nc1\"", ""                 },
+         "file"                                                                                 },
+        {"id = \"x\"\nformat = \"dstv\"\nnames = \"{drawing}-{file_name}.nc1\"", ""             },
         {"id = \"x\"\nformat = \"dstv\"\nnames = \"{mark\"",
-         "job.toml:11:9: \"names\": a { has no } behind it"                                         },
+         "job.toml:11:9: \"names\": a { has no } behind it"                                     },
         {"id = \"x\"\nformat = \"dstv\"\nnames = \"{mark}.nc1 \"",
-         "job.toml:11:9: \"names\": a file's name cannot be empty nor end with a dot or a blank"    },
+         "job.toml:11:9: \"names\": a file's name cannot be empty nor end with a dot or a blank"},
         {"id = \"x\"\nformat = \"dstv\"\nheader = [\"a\"]",
-         "job.toml:11:10: \"header\" goes not with format = \"dstv\": NC files have no header lines"},
+         "job.toml:11:10: \"header\" goes not with this format: NC files have no header lines"  },
         {"id = \"x\"\nformat = \"dstv\"\nfolder = \"NUL\"",
-         "job.toml:11:10: file name \"NUL\": Windows keeps this name for a device"                  },
+         "job.toml:11:10: file name \"NUL\": Windows keeps this name for a device"              },
         {"id = \"x\"\nformat = \"dstv\"\nending = \"-x\"",
          "job.toml:11:10: \"ending\" goes not with format = \"dstv\": the files are named by "
-         "\"folder\" and \"names\""                                                                 },
+         "\"folder\" and \"names\""                                                             },
         {"id = \"order\"\nfolder = \"nc\"",
-         "job.toml:10:10: \"folder\" and \"names\" go only with format = \"dstv\""                  },
+         "job.toml:10:10: \"folder\" and \"names\" go only with format = \"dstv\""              },
         {"id = \"order\"\nformat = \"b.toml\"",
-         "job.toml:10:10: \"format\": the file \"b.toml\": there is no such file"                   },
+         "job.toml:10:10: \"format\": the file \"b.toml\": there is no such file"               },
         {"id = \"order\"\nformat = \"a.toml\"\n[[file]]\nid = \"x\"\nending = \"x\"\nformat = "
          "\"a.toml\"",                                                  "a.toml:3:9: member: there is no value {mrk} in this line; did you mean \"mark\"?; a { "
-         "that is meant as it stands is written {{"                  },
+         "that is meant as it stands is written {{"              },
     };
     for (const Case& each : cases) {
         const job::JobResult result =
