@@ -4,6 +4,10 @@
 set -euo pipefail
 here=$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)
 count=${2:-1000}
+if [ $# -eq 0 ] || ! [[ "$count" =~ ^[1-9][0-9]{0,3}$ ]]; then
+    echo "usage: make-jobs.sh FOLDER [COUNT], COUNT from 1 to 9999" >&2
+    exit 2
+fi
 mkdir -p "$1"
 cd "$1"
 awk -v count="$count" 'BEGIN { for (i = 1; i <= count; ++i) printf "%04d/job.toml\n", i }' >jobs.txt
