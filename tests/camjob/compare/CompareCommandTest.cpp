@@ -2,6 +2,7 @@
 #include "camjob/SampleJob.h"
 #include "support/Golden.h"
 
+#include <nlohmann/json.hpp>
 #include <utility>
 
 namespace {
@@ -9,6 +10,23 @@ namespace {
 /// A member with holes, a slot and a text.
 std::string Member(const std::string& mark, const std::string& features) {
     return nc::Header(mark, "Z200x2.0\n  SO", "1500.00") + "BO\n" + features + "EN\n";
+}
+
+/// A purlin with a corner cut off at its end.
+std::string Coped(double length) {
+    const auto text = [](double x) { return std::to_string(static_cast<long>(x)) + ".00"; };
+    return nc::Header("M3", "Z200x2.0\n  SO", text(length)) + "AK\n  v 0.00u 0.00 0.00\n    " +
+           text(length) + " 0.00 0.00\n    " + text(length) + " 150.00 0.00\n    " +
+           text(length - 60.0) + " 150.00 0.00\n    " + text(length - 60.0) +
+           " 200.00 0.00\n    0.00 200.00 0.00\n    0.00 0.00 0.00\nEN\n";
+}
+
+/// With further lines, without the assembly, whose members these jobs have not.
+void WriteAlone(const SampleJob& job, const TempFolder& folder) {
+    std::string text = job.Text();
+    const std::size_t assembly = text.find("[[assembly]]");
+    text.erase(assembly, text.size() - job.more.size() - assembly);
+    folder.Write("job.toml", text);
 }
 
 /// Yesterday's job.
@@ -133,6 +151,61 @@ TEST(CompareCommand, RefusesWhatIsNoOutput) {
         run.err,
         "camjob: out/s-run.json: is not the document of a run; what has changed is not told\n");
     EXPECT_EQ(folder.Read("out/s-run.json"), before);
+}
+
+TEST(CompareCommand, AnOutlineIsChanged) {
+    const TempFolder folder;
+    std::filesystem::create_directory(folder.PathOf("nc"));
+    SampleJob job;
+    job.ncFiles = "nc/1*.nc1";
+    WriteAlone(job, folder);
+    const CurrentFolder there(folder.PathOf(""));
+    for (const double length : {1500.0, 1600.0}) {
+        folder.Write("nc/10.nc1", Coped(length));
+        RunTool({"run", "job.toml", "--out", "of" + std::to_string(static_cast<long>(length))});
+    }
+    const std::string out = RunTool({"compare", "of1500", "of1600"}).out;
+    EXPECT_NE(out.find("web: outline changed  1500 x 200 at"), std::string::npos) << out;
+    EXPECT_EQ(out.find("outline removed"), std::string::npos) << out;
+}
+
+TEST(CompareCommand, TellsHowBarsAreCut) {
+    const TempFolder folder;
+    std::filesystem::create_directory(folder.PathOf("nc"));
+    SampleJob job;
+    job.ncFiles = "nc/C*.nc1";
+    folder.Write("nc/CA.nc1", nc::Header("A", "C100x1.5\n  C", "3000.00") + "EN\n");
+    folder.Write("nc/CB.nc1", nc::Header("B", "C100x1.5\n  C", "2990.00") + "EN\n");
+    const CurrentFolder there(folder.PathOf(""));
+    const auto run = [&](const std::string& more) {
+        job.more = "[[stock]]\nprofile = \"C*\"\nlength = 6000.0\n" + more;
+        WriteAlone(job, folder);
+        return RunTool({"run", "job.toml", "--out", "out"}).out;
+    };
+    run("");
+    const std::pair<const char*, const char*> cases[] = {
+        {"kerf = 5.0\n",   "12, used 99.8 %  12, used 99.8 %, cut differently"      },
+        {"quantity = 8\n", "12, used 99.8 %  8, used 99.9 %, 8 pieces without a bar"},
+        {"",               "8, used 99.9 %, 8 pieces without a bar  12, used 99.8 %"},
+        {"quantity = 8\n", "12, used 99.8 %  8, used 99.9 %, 8 pieces without a bar"},
+    };
+    for (const auto& [more, wanted] : cases) {
+        const std::string out = run(more);
+        EXPECT_NE(out.find(std::string("bars of struts  ") + wanted), std::string::npos) << out;
+    }
+    // The members that lack bars, wherever they are told.
+    const nlohmann::json document = nlohmann::json::parse(folder.Read("out/s-run.json"));
+    long uncut = 0;
+    long told = 0;
+    for (const nlohmann::json& member : document["members"])
+        for (const nlohmann::json& finding : member["findings"])
+            if (finding["type"] == "no_bar") {
+                EXPECT_TRUE(member["valid"] && member["warnings"]);
+                uncut += finding["required"].get<long>() - finding["found"].get<long>();
+                ++told;
+            }
+    EXPECT_EQ(uncut, document["bars"][0]["uncut"]);
+    EXPECT_EQ(told, document["groups"][0]["withWarnings"]);
 }
 
 }  // namespace
