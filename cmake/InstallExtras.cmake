@@ -8,7 +8,7 @@ if(WIN32)
 else()
     set(documents ${CMAKE_INSTALL_DATADIR}/doc/camdata)
 endif()
-install(DIRECTORY examples docs DESTINATION ${documents} COMPONENT tool
+install(DIRECTORY examples docs DESTINATION ${documents} COMPONENT tool USE_SOURCE_PERMISSIONS
         PATTERN build EXCLUDE PATTERN Doxyfile EXCLUDE)
 install(FILES README.md CHANGELOG.md DESTINATION ${documents} COMPONENT tool)
 

@@ -163,7 +163,7 @@ commands() {
             "$scratch/commands" "$place"
     }
     for document in README.md CONTRIBUTING.md examples/warehouse/README.md examples/formats/README.md \
-        examples/many-jobs/README.md; do
+        examples/many-jobs/README.md docs/check-json.md; do
         type_in_place $document
     done
     rm -r "$place"/{build,.git}

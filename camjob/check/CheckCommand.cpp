@@ -36,6 +36,11 @@ dstv::NcError Unreadable(const std::string& list) {
     return {file, 0, 0, L"list", file, L"a file that can be read"};
 }
 
+dstv::NcError SeparatedByNul(const std::string& list) {
+    const ZetString file = ZetString::fromUtf8(list);
+    return {file, 0, 0, L"list", file, L"one name a line, not separated by NUL"};
+}
+
 /// Both or, without memory, neither.
 void ReportFile(const CheckResult& result, CheckWriter& writer, CheckSummary& summary) {
     CheckSummary sum = summary;
@@ -111,6 +116,22 @@ bool CheckNames(const std::vector<std::string>& names,
     return true;
 }
 
+void CheckListed(const std::string& source,
+                 const CheckRules& rules,
+                 CheckWriter& writer,
+                 CheckSummary& summary,
+                 OutputStream& out) {
+    NameList list(source);
+    while (const auto name = list.Next()) {
+        if (name->find('\0') != std::string::npos)
+            ReportFile(SeparatedByNul(source), writer, summary);
+        else if (!CheckNames({*name}, rules, writer, summary, out))
+            return;
+    }
+    if (!list.IsGood())
+        ReportFile(Unreadable(source), writer, summary);
+}
+
 }  // namespace
 
 int RunCheck(const CheckOptions& options, OutputStream& out, OutputStream& err) {
@@ -127,14 +148,8 @@ int RunCheck(const CheckOptions& options, OutputStream& out, OutputStream& err) 
     const Reporting reporting(summary, FormOf(options));
     const std::unique_ptr<CheckWriter> writer = MakeWriter(options, out, err);
     writer->Begin();
-    bool goesOn = CheckNames(options.files, rules, *writer, summary, out);
-    if (!options.filesFrom.empty()) {
-        NameList list(options.filesFrom);
-        while (const auto name = goesOn ? list.Next() : std::nullopt)
-            goesOn = CheckNames({*name}, rules, *writer, summary, out);
-        if (!list.IsGood())
-            ReportFile(Unreadable(options.filesFrom), *writer, summary);
-    }
+    if (CheckNames(options.files, rules, *writer, summary, out) && !options.filesFrom.empty())
+        CheckListed(options.filesFrom, rules, *writer, summary, out);
     try {
         writer->End(summary);
     } catch (const std::bad_alloc&) {

@@ -36,8 +36,8 @@ arguments() {
                 names = substr(rest, 1, RSTART - 1)
                 value = substr(rest, RSTART + 1)
                 sub(/ \(default.*/, "", value)
-                sub(/ Excludes:.*/, "", value)
-                sub(/ REQUIRED/, "", value)
+                sub(/(^| )Excludes:.*/, "", value)
+                sub(/(^| )REQUIRED/, "", value)
                 sub(/ \.\.\./, "", value)
             }
             next
@@ -51,6 +51,21 @@ words_of() { options "$1" | cut -f1 | tr ',' '\n' | tr '\n' ' '; }
 # The choices of an option as words, nothing when any text is one.
 choices_of() { cut -f2 <<<"$1" | grep '|' | tr '|' ' ' || true; }
 long_name() { cut -f1 <<<"$1" | sed 's/.*,//'; }
+
+# What stands behind an option: value_of COMMAND OPTION VALUE, the choices or what a text is. Positionals say it.
+value_of() {
+    [[ "$3" != *'|'* ]] || { echo "$3" && return; }
+    [[ "$2" == -* && "$3" != ' ' ]] || return 0
+    case $1:$2 in
+    show:--out) echo FILE ;;
+    *:--out) echo DIR ;;
+    *:--job) echo JOB ;;
+    *:--files-from) echo LIST ;;
+    *:--against) echo OUTPUT ;;
+    *:--from) echo FILE... ;;
+    *) echo VALUE ;;
+    esac
+}
 
 # Hyphens are minus signs in commands, a line that begins with a dot is a request.
 roff() { sed -e 's/\\/\\e/g' -e 's/-/\\-/g' -e "s/^[.']/\\\\\&&/"; }
@@ -74,7 +89,7 @@ END
         printf '.SS camjob %s\n%s.\n' "$name" "$(roff <<<"$meaning")"
         while IFS=$'\t' read -r names value text; do
             printf '.TP\n.B %s %s\n%s\n' "$(roff <<<"${names//,/, }")" \
-                "$([[ "$value" != *'|'* ]] || roff <<<"$value")" "$(roff <<<"$text")"
+                "$(value_of "$name" "$names" "$value" | roff)" "$(roff <<<"$text")"
         done < <(arguments "$name")
     done < <(commands)
     printf '.SH EXIT STATUS\n'
@@ -134,7 +149,7 @@ END
     esac
     case $word in
     -*) COMPREPLY=($(compgen -W "$words" -- "$word")) ;;
-    *) compopt -o filenames 2>/dev/null; COMPREPLY=($(compgen -f -- "$word")) ;;
+    *) compopt -o filenames 2>/dev/null; mapfile -t COMPREPLY < <(compgen -f -- "$word") ;;
     esac
 }
 complete -F _camjob camjob

@@ -3,6 +3,10 @@
 # there is no cluster. As root, with Debian's slurm-wlm and munge. All that it keeps and writes is in FOLDER; use it
 # with SLURM_CONF=FOLDER/slurm.conf.
 set -euo pipefail
+if [ $# -ne 2 ] || [[ $1 != start && $1 != stop ]]; then
+    echo "usage: slurm-node.sh start FOLDER | stop FOLDER" >&2
+    exit 2
+fi
 action=$1
 mkdir -p "$2"
 folder=$(cd "$2" && pwd)

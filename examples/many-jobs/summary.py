@@ -6,17 +6,28 @@ import pathlib
 import sys
 
 
+def is_finished(job, out):
+    """work.sh asks the same. The record "commit" is there while files take their places."""
+    document = out / "order-run.json"
+    if not job.is_file() or not document.is_file() or (out / ".camjob" / "commit").exists():
+        return False
+    return document.stat().st_size > 0 and document.stat().st_mtime_ns > job.stat().st_mtime_ns
+
+
 def main(folder):
-    jobs = (folder / "jobs.txt").read_text().split()
+    jobs = [line for line in (folder / "jobs.txt").read_text(encoding="utf-8").splitlines() if line]
     accounts = collections.Counter()
     profiles = collections.defaultdict(collections.Counter)
     members = with_errors = unfinished = 0
     for job in jobs:
-        document = folder / pathlib.Path(job).parent / "out" / "order-run.json"
-        if not document.exists():
+        out = (folder / job).parent / "out"
+        if not is_finished(folder / job, out):
             unfinished += 1
             continue
-        run = json.loads(document.read_text(encoding="utf-8"))
+        try:
+            run = json.loads((out / "order-run.json").read_text(encoding="utf-8"))
+        except ValueError as error:
+            sys.exit(f"{out / 'order-run.json'}: no run document: {error}")
         members += len(run["members"])
         with_errors += run["exitCode"] != 0
         accounts.update(run["accounts"])
@@ -31,4 +42,7 @@ def main(folder):
 
 
 if __name__ == "__main__":
+    if len(sys.argv) != 2:
+        print("usage: summary.py FOLDER", file=sys.stderr)
+        sys.exit(2)
     sys.exit(main(pathlib.Path(sys.argv[1])))

@@ -72,6 +72,7 @@ TEST(CheckLists, EachNameIsCheckedOnce) {
         int exitCode;
     };
     const std::vector<std::string> fromList = {"--files-from", "list"};
+    const std::string partedByNul("a.nc1\0b.nc1\0", 12);
     const Case cases[] = {
         {"a.nc1\nb.nc1\n",                     fromList,                          {"a.nc1", "b.nc1"},                               0},
         {"\xEF\xBB\xBF"
@@ -82,6 +83,7 @@ TEST(CheckLists, EachNameIsCheckedOnce) {
         {"bad.nc1\nfolder\ngone.nc1\na.nc1\n",
          fromList,                                                                {"bad.nc1", "folder/c.nc1", "gone.nc1", "a.nc1"},
          2                                                                                                                           },
+        {partedByNul,                          fromList,                          {"list"},                                         2},
         {"",                                   fromList,                          {},                                               0},
         {"",                                   {"--files-from", "none"},          {"none"},                                         2},
     };

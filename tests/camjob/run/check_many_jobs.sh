@@ -33,6 +33,25 @@ BATCH=2 "$scripts/work.sh" "$scratch/jobs"
 "$scripts/summary.py" "$scratch/jobs" >"$scratch/summary"
 grep -q '^Z200x2.0: ' "$scratch/summary" || fail "$(cat "$scratch/summary")"
 
+# One that was cut off behind its run document, before the last of its files was in its place.
+out=$scratch/jobs/0005/out
+mkdir "$out/.camjob/staging"
+mv "$out/.camjob/output" "$out/.camjob/commit"
+last=$(sed -n 's/^file //p' "$out/.camjob/commit" | grep -vx order-run.json | tail -1)
+mv "$out/$last" "$out/.camjob/staging"
+! "$scripts/summary.py" "$scratch/jobs" >"$scratch/summary" || fail "a job that was cut off is told as finished"
+"$scripts/work.sh" "$scratch/jobs"
+[ "$("$scripts/digest.sh" "$scratch/jobs")" = "$alone" ] || fail "a job that was cut off is not brought to its end"
+
+# Blanks and quotes in names, and a program named from here.
+mkdir "$scratch/it's a place"
+mv "$scratch/jobs/0001" "$scratch/it's a place/an order's"
+echo "an order's/job.toml" >"$scratch/it's a place/jobs.txt"
+rm -r "$scratch/it's a place/an order's/out"
+CAMJOB=$(realpath --relative-to=. "$CAMJOB") "$scripts/work.sh" "$scratch/it's a place"
+"$scripts/summary.py" "$scratch/it's a place" >"$scratch/summary" || fail "$(cat "$scratch/summary")"
+mv "$scratch/it's a place/an order's" "$scratch/jobs/0001"
+
 # A job that is refused fails its worker, and no other job.
 rm -r "$scratch"/jobs/*/out
 echo broken >"$scratch/jobs/0003/nc/P1.nc1"
