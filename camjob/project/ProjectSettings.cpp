@@ -135,9 +135,13 @@ ProjectSettings::ProjectSettings(const job::Job& job, const CProjectInformation&
       m_texts(m_ofJob) {}
 
 std::vector<std::string> ProjectSettings::Read() {
-    std::error_code ignored;
-    if (fs::status(m_settingsFile, ignored).type() == fs::file_type::not_found)
+    std::error_code error;
+    const fs::file_status status = fs::status(m_settingsFile, error);
+    if (status.type() == fs::file_type::not_found)
         return {};
+    if (!fs::status_known(status))
+        return {"the system does not tell whether the settings are there" +
+                ReasonOf(error.value())};
     ZetFileAccess file;
     if (!file.Open(m_files.GetProjFileName(), L"r"))
         return {"the settings cannot be opened" + ReasonOf(file.GetFault()->systemError)};

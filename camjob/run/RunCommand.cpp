@@ -21,6 +21,7 @@
 #include "job/Remnants.h"
 
 #include <algorithm>
+#include <cstdint>
 #include <filesystem>
 #include <functional>
 #include <iterator>
@@ -120,6 +121,7 @@ class JobRunner {
     std::string OutputName(const fs::path& file) const {
         return NameIn(m_report.folder, Utf8FromPath(file));
     }
+    static std::optional<std::uintmax_t> SizeOf(const fs::path& file, const std::string& name);
     static std::string FaultTextOf(const FileFault& fault);
     std::string TextOf(const FileFault& fault) const;
     /// About the input.
@@ -464,10 +466,19 @@ void JobRunner::TakeResults(plugin::JobRun& run, const fs::path& staging) {
     for (const plugin::ProfilePlan& plan : run.GetPlans())
         m_report.plans.push_back({m_job.groups[plan.group].id, plan});
     for (const fs::path& name : FileNames(run.GetProjectInfo().GetFileName())) {
-        std::error_code fault;
-        const std::uintmax_t bytes = fs::file_size(staging / name, fault);
-        m_report.files.push_back({OutputName(name), fault ? std::nullopt : std::optional(bytes)});
+        m_report.files.push_back({OutputName(name), SizeOf(staging / name, OutputName(name))});
     }
+}
+
+/// Nothing for a file that there is none of.
+std::optional<std::uintmax_t> JobRunner::SizeOf(const fs::path& file, const std::string& name) {
+    std::error_code error;
+    const std::uintmax_t bytes = fs::file_size(file, error);
+    if (!error)
+        return bytes;
+    if (error != std::errc::no_such_file_or_directory)
+        throw OutputFailure(name + ": its size is not known (" + ReasonOf(error) + ")");
+    return std::nullopt;
 }
 
 bool JobRunner::WriteNcFiles(const fs::path& staging) {
@@ -534,10 +545,9 @@ bool JobRunner::WriteReport(const fs::path& staged,
         Fail(name + ": cannot be written");
         return false;
     }
-    std::error_code ignored;
     for (RunFile& file : m_report.files)
         if (file.name == name)
-            file.bytes = fs::file_size(staged, ignored);
+            file.bytes = SizeOf(staged, name);
     return true;
 }
 
