@@ -121,9 +121,14 @@ double ShorteningOf(const Wall& wall, const NcCut& cut, const NcHeader& header) 
     return std::max(across, 0.0) * std::tan(std::abs(cut.angle) * std::numbers::pi / 180.0);
 }
 
+/// True when the wall shows the angle of a cut; the surface of a round tube shows them all.
+bool IsAngled(const Wall& wall, const NcCut& cut, const NcHeader& header) {
+    return IsRound(header) || wall.isFlange == cut.isOnFlange;
+}
+
 /// True when an outline of the wall leaves away what the cut takes from it.
 bool IsCut(const Wall& wall, const NcPart& part, const NcCut& cut) {
-    const bool showsAngle = wall.isFlange == cut.isOnFlange;
+    const bool showsAngle = IsAngled(wall, cut, part.header);
     const double shortening = showsAngle ? 0.0 : ShorteningOf(wall, cut, part.header);
     if (!showsAngle && shortening <= kAtEnd)
         return true;
@@ -175,7 +180,7 @@ bool IsCutByOutlines(const NcPart& part, const NcCut& cut) {
             continue;
         if (!IsCut(wall, part, cut))
             return false;
-        isShown = isShown || wall.isFlange == cut.isOnFlange;
+        isShown = isShown || IsAngled(wall, cut, part.header);
     }
     return isShown;
 }

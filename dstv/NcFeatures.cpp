@@ -67,11 +67,8 @@ void NcParser::ReadHole(NcTokens& tokens) {
 
 void NcParser::FinishHole(NcHole hole, const NcLine& line) {
     hole.form = FormOf(hole);
-    if (hole.form == NcHoleForm::kMark) {
-        hole.kind = NcHoleKind::kMark;
-        if (hole.slotWidth + hole.slotHeight > 0.0)
-            m_notes.Note(line.number, L"slot without a diameter: read as a line to be marked");
-    }
+    if (hole.form == NcHoleForm::kMark)
+        NoteMark(hole);
     if (hole.form == NcHoleForm::kRectangle)
         hole.outline = RectangleOutline(
             {hole.x, hole.q}, hole.slotWidth, hole.slotHeight, hole.diameter, hole.slotAngle);
@@ -83,7 +80,18 @@ void NcParser::FinishHole(NcHole hole, const NcLine& line) {
     m_part.holes.push_back(std::move(hole));
 }
 
-/// NC data has threads of round holes only, and no countersinks of openings.
+/// NC data has marks of no size.
+void NcParser::NoteMark(NcHole& hole) {
+    const bool isAskedFor = std::exchange(hole.kind, NcHoleKind::kMark) == NcHoleKind::kMark;
+    if (hole.slotWidth + hole.slotHeight > 0.0)
+        m_notes.Note(hole.line,
+                     ZetString::format(L"slot %s: read as a line to be marked",
+                                       isAskedFor ? L"of a punch mark" : L"without a diameter"));
+    if (hole.diameter + hole.depth > 0.0)
+        m_notes.Note(hole.line, L"diameter or depth of a punch mark: it does not count");
+}
+
+/// NC data has threads of round holes only, and neither countersinks nor depths of openings.
 void NcParser::WarnOfLostKind(const NcHole& hole) {
     const bool isRectangle = hole.form == NcHoleForm::kRectangle;
     const bool isThread =
@@ -94,6 +102,8 @@ void NcParser::WarnOfLostKind(const NcHole& hole) {
                      ZetString::format(L"%s of a %s: it does not count",
                                        isThread ? L"thread" : L"countersink",
                                        isRectangle ? L"rectangle" : L"slot"));
+    if (isRectangle && hole.depth > 0.0)
+        m_notes.Warn(hole.line, L"depth of a rectangle: it does not count, it goes through");
 }
 
 void NcParser::ReadSlot(NcTokens& tokens, NcHole& hole) {

@@ -87,6 +87,7 @@ class NcParser {
     void ReadHole(NcTokens& tokens);
     void ReadSlot(NcTokens& tokens, NcHole& hole);
     void FinishHole(NcHole hole, const NcLine& line);
+    void NoteMark(NcHole& hole);
     void WarnOfLostKind(const NcHole& hole);
     void ReadNumeration(NcTokens& tokens);
     void ReadBend(NcTokens& tokens);

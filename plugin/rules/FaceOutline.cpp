@@ -56,8 +56,9 @@ double AreaOf(const Corners& corners) {
 }
 
 bool ReachesBeyond(const FaceBox& box, const FaceBox& face, const FaceTolerance& tolerance) {
-    return box.minX < face.minX - tolerance.x || box.maxX > face.maxX + tolerance.x ||
-           box.minY < face.minY - tolerance.y || box.maxY > face.maxY + tolerance.y;
+    // What is no number lies nowhere.
+    return !(box.minX >= face.minX - tolerance.x && box.maxX <= face.maxX + tolerance.x &&
+             box.minY >= face.minY - tolerance.y && box.maxY <= face.maxY + tolerance.y);
 }
 
 Excess ExcessOf(const FaceBox& box, const FaceBox& face) {
@@ -76,7 +77,9 @@ Excess ExcessOf(const FaceBox& box, const FaceBox& face) {
         std::max_element(std::begin(sides), std::end(sides), [](const Side& a, const Side& b) {
             return a.beyond < b.beyond;
         });
-    return farthest->beyond > 0.0 ? Excess{farthest->edge, farthest->reached} : Excess();
+    return farthest->beyond > 0.0 && std::isfinite(farthest->beyond)
+               ? Excess{farthest->edge, farthest->reached}
+               : Excess();
 }
 
 FaceOutline::FaceOutline(Corners corners) : m_corners(std::move(corners)), m_box(BoxOf(m_corners)) {

@@ -140,8 +140,7 @@ void JobMember::NoteUnclearPlace(const CHoleAddlInfo& hole, const FaceOutline* o
         if (const std::optional<Feature> feature = FeatureOf(hole.GetHoleData().hostTag))
             m_notes.push_back({*feature, text});
     };
-    const bool isOnPlane = ViewOf(hole) >= kFirstPlanePosition;
-    if (!isOnPlane && !std::isfinite(FaceOfHole(hole, outline).Area()))
+    if (!std::isfinite(FaceOfHole(hole, outline).Area()))
         note(kUnknownFaceText);
     if (IsRound() && IsAtMitre(hole))
         note(kAtMitreText);

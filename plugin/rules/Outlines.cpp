@@ -47,6 +47,9 @@ constexpr double kTouch = 0.05 + 1e-6;
 
 constexpr double kEndless = std::numeric_limits<double>::infinity();
 constexpr FaceBox kUnbounded = {-kEndless, kEndless, -kEndless, kEndless};
+constexpr FaceBox kNowhere = {kEndless, -kEndless, kEndless, -kEndless};
+/// The face of a plane all but across the member has no bounds, mm.
+constexpr double kWidest = 1e6;
 
 /// What is nowhere wider has no area, mm.
 constexpr double kNarrow = 0.01;
@@ -174,11 +177,14 @@ bool JobMember::IsFaceUnknown(const FaceBox& outline, int viewPosition) const {
            std::abs(outline.maxY - outline.minY - width) > std::abs(CMxGeom::GetYTol());
 }
 
-/// Along the member its length. Across, nobody knows where in the face the plane has its zero, but
-/// neither that nor anything on the plane is farther from the face than that is wide.
+/// A plane that faces the end of the member shows no face. Along the member its length. Across,
+/// nobody knows where in the face the plane has its zero, but neither that nor anything on the
+/// plane is farther from the face than that is wide.
 FaceBox JobMember::FaceOfPlane(int viewPosition) const {
     FaceBox face = kUnbounded;
     const double width = ViewDataOf(viewPosition).GetFaceWidth();
+    if (!(width < kWidest))
+        return kNowhere;
     for (const ZetNCView& view : m_structure.getViews()) {
         const ZetGeomVector3d axis = view.getPlane().xAxis;
         if (view.getViewPos() == viewPosition &&

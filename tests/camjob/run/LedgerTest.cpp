@@ -203,7 +203,7 @@ const Case kCases[] = {
     {"MarksAndTexts", kZ, "1000", "KO\n  v 100 50\n  200 50\nSI\n  v 50 100 0 10r P1\nBO\n  v 900 50m 0 0\n", "note 23\nnot_for_machine=3 "},
     {"PlaneBetweenBottomAndTop", kZ, "1000", "BO\n  o 500 30 18\nE1\n  100 2.625 0\n  200 2.625 0\n  100 62.625 80\nB1\n  20 30 18\n",
      "hole face=top_flange x=500.000 y=30.000 diameter=18.000 depth=0.000 thread=none code=\"H\"\n"
-     "hole face=top_flange x=120.000 y=30.000 diameter=18.000 depth=0.000 thread=none code=\"H\"\nunclear_plane 29\nmade=2 "},
+     "hole face=top_flange x=120.000 y=30.000 diameter=18.000 depth=0.000 thread=none code=\"H\"\nunclear_plane 29\nnote 29\nmade=2 "},
     {"HolesOnASlope", kI, "1000", "E1\n  0 200 0\n  100 200 0\n  0 180 100\nB1\n  500 20 18\n  500 5000 18\n", "hole_outside 28\nrefused=1 not_made=1 "},
     {"OutlineOnASlopeOfAnI", kI, "1000", "E1\n  0 200 0\n  100 200 0\n  0 180 100\nA1\n  0 0\n  500 0\n  500 50\n  0 50\n  0 0\n", "unclear_cut 27\nrefused=1 "},
     {"EdgeOfAPlate", kPlate, "1000", "AK\n  o 0 0\n  500 0\n  500 50\n  0 50\n  0 0\nBO\n  o 500 1 2\n  o 500 50 18\n", "unclear_cut 23\nhole_outside 30\nuncovered_hole 29\nrefused=3 "},
@@ -214,6 +214,9 @@ const Case kCases[] = {
     {"CircleOverTheEdge", kZ, "1000", "IK\n  v 510 195 10\n  490 195 10\n  510 195 0\n", "hole_outside 23\nwarning 23\nnote 23\nrefused=1 "},
     {"HoleThatRelievesACornerOfAPlate", kPlate, "1000", "AK\n  v 0 0\n  1000 0\n  1000 160\n  950 160\n  950 200\n  0 200\n  0 0\nBO\n  v 949 159 18\n", "hole face=web x=949.000 y=159.000 diameter=18.000 depth=0.000 thread=none code=\"H\"\nnotch face=web cut=external x=975.000 y=180.000 length=50.000 width=40.000 code=\"N\"\nmade=2 "},
     {"OutlinesOfEqualBoxAndArea", kZ, "1000", "AK\n  v 50 0\n  1000 0\n  1000 200\n  0 200\n  0 40\n  50 40\n  50 0\nAK\n  v 0 0\n  1000 0\n  1000 160\n  950 160\n  950 200\n  0 200\n  0 0\n", "unclear_cut 23\nunclear_cut 31\nnote 31\nrefused=2 "},
+    {"PlaneThatFacesTheEnd", kI, "1000", "E1\n  0 100 0\n  0 200 0\n  0 100 50\nB1\n  50 50 18\n  50 50 18 0l 20 10 0\nS1\n  5 5 0 10r P1\n", "hole_outside 28\nhole_outside 27\nnote 30\nrefused=2 not_made=1 "},
+    {"AskewPlane", kI, "1000", "E1\n  0 0 0\n  100 100 0\n  0 0 100\nB1\n  50 50 18\n  2000 50 18\n", "hole face=sloped_bottom_flange x=50.000 y=41.924 diameter=18.000 depth=0.000 thread=none code=\"H\"\nhole face=sloped_bottom_flange x=2000.000 y=41.924 diameter=18.000 depth=0.000 thread=none code=\"H\"\nnote 27\nnote 28\nmade=2 "},
+    {"WhatRectanglesAndMarksLose", kZ, "1000", "BO\n  v 600 100 18 5.0l 40 30 0\n  v 600 100m 18 3\n  v 600 100m 18 0l 20 0 0\n", "outline face=web cut=internal x=620.000 y=115.000 points=\"600.000,91.000 640.000,91.000 641.756,91.173 643.444,91.685 645.000,92.517 646.364,93.636 647.483,95.000 648.315,96.556 648.827,98.244 649.000,100.000 649.000,130.000 648.827,131.756 648.315,133.444 647.483,135.000 646.364,136.364 645.000,137.483 643.444,138.315 641.756,138.827 640.000,139.000 600.000,139.000 598.244,138.827 596.556,138.315 595.000,137.483 593.636,136.364 592.517,135.000 591.685,133.444 591.173,131.756 591.000,130.000 591.000,100.000 591.173,98.244 591.685,96.556 592.517,95.000 593.636,93.636 595.000,92.517 596.556,91.685 598.244,91.173\" code=\"N\"\nwarning 23\nnote 24\nnote 25\nnote 25\nnote 24\nmade=1 not_for_machine=2 "},
     {"UnknownBlock", kZ, "1000", "IN\n  A : B\nBR\n  what\n", "note 22\nwarning 24\nnoted=2 "},
 };
 // clang-format on
@@ -250,13 +253,14 @@ std::string TubeWithWave(double height) {
 
 // At 45 degrees the wave is as high as the tube is thick.
 TEST(Ledger, MitresThatARoundTubeHasAlready) {
-    const auto shown = [](double height) {
+    const auto shown = [](double height, const char* normal = "1 -1 0") {
         return Show(Ran({
             {"1",
-             nc::Header("P1", kTube, "1000") + "SC\n  1000 200 0 1 -1 0\n" + TubeWithWave(height) +
-                 "EN\n"}
+             nc::Header("P1", kTube, "1000") + "SC\n  1000 200 0 " + normal + "\n" +
+                 TubeWithWave(height) + "EN\n"}
         }));
     };
+    EXPECT_EQ(shown(200.0, "1 0 1").find("mitre"), std::string::npos);
     EXPECT_EQ(shown(200.0).find("mitre"), std::string::npos);
     EXPECT_NE(shown(200.0).find("note 23\nmade=1 noted=1 "), std::string::npos) << shown(200.0);
     for (const double height : {0.0, 100.0, 198.0})
