@@ -76,9 +76,14 @@ class Sweep:
             self.tell(moment, how, "the next call leaves something behind")
 
     def does_without(self, done, words):
-        """Files that a job cannot be drafted from are left out of it, and told."""
-        told = any(word in done.stderr.decode() for word in words)
-        return self.call.name == "init" and done.returncode == self.usual.returncode and told
+        """Files that a job cannot be drafted from are left out of it, and told; so is an earlier output that a
+        run cannot be compared with, by its page."""
+        if done.returncode != self.usual.returncode or content_of(self.call.folder) == self.new:
+            return False
+        if self.call.name == "init":
+            return any(word in done.stderr.decode() for word in words)
+        page = self.call.folder / "new-report.html"
+        return page.is_file() and "new-run.json: cannot be read" in page.read_text("utf-8")
 
     def fail(self, moment, how):
         self.tried[how in ENDS] += 1
