@@ -62,7 +62,9 @@ bool EndsInWave(const Outline& outline, const RoundEnd& end) {
     const std::optional<Wave> wave = WaveThrough(points, end.diameter);
     if (!wave)
         return false;
-    const auto [mean, cosine, sine] = *wave;
+    const double mean = (*wave)[0];
+    const double cosine = (*wave)[1];
+    const double sine = (*wave)[2];
     const double longest = end.isAtEnd ? mean + height : mean - height;
     return std::abs(std::hypot(cosine, sine) - height) <= end.tolerance &&
            std::abs(longest - end.longest) <= end.tolerance &&
