@@ -120,7 +120,7 @@ class OneByOne : public std::streambuf {
   private:
     int_type underflow() override {
         const std::string& text = m_out.GetText();
-        m_outBefore.push_back(std::count(text.begin(), text.end(), '\n'));
+        m_outBefore.push_back(static_cast<long>(std::count(text.begin(), text.end(), '\n')));
         if (m_at == m_lines.size())
             return traits_type::eof();
         std::string& line = m_lines[m_at++];
