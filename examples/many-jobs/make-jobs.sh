@@ -2,6 +2,7 @@
 # make-jobs.sh FOLDER [COUNT] makes orders to try the other scripts with: a thousand unless COUNT says otherwise.
 # Each is a folder with a job file and NC files of its own; FOLDER/jobs.txt lists them.
 set -euo pipefail
+export LC_ALL=C  # numbers with a point, names by their bytes
 here=$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)
 count=${2:-1000}
 if [ $# -eq 0 ] || ! [[ "$count" =~ ^[1-9][0-9]{0,3}$ ]]; then
