@@ -1,6 +1,7 @@
 #include "job/FileNames.h"
 #include "job/JobFile.h"
 #include "job/MessageTexts.h"
+#include "job/SystemError.h"
 #include "job/TextPattern.h"
 #include "job/Utf8Path.h"
 
@@ -85,9 +86,7 @@ bool IsNoFolder(const std::error_code& error) {
 }
 
 std::string TextOf(const fs::path& path, const char* what, const std::error_code& error = {}) {
-    const std::string reason =
-        error ? " (" + error.default_error_condition().message() + ")" : std::string();
-    return "\"" + Utf8Of(path) + "\" " + what + reason;
+    return "\"" + Utf8Of(path) + "\" " + what + ReasonBehind(error);
 }
 
 std::string AdviseOnFolder(const fs::path& folder) {

@@ -1,5 +1,7 @@
 #include "job/TextFile.h"
 
+#include "job/SystemError.h"
+
 #include <array>
 #include <cerrno>
 #include <cstddef>
@@ -14,11 +16,6 @@ namespace {
 constexpr std::size_t kMostBytes = std::size_t{4} * 1024 * 1024;
 constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 
-/// Streams keep no reason of their own.
-std::string ReasonOf(int error) {
-    return error == 0 ? "" : " (" + std::generic_category().message(error) + ")";
-}
-
 }  // namespace
 
 std::variant<std::string, TextFileFault> ReadTextFile(const std::filesystem::path& file,
@@ -29,6 +26,7 @@ std::variant<std::string, TextFileFault> ReadTextFile(const std::filesystem::pat
         return TextFileFault{"there is no such file"};
     if (std::filesystem::is_directory(status))
         return TextFileFault{"this is a folder, not a " + kind};
+    // Streams keep no reason of their own.
     errno = 0;
     std::ifstream stream(file, std::ios::binary);
     std::string bytes;
@@ -37,7 +35,7 @@ std::variant<std::string, TextFileFault> ReadTextFile(const std::filesystem::pat
            (stream.read(piece.data(), piece.size()) || stream.gcount() > 0))
         bytes.append(piece.data(), static_cast<std::size_t>(stream.gcount()));
     if (!stream.is_open() || stream.bad())
-        return TextFileFault{"the file cannot be read" + ReasonOf(errno)};
+        return TextFileFault{"the file cannot be read" + ReasonBehind(errno)};
     if (bytes.size() > kMostBytes)
         return TextFileFault{"the file is larger than 4 MB: this is no " + kind};
     if (bytes.starts_with(kByteOrderMark))

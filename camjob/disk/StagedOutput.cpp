@@ -1,6 +1,7 @@
 #include "camjob/disk/StagedOutput.h"
 
 #include "camjob/console/Paths.h"
+#include "job/SystemError.h"
 
 #include <algorithm>
 #include <new>
@@ -35,9 +36,9 @@ constexpr const char* kFinishesLater = "; the next run in this folder finishes i
     throw OutputFailure(Utf8FromPath(path) + ": " + what);
 }
 
-void Check(const std::error_code& error, const fs::path& path, std::string_view what) {
+void Check(const std::error_code& error, const fs::path& path, const std::string& what) {
     if (error)
-        Fail(path, std::string(what) + " (" + ReasonOf(error) + ")");
+        Fail(path, what + job::ReasonBehind(error));
 }
 
 /// A name that stands for a file or folder in a folder itself, on a line of its own.

@@ -24,10 +24,6 @@ std::error_code UnlessNotFound(const std::error_code& error,
 
 }  // namespace
 
-std::string ReasonOf(const std::error_code& error) {
-    return error.default_error_condition().message();
-}
-
 std::error_code StagingDisk::MakeFolder(const std::filesystem::path& folder) {
     std::error_code error;
     std::filesystem::create_directories(folder, error);

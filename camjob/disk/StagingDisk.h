@@ -8,9 +8,6 @@
 
 namespace camjob {
 
-/// In the same words on every system.
-std::string ReasonOf(const std::error_code& error);
-
 /// Everything that StagedOutput changes in a folder, or reads there. Tests put a disk in its place
 /// that fails, or stops, at any of it.
 class StagingDisk {

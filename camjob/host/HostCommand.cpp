@@ -10,6 +10,7 @@
 #include "camjob/host/PluginModule.h"
 #include "camjob/input/NcFolderSearch.h"
 #include "job/JobFile.h"
+#include "job/SystemError.h"
 
 #include "camdata/platform/host/ZetNCPlugin.h"
 
@@ -107,7 +108,7 @@ int Host::RunIn(const std::string& folder, RunFunction run, const HostedParts& p
     fs::create_directories(PathFromUtf8(folder), error);
     if (!fs::is_directory(PathFromUtf8(folder)))
         return Refuse(folder + ": the folder cannot be made" +
-                          (error ? ": " + error.message() : ": a file has its name"),
+                          (error ? job::ReasonBehind(error) : ": a file has its name"),
                       kExitNotWritten);
     WriteText(m_out,
               Count(static_cast<long>(parts.GetEntities().size()), L"part") + L" for " +

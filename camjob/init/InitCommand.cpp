@@ -9,6 +9,7 @@
 #include "camjob/init/NcSurvey.h"
 #include "camjob/input/NcFolderSearch.h"
 #include "job/MessageTexts.h"
+#include "job/SystemError.h"
 #include "job/templates/InitTemplates.h"
 
 #include <algorithm>
@@ -103,8 +104,8 @@ class InitRun {
             return "";
         if (fs::status_known(status))
             return NameOf(name) + " is there already";
-        return NameOf(name) + ": the system does not tell whether this is there (" +
-               ReasonOf(error) + ")";
+        return NameOf(name) + ": the system does not tell whether this is there" +
+               job::ReasonBehind(error);
     }
 
     /// By a call that was cut off before it wrote the job file, its last one.
@@ -122,8 +123,8 @@ class InitRun {
     bool Write(const char* name, std::string_view text) {
         const std::error_code error = m_files.Write(m_folder / PathFromUtf8(name), text);
         if (error)
-            m_err.Write("camjob: " + NameOf(name) + " could not be written (" + ReasonOf(error) +
-                        "): nothing was left behind\n");
+            m_err.Write("camjob: " + NameOf(name) + " could not be written" +
+                        job::ReasonBehind(error) + ": nothing was left behind\n");
         return !error;
     }
 

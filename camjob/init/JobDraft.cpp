@@ -1,6 +1,7 @@
 #include "camjob/init/JobDraft.h"
 
 #include "camjob/console/Paths.h"
+#include "job/SystemError.h"
 
 #include <algorithm>
 #include <system_error>
@@ -101,8 +102,8 @@ std::vector<std::string> NameFiles(const std::vector<PartSurvey>& parts,
         const bool isWhole = files.size() >= kFewestForPattern && !ending.empty() &&
                              CountFiles(parent, ending, error) == files.size();
         if (error)
-            listingFault = Utf8FromPath(parent) + ": the folder cannot be listed (" +
-                           error.default_error_condition().message() + ")";
+            listingFault =
+                Utf8FromPath(parent) + ": the folder cannot be listed" + job::ReasonBehind(error);
         if (isWhole)
             names.push_back(
                 Slashed(SeenFrom(folder, files.front()).parent_path() / (fs::path("*") += ending)));

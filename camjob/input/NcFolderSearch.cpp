@@ -1,6 +1,7 @@
 #include "camjob/input/NcFolderSearch.h"
 
 #include "camjob/console/Paths.h"
+#include "job/SystemError.h"
 
 #include <algorithm>
 #include <cstddef>
@@ -26,13 +27,13 @@ bool IsNcFile(const fs::path& file) {
     return ending == ".nc" || ending == ".nc1";
 }
 
-ZetString ReasonOf(const std::error_code& error) {
-    return ZetString::fromUtf8(error.default_error_condition().message());
+ZetString ShownReason(const std::error_code& error) {
+    return ZetString::fromUtf8(job::ReasonBehind(error));
 }
 
 dstv::NcError UnknownFault(const fs::path& path, const std::error_code& error) {
     const ZetString name = ZetString::fromUtf8(Utf8FromPath(path.generic_u8string()));
-    const ZetString expected = L"one that can be looked at (" + ReasonOf(error) + L")";
+    const ZetString expected = L"one that can be looked at" + ShownReason(error);
     return {name, 0, 0, L"file", name, expected};
 }
 
@@ -57,7 +58,7 @@ class FolderSearch {
              at.increment(error))
             Take(*at);
         if (error)
-            Fault(folder, L"one that can be listed (" + ReasonOf(error) + L")");
+            Fault(folder, L"one that can be listed" + ShownReason(error));
     }
 
     void Take(const fs::directory_entry& entry) {

@@ -4,6 +4,7 @@
 #include "camjob/console/ReportJson.h"
 #include "job/FileNames.h"
 #include "job/IsoDate.h"
+#include "job/SystemError.h"
 
 #include "camdata/platform/system/Clock.h"
 #include "camdata/platform/system/ZetFileAccess.h"
@@ -118,11 +119,6 @@ ProjectTexts SaidBy(const job::Job& job, const ProjectTexts& ofJob) {
     return said;
 }
 
-std::string ReasonOf(int systemError) {
-    const std::error_code reason(systemError, std::generic_category());
-    return reason ? " (" + reason.message() + ")" : "";
-}
-
 }  // namespace
 
 ProjectSettings::ProjectSettings(const job::Job& job, const CProjectInformation& project)
@@ -141,10 +137,10 @@ std::vector<std::string> ProjectSettings::Read() {
         return {};
     if (!fs::status_known(status))
         return {"the system does not tell whether the settings are there" +
-                ReasonOf(error.value())};
+                job::ReasonBehind(error)};
     ZetFileAccess file;
     if (!file.Open(m_files.GetProjFileName(), L"r"))
-        return {"the settings cannot be opened" + ReasonOf(file.GetFault()->systemError)};
+        return {"the settings cannot be opened" + job::ReasonBehind(file.GetFault()->systemError)};
     file.Close();
     CProjectInformation saved = m_files;
     if (!saved.GetDetailFromFile())
@@ -211,7 +207,7 @@ std::string ProjectSettings::Write() const {
     SetTexts(settings, stored);
     if (const std::optional<FileFault> fault = settings.WriteSettings())
         return m_files.GetProjFileName().toUtf8() + ": cannot be written" +
-               ReasonOf(fault->systemError);
+               job::ReasonBehind(fault->systemError);
     CProjectInformation saved = m_files;
     if (!saved.GetDetailFromFile() || TextsOf(saved) != stored)
         return m_files.GetProjFileName().toUtf8() + ": the settings cannot be read back";

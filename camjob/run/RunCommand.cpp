@@ -19,6 +19,7 @@
 #include "job/FormatFile.h"
 #include "job/JobFile.h"
 #include "job/Remnants.h"
+#include "job/SystemError.h"
 
 #include <algorithm>
 #include <cstdint>
@@ -122,7 +123,6 @@ class JobRunner {
         return NameIn(m_report.folder, Utf8FromPath(file));
     }
     static std::optional<std::uintmax_t> SizeOf(const fs::path& file, const std::string& name);
-    static std::string FaultTextOf(const FileFault& fault);
     std::string TextOf(const FileFault& fault) const;
     /// About the input.
     void NoteUnprinted(const std::string& file, const plugin::MemberResult& member);
@@ -241,8 +241,8 @@ bool JobRunner::ShowDialog(plugin::JobRun& run,
                            const std::vector<std::string>& faults) {
     RevocableFiles folders;
     if (const std::error_code error = folders.MakeFolder(PathFromUtf8(m_report.folder)))
-        throw OutputFailure(m_report.folder + ": the folder cannot be made (" + ReasonOf(error) +
-                            ")");
+        throw OutputFailure(m_report.folder + ": the folder cannot be made" +
+                            job::ReasonBehind(error));
     std::vector<std::string> notices;
     for (const std::string& fault : faults)
         notices.push_back(m_report.settingsFile + ": " + fault +
@@ -360,17 +360,11 @@ std::string JobRunner::FindNameFault(const ZetString& fileName) const {
     return replaced.empty() ? "" : "the output would replace " + replaced.front();
 }
 
-/// What the system says of it, "" for nothing.
-std::string JobRunner::FaultTextOf(const FileFault& fault) {
-    const std::error_code reason(fault.systemError, std::generic_category());
-    return reason ? " (" + reason.message() + ")" : "";
-}
-
 /// The file was still in the staging folder.
 std::string JobRunner::TextOf(const FileFault& fault) const {
     const fs::path staged = PathFromUtf8(fault.fileName.toUtf8());
     return NameIn(m_report.folder, Utf8FromPath(staged.filename())) + ": cannot be written" +
-           FaultTextOf(fault);
+           job::ReasonBehind(fault.systemError);
 }
 
 bool JobRunner::Write(plugin::JobRun& run, const StagedOutput& output) {
@@ -477,7 +471,7 @@ std::optional<std::uintmax_t> JobRunner::SizeOf(const fs::path& file, const std:
     if (!error)
         return bytes;
     if (error != std::errc::no_such_file_or_directory)
-        throw OutputFailure(name + ": its size is not known (" + ReasonOf(error) + ")");
+        throw OutputFailure(name + ": its size is not known" + job::ReasonBehind(error));
     return std::nullopt;
 }
 

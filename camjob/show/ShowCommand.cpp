@@ -4,10 +4,10 @@
 #include "camjob/console/ExitCode.h"
 #include "camjob/console/Paths.h"
 #include "camjob/disk/RevocableFiles.h"
-#include "camjob/disk/StagingDisk.h"
 #include "camjob/input/NcFolderSearch.h"
 #include "camjob/show/PartDrawing.h"
 #include "job/FileNames.h"
+#include "job/SystemError.h"
 #include "report/drawing/DxfDrawing.h"
 #include "report/drawing/SvgDrawing.h"
 
@@ -204,7 +204,8 @@ int Shower::WriteDrawing(const std::string& target, const std::string& text) {
     }
     RevocableFiles files;
     if (const std::error_code error = files.Write(PathFromUtf8(target), text)) {
-        m_err.Write("camjob: " + target + " could not be written (" + ReasonOf(error) + ")\n");
+        m_err.Write("camjob: " + target + " could not be written" + job::ReasonBehind(error) +
+                    "\n");
         return kExitNotWritten;
     }
     files.Keep();

@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <nlohmann/json.hpp>
+#include <sstream>
 #include <string>
 #include <vector>
 
@@ -31,6 +32,15 @@ inline void ExpectParts(const std::string& text, const std::vector<std::string>&
 inline std::string CheckedFile(const std::string& name) {
     std::ifstream stream(CAMJOB_GOLDEN_FOLDER "/check/nc/" + name + ".nc1", std::ios::binary);
     return {std::istreambuf_iterator<char>(stream), {}};
+}
+
+/// The documents of a report, one in each line.
+inline std::vector<nlohmann::json> DocumentsIn(const std::string& lines) {
+    std::vector<nlohmann::json> documents;
+    std::istringstream stream(lines);
+    for (std::string line; std::getline(stream, line);)
+        documents.push_back(nlohmann::json::parse(line));
+    return documents;
 }
 
 /// A report without the part of names that differs from test to test.

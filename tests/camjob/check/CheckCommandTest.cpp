@@ -56,14 +56,6 @@ TEST(CheckByJob, AFaultyJobEndsItAtOnce) {
 
 // ---- lists of names -----------------------------------------------------------------------------
 
-std::vector<nlohmann::json> DocumentsIn(const std::string& lines) {
-    std::vector<nlohmann::json> documents;
-    std::istringstream stream(lines);
-    for (std::string line; std::getline(stream, line);)
-        documents.push_back(nlohmann::json::parse(line));
-    return documents;
-}
-
 TEST(CheckLists, EachNameIsCheckedOnce) {
     struct Case {
         std::string list;

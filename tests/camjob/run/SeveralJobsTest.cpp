@@ -38,14 +38,6 @@ std::vector<std::string> Arguments(const std::string& jobs, const std::vector<st
     return arguments;
 }
 
-std::vector<nlohmann::json> DocumentsIn(const std::string& lines) {
-    std::vector<nlohmann::json> documents;
-    std::istringstream stream(lines);
-    for (std::string line; std::getline(stream, line);)
-        documents.push_back(nlohmann::json::parse(line));
-    return documents;
-}
-
 TEST(SeveralJobs, TheWorstOfThemIsTheExitCode) {
     struct Case {
         std::string jobs;

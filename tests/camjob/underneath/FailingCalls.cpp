@@ -138,32 +138,9 @@ mode_t ModeOf(int flags, va_list arguments) {
 
 extern "C" {
 
-// Calls that name a file: NAME(result, failure, arguments as declared, path, arguments as passed).
-#define BY_PATH(result, failure, name, declared, path, passed)                          \
-    result name declared {                                                              \
-        static auto* const real = RealOf<result declared>(#name);                       \
-        return IsWatched(path)                                                          \
-                   ? Through<result>(#name, failure, [&](bool) { return real passed; }) \
-                   : real passed;                                                       \
-    }
-
-BY_PATH(int, -1, rename, (const char* from, const char* to), from, (from, to))
-BY_PATH(int, -1, link, (const char* from, const char* to), to, (from, to))
-BY_PATH(int, -1, symlink, (const char* from, const char* to), to, (from, to))
-BY_PATH(int, -1, remove, (const char* path), path, (path))
-BY_PATH(int, -1, unlink, (const char* path), path, (path))
-BY_PATH(int, -1, rmdir, (const char* path), path, (path))
-BY_PATH(int, -1, mkdir, (const char* path, mode_t mode), path, (path, mode))
-BY_PATH(int, -1, stat, (const char* path, struct stat* status), path, (path, status))
-BY_PATH(int, -1, lstat, (const char* path, struct stat* status), path, (path, status))
-BY_PATH(int, -1, stat64, (const char* path, struct stat64* status), path, (path, status))
-BY_PATH(int, -1, lstat64, (const char* path, struct stat64* status), path, (path, status))
-BY_PATH(int, -1, truncate, (const char* path, off_t size), path, (path, size))
-BY_PATH(
-    ssize_t, -1, readlink, (const char* path, char* to, std::size_t size), path, (path, to, size))
-
-// Calls on a file that is open.
-#define BY_FILE(result, failure, name, declared, file, passed)                          \
+// Calls on a file that is named or open: result, its value for a failure, the call, its arguments
+// as declared, which of them is the file, its arguments as passed.
+#define WATCHED(result, failure, name, declared, file, passed)                          \
     result name declared {                                                              \
         static auto* const real = RealOf<result declared>(#name);                       \
         return IsWatched(file)                                                          \
@@ -171,12 +148,27 @@ BY_PATH(
                    : real passed;                                                       \
     }
 
-BY_FILE(int, -1, fsync, (int file), file, (file))
-BY_FILE(int, -1, fdatasync, (int file), file, (file))
-BY_FILE(int, -1, flock, (int file, int operation), file, (file, operation))
-BY_FILE(int, -1, fstat, (int file, struct stat* status), file, (file, status))
-BY_FILE(int, -1, fstat64, (int file, struct stat64* status), file, (file, status))
-BY_FILE(struct dirent*, nullptr, readdir, (DIR * folder), dirfd(folder), (folder))
+WATCHED(int, -1, rename, (const char* from, const char* to), from, (from, to))
+WATCHED(int, -1, link, (const char* from, const char* to), to, (from, to))
+WATCHED(int, -1, symlink, (const char* from, const char* to), to, (from, to))
+WATCHED(int, -1, remove, (const char* path), path, (path))
+WATCHED(int, -1, unlink, (const char* path), path, (path))
+WATCHED(int, -1, rmdir, (const char* path), path, (path))
+WATCHED(int, -1, mkdir, (const char* path, mode_t mode), path, (path, mode))
+WATCHED(int, -1, stat, (const char* path, struct stat* status), path, (path, status))
+WATCHED(int, -1, lstat, (const char* path, struct stat* status), path, (path, status))
+WATCHED(int, -1, stat64, (const char* path, struct stat64* status), path, (path, status))
+WATCHED(int, -1, lstat64, (const char* path, struct stat64* status), path, (path, status))
+WATCHED(int, -1, truncate, (const char* path, off_t size), path, (path, size))
+WATCHED(
+    ssize_t, -1, readlink, (const char* path, char* to, std::size_t size), path, (path, to, size))
+
+WATCHED(int, -1, fsync, (int file), file, (file))
+WATCHED(int, -1, fdatasync, (int file), file, (file))
+WATCHED(int, -1, flock, (int file, int operation), file, (file, operation))
+WATCHED(int, -1, fstat, (int file, struct stat* status), file, (file, status))
+WATCHED(int, -1, fstat64, (int file, struct stat64* status), file, (file, status))
+WATCHED(struct dirent*, nullptr, readdir, (DIR * folder), dirfd(folder), (folder))
 
 ssize_t read(int file, void* to, std::size_t size) {
     static auto* const real = RealOf<ssize_t(int, void*, std::size_t)>("read");
