@@ -30,6 +30,7 @@ constexpr SyntaxWords kSyntaxWords[] = {
     {"parsing string",         "a text must end with its quote on the line where it begins" },
     {"closing ']'",            "a list is [value, value, ...]"                              },
     {"inline table",           "a table on one line is { key = value, key = value }"        },
+    {"parsing boolean",        "true and false stand without quotes, in small letters"      },
     {"parsing date",           "a date is written 2026-03-31, and a text stands in quotes"  },
     {"integer",                "this is no number: a text stands in quotes"                 },
     {"floating-point",         "this is no number: a text stands in quotes"                 },
@@ -44,8 +45,9 @@ void AddSyntaxFault(const toml::parse_error& error, const char* what, JobFaults&
             return reason.find(row.reason) != std::string_view::npos;
         });
     const toml::source_position at = error.source().begin;
-    // The parser cuts a long reason, perhaps in the middle of a character.
-    const std::string whole = ZetString::fromUtf8(reason).toUtf8();
+    // The parser cuts a long reason, perhaps in the middle of a character, and quotes line ends.
+    std::string whole = ZetString::fromUtf8(reason).toUtf8();
+    std::replace(whole.begin(), whole.end(), '\n', ' ');
     const std::string inOurs =
         words->words != nullptr
             ? words->words

@@ -1,13 +1,19 @@
 #!/usr/bin/env bash
-# fuzz.sh SECONDS [NAME...] runs each fuzzer of fuzz/, or those named, for so many seconds, under Clang's
-# address and undefined-behaviour sanitizers, and prints what they did. Inputs that reach new code stay in
-# build/fuzz/corpus/NAME and are where the next call goes on from. Ends with 1 at the first input that
-# breaks a law, and says where it lies; run it alone by: build/fuzz/bin/fuzz_NAME FILE
+# fuzz.sh [--same] SECONDS [NAME...] runs each fuzzer of fuzz/, or those named, for so many seconds, under
+# Clang's address and undefined-behaviour sanitizers, as many at a time as there are cores, and prints what
+# they did. Inputs that reach new code stay in build/fuzz/corpus/NAME and are where the next call goes on from.
+# With --same each call tries the same inputs in the same order, as far as it gets, and keeps none. Ends with 1
+# when an input breaks a law, and says where it lies; run it alone by: build/fuzz/bin/fuzz_NAME FILE
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
 
+same=
+if [ "${1:-}" = --same ]; then
+    same=1
+    shift
+fi
 if [[ ! "${1:-}" =~ ^[1-9][0-9]*$ ]]; then
-    echo "usage: fuzz.sh SECONDS [NAME...]" >&2
+    echo "usage: fuzz.sh [--same] SECONDS [NAME...]" >&2
     exit 2
 fi
 seconds=$1
@@ -20,41 +26,52 @@ if [ ${#names[@]} -eq 0 ]; then
     done
 fi
 
-# Files of the project that a fuzzer starts from besides its corpus.
-declare -A seeds=(
-    [NcReader]="examples/warehouse/nc tests/camjob/check/nc"
-    [Run]="examples/warehouse/nc tests/camjob/check/nc"
-    [JobFile]="examples/warehouse/*.toml examples/formats/formats.toml job/templates/*.toml"
-    [FormatFile]="examples/formats/*-*.toml job/formats/*.toml"
-)
-
 scripts/setup.sh build fuzz
-cmake --preset fuzz >/dev/null
+work=build/fuzz
+[ -e $work/build.ninja ] || cmake --preset fuzz >/dev/null
 cmake --build --preset fuzz -j"$(nproc)" --target "${names[@]/#/fuzz_}"
 
-work=build/fuzz
 mkdir -p $work/found
 # A folder in memory, where there is one: the fuzzers of files write each input.
 [ -d /dev/shm ] && export TMPDIR=/dev/shm
 
-printf '%-14s %12s %8s %8s %8s\n' fuzzer inputs "a second" places kept
-for name in "${names[@]}"; do
-    corpus=$work/corpus/$name
-    log=$work/$name.log
-    mkdir -p "$corpus" "$work/seeds/$name"
+# Files of the project that a fuzzer starts from besides its corpus.
+seeds() {
+    case $1 in
+    NcReader | Run) echo examples/warehouse/nc tests/camjob/check/nc ;;
+    JobFile) echo examples/warehouse/*.toml examples/formats/formats.toml job/templates/*.toml ;;
+    FormatFile) echo examples/formats/*-*.toml job/formats/*.toml ;;
+    esac
+}
+
+# fuzz NAME: the row of the table, or the end of its log.
+fuzz() {
+    local name=$1 given=$work/seeds/$1 corpus=$work/corpus/$1 log=$work/$1.log options=() files
+    if [ -n "$same" ]; then
+        corpus=$(mktemp -d)
+        options=(-seed=1)
+    fi
+    mkdir -p "$corpus" "$given"
+    files=$(seeds "$name")
     # shellcheck disable=SC2086  # patterns
-    [ -z "${seeds[$name]:-}" ] || cp -ru ${seeds[$name]} "$work/seeds/$name"
-    [ ! -d fuzz/corpus/$name ] || cp -ru "fuzz/corpus/$name/." "$work/seeds/$name"
+    [ -z "$files" ] || cp -ru $files "$given"
+    [ ! -d fuzz/corpus/$name ] || cp -ru "fuzz/corpus/$name/." "$given"
     if ! $work/bin/fuzz_$name -max_total_time="$seconds" -timeout=20 -rss_limit_mb=4096 -max_len=8192 \
         -detect_leaks=0 -dict=fuzz/$name.dict -artifact_prefix=$work/found/$name- -print_final_stats=1 \
-        "$corpus" "$work/seeds/$name" >"$log" 2>&1; then
+        "${options[@]}" "$corpus" "$given" >"$log" 2>&1; then
         tail -40 "$log"
         echo "$name: an input breaks a law, see $work/found" >&2
-        exit 1
+        return 1
     fi
+    [ -z "$same" ] || rm -rf "$corpus"
     awk -v name="$name" '
         /DONE/ { for (i = 1; i < NF; ++i) if ($i == "cov:") places = $(i + 1); else if ($i == "corp:") kept = $(i + 1) }
         /stat::number_of_executed_units/ { inputs = $2 }
         /stat::average_exec_per_sec/ { speed = $2 }
         END { sub("/.*", "", kept); printf "%-14s %12d %8d %8d %8d\n", name, inputs, speed, places, kept }' "$log"
-done
+}
+export -f fuzz seeds
+export work seconds same
+
+printf '%-14s %12s %8s %8s %8s\n' fuzzer inputs "a second" places kept
+printf '%s\n' "${names[@]}" | xargs -P "$(nproc)" -I{} bash -c 'fuzz {}' || exit 1

@@ -1,14 +1,26 @@
 #!/usr/bin/env bash
-# same-results.sh [TOOL...] runs the example jobs by each tool (all that were built, without an argument), in
-# several locales, time zones and orders in which the disk lists its files, and compares every byte that
-# they write. A tool ending in .exe runs through Wine.
+# same-results.sh [--all | TOOL...] runs the example jobs by each tool (those that were built, without an
+# argument; --all first builds the tool by each compiler with and without optimising), in several locales, time
+# zones and orders in which the disk lists its files, on one thread and on several, and compares every byte
+# that they write and say. A tool ending in .exe runs through Wine.
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
 
+if [ "${1:-}" = --all ]; then
+    shift
+    scripts/setup.sh build same
+    for compiler in g++ clang++; do
+        for type in Debug Release; do
+            tree=build/same/$compiler-$type
+            cmake -S . -B $tree -G Ninja -DCMAKE_BUILD_TYPE=$type -DCAMDATA_BUILD_TESTS=OFF \
+                -DCMAKE_CXX_COMPILER=$compiler >/dev/null
+            cmake --build $tree -j"$(nproc)" --target camjob
+        done
+    done
+fi
 tools=("$@")
 if [ ${#tools[@]} -eq 0 ]; then
-    # GCC optimised, GCC with sanitizers, Clang without optimising, Windows.
-    for tool in build/{release,asan,clang}/bin/camjob build/windows/bin/camjob.exe; do
+    for tool in build/{release,asan,fuzz}/bin/camjob build/same/*/bin/camjob build/windows/bin/camjob.exe; do
         [ ! -e $tool ] || tools+=("$tool")
     done
 fi
@@ -39,7 +51,7 @@ for name in de_DE tr_TR; do
 done
 export LOCPATH=$disk/locales WINEDEBUG=${WINEDEBUG:--all}
 
-# run TOOL PLACE LOCALE ZONE RESULT: all that the jobs write, in the folder RESULT.
+# run TOOL PLACE LOCALE ZONE RESULT: all that the jobs write and say, in the folder RESULT.
 run() {
     local tool place=$2 result=$5 job
     tool=$(realpath "$1")
@@ -48,11 +60,12 @@ run() {
     for job in warehouse/warehouse formats/formats; do
         (
             cd "$place/examples/${job%/*}"
-            if ! LC_ALL=$3 TZ=$4 "${call[@]}" run "${job#*/}.toml" --out same >"$disk/said" 2>&1 && [ ! -d same ]; then
-                cat "$disk/said"
+            mkdir -p "$result"
+            said=$result/${job#*/}.txt
+            if ! LC_ALL=$3 TZ=$4 "${call[@]}" run "${job#*/}.toml" --out same >"$said" 2>&1 && [ ! -d same ]; then
+                cat "$said"
                 exit 1
             fi
-            mkdir -p "$result"
             mv same "$result/${job#*/}"
         )
     done

@@ -2,7 +2,8 @@
 # setup.sh PURPOSE... installs the Debian packages that a purpose needs and this machine lacks.
 # Purposes: build (library, tool and tests), windows (cross build and Wine), bench (benchmarks),
 # pictures (of the dialog) and page (of the report) for the documentation, packages (for Debian, and what
-# checks them), reference (of the classes), fuzz (the fuzzers), release (a clean root to install in), ci (all
+# checks them), reference (of the classes), fuzz (the fuzzers), same (results
+# compared everywhere), release (a clean root to install in), ci (all
 # else that CI runs), many-jobs (engines for examples/many-jobs).
 # Installs as root, or through sudo when that asks nothing; otherwise prints the line to run and stops.
 set -euo pipefail
@@ -17,6 +18,7 @@ declare -A packages=(
     [packages]="dpkg-dev file pkg-config man-db"
     [reference]="doxygen"
     [fuzz]="clang libclang-rt-14-dev"
+    [same]="clang locales tzdata"
     [release]="debootstrap zsh"
     [many-jobs]="slurm-wlm munge parallel"
     [ci]="clang locales tzdata python3-ezdxf python3-jsonschema chromium-headless-shell"
