@@ -7,7 +7,7 @@
 #include <algorithm>
 #include <cmath>
 
-// Holes in what outlines and mitres leave away.
+// Holes and openings in what outlines and mitres leave away.
 
 namespace plugin {
 
@@ -42,6 +42,23 @@ bool JobMember::IsCutAway(const CHoleAddlInfo& hole) const {
     const bool isOutside = outline != nullptr && !outline->Contains(centre) &&
                            outline->DistanceFrom(centre, reach) >= reach;
     return isOutside || IsBeyondMitre(centre, viewPosition, reach);
+}
+
+/// The whole of an opening: what reaches into a notch from the side is made.
+bool JobMember::IsCutAway(const std::vector<ZetGeomPoint2d>& opening, int viewPosition) const {
+    const double touch = std::abs(CMxGeom::GetXTol());
+    const auto isBeyondMitre = [&](const ZetGeomPoint2d& corner) {
+        return IsBeyondMitre(corner, viewPosition, 0.0);
+    };
+    if (std::all_of(opening.begin(), opening.end(), isBeyondMitre))
+        return true;
+    const FaceOutline* const outline = OutlineOf(viewPosition);
+    if (outline == nullptr)
+        return false;
+    const std::vector<ZetGeomPoint2d> places = outline->PlacesOf(opening);
+    return std::none_of(places.begin(), places.end(), [&](const ZetGeomPoint2d& place) {
+        return outline->Contains(place) && outline->DistanceFrom(place, touch) >= touch;
+    });
 }
 
 /// The web stands anywhere between the edges of the flanges: a cut that only these show takes
@@ -79,11 +96,11 @@ bool JobMember::IsBeyondMitre(const ZetGeomPoint2d& centre, int viewPosition, do
 }
 
 /// True where a mitre takes something from the section, wherever around it.
-bool JobMember::IsAtMitre(const CHoleAddlInfo& hole) const {
+bool JobMember::IsAtMitre(double minX, double maxX) const {
     const double height = m_memType.GetHeaderData().height;
     return std::any_of(m_mitres.begin(), m_mitres.end(), [&](const ZetNCCut& cut) {
         const bool isAtStart = cut.end == ZetNCCut::eEndStart;
-        const double toEnd = isAtStart ? hole.GetXPos() - cut.x : cut.x - hole.GetXPos();
+        const double toEnd = isAtStart ? minX - cut.x : cut.x - maxX;
         return toEnd < std::max(ShorteningBy(cut, 0.0, height).amount,
                                 ShorteningBy(cut, height, height).amount);
     });

@@ -148,4 +148,29 @@ double FaceOutline::DistanceFrom(const ZetGeomPoint2d& point, double farthest) c
     return distance;
 }
 
+std::vector<ZetGeomPoint2d> FaceOutline::PlacesOf(const Corners& other) const {
+    Corners places = other;
+    std::vector<double> crossings;
+    for (std::size_t i = 0; i < other.size(); ++i) {
+        const ZetGeomPoint2d& from = other[i];
+        const ZetGeomVector2d side = Next(other, i) - from;
+        crossings = {0.0, 1.0};
+        ForEachEdgeIn(std::min(from.y, from.y + side.y),
+                      std::max(from.y, from.y + side.y),
+                      [&](const ZetGeomPoint2d& a, const ZetGeomPoint2d& b) {
+                          const double slant = side.cross(b - a);
+                          const double at = (a - from).cross(b - a) / slant;
+                          const double on = (a - from).cross(side) / slant;
+                          if (at > 0.0 && at < 1.0 && on >= 0.0 && on <= 1.0)
+                              crossings.push_back(at);
+                      });
+        std::sort(crossings.begin(), crossings.end());
+        for (std::size_t part = 1; part < crossings.size(); ++part) {
+            const double middle = (crossings[part - 1] + crossings[part]) * 0.5;
+            places.push_back({from.x + side.x * middle, from.y + side.y * middle});
+        }
+    }
+    return places;
+}
+
 }  // namespace plugin

@@ -53,6 +53,9 @@ class FaceOutline {
     bool Contains(const ZetGeomPoint2d& point) const;
     /// The distance of a point from the outline; `farthest` when it is no less.
     double DistanceFrom(const ZetGeomPoint2d& point, double farthest) const;
+    /// Of another outline the corners, and of each of its sides the middles of the parts between
+    /// its crossings with this one: when all of them lie in this one, or none, so does the whole.
+    std::vector<ZetGeomPoint2d> PlacesOf(const std::vector<ZetGeomPoint2d>& other) const;
 
   private:
     std::size_t RowOf(double y) const;

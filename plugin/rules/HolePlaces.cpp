@@ -38,14 +38,18 @@ double LimitFor(double limit, double diameter) {
 }
 
 /// A hole's centre, or those of the ends of a slot.
-std::vector<ZetGeomPoint2d> CentresOf(const CHoleAddlInfo& hole) {
-    const ZetGeomPoint2d centre = {hole.GetXPos(), hole.GetYPos()};
+std::vector<ZetGeomPoint2d> CentresOf(const CHoleAddlInfo& hole, const ZetGeomPoint2d& centre) {
     if (!hole.GetIsSlot())
         return {centre};
     const ZetGeomVector2d& end = hole.GetSlotVector();
     return {
         centre + end, {centre.x - end.x, centre.y - end.y}
     };
+}
+
+/// Judged as such already.
+bool IsOpening(const CHoleAddlInfo& hole) {
+    return hole.GetIsRectHole() || hole.GetIsSqrHole();
 }
 
 /// Of the whole hole. The surface of a round section closes: across it only the centre counts.
@@ -104,7 +108,15 @@ std::optional<Finding> JobMember::OutsideOf(const CHoleAddlInfo& hole,
     const FaceTolerance tolerance = {std::abs(CMxGeom::GetXTol()), std::abs(CMxGeom::GetYTol())};
     const ZetGeomPoint2d centre = {hole.GetXPos(), hole.GetYPos()};
     const auto view = static_cast<int>(ViewOf(hole));
-    const FaceBox face = FaceOfHole(hole, outline);
+    FaceBox face = FaceOfHole(hole, outline);
+    FaceBox middle = {centre.x, centre.x, centre.y, centre.y};
+    FaceBox whole = ExtentsOf(hole, !IsRound());
+    if (const ZetGeomPlane* const plane = AskewPlaneAt(view)) {
+        const ZetGeomPoint2d onPlane = {hole.GetHoleData().x, hole.GetHoleData().y};
+        face = WholeMember();
+        middle = AlongMember(*plane, {onPlane}, 0.0);
+        whole = AlongMember(*plane, CentresOf(hole, onPlane), hole.GetSize() * 0.5);
+    }
     const auto told = [&](const wchar_t* text, const FaceBox& box) -> std::optional<Finding> {
         if (!ReachesBeyond(box, face, tolerance))
             return std::nullopt;
@@ -119,10 +131,10 @@ std::optional<Finding> JobMember::OutsideOf(const CHoleAddlInfo& hole,
             !outline->Contains(centre) && outline->DistanceFrom(centre, tolerance.x) >= tolerance.x;
         if (isOutside)
             return Finding{.type = job::kHoleOutside, .text = kOutsideText};
-    } else if (auto finding = told(kOutsideText, {centre.x, centre.x, centre.y, centre.y})) {
+    } else if (auto finding = told(kOutsideText, middle)) {
         return finding;
     }
-    return told(kReachesText, ExtentsOf(hole, !IsRound()));
+    return told(kReachesText, whole);
 }
 
 /// Outside, or in what is cut away.
@@ -135,24 +147,29 @@ std::optional<Finding> JobMember::FaultOfPlace(const CHoleAddlInfo& hole,
 }
 
 /// What nobody can judge is told.
-void JobMember::NoteUnclearPlace(const CHoleAddlInfo& hole, const FaceOutline* outline) {
+void JobMember::NoteUnclearPlace(long tag, const FaceBox& face, double minX, double maxX) {
     const auto note = [&](const wchar_t* text) {
-        if (const std::optional<Feature> feature = FeatureOf(hole.GetHoleData().hostTag))
+        if (const std::optional<Feature> feature = FeatureOf(tag))
             m_notes.push_back({*feature, text});
     };
-    if (!std::isfinite(FaceOfHole(hole, outline).Area()))
+    if (!std::isfinite(face.Area()))
         note(kUnknownFaceText);
-    if (IsRound() && IsAtMitre(hole))
+    if (IsRound() && IsAtMitre(minX, maxX))
         note(kAtMitreText);
 }
 
 void JobMember::CheckPlaces() {
     const FaceOutline* const outline = PlateOutline();
     for (CHoleAddlInfo& hole : m_holes) {
+        if (IsOpening(hole) && hole.GetHoleData().hostTag != 0)
+            continue;
         if (std::optional<Finding> finding = FaultOfPlace(hole, outline))
             RefuseHole(std::move(*finding), hole);
         else
-            NoteUnclearPlace(hole, outline);
+            NoteUnclearPlace(hole.GetHoleData().hostTag,
+                             FaceOfHole(hole, outline),
+                             hole.GetXPos(),
+                             hole.GetXPos());
     }
 }
 
@@ -219,7 +236,7 @@ std::vector<JobMember::ShortDistance> JobMember::CheckDistancesOf(CHoleAddlInfo&
     CMxGeom::SetTol(eTolEPS);
     double toEdge = edge;
     double toEnd = end;
-    for (const ZetGeomPoint2d& centre : CentresOf(hole)) {
+    for (const ZetGeomPoint2d& centre : CentresOf(hole, {hole.GetXPos(), hole.GetYPos()})) {
         if (outline != nullptr)
             toEdge = std::min(toEdge, outline->DistanceFrom(centre, edge));
         else

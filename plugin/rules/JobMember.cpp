@@ -77,8 +77,9 @@ void JobMember::ValidateMember() {
     SeePlanes();
     GetAndSortHolesNotches();
     CheckOutlines();
-    SetAsideNotches();
     CheckCuts();
+    CheckOpenings();
+    SetAsideNotches();
     SettleSetAsideHoles();
     JoinCountersinks();
     TakeRectangularHoles();

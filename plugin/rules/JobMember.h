@@ -202,9 +202,15 @@ class JobMember : public CMxPeilaib {
     bool IsEdgeOfPlate(int viewPosition) const;
     FaceBox FaceOfView(int viewPosition) const;
     FaceBox FaceOfPlane(int viewPosition) const;
+    const ZetGeomPlane* AskewPlaneAt(int viewPosition) const;
+    static FaceBox AlongMember(const ZetGeomPlane& plane,
+                               const std::vector<ZetGeomPoint2d>& centres,
+                               double radius);
+    FaceBox WholeMember() const;
     bool IsFaceUnknown(const FaceBox& outline, int viewPosition) const;
     static eHoleFace FaceAtView(int viewPosition);
     void CheckOutlines();
+    void CheckOpenings();
     void RefuseContour(job::ValidationType type,
                        const ZetString& fault,
                        const ZetNCContour& contour,
@@ -246,12 +252,15 @@ class JobMember : public CMxPeilaib {
     std::optional<Finding> OutsideOf(const CHoleAddlInfo& hole, const FaceOutline* outline) const;
     std::optional<Finding> FaultOfPlace(const CHoleAddlInfo& hole,
                                         const FaceOutline* outline) const;
-    void NoteUnclearPlace(const CHoleAddlInfo& hole, const FaceOutline* outline);
-    bool IsAtMitre(const CHoleAddlInfo& hole) const;
+    void NoteUnclearPlace(long tag, const FaceBox& face, double minX, double maxX);
+    bool IsAtMitre(double minX, double maxX) const;
     bool IsCutAway(const CHoleAddlInfo& hole) const;
+    bool IsCutAway(const std::vector<ZetGeomPoint2d>& opening, int viewPosition) const;
     const FaceOutline* OutlineOf(int viewPosition) const;
     bool IsBeyondMitre(const ZetGeomPoint2d& centre, int viewPosition, double reach) const;
     void SeePlanes();
+    bool FacesEnd(const CViewData& flange) const;
+    void RefusePlanesAtEnd();
     void CheckPlanes();
 
     void CodeHoles();
@@ -332,8 +341,14 @@ class JobMember : public CMxPeilaib {
     Section m_section = Section::kOther;
     /// By hole; null: no rule. Only while the member is validated.
     std::vector<const HoleRuleMatcher::Entry*> m_entryOfHole;
-    std::optional<FaceOutline> m_plate;     ///< its outline, or its box
-    std::map<int, CViewData> m_planes;      ///< by view position
+    std::optional<FaceOutline> m_plate;  ///< its outline, or its box
+    /// A view in a plane of its own.
+    struct PlaneView {
+        CViewData data;
+        ZetGeomPlane plane;
+        bool isAtEnd = false;  ///< it faces the end of the member
+    };
+    std::map<int, PlaneView> m_planes;      ///< by view position
     std::map<int, FaceOutline> m_outlines;  ///< by view position; those that operations tell
     long m_ordered = 0;
     bool m_hasPieces = true;

@@ -4,7 +4,6 @@
 #include "plugin/rules/FlangeZero.h"
 #include "plugin/rules/JobMember.h"
 
-#include "camdata/platform/geometry/ZetGeomTol.h"
 #include "camdata/tolerance/CMxGeom.h"
 
 #include <algorithm>
@@ -27,6 +26,8 @@ namespace {
 
 constexpr const wchar_t* kBeyondText = L"The outline reaches beyond its face";
 constexpr const wchar_t* kOpeningBeyondText = L"The opening reaches beyond its face";
+constexpr const wchar_t* kOpeningInCutText =
+    L"The opening lies in what an outline or a mitre takes away";
 constexpr const wchar_t* kNoAreaText = L"The outline has no area";
 constexpr const wchar_t* kOpeningNoAreaText = L"The opening has no area";
 constexpr const wchar_t* kUnknownFaceText =
@@ -47,9 +48,6 @@ constexpr double kTouch = 0.05 + 1e-6;
 
 constexpr double kEndless = std::numeric_limits<double>::infinity();
 constexpr FaceBox kUnbounded = {-kEndless, kEndless, -kEndless, kEndless};
-constexpr FaceBox kNowhere = {kEndless, -kEndless, kEndless, -kEndless};
-/// The face of a plane all but across the member has no bounds, mm.
-constexpr double kWidest = 1e6;
 
 /// What is nowhere wider has no area, mm.
 constexpr double kNarrow = 0.01;
@@ -177,27 +175,21 @@ bool JobMember::IsFaceUnknown(const FaceBox& outline, int viewPosition) const {
            std::abs(outline.maxY - outline.minY - width) > std::abs(CMxGeom::GetYTol());
 }
 
-/// A plane that faces the end of the member shows no face. Along the member its length. Across,
-/// nobody knows where in the face the plane has its zero, but neither that nor anything on the
-/// plane is farther from the face than that is wide.
+/// Along the member its length. Across, nobody knows where in the face the plane has its zero, but
+/// neither that nor anything on the plane is farther from the face than that is wide. An askew
+/// plane has bounds in neither direction.
 FaceBox JobMember::FaceOfPlane(int viewPosition) const {
     FaceBox face = kUnbounded;
-    const double width = ViewDataOf(viewPosition).GetFaceWidth();
-    if (!(width < kWidest))
-        return kNowhere;
-    for (const ZetNCView& view : m_structure.getViews()) {
-        const ZetGeomVector3d axis = view.getPlane().xAxis;
-        if (view.getViewPos() == viewPosition &&
-            ZetGeomTol().areParallel(axis, ZetGeomVector3d{1.0, 0.0, 0.0})) {
-            std::tie(face.minX, face.maxX) = std::pair(0.0, GetLength());
-            if (width > 0.0)
-                std::tie(face.minY, face.maxY) = std::pair(-width, 2.0 * width);
-        }
-    }
+    if (AskewPlaneAt(viewPosition) != nullptr)
+        return face;
+    std::tie(face.minX, face.maxX) = std::pair(0.0, GetLength());
+    if (const double width = ViewDataOf(viewPosition).GetFaceWidth(); width > 0.0)
+        std::tie(face.minY, face.maxY) = std::pair(-width, 2.0 * width);
     return face;
 }
 
-/// Before anything is set aside: a notch that tells nothing right must not stand for others.
+/// Before anything is set aside, here and below: a notch that tells nothing right must not stand
+/// for others.
 void JobMember::CheckOutlines() {
     PlateOutline();  // for its narrow sides
     std::map<long, NotchSum> sums;
@@ -206,14 +198,21 @@ void JobMember::CheckOutlines() {
             if (!notch.GetIsInternal() && notch.GetNotchStatus() != eNotchNone)
                 sums[notch.GetContour().hostTag].Add(CornersOf(notch));
     std::set<long> refused;
-    for (const ZetNCView& view : m_structure.getViews()) {
+    for (const ZetNCView& view : m_structure.getViews())
         for (const ZetNCContour& outline : view.getExternalContours())
             if (!TakeOutline(outline, view, sums[outline.hostTag]))
                 refused.insert(outline.hostTag);
+    DropNotches(m_notches, refused);
+    DropNotches(m_duplicateNotches, refused);
+}
+
+/// When the outlines and mitres of all views are known: an opening may lie in what they take away.
+void JobMember::CheckOpenings() {
+    std::set<long> refused;
+    for (const ZetNCView& view : m_structure.getViews())
         for (const ZetNCContour& opening : view.getInternalContours())
             if (!CheckOpening(opening, view.getViewPos()))
                 refused.insert(opening.hostTag);
-    }
     DropNotches(m_notches, refused);
     DropNotches(m_duplicateNotches, refused);
 }
@@ -258,26 +257,37 @@ bool JobMember::TakeOutline(const ZetNCContour& outline,
 /// False when it is none of the face.
 bool JobMember::CheckOpening(const ZetNCContour& opening, int viewPosition) {
     const std::vector<ZetGeomPoint2d> corners = CornersOf(opening);
-    const bool hasNoArea = HasNoArea(corners);
     // Without a tag nobody knows which record is whose.
-    if (opening.hostTag == 0 || (!hasNoArea && !IsBeyond(corners, viewPosition)))
+    if (opening.hostTag == 0)
         return true;
-    if (hasNoArea)
-        RefuseContour(job::kUnclearCut, kOpeningNoAreaText, opening, viewPosition);
-    else
-        RefuseContour(job::kHoleOutside, kOpeningBeyondText, opening, viewPosition);
-    return false;
+    const auto refuse = [&](job::ValidationType type, const wchar_t* fault) {
+        RefuseContour(type, fault, opening, viewPosition);
+        return false;
+    };
+    if (HasNoArea(corners))
+        return refuse(job::kUnclearCut, kOpeningNoAreaText);
+    if (IsBeyond(corners, viewPosition))
+        return refuse(job::kHoleOutside, kOpeningBeyondText);
+    if (IsCutAway(corners, viewPosition))
+        return refuse(job::kHoleOutside, kOpeningInCutText);
+    const FaceBox box = BoxOf(corners);
+    NoteUnclearPlace(opening.hostTag, FaceOfView(viewPosition), box.minX, box.maxX);
+    return true;
 }
 
-/// Beyond the box of the face, or a plate's outline.
+/// Beyond the box of the face, or a plate's outline, or the member.
 bool JobMember::IsBeyond(const std::vector<ZetGeomPoint2d>& corners, int viewPosition) {
     const double x = std::abs(CMxGeom::GetXTol());
     const double y = std::abs(CMxGeom::GetYTol());
     if (const FaceOutline* const plate = PlateOutline();
-        plate != nullptr && viewPosition < kFirstPlanePosition && !IsEdgeOfPlate(viewPosition))
-        return std::any_of(corners.begin(), corners.end(), [&](const ZetGeomPoint2d& corner) {
-            return !plate->Contains(corner) && plate->DistanceFrom(corner, x) >= x;
+        plate != nullptr && viewPosition < kFirstPlanePosition && !IsEdgeOfPlate(viewPosition)) {
+        const std::vector<ZetGeomPoint2d> places = plate->PlacesOf(corners);
+        return std::any_of(places.begin(), places.end(), [&](const ZetGeomPoint2d& place) {
+            return !plate->Contains(place) && plate->DistanceFrom(place, x) >= x;
         });
+    }
+    if (const ZetGeomPlane* const plane = AskewPlaneAt(viewPosition))
+        return ReachesBeyond(AlongMember(*plane, corners, 0.0), WholeMember(), {x, y});
     return ReachesBeyond(BoxOf(corners), FaceOfView(viewPosition), {x, y});
 }
 

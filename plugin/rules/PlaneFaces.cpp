@@ -1,7 +1,11 @@
 #include "plugin/rules/FaceText.h"
 #include "plugin/rules/JobMember.h"
 
+#include "camdata/platform/geometry/ZetGeomTol.h"
+
 #include <algorithm>
+#include <cmath>
+#include <limits>
 #include <utility>
 
 // Views in a plane of their own. The library tells their faces only of what it gathers; here also
@@ -14,6 +18,15 @@ namespace {
 constexpr const wchar_t* kUnclearPlaneFormat =
     L"The plane shows neither the web nor, within the tolerance, a flange: it counts as %s, like "
     L"the view before it";
+constexpr const wchar_t* kAskewText =
+    L"The X axis of the plane does not run along the member: X and Y of what lies on it count in the "
+    L"plane";
+constexpr const wchar_t* kAtEndFormat =
+    L"It lies on a plane that faces the end of the member, where no operation is made: %s at (X:%.1f, "
+    L"Y:%.1f) of the plane";
+
+/// Seen from a plane on which a flange is that many times as wide, nothing lies on the flange.
+constexpr double kWidest = 100.0;
 
 bool IsGathered(const ZetNCView& view) {
     return !view.getHoles().isEmpty() || !view.getExternalContours().isEmpty() ||
@@ -27,6 +40,24 @@ bool IsMarked(const ZetNCView& view) {
 /// The library has found no face for it.
 bool IsUnclear(const CViewData& plane) {
     return plane.GetFaceStr() == CViewData().GetFaceStr();
+}
+
+ZetGeomPoint2d BeginOf(const ZetNCHoleData& hole) {
+    return {hole.x, hole.y};
+}
+
+ZetGeomPoint2d BeginOf(const ZetNCContour& contour) {
+    return contour.getPointCount() == 0
+               ? ZetGeomPoint2d()
+               : ZetGeomPoint2d{contour.xValues.first(), contour.yValues.first()};
+}
+
+ZetGeomPoint2d BeginOf(const ZetNCMark& mark) {
+    return mark.points.isEmpty() ? ZetGeomPoint2d() : mark.points.first();
+}
+
+ZetGeomPoint2d BeginOf(const ZetNCNumeration& text) {
+    return {text.x, text.y};
 }
 
 /// Of the features of a view the first in the file.
@@ -68,6 +99,7 @@ void JobMember::SeePlanes() {
     for (const ZetNCView& view : structure.getViews()) {
         const bool isPlane = view.getViewPos() >= kFirstPlanePosition;
         bool hasOwnFace = !isPlane;
+        bool isAtEnd = false;
         if (isPlane && (IsGathered(view) || IsMarked(view))) {
             ZetArray<ZetNCView> views = before;
             views.append(WithOneHole(view));
@@ -76,12 +108,60 @@ void JobMember::SeePlanes() {
             const CViewData data = m_holes.last().GetViewData();
             m_holes = {};
             hasOwnFace = !IsUnclear(data) && data.GetFaceStr() != L"WEB";
-            m_planes.insert({view.getViewPos(), data});
+            isAtEnd = hasOwnFace && FacesEnd(data);
+            m_planes.insert({
+                view.getViewPos(), {data, view.getPlane(), isAtEnd}
+            });
         }
-        if (hasOwnFace && IsGathered(view))
+        if (hasOwnFace && !isAtEnd && IsGathered(view))
             before = {WithOneHole(view)};
     }
     m_structure = structure;
+    RefusePlanesAtEnd();
+}
+
+bool JobMember::FacesEnd(const CViewData& flange) const {
+    return !(flange.GetFaceWidth() <= kWidest * m_memType.GetProfileWidth());
+}
+
+/// Takes what lies on planes that face the end out of the NC data. Marks and texts that the machine
+/// is not asked for stay.
+void JobMember::RefusePlanesAtEnd() {
+    ZetArray<ZetNCView> views = m_structure.getViews();
+    for (ZetNCView& view : views) {
+        const auto plane = m_planes.find(view.getViewPos());
+        if (plane == m_planes.end() || !plane->second.isAtEnd)
+            continue;
+        const auto refuse = [&](const auto& features) {
+            for (const auto& each : features) {
+                const std::optional<Feature> feature = FeatureOf(each.hostTag);
+                const ZetGeomPoint2d place = BeginOf(each);
+                FileFinding(
+                    {.type = job::kHoleOutside,
+                     .text = ZetString::format(kAtEndFormat,
+                                               ZetString(WordOf(feature.value_or(Feature()).kind)),
+                                               place.x,
+                                               place.y),
+                     .feature = feature,
+                     .isRefusal = true});
+            }
+        };
+        ZetNCView rest;
+        rest.setViewPos(view.getViewPos());
+        rest.setPlane(view.getPlane());
+        refuse(view.getHoles());
+        refuse(view.getExternalContours());
+        refuse(view.getInternalContours());
+        if (m_type.areMarksMade) {
+            refuse(view.getMarks());
+            refuse(view.getNumerations());
+        } else {
+            rest.setMarks(view.getMarks());
+            rest.setNumerations(view.getNumerations());
+        }
+        view = std::move(rest);
+    }
+    m_structure.setViews(std::move(views));
 }
 
 /// A plane that the library takes for none of the member's faces has the face of the view before
@@ -89,20 +169,57 @@ void JobMember::SeePlanes() {
 void JobMember::CheckPlanes() {
     for (const ZetNCView& view : m_structure.getViews()) {
         const auto plane = m_planes.find(view.getViewPos());
-        if (plane == m_planes.end() || !IsUnclear(plane->second))
+        const bool isMade = IsGathered(view) || (m_type.areMarksMade && IsMarked(view));
+        if (plane == m_planes.end() || !isMade)
             continue;
-        if (IsGathered(view) || m_type.areMarksMade)
-            FileFinding({.type = job::kUnclearPlane,
-                         .text = ZetString::format(kUnclearPlaneFormat,
-                                                   FaceText(plane->second.GetHoleFace())),
-                         .feature = FeatureOf(FirstTagOf(view))});
+        const auto tell = [&](const ZetString& text) {
+            FileFinding(
+                {.type = job::kUnclearPlane, .text = text, .feature = FeatureOf(FirstTagOf(view))});
+        };
+        const CViewData& data = plane->second.data;
+        if (IsUnclear(data))
+            tell(ZetString::format(kUnclearPlaneFormat, FaceText(data.GetHoleFace())));
+        if (AskewPlaneAt(view.getViewPos()) != nullptr)
+            tell(kAskewText);
     }
+}
+
+/// A plane whose X does not run along the member; null where a view has no such plane.
+const ZetGeomPlane* JobMember::AskewPlaneAt(int viewPosition) const {
+    const auto at = m_planes.find(viewPosition);
+    const bool isAskew =
+        at != m_planes.end() &&
+        !ZetGeomTol().areParallel(at->second.plane.xAxis, ZetGeomVector3d{1.0, 0.0, 0.0});
+    return isAskew ? &at->second.plane : nullptr;
+}
+
+/// What circles on a plane take up along the member (X), and how far they lie from its axis (Y).
+FaceBox JobMember::AlongMember(const ZetGeomPlane& plane,
+                               const std::vector<ZetGeomPoint2d>& centres,
+                               double radius) {
+    const double reach = radius * std::hypot(plane.xAxis.x, plane.yAxis.x);
+    constexpr double kEndless = std::numeric_limits<double>::infinity();
+    FaceBox box = {kEndless, -kEndless, 0.0, 0.0};
+    for (const ZetGeomPoint2d& centre : centres) {
+        const ZetGeomPoint3d place = plane.origin + plane.xAxis * centre.x + plane.yAxis * centre.y;
+        box.minX = std::min(box.minX, place.x - reach);
+        box.maxX = std::max(box.maxX, place.x + reach);
+        box.maxY = std::max(box.maxY, std::hypot(place.y, place.z));
+    }
+    return box;
+}
+
+/// In which everything on a plane lies that is on the member: nobody knows where in the section the
+/// plane's frame has its zero, but nothing is farther off than twice that.
+FaceBox JobMember::WholeMember() const {
+    const ZetNCHeaderData& header = m_memType.GetHeaderData();
+    return {0.0, GetLength(), 0.0, 2.0 * std::hypot(header.height, header.width)};
 }
 
 /// A standard face as it is; what lies on a plane gets into the frame of the plane's face.
 CViewData JobMember::ViewDataOf(int viewPosition) const {
     if (const auto plane = m_planes.find(viewPosition); plane != m_planes.end())
-        return plane->second;
+        return plane->second.data;
     CViewData data;
     data.SetHoleFace(FaceAtView(viewPosition));
     return data;
