@@ -7,8 +7,9 @@ namespace camdata::detail {
 
 namespace {
 
-/// Of the runs that are under way the one that began last.
-const OutputRun* s_innermost = nullptr;
+/// Of the runs that are under way in this thread the one that began last. A member calls back in
+/// the thread that writes it.
+thread_local const OutputRun* s_innermost = nullptr;
 
 }  // namespace
 

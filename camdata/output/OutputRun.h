@@ -15,7 +15,7 @@ using MemberLists = ZetArray<std::shared_ptr<CMxPeilaibArr>>;
 /// an exception cut off leaves nothing in the additional information.
 ///
 /// Members write through code of the host, which may call the accumulator back: the runs that are
-/// under way know what must not change then. The library is used from one thread.
+/// under way know what must not change then. A run is its thread's own.
 class OutputRun {
   public:
     /// All that it refers to must outlive the run.

@@ -5,6 +5,18 @@
 #include <array>
 #include <cmath>
 
+namespace {
+
+// Each thread compares with its own. In this source only, not in the class: how a thread's own
+// value is exported differs from system to system. What is loaded with the program, or by a host,
+// finds room for these eight bytes at once, so no comparison has to call for them.
+#if defined(__ELF__)
+[[gnu::tls_model("initial-exec")]]
+#endif
+thread_local double t_current = 0.1;
+
+}  // namespace
+
 double CMxGeom::m_EPS = 0.1;
 double CMxGeom::m_tol_g = 0.5;
 double CMxGeom::m_tol_x = 0.5;
@@ -13,24 +25,24 @@ double CMxGeom::m_tol_a = 0.5;
 double CMxGeom::m_MinEdgeDist = -1.5;
 double CMxGeom::m_MinEndDist = -1.5;
 double CMxGeom::m_MinEdgeDistFromFace = -1.0;
-double CMxGeom::m_EPS_Cur = 0.1;
+double CMxGeom::m_EPS_Cur = 0.1;  // of the binary interface; nothing reads it
 
 void CMxGeom::SetTol(eToleranceType type, double value) {
     static constexpr std::array kStored = {&m_EPS, &m_tol_g, &m_tol_x, &m_tol_y, &m_tol_a};
     static_assert(kStored.size() == eTolAngle + 1);
     const auto index = static_cast<std::size_t>(type);
-    m_EPS_Cur = index < kStored.size() ? *kStored[index] : value;
+    t_current = index < kStored.size() ? *kStored[index] : value;
 }
 
 // The forms of the comparisons decide at the boundary and for NaN: b - t and b + t are rounded
 // before a is compared with them.
 
 bool CMxGeom::IsEqual_Mx(double a, double b) {
-    return m_EPS_Cur >= std::abs(a - b);
+    return t_current >= std::abs(a - b);
 }
 
 bool CMxGeom::IsLess_Mx(double a, double b) {
-    return a - (b - m_EPS_Cur) < 0.0;
+    return a - (b - t_current) < 0.0;
 }
 
 bool CMxGeom::IsLessOrEqual_Mx(double a, double b) {
@@ -38,7 +50,7 @@ bool CMxGeom::IsLessOrEqual_Mx(double a, double b) {
 }
 
 bool CMxGeom::IsGreater_Mx(double a, double b) {
-    return a - (b + m_EPS_Cur) > 0.0;
+    return a - (b + t_current) > 0.0;
 }
 
 bool CMxGeom::IsGreaterOrEqual_Mx(double a, double b) {
@@ -76,7 +88,7 @@ bool CMxGeom::IsDistanceSufficient(double dist, double dia, double limit) {
     if (isOff)
         return true;
     const double required = IsLess_Mx(limit, 0.0) ? limit * -1.0 * dia : limit;
-    return dist - (required - m_EPS_Cur) >= 0.0;
+    return dist - (required - t_current) >= 0.0;
 }
 
 double CMxGeom::Round_CAM(double value, int decimals) {

@@ -6,10 +6,13 @@
 
 /// The process-wide tolerances and distance limits, and every tolerant comparison of the library.
 ///
-/// All comparisons read one current tolerance (m_EPS_Cur, called t below). Only SetTol changes it:
-/// storing a tolerance does not make it current, and nothing restores the one that was current
-/// before. An operation of another class that selects a tolerance says so in its comment; one that
-/// does not say so leaves t alone. Lengths in mm. Not safe for use by several threads.
+/// All comparisons read one current tolerance (called t below), which is the calling thread's own
+/// and 0.1 in a new one. Only SetTol changes it: storing a tolerance does not make it current, and
+/// nothing restores the one that was current before. An operation of another class that selects a
+/// tolerance says so in its comment; one that does not say so leaves t alone. Lengths in mm.
+///
+/// The stored tolerances and the limits are those of all threads: they may change only while no
+/// other thread uses the library.
 class CAMDATA_API CMxGeom {
   public:
     /// Makes a stored tolerance current, or `value` for a type other than 0 to 4.
@@ -92,5 +95,6 @@ class CAMDATA_API CMxGeom {
     static double m_MinEdgeDistFromFace;
     /// Ten decimals on purpose: output coordinates of slots depend on exactly this value.
     static constexpr double pi = 3.1415926535;
+    /// Part of the binary interface only: the current tolerance is each thread's own.
     static double m_EPS_Cur;
 };

@@ -4,6 +4,7 @@
 
 namespace {
 
+/// Of all threads: set while there is only one, called in the one whose assertion fails.
 ZetAssertHandler g_handler = nullptr;
 
 std::string Describe(const char* text, const char* file, int line) {

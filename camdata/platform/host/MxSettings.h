@@ -7,6 +7,7 @@
 #include <optional>
 
 /// The settings service of the process: texts by key, which the host fills. Empty at the start.
+/// Several threads may read it while none changes it.
 class CAMDATA_API MxSettings {
   public:
     static MxSettings& getInstance();

@@ -20,6 +20,7 @@ CalendarDate SystemToday() {
             static_cast<int>(static_cast<unsigned>(date.day()))};
 }
 
+/// Of all threads: set while there is only one.
 CalendarDate (*g_clock)() = nullptr;
 
 /// The first year that Windows and its date pickers know.

@@ -5,6 +5,7 @@
 #include <cmath>
 #include <limits>
 #include <string>
+#include <thread>
 #include <vector>
 
 #include <gtest/gtest.h>
@@ -40,6 +41,21 @@ TEST(CMxGeomTest, SelectsAStoredToleranceOrTheGivenOne) {
         CMxGeom::SetTol(static_cast<eToleranceType>(type), 9.0);
         EXPECT_TRUE(CurrentToleranceIs(type >= 0 && type < 5 ? type + 1.0 : 9.0)) << type;
     }
+}
+
+TEST(CMxGeomTest, EachThreadHasACurrentToleranceOfItsOwn) {
+    CMxGeom::SetEPS(3.0);
+    CMxGeom::SetTol(eTolValue, 5.0);
+    bool startsAsAny = false;
+    bool takesTheStored = false;
+    std::thread([&] {
+        startsAsAny = CurrentToleranceIs(0.1);
+        CMxGeom::SetTol(eTolEPS);
+        takesTheStored = CurrentToleranceIs(3.0);
+    }).join();
+    EXPECT_TRUE(startsAsAny);
+    EXPECT_TRUE(takesTheStored);
+    EXPECT_TRUE(CurrentToleranceIs(5.0)) << "another thread changed it";
 }
 
 TEST(CMxGeomTest, ComparesWithinTheCurrentTolerance) {
