@@ -9,14 +9,18 @@
 #include "camjob/formats/FormatsCommand.h"
 #include "camjob/host/HostCommand.h"
 #include "camjob/init/InitCommand.h"
+#include "camjob/run/Cores.h"
 #include "camjob/run/RunCommand.h"
 #include "camjob/run/SeveralJobs.h"
 #include "camjob/show/ShowCommand.h"
 
 #include <CLI/CLI.hpp>
 #include <algorithm>
+#include <charconv>
 #include <iterator>
 #include <sstream>
+#include <string>
+#include <system_error>
 
 namespace camjob {
 
@@ -73,8 +77,20 @@ std::string FaultOfFolder(const std::string& folder) {
     return folder.empty() ? "the folder has no name" : "";
 }
 
+std::string FaultOfThreads(const std::string& number) {
+    constexpr unsigned kMost = 256;
+    unsigned count = 0;
+    const char* const end = number.data() + number.size();
+    const auto read = std::from_chars(number.data(), end, count);
+    const bool isGood = read.ec == std::errc() && read.ptr == end && count >= 1 && count <= kMost;
+    return isGood ? ""
+                  : "\"" + number + "\" is no number of threads: give one from 1 to " +
+                        std::to_string(kMost);
+}
+
 void DescribeRun(CLI::App& command, Options& options) {
     RunOptions& each = options.run.each;
+    each.threads = CountCores();
     command
         .add_option("JOB", options.run.jobs, "The job file, or several that are run in this order")
         ->required();
@@ -99,6 +115,13 @@ void DescribeRun(CLI::App& command, Options& options) {
     command.add_flag("--ignore-settings",
                      each.ignoresSettings,
                      "Go by the job alone, not by what the dialog changed in earlier runs");
+    command
+        .add_option("--threads",
+                    each.threads,
+                    "Read and judge that many members at a time; without it as many as the "
+                    "program may use processor cores. The output is the same")
+        ->type_name("N")
+        ->check(FaultOfThreads);
 }
 
 int Run(const Options& options, OutputStream& out, OutputStream& err) {

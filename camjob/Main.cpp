@@ -2,11 +2,11 @@
 #include "camjob/console/Console.h"
 #include "camjob/disk/RevocableFiles.h"
 
+#include <atomic>
 #include <cstddef>
 #include <cstdio>
 #include <cstdlib>
 #include <exception>
-#include <memory>
 #include <new>
 #include <string>
 #include <string_view>
@@ -15,12 +15,12 @@
 
 namespace {
 
-/// Memory to say in that there is none.
-[[gnu::init_priority(101)]] std::unique_ptr<char[]> s_reserve;
+/// Memory to say in that there is none. Atomic: memory may end in several threads at a time.
+std::atomic<char*> s_reserve = nullptr;
 
 /// The first allocation that fails lets go of the reserve, so that the way out has some.
 void FailWithReserve() {
-    s_reserve.reset();
+    delete[] s_reserve.exchange(nullptr);
     throw std::bad_alloc();
 }
 
@@ -80,7 +80,7 @@ struct Preparation {
     Preparation() {
         constexpr std::size_t kReserve = std::size_t{1} << 20;
         std::set_terminate(EndAtOnce);
-        s_reserve.reset(new (std::nothrow) char[kReserve]);
+        s_reserve = new (std::nothrow) char[kReserve];
         std::set_new_handler(FailWithReserve);
     }
 };

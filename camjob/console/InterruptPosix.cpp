@@ -1,6 +1,7 @@
 #include "camjob/console/Interrupt.h"
 
 #include <array>
+#include <atomic>
 #include <csignal>
 
 namespace camjob {
@@ -9,17 +10,19 @@ namespace {
 
 constexpr std::array kSignals = {SIGINT, SIGTERM};
 
-volatile std::sig_atomic_t s_isRequested = 0;
+/// Set in whichever thread the signal comes to.
+std::atomic<bool> s_isRequested = false;
+static_assert(std::atomic<bool>::is_always_lock_free, "signals may come between");
 std::array<struct sigaction, kSignals.size()> s_previous;
 
 void Note(int) {
-    s_isRequested = 1;
+    s_isRequested = true;
 }
 
 }  // namespace
 
 Interrupt::Interrupt() {
-    s_isRequested = 0;
+    s_isRequested = false;
     struct sigaction action = {};
     action.sa_handler = Note;
     // The second one finds the system's own action.
@@ -34,7 +37,7 @@ Interrupt::~Interrupt() {
 }
 
 bool Interrupt::WasRequested() const {
-    return s_isRequested != 0;
+    return s_isRequested;
 }
 
 }  // namespace camjob

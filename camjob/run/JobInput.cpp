@@ -3,7 +3,6 @@
 #include "camjob/console/Paths.h"
 #include "camjob/console/ReportText.h"
 #include "camjob/input/JobReading.h"
-#include "camjob/show/PartDrawing.h"
 #include "job/JobFile.h"
 #include "job/MessageTexts.h"
 #include "plugin/rules/MemberTypeSearch.h"
@@ -40,47 +39,33 @@ long LineOfMark(const dstv::NcHeader& header, job::MarkSource source) {
     }
 }
 
-RunFault FaultOfReading(const dstv::NcError& error) {
-    return {error.file.toUtf8(), error.line, error.column, error.describe().toUtf8()};
-}
-
-long CountNoted(const dstv::NcPart& part) {
-    const std::vector<dstv::NcEntry> entries = dstv::EntriesOf(part);
-    return static_cast<long>(std::count_if(
-        entries.begin(), entries.end(), [](const dstv::NcEntry& entry) { return entry.isNoted; }));
-}
-
 }  // namespace
 
 JobInput::JobInput(const job::Job& job, plugin::JobRun& run, MemberDrawings* drawings)
     : m_job(job),
-      m_reading(ReadingOf(job)),
       m_run(run),
       m_drawings(drawings),
       m_assemblies(AssembliesOf(job)),
-      m_ncFiles(job) {}
+      m_reading(job, run, m_assemblies, drawings != nullptr),
+      m_ncFiles(job) {
+    run.BeginJudging();
+}
 
-void JobInput::Read(const std::filesystem::path& file) {
+void JobInput::Take(ReadPart read) {
     const std::size_t position = m_position++;
-    dstv::NcResult result = ReadFileOfJob(file, m_reading);
-    if (const auto* error = std::get_if<dstv::NcError>(&result)) {
-        std::vector<PlacedFault>& list = ListFor(m_job.nc.unreadable);
-        list.push_back({position, FaultOfReading(*error)});
-        for (const dstv::NcError& further : error->further)
-            list.push_back({position, FaultOfReading(further)});
+    for (RunFault& fault : read.faults)
+        ListFor(m_job.nc.unreadable).push_back({position, std::move(fault)});
+    if (read.entity == nullptr)
         return;
-    }
     ++m_counts.filesRead;
-    Hold({position,
-          Utf8FromPath(file),
-          std::make_unique<dstv::NcFileEntity>(std::get<dstv::NcPart>(std::move(result)))});
+    Hold({std::move(read), position});
     while (!m_held.empty() && IsReady(m_held.front()))
-        JudgeFirst();
+        TakeFirst();
 }
 
 void JobInput::Finish() {
     while (!m_held.empty())
-        JudgeFirst();
+        TakeFirst();
     for (const ZetString& mark : m_assemblies.getMissingMarks())
         AddMissingPart(mark);
 }
@@ -137,7 +122,7 @@ std::vector<T> JobInput::InOrder(std::vector<Placed<T>> list) {
 }
 
 void JobInput::Hold(Part part) {
-    for (const dstv::NcNote& note : part.entity->getPart().notes)
+    for (const dstv::NcNote& note : part.notes)
         AddNote(part.position, part.file, note);
     m_assemblies.add(*part.entity);
     m_held.push_back(std::move(part));
@@ -158,43 +143,31 @@ bool JobInput::IsReady(const Part& part) const {
     return !m_assemblies.isMainPart(mark) || m_assemblies.isComplete(mark);
 }
 
-plugin::JobRun::Observer JobInput::ObserverOf(const Part& part) {
-    return [this, &part](const plugin::JobMember& member,
-                         const job::MemberType& type,
-                         const ZetNCCreator& creator) {
-        m_lastGroup = member.GetGroupPosition();
-        if (m_drawings != nullptr)
-            m_drawings->Add(DrawingOf(*part.entity, ReportOf(*part.entity, creator, member, type)));
-    };
-}
-
-void JobInput::JudgeFirst() {
+void JobInput::TakeFirst() {
     Part part = std::move(m_held.front());
     m_held.pop_front();
     const ZetString mark = part.entity->getPart().header.mark;
-    if (m_assemblies.isMainPart(mark))
+    if (!part.judged) {
         m_assemblies.attach(*part.entity);
-    Note(part,
-         m_run.Add(*part.entity,
-                   ZetString::fromUtf8(part.file),
-                   ObserverOf(part),
-                   CountNoted(part.entity->getPart())));
-    if (!m_assemblies.names(mark))
-        return;
-    part.entity->releaseFeatures();
-    m_assemblyParts.push_back(std::move(part.entity));
+        part.judged = m_reading.Judge(*part.entity, part.file);
+    }
+    if (part.judged->result.GetAdded() == plugin::JobRun::Added::kAdded)
+        AddMember(part);
+    else
+        AddOther(part);
+    if (m_assemblies.names(mark))
+        m_assemblyParts.push_back(std::move(part.entity));
 }
 
-void JobInput::Note(const Part& part, plugin::JobRun::Added added) {
+void JobInput::AddOther(const Part& part) {
     const dstv::NcHeader& header = part.entity->getPart().header;
-    if (added == plugin::JobRun::Added::kAdded)
-        AddMember(part, header.mark);
-    else if (added == plugin::JobRun::Added::kSkipped)
+    if (part.judged->result.GetAdded() == plugin::JobRun::Added::kSkipped)
         ++m_counts.skipped;
     else
         AddUnmatched(part, header);
-    if (added != plugin::JobRun::Added::kAdded)
-        AddUnmade(part);
+    m_unmadeFiles.push_back({
+        part.position, {part.file, header.mark, part.judged->notMade}
+    });
 }
 
 void JobInput::AddUnmatched(const Part& part, const dstv::NcHeader& header) {
@@ -211,32 +184,28 @@ void JobInput::AddUnmatched(const Part& part, const dstv::NcHeader& header) {
 }
 
 /// Pieces of one mark are one and the same to those who make and mount them.
-void JobInput::AddMember(const Part& part, const ZetString& mark) {
+void JobInput::AddMember(Part& part) {
+    const dstv::NcHeader& header = part.entity->getPart().header;
     const job::MarkSource source = m_job.nc.mark;
-    const long line = LineOfMark(part.entity->getPart().header, source);
-    if (mark.isEmpty())
+    const long line = LineOfMark(header, source);
+    if (header.mark.isEmpty())
         AddFault(part, line, L"the part has no mark to tell it by" + OtherSources(source));
-    const auto [at, isNew] = m_memberOfMark.insert({mark.toUtf8(), m_memberFiles.size()});
+    const auto [at, isNew] = m_memberOfMark.insert({header.mark.toUtf8(), m_memberFiles.size()});
     if (!isNew)
         AddFault(part,
                  line,
                  ZetString::format(L"mark \"%s\" is already that of the part in %s",
-                                   mark,
+                                   header.mark,
                                    ZetString::fromUtf8(m_memberFiles[at->second].name)) +
                      OtherSources(source));
-    m_memberFiles.push_back({part.file, HeaderPlacesOf(part.entity->getPart().header)});
-    for (const std::string& fault :
-         m_ncFiles.Add(part.entity->getPart(), m_run.GetLastLedger(), m_lastGroup))
+    JudgedPart& judged = *part.judged;
+    if (judged.drawing)
+        m_drawings->Add(*judged.drawing);
+    m_memberFiles.push_back({part.file, HeaderPlacesOf(header)});
+    for (const std::string& fault : m_ncFiles.Add(std::move(judged.ncFiles), part.file))
         AddFault(part, 0, ZetString::fromUtf8(fault));
-    m_memberAccounts.push_back(
-        SettleAccounts(dstv::EntriesOf(part.entity->getPart()), m_run.GetLastLedger()));
-}
-
-void JobInput::AddUnmade(const Part& part) {
-    const dstv::NcPart& content = part.entity->getPart();
-    m_unmadeFiles.push_back({
-        part.position, {part.file, content.header.mark, AllNotMade(dstv::EntriesOf(content))}
-    });
+    m_memberAccounts.push_back(std::move(judged.accounts));
+    m_run.Take(std::move(judged.result));
 }
 
 RunFault JobInput::FaultOf(const Part& part, long line, const ZetString& text) {

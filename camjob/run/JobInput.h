@@ -2,10 +2,10 @@
 
 #include "camjob/run/MemberDrawings.h"
 #include "camjob/run/NcFiles.h"
+#include "camjob/run/PartReading.h"
 #include "camjob/run/RunReport.h"
 #include "dstv/NcAssemblies.h"
 #include "dstv/NcHost.h"
-#include "dstv/NcReader.h"
 #include "job/Job.h"
 #include "plugin/output/JobRun.h"
 
@@ -18,7 +18,7 @@
 
 namespace camjob {
 
-/// Reads the NC files of a job and hands their parts to a run, in the order of the files.
+/// Hands the parts of a job's NC files to a run, in the order of the files.
 ///
 /// A part is let go of as soon as it has been judged. A main part waits for the parts of its
 /// assembly, and those behind it with it.
@@ -27,7 +27,10 @@ class JobInput {
     /// Job, run and drawings must outlive the input. `drawings` null: none are needed.
     JobInput(const job::Job& job, plugin::JobRun& run, MemberDrawings* drawings);
 
-    void Read(const std::filesystem::path& file);
+    /// Reads a file, and judges it unless it waits for others. Several threads may each read one.
+    ReadPart Read(const std::filesystem::path& file) const { return m_reading.Read(file); }
+    /// The next file.
+    void Take(ReadPart read);
     /// After the last file.
     void Finish();
 
@@ -48,10 +51,8 @@ class JobInput {
     std::vector<RunNote> TakeNotes() { return std::move(m_notes); }
 
   private:
-    struct Part {
+    struct Part : ReadPart {
         std::size_t position;  ///< of the file
-        std::string file;      ///< UTF-8
-        std::unique_ptr<dstv::NcFileEntity> entity;
     };
     template <typename T>
     struct Placed {
@@ -61,17 +62,15 @@ class JobInput {
     using PlacedFault = Placed<RunFault>;
 
     void Hold(Part part);
-    plugin::JobRun::Observer ObserverOf(const Part& part);
     bool IsReady(const Part& part) const;
-    void JudgeFirst();
-    void Note(const Part& part, plugin::JobRun::Added added);
-    void AddMember(const Part& part, const ZetString& mark);
+    void TakeFirst();
+    void AddMember(Part& part);
+    void AddOther(const Part& part);
     void AddUnmatched(const Part& part, const dstv::NcHeader& header);
     /// `line` of the file; 0: the file as a whole.
     static RunFault FaultOf(const Part& part, long line, const ZetString& text);
     void AddFault(const Part& part, long line, const ZetString& text);
     void AddMissingPart(const ZetString& mark);
-    void AddUnmade(const Part& part);
     void AddNote(std::size_t position, const std::string& file, const dstv::NcNote& note);
     template <typename T>
     static std::vector<T> InOrder(std::vector<Placed<T>> list);
@@ -80,13 +79,12 @@ class JobInput {
     }
 
     const job::Job& m_job;
-    const dstv::NcReading m_reading;
     plugin::JobRun& m_run;
     MemberDrawings* m_drawings;
     dstv::NcAssemblies m_assemblies;
+    const PartReading m_reading;
     RunInput m_counts;
     NcFiles m_ncFiles;
-    std::size_t m_lastGroup = 0;  ///< of the member that was judged last
     std::size_t m_position = 0;
     std::deque<Part> m_held;
     std::vector<std::unique_ptr<dstv::NcFileEntity>> m_assemblyParts;

@@ -115,10 +115,9 @@ DrawnFeature DrawingReader::Feature() {
 
 }  // namespace
 
-void MemberDrawings::Add(const report::MemberDrawing& drawing) {
-    m_members.push_back({drawing.length,
-                         m_texts.IndexOf(drawing.material),
-                         report::CompactDrawing(drawing, m_texts)});
+void MemberDrawings::Add(const Drawn& member) {
+    const std::size_t material = m_texts.IndexOf(member.material);
+    m_members.push_back({member.length, material, member.drawing.Join(m_texts)});
 }
 
 report::MemberDrawing MemberDrawings::Get(std::size_t member) const {

@@ -13,8 +13,17 @@ namespace camjob {
 /// since nobody knows its holes afterwards, and kept as short texts until the run is told.
 class MemberDrawings {
   public:
+    /// A member's own part, which any thread may make.
+    struct Drawn {
+        explicit Drawn(const report::MemberDrawing& member)
+            : length(member.length), material(member.material), drawing(member) {}
+
+        double length;
+        std::string material;
+        report::CompactDrawing drawing;
+    };
     /// Members in the order of the run's.
-    void Add(const report::MemberDrawing& drawing);
+    void Add(const Drawn& member);
     std::size_t GetCount() const { return m_members.size(); }
     double GetLength(std::size_t member) const { return m_members[member].length; }
     const std::string& GetMaterial(std::size_t member) const {

@@ -42,14 +42,30 @@ job::NcNameValues ValuesOf(const dstv::NcPart& part, const job::Job& job, const 
 
 }  // namespace
 
-std::vector<std::string> NcFiles::Add(const dstv::NcPart& part,
-                                      const plugin::Ledger& ledger,
-                                      std::size_t group) {
-    std::vector<std::string> faults;
-    for (const std::size_t file : m_job.groups[group].files) {
-        if (!m_job.files[file].nc)
+std::vector<NcFiles::Draft> NcFiles::Make(const job::Job& job,
+                                          const dstv::NcPart& part,
+                                          const plugin::Ledger& ledger,
+                                          std::size_t group) {
+    std::vector<Draft> drafts;
+    for (const std::size_t file : job.groups[group].files) {
+        const job::OutputFile& output = job.files[file];
+        if (!output.nc)
             continue;
-        std::string fault = AddFile(part, ledger, m_job.files[file], m_job.groups[group]);
+        const char* const lineEnd = output.lineEnds == job::LineEnds::kCrLf ? "\r\n" : "\n";
+        drafts.push_back(
+            {&output,
+             job::FillNcName(output.nc->names, ValuesOf(part, job, job.groups[group])),
+             dstv::WriteNc(part, {job::NameOf(job.nc.encoding), lineEnd, [&](long line) {
+                                      return IsKept(ledger, line);
+                                  }})});
+    }
+    return drafts;
+}
+
+std::vector<std::string> NcFiles::Add(std::vector<Draft> drafts, const std::string& source) {
+    std::vector<std::string> faults;
+    for (Draft& draft : drafts) {
+        std::string fault = AddFile(std::move(draft), source);
         if (!fault.empty())
             faults.push_back(std::move(fault));
     }
@@ -57,24 +73,16 @@ std::vector<std::string> NcFiles::Add(const dstv::NcPart& part,
     return faults;
 }
 
-std::string NcFiles::AddFile(const dstv::NcPart& part,
-                             const plugin::Ledger& ledger,
-                             const job::OutputFile& output,
-                             const job::Group& group) {
-    const ZetString name = job::FillNcName(output.nc->names, ValuesOf(part, m_job, group));
-    const std::string path = output.nc->folder + "/" + name.toUtf8();
-    if (const std::string fault = FaultOfName(name, path, part.file.toUtf8()); !fault.empty())
+std::string NcFiles::AddFile(Draft draft, const std::string& source) {
+    const job::OutputFile& output = *draft.output;
+    const std::string path = output.nc->folder + "/" + draft.name.toUtf8();
+    if (const std::string fault = FaultOfName(draft.name, path, source); !fault.empty())
         return "NC file \"" + path + "\": " + fault + "; change \"names\" of [[file]] \"" +
                output.id.toUtf8() + "\", or the part's own name";
-    const std::string encoding = job::NameOf(m_job.nc.encoding);
-    auto written = dstv::WriteNc(
-        part, {encoding, output.lineEnds == job::LineEnds::kCrLf ? "\r\n" : "\n", [&](long line) {
-                   return IsKept(ledger, line);
-               }});
-    if (const auto* text = std::get_if<ZetString>(&written))
-        return "NC file \"" + path + "\": the encoding " + encoding +
+    if (const auto* text = std::get_if<ZetString>(&draft.content))
+        return "NC file \"" + path + "\": the encoding " + job::NameOf(m_job.nc.encoding) +
                " has not all characters of \"" + text->toUtf8() + "\"";
-    m_files.push_back({m_members, path, std::get<std::string>(std::move(written))});
+    m_files.push_back({m_members, path, std::get<std::string>(std::move(draft.content))});
     return "";
 }
 

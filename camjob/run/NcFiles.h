@@ -8,6 +8,7 @@
 #include <filesystem>
 #include <map>
 #include <string>
+#include <variant>
 #include <vector>
 
 namespace camjob {
@@ -19,11 +20,20 @@ class NcFiles {
     /// The job must outlive it.
     explicit NcFiles(const job::Job& job) : m_job(job) {}
 
-    /// Keeps what will be written of the next member; what its ledger says is not made is left out.
-    /// Why there can be no such file, one sentence each.
-    std::vector<std::string> Add(const dstv::NcPart& part,
-                                 const plugin::Ledger& ledger,
-                                 std::size_t group);
+    /// What will be written of a member.
+    struct Draft {
+        const job::OutputFile* output;
+        ZetString name;
+        std::variant<std::string, ZetString> content;  ///< or the text that has no such encoding
+    };
+    /// Of a member in a group, by its position; what its ledger says is not made is left out.
+    static std::vector<Draft> Make(const job::Job& job,
+                                   const dstv::NcPart& part,
+                                   const plugin::Ledger& ledger,
+                                   std::size_t group);
+    /// Keeps what was made of the next member, whose NC file is `source`. Why there can be no such
+    /// file, one sentence each.
+    std::vector<std::string> Add(std::vector<Draft> drafts, const std::string& source);
 
     /// With their folder and a slash; of all members.
     std::vector<std::string> GetNames() const;
@@ -40,10 +50,7 @@ class NcFiles {
         std::string bytes;
     };
 
-    std::string AddFile(const dstv::NcPart& part,
-                        const plugin::Ledger& ledger,
-                        const job::OutputFile& output,
-                        const job::Group& group);
+    std::string AddFile(Draft draft, const std::string& source);
     std::string FaultOfName(const ZetString& name,
                             const std::string& path,
                             const std::string& source);

@@ -10,6 +10,7 @@
 #include "camjob/project/ProjectDialog.h"
 #include "camjob/project/ProjectSettings.h"
 #include "camjob/run/JobInput.h"
+#include "camjob/run/OrderedWork.h"
 #include "camjob/run/ReportPage.h"
 #include "camjob/run/RunComparison.h"
 #include "camjob/run/RunJson.h"
@@ -301,11 +302,14 @@ void JobRunner::TakeLeftOut(JobInput& input, plugin::JobRun& run) {
 
 bool JobRunner::ReadFiles(JobInput& input) {
     m_progress.Begin("reading", static_cast<long>(m_ncFiles.size()), "files");
+    ResultsInOrder<ReadPart> parts(m_ncFiles.size(), m_options.threads, [&](std::size_t i) {
+        return input.Read(m_ncFiles[i]);
+    });
     for (const fs::path& file : m_ncFiles) {
         if (m_system.isCancelled())
             return Cancel();
         m_progress.Step(Utf8FromPath(file));
-        input.Read(file);
+        input.Take(parts.Next());
     }
     return true;
 }
@@ -519,7 +523,7 @@ bool JobRunner::Compare(plugin::JobRun& run) {
 /// date.
 bool JobRunner::WriteReports(plugin::JobRun& run, const fs::path& staging) {
     const auto writeDocument = [&](OutputStream& out) {
-        RunJsonWriter(RunJsonWriter::Form::kDocument, out).Write(m_report);
+        RunJsonWriter(RunJsonWriter::Form::kDocument, out, m_options.threads).Write(m_report);
     };
     const auto writePage = [&](OutputStream& out) {
         out.Write(MakeReportPage(m_report, m_job, run.GetProjectInfo()));
@@ -605,7 +609,7 @@ void WriteDocument(bool isOnOneLine, OutputStream& out, Write write) {
 }
 
 void ReportAsJson(RunReport& report, const RunOptions& options, OutputStream& out) {
-    RunJsonWriter json(RunJsonWriter::Form::kScreen, out);
+    RunJsonWriter json(RunJsonWriter::Form::kScreen, out, options.threads);
     const Unfinished unfinished(json, options.asLine);
     WriteDocument(options.asLine, out, [&](OutputStream& to) {
         json.GoOnIn(to);

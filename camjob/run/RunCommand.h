@@ -20,6 +20,7 @@ struct RunOptions {
     bool showsNotes = false;       ///< besides the warnings of the reader
     bool showsDialog = false;      ///< for the project information, before anything is read
     bool ignoresSettings = false;  ///< of the project information, whatever the job says of them
+    unsigned threads = 1;          ///< that read and judge members
 };
 
 /// What a run does not do itself; tests put something else in its place.

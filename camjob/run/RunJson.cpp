@@ -3,6 +3,7 @@
 #include "camjob/compare/ChangesJson.h"
 #include "camjob/compare/RunDocument.h"
 #include "camjob/run/MemberJson.h"
+#include "camjob/run/OrderedWork.h"
 
 #include <array>
 
@@ -226,6 +227,14 @@ std::string RunJsonWriter::EndText() const {
     });
 }
 
+void RunJsonWriter::AddMembers() {
+    const std::size_t count = m_report->members.size();
+    ResultsInOrder<JsonText> members(count, m_threads, [&](std::size_t i) {
+        return MemberJson(*m_report, i, NameOf(m_report->members[i].file.name));
+    });
+    m_lines.AddList("members", count, [&](std::size_t) { return members.Next(); });
+}
+
 void RunJsonWriter::Write(const RunReport& report) {
     m_report = &report;
     m_lines.Begin();
@@ -237,9 +246,7 @@ void RunJsonWriter::Write(const RunReport& report) {
     m_lines.AddField("input", InputJson(m_report->input));
     AddList("notes", m_report->notes);
     AddList("unmadeFiles", m_report->unmadeFiles);
-    m_lines.AddList("members", m_report->members.size(), [&](std::size_t i) {
-        return MemberJson(*m_report, i, NameOf(m_report->members[i].file.name));
-    });
+    AddMembers();
     m_lines.AddField("accounts", AccountsJson(m_report->SumAccounts()));
     AddList("groups", m_report->groups);
     AddList("profiles", m_report->profiles);

@@ -20,8 +20,9 @@ class RunJsonWriter {
         kScreen,    ///< names as the user gave them
         kDocument,  ///< a file of the output: the same wherever that stands and whoever made it
     };
-    RunJsonWriter(Form form, OutputStream& out)
-        : m_isDocument(form == Form::kDocument), m_lines(out) {}
+    /// `threads` put members together.
+    RunJsonWriter(Form form, OutputStream& out, unsigned threads = 1)
+        : m_isDocument(form == Form::kDocument), m_threads(threads), m_lines(out) {}
 
     /// When the memory ends on the way, a second call with a report of that ends the document.
     void Write(const RunReport& report);
@@ -29,6 +30,7 @@ class RunJsonWriter {
 
   private:
     void WriteHead();
+    void AddMembers();
     std::string EndText() const;
     /// An NC file.
     std::string NameOf(const std::string& file) const {
@@ -52,6 +54,7 @@ class RunJsonWriter {
 
     const RunReport* m_report = nullptr;
     bool m_isDocument;
+    unsigned m_threads;
     JsonLines m_lines;
 };
 

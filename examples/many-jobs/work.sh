@@ -32,4 +32,4 @@ unfinished() {
 
 # Exit codes from 2 on: a job was refused or could not be written; 1 is an order with members that have errors.
 mine | unfinished | xargs -r -d '\n' -n "${BATCH:-20}" sh -c '
-    "$CAMJOB" run "$@" >>"log-$0.txt" 2>&1 || [ $? -eq 1 ]' "$worker"
+    "$CAMJOB" run --threads "${THREADS:-1}" "$@" >>"log-$0.txt" 2>&1 || [ $? -eq 1 ]' "$worker"

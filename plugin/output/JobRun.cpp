@@ -11,6 +11,7 @@
 #include "plugin/rules/MemberTypeSearch.h"
 
 #include "camdata/platform/system/Clock.h"
+#include "camdata/tolerance/CMxGeom.h"
 #include "camdata/util/CMxUtil.h"
 #include "camdata/util/HostBridge.h"
 
@@ -101,18 +102,24 @@ ZetString DescribeConflict(const NestedMembers& members, const BarStock& stock) 
 /// cancelled before each member that is written.
 class JobRun::Member final : public JobMember {
   public:
-    Member(JobRun& run, const job::MemberType& type, ZetNCCreator& creator, const ZetString& file)
-        : JobMember(run.m_rules, type, creator),
-          m_run(run),
-          m_file(file),
-          m_position(run.m_members.size()) {}
+    Member(const JudgingRules& rules,
+           const job::MemberType& type,
+           ZetNCCreator& creator,
+           const ZetString& file)
+        : JobMember(rules, type, creator), m_file(file) {}
+
+    /// Before it is written. `position` is that among the members of the run.
+    void Join(JobRun& run, std::size_t position) {
+        m_run = &run;
+        m_position = position;
+    }
 
     void WriteMemOutPut(const ZetArray<ZetFileAccess*>& files,
                         ZetArray<CMxPeilaib*>& secondaryParts) override {
-        if (m_run.m_isCancelled && m_run.m_isCancelled())
+        if (m_run->m_isCancelled && m_run->m_isCancelled())
             throw Cancelled();
         JobMember::WriteMemOutPut(files, secondaryParts);
-        m_run.m_written.push_back(m_position);
+        m_run->m_written.push_back(m_position);
     }
 
     /// Its NC file, "" when it was not told.
@@ -135,9 +142,9 @@ class JobRun::Member final : public JobMember {
     }
 
   private:
-    JobRun& m_run;
+    JobRun* m_run = nullptr;
     ZetString m_file;
-    std::size_t m_position;  ///< among the members of the run
+    std::size_t m_position = 0;
 };
 
 JobRun::DateOfLife::DateOfLife(const std::optional<CalendarDate>& date) : m_isSet(date) {
@@ -171,37 +178,67 @@ CProjectInformation& JobRun::GetProjectInfo() {
     return GetJobProjectInfo();
 }
 
-JobRun::Added JobRun::Add(ZetNCEntity& entity,
-                          const ZetString& source,
-                          const Observer& observer,
-                          long notedFeatures) {
-    m_lastLedger = {};
-    if (m_members.empty())
-        m_rules.SetFormatTexts(GetJobProjectInfo().MakeFormatTexts(m_job));
+JobRun::Judged::Judged(Added added) : m_added(added) {}
+JobRun::Judged::Judged(Judged&&) noexcept = default;
+JobRun::Judged& JobRun::Judged::operator=(Judged&&) noexcept = default;
+JobRun::Judged::~Judged() = default;
+
+std::size_t JobRun::Judged::GetGroupPosition() const {
+    return m_member->GetGroupPosition();
+}
+
+void JobRun::BeginJudging() {
+    m_rules.SetFormatTexts(GetJobProjectInfo().MakeFormatTexts(m_job));
+}
+
+JobRun::Judged JobRun::Judge(ZetNCEntity& entity,
+                             const ZetString& source,
+                             const Observer& observer,
+                             long notedFeatures) const {
+    // Whatever the member before it has left there, in whichever thread that was.
+    CMxGeom::SetTol(eTolEPS);
     ZetNCCreator creator;
     creator.setNCEntity(&entity);
     creator.create();
     const job::MemberType* type = m_rules.FindMemberType(creator);
     if (type == nullptr)
-        return Added::kNoType;
+        return Judged(Added::kNoType);
     if (type->isSkipped)
-        return Added::kSkipped;
+        return Judged(Added::kSkipped);
     if (!HasNumbers(*type, GetProfileNameFromCreator(&creator)))
-        return Added::kNoSize;
-    auto member = std::make_unique<Member>(*this, *type, creator, job::EscapeControls(source));
+        return Judged(Added::kNoSize);
+    Judged judged(Added::kAdded);
+    judged.m_member =
+        std::make_unique<Member>(m_rules, *type, creator, job::EscapeControls(source));
+    Member& member = *judged.m_member;
     if (m_job.reports.areSourcesTold)
-        member->SetSource(member->GetFile());
-    member->SetNotedFeatures(notedFeatures);
-    member->ValidateMember();
+        member.SetSource(member.GetFile());
+    member.SetNotedFeatures(notedFeatures);
+    member.ValidateMember();
     // Parts of assemblies are settled as they are written: a main part lacks what was not selected.
-    if (!member->getIsPartOfAssy())
-        member->SettleReport();
+    if (!member.getIsPartOfAssy())
+        member.SettleReport();
     if (observer)
-        observer(*member, *type, creator);
-    member->MakeOutput();
-    m_lastLedger = member->TakeLedger();
-    m_members.push_back(std::move(member));
-    return Added::kAdded;
+        observer(member, *type, creator);
+    member.MakeOutput();
+    judged.m_ledger = member.TakeLedger();
+    return judged;
+}
+
+void JobRun::Take(Judged judged) {
+    if (judged.m_added != Added::kAdded)
+        return;
+    judged.m_member->Join(*this, m_members.size());
+    m_members.push_back(std::move(judged.m_member));
+}
+
+JobRun::Added JobRun::Add(ZetNCEntity& entity) {
+    if (m_members.empty())
+        BeginJudging();
+    Judged judged = Judge(entity);
+    const Added added = judged.GetAdded();
+    Take(std::move(judged));
+    return added;
 }
 
 // ---- writing ------------------------------------------------------------------------------------

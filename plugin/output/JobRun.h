@@ -64,7 +64,11 @@ struct ProfileResult {
 ///
 /// Sets the process-wide tolerances and, for a job with a date, the clock; at the end of its life
 /// the clock is the system's again. One at a time. What fails in the host raises HostComError.
+///
+/// Members may be judged in several threads; all else is done in one.
 class JobRun {
+    class Member;
+
   public:
     /// What became of an entity.
     enum class Added {
@@ -87,16 +91,42 @@ class JobRun {
     /// Sees a member that was judged, while it still knows its holes and notches.
     using Observer = std::function<void(
         const JobMember& member, const job::MemberType& type, const ZetNCCreator& creator)>;
-    /// Judges a member and keeps what will be written of it. The entity, and those attached to it,
-    /// are needed during the call only.
+    /// What became of an entity. It is no member of the run yet, and must not outlive it.
+    class Judged {
+      public:
+        explicit Judged(Added added);
+        Judged(Judged&&) noexcept;
+        Judged& operator=(Judged&&) noexcept;
+        ~Judged();
+
+        Added GetAdded() const { return m_added; }
+        /// Of its features; empty unless it is a member.
+        const Ledger& GetLedger() const { return m_ledger; }
+        /// Position in Job::groups, when it is a member.
+        std::size_t GetGroupPosition() const;
+
+      private:
+        friend JobRun;
+
+        Added m_added;
+        std::unique_ptr<Member> m_member;
+        Ledger m_ledger;
+    };
+    /// Before the first member is judged, and when the project information is as it will stay.
+    void BeginJudging();
+    /// Judges an entity by the tolerances of the job, and makes what will be written of it. Changes
+    /// nothing of the run: several threads may each judge one of their own. The entity, and those
+    /// attached to it, are needed during the call only.
     /// `source` is the name of its NC file, for reports; `notedFeatures` is how many features of
     /// the file its NC data do not have.
-    Added Add(ZetNCEntity& entity,
-              const ZetString& source = {},
-              const Observer& observer = {},
-              long notedFeatures = 0);
-    /// What has become of the features of the member that was added last; empty unless it was.
-    const Ledger& GetLastLedger() const { return m_lastLedger; }
+    Judged Judge(ZetNCEntity& entity,
+                 const ZetString& source = {},
+                 const Observer& observer = {},
+                 long notedFeatures = 0) const;
+    /// Makes it the next member of the run, when it is one.
+    void Take(Judged judged);
+    /// All of that at once.
+    Added Add(ZetNCEntity& entity);
     long GetCount() const { return static_cast<long>(m_members.size()); }
 
     /// Makes the plans "least" instead of the planner of `cutting/`.
@@ -137,7 +167,6 @@ class JobRun {
     const std::vector<ZetString>& GetPlanFaults() const { return m_planFaults; }
 
   private:
-    class Member;
     class Writing;
     struct Cancelled {};
 
@@ -180,7 +209,6 @@ class JobRun {
     DateOfLife m_date;
     std::vector<std::unique_ptr<Member>> m_members;
     GroupSections m_sections;  ///< from Write on
-    Ledger m_lastLedger;
     CMxCamGlobAcc m_accumulator;
     std::vector<ZetString> m_leftOut;
     ZetArray<FileFault> m_faults;

@@ -3,6 +3,7 @@
 #include "report/drawing/DrawingText.h"
 
 #include <array>
+#include <charconv>
 
 namespace report {
 
@@ -41,6 +42,26 @@ class JsonArray {
     std::size_t m_kept = 1;  ///< up to the last item that is not 0
 };
 
+/// No JSON has it.
+constexpr char kMark = '\x01';
+
+/// The places of texts where they are known already.
+struct SharedPlaces {
+    SharedTexts& texts;
+
+    std::string Of(const std::string& text) const { return std::to_string(texts.IndexOf(text)); }
+};
+
+/// Places that are still to be found; none is the same for all.
+struct LoosePlaces {
+    SharedTexts& texts;
+
+    std::string Of(const std::string& text) const {
+        const std::size_t index = texts.IndexOf(text);
+        return index == 0 ? "0" : kMark + std::to_string(index) + kMark;
+    }
+};
+
 /// x, y, x, y and so on.
 std::string FlatPoints(const Polyline& line) {
     JsonArray points;
@@ -51,19 +72,20 @@ std::string FlatPoints(const Polyline& line) {
     return points.ToJson();
 }
 
-std::string FaceJson(const DrawnFace& face, SharedTexts& texts) {
+std::string FaceJson(const DrawnFace& face, const LoosePlaces& places) {
     JsonArray outlines;
     for (const Polyline& outline : face.outlines)
         outlines.Add(FlatPoints(outline));
     JsonArray json;
-    json.AddIndex(texts.IndexOf(face.name));
+    json.Add(places.Of(face.name));
     json.AddNumber(face.width);
     json.Add(face.isUnrolled ? "1" : "0");
     json.Add(face.outlines.empty() ? "0" : outlines.ToJson());
     return json.ToShortJson();
 }
 
-std::string FeatureJson(const DrawnFeature& feature, SharedTexts& texts) {
+template <typename Places>
+std::string FeatureJson(const DrawnFeature& feature, const Places& places) {
     JsonArray json;
     json.AddIndex(static_cast<std::size_t>(feature.kind));
     json.AddIndex(static_cast<std::size_t>(feature.state));
@@ -72,15 +94,23 @@ std::string FeatureJson(const DrawnFeature& feature, SharedTexts& texts) {
     json.AddNumber(feature.at.x);
     json.AddNumber(feature.at.y);
     json.AddNumber(feature.size);
-    json.AddIndex(texts.IndexOf(feature.shape));
-    json.AddIndex(texts.IndexOf(feature.code));
+    json.Add(places.Of(feature.shape));
+    json.Add(places.Of(feature.code));
     json.AddNumber(feature.length);
     json.AddNumber(feature.angle);
     json.Add(feature.told == feature.at ? "0" : FlatPoints({feature.told}));
-    json.AddIndex(texts.IndexOf(feature.remark));
+    json.Add(places.Of(feature.remark));
     json.Add(feature.outline.empty() ? "0" : FlatPoints(feature.outline));
-    json.AddIndex(texts.IndexOf(feature.text));
+    json.Add(places.Of(feature.text));
     return json.ToShortJson();
+}
+
+template <typename Places>
+std::string FeaturesJson(const std::vector<DrawnFeature>& features, const Places& places) {
+    JsonArray json;
+    for (const DrawnFeature& feature : features)
+        json.Add(FeatureJson(feature, places));
+    return json.ToJson();
 }
 
 std::string FindingJson(const DrawnFinding& finding, SharedTexts& texts) {
@@ -135,18 +165,33 @@ std::string JsonText(std::string_view text) {
     return json + "\"";
 }
 
-std::string CompactDrawing(const MemberDrawing& drawing, SharedTexts& texts) {
+CompactDrawing::CompactDrawing(const MemberDrawing& drawing) {
+    const LoosePlaces places{m_texts};
     JsonArray faces;
     for (const DrawnFace& face : drawing.faces)
-        faces.Add(FaceJson(face, texts));
-    return faces.ToJson() + "," + CompactFeatures(drawing.features, texts);
+        faces.Add(FaceJson(face, places));
+    m_json = faces.ToJson() + "," + FeaturesJson(drawing.features, places);
+}
+
+std::string CompactDrawing::Join(SharedTexts& texts) const {
+    std::string json;
+    json.reserve(m_json.size());
+    std::string_view rest = m_json;
+    for (std::size_t mark; (mark = rest.find(kMark)) != rest.npos;) {
+        json += rest.substr(0, mark);
+        rest.remove_prefix(mark + 1);
+        const std::size_t end = rest.find(kMark);
+        std::size_t index = 0;
+        std::from_chars(rest.data(), rest.data() + end, index);
+        json += std::to_string(texts.IndexOf(m_texts.At(index)));
+        rest.remove_prefix(end + 1);
+    }
+    json += rest;
+    return json;
 }
 
 std::string CompactFeatures(const std::vector<DrawnFeature>& features, SharedTexts& texts) {
-    JsonArray json;
-    for (const DrawnFeature& feature : features)
-        json.Add(FeatureJson(feature, texts));
-    return json.ToJson();
+    return FeaturesJson(features, SharedPlaces{texts});
 }
 
 std::string CompactMember(const PageMember& member, bool isDrawn, SharedTexts& texts) {

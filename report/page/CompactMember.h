@@ -50,9 +50,20 @@ class SharedTexts {
 /// A text as JSON that can stand within a script element.
 std::string JsonText(std::string_view text);
 
-/// Faces and features of a drawing as two JSON arrays by position, a comma between; drawing.js
-/// (function memberOf) reads them. Zeros at the end of an array are left out.
-std::string CompactDrawing(const MemberDrawing& drawing, SharedTexts& texts);
+/// A drawing on its way to others that it shares texts with: these get their places only when it
+/// joins them, so that several threads may make compact what comes in an order then.
+class CompactDrawing {
+  public:
+    explicit CompactDrawing(const MemberDrawing& drawing);
+
+    /// Faces and features as two JSON arrays by position, a comma between; drawing.js (function
+    /// memberOf) reads them. Zeros at the end of an array are left out.
+    std::string Join(SharedTexts& texts) const;
+
+  private:
+    SharedTexts m_texts;
+    std::string m_json;  ///< a text is its place in m_texts between two marks
+};
 
 /// Features of a drawing alone, as one JSON array.
 std::string CompactFeatures(const std::vector<DrawnFeature>& features, SharedTexts& texts);

@@ -1,0 +1,91 @@
+#include "camjob/run/OrderedWork.h"
+
+#include <algorithm>
+
+namespace camjob {
+
+OrderedWork::OrderedWork(std::size_t count, unsigned threads, Work work)
+    : m_count(count), m_work(std::move(work)), m_states(WindowOf(threads)) {
+    Start(threads);
+}
+
+OrderedWork::~OrderedWork() {
+    {
+        const Lock lock(m_mutex);
+        m_isStopped = true;
+    }
+    m_hasRoom.notify_all();
+    for (std::thread& thread : m_threads)
+        thread.join();
+}
+
+/// Enough that a piece of a thousand times the usual work keeps the others busy for a while.
+std::size_t OrderedWork::WindowOf(unsigned threads) {
+    constexpr std::size_t kPiecesAThread = 64;
+    return threads > 1 ? kPiecesAThread * threads : 1;
+}
+
+void OrderedWork::Start(unsigned threads) {
+    const std::size_t useful = std::min<std::size_t>(threads, m_count);
+    try {
+        m_threads.reserve(useful);
+        while (m_threads.size() + 1 < useful)
+            m_threads.emplace_back([this] { Serve(); });
+    } catch (const std::exception&) {
+        // The taking thread does alone what nobody helps with.
+    }
+}
+
+void OrderedWork::Serve() {
+    Lock lock(m_mutex);
+    while (!m_isStopped && m_begun < m_count) {
+        if (IsAnyToBegin())
+            DoOne(lock);
+        else
+            m_hasRoom.wait(lock);
+    }
+}
+
+bool OrderedWork::IsAnyToBegin() const {
+    return m_begun < m_count && m_begun < m_next + m_states.size();
+}
+
+void OrderedWork::DoOne(Lock& lock) {
+    const std::size_t piece = m_begun++;
+    lock.unlock();
+    std::exception_ptr failure;
+    try {
+        m_work(piece);
+    } catch (...) {
+        failure = std::current_exception();
+    }
+    lock.lock();
+    m_states[piece % m_states.size()] = {true, std::move(failure)};
+    if (piece == m_next)
+        m_isNextDone.notify_one();
+}
+
+std::size_t OrderedWork::Await() {
+    Lock lock(m_mutex);
+    State& state = m_states[m_next % m_states.size()];
+    while (!state.isDone) {
+        if (IsAnyToBegin())
+            DoOne(lock);
+        else
+            m_isNextDone.wait(lock);
+    }
+    if (state.failure)
+        std::rethrow_exception(std::move(state.failure));
+    return m_next;
+}
+
+void OrderedWork::Release() {
+    const Lock lock(m_mutex);
+    m_states[m_next % m_states.size()] = {};
+    ++m_next;
+    // Not for each piece: to wake a thread costs about as much as a small member.
+    if (m_next + m_states.size() - m_begun >= m_states.size() / 2)
+        m_hasRoom.notify_all();
+}
+
+}  // namespace camjob
