@@ -26,7 +26,6 @@ unmatched = "leave_out"
 file_name = "s"
 [[file]]
 id = "nc"
-ending = "-nc"
 format = "dstv"
 [[file]]
 id = "rows"
