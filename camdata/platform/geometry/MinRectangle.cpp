@@ -1,6 +1,7 @@
 #include "camdata/platform/geometry/ZetGeomAugPolygon.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <limits>
 #include <vector>
@@ -16,6 +17,15 @@ constexpr double kUprightAllowance = 0.05;
 
 /// Areas, and lengths, that differ by less, relatively, count as equal.
 constexpr double kEqual = 1e-9;
+
+/// Beyond this, mm, a product of three lengths might be no number any more.
+constexpr double kMaxCoordinate = 1e12;
+
+/// Squares of lengths below it have lost digits.
+constexpr double kShortestSquare = 1e-200;
+
+/// More than rounding takes from an area, by the largest coordinate and the perimeter.
+constexpr double kRounding = 1e-12;
 
 /// Edges whose directions differ by less, in radians, go on in one.
 constexpr double kSameDirection = 1e-9;
@@ -66,18 +76,22 @@ struct Frame {
     }
 };
 
-/// The edge from a vertex of the hull to the next; positions count on beyond the last vertex.
+/// Positions count on beyond the last vertex, once around.
+const ZetGeomPoint2d& VertexAt(const Points& hull, std::size_t at) {
+    return hull[at < hull.size() ? at : at - hull.size()];
+}
+
+/// The edge from a vertex of the hull to the next.
 ZetGeomVector2d EdgeAt(const Points& hull, std::size_t at) {
-    return hull[(at + 1) % hull.size()] - hull[at % hull.size()];
+    return VertexAt(hull, at + 1) - VertexAt(hull, at);
 }
 
 /// Moves `at` on along the hull while the next vertex lies further in `direction`.
 void AdvanceTo(const Points& hull, std::size_t& at, const ZetGeomVector2d& direction) {
     for (std::size_t steps = 0; steps < hull.size(); ++steps) {
-        const std::size_t next = (at + 1) % hull.size();
-        if (direction.dot(hull[next] - hull[at]) <= 0.0)
+        if (direction.dot(EdgeAt(hull, at)) <= 0.0)
             return;
-        at = next;
+        at = at + 1 < hull.size() ? at + 1 : 0;
     }
 }
 
@@ -179,15 +193,89 @@ double LeastArea(const std::vector<Frame>& frames) {
     return least;
 }
 
+/// Of equal numbers the first is the least and the last the greatest: 0.0 and -0.0 are equal.
 Frame UprightFrame(const Outline& points) {
-    const auto byX = [](const ZetGeomPoint2d& a, const ZetGeomPoint2d& b) { return a.x < b.x; };
-    const auto byY = [](const ZetGeomPoint2d& a, const ZetGeomPoint2d& b) { return a.y < b.y; };
-    const auto [minX, maxX] = std::minmax_element(points.begin(), points.end(), byX);
-    const auto [minY, maxY] = std::minmax_element(points.begin(), points.end(), byY);
+    ZetGeomPoint2d low = points.first();
+    ZetGeomPoint2d high = low;
+    for (const ZetGeomPoint2d& p : points) {
+        low = {p.x < low.x ? p.x : low.x, p.y < low.y ? p.y : low.y};
+        high = {p.x < high.x ? high.x : p.x, p.y < high.y ? high.y : p.y};
+    }
     return {
         {1.0, 0.0},
-        minX->x, maxX->x, minY->y, maxY->y
+        low.x, high.x, low.y, high.y
     };
+}
+
+bool IsTaken(const Frame& upright, double least) {
+    return upright.Area() - least <= kUprightAllowance * upright.Perimeter();
+}
+
+/// Vertices on the sides of the upright rectangle, the first and the last on each,
+/// counter-clockwise from the lower side: a convex polygon inside the hull.
+using Octagon = std::array<ZetGeomPoint2d, 8>;
+
+Octagon OctagonOf(const Outline& points, const Frame& upright) {
+    double bottom[2] = {upright.maxU, upright.minU};
+    double right[2] = {upright.maxV, upright.minV};
+    double top[2] = {upright.maxU, upright.minU};
+    double left[2] = {upright.maxV, upright.minV};
+    const auto widen = [](double(&range)[2], double value) {
+        range[0] = std::min(range[0], value);
+        range[1] = std::max(range[1], value);
+    };
+    for (const ZetGeomPoint2d& p : points) {
+        if (p.y == upright.minV)
+            widen(bottom, p.x);
+        if (p.x == upright.maxU)
+            widen(right, p.y);
+        if (p.y == upright.maxV)
+            widen(top, p.x);
+        if (p.x == upright.minU)
+            widen(left, p.y);
+    }
+    return {
+        {{bottom[0], upright.minV},
+         {bottom[1], upright.minV},
+         {upright.maxU, right[0]},
+         {upright.maxU, right[1]},
+         {top[1], upright.maxV},
+         {top[0], upright.maxV},
+         {upright.minU, left[1]},
+         {upright.minU, left[0]}}
+    };
+}
+
+/// Of the rectangle along an edge of the octagon; 0.0 for an edge too short to divide by.
+double AreaAlong(const Octagon& octagon, const ZetGeomPoint2d& from, const ZetGeomVector2d& edge) {
+    double low = 0.0;
+    double high = 0.0;
+    double wide = 0.0;
+    for (const ZetGeomPoint2d& p : octagon) {
+        const double along = edge.dot(p - from);
+        low = std::min(low, along);
+        high = std::max(high, along);
+        wide = std::max(wide, edge.cross(p - from));
+    }
+    const double square = edge.dot(edge);
+    return square > kShortestSquare ? (high - low) * wide / square : 0.0;
+}
+
+/// True only when no rectangle around the outline is so small that it would be taken instead: none
+/// is smaller than the least around the octagon, and that runs along one of its edges.
+bool IsSurelyTaken(const Frame& upright, const Outline& points) {
+    const double magnitude = std::max({-upright.minU, upright.maxU, -upright.minV, upright.maxV});
+    if (magnitude > kMaxCoordinate)
+        return false;
+    const Octagon octagon = OctagonOf(points, upright);
+    const double rounding = kRounding * magnitude * upright.Perimeter();
+    for (std::size_t i = 1; i < octagon.size(); i += 2) {
+        const ZetGeomVector2d edge = octagon[(i + 1) % octagon.size()] - octagon[i];
+        const bool isUpright = edge.x == 0.0 || edge.y == 0.0;
+        if (!isUpright && !IsTaken(upright, AreaAlong(octagon, octagon[i], edge) - rounding))
+            return false;
+    }
+    return true;
 }
 
 bool IsFinite(const ZetGeomPoint2d& point) {
@@ -202,18 +290,17 @@ ZetGeomAugPolygon ZetGeomAugPolygon::getMinRectangle() const {
         return rectangle;
     const Frame upright = UprightFrame(m_vertices);
     rectangle.m_vertices = upright.Corners();
+    if (IsSurelyTaken(upright, m_vertices))
+        return rectangle;
     const Points hull = ConvexHull({m_vertices.begin(), m_vertices.end()});
     if (hull.size() < 3)
         return rectangle;
     const std::vector<Frame> frames = FramesAlongEdges(hull);
-    const auto isUprightTaken = [&](double least) {
-        return upright.Area() - least <= kUprightAllowance * upright.Perimeter();
-    };
     // Mostly no other is small enough: then which of the small ones it would be is idle.
-    if (isUprightTaken(LeastArea(frames)))
+    if (IsTaken(upright, LeastArea(frames)))
         return rectangle;
     const Frame turned = SmallestOf(frames, hull, m_vertices);
-    if (!isUprightTaken(turned.Area()))
+    if (!IsTaken(upright, turned.Area()))
         rectangle.m_vertices = turned.Corners();
     return rectangle;
 }

@@ -53,12 +53,12 @@ class Border {
 
     /// Appends the corners that lie strictly between two contacts, counter-clockwise. Contacts on
     /// one side have none between them.
-    void AppendCornersBetween(const Contact& from, const Contact& to, Points& points) const {
+    void AppendCornersBetween(const Contact& from, const Contact& to, Points& chain) const {
         if ((from.sides & to.sides) != 0)
             return;
         const double end = to.position > from.position ? to.position : to.position + kSides;
         for (int corner = static_cast<int>(from.position) + 1; corner < end; ++corner)
-            points.append(m_corners[corner % kSides]);
+            chain.append(m_corners[corner % kSides]);
     }
 
   private:
@@ -92,23 +92,45 @@ bool IsBefore(const ZetGeomPoint2d& a, const ZetGeomPoint2d& b) {
     return a.x < b.x || (a.x == b.x && a.y < b.y);
 }
 
-/// The vertices of a closed chain without the ways out and back on one line, as the cut is that
-/// joins an opening to the edge. The chain begins on the border.
-Points WithoutSpurs(const Points& chain) {
-    std::vector<ZetGeomPoint2d> kept;
-    for (const ZetGeomPoint2d& point : chain) {
-        if (kept.size() >= 2 && kept[kept.size() - 2] == point)
-            kept.pop_back();
+/// A vertex of the outline, walked counter-clockwise, and where it touches the border.
+struct Step {
+    ZetGeomPoint2d at;
+    Contact contact;
+};
+
+/// Shortens a closed chain to the points from `first` to before `last`.
+void KeepRange(Points& chain, long first, long last) {
+    std::rotate(chain.begin(), chain.begin() + first, chain.end());
+    chain.setLength(last - first);
+}
+
+/// Drops from a closed chain every point that repeats the one before.
+void DropRepeats(Points& chain) {
+    const auto areOne = [](const ZetGeomPoint2d& a, const ZetGeomPoint2d& b) {
+        return (b - a).length() <= 0.0;
+    };
+    long last = std::unique(chain.begin(), chain.end(), areOne) - chain.begin();
+    while (last > 1 && areOne(chain[last - 1], chain[0]))
+        --last;
+    chain.setLength(last);
+}
+
+/// Drops from a closed chain the ways out and back on one line, as the cut is that joins an opening
+/// to the edge. The chain begins on the border.
+void DropSpurs(Points& chain) {
+    long last = 0;
+    for (long i = 0; i < chain.length(); ++i) {
+        if (last >= 2 && chain[last - 2] == chain[i])
+            --last;
         else
-            kept.push_back(point);
+            chain[last++] = chain[i];
     }
-    auto first = kept.begin();
-    auto last = kept.end();
-    while (last - first > 2 && *(first + 1) == *(last - 1)) {
+    long first = 0;
+    while (last - first > 2 && chain[first + 1] == chain[last - 1]) {
         ++first;
         --last;
     }
-    return Points(first, last);
+    KeepRange(chain, first, last);
 }
 
 /// Collects the pieces while the outline is walked.
@@ -116,27 +138,34 @@ class PieceCollector {
   public:
     PieceCollector(const Border& border, double offset) : m_border(border), m_offset(offset) {}
 
-    /// Takes the way between two contacts: `way` holds the vertices between them.
-    void Cut(const ZetGeomPoint2d& a,
-             const Contact& from,
-             Points way,
-             const ZetGeomPoint2d& b,
-             const Contact& to) {
-        if (way.isEmpty() && (from.sides & to.sides) != 0)
+    /// Takes the way from one contact to the next.
+    void Cut(const Step* from, const Step* to) {
+        if (to - from == 1 && (from->contact.sides & to->contact.sides) != 0)
             return;
-        Points points = {a};
-        m_border.AppendCornersBetween(from, to, points);
-        points.append(b);
-        std::reverse(way.begin(), way.end());
-        points.appendAll(way);
-        Keep(points);
+        m_chain.removeAll();
+        m_chain.append(from->at);
+        m_border.AppendCornersBetween(from->contact, to->contact, m_chain);
+        for (const Step* step = to; step != from; --step)
+            m_chain.append(step->at);
+        Keep();
     }
 
-    Pieces TakeSorted() {
+    double TotalArea() const {
+        double area = 0.0;
+        for (const Piece& piece : m_pieces)
+            area += piece.area;
+        return area;
+    }
+
+    void Sort() {
         std::sort(m_pieces.begin(), m_pieces.end(), [](const Piece& a, const Piece& b) {
             return std::tie(a.minX, a.minY, a.first) < std::tie(b.minX, b.minY, b.first);
         });
+    }
+
+    Pieces Take() {
         Pieces polygons;
+        polygons.reserve(static_cast<long>(m_pieces.size()));
         for (Piece& piece : m_pieces)
             polygons.append(std::move(piece.polygon));
         return polygons;
@@ -147,77 +176,62 @@ class PieceCollector {
         double minX;
         double minY;
         double first;  ///< breaks ties between boxes: Y of the first vertex
+        double area;
         ZetGeomAugPolygon polygon;
     };
 
-    void Keep(const Points& points) {
-        Points corners = WithoutSpurs(ZetGeomAugPolygon(points, 0.0).getVertices());
-        std::rotate(corners.begin(),
-                    std::min_element(corners.begin(), corners.end(), IsBefore),
-                    corners.end());
-        ZetGeomAugPolygon polygon(corners, 0.0);
-        if (!(polygon.getArea() > 0.5 * m_offset * polygon.getPerimeter()))
+    void Keep() {
+        DropRepeats(m_chain);
+        DropSpurs(m_chain);
+        std::rotate(m_chain.begin(),
+                    std::min_element(m_chain.begin(), m_chain.end(), IsBefore),
+                    m_chain.end());
+        ZetGeomAugPolygon polygon(m_chain, 0.0);
+        const double area = polygon.getArea();
+        if (!(area > 0.5 * m_offset * polygon.getPerimeter()))
             return;
-        double minY = corners.first().y;
-        for (const ZetGeomPoint2d& point : corners)
+        double minY = m_chain.first().y;
+        for (const ZetGeomPoint2d& point : m_chain)
             minY = std::min(minY, point.y);
-        m_pieces.push_back({corners.first().x, minY, corners.first().y, std::move(polygon)});
+        m_pieces.push_back({m_chain.first().x, minY, m_chain.first().y, area, std::move(polygon)});
     }
 
     const Border& m_border;
     double m_offset;
+    Points m_chain;
     std::vector<Piece> m_pieces;
 };
 
-/// The vertices counter-clockwise, beginning with one that touches the border; none when none does.
-Points WalkFromBorder(const ZetGeomAugPolygon& outline, const Border& border) {
-    Points vertices = outline.getVertices();
-    if (outline.getArea() < 0.0)
-        std::reverse(vertices.begin(), vertices.end());
-    const auto start =
-        std::find_if(vertices.begin(), vertices.end(), [&](const ZetGeomPoint2d& vertex) {
-            return border.ContactOf(vertex).IsTouching();
-        });
-    if (start == vertices.end())
+/// The outline counter-clockwise, from a vertex that touches the border and back to it; nothing
+/// when none does.
+std::vector<Step> WalkFromBorder(const Points& vertices, bool isClockwise, const Border& border) {
+    std::vector<Step> walk;
+    walk.reserve(static_cast<std::size_t>(vertices.length()) + 1);
+    for (const ZetGeomPoint2d& vertex : vertices)
+        walk.push_back({vertex, border.ContactOf(vertex)});
+    if (isClockwise)
+        std::reverse(walk.begin(), walk.end());
+    const auto start = std::find_if(
+        walk.begin(), walk.end(), [](const Step& step) { return step.contact.IsTouching(); });
+    if (start == walk.end())
         return {};
-    std::rotate(vertices.begin(), start, vertices.end());
-    return vertices;
+    std::rotate(walk.begin(), start, walk.end());
+    walk.push_back(Step(walk.front()));
+    return walk;
 }
 
-/// The pieces that the outline cuts from its rectangle, when a vertex within `touch` of a side lies
-/// on that side and pieces thinner than about `thin` vanish.
-Pieces CutPieces(const Points& corners,
-                 const ZetGeomAugPolygon& outline,
-                 double touch,
-                 double thin) {
-    const Border border(corners, touch);
-    Points walk = WalkFromBorder(outline, border);
-    if (walk.isEmpty())
-        return {};
-    walk.append(walk.first());
+/// The pieces that the walk cuts from its rectangle; those thinner than about `thin` vanish.
+PieceCollector CutPieces(const std::vector<Step>& walk, const Border& border, double thin) {
     PieceCollector pieces(border, thin);
-    long from = 0;
-    Contact contact = border.ContactOf(walk.first());
-    for (long to = 1; to < walk.length(); ++to) {
-        const Contact next = border.ContactOf(walk[to]);
-        if (!next.IsTouching())
+    const Step* from = walk.data();
+    for (const Step& to : walk) {
+        if (!to.contact.IsTouching() || &to == from)
             continue;
-        pieces.Cut(walk[from],
-                   contact,
-                   Points(walk.begin() + from + 1, walk.begin() + to),
-                   walk[to],
-                   next);
-        from = to;
-        contact = next;
+        pieces.Cut(from, &to);
+        from = &to;
     }
-    return pieces.TakeSorted();
-}
-
-double TotalArea(const Pieces& pieces) {
-    double area = 0.0;
-    for (const ZetGeomAugPolygon& piece : pieces)
-        area += piece.getArea();
-    return area;
+    pieces.Sort();
+    return pieces;
 }
 
 }  // namespace
@@ -227,13 +241,16 @@ ZetArray<ZetGeomAugPolygon> ZetGeomAugPolygon::subtract(const ZetGeomAugPolygon&
     if (getLength() != kSides ||
         FindSelfCrossing({outline.m_vertices.begin(), outline.m_vertices.end()}))
         return {};
-    const double most = getArea() - std::abs(outline.getArea()) - offset * getPerimeter();
+    const double area = outline.getArea();
+    const double most = getArea() - std::abs(area) - offset * getPerimeter();
     // A notch that ends within the offset of another side would seem to part the outline there, and
     // its piece to cover one of the parts: then only real contacts count.
     for (const double touch : {-offset, 0.0}) {
-        Pieces pieces = CutPieces(m_vertices, outline, touch, -offset);
-        if (TotalArea(pieces) <= most)
-            return pieces;
+        const Border border(m_vertices, touch);
+        PieceCollector pieces =
+            CutPieces(WalkFromBorder(outline.m_vertices, area < 0.0, border), border, -offset);
+        if (pieces.TotalArea() <= most)
+            return pieces.Take();
     }
     return {};
 }

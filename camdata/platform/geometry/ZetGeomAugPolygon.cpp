@@ -67,7 +67,7 @@ ZetArray<ZetGeomPoint2d> WithoutStraightVertices(const ZetArray<ZetGeomPoint2d>&
     Cone cone(chain.first(), tolerance);
     for (long i = 1; i < chain.length(); ++i) {
         const ZetGeomPoint2d& candidate = chain[i];
-        const ZetGeomPoint2d& next = chain[(i + 1) % chain.length()];
+        const ZetGeomPoint2d& next = chain[i + 1 < chain.length() ? i + 1 : 0];
         cone.Narrow(candidate);
         if (cone.Holds(next) && GoesOn(corners.last(), candidate, next))
             continue;
@@ -92,9 +92,11 @@ bool RunAlike(const ZetArray<ZetGeomPoint2d>& a,
               const ZetArray<ZetGeomPoint2d>& b,
               long start,
               double tolerance) {
-    for (long i = 0; i < a.length(); ++i) {
-        if (!AreNear(a[i], b[(start + i) % b.length()], tolerance))
+    long at = start;
+    for (const ZetGeomPoint2d& point : a) {
+        if (!AreNear(point, b[at], tolerance))
             return false;
+        at = at + 1 < b.length() ? at + 1 : 0;
     }
     return true;
 }
@@ -119,10 +121,12 @@ double ZetGeomAugPolygon::getArea() const {
 }
 
 double ZetGeomAugPolygon::getPerimeter() const {
+    if (m_vertices.isEmpty())
+        return 0.0;
     double perimeter = 0.0;
-    for (long i = 0; i < getLength(); ++i)
-        perimeter += (m_vertices[(i + 1) % getLength()] - m_vertices[i]).length();
-    return perimeter;
+    for (auto vertex = m_vertices.begin() + 1; vertex != m_vertices.end(); ++vertex)
+        perimeter += (*vertex - *(vertex - 1)).length();
+    return perimeter + (m_vertices.first() - m_vertices.last()).length();
 }
 
 bool ZetGeomAugPolygon::isEqualTo(const ZetGeomAugPolygon& other, double tolerance) const {
