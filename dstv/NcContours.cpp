@@ -21,6 +21,8 @@ constexpr wchar_t kContour[] = L"contour";
 constexpr double kSamePoint = 0.01;
 /// A plane's axes may miss the right angle by this without a note, degrees.
 constexpr double kSkewSlack = 0.1;
+/// Lists of so many are made at once.
+constexpr std::size_t kUsualPoints = 16;
 /// Contours may reach beyond their face by this, mm: some headers give sizes in whole mm.
 constexpr double kHeaderRounding = 1.0;
 
@@ -55,6 +57,14 @@ bool IsBevelled(const NcContourPoint& point) {
     return point.bevels[0].angle != 0.0 || point.bevels[1].angle != 0.0;
 }
 
+NcOpenOutline OutlineAt(const NcPlace& place) {
+    NcOpenOutline outline;
+    outline.place = place;
+    outline.points.reserve(kUsualPoints);
+    outline.lines.reserve(kUsualPoints);
+    return outline;
+}
+
 }  // namespace
 
 NcParser::OutlineLine NcParser::TakeOutlineLine(NcTokens& tokens) {
@@ -80,7 +90,7 @@ void NcParser::ReadContourLine(NcTokens& tokens) {
     if (m_outline && (m_outline->place != read.place || (m_outline->isClosed && !isNotch)))
         Try([this] { FinishOutline(); });
     if (!m_outline)
-        m_outline.emplace().place = read.place;
+        m_outline = OutlineAt(read.place);
     if (!isNotch)
         return AddPoint(read, tokens.GetLine());
     m_outline->notchLines.push_back({tokens.GetLine().number,
@@ -120,7 +130,7 @@ void NcParser::ReadMarkLine(NcTokens& tokens) {
     if (m_outline && m_outline->place != read.place)
         Try([this] { FinishOutline(); });
     if (!m_outline)
-        m_outline.emplace().place = read.place;
+        m_outline = OutlineAt(read.place);
     AddPoint(read, tokens.GetLine());
 }
 
@@ -140,7 +150,10 @@ void NcParser::FinishOutline() {
 
 std::vector<ZetGeomPoint2d> NcParser::Chords(const NcOpenOutline& outline,
                                              std::vector<std::size_t>& sources) {
-    Outline chords = {PointOf(outline.points.front())};
+    Outline chords;
+    chords.reserve(outline.points.size());
+    chords.push_back(PointOf(outline.points.front()));
+    sources.reserve(outline.points.size());
     for (std::size_t i = 0; i + 1 < outline.points.size(); ++i) {
         const ZetGeomPoint2d to = PointOf(outline.points[i + 1]);
         const double radius = outline.points[i].radius;

@@ -30,13 +30,14 @@ void AppendUtf8(char16_t character, std::string& text) {
     const std::size_t begin = before.find_last_of("\r\n") + 1;
     const auto ends = std::count(before.begin(), before.end(), '\n');
     const std::string_view line = bytes.substr(begin, bytes.find_first_of("\r\n", at) - begin);
-    throw NcFailure(NcError{{},
-                            static_cast<long>(ends) + 1,
-                            0,
-                            L"text",
-                            Quotable(Trimmed(line)),
-                            L"text in " + ZetString::fromUtf8(encoding) + L", which has no such byte",
-                            true});
+    throw NcFailure(
+        NcError{{},
+                static_cast<long>(ends) + 1,
+                0,
+                L"text",
+                Quotable(Trimmed(line)),
+                L"text in " + ZetString::fromUtf8(encoding) + L", which has no such byte",
+                true});
 }
 
 std::string Decode(std::string_view bytes, const codepages::CodePage& page) {
@@ -68,15 +69,16 @@ void CheckUtf8(std::string_view bytes) {
 
 }  // namespace
 
-std::string InUtf8(std::string_view bytes, std::string_view encoding) {
+std::string_view InUtf8(std::string_view bytes, std::string_view encoding, std::string& decoded) {
     if (encoding == kUtf8)
         CheckUtf8(bytes);
     if (encoding == kUtf8 || encoding == kAutomaticEncoding || bytes.starts_with(kByteOrderMark))
-        return std::string(bytes);
+        return bytes;
     const codepages::CodePage* page = codepages::FindCodePage(encoding);
     if (page == nullptr)
         FailAt({}, L"encoding", encoding, L"the name of an encoding");
-    return Decode(bytes, *page);
+    decoded = Decode(bytes, *page);
+    return decoded;
 }
 
 }  // namespace dstv

@@ -27,6 +27,7 @@ void AddCut(const NcCut& cut, std::vector<NcEntry>& entries) {
 
 std::vector<NcEntry> EntriesOf(const NcPart& part) {
     std::vector<NcEntry> entries;
+    entries.reserve(part.holes.size() + part.contours.size() + part.skippedBlocks.size());
     for (const NcHole& hole : part.holes)
         entries.push_back({KindOf(hole), hole.line, false});
     for (const NcContour& contour : part.contours)
@@ -39,9 +40,9 @@ std::vector<NcEntry> EntriesOf(const NcPart& part) {
         AddCut(cut, entries);
     for (const NcSkippedBlock& block : part.skippedBlocks)
         entries.push_back({L"block", block.line, true});
-    std::stable_sort(entries.begin(), entries.end(), [](const NcEntry& a, const NcEntry& b) {
-        return a.line < b.line;
-    });
+    const auto isBefore = [](const NcEntry& a, const NcEntry& b) { return a.line < b.line; };
+    if (!std::is_sorted(entries.begin(), entries.end(), isBefore))
+        std::stable_sort(entries.begin(), entries.end(), isBefore);
     return entries;
 }
 

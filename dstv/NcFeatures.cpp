@@ -14,6 +14,8 @@ namespace {
 constexpr wchar_t kMm[] = L"a number in mm";
 constexpr wchar_t kSize[] = L"a number in mm that is not negative";
 constexpr wchar_t kDegrees[] = L"a number in degrees";
+/// A list of so many is made at once.
+constexpr std::size_t kUsualHoles = 24;
 
 NcHoleKind KindOf(char letter) {
     switch (letter) {
@@ -77,6 +79,8 @@ void NcParser::FinishHole(NcHole hole, const NcLine& line) {
     if (m_part.holes.size() == kMaxHoles)
         FailAt(line, L"hole", Trimmed(line.text), L"at most 100000 holes in one file");
     CheckHole(line.number, hole.place, CentreOf(hole));
+    if (m_part.holes.empty())
+        m_part.holes.reserve(kUsualHoles);
     m_part.holes.push_back(std::move(hole));
 }
 

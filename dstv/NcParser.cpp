@@ -132,6 +132,7 @@ void NcParser::FindStart(NcLines& lines) {
 
 void NcParser::ReadHeader(NcLines& lines) {
     std::vector<NcLine> values;
+    values.reserve(NcHeaderReader::kRequired);
     try {
         ReadHeaderLines(lines, values);
     } catch (NcFailure& failure) {
@@ -322,7 +323,8 @@ char NcParser::TakeReference(NcTokens& tokens) {
 /// Length and width of a face; 0: not told by the header.
 ZetGeomPoint2d NcParser::LimitsOf(NcFace face) const {
     const NcHeader& header = m_part.header;
-    const bool isRound = header.profileCode == L"RO" || header.profileCode == L"RU";
+    const std::wstring_view code = header.profileCode.view();
+    const bool isRound = code == L"RO" || code == L"RU";
     const bool isFlange = face == NcFace::kTop || face == NcFace::kBottom;
     const double width = isFlange ? header.flangeWidth : header.profileHeight;
     // The front view of a round section is its surface unrolled.

@@ -52,6 +52,14 @@ void Close(int file) {
 }
 #endif
 
+/// Whether the line that ends all NC files is their last: nothing is cut off behind it. Reading may
+/// stop short of the end without a fault to tell.
+bool IsWhole(std::string_view bytes) {
+    while (bytes.ends_with('\n') || bytes.ends_with('\r'))
+        bytes.remove_suffix(1);
+    return bytes.ends_with("\nEN") || bytes.ends_with("\rEN");
+}
+
 /// A file that is read. Most are smaller than the buffer of a stream, which would only cost.
 class File {
   public:
@@ -151,8 +159,13 @@ NcResult ReadNcFile(const std::filesystem::path& path, const NcReading& reading)
     if (!file.IsOpen())
         return UnreadError(path, L"a file that can be opened (" + ErrorText(errno) + L")");
     std::array<char, 1u << 14> piece;
-    std::string bytes;
     std::ptrdiff_t count = file.Read(piece.data(), piece.size());
+    // Of a short file one reading is all there is.
+    const std::string_view first(piece.data(),
+                                 static_cast<std::size_t>(std::max(count, std::ptrdiff_t{0})));
+    if (first.size() < piece.size() && IsWhole(first))
+        return ParseNc(first, PathText(path), reading);
+    std::string bytes;
     for (; count > 0 && bytes.size() <= kMaxFileBytes;
          count = file.Read(piece.data(), piece.size()))
         bytes.append(piece.data(), static_cast<std::size_t>(count));
@@ -165,7 +178,8 @@ NcResult ReadNcFile(const std::filesystem::path& path, const NcReading& reading)
 
 NcResult ParseNc(std::string_view bytes, const ZetString& name, const NcReading& reading) {
     try {
-        NcPart part = NcParser().Parse(InUtf8(bytes, reading.encoding));
+        std::string decoded;
+        NcPart part = NcParser().Parse(InUtf8(bytes, reading.encoding, decoded));
         part.file = name;
         part.header.mark = MarkOf(part, reading);
         return part;

@@ -72,6 +72,9 @@ wchar_t FromWindows1252(char c) {
 }  // namespace
 
 bool IsUtf8(std::string_view bytes) {
+    const auto isAscii = [](char c) { return static_cast<unsigned char>(c) < 0x80; };
+    bytes.remove_prefix(static_cast<std::size_t>(
+        std::find_if_not(bytes.begin(), bytes.end(), isAscii) - bytes.begin()));
     while (!bytes.empty()) {
         const std::size_t length = Utf8Length(bytes);
         if (length == 0)

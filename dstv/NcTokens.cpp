@@ -31,8 +31,10 @@ bool IsDigit(char c) {
 
 /// The number that a text begins with: sign, digits, point, digits.
 struct LeadingNumber {
-    std::size_t length = 0;       ///< 0: the text begins with none
-    std::optional<double> value;  ///< nothing when it is too large
+    std::size_t length = 0;  ///< 0: the text begins with none
+    double value = 0.0;
+
+    bool IsTooLarge() const { return !(std::abs(value) <= kMaxNumber); }
 };
 
 double LongValueOf(std::string_view number) {
@@ -47,29 +49,35 @@ double LongValueOf(std::string_view number) {
 LeadingNumber NumberAt(std::string_view text) {
     constexpr double kPowers[] = {
         1e0, 1e1, 1e2, 1e3, 1e4, 1e5, 1e6, 1e7, 1e8, 1e9, 1e10, 1e11, 1e12, 1e13, 1e14, 1e15};
-    constexpr std::size_t kExactDigits = 15;
-    std::size_t at = !text.empty() && (text[0] == '+' || text[0] == '-') ? 1 : 0;
-    std::uint64_t digits = 0;
-    const auto takeDigits = [&] {
-        const std::size_t first = at;
-        for (; at < text.size() && IsDigit(text[at]); ++at)
-            digits = digits * 10 + static_cast<std::uint64_t>(text[at] - '0');
-        return at - first;
-    };
-    const std::size_t whole = takeDigits();
-    std::size_t decimals = 0;
-    if (at < text.size() && text[at] == '.') {
+    constexpr std::ptrdiff_t kExactDigits = 15;
+    const char* const end = text.data() + text.size();
+    const char* at = text.data();
+    const bool isNegative = at != end && *at == '-';
+    if (isNegative || (at != end && *at == '+'))
         ++at;
-        decimals = takeDigits();
+    std::uint64_t digits = 0;
+    const auto takeDigits = [&digits, end](const char* from) {
+        for (; from != end && IsDigit(*from); ++from)
+            digits = digits * 10 + static_cast<std::uint64_t>(*from - '0');
+        return from;
+    };
+    const char* const first = at;
+    at = takeDigits(first);
+    std::ptrdiff_t count = at - first;
+    std::ptrdiff_t decimals = 0;
+    if (at != end && *at == '.') {
+        const char* const point = at;
+        at = takeDigits(point + 1);
+        decimals = at - point - 1;
+        count += decimals;
     }
-    if (whole + decimals == 0)
+    if (count == 0)
         return {};
-    const double magnitude =
-        static_cast<double>(digits) / kPowers[std::min(decimals, kExactDigits)];
-    const double value = whole + decimals > kExactDigits ? LongValueOf(text.substr(0, at))
-                         : text[0] == '-'                ? -magnitude
-                                                         : magnitude;
-    return {at, std::abs(value) <= kMaxNumber ? std::optional(value) : std::nullopt};
+    const auto length = static_cast<std::size_t>(at - text.data());
+    if (count > kExactDigits)
+        return {length, LongValueOf(text.substr(0, length))};
+    const double magnitude = static_cast<double>(digits) / kPowers[decimals];
+    return {length, isNegative ? -magnitude : magnitude};
 }
 
 }  // namespace
@@ -157,12 +165,12 @@ char NcTokens::TakeSign() {
 }
 
 std::optional<double> NcTokens::TakeIfNumber(const wchar_t* what) {
-    const auto [length, value] = NumberAt(m_line.text.substr(m_at));
-    if (length == 0)
+    const LeadingNumber number = NumberAt(m_line.text.substr(m_at));
+    if (number.length == 0)
         return std::nullopt;
-    const std::size_t end = m_at + length;
-    if (!value)
-        FailAt(m_line, what, m_line.text.substr(m_at, length), L"a number up to 1000000000");
+    const std::size_t end = m_at + number.length;
+    if (number.IsTooLarge())
+        FailAt(m_line, what, m_line.text.substr(m_at, number.length), L"a number up to 1000000000");
     // "12.5.0" and "1,5" are typing faults, not two numbers.
     const char next = end < m_line.text.size() ? m_line.text[end] : ' ';
     if (next == '.')
@@ -171,7 +179,7 @@ std::optional<double> NcTokens::TakeIfNumber(const wchar_t* what) {
         Fail(what, L"a number with a decimal point, not a comma");
     m_tokenEnd = m_at = end;
     SkipBlanks();
-    return value;
+    return number.value;
 }
 
 double NcTokens::TakeNumber(const wchar_t* what, const wchar_t* expected) {
@@ -221,11 +229,14 @@ void NcTokens::FailFrom(std::size_t at, const wchar_t* what, const wchar_t* expe
 }
 
 std::optional<double> ParseNumber(std::string_view text, bool allowComma) {
-    std::string number(text);
-    if (allowComma)
+    if (allowComma && text.find(',') != std::string_view::npos) {
+        std::string number(text);
         std::replace(number.begin(), number.end(), ',', '.');
-    const auto [length, value] = NumberAt(number);
-    return length == number.size() ? value : std::nullopt;
+        return ParseNumber(number, false);
+    }
+    const LeadingNumber number = NumberAt(text);
+    const bool isNumber = number.length == text.size() && number.length > 0;
+    return isNumber && !number.IsTooLarge() ? std::optional(number.value) : std::nullopt;
 }
 
 }  // namespace dstv

@@ -26,7 +26,12 @@ struct JobError {
 std::string DescribeJobError(const JobError& error);
 
 using JobResult = std::variant<Job, std::vector<JobError>>;
-using NcFilesResult = std::variant<std::vector<std::filesystem::path>, std::vector<JobError>>;
+/// An NC file that a job names.
+struct NamedNcFile {
+    std::string name;      ///< UTF-8, with slashes on every system
+    bool isPlain = false;  ///< its folder tells that it is a file, and no link to one
+};
+using NcFilesResult = std::variant<std::vector<NamedNcFile>, std::vector<JobError>>;
 
 /// Reads a job and checks it completely, then the table of remnants that it names. Else one fault,
 /// when the file cannot be read or is no TOML, or all faults by line, of the job before those of

@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <map>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <system_error>
@@ -32,8 +33,11 @@ bool HasWildcard(std::string_view text) {
 
 /// For comparing by whole characters: bytes that are no UTF-8 are one each, and so are the two
 /// halves of a character on Windows.
-std::u32string CharactersOf(const fs::path& name) {
-    const ZetString text = ZetString::fromUtf8(Utf8Of(name));
+std::u32string CharactersOf(const std::string& name) {
+    const auto isAscii = [](char c) { return static_cast<unsigned char>(c) < 0x80; };
+    if (std::all_of(name.begin(), name.end(), isAscii))
+        return {name.begin(), name.end()};
+    const ZetString text = ZetString::fromUtf8(name);
     std::u32string characters;
     for (const wchar_t c : text.view()) {
         const bool isSecondHalf = c >= 0xDC00 && c <= 0xDFFF;
@@ -47,15 +51,41 @@ std::u32string CharactersOf(const fs::path& name) {
 
 /// Whether a file's name fits, by whole characters; one that begins with a dot only fits a pattern
 /// that does.
-bool FitsName(const std::u32string& wanted, const fs::path& name) {
+bool FitsName(const std::u32string& wanted, const std::string& name) {
     const std::u32string text = CharactersOf(name);
     return (text.front() != U'.' || wanted.front() == U'.') &&
            MatchesPattern<char32_t>(text, wanted);
 }
 
-fs::path InSmallLetters(const fs::path& name) {
-    return PathFromUtf8(ZetString(SmallLetters(ZetString::fromUtf8(Utf8Of(name)))).toUtf8());
+std::string InSmallLetters(const std::string& name) {
+    return ZetString(SmallLetters(ZetString::fromUtf8(name))).toUtf8();
 }
+
+/// What stands before the names of the files in a folder.
+std::string PrefixOf(const fs::path& folder) {
+    return Utf8Of(folder / "");
+}
+
+/// Names of files by which they are told apart; of those in one folder only the first takes time.
+class NormalNames {
+  public:
+    std::string Of(const std::string& file) {
+        const std::size_t begin = file.rfind('/') + 1;
+        if (begin == file.size() || file[begin] == '.')
+            return Utf8Of(PathFromUtf8(file).lexically_normal());
+        if (const std::string_view folder(file.data(), begin); !m_folder || folder != *m_folder) {
+            m_folder = folder;
+            m_normal = Utf8Of(PathFromUtf8(*m_folder + kAnyName).lexically_normal());
+            m_normal.pop_back();
+        }
+        return m_normal + file.substr(begin);
+    }
+
+  private:
+    static constexpr char kAnyName = 'x';
+    std::optional<std::string> m_folder;  ///< with its slash
+    std::string m_normal;                 ///< of the folder
+};
 
 /// What lies behind a name.
 enum class Kind {
@@ -97,16 +127,16 @@ std::string AdviseOnFolder(const fs::path& folder) {
 class NcFileSearch {
   public:
     /// The files below `folder` that fit `pattern`, a relative path.
-    std::vector<fs::path> Find(const fs::path& folder, const fs::path& pattern) {
-        std::vector<Found> found = {
-            {folder, false}
+    std::vector<NamedNcFile> Find(const fs::path& folder, const fs::path& pattern) {
+        std::vector<NamedNcFile> found = {
+            {Utf8Of(folder), false}
         };
         for (const fs::path& segment : pattern)
             found = Descend(found, segment);
-        std::vector<fs::path> files;
-        for (Found& each : found)
-            if (each.isFile || IsMeant(each.path))
-                files.push_back(std::move(each.path));
+        std::vector<NamedNcFile> files;
+        for (NamedNcFile& each : found)
+            if (each.isPlain || IsMeant(PathFromUtf8(each.name)))
+                files.push_back(std::move(each));
         return files;
     }
 
@@ -115,14 +145,14 @@ class NcFileSearch {
     std::string WhyNone(const fs::path& folder, const fs::path& pattern) {
         fs::path at = folder;
         for (const fs::path& segment : pattern) {
-            const std::vector<Found> found = Descend(
+            const std::vector<NamedNcFile> found = Descend(
                 {
-                    {at, false}
+                    {Utf8Of(at), false}
             },
                 segment);
             if (found.empty())
-                return DescribeMiss(at, segment);
-            at = found.front().path;
+                return DescribeMiss(at, Utf8Of(segment));
+            at = PathFromUtf8(found.front().name);
         }
         return "";
     }
@@ -132,53 +162,54 @@ class NcFileSearch {
 
   private:
     struct Listing {
-        /// What the names stand for, as far as the folder tells without a look at each.
-        std::map<std::string, bool> isFile;
+        /// Which names are plain files, as far as the folder tells without a look at each.
+        std::map<std::string, bool> isPlain;
         std::error_code error;
     };
-    struct Found {
-        fs::path path;
-        bool isFile;  ///< for certain
-    };
 
-    std::vector<Found> Descend(const std::vector<Found>& folders, const fs::path& segment) {
-        std::vector<Found> found;
-        for (const Found& folder : folders) {
+    std::vector<NamedNcFile> Descend(const std::vector<NamedNcFile>& folders,
+                                     const fs::path& segment) {
+        std::vector<NamedNcFile> found;
+        for (const NamedNcFile& each : folders) {
+            const fs::path folder = PathFromUtf8(each.name);
             if (HasWildcard(Utf8Of(segment)))
-                AppendFitting(folder.path, segment, found);
-            else if (IsThere(folder.path, Utf8Of(segment)))
-                found.push_back({folder.path / segment, false});
+                AppendFitting(folder, Utf8Of(segment), found);
+            else if (IsThere(folder, Utf8Of(segment)))
+                found.push_back({Utf8Of(folder / segment), false});
         }
         return found;
     }
 
-    std::string DescribeMiss(const fs::path& folder, const fs::path& segment) {
+    std::string DescribeMiss(const fs::path& folder, const std::string& segment) {
         const std::string where = folder.empty() ? "the job's folder" : Quoted(Utf8Of(folder));
         const Listing& listing = ListFolder(folder);
         if (listing.error)
             return where + " is no folder that can be listed";
         const std::u32string wanted = CharactersOf(InSmallLetters(segment));
-        for (const auto& [name, isFile] : listing.isFile)
-            if (FitsName(wanted, InSmallLetters(PathFromUtf8(name))))
+        for (const auto& [name, isPlain] : listing.isPlain)
+            if (FitsName(wanted, InSmallLetters(name)))
                 return where + " holds " + Quoted(name) + ", and capitals count";
         // Hidden ones are seldom meant.
         const auto other =
-            std::find_if(listing.isFile.begin(), listing.isFile.end(), [](const auto& entry) {
+            std::find_if(listing.isPlain.begin(), listing.isPlain.end(), [](const auto& entry) {
                 return !entry.first.starts_with('.');
             });
-        return where + (other == listing.isFile.end()
+        return where + (other == listing.isPlain.end()
                             ? " is empty"
                             : " holds other names, such as " + Quoted(other->first));
     }
 
-    void AppendFitting(const fs::path& folder, const fs::path& pattern, std::vector<Found>& found) {
+    void AppendFitting(const fs::path& folder,
+                       const std::string& pattern,
+                       std::vector<NamedNcFile>& found) {
         const Listing& listing = ListFolder(folder);
         if (listing.error && !IsNoFolder(listing.error))
             m_faults.push_back(TextOf(folder, "cannot be listed", listing.error));
         const std::u32string wanted = CharactersOf(pattern);
-        for (const auto& [name, isFile] : listing.isFile)
-            if (const fs::path path = PathFromUtf8(name); FitsName(wanted, path))
-                found.push_back({folder / path, isFile});
+        const std::string prefix = PrefixOf(folder);
+        for (const auto& [name, isPlain] : listing.isPlain)
+            if (FitsName(wanted, name))
+                found.push_back({prefix + name, isPlain});
     }
 
     /// Also true for a name that no folder lists, such as "..", and in a folder that cannot be
@@ -186,7 +217,7 @@ class NcFileSearch {
     bool IsThere(const fs::path& folder, const std::string& name) {
         const Listing& listing = ListFolder(folder);
         return listing.error || name.empty() || name == "." || name == ".." ||
-               listing.isFile.count(name) > 0;
+               listing.isPlain.count(name) > 0;
     }
 
     /// Also a link to nothing: whoever reads it tells. Nothing is left out unseen but folders.
@@ -202,13 +233,14 @@ class NcFileSearch {
 
     const Listing& ListFolder(const fs::path& folder) {
         const auto [entry, isNew] = m_folders.try_emplace(folder);
-        auto& [isFile, error] = entry->second;
+        auto& [isPlain, error] = entry->second;
         if (isNew) {
             const fs::path listed = folder.empty() ? fs::path(".") : folder;
             fs::directory_iterator file(listed, error);
             std::error_code ignored;
             for (; !error && file != fs::directory_iterator(); file.increment(error))
-                isFile.emplace(Utf8Of(file->path().filename()), file->is_regular_file(ignored));
+                isPlain.emplace(Utf8Of(file->path().filename()),
+                                !file->is_symlink(ignored) && file->is_regular_file(ignored));
             if (error && KindOf(folder, ignored) == Kind::kLinkToNothing)
                 m_faults.push_back(TextOf(folder, "is a link to nothing"));
         }
@@ -224,15 +256,16 @@ class NcFileSearch {
 NcFilesResult ExpandNcFiles(const Job& job) {
     const fs::path folder = PathFromUtf8(job.file).parent_path();
     NcFileSearch search;
-    std::map<std::string, fs::path> files;
+    std::map<std::string, NamedNcFile> files;
+    NormalNames names;
     std::vector<JobError> errors;
     for (const NcFilePattern& pattern : job.ncFiles) {
         const fs::path path = PathFromUtf8(pattern.text);
         const fs::path root = path.has_root_path() ? path.root_path() : folder;
         const fs::path below = path.relative_path().lexically_normal();
-        const std::vector<fs::path> found = search.Find(root, below);
-        for (const fs::path& file : found)
-            files.emplace(Utf8Of(file.lexically_normal()), file);
+        std::vector<NamedNcFile> found = search.Find(root, below);
+        for (NamedNcFile& file : found)
+            files.emplace_hint(files.end(), names.Of(file.name), std::move(file));
         std::vector<std::string> faults = search.TakeFaults();
         if (found.empty() && faults.empty()) {
             const std::string why = search.WhyNone(root, below);
@@ -244,9 +277,9 @@ NcFilesResult ExpandNcFiles(const Job& job) {
     }
     if (!errors.empty())
         return errors;
-    std::vector<fs::path> sorted;
-    for (const auto& [name, file] : files)
-        sorted.push_back(file);
+    std::vector<NamedNcFile> sorted;
+    for (auto& [name, file] : files)
+        sorted.push_back(std::move(file));
     return sorted;
 }
 

@@ -36,11 +36,17 @@ void AppendScaled(std::string& text, bool isNegative, std::uint64_t whole, int d
         text += '-';
     std::array<char, 24> digits;
     char* at = digits.data() + digits.size();
-    for (int i = 0; i <= decimals || whole > 0; ++i, whole /= 10) {
-        if (i == decimals && i > 0)
-            *--at = '.';
+    const auto prependDigit = [&] {
         *--at = static_cast<char>('0' + whole % 10);
-    }
+        whole /= 10;
+    };
+    for (int i = 0; i < decimals; ++i)
+        prependDigit();
+    if (decimals > 0)
+        *--at = '.';
+    do
+        prependDigit();
+    while (whole > 0);
     text.append(at, digits.data() + digits.size());
 }
 

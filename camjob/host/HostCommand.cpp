@@ -87,8 +87,8 @@ std::optional<std::vector<std::string>> Host::FindFiles(const job::Job& job) {
         return {};
     }
     std::vector<std::string> files;
-    for (const fs::path& file : std::get<std::vector<fs::path>>(found))
-        files.push_back(Utf8FromPath(file));
+    for (const job::NamedNcFile& file : std::get<std::vector<job::NamedNcFile>>(found))
+        files.push_back(Utf8FromPath(PathFromUtf8(file.name)));
     return files;
 }
 

@@ -29,10 +29,13 @@ FeatureAccounts SettleAccounts(const std::vector<dstv::NcEntry>& entries,
             accounts.lost.push_back(
                 {entry.line,
                  ZetString::format(L"%s: neither made nor told", ZetString(entry.kind))});
-        accounts.features.push_back({entry.kind,
-                                     entry.line,
-                                     whenMade.value_or(Account::kNotMade),
-                                     AccountOf(entry, ledger, false).value_or(Account::kNotMade)});
+        const AccountedFeature& feature = accounts.features.emplace_back(
+            AccountedFeature{entry.kind,
+                             entry.line,
+                             whenMade.value_or(Account::kNotMade),
+                             AccountOf(entry, ledger, false).value_or(Account::kNotMade)});
+        ++accounts.numbers.whenMade[feature.whenMade];
+        ++accounts.numbers.whenNotMade[feature.whenNotMade];
     }
     for (const long tag : ledger.GetStrangeTags())
         accounts.lost.push_back({tag, L"an operation or a message belongs to no feature"});

@@ -25,8 +25,19 @@ struct AccountedFeature {
     plugin::Account Get(bool isMemberMade) const { return isMemberMade ? whenMade : whenNotMade; }
 };
 
+/// How many features of one file ended where.
+struct MemberAccounts {
+    plugin::AccountNumbers whenMade;  ///< when the member is made
+    plugin::AccountNumbers whenNotMade;
+
+    const plugin::AccountNumbers& Get(bool isMemberMade) const {
+        return isMemberMade ? whenMade : whenNotMade;
+    }
+};
+
 /// Where the features of one file ended.
 struct FeatureAccounts {
+    MemberAccounts numbers;
     std::vector<AccountedFeature> features;  ///< in the order of their lines
     std::vector<LostFeature> lost;           ///< when the member is made: a fault of the program
 };

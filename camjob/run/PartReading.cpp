@@ -68,6 +68,9 @@ JudgedPart PartReading::Judge(dstv::NcFileEntity& entity, const std::string& fil
     if (judged.result.GetAdded() == plugin::JobRun::Added::kAdded) {
         const plugin::Ledger& ledger = judged.result.GetLedger();
         judged.accounts = SettleAccounts(entries, ledger);
+        // Whoever draws members tells their features.
+        if (!m_areDrawingsTold)
+            judged.accounts.features = std::vector<AccountedFeature>();
         judged.ncFiles =
             NcFiles::Make(m_job, entity.getPart(), ledger, judged.result.GetGroupPosition());
         judged.drawing = std::move(drawing);

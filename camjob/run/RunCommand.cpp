@@ -57,23 +57,27 @@ class InFolder {
   public:
     explicit InFolder(fs::path folder) : m_folder(std::move(folder)) {}
 
-    bool operator()(const fs::path& file) {
+    /// `isPlain`: it is no link, and its name has slashes.
+    bool Has(const std::string& file, bool isPlain) {
+        if (isPlain)
+            return IsFolder(file.substr(0, file.rfind('/') + 1));
+        const fs::path path = PathFromUtf8(file);
         std::error_code ignored;
-        return IsFolder(file.parent_path()) ||
-               (fs::is_symlink(file, ignored) &&
-                IsFolder(fs::canonical(file, ignored).parent_path()));
+        return IsFolder(Utf8FromPath(path.parent_path())) ||
+               (fs::is_symlink(path, ignored) &&
+                IsFolder(Utf8FromPath(fs::canonical(path, ignored).parent_path())));
     }
 
   private:
-    bool IsFolder(const fs::path& path) {
-        const auto [at, isNew] = m_known.try_emplace(path);
+    bool IsFolder(const std::string& folder) {
+        const auto [at, isNew] = m_known.try_emplace(folder);
         if (isNew)
-            at->second = IsSameFile(path.empty() ? "." : path, m_folder);
+            at->second = IsSameFile(folder.empty() ? "." : PathFromUtf8(folder), m_folder);
         return at->second;
     }
 
     fs::path m_folder;
-    std::map<fs::path, bool> m_known;
+    std::map<std::string, bool> m_known;
 };
 
 /// Of a run that the memory was not enough for; what it found is let go of.
@@ -142,7 +146,7 @@ class JobRunner {
     RunReport m_report;
     bool m_hasBegun = false;  ///< to make the output
     job::Job m_job;
-    std::vector<fs::path> m_ncFiles;
+    std::vector<job::NamedNcFile> m_ncFiles;
     std::vector<MemberFile> m_memberFiles;
     std::vector<FeatureAccounts> m_memberAccounts;
     std::optional<NcFiles> m_ncOutput;
@@ -175,10 +179,7 @@ bool JobRunner::ReadJob() {
     job::NcFilesResult files = job::ExpandNcFiles(m_job);
     if (const auto* errors = std::get_if<std::vector<job::JobError>>(&files))
         return Refuse(*errors);
-    m_ncFiles = std::get<std::vector<fs::path>>(std::move(files));
-    // The same names on every system: the patterns have slashes too.
-    for (fs::path& file : m_ncFiles)
-        file = file.generic_u8string();
+    m_ncFiles = std::get<std::vector<job::NamedNcFile>>(std::move(files));
     return true;
 }
 
@@ -266,6 +267,7 @@ bool JobRunner::ShowDialog(plugin::JobRun& run,
 bool JobRunner::ReadInput(plugin::JobRun& run) {
     const bool isTold = m_options.asJson || m_job.reports.hasPage || m_job.reports.hasRunDocument ||
                         !m_options.against.empty();
+    run.SetRecordsKept(isTold);
     JobInput input(m_job, run, isTold ? &m_report.drawings : nullptr);
     if (!ReadFiles(input))
         return false;
@@ -303,12 +305,12 @@ void JobRunner::TakeLeftOut(JobInput& input, plugin::JobRun& run) {
 bool JobRunner::ReadFiles(JobInput& input) {
     m_progress.Begin("reading", static_cast<long>(m_ncFiles.size()), "files");
     ResultsInOrder<ReadPart> parts(m_ncFiles.size(), m_options.threads, [&](std::size_t i) {
-        return input.Read(m_ncFiles[i]);
+        return input.Read(PathFromUtf8(m_ncFiles[i].name));
     });
-    for (const fs::path& file : m_ncFiles) {
+    for (const job::NamedNcFile& file : m_ncFiles) {
         if (m_system.isCancelled())
             return Cancel();
-        m_progress.Step(Utf8FromPath(file));
+        m_progress.Step(file.name);
         input.Take(parts.Next());
     }
     return true;
@@ -328,22 +330,25 @@ std::vector<std::string> JobRunner::InputsReplacedBy(const ZetString& fileName) 
     for (const job::OutputFile& file : m_job.files)
         if (file.nc)
             folders.emplace_back(PathFromUtf8(NameIn(m_report.folder, file.nc->folder)));
-    const auto isBesideOutput = [&](const fs::path& input) {
-        return std::any_of(
-            folders.begin(), folders.end(), [&](InFolder& folder) { return folder(input); });
+    const auto check = [&](const std::string& input, bool isPlain) {
+        const bool isBesideOutput =
+            std::any_of(folders.begin(), folders.end(), [&](InFolder& folder) {
+                return folder.Has(input, isPlain);
+            });
+        const auto isInput = [&](const fs::path& output) {
+            return IsSameFile(PathFromUtf8(input), output);
+        };
+        if (isBesideOutput && std::any_of(outputs.begin(), outputs.end(), isInput))
+            replaced.push_back(input);
     };
-    const auto check = [&](const fs::path& input) {
-        const auto isInput = [&](const fs::path& output) { return IsSameFile(input, output); };
-        if (isBesideOutput(input) && std::any_of(outputs.begin(), outputs.end(), isInput))
-            replaced.push_back(Utf8FromPath(input));
-    };
-    check(PathFromUtf8(m_options.job));
-    std::for_each(m_ncFiles.begin(), m_ncFiles.end(), check);
+    check(m_options.job, false);
+    for (const job::NamedNcFile& file : m_ncFiles)
+        check(file.name, file.isPlain);
     if (const fs::path remnants = job::GetRemnantFile(m_job); !remnants.empty())
-        check(remnants);
+        check(Utf8FromPath(remnants), false);
     for (const job::MachineFormat& format : m_job.formats)
         if (const fs::path file = job::GetFormatFile(m_job, format); !file.empty())
-            check(file);
+            check(Utf8FromPath(file), false);
     return replaced;
 }
 
@@ -404,6 +409,7 @@ void JobRunner::TakeMembers(plugin::JobRun& run) {
         NoteUnprinted(m_memberFiles[i].name, members[i]);
         m_report.members.push_back({std::move(members[i]),
                                     std::move(m_memberFiles[i]),
+                                    m_memberAccounts[i].numbers,
                                     std::move(m_memberAccounts[i].features)});
     }
 }

@@ -45,13 +45,6 @@ void RunReport::DropResults() {
     changes.reset();
 }
 
-plugin::AccountNumbers RunMember::CountAccounts() const {
-    plugin::AccountNumbers numbers;
-    for (const AccountedFeature& feature : features)
-        ++numbers[feature.Get(result.IsMade())];
-    return numbers;
-}
-
 plugin::GroupResult RunReport::SumGroups() const {
     plugin::GroupResult sum;
     for (const RunGroup& of : groups) {

@@ -65,9 +65,11 @@ struct MemberFile {
 struct RunMember {
     plugin::MemberResult result;
     MemberFile file;
-    std::vector<AccountedFeature> features;  ///< in the order of their lines
+    MemberAccounts accounts;
+    /// In the order of their lines; empty when nothing tells them.
+    std::vector<AccountedFeature> features;
 
-    plugin::AccountNumbers CountAccounts() const;
+    const plugin::AccountNumbers& CountAccounts() const { return accounts.Get(result.IsMade()); }
 };
 
 /// A file that could be read and takes no part: its member type is left out, or none takes it.

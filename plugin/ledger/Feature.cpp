@@ -25,7 +25,9 @@ FeatureKind KindOf(const ZetNCHoleData& hole) {
 }
 
 std::vector<Feature> FeaturesOf(const ZetNCStructure& structure) {
+    constexpr std::size_t kUsualCount = 32;
     std::vector<Feature> features;
+    features.reserve(kUsualCount);
     for (const ZetNCView& view : structure.getViews()) {
         const auto add = [&](FeatureKind kind, const auto& list) {
             for (const auto& each : list)

@@ -79,12 +79,12 @@ bool JobMember::IsSilent(std::size_t operation) const {
 /// Of operations that no file of the group says anything for, one note tells them all.
 void JobMember::NoteSilent() {
     std::set<long> silent;
-    for (std::size_t i = 0; i < m_operationTags.size(); ++i)
+    for (std::size_t i = 0; i < m_judging->operationTags.size(); ++i)
         if (IsSilent(i))
-            silent.insert(m_operationTags[i]);
+            silent.insert(m_judging->operationTags[i]);
     if (silent.empty())
         return;
-    for (const auto& [place, sink] : m_sinks)
+    for (const auto& [place, sink] : m_judging->sinks)
         if (silent.count(std::get<0>(place)) > 0)
             silent.insert(sink.GetHoleData().hostTag);
     const auto count = static_cast<long>(silent.size());
@@ -99,7 +99,8 @@ void JobMember::NoteSilent() {
 bool JobMember::WriteFormat(std::size_t position) {
     std::vector<FormatFault> faults;
     const FormatWriter& writer = m_rules.GetFormats()[position];
-    m_formatted[position] = writer.WriteMember(m_machineMember, m_rules.GetFormatTexts(), faults);
+    m_formatted[position] =
+        writer.WriteMember(m_judging->machineMember, m_rules.GetFormatTexts(), faults);
     return !FileFormatFaults(writer.GetFormat(), faults);
 }
 
@@ -113,9 +114,10 @@ bool JobMember::FileFormatFaults(const job::MachineFormat& format,
             taken.insert(static_cast<std::size_t>(fault.operation));
     }
     for (auto at = taken.rbegin(); at != taken.rend(); ++at) {
-        m_machineMember.operations.erase(m_machineMember.operations.begin() +
-                                         static_cast<std::ptrdiff_t>(*at));
-        m_operationTags.erase(m_operationTags.begin() + static_cast<std::ptrdiff_t>(*at));
+        m_judging->machineMember.operations.erase(m_judging->machineMember.operations.begin() +
+                                                  static_cast<std::ptrdiff_t>(*at));
+        m_judging->operationTags.erase(m_judging->operationTags.begin() +
+                                       static_cast<std::ptrdiff_t>(*at));
     }
     return !taken.empty();
 }
@@ -131,11 +133,11 @@ void JobMember::FileFormatFault(const job::MachineFormat& format, const FormatFa
         return;
     }
     const auto position = static_cast<std::size_t>(fault.operation);
-    finding.text += L": " + Describe(m_machineMember.operations[position]);
-    finding.feature = FeatureOf(m_operationTags[position]);
+    finding.text += L": " + Describe(m_judging->machineMember.operations[position]);
+    finding.feature = FeatureOf(m_judging->operationTags[position]);
     FileFinding(finding);
-    for (const auto& [place, sink] : m_sinks)
-        if (std::get<0>(place) == m_operationTags[position]) {
+    for (const auto& [place, sink] : m_judging->sinks)
+        if (std::get<0>(place) == m_judging->operationTags[position]) {
             finding.feature = FeatureOf(sink.GetHoleData().hostTag);
             FileFinding(finding);
         }

@@ -47,8 +47,10 @@ int ThreadOf(const CHoleAddlInfo& hole) {
 
 /// The angle of a slot in the frame of its face: each axis that the view turns round mirrors it.
 double AngleOf(const CHoleAddlInfo& hole) {
-    const CViewData& view = hole.GetViewData();
     double angle = hole.GetSlotAngle();
+    if (angle == 0.0)
+        return 0.0;
+    const CViewData& view = hole.GetViewData();
     for (const double factor :
          {view.GetDimXNegate(), view.GetDimYNegate(), view.GetDimFromOtherFace()})
         angle = factor < 0.0 ? -angle : angle;
@@ -114,8 +116,8 @@ MachineOperation OperationOf(const CNotchAddInfo& notch) {
 
 void JobMember::GenerateOutPutStringForHoles() {
     const auto most = static_cast<std::size_t>(m_holes.length() + m_notches.length());
-    m_machineMember.operations.reserve(most);
-    m_operationTags.reserve(most);
+    m_judging->machineMember.operations.reserve(most);
+    m_judging->operationTags.reserve(most);
     for (const CHoleAddlInfo& hole : m_holes) {
         if (!IsManufactured(hole))
             continue;
@@ -160,7 +162,7 @@ void JobMember::MakeMitres() {
 
 /// Of cuts that are the same, one is made for all.
 void JobMember::AddOperationOnce(MachineOperation operation, long tag) {
-    const auto [first, isNew] = m_cutLines.insert({FormatOperation(operation), tag});
+    const auto [first, isNew] = m_judging->cutLines.insert({FormatOperation(operation), tag});
     if (isNew)
         AddOperation(std::move(operation), tag);
     else if (tag != first->second)
@@ -168,12 +170,12 @@ void JobMember::AddOperationOnce(MachineOperation operation, long tag) {
 }
 
 void JobMember::AddOperation(MachineOperation operation, long tag) {
-    m_machineMember.operations.push_back(std::move(operation));
-    m_operationTags.push_back(tag);
+    m_judging->machineMember.operations.push_back(std::move(operation));
+    m_judging->operationTags.push_back(tag);
 }
 
 void JobMember::MakeOperations() {
-    if (std::exchange(m_hasOperations, true))
+    if (std::exchange(m_judging->hasOperations, true))
         return;
     GenerateOutPutStringForHoles();
     GenerateOutPutStringForNotches();
@@ -183,8 +185,9 @@ void JobMember::MakeOperations() {
 }
 
 void JobMember::ClaimOperations() {
-    for (std::size_t i = 0; i < m_operationTags.size(); ++i)
-        m_ledger.Claim(m_operationTags[i], IsSilent(i) ? Account::kNotForMachine : Account::kMade);
+    for (std::size_t i = 0; i < m_judging->operationTags.size(); ++i)
+        m_ledger.Claim(m_judging->operationTags[i],
+                       IsSilent(i) ? Account::kNotForMachine : Account::kMade);
 }
 
 /// A section of the type's own has its flanges' widths from the web; else they begin where the
@@ -213,18 +216,18 @@ std::array<std::optional<double>, eHoleFaceNone + 1> JobMember::UpperEdges() con
 
 /// All but its operations.
 void JobMember::MakeMachineMember() {
-    m_machineMember.mark = GetMark();
-    m_machineMember.quantity = GetQty();
-    m_machineMember.profile = GetProfileName();
-    m_machineMember.length = GetLength();
-    m_machineMember.group = GetGroup().id;
-    m_machineMember.material = m_material;
-    m_machineMember.height = GetWebWidth();
-    m_machineMember.width = GetProfileWidth();
-    m_machineMember.thickness = GetProfileThick();
-    m_machineMember.weight = GetLength() / kMillimetresAMetre * m_weightPerMetre;
-    m_machineMember.weightPerMetre = m_weightPerMetre;
-    m_machineMember.upperEdges = UpperEdges();
+    m_judging->machineMember.mark = GetMark();
+    m_judging->machineMember.quantity = GetQty();
+    m_judging->machineMember.profile = GetProfileName();
+    m_judging->machineMember.length = GetLength();
+    m_judging->machineMember.group = GetGroup().id;
+    m_judging->machineMember.material = m_material;
+    m_judging->machineMember.height = GetWebWidth();
+    m_judging->machineMember.width = GetProfileWidth();
+    m_judging->machineMember.thickness = GetProfileThick();
+    m_judging->machineMember.weight = GetLength() / kMillimetresAMetre * m_weightPerMetre;
+    m_judging->machineMember.weightPerMetre = m_weightPerMetre;
+    m_judging->machineMember.upperEdges = UpperEdges();
 }
 
 void JobMember::GenerateMemData() {
@@ -232,7 +235,7 @@ void JobMember::GenerateMemData() {
 }
 
 std::string JobMember::MakeRecords() const {
-    return FormatMember(m_machineMember);
+    return FormatMember(m_judging->machineMember);
 }
 
 ZetString JobMember::GetMemOutPutStr() {

@@ -106,7 +106,7 @@ class JobRun::Member final : public JobMember {
            const job::MemberType& type,
            ZetNCCreator& creator,
            const ZetString& file)
-        : JobMember(rules, type, creator), m_file(file) {}
+        : JobMember(rules, type, creator), m_fileName(FileNameOf(file)) {}
 
     /// Before it is written. `position` is that among the members of the run.
     void Join(JobRun& run, std::size_t position) {
@@ -120,10 +120,12 @@ class JobRun::Member final : public JobMember {
             throw Cancelled();
         JobMember::WriteMemOutPut(files, secondaryParts);
         m_run->m_written.push_back(m_position);
+        if (!m_run->m_areRecordsKept)
+            TakeRecords();
     }
 
-    /// Its NC file, "" when it was not told.
-    const ZetString& GetFile() const { return m_file; }
+    /// Of its NC file, without folder; "" when it was not told.
+    const ZetString& GetFileName() const { return m_fileName; }
     /// When it is valid.
     void AddSteelTo(SteelTotals& steel) const {
         if (GetOutcome().isValid)
@@ -143,7 +145,7 @@ class JobRun::Member final : public JobMember {
 
   private:
     JobRun* m_run = nullptr;
-    ZetString m_file;
+    ZetString m_fileName;
     std::size_t m_position = 0;
 };
 
@@ -207,12 +209,12 @@ JobRun::Judged JobRun::Judge(ZetNCEntity& entity,
         return Judged(Added::kSkipped);
     if (!HasNumbers(*type, GetProfileNameFromCreator(&creator)))
         return Judged(Added::kNoSize);
+    const ZetString file = job::EscapeControls(source);
     Judged judged(Added::kAdded);
-    judged.m_member =
-        std::make_unique<Member>(m_rules, *type, creator, job::EscapeControls(source));
+    judged.m_member = std::make_unique<Member>(m_rules, *type, creator, file);
     Member& member = *judged.m_member;
     if (m_job.reports.areSourcesTold)
-        member.SetSource(member.GetFile());
+        member.SetSource(file);
     member.SetNotedFeatures(notedFeatures);
     member.ValidateMember();
     // Parts of assemblies are settled as they are written: a main part lacks what was not selected.
@@ -487,7 +489,7 @@ ProfilePlan JobRun::PlanFor(const std::vector<std::size_t>& members) {
     parts.material = first.GetMaterial();
     for (const std::size_t position : members) {
         const Member& member = *m_members[position];
-        parts.parts.push_back({member.GetMark(), FileNameOf(member.GetFile()), position});
+        parts.parts.push_back({member.GetMark(), member.GetFileName(), position});
         parts.demand.push_back({PieceLength(member.GetLength()), std::max(member.GetQty(), 0L)});
         if (parts.weightPerMetre == 0.0)
             parts.weightPerMetre = member.GetWeightPerMetre();

@@ -38,7 +38,7 @@ struct MemberResult {
     std::vector<Finding> findings;
     std::vector<SetAsideFeature> setAside;
     std::vector<FeatureNote> notes;
-    MemberRecords records;  ///< written to the machine files when the member is made
+    MemberRecords records;  ///< in the machine files when it is made; unless SetRecordsKept(false)
 
     /// It has a block in the machine files.
     bool IsMade() const { return outcome.isValid && quantity > 0; }
@@ -129,6 +129,9 @@ class JobRun {
     Added Add(ZetNCEntity& entity);
     long GetCount() const { return static_cast<long>(m_members.size()); }
 
+    /// False: lets go of the records of each member as soon as they are written.
+    void SetRecordsKept(bool areKept) { m_areRecordsKept = areKept; }
+
     /// Makes the plans "least" instead of the planner of `cutting/`.
     void SetPlanner(cutting::Planner planner) { m_planner = std::move(planner); }
 
@@ -210,6 +213,7 @@ class JobRun {
     std::vector<std::unique_ptr<Member>> m_members;
     GroupSections m_sections;  ///< from Write on
     CMxCamGlobAcc m_accumulator;
+    bool m_areRecordsKept = true;
     std::vector<ZetString> m_leftOut;
     ZetArray<FileFault> m_faults;
     BarsInHand m_bars;

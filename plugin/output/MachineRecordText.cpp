@@ -40,7 +40,7 @@ struct WordField {
 
 template <typename Record>
 struct Field {
-    std::string_view name;
+    std::string_view begin;  ///< a blank, its name, "="
     std::variant<double Record::*,
                  long Record::*,
                  ZetString Record::*,
@@ -50,53 +50,53 @@ struct Field {
 };
 
 constexpr Field<MachineMember> kMemberFields[] = {
-    {"mark",     &MachineMember::mark    },
-    {"quantity", &MachineMember::quantity},
-    {"profile",  &MachineMember::profile },
-    {"length",   &MachineMember::length  },
-    {"material", &MachineMember::material},
-    {"weight",   &MachineMember::weight  },
+    {" mark=",     &MachineMember::mark    },
+    {" quantity=", &MachineMember::quantity},
+    {" profile=",  &MachineMember::profile },
+    {" length=",   &MachineMember::length  },
+    {" material=", &MachineMember::material},
+    {" weight=",   &MachineMember::weight  },
 };
 
 using Operation = MachineOperation;
 using OperationField = Field<Operation>;
 
 constexpr OperationField kFace = {
-    "face", WordField<Operation>{&Operation::face, kFaceWords}
+    " face=", WordField<Operation>{&Operation::face, kFaceWords}
 };
 constexpr OperationField kCut = {
-    "cut", WordField<Operation>{&Operation::cut, kCutWords}
+    " cut=", WordField<Operation>{&Operation::cut, kCutWords}
 };
-constexpr OperationField kX = {"x", &Operation::x};
-constexpr OperationField kY = {"y", &Operation::y};
-constexpr OperationField kDiameter = {"diameter", &Operation::diameter};
-constexpr OperationField kLength = {"length", &Operation::length};
-constexpr OperationField kWidth = {"width", &Operation::width};
-constexpr OperationField kAngle = {"angle", &Operation::angle};
-constexpr OperationField kDepth = {"depth", &Operation::depth};
-constexpr OperationField kSinkDiameter = {"sink_diameter", &Operation::sinkDiameter};
-constexpr OperationField kSinkDepth = {"sink_depth", &Operation::sinkDepth};
+constexpr OperationField kX = {" x=", &Operation::x};
+constexpr OperationField kY = {" y=", &Operation::y};
+constexpr OperationField kDiameter = {" diameter=", &Operation::diameter};
+constexpr OperationField kLength = {" length=", &Operation::length};
+constexpr OperationField kWidth = {" width=", &Operation::width};
+constexpr OperationField kAngle = {" angle=", &Operation::angle};
+constexpr OperationField kDepth = {" depth=", &Operation::depth};
+constexpr OperationField kSinkDiameter = {" sink_diameter=", &Operation::sinkDiameter};
+constexpr OperationField kSinkDepth = {" sink_depth=", &Operation::sinkDepth};
 constexpr OperationField kThread = {
-    "thread", WordField<Operation>{&Operation::thread, kThreadWords}
+    " thread=", WordField<Operation>{&Operation::thread, kThreadWords}
 };
-constexpr OperationField kPoints = {"points", &Operation::points};
-constexpr OperationField kCode = {"code", &Operation::code};
+constexpr OperationField kPoints = {" points=", &Operation::points};
+constexpr OperationField kCode = {" code=", &Operation::code};
 
 constexpr OperationField kSide = {
-    "side", WordField<Operation>{&Operation::side, kSideWords}
+    " side=", WordField<Operation>{&Operation::side, kSideWords}
 };
-constexpr OperationField kAt = {"at", &Operation::at};
+constexpr OperationField kAt = {" at=", &Operation::at};
 constexpr OperationField kEnd = {
-    "end", WordField<Operation>{&Operation::end, kEndWords}
+    " end=", WordField<Operation>{&Operation::end, kEndWords}
 };
 constexpr OperationField kCutFace = {
-    "face", WordField<Operation>{&Operation::cutFace, kCutFaceWords}
+    " face=", WordField<Operation>{&Operation::cutFace, kCutFaceWords}
 };
 constexpr OperationField kMarkKind = {
-    "kind", WordField<Operation>{&Operation::mark, kMarkWords}
+    " kind=", WordField<Operation>{&Operation::mark, kMarkWords}
 };
-constexpr OperationField kHeight = {"height", &Operation::height};
-constexpr OperationField kText = {"text", &Operation::text};
+constexpr OperationField kHeight = {" height=", &Operation::height};
+constexpr OperationField kText = {" text=", &Operation::text};
 
 constexpr OperationField kHole[] = {kFace, kX, kY, kDiameter, kDepth, kThread, kCode};
 constexpr OperationField kCountersunk[] = {
@@ -289,9 +289,7 @@ void AppendLine(std::string& text,
                 const Record& record) {
     AppendAscii(text, word);
     for (const Field<Record>& field : fields) {
-        text += ' ';
-        text += field.name;
-        text += '=';
+        text += field.begin;
         std::visit(FieldFormatter<Record>{record, text}, field.value);
     }
 }
@@ -301,19 +299,21 @@ void AppendOperation(std::string& text, const MachineOperation& operation) {
     AppendLine(text, kOperationWords[kind], kOperations[kind], operation);
 }
 
+template <typename Record>
+ZetString NameOf(const Field<Record>& field) {
+    return ZetString::fromUtf8(field.begin.substr(1, field.begin.size() - 2));
+}
+
 /// Reads what follows the word of a line. The fault, "" when there is none.
 template <typename Record>
 ZetString ParseFields(std::wstring_view text,
                       std::span<const Field<Record>> fields,
                       Record& record) {
     for (const Field<Record>& field : fields) {
-        const bool isThere =
-            TakePrefix(text, " ") && TakePrefix(text, field.name) && TakePrefix(text, "=");
-        if (!isThere)
-            return ZetString::format(L"the field %s is missing", ZetString::fromUtf8(field.name));
+        if (!TakePrefix(text, field.begin))
+            return ZetString::format(L"the field %s is missing", NameOf(field));
         if (!std::visit(FieldParser<Record>{record, text}, field.value))
-            return ZetString::format(L"the field %s has no valid value",
-                                     ZetString::fromUtf8(field.name));
+            return ZetString::format(L"the field %s has no valid value", NameOf(field));
     }
     return text.empty() ? L"" : L"there is more in the line than its fields";
 }

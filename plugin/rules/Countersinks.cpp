@@ -88,7 +88,7 @@ void JobMember::JoinCountersinks() {
         CHoleAddlInfo& hole = m_holes[index];
         hole.SetIsCSK(true);
         hole.SetCSKPos(0);
-        m_sinks.insert({PlaceOf(hole), sink});
+        m_judging->sinks.insert({PlaceOf(hole), sink});
         m_ledger.Join(sink.GetHoleData().hostTag, hole.GetHoleData().hostTag);
     }
 }
@@ -102,8 +102,8 @@ JobMember::HolePlace JobMember::PlaceOf(const CHoleAddlInfo& hole) {
 
 /// The countersink of a hole; null: it has none.
 const CHoleAddlInfo* JobMember::SinkOf(const CHoleAddlInfo& hole) const {
-    const auto at = m_sinks.find(PlaceOf(hole));
-    return at == m_sinks.end() ? nullptr : &at->second;
+    const auto at = m_judging->sinks.find(PlaceOf(hole));
+    return at == m_judging->sinks.end() ? nullptr : &at->second;
 }
 
 /// With a hole that is not made goes its countersink.

@@ -25,11 +25,11 @@ constexpr int kWebBackView = 3;
 const FaceOutline* JobMember::OutlineOf(int viewPosition) const {
     if (IsPlate())
         return nullptr;
-    auto at = m_outlines.find(viewPosition);
+    auto at = m_judging->outlines.find(viewPosition);
     const bool isWeb = viewPosition == kWebView || viewPosition == kWebBackView;
-    if (at == m_outlines.end() && isWeb && !IsHollow())
-        at = m_outlines.find(kWebView + kWebBackView - viewPosition);
-    return at == m_outlines.end() ? nullptr : &at->second;
+    if (at == m_judging->outlines.end() && isWeb && !IsHollow())
+        at = m_judging->outlines.find(kWebView + kWebBackView - viewPosition);
+    return at == m_judging->outlines.end() ? nullptr : &at->second;
 }
 
 /// The whole of a hole: one that relieves a corner is made.
@@ -71,7 +71,7 @@ bool JobMember::IsBeyondMitre(const ZetGeomPoint2d& centre, int viewPosition, do
     const bool isFlange = isTop || viewPosition == kBottomFlangeView;
     const double height = isTop ? header.height : 0.0;
     const double depth = FileYOf(centre.y, isTop ? m_type.topFlange : m_type.bottomFlange);
-    const double across = m_plate ? centre.y - m_plate->GetBox().minY : centre.y;
+    const double across = m_judging->plate ? centre.y - m_judging->plate->GetBox().minY : centre.y;
     for (const ZetNCCut& mitre : m_mitres) {
         // A cut may be told twice, by the header and by itself.
         Shortening web;

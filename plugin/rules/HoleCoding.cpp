@@ -27,15 +27,15 @@ job::CodeValues ValuesOf(const CHoleAddlInfo& hole) {
 
 void JobMember::CodeHoles() {
     const ZetString profileName = GetProfileName();
-    m_entryOfHole.clear();
-    m_entryOfHole.reserve(static_cast<std::size_t>(m_holes.length()));
+    m_judging->entryOfHole.clear();
+    m_judging->entryOfHole.reserve(static_cast<std::size_t>(m_holes.length()));
     for (CHoleAddlInfo& hole : m_holes) {
         if (!hole.GetValid()) {
-            m_entryOfHole.push_back(nullptr);
+            m_judging->entryOfHole.push_back(nullptr);
             continue;
         }
         const HoleRuleMatcher::Match match = m_rules.GetHoleRules().Find(hole, profileName);
-        m_entryOfHole.push_back(match.entry);
+        m_judging->entryOfHole.push_back(match.entry);
         if (match.entry != nullptr)
             CodeHole(hole, *match.entry);
         else if (match.excluding != nullptr)

@@ -72,19 +72,19 @@ const FaceOutline* JobMember::PlateOutline() {
         return nullptr;
     for (const eHoleFace side : {eHoleFaceWeb, eHoleFaceWebBack})
         for (const ZetNCView& view : m_structure.getViews())
-            if (!m_plate && FaceAtView(view.getViewPos()) == side &&
+            if (!m_judging->plate && FaceAtView(view.getViewPos()) == side &&
                 !view.getExternalContours().isEmpty())
-                m_plate.emplace(CornersOf(view.getExternalContours().first()));
-    if (!m_plate) {
+                m_judging->plate.emplace(CornersOf(view.getExternalContours().first()));
+    if (!m_judging->plate) {
         const ZetNCHeaderData& header = m_memType.GetHeaderData();
-        m_plate.emplace(std::vector<ZetGeomPoint2d>{
+        m_judging->plate.emplace(std::vector<ZetGeomPoint2d>{
             {0.0,           0.0          },
             {header.length, 0.0          },
             {header.length, header.height},
             {0.0,           header.height}
         });
     }
-    return &*m_plate;
+    return &*m_judging->plate;
 }
 
 /// The extents of a hole's face, of the front and the back of a plate its outline's.

@@ -228,36 +228,31 @@ void JobMember::MakeOutput() {
     GenerateMemData();
     m_records.text = MakeRecords();
     m_records.text.shrink_to_fit();
-    m_records.operations = std::move(m_operationTags);
+    m_records.operations = std::move(m_judging->operationTags);
     m_unmadeFeatures = m_notedFeatures + m_ledger.CountNotMade();
     ReleaseSources();
 }
 
 /// Of a hundred thousand members only what is written or asked for later may stay.
 void JobMember::ReleaseSources() {
+    m_judging.reset();
     m_creator = nullptr;
     m_entity = nullptr;
+    // Only parts of assemblies are asked later which part they are.
+    if (!getIsPartOfAssy())
+        m_equalPart = {};
     m_structure = {};
     m_holes = {};
     m_cskHoles = {};
     m_duplicateHoles = {};
-    Release(m_reasons);
-    m_sinks.clear();
     Release(m_mitres);
     Release(m_trims);
-    m_cutLines.clear();
-    m_machineMember = {};
-    m_operationTags = {};
-    m_plate.reset();
-    m_planes.clear();
-    m_outlines.clear();
     m_notches = {};
     m_duplicateNotches = {};
     m_textList1 = {};
     m_textList2 = {};
     m_textList3 = {};
     SetSingleMemValid({});
-    Release(m_entryOfHole);
 }
 
 void JobMember::WriteMemOutPut(const ZetArray<ZetFileAccess*>& files,

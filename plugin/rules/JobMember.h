@@ -12,6 +12,7 @@
 #include "camdata/member/CMxPeilaib.h"
 
 #include <map>
+#include <memory>
 #include <optional>
 #include <set>
 #include <string>
@@ -177,7 +178,7 @@ class JobMember : public CMxPeilaib {
     const job::Group& GetGroup() const { return GetJob().groups[GetGroupPosition()]; }
     /// The rule that a hole falls under; null: none.
     const HoleRuleMatcher::Entry* EntryOfHole(long index) const {
-        return m_entryOfHole[static_cast<std::size_t>(index)];
+        return m_judging->entryOfHole[static_cast<std::size_t>(index)];
     }
 
     void TellSource(ZetArray<ZetString>& report) const;
@@ -336,31 +337,35 @@ class JobMember : public CMxPeilaib {
     enum class Section { kPlate, kRound, kOther };
     static Section SectionOf(const ZetString& profileCode);
 
-    const JudgingRules& m_rules;
-    const job::MemberType& m_type;
-    Section m_section = Section::kOther;
-    /// By hole; null: no rule. Only while the member is validated.
-    std::vector<const HoleRuleMatcher::Entry*> m_entryOfHole;
-    std::optional<FaceOutline> m_plate;  ///< its outline, or its box
     /// A view in a plane of its own.
     struct PlaneView {
         CViewData data;
         ZetGeomPlane plane;
         bool isAtEnd = false;  ///< it faces the end of the member
     };
-    std::map<int, PlaneView> m_planes;      ///< by view position
-    std::map<int, FaceOutline> m_outlines;  ///< by view position; those that operations tell
+    /// What a member knows only until MakeOutput is done.
+    struct Judging {
+        std::vector<const HoleRuleMatcher::Entry*> entryOfHole;  ///< by hole; null: no rule
+        std::optional<FaceOutline> plate;                        ///< its outline, or its box
+        std::map<int, PlaneView> planes;                         ///< by view position
+        std::map<int, FaceOutline> outlines;       ///< by view position; those that operations tell
+        std::vector<SetAside> reasons;             ///< by duplicate hole
+        std::map<HolePlace, CHoleAddlInfo> sinks;  ///< by the place of their holes
+        std::map<std::string, long> cutLines;      ///< of trims and mitres, with their tags
+        MachineMember machineMember;               ///< what is made; its operations
+        std::vector<long> operationTags;           ///< by operation
+        bool hasOperations = false;
+    };
+
+    const JudgingRules& m_rules;
+    const job::MemberType& m_type;
+    std::unique_ptr<Judging> m_judging = std::make_unique<Judging>();
+    Section m_section = Section::kOther;
     long m_ordered = 0;
     bool m_hasPieces = true;
     std::vector<Trim> m_trims;
     std::vector<ZetNCCut> m_mitres;
-    std::map<std::string, long> m_cutLines;  ///< of trims and mitres, with their tags
-    MachineMember m_machineMember;           ///< what is made; its operations
-    std::vector<long> m_operationTags;       ///< by operation
-    bool m_hasOperations = false;
     std::map<std::size_t, FormattedMember> m_formatted;  ///< by position in Job::formats
-    std::vector<SetAside> m_reasons;                     ///< by duplicate hole
-    std::map<HolePlace, CHoleAddlInfo> m_sinks;          ///< by the place of their holes
     std::vector<Finding> m_findings;
     std::vector<SetAsideFeature> m_setAside;
     std::vector<FeatureNote> m_notes;

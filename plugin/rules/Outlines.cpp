@@ -156,8 +156,9 @@ FaceBox JobMember::FaceOfView(int viewPosition) const {
     FaceBox face = kUnbounded;
     if (header.length > 0.0)
         std::tie(face.minX, face.maxX) = std::pair(0.0, header.length);
-    if (IsEdgeOfPlate(viewPosition) && m_plate)
-        std::tie(face.minX, face.maxX) = std::pair(m_plate->GetBox().minX, m_plate->GetBox().maxX);
+    if (IsEdgeOfPlate(viewPosition) && m_judging->plate)
+        std::tie(face.minX, face.maxX) =
+            std::pair(m_judging->plate->GetBox().minX, m_judging->plate->GetBox().maxX);
     if (width <= 0.0)
         return face;
     face.minY = isFlange ? LowerEdgeOf(width, isTop ? m_type.topFlange : m_type.bottomFlange) : 0.0;
@@ -247,7 +248,7 @@ bool JobMember::TakeOutline(const ZetNCContour& outline,
         RefuseContour(job::kUnclearCut, fault, outline, view.getViewPos());
         return false;
     }
-    m_outlines.insert_or_assign(view.getViewPos(), FaceOutline(CornersOf(outline)));
+    m_judging->outlines.insert_or_assign(view.getViewPos(), FaceOutline(CornersOf(outline)));
     // Without either it is made with the member as it is.
     if (!FindTrims(outline, view.getViewPos()) && !sum.hasNotches)
         m_ledger.Claim(outline.hostTag, Account::kMade);

@@ -109,7 +109,7 @@ void JobMember::SeePlanes() {
             m_holes = {};
             hasOwnFace = !IsUnclear(data) && data.GetFaceStr() != L"WEB";
             isAtEnd = hasOwnFace && FacesEnd(data);
-            m_planes.insert({
+            m_judging->planes.insert({
                 view.getViewPos(), {data, view.getPlane(), isAtEnd}
             });
         }
@@ -129,8 +129,8 @@ bool JobMember::FacesEnd(const CViewData& flange) const {
 void JobMember::RefusePlanesAtEnd() {
     ZetArray<ZetNCView> views = m_structure.getViews();
     for (ZetNCView& view : views) {
-        const auto plane = m_planes.find(view.getViewPos());
-        if (plane == m_planes.end() || !plane->second.isAtEnd)
+        const auto plane = m_judging->planes.find(view.getViewPos());
+        if (plane == m_judging->planes.end() || !plane->second.isAtEnd)
             continue;
         const auto refuse = [&](const auto& features) {
             for (const auto& each : features) {
@@ -168,9 +168,9 @@ void JobMember::RefusePlanesAtEnd() {
 /// it, and nothing else.
 void JobMember::CheckPlanes() {
     for (const ZetNCView& view : m_structure.getViews()) {
-        const auto plane = m_planes.find(view.getViewPos());
+        const auto plane = m_judging->planes.find(view.getViewPos());
         const bool isMade = IsGathered(view) || (m_type.areMarksMade && IsMarked(view));
-        if (plane == m_planes.end() || !isMade)
+        if (plane == m_judging->planes.end() || !isMade)
             continue;
         const auto tell = [&](const ZetString& text) {
             FileFinding(
@@ -186,9 +186,9 @@ void JobMember::CheckPlanes() {
 
 /// A plane whose X does not run along the member; null where a view has no such plane.
 const ZetGeomPlane* JobMember::AskewPlaneAt(int viewPosition) const {
-    const auto at = m_planes.find(viewPosition);
+    const auto at = m_judging->planes.find(viewPosition);
     const bool isAskew =
-        at != m_planes.end() &&
+        at != m_judging->planes.end() &&
         !ZetGeomTol().areParallel(at->second.plane.xAxis, ZetGeomVector3d{1.0, 0.0, 0.0});
     return isAskew ? &at->second.plane : nullptr;
 }
@@ -218,7 +218,7 @@ FaceBox JobMember::WholeMember() const {
 
 /// A standard face as it is; what lies on a plane gets into the frame of the plane's face.
 CViewData JobMember::ViewDataOf(int viewPosition) const {
-    if (const auto plane = m_planes.find(viewPosition); plane != m_planes.end())
+    if (const auto plane = m_judging->planes.find(viewPosition); plane != m_judging->planes.end())
         return plane->second.data;
     CViewData data;
     data.SetHoleFace(FaceAtView(viewPosition));

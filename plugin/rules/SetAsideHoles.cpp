@@ -173,7 +173,7 @@ void JobMember::OrderByView() {
 
 void JobMember::FileMarked(const CHoleAddlInfo& hole) {
     m_duplicateHoles.append(hole);
-    m_reasons.push_back(SetAside::kMarked);
+    m_judging->reasons.push_back(SetAside::kMarked);
     AddSetAside(hole.GetHoleData().hostTag, SetAside::kMarked, 0);
     if (const std::optional<Feature> feature = FeatureOf(hole.GetHoleData().hostTag))
         m_notes.push_back({*feature, kMarkedText + HoleText(hole)});
@@ -183,7 +183,7 @@ void JobMember::FileSetAside(const CHoleAddlInfo& hole,
                              SetAside reason,
                              const CHoleAddlInfo& other) {
     m_duplicateHoles.append(hole);
-    m_reasons.push_back(reason);
+    m_judging->reasons.push_back(reason);
     const bool isInSlot = reason == SetAside::kInsideSlot;
     const ZetString text =
         isInSlot ? ZetString::format(kInsideSlotFormat, HoleText(hole), HoleText(other))
@@ -209,7 +209,7 @@ std::vector<MemberHole> JobMember::CollectHoles() const {
     for (const CHoleAddlInfo& hole : m_cskHoles)
         holes.push_back({hole, hole.GetValid() ? SetAside::kCountersink : SetAside::kNot});
     for (long i = 0; i < m_duplicateHoles.length(); ++i)
-        holes.push_back({m_duplicateHoles[i], m_reasons[static_cast<std::size_t>(i)]});
+        holes.push_back({m_duplicateHoles[i], m_judging->reasons[static_cast<std::size_t>(i)]});
     return holes;
 }
 

@@ -53,8 +53,9 @@ TEST_P(NcFileSearch, FindsTheFiles) {
         return;
     }
     std::vector<std::string> names;
-    for (const std::filesystem::path& file : std::get<0>(result)) {
-        const auto relative = file.lexically_relative(folder.PathOf("")).generic_u8string();
+    for (const NamedNcFile& file : std::get<0>(result)) {
+        const auto relative =
+            PathFromUtf8(file.name).lexically_relative(folder.PathOf("")).generic_u8string();
         names.emplace_back(relative.begin(), relative.end());
     }
     EXPECT_EQ(names, GetParam().files);

@@ -1,5 +1,7 @@
 #include "camdata/platform/text/Unicode.h"
 
+#include <algorithm>
+
 #if defined(_WIN32)
 #include <windows.h>
 #endif
@@ -77,8 +79,16 @@ std::size_t AsciiRun(std::basic_string_view<Character> text) {
 void AppendAscii(std::string& bytes, std::wstring_view text) {
     const std::size_t before = bytes.size();
     bytes.resize(before + text.size());
-    for (std::size_t i = 0; i < text.size(); ++i)
-        bytes[before + i] = static_cast<char>(text[i]);
+    std::transform(text.begin(), text.end(), bytes.data() + before, [](wchar_t c) {
+        return static_cast<char>(c);
+    });
+}
+
+/// Appending by iterators of another type would make a text of its own first.
+void AppendAscii(std::wstring& text, std::string_view bytes) {
+    const std::size_t before = text.size();
+    text.resize(before + bytes.size());
+    std::copy(bytes.begin(), bytes.end(), text.data() + before);
 }
 
 /// Reads one code point of wide text at `at` and moves past it.
@@ -128,7 +138,7 @@ std::wstring WideFromUtf8(std::string_view bytes) {
     text.reserve(bytes.size());
     while (!bytes.empty()) {
         const std::size_t plain = AsciiRun(bytes);
-        text.append(bytes.begin(), bytes.begin() + static_cast<std::ptrdiff_t>(plain));
+        AppendAscii(text, bytes.substr(0, plain));
         bytes.remove_prefix(plain);
         if (bytes.empty())
             break;
