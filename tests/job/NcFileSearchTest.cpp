@@ -1,4 +1,5 @@
 #include "job/JobFile.h"
+#include "job/Utf8Path.h"
 #include "support/TempFolder.h"
 
 #include <algorithm>
@@ -53,9 +54,9 @@ TEST_P(NcFileSearch, FindsTheFiles) {
         return;
     }
     std::vector<std::string> names;
-    for (const NamedNcFile& file : std::get<0>(result)) {
+    for (const job::NamedNcFile& file : std::get<0>(result)) {
         const auto relative =
-            PathFromUtf8(file.name).lexically_relative(folder.PathOf("")).generic_u8string();
+            job::PathFromUtf8(file.name).lexically_relative(folder.PathOf("")).generic_u8string();
         names.emplace_back(relative.begin(), relative.end());
     }
     EXPECT_EQ(names, GetParam().files);
