@@ -1,5 +1,6 @@
 #include "camdata/holes/CHoleAddlInfo.h"
 
+#include "camdata/holes/HolePlace.h"
 #include "camdata/tolerance/CMxGeom.h"
 
 #include <array>
@@ -51,13 +52,11 @@ void CHoleAddlInfo::SetHoleData(const ZetNCHoleData& holeData) {
 }
 
 void CHoleAddlInfo::MoveSlotToCentre() {
-    const double angle = CMxGeom::dtor(m_holeData.slotAngle);
-    const double half = m_holeData.slotLength * 0.5;
-    const double endX = m_holeData.x;
-    const double endY = m_holeData.y;
-    m_holeData.x = endX + std::cos(angle) * half;
-    m_holeData.y = endY + std::sin(angle) * half;
-    m_slotVector = {endX - m_holeData.x, endY - m_holeData.y};
+    const ZetGeomPoint2d end = {m_holeData.x, m_holeData.y};
+    const ZetGeomPoint2d centre = camdata::detail::CentreOf(m_holeData);
+    m_holeData.x = centre.x;
+    m_holeData.y = centre.y;
+    m_slotVector = end - centre;
 }
 
 void CHoleAddlInfo::SetSqrHoleData(double size, double x, double y) {
@@ -79,11 +78,7 @@ void CHoleAddlInfo::SetRectHoleData(
 
 void CHoleAddlInfo::CorrectData(CViewData viewData) {
     m_viewData = std::move(viewData);
-    SetCorrectedY(GetYPos() + m_viewData.GetYValOffset());
-    if (m_viewData.GetDimYNegate() < 0.0)
-        m_correctedY = -m_correctedY;
-    if (m_viewData.GetDimFromOtherFace() < 0.0)
-        m_correctedY = m_viewData.GetFaceWidth() - m_correctedY;
+    SetCorrectedY(camdata::detail::OutputY(GetYPos(), m_viewData));
     // An X that keeps its sign stays raw: later changes of it go to the hole data.
     if (m_viewData.GetDimXNegate() < 0.0)
         SetCorrectedX(-GetXPos());

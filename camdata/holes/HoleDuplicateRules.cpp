@@ -1,15 +1,11 @@
 #include "camdata/holes/CHoleAddlInfo.h"
+#include "camdata/holes/HolePlace.h"
 #include "camdata/platform/geometry/ZetGeomTol.h"
 #include "camdata/tolerance/CMxGeom.h"
 
 bool CHoleAddlInfo::operator==(const CHoleAddlInfo& other) const {
-    if (GetXPos() == other.GetXPos() && GetYPos() == other.GetYPos())
-        return true;
-    const ZetGeomVector2d between{other.m_holeData.x - m_holeData.x,
-                                  other.m_holeData.y - m_holeData.y};
-    const double meanDiameter = (GetSize() + other.GetSize()) * 0.5;
-    CMxGeom::SetTol(eTolEPS);
-    return CMxGeom::IsLessOrEqual_Mx(between.length(), meanDiameter);
+    return camdata::detail::AreDuplicates(camdata::detail::PlaceOf(*this),
+                                          camdata::detail::PlaceOf(other));
 }
 
 bool CHoleAddlInfo::IsEqual(const CHoleAddlInfo& other) const {

@@ -20,14 +20,13 @@ struct PlacedHole {
 
 /// The holes for which `isWanted` holds, by position, at one position by index. A position that is
 /// no number is equal to none.
-template <typename IsWanted>
-std::vector<PlacedHole> SortedByPosition(const ZetArray<CHoleAddlInfo>& holes,
-                                         const IsWanted& isWanted) {
+std::vector<PlacedHole> SortedByPosition(const std::vector<CountersinkRole>& holes,
+                                         bool CountersinkRole::*isWanted) {
     std::vector<PlacedHole> placed;
-    for (long index = 0; index < holes.length(); ++index) {
-        const PlacedHole hole = {holes[index].GetXPos(), holes[index].GetYPos(), index};
-        if (isWanted(holes[index]) && !std::isnan(hole.x) && !std::isnan(hole.y))
-            placed.push_back(hole);
+    for (std::size_t index = 0; index < holes.size(); ++index) {
+        const CountersinkRole& hole = holes[index];
+        if (hole.*isWanted && !std::isnan(hole.x) && !std::isnan(hole.y))
+            placed.push_back({hole.x, hole.y, static_cast<long>(index)});
     }
     std::stable_sort(placed.begin(), placed.end(), [](const PlacedHole& a, const PlacedHole& b) {
         return a.IsBefore(b);
@@ -35,22 +34,24 @@ std::vector<PlacedHole> SortedByPosition(const ZetArray<CHoleAddlInfo>& holes,
     return placed;
 }
 
+/// Of every hole with a countersink, on purpose; not the place in the list of countersinks.
+constexpr long kCSKPosOfMainHole = 0;
+
 }  // namespace
 
-bool CanBeMarkedAsCountersunk(const CHoleAddlInfo& hole) {
-    return hole.GetHoleStatus() != eHoleStatusCSK && !hole.GetIsCSK();
+CountersinkRole CountersinkRoleOf(const CHoleAddlInfo& hole) {
+    const bool isCountersink = hole.GetHoleStatus() == eHoleStatusCSK;
+    return {hole.GetXPos(), hole.GetYPos(), isCountersink, !isCountersink && !hole.GetIsCSK()};
 }
 
-std::vector<long> FindCountersunkHoles(const ZetArray<CHoleAddlInfo>& holes) {
-    const auto isCountersink = [](const CHoleAddlInfo& hole) {
-        return hole.GetHoleStatus() == eHoleStatusCSK;
-    };
+std::vector<long> FindCountersunkHoles(const std::vector<CountersinkRole>& holes) {
     std::vector<long> marked;
-    const std::vector<PlacedHole> countersinks = SortedByPosition(holes, isCountersink);
+    const std::vector<PlacedHole> countersinks =
+        SortedByPosition(holes, &CountersinkRole::isCountersink);
     if (countersinks.empty())
         return marked;
     // Both ascend, so the next hole not passed yet is the first that is left for a countersink.
-    const std::vector<PlacedHole> free = SortedByPosition(holes, CanBeMarkedAsCountersunk);
+    const std::vector<PlacedHole> free = SortedByPosition(holes, &CountersinkRole::canBeMarked);
     auto next = free.begin();
     for (const PlacedHole& countersink : countersinks) {
         while (next != free.end() && next->IsBefore(countersink))
@@ -59,6 +60,11 @@ std::vector<long> FindCountersunkHoles(const ZetArray<CHoleAddlInfo>& holes) {
             marked.push_back((next++)->index);
     }
     return marked;
+}
+
+void MarkAsCountersunk(CHoleAddlInfo& hole) {
+    hole.SetIsCSK(true);
+    hole.SetCSKPos(kCSKPosOfMainHole);
 }
 
 }  // namespace camdata::detail

@@ -1,18 +1,26 @@
 #pragma once
 
 #include "camdata/holes/CHoleAddlInfo.h"
-#include "camdata/platform/base/ZetArray.h"
 
 #include <vector>
 
 namespace camdata::detail {
 
-/// True for a hole that a countersink can mark: no countersink itself, and not marked yet.
-bool CanBeMarkedAsCountersunk(const CHoleAddlInfo& hole);
+/// What a hole is to countersinks, and its current position.
+struct CountersinkRole {
+    double x;
+    double y;
+    bool isCountersink;  ///< status eHoleStatusCSK
+    bool canBeMarked;    ///< no countersink itself, and not marked yet
+};
 
-/// The holes that the countersinks of a list (status eHoleStatusCSK) mark: each countersink, from
-/// the first, marks the first hole at exactly its position that is not marked yet. In no special
-/// order.
-std::vector<long> FindCountersunkHoles(const ZetArray<CHoleAddlInfo>& holes);
+CountersinkRole CountersinkRoleOf(const CHoleAddlInfo& hole);
+
+/// The holes that the countersinks of a list mark: each countersink, from the first, marks the
+/// first hole at exactly its position that is not marked yet. In no special order.
+std::vector<long> FindCountersunkHoles(const std::vector<CountersinkRole>& holes);
+
+/// Marks the record of a hole that has a countersink.
+void MarkAsCountersunk(CHoleAddlInfo& hole);
 
 }  // namespace camdata::detail

@@ -2,7 +2,7 @@
 
 #include "camdata/platform/base/ZetArray.h"
 
-#include <algorithm>
+#include <cstddef>
 #include <utility>
 #include <vector>
 
@@ -49,6 +49,15 @@ Removers FindRemovers(long count, Kept kept, const IsDuplicate& isDuplicate) {
     return removers;
 }
 
+/// Makes room for more records at once, as appending them one by one would do in steps: a step
+/// moves all of the large records.
+template <typename Record>
+void MakeRoom(ZetArray<Record>& records, std::size_t more) {
+    const long length = records.length();
+    if (static_cast<long>(more) > length / 2)
+        records.reserve(length + static_cast<long>(more));
+}
+
 /// Drops the records for which `isDropped(index)` holds; the others keep their order.
 template <typename Record, typename IsDropped>
 void DropRecords(ZetArray<Record>& records, const IsDropped& isDropped) {
@@ -63,22 +72,19 @@ void DropRecords(ZetArray<Record>& records, const IsDropped& isDropped) {
     records.setLength(kept);
 }
 
-/// Moves the removed records to the end of `removed`: those that the first record removed first,
-/// each group in the order of the list.
+/// The removed records: those that the first record removed first, each group in the order of the
+/// list.
+std::vector<long> RemovedInOrder(const Removers& removers);
+
+/// Moves the removed records to the end of `removed`, in the order of RemovedInOrder.
 template <typename Record>
 void MoveRemoved(const Removers& removers, ZetArray<Record>& records, ZetArray<Record>& removed) {
-    const auto removerOf = [&](long index) { return removers[static_cast<std::size_t>(index)]; };
-    std::vector<long> leaving;
-    for (long index = 0; index < records.length(); ++index) {
-        if (removerOf(index) != kKept)
-            leaving.push_back(index);
-    }
-    std::stable_sort(leaving.begin(), leaving.end(), [&](long a, long b) {
-        return removerOf(a) < removerOf(b);
-    });
+    const std::vector<long> leaving = RemovedInOrder(removers);
+    MakeRoom(removed, leaving.size());
     for (const long index : leaving)
         removed.append(std::move(records[index]));
-    DropRecords(records, [&](long index) { return removerOf(index) != kKept; });
+    DropRecords(records,
+                [&](long index) { return removers[static_cast<std::size_t>(index)] != kKept; });
 }
 
 }  // namespace camdata::detail

@@ -1,6 +1,7 @@
 #include "camdata/member/CMxPeilaib.h"
 #include "camdata/member/HoleAndNotchSorting.h"
 #include "camdata/member/ViewFaces.h"
+#include "camdata/member/ViewHoles.h"
 #include "camdata/tolerance/CMxGeom.h"
 
 #include <utility>
@@ -56,23 +57,14 @@ void CMxPeilaib::GetAndSortHolesNotches() {
 }
 
 void CMxPeilaib::SetHoleDataArr(ZetArray<ZetNCHoleData> holes, CViewData view) {
-    ZetArray<CHoleAddlInfo> gathered;
-    gathered.reserve(holes.length());
-    for (const ZetNCHoleData& holeData : holes) {
-        // Made in its place: the record is large.
-        gathered.setLength(gathered.length() + 1);
-        CHoleAddlInfo& hole = gathered.last();
-        hole.SetHoleData(holeData);
-        hole.CorrectData(view);
-        if (hole.IsCommented()) {
-            m_duplicateHoles.append(std::move(hole));
-            gathered.setLength(gathered.length() - 1);
-        }
-    }
-    OrderHoles(gathered);
-    MakeCSKHoleArrAndMark(gathered);
-    MakeDupHoleArr(gathered);
-    MoveAll(gathered, m_holes);
+    const camdata::detail::ViewHoles gathered = camdata::detail::GatherHoles(holes, view);
+    // As the first comparison of two holes does, also when none are near enough to compare.
+    if (gathered.kept.size() + gathered.duplicates.size() > 1)
+        CMxGeom::SetTol(eTolEPS);
+    camdata::detail::AppendRecords(gathered.setAside, view, m_duplicateHoles);
+    camdata::detail::AppendRecords(gathered.countersinks, view, m_cskHoles);
+    camdata::detail::AppendRecords(gathered.duplicates, view, m_duplicateHoles);
+    camdata::detail::AppendRecords(gathered.kept, view, m_holes);
 }
 
 void CMxPeilaib::SetNotchDataArr(ZetArray<ZetNCContour> contours, CViewData view) {

@@ -3,31 +3,59 @@
 #include <algorithm>
 #include <cmath>
 #include <iterator>
+#include <numeric>
 
 namespace camdata::detail {
 namespace {
 
 using Keys = std::vector<PositionKey>;
 
+/// Up to this number a sort alone is as quick.
+constexpr std::size_t kFewKeys = 200;
+
 /// The exchange sort's rule for a key and one that stands behind it.
 bool ChangePlaces(const PositionKey& key, const PositionKey& behind) {
     return key.x > behind.x || (key.x == behind.x && key.y >= behind.y);
 }
 
-/// A strict order of keys that are numbers: the later of equal positions comes first.
-bool ComesBefore(const PositionKey& a, const PositionKey& b) {
+/// A strict order of keys that are numbers: the later of equal positions comes first. An object, as
+/// a sort calls it in place.
+constexpr auto kComesBefore = [](const PositionKey& a, const PositionKey& b) {
     if (a.x != b.x)
         return a.x < b.x;
     if (a.y != b.y)
         return a.y < b.y;
     return a.index > b.index;
+};
+
+/// Puts keys roughly in their order in one pass, by their share of the length: a sort then finds
+/// little to exchange. Leaves them alone where they have no length, or an endless one.
+void SpreadAlongX(Keys& keys) {
+    const auto [least, greatest] = std::minmax_element(
+        keys.begin(), keys.end(), [](const PositionKey& a, const PositionKey& b) {
+            return a.x < b.x;
+        });
+    const double from = least->x;
+    const double perMm = static_cast<double>(keys.size()) / (greatest->x - from);
+    if (!std::isfinite(perMm))
+        return;
+    const auto partOf = [&](const PositionKey& key) {
+        return std::min(static_cast<std::size_t>((key.x - from) * perMm), keys.size() - 1);
+    };
+    std::vector<std::size_t> ends(keys.size() + 1);
+    for (const PositionKey& key : keys)
+        ++ends[partOf(key) + 1];
+    std::partial_sum(ends.begin(), ends.end(), ends.begin());
+    Keys spread(keys.size());
+    for (const PositionKey& key : keys)
+        spread[ends[partOf(key)]++] = key;
+    keys.swap(spread);
 }
 
-bool IsInOrder(const Keys& keys) {
-    const auto changePlaces = [](const PositionKey& a, const PositionKey& b) {
-        return !ComesBefore(a, b);
-    };
-    return std::adjacent_find(keys.begin(), keys.end(), changePlaces) == keys.end();
+void Sort(Keys& keys) {
+    if (keys.size() > kFewKeys)
+        SpreadAlongX(keys);
+    std::sort(keys.begin(), keys.end(), kComesBefore);
 }
 
 void ExchangeSort(Keys& keys) {
@@ -53,7 +81,7 @@ bool DependsOnEveryStep(const PositionKey& key) {
 void SortAmongTheirPlaces(Keys& keys) {
     Keys movable;
     std::copy_if(keys.begin(), keys.end(), std::back_inserter(movable), HasX);
-    std::sort(movable.begin(), movable.end(), ComesBefore);
+    std::sort(movable.begin(), movable.end(), kComesBefore);
     auto next = movable.begin();
     for (PositionKey& key : keys) {
         if (HasX(key))
@@ -68,8 +96,8 @@ std::vector<std::size_t> PositionOrder(Keys keys) {
         ExchangeSort(keys);
     else if (!std::all_of(keys.begin(), keys.end(), HasX))
         SortAmongTheirPlaces(keys);
-    else if (!IsInOrder(keys))
-        std::sort(keys.begin(), keys.end(), ComesBefore);
+    else if (!std::is_sorted(keys.begin(), keys.end(), kComesBefore))
+        Sort(keys);
     std::vector<std::size_t> order;
     order.reserve(keys.size());
     for (const PositionKey& key : keys)

@@ -6,14 +6,14 @@
 
 #include <algorithm>
 #include <cmath>
+#include <iterator>
+#include <vector>
 
 namespace {
 
 using camdata::detail::HoleInSlot;
 
 constexpr const wchar_t* kPairHolesNotFound = L"%s pair holes not found";
-/// Of every hole with a countersink, on purpose; not the place in the list of countersinks.
-constexpr long kCSKPosOfMainHole = 0;
 
 bool HasStatus(const CHoleAddlInfo& hole, eHoleStatus status) {
     return hole.GetHoleStatus() == status;
@@ -24,9 +24,12 @@ void DropHolesOfStatus(ZetArray<CHoleAddlInfo>& holes, eHoleStatus status) {
                                  [&](long index) { return HasStatus(holes[index], status); });
 }
 
-void MarkAsCountersunk(CHoleAddlInfo& hole) {
-    hole.SetIsCSK(true);
-    hole.SetCSKPos(kCSKPosOfMainHole);
+template <typename Make>
+auto FromEach(const ZetArray<CHoleAddlInfo>& holes, const Make& make) {
+    std::vector<decltype(make(holes.first()))> values;
+    values.reserve(static_cast<std::size_t>(holes.length()));
+    std::transform(holes.begin(), holes.end(), std::back_inserter(values), make);
+    return values;
 }
 
 bool CanBecomePair(const CHoleAddlInfo& hole) {
@@ -36,8 +39,9 @@ bool CanBecomePair(const CHoleAddlInfo& hole) {
 }  // namespace
 
 void CMxPeilaib::MakeCSKHoleArrAndMark(ZetArray<CHoleAddlInfo>& holes) {
-    for (const long index : camdata::detail::FindCountersunkHoles(holes))
-        MarkAsCountersunk(holes[index]);
+    const auto roles = FromEach(holes, camdata::detail::CountersinkRoleOf);
+    for (const long index : camdata::detail::FindCountersunkHoles(roles))
+        camdata::detail::MarkAsCountersunk(holes[index]);
     for (const CHoleAddlInfo& hole : holes) {
         if (HasStatus(hole, eHoleStatusCSK))
             m_cskHoles.append(hole);
@@ -49,12 +53,12 @@ bool CMxPeilaib::TagThisCSKtoMainHole(ZetArray<CHoleAddlInfo>& holes,
                                       CHoleAddlInfo cskHole,
                                       long /*position*/) {
     const auto mainHole = std::find_if(holes.begin(), holes.end(), [&](const CHoleAddlInfo& hole) {
-        return camdata::detail::CanBeMarkedAsCountersunk(hole) &&
+        return camdata::detail::CountersinkRoleOf(hole).canBeMarked &&
                hole.GetXPos() == cskHole.GetXPos() && hole.GetYPos() == cskHole.GetYPos();
     });
     if (mainHole == holes.end())
         return false;
-    MarkAsCountersunk(*mainHole);
+    camdata::detail::MarkAsCountersunk(*mainHole);
     return true;
 }
 
@@ -69,8 +73,10 @@ void CMxPeilaib::MakeDupHoleArr(ZetArray<CHoleAddlInfo>& holes) {
     if (holes.length() < 2)
         return;
     CMxGeom::SetTol(eTolEPS);
+    const auto places =
+        FromEach(holes, [](const CHoleAddlInfo& hole) { return camdata::detail::PlaceOf(hole); });
     camdata::detail::MoveRemoved(
-        camdata::detail::FindDuplicateHoles(holes), holes, m_duplicateHoles);
+        camdata::detail::FindDuplicateHoles(places), holes, m_duplicateHoles);
 }
 
 void CMxPeilaib::MakeDupHoleArrForHolesInsideSlot() {

@@ -1,0 +1,112 @@
+#include "camdata/member/ViewHoles.h"
+
+#include "camdata/member/CountersunkHoleSearch.h"
+#include "camdata/member/DuplicateHoleSearch.h"
+#include "camdata/member/Duplicates.h"
+#include "camdata/member/HoleAndNotchSorting.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace camdata::detail {
+namespace {
+
+using Holes = std::vector<ViewHole>;
+
+bool IsSetAside(const ViewHole& hole) {
+    return hole.data->commented == 1;
+}
+
+bool IsCountersink(const ViewHole& hole) {
+    return hole.data->kind == ZetNCHoleData::eKindCountersunk;
+}
+
+Holes HolesOf(const ZetArray<ZetNCHoleData>& holes, const CViewData& view) {
+    Holes gathered;
+    gathered.reserve(static_cast<std::size_t>(holes.length()));
+    for (const ZetNCHoleData& hole : holes)
+        gathered.push_back({&hole, PlaceOf(hole, view), false});
+    return gathered;
+}
+
+/// Takes the holes for which `isLeaving` holds out of a list; both keep their order.
+Holes TakeOut(Holes& holes, bool (*isLeaving)(const ViewHole&)) {
+    if (std::none_of(holes.begin(), holes.end(), isLeaving))
+        return {};
+    const auto leaving = std::stable_partition(
+        holes.begin(), holes.end(), [&](const ViewHole& hole) { return !isLeaving(hole); });
+    Holes taken(leaving, holes.end());
+    holes.erase(leaving, holes.end());
+    return taken;
+}
+
+Holes Ordered(const Holes& holes) {
+    std::vector<PositionKey> keys;
+    keys.reserve(holes.size());
+    for (const ViewHole& hole : holes)
+        keys.push_back({hole.place.x, hole.place.y, keys.size()});
+    Holes ordered;
+    ordered.reserve(holes.size());
+    for (const std::size_t index : PositionOrder(std::move(keys)))
+        ordered.push_back(holes[index]);
+    return ordered;
+}
+
+Holes TakeCountersinksOut(Holes& holes) {
+    if (std::none_of(holes.begin(), holes.end(), IsCountersink))
+        return {};
+    std::vector<CountersinkRole> roles;
+    for (const ViewHole& hole : holes)
+        roles.push_back({hole.place.x, hole.place.y, IsCountersink(hole), !IsCountersink(hole)});
+    for (const long index : FindCountersunkHoles(roles))
+        holes[static_cast<std::size_t>(index)].isCountersunk = true;
+    return TakeOut(holes, IsCountersink);
+}
+
+std::vector<HolePlace> PlacesOf(const Holes& holes) {
+    std::vector<HolePlace> places;
+    places.reserve(holes.size());
+    for (const ViewHole& hole : holes)
+        places.push_back(hole.place);
+    return places;
+}
+
+Holes TakeDuplicatesOut(Holes& holes) {
+    const Removers removers = FindDuplicateHoles(PlacesOf(holes));
+    Holes duplicates;
+    for (const long index : RemovedInOrder(removers))
+        duplicates.push_back(holes[static_cast<std::size_t>(index)]);
+    std::size_t kept = 0;
+    for (std::size_t index = 0; index < holes.size(); ++index) {
+        if (removers[index] == kKept)
+            holes[kept++] = holes[index];
+    }
+    holes.resize(kept);
+    return duplicates;
+}
+
+}  // namespace
+
+ViewHoles GatherHoles(const ZetArray<ZetNCHoleData>& holes, const CViewData& view) {
+    ViewHoles gathered;
+    gathered.kept = HolesOf(holes, view);
+    gathered.setAside = TakeOut(gathered.kept, IsSetAside);
+    gathered.kept = Ordered(gathered.kept);
+    gathered.countersinks = TakeCountersinksOut(gathered.kept);
+    gathered.duplicates = TakeDuplicatesOut(gathered.kept);
+    return gathered;
+}
+
+void AppendRecords(const Holes& holes, const CViewData& view, ZetArray<CHoleAddlInfo>& records) {
+    MakeRoom(records, holes.size());
+    for (const ViewHole& hole : holes) {
+        records.setLength(records.length() + 1);
+        CHoleAddlInfo& record = records.last();
+        record.SetHoleData(*hole.data);
+        record.CorrectData(view);
+        if (hole.isCountersunk)
+            MarkAsCountersunk(record);
+    }
+}
+
+}  // namespace camdata::detail
