@@ -10,7 +10,6 @@
 #include "camjob/project/ProjectDialog.h"
 #include "camjob/project/ProjectSettings.h"
 #include "camjob/run/JobInput.h"
-#include "camjob/run/OrderedWork.h"
 #include "camjob/run/ReportPage.h"
 #include "camjob/run/RunComparison.h"
 #include "camjob/run/RunJson.h"
@@ -21,6 +20,7 @@
 #include "job/JobFile.h"
 #include "job/Remnants.h"
 #include "job/SystemError.h"
+#include "threads/OrderedWork.h"
 
 #include <algorithm>
 #include <cstdint>
@@ -198,6 +198,7 @@ void JobRunner::RunInFolder() {
     m_report.hasFinishedEarlierOutput = output.Recover();
     plugin::JobRun run(m_job, folder);
     run.SetPlanner(m_system.planLeast);
+    run.SetThreads(m_options.threads);
     if (!PrepareProject(run) || !ReadInput(run))
         return;
     m_hasBegun = true;
@@ -304,9 +305,10 @@ void JobRunner::TakeLeftOut(JobInput& input, plugin::JobRun& run) {
 
 bool JobRunner::ReadFiles(JobInput& input) {
     m_progress.Begin("reading", static_cast<long>(m_ncFiles.size()), "files");
-    ResultsInOrder<ReadPart> parts(m_ncFiles.size(), m_options.threads, [&](std::size_t i) {
-        return input.Read(PathFromUtf8(m_ncFiles[i].name));
-    });
+    threads::ResultsInOrder<ReadPart> parts(
+        m_ncFiles.size(), m_options.threads, [&](std::size_t i) {
+            return input.Read(PathFromUtf8(m_ncFiles[i].name));
+        });
     for (const job::NamedNcFile& file : m_ncFiles) {
         if (m_system.isCancelled())
             return Cancel();

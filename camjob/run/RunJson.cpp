@@ -3,7 +3,7 @@
 #include "camjob/compare/ChangesJson.h"
 #include "camjob/compare/RunDocument.h"
 #include "camjob/run/MemberJson.h"
-#include "camjob/run/OrderedWork.h"
+#include "threads/OrderedWork.h"
 
 #include <array>
 
@@ -229,7 +229,7 @@ std::string RunJsonWriter::EndText() const {
 
 void RunJsonWriter::AddMembers() {
     const std::size_t count = m_report->members.size();
-    ResultsInOrder<JsonText> members(count, m_threads, [&](std::size_t i) {
+    threads::ResultsInOrder<JsonText> members(count, m_threads, [&](std::size_t i) {
         return MemberJson(*m_report, i, NameOf(m_report->members[i].file.name));
     });
     m_lines.AddList("members", count, [&](std::size_t) { return members.Next(); });

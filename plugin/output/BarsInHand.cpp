@@ -15,6 +15,13 @@ ZetString NameOfOffCuts(const ZetString& run, long first, long count) {
 
 }  // namespace
 
+bool BarsInHand::AreLimited() const {
+    return !m_remnants.empty() ||
+           std::any_of(m_stocks.begin(), m_stocks.end(), [](const job::Stock& stock) {
+               return stock.quantity.has_value();
+           });
+}
+
 void BarsInHand::Limit(std::vector<BarStock>& stocks) const {
     for (BarStock& stock : stocks) {
         if (stock.remnant)

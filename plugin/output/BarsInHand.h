@@ -11,6 +11,8 @@ class BarsInHand {
   public:
     explicit BarsInHand(const job::Job& job) : m_stocks(job.stocks), m_remnants(job.remnants) {}
 
+    /// What a plan takes may be missing for the next.
+    bool AreLimited() const;
     /// Sets the quantities to what is there.
     void Limit(std::vector<BarStock>& stocks) const;
     /// The bars of a plan; its off-cuts worth keeping are remnants then, named by `run`.

@@ -9,9 +9,9 @@
 #include "plugin/output/LineEnds.h"
 #include "plugin/rules/ArrayFromVector.h"
 #include "plugin/rules/MemberTypeSearch.h"
+#include "threads/OrderedWork.h"
 
 #include "camdata/platform/system/Clock.h"
-#include "camdata/tolerance/CMxGeom.h"
 #include "camdata/util/CMxUtil.h"
 #include "camdata/util/HostBridge.h"
 
@@ -197,8 +197,6 @@ JobRun::Judged JobRun::Judge(ZetNCEntity& entity,
                              const ZetString& source,
                              const Observer& observer,
                              long notedFeatures) const {
-    // Whatever the member before it has left there, in whichever thread that was.
-    CMxGeom::SetTol(eTolEPS);
     ZetNCCreator creator;
     creator.setNCEntity(&entity);
     creator.create();
@@ -465,23 +463,29 @@ void JobRun::MakePlans() {
         if (member.GetNestedMembers().group.isNested && member.IsMade())
             together[KeyOf(member)].push_back(position);
     }
-    long nextBar = 1;
-    for (const auto& [key, members] : together) {
-        ProfilePlan plan = PlanFor(members);
-        plan.firstBar = nextBar;
-        nextBar += TotalsOf(plan).bars;
-        for (const std::string& fault : cutting::FindFaults(plan.demand, plan.cutStocks, plan.plan))
-            m_planFaults.push_back(NameOfProfile(plan) + L": " + ZetString::fromUtf8(fault));
-        for (std::size_t part = 0; part < plan.plan.uncut.size(); ++part)
-            if (plan.plan.uncut[part] > 0)
-                m_members[plan.parts[part].member]->TellUncut(
-                    static_cast<long>(plan.plan.uncut[part]));
-        m_bars.Take(plan, GetProjectInfo().GetFileName());
-        m_plans.push_back(std::move(plan));
-    }
+    std::vector<const std::vector<std::size_t>*> profiles;
+    for (const auto& [key, members] : together)
+        profiles.push_back(&members);
+    const unsigned atATime = m_bars.AreLimited() ? 1 : m_threads;
+    threads::ResultsInOrder<ProfilePlan> plans(
+        profiles.size(), atATime, [&](std::size_t i) { return PlanFor(*profiles[i]); });
+    for (std::size_t i = 0; i < profiles.size(); ++i)
+        TakePlan(plans.Next());
 }
 
-ProfilePlan JobRun::PlanFor(const std::vector<std::size_t>& members) {
+void JobRun::TakePlan(ProfilePlan plan) {
+    plan.firstBar = m_nextBar;
+    m_nextBar += TotalsOf(plan).bars;
+    for (const std::string& fault : cutting::FindFaults(plan.demand, plan.cutStocks, plan.plan))
+        m_planFaults.push_back(NameOfProfile(plan) + L": " + ZetString::fromUtf8(fault));
+    for (std::size_t part = 0; part < plan.plan.uncut.size(); ++part)
+        if (plan.plan.uncut[part] > 0)
+            m_members[plan.parts[part].member]->TellUncut(static_cast<long>(plan.plan.uncut[part]));
+    m_bars.Take(plan, GetProjectInfo().GetFileName());
+    m_plans.push_back(std::move(plan));
+}
+
+ProfilePlan JobRun::PlanFor(const std::vector<std::size_t>& members) const {
     Member& first = *m_members[members.front()];
     PartsOfProfile parts;
     parts.group = first.GetGroupPosition();

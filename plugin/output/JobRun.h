@@ -114,7 +114,7 @@ class JobRun {
     };
     /// Before the first member is judged, and when the project information is as it will stay.
     void BeginJudging();
-    /// Judges an entity by the tolerances of the job, and makes what will be written of it. Changes
+    /// Judges an entity, and makes what will be written of it. Changes
     /// nothing of the run: several threads may each judge one of their own. The entity, and those
     /// attached to it, are needed during the call only.
     /// `source` is the name of its NC file, for reports; `notedFeatures` is how many features of
@@ -134,6 +134,9 @@ class JobRun {
 
     /// Makes the plans "least" instead of the planner of `cutting/`.
     void SetPlanner(cutting::Planner planner) { m_planner = std::move(planner); }
+
+    /// That make plans; one without it.
+    void SetThreads(unsigned threads) { m_threads = threads; }
 
     /// Files of the job that take no part, a line each; the additional information lists them.
     void SetLeftOut(std::vector<ZetString> lines) { m_leftOut = std::move(lines); }
@@ -201,7 +204,9 @@ class JobRun {
     void EndLines(const std::filesystem::path& folder);
     bool IsAnyGroupNested() const;
     void MakePlans();
-    ProfilePlan PlanFor(const std::vector<std::size_t>& members);
+    /// Several threads may each make one.
+    ProfilePlan PlanFor(const std::vector<std::size_t>& members) const;
+    void TakePlan(ProfilePlan plan);
     void WriteCuttingList(const ZetString& name);
     void WriteCuttingTable(const ZetString& name);
     void WriteRemnants(const ZetString& name);
@@ -217,8 +222,10 @@ class JobRun {
     std::vector<ZetString> m_leftOut;
     ZetArray<FileFault> m_faults;
     BarsInHand m_bars;
+    unsigned m_threads = 1;
     cutting::Planner m_planner = &cutting::MakeLeastPlan;
     std::vector<ProfilePlan> m_plans;
+    long m_nextBar = 1;
     std::vector<ZetString> m_planFaults;
     std::vector<FormatConflict> m_formatConflicts;
     std::vector<std::size_t> m_written;  ///< positions of members, as they were written

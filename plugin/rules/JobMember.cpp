@@ -72,6 +72,8 @@ std::size_t JobMember::GetGroupPosition() const {
 // ---- judging ------------------------------------------------------------------------------------
 
 void JobMember::ValidateMember() {
+    // Whatever the member before it has left there, in whichever thread that was.
+    CMxGeom::SetTol(eTolEPS);
     ApplyFlangeZeros(m_structure, m_type);
     TakeCircularOpenings(m_structure, m_notes);
     SeePlanes();

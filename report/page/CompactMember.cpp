@@ -174,17 +174,19 @@ CompactDrawing::CompactDrawing(const MemberDrawing& drawing) {
 }
 
 std::string CompactDrawing::Join(SharedTexts& texts) const {
+    std::vector<std::string> numbers;
+    for (std::size_t i = 0; i < m_texts.GetCount(); ++i)
+        numbers.push_back(std::to_string(texts.IndexOf(m_texts.At(i))));
     std::string json;
     json.reserve(m_json.size());
     std::string_view rest = m_json;
     for (std::size_t mark; (mark = rest.find(kMark)) != rest.npos;) {
         json += rest.substr(0, mark);
         rest.remove_prefix(mark + 1);
-        const std::size_t end = rest.find(kMark);
         std::size_t index = 0;
-        std::from_chars(rest.data(), rest.data() + end, index);
-        json += std::to_string(texts.IndexOf(m_texts.At(index)));
-        rest.remove_prefix(end + 1);
+        const auto read = std::from_chars(rest.data(), rest.data() + rest.size(), index);
+        json += numbers[index];
+        rest.remove_prefix(static_cast<std::size_t>(read.ptr - rest.data()) + 1);
     }
     json += rest;
     return json;

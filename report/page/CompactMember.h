@@ -38,6 +38,7 @@ class SharedTexts {
 
     /// 0 for "".
     std::size_t IndexOf(const std::string& text);
+    std::size_t GetCount() const { return m_texts.size(); }
     const std::string& At(std::size_t index) const { return m_texts[index]; }
     /// All of them as a JSON array.
     std::string ToJson() const;

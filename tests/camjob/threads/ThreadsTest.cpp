@@ -1,7 +1,7 @@
 #include "camjob/FolderContent.h"
 #include "camjob/SampleJob.h"
-#include "camjob/run/OrderedWork.h"
 #include "camjob/run/RunCommand.h"
+#include "threads/OrderedWork.h"
 
 #include <atomic>
 #include <cstdio>
@@ -59,7 +59,8 @@ std::string Number(const char* format, long number) {
 
 /// Members with holes that are right, refused and set aside, and files that are left out.
 std::string GeneratedFile(long number) {
-    const std::string profile = number % 17 == 0 ? "XX\n  SO" : "Z200x2.0\n  SO";
+    const std::string profile =
+        number % 17 == 0 ? "XX\n  SO" : Number("Z%ldx2.0\n  SO", 200 + number % 4 * 10);
     const std::string mark = Number("M%ld", number);
     if (number % 23 == 0)
         return nc::Header(mark, profile, "none") + "EN\n";
@@ -179,11 +180,11 @@ TEST(Threads, ResultsComeInOrderAndFaultsInTheirTurn) {
     for (const unsigned threads : kThreads) {
         SCOPED_TRACE(threads);
         constexpr std::size_t kFault = 700;
-        const std::size_t window = camjob::OrderedWork::WindowOf(threads);
+        const std::size_t window = threads::OrderedWork::WindowOf(threads);
         std::atomic<std::size_t> taken = 0;
         std::atomic<std::size_t> begun = 0;
         std::atomic<bool> isAheadOfWindow = false;
-        camjob::ResultsInOrder<std::size_t> results(2000, threads, [&](std::size_t piece) {
+        threads::ResultsInOrder<std::size_t> results(2000, threads, [&](std::size_t piece) {
             ++begun;
             if (piece > taken + window)
                 isAheadOfWindow = true;

@@ -1,8 +1,8 @@
-#include "camjob/run/OrderedWork.h"
+#include "threads/OrderedWork.h"
 
 #include <algorithm>
 
-namespace camjob {
+namespace threads {
 
 OrderedWork::OrderedWork(std::size_t count, unsigned threads, Work work)
     : m_count(count), m_work(std::move(work)), m_states(WindowOf(threads)) {
@@ -88,4 +88,4 @@ void OrderedWork::Release() {
         m_hasRoom.notify_all();
 }
 
-}  // namespace camjob
+}  // namespace threads

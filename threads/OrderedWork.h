@@ -10,7 +10,7 @@
 #include <utility>
 #include <vector>
 
-namespace camjob {
+namespace threads {
 
 /// Numbered pieces of work, done by several threads and handed over in their order.
 ///
@@ -88,4 +88,4 @@ class ResultsInOrder {
     OrderedWork m_work;  ///< ends before what it works with
 };
 
-}  // namespace camjob
+}  // namespace threads
