@@ -292,7 +292,7 @@ NcPlace NcParser::TakePlace(NcTokens& tokens) {
         char letter;
         NcFace face;
     };
-    constexpr FaceLetter kFaces[] = {
+    static constexpr FaceLetter kFaces[] = {
         {'v', NcFace::kFront },
         {'o', NcFace::kTop   },
         {'u', NcFace::kBottom},

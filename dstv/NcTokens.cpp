@@ -17,6 +17,11 @@ namespace {
 
 constexpr std::string_view kBlanks = " \t";
 
+/// So many digits, and powers of ten up to that, are exact as doubles.
+constexpr std::ptrdiff_t kExactDigits = 15;
+constexpr double kPowersOfTen[kExactDigits + 1] = {
+    1e0, 1e1, 1e2, 1e3, 1e4, 1e5, 1e6, 1e7, 1e8, 1e9, 1e10, 1e11, 1e12, 1e13, 1e14, 1e15};
+
 bool IsLetter(char c) {
     return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z');
 }
@@ -47,9 +52,6 @@ double LongValueOf(std::string_view number) {
 /// In one pass. Digits and power of ten of nearly all numbers are exact as doubles, so that their
 /// quotient is the nearest double.
 LeadingNumber NumberAt(std::string_view text) {
-    constexpr double kPowers[] = {
-        1e0, 1e1, 1e2, 1e3, 1e4, 1e5, 1e6, 1e7, 1e8, 1e9, 1e10, 1e11, 1e12, 1e13, 1e14, 1e15};
-    constexpr std::ptrdiff_t kExactDigits = 15;
     const char* const end = text.data() + text.size();
     const char* at = text.data();
     const bool isNegative = at != end && *at == '-';
@@ -76,7 +78,7 @@ LeadingNumber NumberAt(std::string_view text) {
     const auto length = static_cast<std::size_t>(at - text.data());
     if (count > kExactDigits)
         return {length, LongValueOf(text.substr(0, length))};
-    const double magnitude = static_cast<double>(digits) / kPowers[decimals];
+    const double magnitude = static_cast<double>(digits) / kPowersOfTen[decimals];
     return {length, isNegative ? -magnitude : magnitude};
 }
 
@@ -133,7 +135,8 @@ void NcTokens::SkipBlanks() {
 }
 
 bool NcTokens::IsAtNumber() const {
-    return NumberAt(m_line.text.substr(m_at)).length > 0;
+    return !IsAtEnd() &&
+           (IsDigit(m_line.text[m_at]) || NumberAt(m_line.text.substr(m_at)).length > 0);
 }
 
 char NcTokens::TakeLetter() {

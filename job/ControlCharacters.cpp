@@ -2,6 +2,7 @@
 
 #include "camdata/platform/text/Unicode.h"
 
+#include <algorithm>
 #include <cstddef>
 #include <utility>
 
@@ -36,9 +37,14 @@ std::optional<wchar_t> TakeEscaped(std::wstring_view& text) {
 
 ZetString EscapeControls(const ZetString& text) {
     constexpr std::wstring_view kKept = L"\t\r\n";
+    const auto isEscaped = [&](wchar_t c) {
+        return camdata::detail::IsControl(c) && kKept.find(c) == std::wstring_view::npos;
+    };
+    if (std::none_of(text.view().begin(), text.view().end(), isEscaped))
+        return text;
     std::wstring escaped;
     for (const wchar_t c : text.view()) {
-        if (camdata::detail::IsControl(c) && kKept.find(c) == std::wstring_view::npos)
+        if (isEscaped(c))
             AppendEscape(escaped, c);
         else
             escaped += c;

@@ -98,7 +98,13 @@ double CMemTypeAndAttrib::GetTopFlangeSlope() const {
 }
 
 double CMemTypeAndAttrib::NumberInName(int start, int length) const {
-    return m_headerData.profileName.mid(start, length).toDouble();
+    // Of each hole, so without a text of its own.
+    const std::wstring_view name = m_headerData.profileName.view();
+    if (start < 0 || length <= 0 || static_cast<std::size_t>(start) >= name.size())
+        return 0.0;
+    return camdata::detail::ParseNumber(
+               name.substr(static_cast<std::size_t>(start), static_cast<std::size_t>(length)))
+        .value;
 }
 
 double CMemTypeAndAttrib::Resolve(const Dimension& dimension,

@@ -133,7 +133,7 @@ long CMxUtil::AsArrStrPrint(const ZetArray<ZetString>& lines, ZetFileAccess* fil
     if (!IsOpen(file))
         return AsArrStrPrint(lines);
     for (const ZetString& line : lines)
-        file->WriteFormat(L"%s\n", line);
+        file->WriteUtf8(line.toUtf8() + '\n');
     return kDone;
 }
 

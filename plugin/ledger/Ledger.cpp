@@ -40,7 +40,15 @@ Ledger::Ledger(const std::vector<Feature>& features) {
     m_entries.erase(end, m_entries.end());
 }
 
+/// Features stand in one line after the other mostly.
 const Ledger::Entry* Ledger::EntryOf(long tag) const {
+    if (m_entries.empty() || tag < m_entries.front().feature.tag)
+        return nullptr;
+    // Tags may be anything: no overflow.
+    const std::size_t guess =
+        static_cast<std::size_t>(tag) - static_cast<std::size_t>(m_entries.front().feature.tag);
+    if (guess < m_entries.size() && m_entries[guess].feature.tag == tag)
+        return &m_entries[guess];
     const auto at = std::lower_bound(
         m_entries.begin(), m_entries.end(), tag, [](const Entry& entry, long wanted) {
             return entry.feature.tag < wanted;

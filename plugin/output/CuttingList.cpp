@@ -144,9 +144,11 @@ std::string Field(const ZetString& text) {
 /// Millimetres with all decimals that a plan counts; length >= 0. A table has four per piece, so
 /// they are put together from whole numbers.
 std::string Field(cutting::Length length) {
+    const auto decimals = static_cast<int>(length % kUnitsAMillimetre);
+    const auto digit = [](int value) { return static_cast<char>('0' + value % 10); };
     std::string field = std::to_string(length / kUnitsAMillimetre);
-    const std::string decimals = std::to_string(length % kUnitsAMillimetre);
-    return field.append(".").append(3 - decimals.size(), '0').append(decimals);
+    field += {'.', digit(decimals / 100), digit(decimals / 10), digit(decimals)};
+    return field;
 }
 
 /// The marks of all parts.

@@ -221,6 +221,8 @@ JobRun::Judged JobRun::Judge(ZetNCEntity& entity,
     if (observer)
         observer(member, *type, creator);
     member.MakeOutput();
+    if (!m_areRecordsKept)
+        member.ReleaseOperations();
     judged.m_ledger = member.TakeLedger();
     return judged;
 }

@@ -113,6 +113,14 @@ cutting::Plan MakeGivenPlan(const ProfilePlan& plan, const NestMaker& makeNests)
     return given;
 }
 
+/// On one bar.
+cutting::Count CountPieces(const cutting::PlannedBars& bars) {
+    cutting::Count count = 0;
+    for (const cutting::Cut& cut : bars.cuts)
+        count += cut.count;
+    return count;
+}
+
 }  // namespace
 
 cutting::Length PieceLength(double length) {
@@ -161,6 +169,7 @@ BarWalk::BarWalk(const ProfilePlan& plan) : m_plan(plan), m_numbers(plan.parts.s
 std::vector<PieceOnBar> BarWalk::Next(const cutting::PlannedBars& bars) {
     const cutting::Stock& stock = m_plan.cutStocks[bars.stock];
     std::vector<PieceOnBar> pieces;
+    pieces.reserve(static_cast<std::size_t>(CountPieces(bars)));
     cutting::Length position = stock.gripStart;
     for (const cutting::Cut& cut : bars.cuts)
         for (cutting::Count i = 0; i < cut.count; ++i) {

@@ -88,9 +88,14 @@ void TakeFrom(ZetNCView& view, std::vector<FeatureNote>& notes) {
 }  // namespace
 
 void TakeCircularOpenings(ZetNCStructure& structure, std::vector<FeatureNote>& notes) {
+    const auto hasOpenings = [](const ZetNCView& view) {
+        return !view.getInternalContours().isEmpty();
+    };
+    if (std::none_of(structure.getViews().begin(), structure.getViews().end(), hasOpenings))
+        return;
     ZetArray<ZetNCView> views = structure.getViews();
     for (ZetNCView& view : views)
-        if (!view.getInternalContours().isEmpty())
+        if (hasOpenings(view))
             TakeFrom(view, notes);
     structure.setViews(std::move(views));
 }

@@ -33,8 +33,7 @@ const FaceOutline* JobMember::OutlineOf(int viewPosition) const {
 }
 
 /// The whole of a hole: one that relieves a corner is made.
-bool JobMember::IsCutAway(const CHoleAddlInfo& hole) const {
-    const auto viewPosition = static_cast<int>(ViewOf(hole));
+bool JobMember::IsCutAway(const CHoleAddlInfo& hole, int viewPosition) const {
     const double reach = std::max(hole.GetSlotVector().length() + hole.GetSize() * 0.5,
                                   std::abs(CMxGeom::GetXTol()));
     const ZetGeomPoint2d centre = {hole.GetXPos(), hole.GetYPos()};

@@ -87,11 +87,10 @@ const FaceOutline* JobMember::PlateOutline() {
     return &*m_judging->plate;
 }
 
-/// The extents of a hole's face, of the front and the back of a plate its outline's.
-FaceBox JobMember::FaceOfHole(const CHoleAddlInfo& hole, const FaceOutline* outline) const {
-    const auto view = static_cast<int>(ViewOf(hole));
-    FaceBox face = FaceOfView(view);
-    if (view >= kFirstPlanePosition || IsEdgeOfPlate(view) || IsRound())
+/// The extents of a face with holes, of the front and the back of a plate its outline's.
+FaceBox JobMember::FaceOfHoles(int viewPosition, const FaceOutline* outline) const {
+    FaceBox face = FaceOfView(viewPosition);
+    if (viewPosition >= kFirstPlanePosition || IsEdgeOfPlate(viewPosition) || IsRound())
         return face;
     if (outline != nullptr)
         return outline->GetBox();
@@ -104,14 +103,14 @@ FaceBox JobMember::FaceOfHole(const CHoleAddlInfo& hole, const FaceOutline* outl
 /// How a hole lies outside of its face or of the member; nothing when it does not. One that
 /// relieves a corner of an outline does not.
 std::optional<Finding> JobMember::OutsideOf(const CHoleAddlInfo& hole,
+                                            int viewPosition,
                                             const FaceOutline* outline) const {
     const FaceTolerance tolerance = {std::abs(CMxGeom::GetXTol()), std::abs(CMxGeom::GetYTol())};
     const ZetGeomPoint2d centre = {hole.GetXPos(), hole.GetYPos()};
-    const auto view = static_cast<int>(ViewOf(hole));
-    FaceBox face = FaceOfHole(hole, outline);
+    FaceBox face = FaceOfHoles(viewPosition, outline);
     FaceBox middle = {centre.x, centre.x, centre.y, centre.y};
     FaceBox whole = ExtentsOf(hole, !IsRound());
-    if (const ZetGeomPlane* const plane = AskewPlaneAt(view)) {
+    if (const ZetGeomPlane* const plane = AskewPlaneAt(viewPosition)) {
         const ZetGeomPoint2d onPlane = {hole.GetHoleData().x, hole.GetHoleData().y};
         face = WholeMember();
         middle = AlongMember(*plane, {onPlane}, 0.0);
@@ -126,7 +125,7 @@ std::optional<Finding> JobMember::OutsideOf(const CHoleAddlInfo& hole,
                        .required = excess.required,
                        .found = excess.found};
     };
-    if (outline != nullptr && view < kFirstPlanePosition && !IsEdgeOfPlate(view)) {
+    if (outline != nullptr && viewPosition < kFirstPlanePosition && !IsEdgeOfPlate(viewPosition)) {
         const bool isOutside =
             !outline->Contains(centre) && outline->DistanceFrom(centre, tolerance.x) >= tolerance.x;
         if (isOutside)
@@ -140,8 +139,9 @@ std::optional<Finding> JobMember::OutsideOf(const CHoleAddlInfo& hole,
 /// Outside, or in what is cut away.
 std::optional<Finding> JobMember::FaultOfPlace(const CHoleAddlInfo& hole,
                                                const FaceOutline* outline) const {
-    std::optional<Finding> finding = OutsideOf(hole, outline);
-    if (!finding && IsCutAway(hole))
+    const auto viewPosition = static_cast<int>(ViewOf(hole));
+    std::optional<Finding> finding = OutsideOf(hole, viewPosition, outline);
+    if (!finding && IsCutAway(hole, viewPosition))
         finding = Finding{.type = job::kHoleOutside, .text = kOutsideText};
     return finding;
 }
@@ -167,7 +167,7 @@ void JobMember::CheckPlaces() {
             RefuseHole(std::move(*finding), hole);
         else
             NoteUnclearPlace(hole.GetHoleData().hostTag,
-                             FaceOfHole(hole, outline),
+                             FaceOfHoles(static_cast<int>(ViewOf(hole)), outline),
                              hole.GetXPos(),
                              hole.GetXPos());
     }

@@ -149,6 +149,8 @@ class JobMember : public CMxPeilaib {
     void GenerateMemData() override;
     /// After MakeOutput; once, and not before the member is written.
     MemberRecords TakeRecords() { return std::move(m_records); }
+    /// Lets go of what tells which feature each of its operations makes. After MakeOutput.
+    void ReleaseOperations() { m_records.operations = std::vector<long>(); }
     /// The member's machine records, each with its line end.
     ZetString GetMemOutPutStr() override;
     /// Writes the records of a valid member to every file of its group, and its blocks to the error
@@ -249,13 +251,15 @@ class JobMember : public CMxPeilaib {
                        const std::vector<ShortDistance>& distances);
     void CheckPlaces();
     const FaceOutline* PlateOutline();
-    FaceBox FaceOfHole(const CHoleAddlInfo& hole, const FaceOutline* outline) const;
-    std::optional<Finding> OutsideOf(const CHoleAddlInfo& hole, const FaceOutline* outline) const;
+    FaceBox FaceOfHoles(int viewPosition, const FaceOutline* outline) const;
+    std::optional<Finding> OutsideOf(const CHoleAddlInfo& hole,
+                                     int viewPosition,
+                                     const FaceOutline* outline) const;
     std::optional<Finding> FaultOfPlace(const CHoleAddlInfo& hole,
                                         const FaceOutline* outline) const;
     void NoteUnclearPlace(long tag, const FaceBox& face, double minX, double maxX);
     bool IsAtMitre(double minX, double maxX) const;
-    bool IsCutAway(const CHoleAddlInfo& hole) const;
+    bool IsCutAway(const CHoleAddlInfo& hole, int viewPosition) const;
     bool IsCutAway(const std::vector<ZetGeomPoint2d>& opening, int viewPosition) const;
     const FaceOutline* OutlineOf(int viewPosition) const;
     bool IsBeyondMitre(const ZetGeomPoint2d& centre, int viewPosition, double reach) const;

@@ -344,7 +344,7 @@ bool JobMember::FindTrims(const ZetNCContour& outline, int viewPosition) {
 }
 
 eHoleFace JobMember::FaceAtView(int viewPosition) {
-    constexpr std::array kFaces = {
+    static constexpr std::array kFaces = {
         eHoleFaceTopFlange, eHoleFaceWeb, eHoleFaceBottomFlange, eHoleFaceWebBack, eHoleFaceWeb};
     const auto index = static_cast<std::size_t>(viewPosition);
     return index < kFaces.size() ? kFaces[index] : eHoleFaceNone;
