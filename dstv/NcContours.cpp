@@ -23,7 +23,8 @@ constexpr double kSamePoint = 0.01;
 constexpr double kSkewSlack = 0.1;
 /// Lists of so many are made at once.
 constexpr std::size_t kUsualPoints = 16;
-/// Contours may reach beyond their face by this, mm: some headers give sizes in whole mm.
+/// Contours may reach beyond their face, or end short of a plate's, by this, mm: some headers give
+/// sizes in whole mm.
 constexpr double kHeaderRounding = 1.0;
 
 ZetGeomPoint2d PointOf(const NcContourPoint& point) {
@@ -51,6 +52,16 @@ bool HasNoArea(const Outline& outline) {
         perimeter += edge.length();
     }
     return std::abs(twiceArea) <= kSamePoint * perimeter;
+}
+
+/// True when one of the three edges around a notch line is an arc; the closed contour has so many
+/// points before the line.
+bool HasArcAt(const std::vector<NcContourPoint>& points, long before) {
+    const auto edges = static_cast<long>(points.size()) - 1;
+    for (long edge = before - 2; edge <= before; ++edge)
+        if (points[static_cast<std::size_t>((edge + edges) % edges)].radius != 0.0)
+            return true;
+    return false;
 }
 
 bool IsBevelled(const NcContourPoint& point) {
@@ -99,7 +110,6 @@ void NcParser::ReadContourLine(NcTokens& tokens) {
                                      read.notch,
                                      read.point.radius,
                                      static_cast<long>(m_outline->points.size())});
-    CheckNotchLine(m_outline->notchLines.back());
 }
 
 void NcParser::AddPoint(const OutlineLine& read, const NcLine& line) {
@@ -116,13 +126,25 @@ void NcParser::AddPoint(const OutlineLine& read, const NcLine& line) {
     m_notes.Note(line.number, L"weld preparation: kept beside the NC data");
 }
 
-void NcParser::CheckNotchLine(const NcNotchLine& notch) {
+/// What a notch line asks for is made by the arcs around it.
+void NcParser::CheckNotchLines(NcContour& contour) {
     // For the round end of a slot the theoretical corner does not exist, and exporters write
     // anything.
     const double limit =
         2.0 * std::max({m_part.header.length, m_part.header.profileHeight, 1000.0});
-    if (std::abs(notch.x) > limit || std::abs(notch.q) > limit)
-        m_notes.Warn(notch.line, L"notch line far outside of the piece: it does not count");
+    for (NcNotchLine& notch : contour.notchLines) {
+        notch.isNoted = notch.radius != 0.0 && !HasArcAt(contour.points, notch.afterPoint);
+        if (notch.isNoted)
+            m_notes.Account(
+                NcNote::Severity::kWarning,
+                notch.line,
+                ZetString::format(L"%s of radius %.2f without its arc in the contour: "
+                                  L"not made",
+                                  ZetString(notch.kind == 'w' ? L"relief hole" : L"fillet"),
+                                  std::abs(notch.radius)));
+        else if (std::abs(notch.x) > limit || std::abs(notch.q) > limit)
+            m_notes.Warn(notch.line, L"notch line far outside of the piece: it does not count");
+    }
 }
 
 void NcParser::ReadMarkLine(NcTokens& tokens) {
@@ -199,8 +221,8 @@ std::vector<ZetGeomPoint2d> NcParser::CheckedOutline(const NcOpenOutline& outlin
     return chords;
 }
 
-/// A negative X is told by itself; an outline that is drawn about X = 0 is judged by its size. Plates
-/// are drawn about Y = 0 too.
+/// A negative X is told by itself; an outline that is drawn about X = 0 is judged by its size.
+/// Plates are drawn about Y = 0 too.
 void NcParser::CheckReach(const NcContour& contour) {
     const NcFace face = contour.place.face;
     if (face == NcFace::kPlane)
@@ -225,6 +247,22 @@ void NcParser::CheckReach(const NcContour& contour) {
         m_notes.Warn(contour.line,
                      ZetString::format(L"%s reaches beyond its face",
                                        contour.isInternal ? L"opening" : L"outline"));
+    const bool isOnFront = face == NcFace::kFront || face == NcFace::kBehind;
+    if (isPlate && isOnFront && !contour.isInternal)
+        CheckPlateSize(contour, high - low);
+}
+
+/// The outline is the plate, whatever the header says.
+void NcParser::CheckPlateSize(const NcContour& contour, const ZetGeomVector2d& size) {
+    const NcHeader& header = m_part.header;
+    if (std::max(header.length - size.x, header.profileHeight - size.y) > kHeaderRounding)
+        m_notes.Warn(contour.line,
+                     ZetString::format(L"outline of %.2f x %.2f is smaller than the plate of the "
+                                       L"header, %.2f x %.2f",
+                                       size.x,
+                                       size.y,
+                                       header.length,
+                                       header.profileHeight));
 }
 
 void NcParser::FinishContour(NcOpenOutline outline) {
@@ -243,6 +281,7 @@ void NcParser::FinishContour(NcOpenOutline outline) {
     contour.outline = CheckedOutline(outline);
     contour.points = std::move(outline.points);
     contour.notchLines = std::move(outline.notchLines);
+    CheckNotchLines(contour);
     CheckReach(contour);
     m_part.contours.push_back(std::move(contour));
 }
@@ -256,6 +295,9 @@ void NcParser::FinishMark(NcOpenOutline outline) {
         m_block.code.type == NcBlockType::kPowder ? NcMarkKind::kPowder : NcMarkKind::kPunch;
     mark.outline = Chords(outline, sources);
     mark.points = std::move(outline.points);
+    for (const ZetGeomPoint2d& point : mark.outline)
+        if (!CheckPlace(L"mark", mark.line, mark.place, point))
+            break;
     m_part.marks.push_back(std::move(mark));
 }
 

@@ -24,9 +24,20 @@ double AngleOf(double along, double across) {
     return std::atan(across / along) * 180.0 / std::numbers::pi;
 }
 
-/// Where a cut leaves the piece longest: over the corners of the section.
+bool IsRound(const NcHeader& header) {
+    return header.profileCode == L"RO" || header.profileCode == L"RU";
+}
+
+/// Where a cut leaves the piece longest: over the corners of the section, or its circle.
 double ReachOf(const NcSawCut& cut, const NcHeader& header) {
     const double sign = cut.normal.x > 0.0 ? 1.0 : -1.0;
+    if (IsRound(header)) {
+        const double radius = header.profileHeight / 2.0;
+        const double rest = cut.normal.y * (radius - cut.point.y) +
+                            cut.normal.z * (radius - cut.point.z) -
+                            radius * std::hypot(cut.normal.y, cut.normal.z);
+        return cut.point.x - rest / cut.normal.x;
+    }
     double reach = -sign * 1e300;
     for (const double y : {0.0, header.profileHeight})
         for (const double z : {0.0, header.flangeWidth}) {
@@ -96,10 +107,6 @@ bool EndsIn(const Outline& outline, const NcCut& cut) {
             return true;
     }
     return false;
-}
-
-bool IsRound(const NcHeader& header) {
-    return header.profileCode == L"RO" || header.profileCode == L"RU";
 }
 
 /// True when an outline shows the angle of a cut.

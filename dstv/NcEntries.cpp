@@ -15,6 +15,14 @@ const wchar_t* KindOf(const NcHole& hole) {
     return hole.form == NcHoleForm::kSlot ? L"slot" : L"hole";
 }
 
+/// What its notch lines ask for is made with it where it has arcs for that.
+void AddContour(const NcContour& contour, std::vector<NcEntry>& entries) {
+    entries.push_back({contour.isInternal ? L"opening" : L"outline", contour.line, false});
+    for (const NcNotchLine& notch : contour.notchLines)
+        if (notch.isNoted)
+            entries.push_back({notch.kind == 'w' ? L"relief hole" : L"fillet", notch.line, true});
+}
+
 /// A saw cut that is slanted both ways is one entry, in the NC data when either cut is.
 void AddCut(const NcCut& cut, std::vector<NcEntry>& entries) {
     if (!entries.empty() && entries.back().line == cut.line)
@@ -31,7 +39,7 @@ std::vector<NcEntry> EntriesOf(const NcPart& part) {
     for (const NcHole& hole : part.holes)
         entries.push_back({KindOf(hole), hole.line, false});
     for (const NcContour& contour : part.contours)
-        entries.push_back({contour.isInternal ? L"opening" : L"outline", contour.line, false});
+        AddContour(contour, entries);
     for (const NcMark& mark : part.marks)
         entries.push_back({L"mark", mark.line, false});
     for (const NcNumeration& text : part.numerations)

@@ -78,7 +78,10 @@ void NcParser::FinishHole(NcHole hole, const NcLine& line) {
     Spend(hole.outline.size(), line);
     if (m_part.holes.size() == kMaxHoles)
         FailAt(line, L"hole", Trimmed(line.text), L"at most 100000 holes in one file");
-    CheckHole(line.number, hole.place, CentreOf(hole));
+    CheckPlace(hole.form == NcHoleForm::kMark ? L"mark" : L"hole",
+               line.number,
+               hole.place,
+               CentreOf(hole));
     if (m_part.holes.empty())
         m_part.holes.reserve(kUsualHoles);
     m_part.holes.push_back(std::move(hole));
@@ -115,6 +118,8 @@ void NcParser::ReadSlot(NcTokens& tokens, NcHole& hole) {
     if (!hasLetter && tokens.IsAtEnd())
         return;
     hole.slotWidth = tokens.TakeSize(L"slot width", kSize);
+    if (!hasLetter && tokens.TakeLetterOf("l", L"slot height", kSize) != 0)
+        tokens.Fail(L"slot", L"diameter, depth, then the letter l, width, height and angle");
     if (hasLetter || !tokens.IsAtEnd())
         hole.slotHeight = tokens.TakeSize(L"slot height", kSize);
     if (hasLetter || !tokens.IsAtEnd())
@@ -142,6 +147,7 @@ void NcParser::ReadNumeration(NcTokens& tokens) {
         m_notes.Note(text.line, L"text without a height");
     text.rule = tokens.TakeGlued("rz");
     text.text = TextAt(tokens.GetLine(), tokens.GetRest());
+    CheckPlace(L"text", text.line, text.place, {text.x, text.q});
     m_part.numerations.push_back(std::move(text));
 }
 

@@ -30,6 +30,9 @@ constexpr HeaderCut kHeaderCuts[] = {
 
 constexpr double kSteepestCut = 89.0;
 
+constexpr wchar_t kAlongText[] = L"saw cut along the piece: not made";
+constexpr wchar_t kNoNormalText[] = L"saw cut without a direction, its normal is 0: not made";
+
 }  // namespace
 
 NcPart NcParser::Finish() {
@@ -95,7 +98,7 @@ void NcParser::MakeCuts() {
         cut.isOnFlange = value.isOnFlange;
         cut.angle = angle;
         cut.x = value.isAtEnd ? m_part.header.length : 0.0;
-        AddCut(cut);
+        AddCut(cut, nullptr);
         if (!m_part.cuts.back().isNoted && std::abs(angle) > kSteepestCut)
             FailAt(m_header.LineOf(value.headerValue),
                    L"skew cut",
@@ -104,18 +107,21 @@ void NcParser::MakeCuts() {
     }
     for (const NcSawCut& sawCut : m_part.sawCuts) {
         for (const NcCut& cut : CutsOf(sawCut, m_part.header))
-            AddCut(cut);
+            AddCut(cut, sawCut.normal.length() == 0.0 ? kNoNormalText : kAlongText);
     }
 }
 
-void NcParser::AddCut(NcCut cut) {
-    if (!cut.isFromHeader && std::abs(cut.angle) > kSteepestCut) {
-        m_notes.Account(NcNote::Severity::kWarning, cut.line, L"saw cut along the piece: not made");
+/// `fault`: what is told of one that is too steep; null: nothing.
+void NcParser::AddCut(NcCut cut, const wchar_t* fault) {
+    if (fault != nullptr && std::abs(cut.angle) > kSteepestCut) {
+        m_notes.Account(NcNote::Severity::kWarning, cut.line, fault);
         cut.isNoted = true;
     } else if (IsCutByOutlines(m_part, cut)) {
         m_notes.Account(NcNote::Severity::kNote,
                         cut.line,
-                        L"cut at an angle: the outlines of the faces have it already");
+                        cut.angle == 0.0
+                            ? L"straight cut: the outlines of the faces have it already"
+                            : L"cut at an angle: the outlines of the faces have it already");
         cut.isNoted = true;
     }
     m_part.cuts.push_back(cut);

@@ -19,7 +19,7 @@ constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 constexpr char kOldEndOfFile = 0x1A;
 
 constexpr wchar_t kAside[] = L"kept beside the NC data, which have no place for it";
-/// The centre of a hole may lie beyond its face by this, mm.
+/// The centre of a hole, a mark or a text may lie beyond its face by this, mm.
 constexpr double kHoleSlack = 0.5;
 
 bool IsComment(const NcLine& line) {
@@ -240,7 +240,21 @@ void NcParser::NotePurpose() {
                     ZetString::format(L"block %s: %s", Quoted(m_block.code), reader->remark));
 }
 
+/// A plane without lines is refused; other blocks with a remark are told by that.
+void NcParser::NoteEmptyBlock() {
+    const BlockReader* const reader = m_block.reader;
+    if (reader == nullptr || reader->remark != nullptr || m_block.hasLines ||
+        reader->type == NcBlockType::kPlane)
+        return;
+    const long line = m_block.line.number;
+    m_part.skippedBlocks.push_back({line});
+    m_notes.Account(NcNote::Severity::kNote,
+                    line,
+                    ZetString::format(L"block %s has no lines", Quoted(m_block.code)));
+}
+
 void NcParser::EndBlock() {
+    NoteEmptyBlock();
     FinishOutline();
     FinishSection();
     FinishPlane();
@@ -255,6 +269,7 @@ void NcParser::ReadDataLine(const NcLine& line) {
                                            Quotable(Trimmed(line.text))));
         return;
     }
+    m_block.hasLines = true;
     NcTokens tokens(line);
     // Of texts only control characters can be wrong, and those no file may have.
     if (m_block.reader->remark != nullptr && m_block.code.type != NcBlockType::kInformation)
@@ -331,17 +346,21 @@ ZetGeomPoint2d NcParser::LimitsOf(NcFace face) const {
     return {header.length, isRound ? std::numbers::pi * width : width};
 }
 
-void NcParser::CheckHole(long line, const NcPlace& place, const ZetGeomPoint2d& centre) {
+/// Of a hole the centre. False when it is told.
+bool NcParser::CheckPlace(const wchar_t* what,
+                          long line,
+                          const NcPlace& place,
+                          const ZetGeomPoint2d& at) {
     if (place.face == NcFace::kPlane)
-        return;
+        return true;
     const ZetGeomPoint2d limits = LimitsOf(place.face);
-    const bool isAlong = centre.x <= limits.x + kHoleSlack;
-    const bool isAcross =
-        limits.y == 0.0 || (centre.y >= -kHoleSlack && centre.y <= limits.y + kHoleSlack);
-    if (centre.x < 0.0)
-        m_notes.Warn(line, L"hole with a negative X");
+    const bool isAlong = at.x <= limits.x + kHoleSlack;
+    const bool isAcross = limits.y == 0.0 || (at.y >= -kHoleSlack && at.y <= limits.y + kHoleSlack);
+    if (at.x < 0.0)
+        m_notes.Warn(line, ZetString::format(L"%s with a negative X", ZetString(what)));
     else if (!isAlong || !isAcross)
-        m_notes.Warn(line, L"hole outside of its face");
+        m_notes.Warn(line, ZetString::format(L"%s outside of its face", ZetString(what)));
+    return at.x >= 0.0 && isAlong && isAcross;
 }
 
 void NcParser::Spend(std::size_t points, const NcLine& line) {

@@ -48,6 +48,7 @@ class NcParser {
         bool hasPlace = false;
         bool isBroken =
             false;  ///< a line of it is wrong: what it would make together is not judged
+        bool hasLines = false;
         char reference = 0;
     };
 
@@ -71,6 +72,7 @@ class NcParser {
     void NoteBlock();
     void NotePurpose();
     void EndBlock();
+    void NoteEmptyBlock();
     void ReadDataLine(const NcLine& line);
     void ReadAside(NcTokens& tokens);
     bool KeepComment(const NcLine& line);
@@ -80,7 +82,7 @@ class NcParser {
     NcPlace TakePlace(NcTokens& tokens);
     char TakeReference(NcTokens& tokens);
     ZetGeomPoint2d LimitsOf(NcFace face) const;
-    void CheckHole(long line, const NcPlace& place, const ZetGeomPoint2d& centre);
+    bool CheckPlace(const wchar_t* what, long line, const NcPlace& place, const ZetGeomPoint2d& at);
     void Spend(std::size_t points, const NcLine& line);
 
     // Lines that stand for themselves.
@@ -103,11 +105,12 @@ class NcParser {
     void ReadSectionLine(NcTokens& tokens);
     void ReadPlaneLine(NcTokens& tokens);
     void AddPoint(const OutlineLine& read, const NcLine& line);
-    void CheckNotchLine(const NcNotchLine& notch);
+    void CheckNotchLines(NcContour& contour);
     void FinishOutline();
     void CloseContour(NcOpenOutline& outline);
     std::vector<ZetGeomPoint2d> CheckedOutline(const NcOpenOutline& outline);
     void CheckReach(const NcContour& contour);
+    void CheckPlateSize(const NcContour& contour, const ZetGeomVector2d& size);
     void FinishContour(NcOpenOutline outline);
     void FinishMark(NcOpenOutline outline);
     void FinishSection();
@@ -120,7 +123,7 @@ class NcParser {
     NcPart Finish();
     void ResolvePlanes();
     void MakeCuts();
-    void AddCut(NcCut cut);
+    void AddCut(NcCut cut, const wchar_t* fault);
     void CheckCrowding();
     void NoteRepeatedOutlines();
 

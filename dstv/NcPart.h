@@ -136,7 +136,8 @@ struct NcNotchLine {
     double q = 0.0;
     char kind = 'w';  ///< w: round relief hole; t: tangential fillet
     double radius = 0.0;
-    long afterPoint = 0;  ///< count of contour points before it
+    long afterPoint = 0;   ///< count of contour points before it
+    bool isNoted = false;  ///< no arc of the contour makes it: a warning tells it
 };
 
 /// One contour of an AK, IK, An or In block, in its file's direction.

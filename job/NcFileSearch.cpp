@@ -91,7 +91,7 @@ class NormalNames {
 enum class Kind {
     kFile,
     kFolder,
-    kLinkToNothing,
+    kLinkToNothing,  ///< or in a loop
     kNothing,
     kOther,    ///< a device, a pipe
     kUnknown,  ///< the system does not tell
@@ -103,10 +103,13 @@ Kind KindOf(const fs::path& path, std::error_code& error) {
         return Kind::kFile;
     if (fs::is_directory(status))
         return Kind::kFolder;
-    if (status.type() == fs::file_type::not_found) {
-        std::error_code ignored;
-        return fs::is_symlink(path, ignored) ? Kind::kLinkToNothing : Kind::kNothing;
-    }
+    const bool isMissing = status.type() == fs::file_type::not_found;
+    std::error_code ignored;
+    if ((isMissing || error == std::errc::too_many_symbolic_link_levels) &&
+        fs::is_symlink(path, ignored))
+        return Kind::kLinkToNothing;
+    if (isMissing)
+        return Kind::kNothing;
     return fs::status_known(status) ? Kind::kOther : Kind::kUnknown;
 }
 
@@ -241,7 +244,7 @@ class NcFileSearch {
             for (; !error && file != fs::directory_iterator(); file.increment(error))
                 isPlain.emplace(Utf8Of(file->path().filename()),
                                 !file->is_symlink(ignored) && file->is_regular_file(ignored));
-            if (error && KindOf(folder, ignored) == Kind::kLinkToNothing)
+            if (IsNoFolder(error) && KindOf(folder, ignored) == Kind::kLinkToNothing)
                 m_faults.push_back(TextOf(folder, "is a link to nothing"));
         }
         return entry->second;

@@ -58,7 +58,8 @@ MachineOperation OperationOf(const ZetNCNumeration& text, const CViewData& view)
 
 }  // namespace
 
-/// Where the member type does not ask for them, one note tells them all.
+/// Where the member type does not ask for them, one note tells them all; of a member that is not
+/// made nobody asks for anything.
 void JobMember::NoteMarks() {
     if (m_type.areMarksMade)
         return;
@@ -75,7 +76,8 @@ void JobMember::NoteMarks() {
         claim(view.getMarks());
         claim(view.getNumerations());
     }
-    if (const std::optional<Feature> feature = FeatureOf(first); feature && count > 0)
+    const bool isMade = m_errors.isEmpty() && m_secondErrors.isEmpty() && m_hasPieces;
+    if (const std::optional<Feature> feature = FeatureOf(first); feature && count > 0 && isMade)
         m_notes.push_back({*feature,
                            ZetString::format(kMarksFormat,
                                              count,

@@ -16,7 +16,7 @@ namespace plugin {
 
 namespace {
 
-constexpr const wchar_t* kNoHoleText = L"The countersink has no round hole at its place";
+constexpr const wchar_t* kNoHoleText = L"The countersink has no plain round hole at its place";
 constexpr const wchar_t* kSecondText = L"The hole has another countersink already";
 constexpr const wchar_t* kNarrowText = L"The countersink is narrower than its hole";
 constexpr const wchar_t* kSlotText = L"The countersink is a slot, and no operation tells one";

@@ -5,7 +5,9 @@
 #include "camdata/tolerance/CMxGeom.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
+#include <cstddef>
 
 // Holes and openings in what outlines and mitres leave away.
 
@@ -97,11 +99,15 @@ bool JobMember::IsBeyondMitre(const ZetGeomPoint2d& centre, int viewPosition, do
 /// True where a mitre takes something from the section, wherever around it.
 bool JobMember::IsAtMitre(double minX, double maxX) const {
     const double height = m_memType.GetHeaderData().height;
+    std::array<double, 2> slopes = {};  // by ZetNCCut::End; cuts across each other go deeper
+    for (const ZetNCCut& cut : m_mitres) {
+        double& slope = slopes[static_cast<std::size_t>(cut.end)];
+        slope = std::hypot(slope, ShorteningBy(cut, 0.0, height).tangent);
+    }
     return std::any_of(m_mitres.begin(), m_mitres.end(), [&](const ZetNCCut& cut) {
         const bool isAtStart = cut.end == ZetNCCut::eEndStart;
         const double toEnd = isAtStart ? minX - cut.x : cut.x - maxX;
-        return toEnd < std::max(ShorteningBy(cut, 0.0, height).amount,
-                                ShorteningBy(cut, height, height).amount);
+        return toEnd < height * slopes[static_cast<std::size_t>(cut.end)];
     });
 }
 

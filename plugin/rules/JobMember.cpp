@@ -98,8 +98,8 @@ void JobMember::ValidateMember() {
     CheckLimits();
     CheckQuantity();
     CheckStockLength();
-    NoteMarks();
     WriteFormats();
+    NoteMarks();
 }
 
 // ---- findings -----------------------------------------------------------------------------------
