@@ -23,9 +23,6 @@ constexpr double kSamePoint = 0.01;
 constexpr double kSkewSlack = 0.1;
 /// Lists of so many are made at once.
 constexpr std::size_t kUsualPoints = 16;
-/// Contours may reach beyond their face, or end short of a plate's, by this, mm: some headers give
-/// sizes in whole mm.
-constexpr double kHeaderRounding = 1.0;
 
 ZetGeomPoint2d PointOf(const NcContourPoint& point) {
     return {point.x, point.q};
@@ -247,22 +244,6 @@ void NcParser::CheckReach(const NcContour& contour) {
         m_notes.Warn(contour.line,
                      ZetString::format(L"%s reaches beyond its face",
                                        contour.isInternal ? L"opening" : L"outline"));
-    const bool isOnFront = face == NcFace::kFront || face == NcFace::kBehind;
-    if (isPlate && isOnFront && !contour.isInternal)
-        CheckPlateSize(contour, high - low);
-}
-
-/// The outline is the plate, whatever the header says.
-void NcParser::CheckPlateSize(const NcContour& contour, const ZetGeomVector2d& size) {
-    const NcHeader& header = m_part.header;
-    if (std::max(header.length - size.x, header.profileHeight - size.y) > kHeaderRounding)
-        m_notes.Warn(contour.line,
-                     ZetString::format(L"outline of %.2f x %.2f is smaller than the plate of the "
-                                       L"header, %.2f x %.2f",
-                                       size.x,
-                                       size.y,
-                                       header.length,
-                                       header.profileHeight));
 }
 
 void NcParser::FinishContour(NcOpenOutline outline) {

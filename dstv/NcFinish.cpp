@@ -39,6 +39,7 @@ NcPart NcParser::Finish() {
     ResolvePlanes();
     CheckCrowding();
     NoteRepeatedOutlines();
+    CheckPlateSize();
     MakeCuts();
     m_part.notes = m_notes.Take();
     return std::move(m_part);
@@ -83,6 +84,35 @@ void NcParser::NoteRepeatedOutlines() {
         if (!contour.isInternal && !seen.emplace(place.face, place.plane).second)
             m_notes.Note(contour.line, L"another outline of the same face: kept apart");
     }
+}
+
+/// The outlines are the plate, whatever the header says.
+void NcParser::CheckPlateSize() {
+    const NcHeader& header = m_part.header;
+    std::vector<ZetGeomPoint2d> corners;
+    long first = 0;
+    for (const NcContour& contour : m_part.contours) {
+        const NcFace face = StandardPlace(m_part, contour.place).face;
+        if (contour.isInternal || (face != NcFace::kFront && face != NcFace::kBehind))
+            continue;
+        first = corners.empty() ? contour.line : first;
+        corners.insert(corners.end(), contour.outline.begin(), contour.outline.end());
+    }
+    if (header.profileCode != L"B" || corners.empty())
+        return;
+    const auto [left, right] = std::minmax_element(
+        corners.begin(), corners.end(), [](auto& a, auto& b) { return a.x < b.x; });
+    const auto [low, high] = std::minmax_element(
+        corners.begin(), corners.end(), [](auto& a, auto& b) { return a.y < b.y; });
+    const ZetGeomVector2d size = {right->x - left->x, high->y - low->y};
+    if (std::max(header.length - size.x, header.profileHeight - size.y) > kHeaderRounding)
+        m_notes.Warn(first,
+                     ZetString::format(L"outline of %.2f x %.2f is smaller than the plate of the "
+                                       L"header, %.2f x %.2f",
+                                       size.x,
+                                       size.y,
+                                       header.length,
+                                       header.profileHeight));
 }
 
 /// The angles of the header, then the saw cuts.

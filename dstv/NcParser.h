@@ -110,7 +110,6 @@ class NcParser {
     void CloseContour(NcOpenOutline& outline);
     std::vector<ZetGeomPoint2d> CheckedOutline(const NcOpenOutline& outline);
     void CheckReach(const NcContour& contour);
-    void CheckPlateSize(const NcContour& contour, const ZetGeomVector2d& size);
     void FinishContour(NcOpenOutline outline);
     void FinishMark(NcOpenOutline outline);
     void FinishSection();
@@ -120,12 +119,17 @@ class NcParser {
                                        std::vector<std::size_t>& sources);
 
     // What needs all lines.
+    /// Contours may reach beyond their face, or end short of a plate's, by this, mm: some headers
+    /// give sizes in whole mm.
+    static constexpr double kHeaderRounding = 1.0;
+
     NcPart Finish();
     void ResolvePlanes();
     void MakeCuts();
     void AddCut(NcCut cut, const wchar_t* fault);
     void CheckCrowding();
     void NoteRepeatedOutlines();
+    void CheckPlateSize();
 
     NcPart m_part;
     NcNotes m_notes;
