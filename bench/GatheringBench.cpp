@@ -1,9 +1,8 @@
-#include "support/HoleBuilder.h"
+#include "SampleHoles.h"
 #include "support/PlainGathering.h"
 #include "support/TestMember.h"
 
 #include <chrono>
-#include <random>
 #include <utility>
 #include <vector>
 
@@ -14,65 +13,7 @@
 
 namespace {
 
-using Holes = std::vector<CHoleAddlInfo>;
 using Clock = std::chrono::steady_clock;
-
-/// Holes of 14 two by two, every 60 mm.
-Holes Pattern(long count) {
-    Holes holes;
-    for (long i = 0; i < count; ++i)
-        holes.push_back(HoleAt(60.0 * static_cast<double>(i / 2), i % 2 == 0 ? 60 : 140).Round(14));
-    return holes;
-}
-
-double Drawn(std::mt19937_64& random, double below) {
-    return static_cast<double>(random() % 1000000) * below * 1e-6;
-}
-
-Holes Random(long count) {
-    std::mt19937_64 random(1);
-    Holes holes;
-    for (long i = 0; i < count; ++i)
-        holes.push_back(HoleAt(Drawn(random, 12000), Drawn(random, 200)).Round(14));
-    return holes;
-}
-
-/// All at one X.
-Holes Column(long count) {
-    Holes holes;
-    for (long i = 0; i < count; ++i)
-        holes.push_back(HoleAt(3000, 20.0 * static_cast<double>(i)).Round(14));
-    return holes;
-}
-
-/// So close that most are duplicates.
-Holes Dense(long count) {
-    std::mt19937_64 random(1);
-    Holes holes;
-    for (long i = 0; i < count; ++i)
-        holes.push_back(HoleAt(Drawn(random, 1200), Drawn(random, 200)).Round(14));
-    return holes;
-}
-
-/// One hole in a hundred is as wide as two hundred others.
-Holes LargeAndSmall(long count) {
-    Holes holes = Pattern(count);
-    for (std::size_t i = 0; i < holes.size(); i += 100)
-        holes[i] = HoleAt(holes[i].GetXPos(), 5000).Round(2800);
-    return holes;
-}
-
-/// Every tenth is a slot, and every second of these holds a hole.
-Holes Slots(long count) {
-    Holes holes = Pattern(count);
-    for (std::size_t i = 0; i + 1 < holes.size(); i += 10) {
-        const double x = holes[i].GetXPos();
-        holes[i] = HoleAt(x, 60).Slot(14, 40);
-        if (i % 20 == 0)
-            holes[i + 1] = HoleAt(x + 5, 60).Round(14);
-    }
-    return holes;
-}
 
 using MakeHoles = Holes (*)(long);
 
@@ -140,15 +81,7 @@ void InSlots(benchmark::State& state, MakeHoles makeHoles) {
 
 /// All of the gathering of a member whose front view has these holes.
 void Gathering(benchmark::State& state, MakeHoles makeHoles) {
-    ZetArray<ZetNCHoleData> holes;
-    for (const CHoleAddlInfo& hole : makeHoles(state.range(0)))
-        holes.append(hole.GetHoleData());
-    ZetArray<ZetNCView> views;
-    views.append({});
-    views.first().setViewPos(1);
-    views.first().setHoles(std::move(holes));
-    TestMember original;
-    original.m_structure.setViews(std::move(views));
+    const TestMember original = MemberWith(makeHoles(state.range(0)));
     for (auto _ : state) {
         TestMember member = original;
         const auto start = Clock::now();

@@ -12,7 +12,8 @@ constexpr double kLeft = 60.0;
 constexpr double kTop = 40.0;
 constexpr double kWidth = 480.0;
 constexpr double kHeight = 300.0;
-constexpr const char* kColours[] = {"#005f9e", "#c05000", "#3a7d2c", "#7a4fa0"};
+constexpr const char* kColours[] = {
+    "#005f9e", "#c05000", "#3a7d2c", "#7a4fa0", "#008080", "#a02050"};
 
 template <typename... Values>
 std::string Print(const char* format, Values... values) {

@@ -9,8 +9,12 @@
 #include <vector>
 
 #include <benchmark/benchmark.h>
+#ifdef CAMDATA_BENCH_FMT
+#include <fmt/format.h>
+#endif
 
-// Lines of a report and rounding, each beside the C library's way to the same result.
+// Lines of a report and rounding, each beside the C library's way to the same result,
+// and beside {fmt} where it is installed.
 
 namespace {
 
@@ -43,6 +47,23 @@ void LinePrintf(benchmark::State& state) {
                              value);
     });
 }
+
+#ifdef CAMDATA_BENCH_FMT
+void LineFmt(benchmark::State& state) {
+    ForValues(state, [](double value) {
+        char line[128];
+        return fmt::format_to(line,
+                              "{}*Warning*: {} of ({}) at {:.1f} and {:3.1f}",
+                              "          ",
+                              12,
+                              "P1042",
+                              value,
+                              value) -
+               line;
+    });
+}
+BENCHMARK(LineFmt);
+#endif
 
 void Line(benchmark::State& state) {
     ForValues(state, [](double value) {

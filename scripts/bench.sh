@@ -7,11 +7,13 @@ cd "$(dirname "${BASH_SOURCE[0]}")/.."
 
 scripts/setup.sh build bench
 cmake --preset release -DCAMDATA_BUILD_BENCH=ON
-cmake --build --preset release --target camdata_bench camdata_cutting_bench camdata_format_bench camdata_job_bench camdata_slots_bench -j"$(nproc)"
+cmake --build --preset release --target camdata_bench camdata_cutting_bench camdata_format_bench camdata_job_bench camdata_scaling_bench camdata_slots_bench -j"$(nproc)"
 build/release/bin/camdata_bench
 build/release/bin/camdata_cutting_bench
 build/release/bin/camdata_slots_bench
 build/release/bin/camdata_format_bench
+build/release/bin/camdata_scaling_bench build/release
+echo "the charts are build/release/gathering.svg and build/release/outlines.svg"
 jobs=$(mktemp -d)
 trap 'rm -rf "$jobs"' EXIT
 build/release/bin/camdata_job_bench build/release/bin/camjob "$jobs" "$@"
