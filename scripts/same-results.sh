@@ -51,9 +51,9 @@ for name in de_DE tr_TR; do
 done
 export LOCPATH=$disk/locales WINEDEBUG=${WINEDEBUG:--all}
 
-# run TOOL PLACE LOCALE ZONE RESULT: all that the jobs write and say, in the folder RESULT.
+# run TOOL PLACE LOCALE ZONE THREADS RESULT: all that the jobs write and say, in the folder RESULT.
 run() {
-    local tool place=$2 result=$5 job
+    local tool place=$2 result=$6 job
     tool=$(realpath "$1")
     local call=("$tool")
     [[ "$tool" != *.exe ]] || call=(wine "$tool")
@@ -62,7 +62,8 @@ run() {
             cd "$place/examples/${job%/*}"
             mkdir -p "$result"
             said=$result/${job#*/}.txt
-            if ! LC_ALL=$3 TZ=$4 "${call[@]}" run "${job#*/}.toml" --out same >"$said" 2>&1 && [ ! -d same ]; then
+            if ! LC_ALL=$3 TZ=$4 "${call[@]}" run "${job#*/}.toml" --out same --threads $5 \
+                >"$said" 2>&1 && [ ! -d same ]; then
                 cat "$said"
                 exit 1
             fi
@@ -77,16 +78,18 @@ for tool in "${tools[@]}"; do
     for place in "$disk/forth" "$memory/forth" "$memory/back"; do
         for locale in "${locales[@]}"; do
             for zone in UTC Pacific/Auckland; do
-                result=$disk/result-$((count += 1))
-                run "$tool" "$place" "$locale" $zone "$result"
-                if [ -z "$reference" ]; then
-                    reference=$result
-                elif ! diff -r "$reference" "$result"; then
-                    echo "same-results.sh: $tool in $place, $locale, $zone writes something else" >&2
-                    exit 1
-                else
-                    rm -rf "$result"
-                fi
+                for threads in 1 7; do
+                    result=$disk/result-$((count += 1))
+                    run "$tool" "$place" "$locale" $zone $threads "$result"
+                    if [ -z "$reference" ]; then
+                        reference=$result
+                    elif ! diff -r "$reference" "$result"; then
+                        echo "same-results.sh: $tool in $place, $locale, $zone, $threads threads: not the same" >&2
+                        exit 1
+                    else
+                        rm -rf "$result"
+                    fi
+                done
             done
         done
     done
