@@ -1,9 +1,10 @@
 #!/usr/bin/env bash
-# fuzz.sh [--same] SECONDS [NAME...] runs each fuzzer of fuzz/, or those named, for so many seconds, under
-# Clang's address and undefined-behaviour sanitizers, as many at a time as there are cores, and prints what
-# they did. Inputs that reach new code stay in build/fuzz/corpus/NAME and are where the next call goes on from.
-# With --same each call tries the same inputs in the same order, as far as it gets, and keeps none. Ends with 1
-# when an input breaks a law, and says where it lies; run it alone by: build/fuzz/bin/fuzz_NAME FILE
+# fuzz.sh SECONDS [NAME...] runs each fuzzer of fuzz/, or those named, for so many seconds, under Clang's
+# address and undefined-behaviour sanitizers, as many at a time as there are cores, and prints what they did.
+# Inputs that reach new code stay in build/fuzz/corpus/NAME and are where the next call goes on from.
+# fuzz.sh --same INPUTS [NAME...] tries so many, the same ones in each call, and keeps none; of whole runs, which
+# take longer, a twentieth. Ends with 1 when an input breaks a law, and says where it lies; run it alone by:
+# build/fuzz/bin/fuzz_NAME FILE
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
 
@@ -13,10 +14,10 @@ if [ "${1:-}" = --same ]; then
     shift
 fi
 if [[ ! "${1:-}" =~ ^[1-9][0-9]*$ ]]; then
-    echo "usage: fuzz.sh [--same] SECONDS [NAME...]" >&2
+    echo "usage: fuzz.sh SECONDS [NAME...], or fuzz.sh --same INPUTS [NAME...]" >&2
     exit 2
 fi
-seconds=$1
+amount=$1
 shift
 names=("$@")
 if [ ${#names[@]} -eq 0 ]; then
@@ -49,19 +50,23 @@ seeds() {
 
 # fuzz NAME: the row of the table, or the end of its log.
 fuzz() {
-    local name=$1 given=$work/seeds/$1 corpus=$work/corpus/$1 log=$work/$1.log options=() files
+    local name=$1 given=$work/seeds/$1 corpus=$work/corpus/$1 log=$work/$1.log files
+    local options=(-max_total_time="$amount")
     if [ -n "$same" ]; then
         corpus=$(mktemp -d)
-        options=(-seed=1)
+        case $name in
+        FormatFile | Run) options=(-seed=1 -runs=$((amount / 20))) ;;
+        *) options=(-seed=1 -runs="$amount") ;;
+        esac
     fi
     mkdir -p "$corpus" "$given"
     files=$(seeds "$name")
     # shellcheck disable=SC2086  # patterns
     [ -z "$files" ] || cp -ru $files "$given"
     [ ! -d fuzz/corpus/$name ] || cp -ru "fuzz/corpus/$name/." "$given"
-    if ! $work/bin/fuzz_$name -max_total_time="$seconds" -timeout=20 -rss_limit_mb=4096 -max_len=8192 \
+    if ! $work/bin/fuzz_$name "${options[@]}" -timeout=20 -rss_limit_mb=4096 -max_len=8192 \
         -entropic=0 -detect_leaks=0 -dict=fuzz/$name.dict -artifact_prefix=$work/found/$name- -print_final_stats=1 \
-        "${options[@]}" "$corpus" "$given" >"$log" 2>&1; then
+        "$corpus" "$given" >"$log" 2>&1; then
         tail -40 "$log"
         echo "$name: an input breaks a law, see $work/found" >&2
         return 1
@@ -74,7 +79,7 @@ fuzz() {
         END { sub("/.*", "", kept); printf "%-14s %12d %8d %8d %8d\n", name, inputs, speed, places, kept }' "$log"
 }
 export -f fuzz seeds
-export work seconds same
+export work amount same
 
 printf '%-14s %12s %8s %8s %8s\n' fuzzer inputs "a second" places kept
 printf '%s\n' "${names[@]}" | xargs -P "$(nproc)" -I{} bash -c 'fuzz {}' || exit 1
