@@ -176,11 +176,11 @@ std::string CuttingTable::MakeHead() {
            job::kCsvLineEnd;
 }
 
-std::string CuttingTable::MakeRows(const ProfilePlan& plan, const ZetString& group) {
+void CuttingTable::WriteRows(const ProfilePlan& plan, const ZetString& group, ZetFileAccess& file) {
     const std::string begin =
         Field(group) + "," + Field(plan.profileName) + "," + Field(plan.material) + ",";
     const std::vector<std::string> marks = MarkFields(plan);
-    std::string rows;
+    std::string rows;  // of a bar; the memory is that of the bar before
     BarWalk walk(plan);
     long bar = plan.firstBar;
     for (const cutting::PlannedBars& bars : plan.plan.bars) {
@@ -188,6 +188,7 @@ std::string CuttingTable::MakeRows(const ProfilePlan& plan, const ZetString& gro
         for (cutting::Count i = 0; i < bars.bars; ++i, ++bar) {
             const std::string onBar =
                 begin + std::to_string(bar) + "," + Field(plan.cutStocks[bars.stock].length) + ",";
+            rows.clear();
             for (const PieceOnBar& piece : walk.Next(bars))
                 rows.append(onBar)
                     .append(Field(piece.position))
@@ -199,9 +200,9 @@ std::string CuttingTable::MakeRows(const ProfilePlan& plan, const ZetString& gro
                     .append(Field(piece.length))
                     .append(end)
                     .append(job::kCsvLineEnd);
+            file.WriteUtf8(rows);
         }
     }
-    return rows;
 }
 
 }  // namespace plugin

@@ -16,8 +16,8 @@ class CuttingTable {
   public:
     /// The column names, and their line end.
     static std::string MakeHead();
-    /// The rows of one profile.
-    static std::string MakeRows(const ProfilePlan& plan, const ZetString& group);
+    /// Writes the rows of one profile, bar by bar: of a large job they would fill the memory.
+    static void WriteRows(const ProfilePlan& plan, const ZetString& group, ZetFileAccess& file);
 };
 
 }  // namespace plugin

@@ -120,10 +120,9 @@ class JobRun::Member final : public JobMember {
             throw Cancelled();
         JobMember::WriteMemOutPut(files, secondaryParts);
         m_run->m_written.push_back(m_position);
-        if (!m_run->m_areRecordsKept)
-            TakeRecords();
     }
 
+    void StoreRecords(TextBlocks& blocks) { m_recordText = blocks.Add(TakeRecords().text); }
     /// Of its NC file, without folder; "" when it was not told.
     const ZetString& GetFileName() const { return m_fileName; }
     /// When it is valid.
@@ -144,7 +143,12 @@ class JobRun::Member final : public JobMember {
     }
 
   private:
+    std::string_view GetRecordText() const override {
+        return m_run->m_areRecordsKept ? JobMember::GetRecordText() : m_recordText;
+    }
+
     JobRun* m_run = nullptr;
+    std::string_view m_recordText;  ///< when they are stored
     ZetString m_fileName;
     std::size_t m_position = 0;
 };
@@ -231,6 +235,8 @@ void JobRun::Take(Judged judged) {
     if (judged.m_added != Added::kAdded)
         return;
     judged.m_member->Join(*this, m_members.size());
+    if (!m_areRecordsKept)
+        judged.m_member->StoreRecords(m_records);
     m_members.push_back(std::move(judged.m_member));
 }
 
@@ -295,6 +301,7 @@ void JobRun::WriteMembers(const ZetString& folder, const CancelCheck& isCancelle
     for (const auto& member : m_members)
         m_accumulator.Append(member.get());
     m_accumulator.WriteOutPut();
+    m_records.Clear();
     m_faults = m_accumulator.GetFileFaults();
 }
 
@@ -524,7 +531,7 @@ void JobRun::WriteCuttingTable(const ZetString& name) {
     file.Open(name, L"w");
     file.WriteUtf8(CuttingTable::MakeHead());
     for (const ProfilePlan& plan : m_plans)
-        file.WriteUtf8(CuttingTable::MakeRows(plan, m_job.groups[plan.group].id));
+        CuttingTable::WriteRows(plan, m_job.groups[plan.group].id, file);
     CloseFile(file, name);
 }
 

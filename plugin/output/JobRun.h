@@ -6,6 +6,7 @@
 #include "plugin/output/JobProjectInformation.h"
 #include "plugin/output/ProfilePlan.h"
 #include "plugin/output/SteelTotals.h"
+#include "plugin/output/TextBlocks.h"
 #include "plugin/rules/JobMember.h"
 #include "plugin/rules/JudgingRules.h"
 
@@ -219,6 +220,7 @@ class JobRun {
     GroupSections m_sections;  ///< from Write on
     CMxCamGlobAcc m_accumulator;
     bool m_areRecordsKept = true;
+    TextBlocks m_records;  ///< of the members, until they are written; unless they are kept
     std::vector<ZetString> m_leftOut;
     ZetArray<FileFault> m_faults;
     BarsInHand m_bars;

@@ -270,7 +270,7 @@ void JobMember::WriteMemOutPut(const ZetArray<ZetFileAccess*>& files,
 
 void JobMember::WriteRecords(ZetFileAccess* file) const {
     if (file != nullptr && file->IsOpen())
-        file->WriteUtf8(m_records.text);
+        file->WriteUtf8(GetRecordText());
 }
 
 void JobMember::WriteMemErrors(ZetFileAccess* file) {

@@ -16,6 +16,7 @@
 #include <optional>
 #include <set>
 #include <string>
+#include <string_view>
 #include <tuple>
 #include <utility>
 #include <vector>
@@ -161,6 +162,10 @@ class JobMember : public CMxPeilaib {
     void PrintSinglePartDetail(const ZetArray<ZetFileAccess*>& files) override;
     void WriteMemErrors(ZetFileAccess* file) override;
     void WriteMemWarnings(ZetFileAccess* file) override;
+
+  protected:
+    /// What WriteMemOutPut writes of a valid member.
+    virtual std::string_view GetRecordText() const { return m_records.text; }
 
   private:
     ZetString m_material;
