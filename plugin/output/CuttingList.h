@@ -2,6 +2,8 @@
 
 #include "plugin/output/ProfilePlan.h"
 
+#include "camdata/platform/system/ZetFileAccess.h"
+
 #include <string>
 #include <vector>
 
