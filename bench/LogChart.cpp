@@ -102,9 +102,9 @@ std::string LogChart(const std::string& title,
                      const std::vector<ChartLine>& lines) {
     const Chart chart(lines);
     std::string svg =
-        "<svg xmlns=\"http://www.w3.org/2000/svg\" viewBox=\"0 0 560 390\" font-size=\"12\" "
+        "<svg xmlns=\"http://www.w3.org/2000/svg\" viewBox=\"0 0 580 390\" font-size=\"12\" "
         "font-family=\"sans-serif\">\n<style>path{stroke:#ccc}"
-        "polyline{fill:none;stroke-width:2}</style>\n<rect width=\"560\" height=\"390\" "
+        "polyline{fill:none;stroke-width:2}</style>\n<rect width=\"580\" height=\"390\" "
         "fill=\"#fff\"/>\n";
     svg += Print("<text x=\"%.0f\" y=\"24\" font-size=\"14\">%s</text>\n", kLeft, title.c_str());
     svg += chart.Grid();

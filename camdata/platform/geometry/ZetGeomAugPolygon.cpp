@@ -81,10 +81,16 @@ ZetArray<ZetGeomPoint2d> WithoutStraightVertices(const ZetArray<ZetGeomPoint2d>&
 /// middle of an upright edge, before it by a hair.
 auto SafeCorner(ZetArray<ZetGeomPoint2d>& chain) {
     const ZetGeomPoint2d lowest = *std::min_element(chain.begin(), chain.end(), IsBefore);
-    return std::max_element(
-        chain.begin(), chain.end(), [&](const ZetGeomPoint2d& a, const ZetGeomPoint2d& b) {
-            return (a - lowest).length() < (b - lowest).length();
-        });
+    auto farthest = chain.begin();
+    double distance = (*farthest - lowest).length();
+    for (auto vertex = farthest + 1; vertex != chain.end(); ++vertex) {
+        const double length = (*vertex - lowest).length();
+        if (distance < length) {
+            farthest = vertex;
+            distance = length;
+        }
+    }
+    return farthest;
 }
 
 /// True when `a` from its vertex 0 and `b` from `start` run alike.
