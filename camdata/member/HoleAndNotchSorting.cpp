@@ -36,8 +36,9 @@ void SpreadAlongX(Keys& keys) {
             return a.x < b.x;
         });
     const double from = least->x;
-    const double perMm = static_cast<double>(keys.size()) / (greatest->x - from);
-    if (!std::isfinite(perMm))
+    const double length = greatest->x - from;
+    const double perMm = static_cast<double>(keys.size()) / length;
+    if (!std::isfinite(length) || !std::isfinite(perMm))
         return;
     const auto partOf = [&](const PositionKey& key) {
         return std::min(static_cast<std::size_t>((key.x - from) * perMm), keys.size() - 1);

@@ -198,11 +198,13 @@ TEST(GatheringEqualsPlainTest, OrderOfHolesAndNotches) {
     std::mt19937_64 random(1);
     for (int round = 0; round < 3000; ++round) {
         SCOPED_TRACE(round);
+        const bool isLong = round % 50 == 1;
         const auto number = [&] {
             const auto drawn = random() % (round % 3 == 0 ? 4 : 3);
-            return drawn == 3 ? kNaN : static_cast<double>(drawn);
+            const double scale = isLong && round % 4 == 1 ? 1.7e308 : 1.0;
+            return drawn == 3 ? kNaN : (static_cast<double>(drawn) - 1.0) * scale;
         };
-        std::vector<CHoleAddlInfo> records(random() % 12);
+        std::vector<CHoleAddlInfo> records(random() % (isLong ? 400 : 12));
         ZetArray<CNotchAddInfo> notches;
         for (std::size_t i = 0; i < records.size(); ++i) {
             records[i].SetSqrHoleData(static_cast<double>(i), number(), number());
