@@ -5,7 +5,6 @@
 #include "camjob/input/JobReading.h"
 #include "job/JobFile.h"
 #include "job/MessageTexts.h"
-#include "plugin/rules/MemberTypeSearch.h"
 
 #include <algorithm>
 #include <utility>
@@ -25,20 +24,6 @@ ZetString OtherSources(job::MarkSource source) {
                              Joined(words, L", "));
 }
 
-/// The line of the text that tells the part; 0: it is none of the file.
-long LineOfMark(const dstv::NcHeader& header, job::MarkSource source) {
-    switch (source) {
-        case job::MarkSource::kMark:
-            return header.lineOf(dstv::NcHeaderValue::kMark);
-        case job::MarkSource::kDrawing:
-            return header.lineOf(dstv::NcHeaderValue::kDrawing);
-        case job::MarkSource::kPhase:
-            return header.lineOf(dstv::NcHeaderValue::kPhase);
-        default:
-            return 0;
-    }
-}
-
 }  // namespace
 
 JobInput::JobInput(const job::Job& job, plugin::JobRun& run, MemberDrawings* drawings)
@@ -55,7 +40,7 @@ void JobInput::Take(ReadPart read) {
     const std::size_t position = m_position++;
     for (RunFault& fault : read.faults)
         ListFor(m_job.nc.unreadable).push_back({position, std::move(fault)});
-    if (read.entity == nullptr)
+    if (!read.faults.empty())
         return;
     ++m_counts.filesRead;
     Hold({std::move(read), position});
@@ -124,7 +109,8 @@ std::vector<T> JobInput::InOrder(std::vector<Placed<T>> list) {
 void JobInput::Hold(Part part) {
     for (const dstv::NcNote& note : part.notes)
         AddNote(part.position, part.file, note);
-    m_assemblies.add(*part.entity);
+    if (part.entity != nullptr)
+        m_assemblies.add(*part.entity);
     m_held.push_back(std::move(part));
 }
 
@@ -139,14 +125,12 @@ void JobInput::AddNote(std::size_t position, const std::string& file, const dstv
 }
 
 bool JobInput::IsReady(const Part& part) const {
-    const ZetString& mark = part.entity->getPart().header.mark;
-    return !m_assemblies.isMainPart(mark) || m_assemblies.isComplete(mark);
+    return !m_assemblies.isMainPart(part.mark) || m_assemblies.isComplete(part.mark);
 }
 
 void JobInput::TakeFirst() {
     Part part = std::move(m_held.front());
     m_held.pop_front();
-    const ZetString mark = part.entity->getPart().header.mark;
     if (!part.judged) {
         m_assemblies.attach(*part.entity);
         part.judged = m_reading.Judge(*part.entity, part.file);
@@ -155,65 +139,46 @@ void JobInput::TakeFirst() {
         AddMember(part);
     else
         AddOther(part);
-    if (m_assemblies.names(mark))
+    if (part.entity != nullptr)
         m_assemblyParts.push_back(std::move(part.entity));
 }
 
 void JobInput::AddOther(const Part& part) {
-    const dstv::NcHeader& header = part.entity->getPart().header;
-    if (part.judged->result.GetAdded() == plugin::JobRun::Added::kSkipped)
-        ++m_counts.skipped;
+    if (part.judged->unmatched)
+        ListFor(m_job.nc.unmatched).push_back({part.position, *part.judged->unmatched});
     else
-        AddUnmatched(part, header);
+        ++m_counts.skipped;
     m_unmadeFiles.push_back({
-        part.position, {part.file, header.mark, part.judged->notMade}
+        part.position, {part.file, part.mark, part.judged->notMade}
     });
-}
-
-void JobInput::AddUnmatched(const Part& part, const dstv::NcHeader& header) {
-    ListFor(m_job.nc.unmatched)
-        .push_back(
-            {part.position,
-             FaultOf(part,
-                     header.lineOf(dstv::NcHeaderValue::kProfileName),
-                     ZetString::format(
-                         L"profile \"%s\", code %s: %s",
-                         header.profileName,
-                         header.profileCode,
-                         plugin::WhyUnmatched(m_job, header.profileName, header.profileCode)))});
 }
 
 /// Pieces of one mark are one and the same to those who make and mount them.
 void JobInput::AddMember(Part& part) {
-    const dstv::NcHeader& header = part.entity->getPart().header;
     const job::MarkSource source = m_job.nc.mark;
-    const long line = LineOfMark(header, source);
-    if (header.mark.isEmpty())
+    const long line = part.markLine;
+    if (part.mark.isEmpty())
         AddFault(part, line, L"the part has no mark to tell it by" + OtherSources(source));
-    const auto [at, isNew] = m_memberOfMark.insert({header.mark.toUtf8(), m_memberFiles.size()});
+    const auto [at, isNew] = m_memberOfMark.insert({part.mark.toUtf8(), m_memberFiles.size()});
     if (!isNew)
         AddFault(part,
                  line,
                  ZetString::format(L"mark \"%s\" is already that of the part in %s",
-                                   header.mark,
+                                   part.mark,
                                    ZetString::fromUtf8(m_memberFiles[at->second].name)) +
                      OtherSources(source));
     JudgedPart& judged = *part.judged;
     if (judged.drawing)
         m_drawings->Add(*judged.drawing);
-    m_memberFiles.push_back({part.file, HeaderPlacesOf(header)});
+    m_memberFiles.push_back({part.file, part.lines});
     for (const std::string& fault : m_ncFiles.Add(std::move(judged.ncFiles), part.file))
         AddFault(part, 0, ZetString::fromUtf8(fault));
     m_memberAccounts.push_back(std::move(judged.accounts));
     m_run.Take(std::move(judged.result));
 }
 
-RunFault JobInput::FaultOf(const Part& part, long line, const ZetString& text) {
-    return {part.file, line, 0, job::DescribeJobError({part.file, line, 0, text.toUtf8()})};
-}
-
 void JobInput::AddFault(const Part& part, long line, const ZetString& text) {
-    m_faults.push_back({part.position, FaultOf(part, line, text)});
+    m_faults.push_back({part.position, FaultAt(part.file, line, text)});
 }
 
 }  // namespace camjob

@@ -66,9 +66,7 @@ class JobInput {
     void TakeFirst();
     void AddMember(Part& part);
     void AddOther(const Part& part);
-    void AddUnmatched(const Part& part, const dstv::NcHeader& header);
     /// `line` of the file; 0: the file as a whole.
-    static RunFault FaultOf(const Part& part, long line, const ZetString& text);
     void AddFault(const Part& part, long line, const ZetString& text);
     void AddMissingPart(const ZetString& mark);
     void AddNote(std::size_t position, const std::string& file, const dstv::NcNote& note);

@@ -3,6 +3,8 @@
 #include "camjob/console/Paths.h"
 #include "camjob/input/JobReading.h"
 #include "camjob/show/PartDrawing.h"
+#include "job/JobFile.h"
+#include "plugin/rules/MemberTypeSearch.h"
 
 #include <algorithm>
 #include <utility>
@@ -23,12 +25,30 @@ std::vector<RunFault> FaultsOfReading(const dstv::NcError& error) {
     return faults;
 }
 
+/// The line of the text that tells the part; 0: it is none of the file.
+long LineOfMark(const dstv::NcHeader& header, job::MarkSource source) {
+    switch (source) {
+        case job::MarkSource::kMark:
+            return header.lineOf(dstv::NcHeaderValue::kMark);
+        case job::MarkSource::kDrawing:
+            return header.lineOf(dstv::NcHeaderValue::kDrawing);
+        case job::MarkSource::kPhase:
+            return header.lineOf(dstv::NcHeaderValue::kPhase);
+        default:
+            return 0;
+    }
+}
+
 long CountNoted(const std::vector<dstv::NcEntry>& entries) {
     return static_cast<long>(std::count_if(
         entries.begin(), entries.end(), [](const dstv::NcEntry& entry) { return entry.isNoted; }));
 }
 
 }  // namespace
+
+RunFault FaultAt(const std::string& file, long line, const ZetString& text) {
+    return {file, line, 0, job::DescribeJobError({file, line, 0, text.toUtf8()})};
+}
 
 PartReading::PartReading(const job::Job& job,
                          const plugin::JobRun& run,
@@ -47,11 +67,17 @@ ReadPart PartReading::Read(const std::filesystem::path& file) const {
         part.faults = FaultsOfReading(*error);
         return part;
     }
-    part.entity = std::make_unique<dstv::NcFileEntity>(std::get<dstv::NcPart>(std::move(result)));
-    part.notes = part.entity->getPart().notes;
+    auto entity = std::make_unique<dstv::NcFileEntity>(std::get<dstv::NcPart>(std::move(result)));
+    const dstv::NcHeader& header = entity->getPart().header;
+    part.notes = entity->getPart().notes;
+    part.mark = header.mark;
+    part.markLine = LineOfMark(header, m_job.nc.mark);
+    part.lines = HeaderPlacesOf(header);
     // Its quantities are those of other files.
-    if (!m_assemblies.isMainPart(part.entity->getPart().header.mark))
-        part.judged = Judge(*part.entity, part.file);
+    if (!m_assemblies.isMainPart(part.mark))
+        part.judged = Judge(*entity, part.file);
+    if (m_assemblies.names(part.mark))
+        part.entity = std::move(entity);
     return part;
 }
 
@@ -66,7 +92,7 @@ JudgedPart PartReading::Judge(dstv::NcFileEntity& entity, const std::string& fil
     };
     JudgedPart judged{m_run.Judge(entity, ZetString::fromUtf8(file), draw, CountNoted(entries))};
     if (judged.result.GetAdded() == plugin::JobRun::Added::kAdded) {
-        const plugin::Ledger& ledger = judged.result.GetLedger();
+        const plugin::Ledger ledger = judged.result.TakeLedger();
         judged.accounts = SettleAccounts(entries, ledger);
         // Whoever draws members tells their features.
         if (!m_areDrawingsTold)
@@ -76,9 +102,20 @@ JudgedPart PartReading::Judge(dstv::NcFileEntity& entity, const std::string& fil
         judged.drawing = std::move(drawing);
     } else {
         judged.notMade = AllNotMade(entries);
+        if (judged.result.GetAdded() != plugin::JobRun::Added::kSkipped)
+            judged.unmatched = FaultOfType(entity.getPart().header, file);
     }
     entity.releaseFeatures();
     return judged;
+}
+
+RunFault PartReading::FaultOfType(const dstv::NcHeader& header, const std::string& file) const {
+    const ZetString text =
+        ZetString::format(L"profile \"%s\", code %s: %s",
+                          header.profileName,
+                          header.profileCode,
+                          plugin::WhyUnmatched(m_job, header.profileName, header.profileCode));
+    return FaultAt(file, header.lineOf(dstv::NcHeaderValue::kProfileName), text);
 }
 
 }  // namespace camjob

@@ -102,7 +102,7 @@ class JobRun {
 
         Added GetAdded() const { return m_added; }
         /// Of its features; empty unless it is a member.
-        const Ledger& GetLedger() const { return m_ledger; }
+        Ledger TakeLedger() { return std::move(m_ledger); }
         /// Position in Job::groups, when it is a member.
         std::size_t GetGroupPosition() const;
 
