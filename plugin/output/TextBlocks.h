@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -15,6 +16,8 @@ class TextBlocks {
     void Clear() { m_blocks = std::vector<std::string>(); }
 
   private:
+    void AddBlock(std::size_t least);
+
     std::vector<std::string> m_blocks;  ///< none grows beyond what was reserved for it
 };
 
