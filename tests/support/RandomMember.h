@@ -65,7 +65,7 @@ class RandomMember {
     }
 
     void AddHoles(ZetArray<ZetNCHoleData>& holes) {
-        const int most = Chance(40) ? 130 : Chance(4) ? 45 : 12;
+        const int most = Chance(40) ? 400 : Chance(4) ? 45 : 12;
         const int count = Number(most + 1);
         const int pattern = Number(kPatterns);
         for (int i = 0; i < count; ++i) {

@@ -143,6 +143,7 @@ std::vector<Side> SidesOf(const Points& hull) {
     while (corner + 1 < count && GoesOn(EdgeAt(hull, corner + count - 1), EdgeAt(hull, corner)))
         ++corner;
     std::vector<Side> sides;
+    sides.reserve(count);
     for (std::size_t i = corner; i < corner + count; ++i) {
         if (i == corner || !GoesOn(EdgeAt(hull, sides.back().first), EdgeAt(hull, i)))
             sides.push_back({i % count, 0.0});
@@ -157,6 +158,7 @@ std::size_t FirstOf(const std::vector<Side>& sides, const Points& hull, const Ou
         return a.x < b.x || (a.x == b.x && a.y < b.y);
     };
     Points starts;
+    starts.reserve(sides.size());
     for (const Side& side : sides)
         starts.push_back(hull[side.first]);
     std::sort(starts.begin(), starts.end(), isBefore);
