@@ -109,7 +109,7 @@ void DropRepeats(Points& chain) {
     const auto areOne = [](const ZetGeomPoint2d& a, const ZetGeomPoint2d& b) {
         return (b - a).length() <= 0.0;
     };
-    long last = std::unique(chain.begin(), chain.end(), areOne) - chain.begin();
+    auto last = static_cast<long>(std::unique(chain.begin(), chain.end(), areOne) - chain.begin());
     while (last > 1 && areOne(chain[last - 1], chain[0]))
         --last;
     chain.setLength(last);
