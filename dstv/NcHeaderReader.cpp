@@ -20,7 +20,7 @@ struct NcHeaderReader::Field {
 namespace {
 
 constexpr std::string_view kProfileCodes[] = {"I", "L", "U", "B", "RU", "RO", "M", "C", "T", "SO"};
-constexpr std::size_t kMaxTextLength = 80;
+constexpr std::size_t kUsualTextLength = 80;
 
 /// What stands in place of a number, with a hint when the header seems to end too early.
 ZetString Expected(const NcLine& line, const wchar_t* expected) {
@@ -104,7 +104,7 @@ ZetString NcHeaderReader::TextOf(const NcLine& line) {
     const ZetString text = TextAt(line, Trimmed(line.text));
     if (line.text.size() > 2 && IsBlank(line.text[1]) && !IsBlank(line.text[0]))
         m_notes.Note(line.number, L"text begins in column 1, where two blanks belong");
-    if (text.view().size() > kMaxTextLength)
+    if (text.view().size() > kUsualTextLength)
         m_notes.Warn(line.number, L"text of more than 80 characters");
     return text;
 }

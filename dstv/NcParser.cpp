@@ -107,7 +107,8 @@ void NcParser::FailWithAll() {
 bool NcParser::KeepComment(const NcLine& line) {
     if (!IsComment(line))
         return false;
-    m_part.comments.push_back({line.number, {}, DecodeText(Trimmed(line.text.substr(2)))});
+    m_part.comments.push_back(
+        {line.number, {}, DecodeWithoutControls(Trimmed(line.text.substr(2)))});
     return true;
 }
 

@@ -18,6 +18,8 @@ inline constexpr std::size_t kMaxFileBytes = 64u << 20;
 inline constexpr double kMaxNumber = 1e9;
 /// Lines of one file, the empty ones included.
 inline constexpr long kMaxLines = 1'000'000;
+/// Characters of a text.
+inline constexpr std::size_t kMaxTextLength = 1'000;
 /// Holes of one file, marks given as holes included.
 inline constexpr std::size_t kMaxHoles = 100'000;
 /// Points of all outlines of one file, chords of arcs included.

@@ -101,9 +101,14 @@ std::string_view Trimmed(std::string_view text) {
     return text;
 }
 
-ZetString Quotable(std::string_view bytes) {
+ZetString DecodeWithoutControls(std::string_view bytes) {
     std::wstring text(DecodeText(bytes).view());
     std::replace_if(text.begin(), text.end(), camdata::detail::IsControl, kReplacement);
+    return ZetString(std::move(text));
+}
+
+ZetString Quotable(std::string_view bytes) {
+    std::wstring text(DecodeWithoutControls(bytes).view());
     if (text.size() > kMaxQuoted)
         text.replace(kMaxQuoted, std::wstring::npos, L"...");
     return ZetString(std::move(text));

@@ -16,6 +16,9 @@ ZetString DecodeText(std::string_view bytes);
 /// The text without blanks and tabs at either end.
 std::string_view Trimmed(std::string_view text);
 
+/// Text of a file: decoded, control characters as U+FFFD.
+ZetString DecodeWithoutControls(std::string_view bytes);
+
 /// Text of a file for a message: decoded, control characters as U+FFFD, cut after 60 characters.
 ZetString Quotable(std::string_view bytes);
 

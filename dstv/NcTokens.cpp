@@ -102,6 +102,8 @@ ZetString TextAt(const NcLine& line, std::string_view bytes) {
             return c != L'\t' && camdata::detail::IsControl(c);
         }))
         FailAt(line, L"text", bytes, L"a text without control characters");
+    if (text.view().size() > kMaxTextLength)
+        FailAt(line, L"text", bytes, L"a text of at most 1000 characters");
     return text;
 }
 

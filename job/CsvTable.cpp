@@ -3,7 +3,6 @@
 #include "job/TextFile.h"
 
 #include "camdata/platform/text/Unicode.h"
-#include "camdata/platform/text/ZetString.h"
 
 #include <algorithm>
 #include <cstddef>
@@ -15,13 +14,24 @@ namespace {
 constexpr const char* kLooseQuote =
     "a field with a quote stands in quotes, and its own quotes are written twice";
 constexpr const char* kOpenQuote = "the quotes that a field here begins with have no end";
-constexpr const char* kControl = "a field cannot have line breaks, tabs or control characters";
+constexpr const char* kControl = "a field cannot have line breaks or control characters";
 
+/// What formulas begin with; East Asian spreadsheets take the wide forms, too.
+constexpr std::wstring_view kFormulaStarts = L"=+-@\uFF1D\uFF0B\uFF0D\uFF20";
+
+/// Tabs and what steers the direction of a text may stand in the names of NC files.
 bool HasControl(const std::string& text) {
     const ZetString wide = ZetString::fromUtf8(text);
     return std::any_of(wide.view().begin(), wide.view().end(), [](wchar_t c) {
-        return camdata::detail::IsControl(c) || camdata::detail::IsLayoutControl(c);
+        return c != L'\t' && camdata::detail::IsControl(c);
     });
+}
+
+/// "-5", "-0.5"
+bool IsNegativeNumber(std::wstring_view text) {
+    return text.size() > 1 && text[0] == L'-' && text[1] != L'.' &&
+           text.find_first_not_of(L"0123456789.", 1) == std::wstring_view::npos &&
+           std::count(text.begin(), text.end(), L'.') <= 1;
 }
 
 std::string WithoutBlanksAround(const std::string& text) {
@@ -126,13 +136,28 @@ std::vector<CsvRecord> ReadCsv(std::string_view bytes) {
     return CsvReader(bytes).Read();
 }
 
-std::string CsvField(std::string_view text) {
-    if (text.find_first_of(",\"\r\n") == std::string_view::npos)
-        return std::string(text);
+bool IsFormula(std::wstring_view text) {
+    const std::size_t start = text.find_first_not_of(L" \t'");
+    return start != std::wstring_view::npos &&
+           kFormulaStarts.find(text[start]) != std::wstring_view::npos && !IsNegativeNumber(text);
+}
+
+std::string CsvField(const ZetString& text) {
+    std::string field = text.toUtf8();
+    if (IsFormula(text.view()))
+        field.insert(field.begin(), kFormulaGuard);
+    if (field.find_first_of(",\"\r\n") == std::string::npos)
+        return field;
     std::string quoted = "\"";
-    for (const char c : text)
+    for (const char c : field)
         quoted += c == '"' ? std::string("\"\"") : std::string(1, c);
     return quoted + "\"";
+}
+
+ZetString TextOfField(const std::string& field) {
+    const ZetString text = ZetString::fromUtf8(field);
+    const bool isGuarded = text.view().starts_with(kFormulaGuard) && IsFormula(text.view());
+    return isGuarded ? ZetString(text.view().substr(1)) : text;
 }
 
 }  // namespace job

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "camdata/platform/text/ZetString.h"
+
 #include <string>
 #include <string_view>
 #include <vector>
@@ -21,8 +23,18 @@ struct CsvRecord {
 /// CR; empty lines do not count.
 std::vector<CsvRecord> ReadCsv(std::string_view bytes);
 
-/// A field as a table has it: in quotes where it could be taken for more than one.
-std::string CsvField(std::string_view text);
+/// Whether a spreadsheet would run a text as a formula: it begins with = + - or @, also behind
+/// blanks and apostrophes, and is no negative number.
+bool IsFormula(std::wstring_view text);
+/// What keeps it from that when it goes before the text.
+inline constexpr char kFormulaGuard = '\'';
+
+/// A text as a field of a table: a formula behind an apostrophe, in quotes where it could be taken
+/// for more than one.
+std::string CsvField(const ZetString& text);
+
+/// The text of a field that CsvField made.
+ZetString TextOfField(const std::string& field);
 
 inline constexpr const char* kCsvLineEnd = "\r\n";
 

@@ -43,10 +43,26 @@ constexpr std::wstring_view kNoFileNameCharacters = L"<>:\"/\\|?*";
 
 /// Names that Windows keeps for devices, also with an ending.
 constexpr std::wstring_view kDevices[] = {
-    L"con",  L"prn",  L"aux",  L"nul",  L"com1", L"com2", L"com3", L"com4",
-    L"com5", L"com6", L"com7", L"com8", L"com9", L"lpt1", L"lpt2", L"lpt3",
-    L"lpt4", L"lpt5", L"lpt6", L"lpt7", L"lpt8", L"lpt9",
+    L"con",
+    L"conin$",
+    L"conout$",
+    L"prn",
+    L"aux",
+    L"nul",
 };
+/// The same with a digit behind them, also one that is written high.
+constexpr std::wstring_view kNumberedDevices[] = {L"com", L"lpt"};
+constexpr std::wstring_view kDeviceDigits = L"123456789\u00B9\u00B2\u00B3";
+
+bool IsDevice(std::wstring_view stem) {
+    const auto isName = [&](std::wstring_view device) { return device == stem; };
+    if (std::any_of(std::begin(kDevices), std::end(kDevices), isName))
+        return true;
+    if (stem.empty() || kDeviceDigits.find(stem.back()) == std::wstring_view::npos)
+        return false;
+    stem.remove_suffix(1);
+    return std::any_of(std::begin(kNumberedDevices), std::end(kNumberedDevices), isName);
+}
 
 }  // namespace
 
@@ -99,8 +115,10 @@ std::string FaultOfFileName(const ZetString& name) {
         return "a file's name cannot have more than 255 bytes";
     if (small.empty() || small.ends_with(L'.') || small.ends_with(L' '))
         return "a file's name cannot be empty nor end with a dot or a blank";
-    const std::wstring stem = small.substr(0, small.find(L'.'));
-    if (std::find(std::begin(kDevices), std::end(kDevices), stem) != std::end(kDevices))
+    // Blanks before the ending do not count.
+    std::wstring_view stem = std::wstring_view(small).substr(0, small.find(L'.'));
+    stem = stem.substr(0, stem.find_last_not_of(L' ') + 1);
+    if (IsDevice(stem))
         return "Windows keeps this name for a device";
     return "";
 }

@@ -158,6 +158,7 @@ constexpr Key kTextKeys[] = {
     Row<TextsTable, &TextSettings::escapes>("escapes", "What becomes of quotes and line ends in a text. none: refused. doubled: a quote stands twice, line ends in quotes stay. backslash: \\\", \\\\, \\n, \\r."),
     Row<TextsTable, &TextSettings::forbidden>("forbidden", "Characters that no text may have; refused.", {.defaultNote = "none"}),
     Row<TextsTable, &TextSettings::isUpperCase>("upper_case", "Whether texts, and the words of values such as `{kind}` and `{side}`, are written in capitals without accents. Names that this file gives, and what stands outside of braces, stay as they are."),
+    Row<TextsTable, &TextSettings::guardsFormulas>("guard_formulas", "Whether a text that a spreadsheet would run as a formula gets an apostrophe before it: one that begins with =, +, - or @ and is no negative number."),
     Row<TextsTable, &TextSettings::longest>("longest", "Most characters of a text; 0: any.", {.range = kLongest}),
     Row<TextsTable, &TextSettings::tooLong>("too_long", "What happens to a longer one: it is refused, or what is beyond is cut off."),
 };

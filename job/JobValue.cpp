@@ -11,6 +11,9 @@ namespace job {
 
 namespace {
 
+/// Of a text.
+constexpr std::size_t kMostCharacters = 10'000;
+
 constexpr const char* kPlainly = "without quotes";
 constexpr const char* kInQuotes = "in quotes";
 constexpr const char* kInDoubleBrackets = "in double brackets, for there can be several";
@@ -178,7 +181,10 @@ bool ReadNumber(const Key& key, const toml::node& node, double& value, JobFaults
         AddWrongType(key, node, Value<double>::kName, node.is_string() ? kPlainly : "", faults);
         return false;
     }
-    const double number = node.value<double>().value_or(0.0);
+    // Asked for a double, the parser gives none for a whole number that has more digits.
+    const auto* const whole = node.as_integer();
+    const double number =
+        whole != nullptr ? static_cast<double>(whole->get()) : node.value<double>().value_or(0.0);
     if (!std::isfinite(number)) {
         AddFault(key, node, "must be an ordinary number, not nan or inf", faults);
         return false;
@@ -217,6 +223,13 @@ bool ReadText(const Key& key, const toml::node& node, std::string& text, JobFaul
     const std::wstring_view view = characters.view();
     if (std::any_of(view.begin(), view.end(), camdata::detail::IsControl)) {
         AddFault(key, node, "must be one line, without tabs and control characters", faults);
+        return false;
+    }
+    if (view.size() > kMostCharacters) {
+        AddFault(key,
+                 node,
+                 "must have at most " + std::to_string(kMostCharacters) + " characters",
+                 faults);
         return false;
     }
     if (text.empty() && key.options.isRequired) {

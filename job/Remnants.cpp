@@ -116,11 +116,11 @@ class RemnantReader {
                      "\"quantity\" is " + QuotedField(field(kQuantity)) +
                          ": write a whole number of bars from 0 to " +
                          std::to_string(kMostQuantity));
-        m_remnants.push_back({ZetString::fromUtf8(field(kProfile)),
-                              ZetString::fromUtf8(field(kMaterial)),
+        m_remnants.push_back({TextOfField(field(kProfile)),
+                              TextOfField(field(kMaterial)),
                               length.value_or(0.0),
                               static_cast<long>(quantity.value_or(0.0)),
-                              ZetString::fromUtf8(field(kName))});
+                              TextOfField(field(kName))});
     }
 
     static std::string QuotedField(const std::string& field) {
@@ -158,10 +158,9 @@ std::variant<std::vector<Remnant>, std::vector<JobError>> ReadRemnants(const Job
 std::string MakeRemnantTable(const std::vector<Remnant>& remnants) {
     std::string table = HeadLine() + kCsvLineEnd;
     for (const Remnant& remnant : remnants)
-        table +=
-            CsvField(remnant.profileName.toUtf8()) + "," + CsvField(remnant.material.toUtf8()) +
-            "," + ZetString::format(L"%.10g", remnant.length).toUtf8() + "," +
-            std::to_string(remnant.quantity) + "," + CsvField(remnant.name.toUtf8()) + kCsvLineEnd;
+        table += CsvField(remnant.profileName) + "," + CsvField(remnant.material) + "," +
+                 ZetString::format(L"%.10g", remnant.length).toUtf8() + "," +
+                 std::to_string(remnant.quantity) + "," + CsvField(remnant.name) + kCsvLineEnd;
     return table;
 }
 

@@ -14,8 +14,9 @@ namespace camjob {
 
 using Json = nlohmann::ordered_json;
 
-/// The text of a value; bytes that are no UTF-8 become U+FFFD, control characters are escaped. With
-/// lines of their own for the parts when `indent` is 0 or more.
+/// The text of a value; bytes that are no UTF-8 become U+FFFD, control characters and those that
+/// turn the direction of a text are escaped. With lines of their own for the parts when `indent` is
+/// 0 or more.
 std::string Dump(const Json& value, int indent = -1);
 
 /// Makes an array of items, each as a function makes it.

@@ -49,6 +49,7 @@ struct TextSettings {
     Escapes escapes = Escapes::kNone;
     ZetString forbidden;  ///< characters that no text may have
     bool isUpperCase = false;
+    bool guardsFormulas = false;
     long longest = 0;  ///< characters; 0: any
     TooLong tooLong = TooLong::kRefuse;
 };

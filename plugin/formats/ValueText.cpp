@@ -1,5 +1,6 @@
 #include "plugin/formats/ValueText.h"
 
+#include "job/CsvTable.h"
 #include "job/formats/TextEncoding.h"
 #include "plugin/formats/BackslashEscapes.h"
 #include "plugin/formats/CapitalLetters.h"
@@ -254,6 +255,8 @@ ValueFault AppendText(std::string& out,
                       const job::MachineFormat& format) {
     const job::TextSettings& texts = format.texts;
     std::wstring changed = texts.isUpperCase ? InPlainCapitals(text) : std::wstring(text);
+    if (texts.guardsFormulas && job::IsFormula(changed))
+        changed.insert(changed.begin(), job::kFormulaGuard);
     if (spec.precision >= 0)
         changed.resize(FirstCharacters(changed, static_cast<std::size_t>(spec.precision)).size());
     ValueFault fault = Shorten(changed, texts);

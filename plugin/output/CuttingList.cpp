@@ -137,10 +137,6 @@ void AppendTotals(const ProfilePlan& plan, ZetArray<ZetString>& lines) {
 
 // ---- table --------------------------------------------------------------------------------------
 
-std::string Field(const ZetString& text) {
-    return job::CsvField(text.toUtf8());
-}
-
 /// Millimetres with all decimals that a plan counts; length >= 0. A table has four per piece, so
 /// they are put together from whole numbers.
 std::string Field(cutting::Length length) {
@@ -155,7 +151,7 @@ std::string Field(cutting::Length length) {
 std::vector<std::string> MarkFields(const ProfilePlan& plan) {
     std::vector<std::string> fields;
     for (const BarPart& part : plan.parts)
-        fields.push_back(Field(part.mark));
+        fields.push_back(job::CsvField(part.mark));
     return fields;
 }
 
@@ -177,8 +173,8 @@ std::string CuttingTable::MakeHead() {
 }
 
 void CuttingTable::WriteRows(const ProfilePlan& plan, const ZetString& group, ZetFileAccess& file) {
-    const std::string begin =
-        Field(group) + "," + Field(plan.profileName) + "," + Field(plan.material) + ",";
+    const std::string begin = job::CsvField(group) + "," + job::CsvField(plan.profileName) + "," +
+                              job::CsvField(plan.material) + ",";
     const std::vector<std::string> marks = MarkFields(plan);
     std::string rows;  // of a bar; the memory is that of the bar before
     BarWalk walk(plan);

@@ -10,7 +10,8 @@ namespace report {
 std::string Number(double value, int decimals = 3);
 void AppendNumber(std::string& text, double value, int decimals = 3);
 
-/// Text of an XML or HTML document: markup escaped, control characters as U+FFFD.
+/// Text of an XML or HTML document: markup escaped, control characters and what is no character as
+/// U+FFFD.
 std::string Escaped(std::string_view text);
 
 /// Appends all of them.

@@ -13,6 +13,8 @@ constexpr double kFontSize = 10.0;
 constexpr double kLetterWidth = 0.66 * kFontSize;
 /// Between a symbol, or a shape, and what stands beside it.
 constexpr double kGap = 3.0;
+/// A panel with more features has no labels: nobody could read them.
+constexpr std::size_t kMostLabelled = 2000;
 /// Boxes that only touch do not cover each other.
 constexpr double kOverlap = 0.5;
 
@@ -141,10 +143,12 @@ std::optional<FeatureLabel> LabelPlacer::LabelOf(const DrawnFeature& feature, bo
 /// What has findings comes first to its place.
 std::vector<std::optional<FeatureLabel>> LabelPlacer::Place(
     const std::vector<const DrawnFeature*>& shown) {
+    std::vector<std::optional<FeatureLabel>> labels(shown.size());
+    if (shown.size() > kMostLabelled)
+        return labels;
     for (const DrawnFeature* feature : shown)
         m_taken.push_back(feature->kind == FeatureKind::kText ? TextOf(*feature)
                                                               : SymbolAt(*feature));
-    std::vector<std::optional<FeatureLabel>> labels(shown.size());
     for (const bool hasNumbers : {true, false})
         for (std::size_t i = 0; i < shown.size(); ++i)
             if (!labels[i])

@@ -23,7 +23,8 @@ std::string CodeLabel(const DrawnFeature& feature);
 
 /// The labels of a panel's features, by their position in `shown`: beside the feature, in the first
 /// place where they cover no symbol and no other label. Nothing for one that has no room; numbers
-/// stand in a panel of true scale in any case.
+/// stand in a panel of true scale in any case. Nothing at all in a panel with more than 2,000
+/// features.
 std::vector<std::optional<FeatureLabel>> PlaceFeatureLabels(
     const MemberDrawing& drawing,
     const Panel& panel,

@@ -40,7 +40,7 @@ function memberOf(raw, texts) {
 const Drawing = (() => {
   const SYMBOL = 3.5, SMALLEST_SHAPE = 5, DIGIT = 0.56 * 11, LABEL_GAP = 6, PIXELS_PER_MM = 96 / 25.4;
   const WINDOW_GAP = 44, LABELS = 34, LONGEST_TRUE = 10, MARGIN = 10;
-  const CODE_SIZE = 10, LETTER = 0.66 * CODE_SIZE, GAP = 3, OVERLAP = 0.5;
+  const CODE_SIZE = 10, LETTER = 0.66 * CODE_SIZE, GAP = 3, OVERLAP = 0.5, MOST_LABELLED = 2000;
 
   // The sheet of paper or screen that a drawing is made for. On a narrow one faces have their names above them.
   function sheetOf(width, height = 1) {
@@ -180,6 +180,7 @@ const Drawing = (() => {
 
   // By the position in `shown`. What has findings comes first to its place.
   function labelsBeside(member, panel, shown) {
+    if (shown.length > MOST_LABELLED) return shown.map(() => null);
     const taken = [...shown, ...member.earlier].map((feature) => placeTaken(feature, panel)), labels = shown.map(() => null);
     const numbers = shown.map((feature) => numbersOf(member, feature));
     shown.forEach((feature, i) => { if (numbers[i]) labels[i] = labelBeside(feature, panel, numbers[i], taken); });

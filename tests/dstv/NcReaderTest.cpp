@@ -299,6 +299,11 @@ TEST(NcReader, RefusesMoreThanItsLimits) {
     EXPECT_EQ(ReadError(NcSample().With(blank)), "read");
     EXPECT_EQ(ReadError(NcSample().With(blank + "EN\n")),
               "part.nc1:1000001: line \"EN\": expected at most 1000000 lines in one file");
+    const std::string text = "SI\n  v 1 2 0 10 " + std::string(dstv::kMaxTextLength, 'T');
+    EXPECT_EQ(ReadError(NcSample().With(text + "\n")), "read");
+    EXPECT_EQ(ReadError(NcSample().With(text + "T\n")),
+              "part.nc1:27: text \"" + std::string(60, 'T') +
+                  "...\": expected a text of at most 1000 characters");
     // Besides the notes of blocks, of which none may be missing.
     std::string bad;
     for (int i = 0; i < 1500; ++i)

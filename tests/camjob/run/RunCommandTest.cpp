@@ -154,7 +154,7 @@ TEST(RunCommand, EscapesControlCharactersFromElsewhere) {
         "[[file]]\nid = \"order\"\nproject_header = true\n";
     job.Write(folder);
     const std::string controls = "x\x7F\xC2\x85\xC2\x9Fy";
-    folder.Write("nc/4" + controls + ".nc1", nc::Header("L2") + "EN\n");
+    folder.Write("nc/4" + controls + "\u202E.nc1", nc::Header("L2") + "EN\n");
     folder.Write("nc/7" + controls + ".nc1", nc::BadLength());
     std::filesystem::create_directories(folder.PathOf("out"));
     folder.Write("out/project-settings.txt",
@@ -162,13 +162,13 @@ TEST(RunCommand, EscapesControlCharactersFromElsewhere) {
     EXPECT_EQ(RunJobFile(folder).exitCode, 1);
     const std::string escaped = "x\\u007F\\u0085\\u009Fy";
     ExpectParts(folder.Read("out/s-orders.txt"), {": 1" + escaped + "\\u001B\\u000C\n", ": one\n"});
-    ExpectParts(folder.Read("out/s-errors.txt"), {"4" + escaped + ".nc1\n"});
+    ExpectParts(folder.Read("out/s-errors.txt"), {"4" + escaped + "\u202E.nc1\n"});
     ExpectParts(folder.Read("out/s-info.txt"), {"7" + escaped + ".nc1:10"});
     const std::string text =
         RunTool(
             {"run", "--json", ArgumentFor(folder, "job.toml"), "--out", ArgumentFor(folder, "out")})
             .out;
-    ExpectParts(text, {"nc/4x\\u007f\\u0085\\u009fy.nc1\""});
+    ExpectParts(text, {"nc/4" + escaped + "\\u202E.nc1\""});
     EXPECT_EQ(text.find(controls), std::string::npos);
     const nlohmann::json json = nlohmann::json::parse(text);
     ExpectParts(json["leftOut"][0]["file"], {"7" + controls + ".nc1"});

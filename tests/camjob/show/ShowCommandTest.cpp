@@ -8,11 +8,12 @@
 
 namespace {
 
-/// Every kind of feature, texts that markup could stumble over, an opening, a notch and a mitre.
+/// Every kind of feature, texts that markup could stumble over or must not have, an opening, a
+/// notch and a mitre.
 std::string Everything() {
     std::string text = CheckedFile("all-holes");
     text.replace(text.find("Z-101"), 5, "<Z&\"1>");
-    text.replace(text.find("10r Z-101"), 9, "10r Tr\xC3\xA4ger</svg>");
+    text.replace(text.find("10r Z-101"), 9, "10r Tr\xC3\xA4ger</svg>\xEF\xBF\xBF");
     text.replace(text.find("EN\n"),
                  3,
                  "KO\n  v 1200.00u 20.00\n    1300.00 30.00\n"

@@ -160,6 +160,7 @@ const Case kCases[] = {
     {"ControlCharacter", "", "\"{mark}\"", Marked(L"A\nB"), "[0 {mark}: \"A\nB\": it has a control character]"},
     {"QuoteWithoutEscape", "[texts]\nquotes=\"always\"", "\"{mark}\"", Marked(L"A\"B"), "[0 {mark}: \"A\"B\": it has a quote, and the format no escape for it]"},
     {"QuotesWhereNeeded", "[texts]\nquotes=\"needed\"\nescapes=\"doubled\"", "\"{mark},{profile}\"", Marked(L"1\", 2"), "\"1\"\", 2\",Z200\n"},
+    {"GuardedFormula", "[texts]\nquotes=\"needed\"\nguard_formulas=true", "\"{mark},{code}\"", Marked(L"=1,2"), "\"'=1,2\",B\n"},
     {"QuotesAroundCommas", "[numbers]\ndecimals=1\ndecimal_comma=true\n[texts]\nquotes=\"needed\"\n[[line]]\nfor=[\"outline\"]\ntext=[\"\\\"{points}\\\"\"]\n[[line]]\nfor=[\"point\"]\ntext=[\"{x}\"]", "\"{mark},{x:>7},{y:.0f}\"", Member({HoleAt(1.5, 2), Triangle()}), "Z-1,  \"1,5\",2\n\"0,0 10,0 0,0\"\n"},
     {"Backslashes", "[texts]\nquotes=\"always\"\nescapes=\"backslash\"", "\"{mark}\"", Marked(L"a\\b\"\n\x1B"), "\"a\\\\b\\\"\\n\\u001B\"\n"},
     {"NoLineForIt", "", kXy, Member({HoleAt(1, 2), Triangle()}), "[1 the format has no line for it]"},
