@@ -1,7 +1,6 @@
 #include "camdata/output/CMxCamGlobAcc.h"
 
 #include "camdata/member/CMxPeilaib.h"
-#include "camdata/member/MemberSorting.h"
 #include "camdata/output/OutputRun.h"
 #include "camdata/platform/host/MxSettings.h"
 #include "camdata/platform/system/Modules.h"
@@ -22,9 +21,6 @@ constexpr int kSecondaryPartsIndex = 1;
 /// Characters of the library's file version that make the product version.
 constexpr long kProductVersionLength = 4;
 
-/// The text of the assertion that a member fails which changes the run that writes it.
-constexpr const char* kNotWriting = "!isWriting()";
-
 bool IsSecondaryPart(const CMxPeilaib& member) {
     return member.getIsPartOfAssy() && !member.getIsMainPart();
 }
@@ -40,9 +36,9 @@ CMxPeilaibArr* FindList(const MemberLists& lists, const CMxGroups& group) {
 
 /// A member may neither begin a list of the run that writes it nor get into one of its lists.
 void CheckNotWriting(const MemberLists& lists, const CMxGroups& group) {
-    const CMxPeilaibArr* list = FindList(lists, group);
-    ZET_ASSERT(!OutputRun::IsWriting(lists), kNotWriting);
-    ZET_ASSERT(list == nullptr || !OutputRun::IsWriting(*list), kNotWriting);
+    OutputRun::CheckNone(lists);
+    if (const CMxPeilaibArr* list = FindList(lists, group))
+        OutputRun::CheckNone(*list);
 }
 
 }  // namespace
@@ -63,6 +59,7 @@ void CMxCamGlobAcc::appendGroups(ZetArray<int>& groupIndexMap, ZetArray<CMxGroup
 }
 
 void CMxCamGlobAcc::appendGroups(ZetArray<int>&& groupIndexMap, ZetArray<CMxGroups>&& groups) {
+    OutputRun::CheckNone(m_memberLists);
     m_groupIndexMap = std::exchange(groupIndexMap, {});
     m_groups = std::exchange(groups, {});
 }
@@ -72,7 +69,7 @@ void CMxCamGlobAcc::appendFileGroups(ZetArray<CMxFileGroups>& fileGroups) {
 }
 
 void CMxCamGlobAcc::appendFileGroups(ZetArray<CMxFileGroups>&& fileGroups) {
-    ZET_ASSERT(!OutputRun::IsWriting(m_memberLists), kNotWriting);
+    OutputRun::CheckNone(m_memberLists);
     m_fileGroups = std::exchange(fileGroups, {});
 }
 
@@ -110,6 +107,7 @@ void CMxCamGlobAcc::SetDllVer(ZetString version) {
 }
 
 bool CMxCamGlobAcc::Append(CMxPeilaib* member) {
+    ZET_ASSERT(member != nullptr, "member != nullptr");
     int index = m_groupIndexMap[member->GetGroupID()];
     if (IsSecondaryPart(*member))
         index = kSecondaryPartsIndex;
@@ -130,12 +128,8 @@ CMxPeilaibArr& CMxCamGlobAcc::ListOf(const CMxGroups& group) {
 }
 
 void CMxCamGlobAcc::SortPeilaibArr() {
-    // No two lists have one member group ID, so the order is settled whatever the algorithm.
-    std::sort(m_memberLists.begin(), m_memberLists.end(), [](const auto& a, const auto& b) {
-        return a->GetGroup().GetMemGroupID() < b->GetGroup().GetMemGroupID();
-    });
-    for (const auto& list : m_memberLists)
-        camdata::detail::SortMembers(list->GetMembers());
+    OutputRun::CheckNoneOfAny(m_memberLists);
+    camdata::detail::SortLists(m_memberLists);
 }
 
 ZetString CMxCamGlobAcc::GetAnyName(ZetNCProjectData::ID id, long width) const {

@@ -47,7 +47,8 @@ class CAMDATA_API CMxCamGlobAcc {
     /// Sets the blocks of the additional information and their order.
     void SetAddInfo(CMxAddlInfo info) { m_addInfo = std::move(info); }
     /// Sets the group table, and for each group ID of a member the index of its group in that
-    /// table. Both arrays are taken and left empty.
+    /// table. Both arrays are taken and left empty. While WriteOutPut writes, the assertion
+    /// "!isWriting()" fails, with nothing changed.
     void appendGroups(ZetArray<int>& groupIndexMap, ZetArray<CMxGroups>& groups);
     void appendGroups(ZetArray<int>&& groupIndexMap, ZetArray<CMxGroups>&& groups);
     /// Sets the file groups. The array is taken and left empty. While WriteOutPut writes, the
@@ -77,13 +78,14 @@ class CAMDATA_API CMxCamGlobAcc {
     /// whatever its group ID. Members of groups with one member group ID share a list, which keeps
     /// the first one's group; equal members are not merged. Always true.
     ///
-    /// A group ID outside the index map, and an index outside the group table, fail the assertion
-    /// "isValid( index )"; while WriteOutPut writes the lists of this accumulator, or the member's
-    /// list of another that shares it, "!isWriting()" fails. Nothing has changed then.
+    /// No member fails the assertion "member != nullptr", a group ID outside the index map, and an
+    /// index outside the group table, the assertion "isValid( index )"; while WriteOutPut writes
+    /// the lists of this accumulator, or the member's list of another that shares it,
+    /// "!isWriting()" fails. Nothing has changed then.
     bool Append(CMxPeilaib* member);
     /// Orders the lists by member group ID, and the members of each by CMxPeilaib::compare; those
     /// that compare equal keep their order. Sets the current tolerance to m_EPS when a list has two
-    /// members or more.
+    /// members or more. While WriteOutPut writes one of them, the assertion "!isWriting()" fails.
     void SortPeilaibArr();
 
     /// Writes the run: opens the files of all file groups, writes the members group by group,
@@ -105,7 +107,9 @@ class CAMDATA_API CMxCamGlobAcc {
     /// the files are closed and the additional information is as before: the next WriteOutPut
     /// begins anew. What members were given stays theirs, the entries to nest among it.
     ///
-    /// A member that is being written must neither end nor assign to the accumulator.
+    /// A member that is being written must neither end nor assign to the accumulator. When it calls
+    /// WriteOutPut, of this accumulator or of a copy with a list in common, the assertion
+    /// "!isWriting()" fails before anything is touched.
     void WriteOutPut();
     /// Writes the additional information to the file of the file group at 1, at its write position;
     /// opens the file anew when it was closed. Nothing is written when that file group makes no

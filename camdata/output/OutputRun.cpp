@@ -1,11 +1,17 @@
 #include "camdata/output/OutputRun.h"
 
+#include "camdata/member/MemberSorting.h"
+#include "camdata/platform/base/ZetAssert.h"
+
 #include <algorithm>
 #include <utility>
 
 namespace camdata::detail {
 
 namespace {
+
+/// The text of the assertion that a member fails which changes the run that writes it.
+constexpr const char* kNotWriting = "!isWriting()";
 
 /// Of the runs that are under way in this thread the one that began last. A member calls back in
 /// the thread that writes it.
@@ -44,6 +50,29 @@ bool OutputRun::IsWriting(const CMxPeilaibArr& list) {
             }))
             return true;
     return false;
+}
+
+void OutputRun::CheckNone(const MemberLists& lists) {
+    ZET_ASSERT(!IsWriting(lists), kNotWriting);
+}
+
+void OutputRun::CheckNone(const CMxPeilaibArr& list) {
+    ZET_ASSERT(!IsWriting(list), kNotWriting);
+}
+
+void OutputRun::CheckNoneOfAny(const MemberLists& lists) {
+    CheckNone(lists);
+    for (const auto& list : lists)
+        CheckNone(*list);
+}
+
+void SortLists(MemberLists& lists) {
+    // No two lists have one member group ID, so the order is settled whatever the algorithm.
+    std::sort(lists.begin(), lists.end(), [](const auto& a, const auto& b) {
+        return a->GetGroup().GetMemGroupID() < b->GetGroup().GetMemGroupID();
+    });
+    for (const auto& list : lists)
+        SortMembers(list->GetMembers());
 }
 
 }  // namespace camdata::detail

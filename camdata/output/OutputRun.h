@@ -26,12 +26,17 @@ class OutputRun {
 
     void SetDone() { m_isDone = true; }
 
-    /// A run is under way that writes these lists.
-    static bool IsWriting(const MemberLists& lists);
+    /// Fails the assertion "!isWriting()" when a run is under way that writes these lists.
+    static void CheckNone(const MemberLists& lists);
     /// The same for one list, which copies of the accumulator may share.
-    static bool IsWriting(const CMxPeilaibArr& list);
+    static void CheckNone(const CMxPeilaibArr& list);
+    /// The same for these lists and for each of them.
+    static void CheckNoneOfAny(const MemberLists& lists);
 
   private:
+    static bool IsWriting(const MemberLists& lists);
+    static bool IsWriting(const CMxPeilaibArr& list);
+
     const MemberLists& m_lists;
     ZetArray<CMxFileGroups>& m_fileGroups;
     CMxAddlInfo& m_info;
@@ -39,5 +44,8 @@ class OutputRun {
     bool m_isDone = false;
     const OutputRun* m_outer;
 };
+
+/// Orders the lists by member group ID, and the members of each.
+void SortLists(MemberLists& lists);
 
 }  // namespace camdata::detail

@@ -70,12 +70,13 @@ void WriteGroup(const CMxPeilaibArr& list,
 void CMxCamGlobAcc::WriteOutPut() {
     ZetFileAccess noErrorFile;
     ZetFileAccess noWarningFile;
+    camdata::detail::OutputRun::CheckNoneOfAny(m_memberLists);
     camdata::detail::OutputRun run(m_memberLists, m_fileGroups, m_addInfo);
     OpenAllFiles();
     ZetFileAccess* const errorFile = OpenFile(kErrorFile, &noErrorFile);
     ZetFileAccess* const warningFile = OpenFile(kWarningFile, &noWarningFile);
     const ZetArray<ZetFileAccess*> fixedFiles = {warningFile, errorFile};
-    SortPeilaibArr();
+    camdata::detail::SortLists(m_memberLists);
     ZetArray<CMxPeilaib*> secondaryParts = SecondaryParts();
     // What is left of single parts is told in the files of the last list, whatever list is theirs.
     ZetArray<ZetFileAccess*> filesOfLastList = fixedFiles;

@@ -272,12 +272,28 @@ TEST(OutputWritingTest, MembersCannotChangeTheRunThatWritesThem) {
         note([&] { copy.Append(&ofAnotherGroup); });
         note([&] { copy.appendFileGroups(none); });
         note([&] { accumulator.appendFileGroups(none); });
+        note([&] { accumulator.appendGroups({}, {}); });
+        note([&] { accumulator.SortPeilaibArr(); });
+        note([&] { copy.SortPeilaibArr(); });
+        note([&] { accumulator.WriteOutPut(); });
+        note([&] { copy.WriteOutPut(); });
     });
     accumulator.Append(&member);
     accumulator.WriteOutPut();
     const std::string failed = "!isWriting()";
     EXPECT_EQ(assertions,
-              (std::vector<std::string>{failed, failed, failed, "none", "none", failed}));
+              (std::vector<std::string>{failed,
+                                        failed,
+                                        failed,
+                                        "none",
+                                        "none",
+                                        failed,
+                                        failed,
+                                        failed,
+                                        failed,
+                                        failed,
+                                        failed}));
+    EXPECT_EQ(AssertionOf([&] { accumulator.Append(nullptr); }), "member != nullptr");
     EXPECT_EQ(accumulator.GetCount(), 2);
     EXPECT_EQ(run.m_folder.Read("a.txt"), "A\nG0\nM1 x1\n");
     accumulator.Append(&ofTheSameGroup);
