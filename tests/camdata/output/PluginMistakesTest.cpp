@@ -47,19 +47,20 @@ class MistakenMember final : public TestMember {
 };
 
 /// A run with one file and one member, which is a part of an assembly.
-struct Run {
-    Run() {
-        ZetArray<CMxFileGroups> files(4);
+struct WrittenRun {
+    WrittenRun() {
+        ZetArray<CMxFileGroups> files = {{}, {}, {}, {}};
         for (long i = 0; i < 4; ++i)
             files[i].setValues(
                 7, m_folder.NameOf(kNames[i]), L"", ZetArray<ZetString>(), false, true);
-        ZetArray<CMxGroups> groups(2);
+        ZetArray<CMxGroups> groups = {{}, {}};
         groups[1].setValues(1, ZetArray<long>{0}, ZetArray<ZetString>(), ZetArray<eSortOrder>());
         m_accumulator.appendGroups({0, 1}, std::move(groups));
         m_accumulator.appendFileGroups(std::move(files));
         CMxAddlInfo info;
         info.SetAddInfoArr({ZetArray<ZetString>{L"all"}}, {0});
         m_accumulator.SetAddInfo(info);
+        m_member.SetGroupID(1);
         m_member.m_validations.SetPartofAssy(true);
         m_accumulator.Append(&m_member);
     }
@@ -79,36 +80,25 @@ TEST(PluginMistakes, OfAMemberThatIsWritten) {
         const char* file;
     };
     const auto raise = [](ZetFileAccess&) { Raise(); };
+    // clang-format off
     const Case cases[] = {
-        {"none",                       [](MistakenMember&) {},                                  "none", "M\n"},
-        {"raises while it is written",
-         [&](MistakenMember& m) { m.m_write = raise; },
-         "of the plug-in",                                                                              ""   },
-        {"raises while it reports",
-         [&](MistakenMember& m) { m.m_report = raise; },
-         "of the plug-in",                                                                              "M\n"},
-        {"closes a file",
-         [](MistakenMember& m) {
-             m.m_write = [](ZetFileAccess& file) {
-                 file.Close();
-                 EXPECT_FALSE(file.Write(L"M\n"));
-             };
-         },                                                                                     "none",
-         ""                                                                                                  },
-        {"reads beyond the files",
-         [](MistakenMember& m) { m.m_write = [](ZetFileAccess&) { ZetArray<int>()[0] = 1; }; },
-         "isValid( index )",                                                                            ""   },
+        {"none", [](MistakenMember&) {}, "none", "M\nP\n"},
+        {"raises while it is written", [&](MistakenMember& m) { m.m_write = raise; }, "of the plug-in", ""},
+        {"raises while it reports", [&](MistakenMember& m) { m.m_report = raise; }, "of the plug-in", "M\n"},
+        {"closes a file", [](MistakenMember& m) { m.m_write = [](ZetFileAccess& file) { file.Close(); EXPECT_FALSE(file.Write(L"M\n")); }; }, "none", ""},
+        {"reads beyond the files", [](MistakenMember& m) { m.m_write = [](ZetFileAccess&) { ZetArray<int>()[0] = 1; }; }, "isValid( index )", ""},
     };
+    // clang-format on
     for (const Case& c : cases) {
         SCOPED_TRACE(c.name);
-        Run run;
+        WrittenRun run;
         c.mistake(run.m_member);
         EXPECT_EQ(OutcomeOf([&] { run.m_accumulator.WriteOutPut(); }), c.outcome);
         EXPECT_EQ(run.File(), c.file);
         run.m_member.m_write = MistakenMember().m_write;
         run.m_member.m_report = MistakenMember().m_report;
         EXPECT_EQ(OutcomeOf([&] { run.m_accumulator.WriteOutPut(); }), "none");
-        EXPECT_EQ(run.File(), "M\n");
+        EXPECT_EQ(run.File(), "M\nP\n");
         EXPECT_TRUE(run.m_accumulator.GetFileFaults().isEmpty());
     }
 }
@@ -172,8 +162,9 @@ TEST(PluginMistakes, OfAttachedParts) {
         EXPECT_EQ(OutcomeOf([&] { member.GetAttachedPartNos(); }),
                   second == nullptr ? "none" : "of the plug-in");
         ASSERT_EQ(member.m_attachedParts.length(), second == nullptr ? 2 : 0);
-        if (second == nullptr)
+        if (second == nullptr) {
             EXPECT_EQ(member.m_attachedParts[1].GetPartNo(), L"");
+        }
     }
 }
 
