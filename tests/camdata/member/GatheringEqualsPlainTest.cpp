@@ -1,5 +1,6 @@
 #include "support/PlainGathering.h"
 #include "support/RandomMember.h"
+#include "support/RandomRounds.h"
 #include "support/TestMember.h"
 
 #include <array>
@@ -145,9 +146,9 @@ std::string TextOf(const Outcome& outcome) {
 
 /// Every list and the tolerance left behind, bit for bit.
 TEST(GatheringEqualsPlainTest, RandomMembers) {
-    constexpr unsigned long long kMembers = 10000;
+    const auto members = static_cast<unsigned long long>(RandomRounds(10000));
     std::array<std::size_t, 5> found = {};
-    for (unsigned long long seed = 1; seed <= kMembers; ++seed) {
+    for (unsigned long long seed = 1; seed <= members; ++seed) {
         const std::vector<RandomView> views = RandomMember(seed).GetViews();
         const Outcome plain = OutcomeOfPlain(views, RandomSettings(seed));
         const Outcome fast = OutcomeOfLibrary(views, RandomSettings(seed));
@@ -157,7 +158,7 @@ TEST(GatheringEqualsPlainTest, RandomMembers) {
             found[i] += plain.lists[i].size();
     }
     for (const std::size_t count : found)
-        EXPECT_GT(count, kMembers / 2) << "the members hold too little";
+        EXPECT_GT(count, members / 2) << "the members hold too little";
 }
 
 /// Holes that were moved after gathering: their current positions say nothing about their NC ones.
@@ -166,7 +167,7 @@ TEST(GatheringEqualsPlainTest, DuplicatesOfMovedHoles) {
     const auto number = [&](int below) {
         return static_cast<double>(random() % static_cast<unsigned long long>(below));
     };
-    for (int round = 0; round < 300; ++round) {
+    for (int round = 0; round < RandomRounds(300); ++round) {
         SCOPED_TRACE(round);
         std::vector<CHoleAddlInfo> records;
         for (int i = 0; i < 60; ++i) {
@@ -196,7 +197,7 @@ TEST(GatheringEqualsPlainTest, DuplicatesOfMovedHoles) {
 TEST(GatheringEqualsPlainTest, OrderOfHolesAndNotches) {
     constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
     std::mt19937_64 random(1);
-    for (int round = 0; round < 3000; ++round) {
+    for (int round = 0; round < RandomRounds(3000); ++round) {
         SCOPED_TRACE(round);
         const bool isLong = round % 50 == 1;
         const auto number = [&] {

@@ -1,5 +1,6 @@
 #include "support/CurrentTolerance.h"
 #include "support/NestReport.h"
+#include "support/RandomRounds.h"
 #include "support/TestMember.h"
 
 #include "camdata/tolerance/CMxGeom.h"
@@ -55,7 +56,7 @@ double ToleranceOf(int round) {
 
 TEST(NestingEqualsPlainTest, RandomLists) {
     constexpr double kReserves[] = {0.0, 0.0, 500.0, 2000.0, -50.0};
-    for (int round = 0; round < 1000; ++round) {
+    for (int round = 0; round < RandomRounds(1000); ++round) {
         SCOPED_TRACE(round);
         RandomParts random(static_cast<std::uint64_t>(round));
         const std::vector<PlainPart> parts = random.List();
@@ -76,7 +77,7 @@ TEST(NestingEqualsPlainTest, RandomLists) {
 
 /// The operations of one nest in any order, on parts that stand in any order.
 TEST(NestingEqualsPlainTest, RandomOperations) {
-    for (int round = 0; round < 1000; ++round) {
+    for (int round = 0; round < RandomRounds(1000); ++round) {
         SCOPED_TRACE(round);
         RandomParts random(static_cast<std::uint64_t>(round));
         std::vector<PlainPart> plainParts = random.List();
