@@ -8,6 +8,7 @@ namespace {
 
 constexpr const wchar_t* kMarksFormat =
     L"not for this machine: %d %s; \"marks = true\" of the member type makes %s";
+constexpr const wchar_t* kOutsideText = L"it lies outside of its face or of the member";
 
 /// A place of a view in the frame of its face, as holes get there.
 ZetGeomPoint2d OnFace(const ZetGeomPoint2d& point, const CViewData& view) {
@@ -62,7 +63,7 @@ MachineOperation OperationOf(const ZetNCNumeration& text, const CViewData& view)
 /// made nobody asks for anything.
 void JobMember::NoteMarks() {
     if (m_type.areMarksMade)
-        return;
+        return NoteMarksOutside();
     long first = 0;
     long count = 0;
     const auto claim = [&](const auto& features) {
@@ -84,6 +85,27 @@ void JobMember::NoteMarks() {
                                              count == 1 ? ZetString(L"mark or text")
                                                         : ZetString(L"marks and texts"),
                                              count == 1 ? ZetString(L"it") : ZetString(L"them"))});
+}
+
+/// Of planes; the host tells those of its faces.
+void JobMember::NoteMarksOutside() {
+    for (const ZetNCView& view : m_structure.getViews()) {
+        if (view.getViewPos() < kFirstPlanePosition)
+            continue;
+        const auto check = [&](const std::vector<ZetGeomPoint2d>& points, long tag) {
+            const std::optional<Feature> feature = FeatureOf(tag);
+            if (feature && IsBeyond(points, view.getViewPos()))
+                m_notes.push_back({*feature, kOutsideText});
+        };
+        for (const ZetNCMark& mark : view.getMarks())
+            check({mark.points.begin(), mark.points.end()}, mark.hostTag);
+        for (const ZetNCNumeration& text : view.getNumerations())
+            check(
+                {
+                    {text.x, text.y}
+            },
+                text.hostTag);
+    }
 }
 
 /// Marks and texts: records where the member type asks for them.

@@ -8,6 +8,8 @@
 #include <array>
 #include <cmath>
 #include <cstddef>
+#include <numbers>
+#include <vector>
 
 // Holes and openings in what outlines and mitres leave away.
 
@@ -19,6 +21,31 @@ constexpr int kTopFlangeView = 0;
 constexpr int kWebView = 1;
 constexpr int kBottomFlangeView = 2;
 constexpr int kWebBackView = 3;
+
+/// True when nothing of a polygon lies in an outline.
+bool IsApart(const FaceOutline& outline, const std::vector<ZetGeomPoint2d>& corners) {
+    const double touch = std::abs(CMxGeom::GetXTol());
+    const std::vector<ZetGeomPoint2d> places = outline.PlacesOf(corners);
+    return std::none_of(places.begin(), places.end(), [&](const ZetGeomPoint2d& place) {
+        return outline.Contains(place) && outline.DistanceFrom(place, touch) >= touch;
+    });
+}
+
+/// Of chords. `end`: from the centre to that of an end's circle.
+std::vector<ZetGeomPoint2d> SlotOutline(const ZetGeomPoint2d& centre,
+                                        const ZetGeomVector2d& end,
+                                        double radius) {
+    constexpr int kChords = 16;  // of half a circle
+    const double across = std::atan2(end.y, end.x) - std::numbers::pi / 2.0;
+    std::vector<ZetGeomPoint2d> corners;
+    for (const double side : {1.0, -1.0})
+        for (int i = 0; i <= kChords; ++i) {
+            const double angle = across + std::numbers::pi * i / kChords;
+            corners.push_back({centre.x + side * (end.x + radius * std::cos(angle)),
+                               centre.y + side * (end.y + radius * std::sin(angle))});
+        }
+    return corners;
+}
 
 }  // namespace
 
@@ -36,30 +63,30 @@ const FaceOutline* JobMember::OutlineOf(int viewPosition) const {
 
 /// The whole of a hole: one that relieves a corner is made.
 bool JobMember::IsCutAway(const CHoleAddlInfo& hole, int viewPosition) const {
-    const double reach = std::max(hole.GetSlotVector().length() + hole.GetSize() * 0.5,
-                                  std::abs(CMxGeom::GetXTol()));
+    const double reach = std::max(hole.GetSize() * 0.5, std::abs(CMxGeom::GetXTol()));
     const ZetGeomPoint2d centre = {hole.GetXPos(), hole.GetYPos()};
+    const ZetGeomVector2d& end = hole.GetSlotVector();
+    const ZetGeomPoint2d otherEnd = {centre.x - end.x, centre.y - end.y};
+    if (IsBeyondMitre(centre + end, viewPosition, reach) &&
+        IsBeyondMitre(otherEnd, viewPosition, reach))
+        return true;
     const FaceOutline* const outline = OutlineOf(viewPosition);
-    const bool isOutside = outline != nullptr && !outline->Contains(centre) &&
-                           outline->DistanceFrom(centre, reach) >= reach;
-    return isOutside || IsBeyondMitre(centre, viewPosition, reach);
+    if (outline == nullptr || outline->Contains(centre))
+        return false;
+    if (hole.GetIsSlot())
+        return IsApart(*outline, SlotOutline(centre, end, reach));
+    return outline->DistanceFrom(centre, reach) >= reach;
 }
 
 /// The whole of an opening: what reaches into a notch from the side is made.
 bool JobMember::IsCutAway(const std::vector<ZetGeomPoint2d>& opening, int viewPosition) const {
-    const double touch = std::abs(CMxGeom::GetXTol());
     const auto isBeyondMitre = [&](const ZetGeomPoint2d& corner) {
         return IsBeyondMitre(corner, viewPosition, 0.0);
     };
     if (std::all_of(opening.begin(), opening.end(), isBeyondMitre))
         return true;
     const FaceOutline* const outline = OutlineOf(viewPosition);
-    if (outline == nullptr)
-        return false;
-    const std::vector<ZetGeomPoint2d> places = outline->PlacesOf(opening);
-    return std::none_of(places.begin(), places.end(), [&](const ZetGeomPoint2d& place) {
-        return outline->Contains(place) && outline->DistanceFrom(place, touch) >= touch;
-    });
+    return outline != nullptr && IsApart(*outline, opening);
 }
 
 /// The web stands anywhere between the edges of the flanges: a cut that only these show takes

@@ -322,6 +322,7 @@ class JobMember : public CMxPeilaib {
     void MakeMitres();
     CViewData ViewDataOf(int viewPosition) const;
     void NoteMarks();
+    void NoteMarksOutside();
     void MakeMarks();
     void MakeMachineMember();
     std::string MakeRecords() const;

@@ -183,6 +183,7 @@ const Case kCases[] = {
     {"HoleBeyondTheWeb", kZ, "1000", "BO\n  v 500 100 18\n  v 500 250 18\n", "hole_outside 24\nwarning 24\nrefused=1 not_made=1 "},
     {"HoleBeyondTheEnd", kZ, "1000", "BO\n  v 1001 100 18\n", "hole_outside 23\nwarning 23\nrefused=1 "},
     {"HoleInWhatATrimTakes", kZ, "753", "AK\n  v 77 0\n  676 0\n  676 200\n  77 200\n  77 0\nBO\n  v 50 100 18\n", "hole_outside 29\nrefused=1 not_made=1 "},
+    {"SlotsInWhatIsCutAway", kZ, "1000", "AK\n  v 0 0\n  1000 0\n  1000 100\n  900 100\n  900 200\n  0 200\n  0 0\nBO\n  v 920 120 20 0l 60 0 0\n  v 920 120 20 0l 40 0 30\n  v 880 160 10 0l 100 0 0\nSC\n  0 200 0 -1 -1 0\nBO\n  v 20 20 18 0l 60 0 90\n  v 20 120 18 0l 100 0 0\n", "hole_outside 37\nhole_outside 32\nhole_outside 31\nrefused=3 not_made=4 "},
     {"HoleThatRelievesACorner", kZ, "1000", "AK\n  v 0 0\n  1000 0\n  1000 160\n  950 160\n  950 200\n  0 200\n  0 0\nBO\n  v 955 165 18\n",
      "hole face=web x=955.000 y=165.000 diameter=18.000 depth=0.000 thread=none code=\"H\"\n"
      "notch face=web cut=external x=975.000 y=180.000 length=50.000 width=40.000 code=\"N\"\nmade=2 "},
