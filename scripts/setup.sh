@@ -2,9 +2,9 @@
 # setup.sh PURPOSE... installs the Debian packages that a purpose needs and this machine lacks.
 # Purposes: build (library, tool and tests), windows (cross build and Wine), bench (benchmarks),
 # pictures (of the dialog) and page (of the report) for the documentation, packages (for Debian, and what
-# checks them), reference (of the classes), fuzz (the fuzzers), same (results
-# compared everywhere), release (a clean root to install in), ci (all
-# else that CI runs), many-jobs (engines for examples/many-jobs).
+# checks them), reference (of the classes), fuzz (the fuzzers), same (results compared everywhere), coverage
+# (what tests reach), release (a clean root to install in), ci (all else that CI runs), many-jobs (engines for
+# examples/many-jobs).
 # Installs as root, or through sudo when that asks nothing; otherwise prints the line to run and stops.
 set -euo pipefail
 
@@ -18,6 +18,7 @@ declare -A packages=(
     [packages]="dpkg-dev file pkg-config man-db"
     [reference]="doxygen"
     [fuzz]="clang libclang-rt-14-dev"
+    [coverage]="gcovr"
     [same]="clang locales tzdata"
     [release]="debootstrap zsh"
     [many-jobs]="slurm-wlm munge parallel"
