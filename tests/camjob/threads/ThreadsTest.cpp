@@ -101,8 +101,10 @@ void WriteRefused(const TempFolder& folder) {
 }
 
 void WriteWarehouse(const TempFolder& folder) {
-    fs::copy(CAMJOB_EXAMPLES "/warehouse", folder.PathOf(""), fs::copy_options::recursive);
-    fs::rename(folder.PathOf("warehouse.toml"), folder.PathOf("job.toml"));
+    // Without the slash at its end, which Windows takes for another folder.
+    const fs::path root = folder.PathOf("").parent_path();
+    fs::copy(CAMJOB_EXAMPLES "/warehouse", root, fs::copy_options::recursive);
+    fs::rename(root / "warehouse.toml", root / "job.toml");
 }
 
 struct Outcome {
