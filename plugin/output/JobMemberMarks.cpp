@@ -77,7 +77,7 @@ void JobMember::NoteMarks() {
         claim(view.getMarks());
         claim(view.getNumerations());
     }
-    const bool isMade = m_errors.isEmpty() && m_secondErrors.isEmpty() && m_hasPieces;
+    const bool isMade = m_errors.isEmpty() && m_secondErrors.isEmpty() && m_outcome.hasPieces;
     if (const std::optional<Feature> feature = FeatureOf(first); feature && count > 0 && isMade)
         m_notes.push_back({*feature,
                            ZetString::format(kMarksFormat,

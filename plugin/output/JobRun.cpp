@@ -125,9 +125,9 @@ class JobRun::Member final : public JobMember {
     void StoreRecords(TextBlocks& blocks) { m_recordText = blocks.Add(TakeRecords().text); }
     /// Of its NC file, without folder; "" when it was not told.
     const ZetString& GetFileName() const { return m_fileName; }
-    /// When it is valid.
+    /// When it is made.
     void AddSteelTo(SteelTotals& steel) const {
-        if (GetOutcome().isValid)
+        if (GetOutcome().IsMade())
             steel.Add(GetOrdered(), GetLength(), GetWeightPerMetre());
     }
     MemberResult GetResult() const {
@@ -596,7 +596,7 @@ std::vector<GroupResult> JobRun::GetGroupResults() const {
 std::vector<ProfileResult> JobRun::GetProfileResults() const {
     std::map<ZetString, SteelTotals> profiles;
     for (const auto& member : m_members)
-        if (member->GetOutcome().isValid)
+        if (member->GetOutcome().IsMade())
             member->AddSteelTo(profiles[member->GetProfileName()]);
     std::vector<ProfileResult> results;
     for (auto& [name, steel] : profiles)

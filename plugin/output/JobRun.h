@@ -42,20 +42,20 @@ struct MemberResult {
     MemberRecords records;  ///< in the machine files when it is made; unless SetRecordsKept(false)
 
     /// It has a block in the machine files.
-    bool IsMade() const { return outcome.isValid && quantity > 0; }
+    bool IsMade() const { return outcome.IsMade(); }
 };
 
 /// One group of a run that has members.
 struct GroupResult {
     std::size_t group = 0;  ///< position in Job::groups
     long members = 0;
-    SteelTotals steel;  ///< of the valid members
+    SteelTotals steel;  ///< of the members that are made
     long invalid = 0;
     long withWarnings = 0;
     long nonStandard = 0;
 };
 
-/// What the valid members of one profile come to.
+/// What the members of one profile come to.
 struct ProfileResult {
     ZetString profileName;
     SteelTotals steel;

@@ -178,7 +178,7 @@ void JobMember::SettleReport() {
     if (std::exchange(m_isSettled, true))
         return;
     HeadReports();
-    m_outcome = {GetValid(), !m_warningReport.isEmpty(), GetNonStd()};
+    m_outcome = {GetValid(), !m_warningReport.isEmpty(), GetNonStd(), m_outcome.hasPieces};
     if (!m_outcome.isNonStandard)
         return;
     ZetArray<long> blocks = GetAddInfoArrLoc();
@@ -213,9 +213,8 @@ ZetArray<ZetString> JobMember::GetWarningBlock() const {
 
 /// Below what is wrong with a member that is not made.
 void JobMember::TellUnmade(ZetArray<ZetString>& block) const {
-    const bool isMade = GetValid() && m_hasPieces;
     const ZetString word = m_unmadeFeatures == 1 ? L"feature" : L"features";
-    if (!isMade && !block.isEmpty() && m_unmadeFeatures > 0)
+    if (!IsMade() && !block.isEmpty() && m_unmadeFeatures > 0)
         block.append(Indented(
             ZetString::format(L"Not made with the member: %d %s", m_unmadeFeatures, word)));
 }
@@ -262,7 +261,7 @@ void JobMember::WriteMemOutPut(const ZetArray<ZetFileAccess*>& files,
     if (IsMainPart())
         CheckAttachedParts(secondaryParts);
     SettleReport();
-    for (long i = 0; i < CountGroupFiles(files) && GetValid() && m_hasPieces; ++i)
+    for (long i = 0; i < CountGroupFiles(files) && IsMade(); ++i)
         WriteRecords(files[i]);
     WriteMemErrors(ErrorFileOf(files));
     WriteMemWarnings(WarningFileOf(files));

@@ -42,9 +42,13 @@ struct Trim {
 
 /// What a member was found to be, settled with its report.
 struct MemberOutcome {
-    bool isValid = true;  ///< no error: it is manufactured
+    bool isValid = true;  ///< no error
     bool hasWarnings = false;
     bool isNonStandard = false;
+    bool hasPieces = true;  ///< quantity and length are above 0
+
+    /// It is manufactured, and has a block in the machine files.
+    bool IsMade() const { return isValid && hasPieces; }
 };
 
 /// The machine records of a member.
@@ -94,7 +98,7 @@ class JobMember : public CMxPeilaib {
     /// The member in a format of the job, by its position; null unless a file of its group has it.
     const FormattedMember* GetFormatted(std::size_t format) const;
     /// It is manufactured.
-    bool IsMade() const { return GetValid() && m_hasPieces; }
+    bool IsMade() const { return GetValid() && m_outcome.hasPieces; }
     /// Lists the attached parts of a main part, makes the machine records, and lets go of all that
     /// they were made from: holes, notches, NC data and creator.
     void MakeOutput();
@@ -372,7 +376,6 @@ class JobMember : public CMxPeilaib {
     std::unique_ptr<Judging> m_judging = std::make_unique<Judging>();
     Section m_section = Section::kOther;
     long m_ordered = 0;
-    bool m_hasPieces = true;
     std::vector<Trim> m_trims;
     std::vector<ZetNCCut> m_mitres;
     std::map<std::size_t, FormattedMember> m_formatted;  ///< by position in Job::formats

@@ -112,20 +112,20 @@ void JobMember::CheckLimit(Finding finding) {
 
 void JobMember::CheckQuantity() {
     const long most = GetJob().maximumQuantity;
-    m_hasPieces = GetQty() > 0 && GetLength() > 0.0;
+    m_outcome.hasPieces = GetQty() > 0 && GetLength() > 0.0;
     if (GetQty() <= 0)
         FileFinding(
             {.type = job::kQuantity,
              .text = ZetString::format(L"Quantity (%d): there is nothing to make", GetQty()),
              .required = 1.0,
              .found = static_cast<double>(GetQty())});
-    else if (!m_hasPieces)
+    else if (!m_outcome.hasPieces)
         FileFinding(
             {.type = job::kQuantity,
              .text = ZetString::format(L"Length (%.1f): there is nothing to make", GetLength()),
              .found = GetLength()});
     // Its features are told as not made, also where the finding has no line.
-    if (!m_hasPieces && !m_findings.back().IsPrinted())
+    if (!m_outcome.hasPieces && !m_findings.back().IsPrinted())
         AppendMsg_VT(eReportingWarning, {MemberLineIndent() + L"Without pieces it is not made"});
     if (GetQty() > most)
         FileFinding({.type = job::kQuantity,
