@@ -9,7 +9,6 @@
 #include <array>
 #include <cmath>
 #include <cstddef>
-#include <tuple>
 #include <utility>
 
 // Where holes lie: whether on their face, how near to its edges and to the ends.
@@ -94,9 +93,9 @@ FaceBox JobMember::FaceOfHoles(int viewPosition, const FaceOutline* outline) con
         return face;
     if (outline != nullptr)
         return outline->GetBox();
-    // The zero line of a flange has become the hole's own.
+    // The zero line of a flange has become the hole's own; the flange begins there.
     if (std::isfinite(face.minY))
-        std::tie(face.minY, face.maxY) = std::pair(0.0, face.maxY - face.minY);
+        face.minY = 0.0;
     return face;
 }
 
