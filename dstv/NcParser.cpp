@@ -342,7 +342,8 @@ ZetGeomPoint2d NcParser::LimitsOf(NcFace face) const {
     const std::wstring_view code = header.profileCode.view();
     const bool isRound = code == L"RO" || code == L"RU";
     const bool isFlange = face == NcFace::kTop || face == NcFace::kBottom;
-    const double width = isFlange ? header.flangeWidth : header.profileHeight;
+    const double depth = code == L"B" ? header.webThickness : header.flangeWidth;
+    const double width = isFlange ? depth : header.profileHeight;
     // The front view of a round section is its surface unrolled.
     return {header.length, isRound ? std::numbers::pi * width : width};
 }
