@@ -17,6 +17,7 @@ namespace plugin {
 namespace {
 
 constexpr const wchar_t* kNoHoleText = L"The countersink has no plain round hole at its place";
+constexpr const wchar_t* kSetAsideText = L"The hole of the countersink is set aside";
 constexpr const wchar_t* kSecondText = L"The hole has another countersink already";
 constexpr const wchar_t* kNarrowText = L"The countersink is narrower than its hole";
 constexpr const wchar_t* kSlotText = L"The countersink is a slot, and no operation tells one";
@@ -24,6 +25,14 @@ constexpr const wchar_t* kHoleRefusedText = L"Its hole is not made";
 
 bool CanBeCountersunk(const CHoleAddlInfo& hole) {
     return !hole.GetIsSlot() && hole.GetHoleData().kind == ZetNCHoleData::eKindPlain;
+}
+
+ReachIndex PlacesOfPlain(const ZetArray<CHoleAddlInfo>& holes) {
+    ReachIndex places;
+    for (long i = 0; i < holes.length(); ++i)
+        if (CanBeCountersunk(holes[i]))
+            places.Add(i, holes[i].GetXPos(), 0.0);
+    return places;
 }
 
 /// Why the countersink is not made with the hole (null: there is none); null when it is.
@@ -43,19 +52,21 @@ constexpr double kRounding = 1e-9;
 }  // namespace
 
 /// The nearest hole that the countersink may be of; -1: none.
-long JobMember::FindHoleOf(const CHoleAddlInfo& sink, const ReachIndex& holes) const {
+long JobMember::FindHoleOf(const CHoleAddlInfo& sink,
+                           const ZetArray<CHoleAddlInfo>& holes,
+                           const ReachIndex& index) const {
     const double reachX = std::abs(CMxGeom::GetXTol()) + kRounding;
     const double reachY = std::abs(CMxGeom::GetYTol()) + kRounding;
     long nearest = -1;
     double leastDistance = std::numeric_limits<double>::infinity();
-    holes.FindNear(sink.GetXPos(), reachX, [&](long index) {
-        const CHoleAddlInfo& hole = m_holes[index];
+    index.FindNear(sink.GetXPos(), reachX, [&](long position) {
+        const CHoleAddlInfo& hole = holes[position];
         const double dx = std::abs(hole.GetXPos() - sink.GetXPos());
         const double dy = std::abs(hole.GetYPos() - sink.GetYPos());
         const double distance = ZetGeomVector2d{dx, dy}.length();
         if (dx <= reachX && dy <= reachY && distance < leastDistance &&
             ViewOf(hole) == ViewOf(sink)) {
-            nearest = index;
+            nearest = position;
             leastDistance = distance;
         }
         return false;
@@ -71,17 +82,17 @@ void JobMember::JoinCountersinks() {
         }
     if (m_cskHoles.isEmpty())
         return;
-    ReachIndex holes;
-    for (long i = 0; i < m_holes.length(); ++i)
-        if (CanBeCountersunk(m_holes[i]))
-            holes.Add(i, m_holes[i].GetXPos(), 0.0);
+    const ReachIndex open = PlacesOfPlain(m_holes);
+    const ReachIndex setAside = PlacesOfPlain(m_duplicateHoles);
     std::stable_sort(m_cskHoles.begin(), m_cskHoles.end(), [](const auto& a, const auto& b) {
         return a.GetHoleData().hostTag < b.GetHoleData().hostTag;
     });
     for (CHoleAddlInfo& sink : m_cskHoles) {
-        const long index = FindHoleOf(sink, holes);
-        if (const wchar_t* const fault = FaultOfSink(sink, index < 0 ? nullptr : &m_holes[index])) {
+        const long index = FindHoleOf(sink, m_holes, open);
+        if (const wchar_t* fault = FaultOfSink(sink, index < 0 ? nullptr : &m_holes[index])) {
             sink.SetValid(false);
+            if (fault == kNoHoleText && FindHoleOf(sink, m_duplicateHoles, setAside) >= 0)
+                fault = kSetAsideText;
             FileHole({.type = job::kLoneCountersink, .text = fault, .isRefusal = true}, sink);
             continue;
         }

@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <set>
 #include <utility>
 
 namespace plugin {
@@ -28,13 +29,14 @@ void JobMember::CheckCuts() {
     const auto isAt = [](double a, double b) {
         return std::abs(a - b) <= std::abs(CMxGeom::GetXTol());
     };
+    std::set<long> refused;  // one that is slanted both ways is two
     for (const ZetNCCut& cut : m_structure.getCuts()) {
         const bool isAtStart = cut.end == ZetNCCut::eEndStart;
         const double end = isAtStart ? 0.0 : GetLength();
         const bool isInward = isAt(cut.x, isAtStart ? GetLength() : 0.0);
         if (isAt(cut.x, end))
             m_mitres.push_back(cut);
-        else
+        else if (refused.insert(cut.hostTag).second)
             FileFinding({.type = job::kUnclearCut,
                          .text = isInward ? ZetString::format(kInwardFormat, cut.x)
                                           : ZetString::format(kInsideFormat, cut.x),

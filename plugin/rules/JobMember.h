@@ -246,7 +246,9 @@ class JobMember : public CMxPeilaib {
     void SetAsideNotches();
 
     void JoinCountersinks();
-    long FindHoleOf(const CHoleAddlInfo& sink, const ReachIndex& holes) const;
+    long FindHoleOf(const CHoleAddlInfo& sink,
+                    const ZetArray<CHoleAddlInfo>& holes,
+                    const ReachIndex& index) const;
     const CHoleAddlInfo* SinkOf(const CHoleAddlInfo& hole) const;
     void RefuseSinkOf(const CHoleAddlInfo& hole, Finding finding);
 
