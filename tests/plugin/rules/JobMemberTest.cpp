@@ -312,16 +312,16 @@ TEST(JobMember, CornerNotchesAtEachCorner) {
 
 TEST(JobMember, FlangesBeginAtTheirZeroLines) {
     Job job = SampleJob();
-    job.memberTypes[0].topFlange = {64.0, false};
+    job.memberTypes[0].topFlange = {30.0, false};
     job.memberTypes[0].bottomFlange = {66.0, true};
     job.uncoveredHoles = {Uncovered::kAccept, L"?"};
     job.uncoveredNotches.action = Uncovered::kAccept;
     Part part(L"Z1");
-    part.Hole(kTopView, 100, 100, 18).Hole(kWebView, 100, 100, 18);
+    part.Hole(kTopView, 100, 50, 18).Hole(kWebView, 100, 100, 18);
     part.Slot(kBottomView, 300, 36, 18, 20, 90.0).Opening(kBottomView, 500, 46, 60, 20);
     Judged judged(job, part);
     // The slot runs from 36 to 56: centre 46, and turned over.
-    EXPECT_EQ(judged.Holes(), "[100 36 ?][100 100 ?][300 20 ?]");
+    EXPECT_EQ(judged.Holes(), "[100 20 ?][100 100 ?][300 20 ?]");
     EXPECT_EQ(judged->GetHoles()[2].GetSlotAngle(), -90.0);
     EXPECT_EQ(judged->GetNotches()[0].GetYPos(), 20.0);
 }
