@@ -9,6 +9,8 @@ namespace {
 constexpr const wchar_t* kMarksFormat =
     L"not for this machine: %d %s; \"marks = true\" of the member type makes %s";
 constexpr const wchar_t* kOutsideText = L"it lies outside of its face or of the member";
+constexpr const wchar_t* kCutAwayText =
+    L"it lies in what an outline, an opening or a mitre takes away";
 
 /// A place of a view in the frame of its face, as holes get there.
 ZetGeomPoint2d OnFace(const ZetGeomPoint2d& point, const CViewData& view) {
@@ -87,24 +89,30 @@ void JobMember::NoteMarks() {
                                              count == 1 ? ZetString(L"it") : ZetString(L"them"))});
 }
 
-/// Of planes; the host tells those of its faces.
+/// Why a mark is not on the member; null when it is.
+const wchar_t* JobMember::FaultOfMark(const std::vector<ZetGeomPoint2d>& points, int viewPosition) {
+    if (IsBeyond(points, viewPosition))
+        return kOutsideText;
+    const bool isCutAway =
+        std::any_of(points.begin(), points.end(), [&](const ZetGeomPoint2d& point) {
+            return IsCutAway(point, viewPosition);
+        });
+    return isCutAway ? kCutAwayText : nullptr;
+}
+
 void JobMember::NoteMarksOutside() {
     for (const ZetNCView& view : m_structure.getViews()) {
-        if (view.getViewPos() < kFirstPlanePosition)
-            continue;
         const auto check = [&](const std::vector<ZetGeomPoint2d>& points, long tag) {
-            const std::optional<Feature> feature = FeatureOf(tag);
-            if (feature && IsBeyond(points, view.getViewPos()))
-                m_notes.push_back({*feature, kOutsideText});
+            const wchar_t* const fault = FaultOfMark(points, view.getViewPos());
+            if (const std::optional<Feature> feature = FeatureOf(tag); feature && fault != nullptr)
+                m_notes.push_back({*feature, fault});
         };
         for (const ZetNCMark& mark : view.getMarks())
             check({mark.points.begin(), mark.points.end()}, mark.hostTag);
-        for (const ZetNCNumeration& text : view.getNumerations())
-            check(
-                {
-                    {text.x, text.y}
-            },
-                text.hostTag);
+        for (const ZetNCNumeration& text : view.getNumerations()) {
+            const ZetGeomPoint2d place = {text.x, text.y};
+            check({place}, text.hostTag);
+        }
     }
 }
 

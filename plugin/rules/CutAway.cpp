@@ -11,7 +11,7 @@
 #include <numbers>
 #include <vector>
 
-// Holes and openings in what outlines and mitres leave away.
+// What lies in what outlines, openings and mitres leave away.
 
 namespace plugin {
 
@@ -22,12 +22,26 @@ constexpr int kWebView = 1;
 constexpr int kBottomFlangeView = 2;
 constexpr int kWebBackView = 3;
 
+/// Openings whose areas differ by less may be equal, mm2.
+constexpr double kAreaTolerance = 1.0;
+
 /// True when nothing of a polygon lies in an outline.
 bool IsApart(const FaceOutline& outline, const std::vector<ZetGeomPoint2d>& corners) {
     const double touch = std::abs(CMxGeom::GetXTol());
     const std::vector<ZetGeomPoint2d> places = outline.PlacesOf(corners);
     return std::none_of(places.begin(), places.end(), [&](const ZetGeomPoint2d& place) {
         return outline.Contains(place) && outline.DistanceFrom(place, touch) >= touch;
+    });
+}
+
+/// True when nothing of a polygon reaches beyond an outline.
+bool IsWithin(const FaceOutline& outline, const std::vector<ZetGeomPoint2d>& corners) {
+    const double touch = std::abs(CMxGeom::GetXTol());
+    if (ReachesBeyond(BoxOf(corners), outline.GetBox(), {touch, touch}))
+        return false;
+    const std::vector<ZetGeomPoint2d> places = outline.PlacesOf(corners);
+    return std::none_of(places.begin(), places.end(), [&](const ZetGeomPoint2d& place) {
+        return outline.IsOutside(place, touch);
     });
 }
 
@@ -87,6 +101,39 @@ bool JobMember::IsCutAway(const std::vector<ZetGeomPoint2d>& opening, int viewPo
         return true;
     const FaceOutline* const outline = OutlineOf(viewPosition);
     return outline != nullptr && IsApart(*outline, opening);
+}
+
+/// Of a mark, a corner of its line.
+bool JobMember::IsCutAway(const ZetGeomPoint2d& place, int viewPosition) const {
+    const double touch = std::abs(CMxGeom::GetXTol());
+    const FaceOutline* const outline = OutlineOf(viewPosition);
+    return IsBeyondMitre(place, viewPosition, touch) ||
+           (outline != nullptr && outline->IsOutside(place, touch)) ||
+           AnyOpening(viewPosition, place.x, [&](const FaceOutline& opening) {
+               return opening.Contains(place) && opening.DistanceFrom(place, touch) >= touch;
+           });
+}
+
+/// The whole of a hole: one that reaches over the edge is made.
+bool JobMember::IsInOpening(const CHoleAddlInfo& hole, int viewPosition) const {
+    const double touch = std::abs(CMxGeom::GetXTol());
+    const double reach = std::max(hole.GetSize() * 0.5, touch);
+    const ZetGeomPoint2d centre = {hole.GetXPos(), hole.GetYPos()};
+    return AnyOpening(viewPosition, centre.x, [&](const FaceOutline& opening) {
+        if (!opening.Contains(centre))
+            return false;
+        return hole.GetIsSlot()
+                   ? IsWithin(opening, SlotOutline(centre, hole.GetSlotVector(), reach))
+                   : opening.DistanceFrom(centre, reach) >= reach - touch;
+    });
+}
+
+/// The whole of an opening, in one that is larger: of equal ones the later repeats the first.
+bool JobMember::IsInOpening(const std::vector<ZetGeomPoint2d>& opening, int viewPosition) const {
+    const double area = AreaOf(opening);
+    return AnyOpening(viewPosition, opening.front().x, [&](const FaceOutline& other) {
+        return IsWithin(other, opening) && other.GetArea() > area + kAreaTolerance;
+    });
 }
 
 /// The web stands anywhere between the edges of the flanges: a cut that only these show takes

@@ -50,9 +50,14 @@ class FaceOutline {
     explicit FaceOutline(std::vector<ZetGeomPoint2d> corners);
 
     const FaceBox& GetBox() const { return m_box; }
+    double GetArea() const { return AreaOf(m_corners); }
     bool Contains(const ZetGeomPoint2d& point) const;
     /// The distance of a point from the outline; `farthest` when it is no less.
     double DistanceFrom(const ZetGeomPoint2d& point, double farthest) const;
+    /// Neither in it nor nearer to it than `touch`.
+    bool IsOutside(const ZetGeomPoint2d& point, double touch) const {
+        return !Contains(point) && DistanceFrom(point, touch) >= touch;
+    }
     /// Of another outline the corners, and of each of its sides the middles of the parts between
     /// its crossings with this one: when all of them lie in this one, or none, so does the whole.
     std::vector<ZetGeomPoint2d> PlacesOf(const std::vector<ZetGeomPoint2d>& other) const;

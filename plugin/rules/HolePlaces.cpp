@@ -20,6 +20,7 @@ namespace {
 constexpr const wchar_t* kOutsideText = L"It lies outside of its face or of the member";
 
 constexpr const wchar_t* kReachesText = L"It reaches beyond its face or the member";
+constexpr const wchar_t* kInOpeningText = L"It lies in an opening of its face";
 constexpr const wchar_t* kUnknownFaceText =
     L"the extents of its face are not known: nobody can tell whether it lies on it";
 constexpr const wchar_t* kAtMitreText =
@@ -125,9 +126,7 @@ std::optional<Finding> JobMember::OutsideOf(const CHoleAddlInfo& hole,
                        .found = excess.found};
     };
     if (outline != nullptr && viewPosition < kFirstPlanePosition && !IsEdgeOfPlate(viewPosition)) {
-        const bool isOutside =
-            !outline->Contains(centre) && outline->DistanceFrom(centre, tolerance.x) >= tolerance.x;
-        if (isOutside)
+        if (outline->IsOutside(centre, tolerance.x))
             return Finding{.type = job::kHoleOutside, .text = kOutsideText};
     } else if (auto finding = told(kOutsideText, middle)) {
         return finding;
@@ -135,13 +134,15 @@ std::optional<Finding> JobMember::OutsideOf(const CHoleAddlInfo& hole,
     return told(kReachesText, whole);
 }
 
-/// Outside, or in what is cut away.
+/// Outside, or in what is cut away or out.
 std::optional<Finding> JobMember::FaultOfPlace(const CHoleAddlInfo& hole,
                                                const FaceOutline* outline) const {
     const auto viewPosition = static_cast<int>(ViewOf(hole));
     std::optional<Finding> finding = OutsideOf(hole, viewPosition, outline);
     if (!finding && IsCutAway(hole, viewPosition))
         finding = Finding{.type = job::kHoleOutside, .text = kOutsideText};
+    if (!finding && IsInOpening(hole, viewPosition))
+        finding = Finding{.type = job::kHoleOutside, .text = kInOpeningText};
     return finding;
 }
 

@@ -8,6 +8,7 @@
 #include "plugin/rules/BarStock.h"
 #include "plugin/rules/FaceOutline.h"
 #include "plugin/rules/JudgingRules.h"
+#include "plugin/rules/ReachIndex.h"
 
 #include "camdata/member/CMxPeilaib.h"
 
@@ -22,8 +23,6 @@
 #include <vector>
 
 namespace plugin {
-
-class ReachIndex;
 
 /// One hole of a member, wherever the member keeps it.
 struct MemberHole {
@@ -229,6 +228,7 @@ class JobMember : public CMxPeilaib {
                        int viewPosition);
     bool TakeOutline(const ZetNCContour& outline, const ZetNCView& view, const NotchSum& sum);
     bool CheckOpening(const ZetNCContour& opening, int viewPosition);
+    bool CheckOpeningAmongOthers(const ZetNCContour& opening, int viewPosition);
     bool IsBeyond(const std::vector<ZetGeomPoint2d>& corners, int viewPosition);
     ZetString FaultOf(const ZetNCContour& outline, const ZetNCView& view, const NotchSum& sum);
     bool FindTrims(const ZetNCContour& outline, int viewPosition);
@@ -272,6 +272,14 @@ class JobMember : public CMxPeilaib {
     bool IsAtMitre(double minX, double maxX) const;
     bool IsCutAway(const CHoleAddlInfo& hole, int viewPosition) const;
     bool IsCutAway(const std::vector<ZetGeomPoint2d>& opening, int viewPosition) const;
+    bool IsCutAway(const ZetGeomPoint2d& place, int viewPosition) const;
+    bool IsInOpening(const CHoleAddlInfo& hole, int viewPosition) const;
+    bool IsInOpening(const std::vector<ZetGeomPoint2d>& opening, int viewPosition) const;
+    template <typename Test>
+    bool AnyOpening(int viewPosition, double x, const Test& test) const {
+        const auto at = m_judging->openings.find(viewPosition);
+        return at != m_judging->openings.end() && at->second.Any(x, test);
+    }
     const FaceOutline* OutlineOf(int viewPosition) const;
     bool IsBeyondMitre(const ZetGeomPoint2d& centre, int viewPosition, double reach) const;
     void SeePlanes();
@@ -329,6 +337,7 @@ class JobMember : public CMxPeilaib {
     CViewData ViewDataOf(int viewPosition) const;
     void NoteMarks();
     void NoteMarksOutside();
+    const wchar_t* FaultOfMark(const std::vector<ZetGeomPoint2d>& points, int viewPosition);
     void MakeMarks();
     void MakeMachineMember();
     std::string MakeRecords() const;
@@ -359,12 +368,34 @@ class JobMember : public CMxPeilaib {
         ZetGeomPlane plane;
         bool isAtEnd = false;  ///< it faces the end of the member
     };
+    /// The openings of a face.
+    class Openings {
+      public:
+        void Add(const std::vector<ZetGeomPoint2d>& corners) {
+            const FaceBox box = BoxOf(corners);
+            const double reach = (box.maxX - box.minX) * 0.5;
+            m_index.Add(static_cast<long>(m_outlines.size()), box.minX + reach, reach);
+            m_outlines.emplace_back(corners);
+        }
+        /// Whether one that may reach to `x` passes the test.
+        template <typename Test>
+        bool Any(double x, const Test& test) const {
+            return m_index.FindNear(x, 0.0, [&](long index) {
+                return test(m_outlines[static_cast<std::size_t>(index)]);
+            });
+        }
+
+      private:
+        std::vector<FaceOutline> m_outlines;
+        ReachIndex m_index;
+    };
     /// What a member knows only until MakeOutput is done.
     struct Judging {
         std::vector<const HoleRuleMatcher::Entry*> entryOfHole;  ///< by hole; null: no rule
         std::optional<FaceOutline> plate;                        ///< its outline, or its box
         std::map<int, PlaneView> planes;                         ///< by view position
         std::map<int, FaceOutline> outlines;       ///< by view position; those that operations tell
+        std::map<int, Openings> openings;          ///< by view position; those that are made
         std::vector<SetAside> reasons;             ///< by duplicate hole
         std::map<HolePlace, CHoleAddlInfo> sinks;  ///< by the place of their holes
         std::map<std::string, long> cutLines;      ///< of trims and mitres, with their tags

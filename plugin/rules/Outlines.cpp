@@ -28,6 +28,7 @@ constexpr const wchar_t* kBeyondText = L"The outline reaches beyond its face";
 constexpr const wchar_t* kOpeningBeyondText = L"The opening reaches beyond its face";
 constexpr const wchar_t* kOpeningInCutText =
     L"The opening lies in what an outline or a mitre takes away";
+constexpr const wchar_t* kOpeningInOpeningText = L"The opening lies in another one";
 constexpr const wchar_t* kNoAreaText = L"The outline has no area";
 constexpr const wchar_t* kOpeningNoAreaText = L"The opening has no area";
 constexpr const wchar_t* kUnknownFaceText =
@@ -208,12 +209,18 @@ void JobMember::CheckOutlines() {
 }
 
 /// When the outlines and mitres of all views are known: an opening may lie in what they take away.
+/// Those that do not may hold others.
 void JobMember::CheckOpenings() {
     std::set<long> refused;
-    for (const ZetNCView& view : m_structure.getViews())
-        for (const ZetNCContour& opening : view.getInternalContours())
-            if (!CheckOpening(opening, view.getViewPos()))
-                refused.insert(opening.hostTag);
+    const auto refuseUnless = [&](bool (JobMember::*check)(const ZetNCContour&, int)) {
+        for (const ZetNCView& view : m_structure.getViews())
+            for (const ZetNCContour& opening : view.getInternalContours())
+                if (refused.count(opening.hostTag) == 0 &&
+                    !(this->*check)(opening, view.getViewPos()))
+                    refused.insert(opening.hostTag);
+    };
+    refuseUnless(&JobMember::CheckOpening);
+    refuseUnless(&JobMember::CheckOpeningAmongOthers);
     DropNotches(m_notches, refused);
     DropNotches(m_duplicateNotches, refused);
 }
@@ -273,7 +280,16 @@ bool JobMember::CheckOpening(const ZetNCContour& opening, int viewPosition) {
         return refuse(job::kHoleOutside, kOpeningInCutText);
     const FaceBox box = BoxOf(corners);
     NoteUnclearPlace(opening.hostTag, FaceOfView(viewPosition), box.minX, box.maxX);
+    m_judging->openings[viewPosition].Add(corners);
     return true;
+}
+
+/// False when another one has cut out all of it.
+bool JobMember::CheckOpeningAmongOthers(const ZetNCContour& opening, int viewPosition) {
+    if (opening.hostTag == 0 || !IsInOpening(CornersOf(opening), viewPosition))
+        return true;
+    RefuseContour(job::kHoleOutside, kOpeningInOpeningText, opening, viewPosition);
+    return false;
 }
 
 /// Beyond the box of the face, or a plate's outline, or the member.
@@ -284,7 +300,7 @@ bool JobMember::IsBeyond(const std::vector<ZetGeomPoint2d>& corners, int viewPos
         plate != nullptr && viewPosition < kFirstPlanePosition && !IsEdgeOfPlate(viewPosition)) {
         const std::vector<ZetGeomPoint2d> places = plate->PlacesOf(corners);
         return std::any_of(places.begin(), places.end(), [&](const ZetGeomPoint2d& place) {
-            return !plate->Contains(place) && plate->DistanceFrom(place, x) >= x;
+            return plate->IsOutside(place, x);
         });
     }
     if (const ZetGeomPlane* const plane = AskewPlaneAt(viewPosition))

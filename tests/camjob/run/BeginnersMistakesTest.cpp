@@ -105,6 +105,8 @@ const Mistake kMistakes[] = {
      {"nc/6.nc1:23: It lies outside of its face or of the member", "[hole_outside by purlin, job line 30: required 200, found 250]", "hole_outside: Correct the model, or `zero` and `reversed`"}},
     {"CountersinkWithoutHole", {}, {"nc/6.nc1", Header("Z200x2.0\n  SO") + "BO\n  v 400 100s 26 6.5 0 0 90\nEN\n"},
      {"nc/6.nc1:23: The countersink has no plain round hole at its place", "lone_countersink: Correct the model"}},
+    {"CountersinkOfAHoleInASlot", {}, {"nc/6.nc1", Header("Z200x2.0\n  SO") + "BO\n  v 400 100 20 0l 60 0 0\n  v 430 100 10\n  v 430 100s 20 2\nEN\n"},
+     {"nc/6.nc1:25: The hole of the countersink is set aside"}},
     {"NoPieces", {}, {"nc/6.nc1", std::string(nc::Plain("N1")).replace(nc::Plain("N1").find("  12\n"), 5, "  0\n")},
      {"nc/6.nc1:7: Quantity (0): there is nothing to make [quantity by purlin, job line 30: required 1, found 0]", "quantity: Raise `max_quantity`, or correct quantity or length in the NC file's header."}},
     {"NoLength", {}, {"nc/6.nc1", Header("C100x1.5\n  C", "0.00") + "EN\n"},

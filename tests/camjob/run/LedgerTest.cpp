@@ -207,7 +207,7 @@ const Case kCases[] = {
      "hole face=top_flange x=120.000 y=30.000 diameter=18.000 depth=0.000 thread=none code=\"H\"\nunclear_plane 29\nnote 29\nmade=2 "},
     {"HolesOnASlope", kI, "1000", "E1\n  0 200 0\n  100 200 0\n  0 180 100\nB1\n  500 20 18\n  500 5000 18\n", "hole_outside 28\nrefused=1 not_made=1 "},
     {"OutlineOnASlopeOfAnI", kI, "1000", "E1\n  0 200 0\n  100 200 0\n  0 180 100\nA1\n  0 0\n  500 0\n  500 50\n  0 50\n  0 0\n", "unclear_cut 27\nrefused=1 "},
-    {"EdgeOfAPlate", kPlate, "1000", "AK\n  o 0 0\n  500 0\n  500 50\n  0 50\n  0 0\nBO\n  o 500 1 2\n  o 500 50 18\n", "unclear_cut 23\nhole_outside 30\nuncovered_hole 29\nrefused=3 "},
+    {"EdgeOfAPlate", kPlate, "1000", "AK\n  o 0 0\n  500 0\n  500 50\n  0 50\n  0 0\nBO\n  o 500 1 2\n  o 500 50 18\n", "unclear_cut 23\nhole_outside 30\nuncovered_hole 29\nwarning 23\nwarning 30\nrefused=3 "},
     {"HolesAtAMitreOfAPlate", kPlate, "1000", "SC\n  1000 200 0 1 -1 0\nBO\n  v 810 20 18\n  v 840 20 18\n", "hole_outside 26\nrefused=1 not_made=2 "},
     {"HoleAtAMitreOfARoundTube", kTube, "1000", "SC\n  1000 200 0 1 -1 0\nBO\n  v 960 180 18\n", "hole face=web x=960.000 y=180.000 diameter=18.000 depth=0.000 thread=none code=\"H\"\nmitre end=end face=web angle=-45.000\nnote 25\nmade=2 "},
     {"SlotBeyondTheEnd", kZ, "1000", "BO\n  v 820 100 18 0l 350 0 0\n  v 820 100 18 0l 160 0 0\n", "hole_outside 23\nrefused=1 not_made=1 "},
@@ -235,6 +235,10 @@ const Case kCases[] = {
     {"MarksOutside", kZ, "1000", "KO\n  v 100 50\n  5000 50\nSI\n  v 50 300 0 10r P1\nBO\n  v 900 -50m 0 0\n", "warning 23\nwarning 26\nwarning 28\nnote 23\nnot_for_machine=3 "},
     {"PlateSmallerThanItsHeader", kPlate, "1000", "AK\n  v 0 0\n  998 0\n  998 200\n  0 200\n  0 0\n", "warning 23\nmade=1 "},
     {"ThreadOfARectangle", kZ, "1000", "BO\n  v 500 100g 0 0l 40 30 0\n", "notch face=web cut=internal x=520.000 y=115.000 length=40.000 width=30.000 code=\"N\"\nwarning 23\nmade=1 "},
+    {"WithinAnOpening", kZ, "1000", "IK\n  v 400 20\n  700 20\n  700 180\n  400 180\n  400 20\nBO\n  v 550 100 10\n  v 500 60 10 0l 30 0 0\n  v 400 50 10\n  v 600 50 0 0l 20 20 0\n  v 690 100 10 0l 30 0 0\n", "hole_outside 32\nhole_outside 30\nhole_outside 29\nrefused=3 not_made=3 "},
+    {"OpeningInALargerOneOfTheSameMiddle", kZ, "1000", "IK\n  v 480 90\n  520 90\n  520 110\n  480 110\n  480 90\nIK\n  v 400 50\n  600 50\n  600 150\n  400 150\n  400 50\n", "hole_outside 23\nrefused=1 not_made=1 "},
+    {"SawCutSlantedBothWaysInTheMiddle", kZ, "1000", "SC\n  500 100 50 1 0.1 0.1\n", "unclear_cut 23\nrefused=1 "},
+    {"MarkBesideTheEdgeOfAPlate", kPlate, "1000", "KO\n  o 500 50\n", "warning 23\nnote 23\nnot_for_machine=1 "},
     {"UnknownBlock", kZ, "1000", "IN\n  A : B\nBR\n  what\n", "note 22\nwarning 24\nnoted=2 "},
 };
 // clang-format on
@@ -285,15 +289,36 @@ TEST(Ledger, MitresThatARoundTubeHasAlready) {
         EXPECT_NE(shown(height).find("mitre end=end"), std::string::npos) << height;
 }
 
+// Whatever the job says of it: without pieces or length nothing of the member is in the machine
+// file.
 TEST(Ledger, QuantityOfNothing) {
-    const std::string part = nc::Header("P1", kZ, "1000") + "BO\n  v 500 100 18\n";
+    const std::string holes = "BO\n  v 500 100 18\n";
+    const std::map<std::string, std::string> shown = {
+        {With(nc::Header("P1", kZ, "1000"), "\n  12\n", "\n  0\n") + holes,
+         "quantity 7\nnot_made=1 "},
+        {nc::Header("P1", kZ, "0") + holes, "quantity 10\nwarning 10\nwarning 23\nnote 23\nnot_made=1 "},
+    };
+    for (const char* report : {"warning", "off", "non_standard"})
+        for (const auto& [part, expected] : shown) {
+            const Ran ran({std::pair("1", part)},
+                          std::string(kJob) + "report = { quantity = \"" + report + "\" }\n");
+            EXPECT_EQ(Show(ran), expected);
+            EXPECT_EQ(ran.exitCode, 0);
+            EXPECT_TRUE(ran.document["members"][0]["operations"].empty());
+        }
+}
+
+// The flange is 65 wide over all in the file, and 40 of that stand beyond the web.
+TEST(Ledger, FlangeFromItsZeroLine) {
     const Ran ran(
         {
-            {"1", With(part, "\n  12\n", "\n  0\n")}
+            {"1",
+             nc::Header("P1", kZ, "1000") +
+                 "BO\n  u 500 20 18\n  u 600 -20 18\n  u 700 -20 18 0l 30 0 0\n  u 800 50 18\n"}
     },
-        std::string(kJob) + "report = { quantity = \"warning\" }\n");
-    EXPECT_EQ(Show(ran), "quantity 7\nnot_made=1 ");
-    EXPECT_EQ(ran.exitCode, 0);
+        std::string(kJob) + "bottom_flange = { zero = 40.0, reversed = true }\n");
+    EXPECT_EQ(Show(ran), "hole_outside 24\nhole_outside 25\nhole_outside 26\nwarning 24\nwarning 25\nrefused=3 "
+              "not_made=1 ");
 }
 
 TEST(Ledger, WhatIsRefusedWithoutALineIsNoted) {
@@ -335,6 +360,28 @@ TEST(Ledger, MarksAndTextsAsRecords) {
               "text=\"P \\\"1\\\"\"\n"
               "mark face=sloped_bottom_flange kind=powder x=120.000 y=51.250 angle=0.000 "
               "height=0.000 points=\"120.000,51.250\" text=\"\"\nmade=3 ");
+}
+
+// A mark that nothing holds is a record all the same, and told.
+TEST(Ledger, MarksInWhatIsTakenAway) {
+    const Ran ran(
+        {
+            {"1",
+             nc::Header("P1", kZ, "1000") +
+                 "AK\n  v 0 0\n  900 0\n  900 200\n  0 200\n  0 0\n"
+                 "IK\n  v 400 50\n  500 50\n  500 150\n  400 150\n  400 50\n"
+                 "SC\n  0 200 0 -1 -1 0\n"
+                 "KO\n  v 950 100\nKO\n  h 880 100\n  920 100\nKO\n  v 900 100\n"
+                 "SI\n  v 450 100 0 10r P1\n  v 380 100 0 10r P1\nBO\n  v 50 20m\n"
+                 "E1\n  100 2.5 0\n  200 2.5 0\n  100 62.5 80\nP1\n  2000 30\n"
+                 "E2\n  0 0 0\n  100 0 0\n  0 100 0\nP2\n  3000 30\n"}
+    },
+        std::string(kJob) + "marks = true\n");
+    std::string told;
+    for (const Json& note : ran.document["notes"])
+        told += note["line"].dump() + " ";
+    EXPECT_EQ(told, "47 37 59 44 39 53 ");
+    EXPECT_EQ(ran.document["members"][0]["accounts"]["made"], 11);
 }
 
 TEST(Ledger, RefusesFilesWithWarnings) {
