@@ -37,8 +37,6 @@ bool IsApart(const FaceOutline& outline, const std::vector<ZetGeomPoint2d>& corn
 /// True when nothing of a polygon reaches beyond an outline.
 bool IsWithin(const FaceOutline& outline, const std::vector<ZetGeomPoint2d>& corners) {
     const double touch = std::abs(CMxGeom::GetXTol());
-    if (ReachesBeyond(BoxOf(corners), outline.GetBox(), {touch, touch}))
-        return false;
     const std::vector<ZetGeomPoint2d> places = outline.PlacesOf(corners);
     return std::none_of(places.begin(), places.end(), [&](const ZetGeomPoint2d& place) {
         return outline.IsOutside(place, touch);
@@ -130,9 +128,12 @@ bool JobMember::IsInOpening(const CHoleAddlInfo& hole, int viewPosition) const {
 
 /// The whole of an opening, in one that is larger: of equal ones the later repeats the first.
 bool JobMember::IsInOpening(const std::vector<ZetGeomPoint2d>& opening, int viewPosition) const {
+    const double touch = std::abs(CMxGeom::GetXTol());
+    const FaceBox box = BoxOf(opening);
     const double area = AreaOf(opening);
     return AnyOpening(viewPosition, opening.front().x, [&](const FaceOutline& other) {
-        return IsWithin(other, opening) && other.GetArea() > area + kAreaTolerance;
+        return !ReachesBeyond(box, other.GetBox(), {touch, touch}) &&
+               other.GetArea() > area + kAreaTolerance && IsWithin(other, opening);
     });
 }
 
