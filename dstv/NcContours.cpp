@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <optional>
 #include <string>
 #include <utility>
 
@@ -51,14 +52,41 @@ bool HasNoArea(const Outline& outline) {
     return std::abs(twiceArea) <= kSamePoint * perimeter;
 }
 
-/// True when one of the three edges around a notch line is an arc; the closed contour has so many
-/// points before the line.
-bool HasArcAt(const std::vector<NcContourPoint>& points, long before) {
+/// The radius of an arc may miss that of its notch line by this, and its place that of the line's
+/// corner by twice this, mm.
+constexpr double kNotchSlack = 0.5;
+
+bool HasRadiusOf(const NcNotchLine& notch, const NcContourPoint& arc) {
+    return arc.radius != 0.0 &&
+           std::abs(std::abs(arc.radius) - std::abs(notch.radius)) <= kNotchSlack;
+}
+
+/// True when an arc lies where a notch line asks for one: a fillet ends as far from the corner as
+/// its tangents are long, a relief hole lies at the corner.
+bool IsAt(const NcNotchLine& notch, const NcContourPoint& from, const NcContourPoint& to) {
+    const double radius = std::abs(from.radius);
+    const double sine = std::min((PointOf(to) - PointOf(from)).length() / (2.0 * radius), 1.0);
+    const double tangents = radius * sine / std::sqrt(std::max(1.0 - sine * sine, 1e-12));
+    const double reach = (notch.kind == 'w' ? 2.0 * radius : tangents) + 2.0 * kNotchSlack;
+    const ZetGeomPoint2d corner = {notch.x, notch.q};
+    return std::min((PointOf(from) - corner).length(), (PointOf(to) - corner).length()) <= reach;
+}
+
+/// The arc that a notch line asks for, of the three edges around it, by its first point; nothing
+/// when there is none left. A corner far outside of the piece tells no place.
+std::optional<std::size_t> ArcOf(const NcNotchLine& notch,
+                                 bool isAnywhere,
+                                 const std::vector<NcContourPoint>& points,
+                                 const std::vector<char>& isTaken) {
     const auto edges = static_cast<long>(points.size()) - 1;
-    for (long edge = before - 2; edge <= before; ++edge)
-        if (points[static_cast<std::size_t>((edge + edges) % edges)].radius != 0.0)
-            return true;
-    return false;
+    for (const long before : {1L, 0L, 2L}) {
+        const auto edge = static_cast<std::size_t>((notch.afterPoint - before + edges) % edges);
+        const NcContourPoint& from = points[edge];
+        if (isTaken[edge] == 0 && HasRadiusOf(notch, from) &&
+            (isAnywhere || IsAt(notch, from, points[edge + 1])))
+            return edge;
+    }
+    return std::nullopt;
 }
 
 bool IsBevelled(const NcContourPoint& point) {
@@ -123,14 +151,22 @@ void NcParser::AddPoint(const OutlineLine& read, const NcLine& line) {
     m_notes.Note(line.number, L"weld preparation: kept beside the NC data");
 }
 
-/// What a notch line asks for is made by the arcs around it.
-void NcParser::CheckNotchLines(NcContour& contour) {
-    // For the round end of a slot the theoretical corner does not exist, and exporters write
-    // anything.
+/// For the round end of a slot the theoretical corner does not exist, and exporters write anything.
+bool NcParser::IsFarOutside(const NcNotchLine& notch) const {
     const double limit =
         2.0 * std::max({m_part.header.length, m_part.header.profileHeight, 1000.0});
+    return std::abs(notch.x) > limit || std::abs(notch.q) > limit;
+}
+
+/// What a notch line asks for is made by an arc beside it; each makes one.
+void NcParser::CheckNotchLines(NcContour& contour) {
+    std::vector<char> isTaken(contour.points.size());
     for (NcNotchLine& notch : contour.notchLines) {
-        notch.isNoted = notch.radius != 0.0 && !HasArcAt(contour.points, notch.afterPoint);
+        const bool isFar = IsFarOutside(notch);
+        const auto arc = ArcOf(notch, isFar, contour.points, isTaken);
+        if (arc)
+            isTaken[*arc] = 1;
+        notch.isNoted = notch.radius != 0.0 && !arc;
         if (notch.isNoted)
             m_notes.Account(
                 NcNote::Severity::kWarning,
@@ -139,7 +175,7 @@ void NcParser::CheckNotchLines(NcContour& contour) {
                                   L"not made",
                                   ZetString(notch.kind == 'w' ? L"relief hole" : L"fillet"),
                                   std::abs(notch.radius)));
-        else if (std::abs(notch.x) > limit || std::abs(notch.q) > limit)
+        else if (isFar)
             m_notes.Warn(notch.line, L"notch line far outside of the piece: it does not count");
     }
 }

@@ -105,6 +105,7 @@ class NcParser {
     void ReadSectionLine(NcTokens& tokens);
     void ReadPlaneLine(NcTokens& tokens);
     void AddPoint(const OutlineLine& read, const NcLine& line);
+    bool IsFarOutside(const NcNotchLine& notch) const;
     void CheckNotchLines(NcContour& contour);
     void FinishOutline();
     void CloseContour(NcOpenOutline& outline);
