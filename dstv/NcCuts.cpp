@@ -109,10 +109,29 @@ bool EndsIn(const Outline& outline, const NcCut& cut) {
     return false;
 }
 
+/// True when nothing of an outline is left beyond the trace of a cut. Where a cut of the header
+/// leaves the piece longest, the outline is.
+bool EndsAtTrace(const Outline& outline, const NcCut& cut, double width) {
+    const auto [low, high] = std::minmax_element(
+        outline.begin(), outline.end(), [](const auto& a, const auto& b) { return a.y < b.y; });
+    const bool isLongestAtZero = (cut.angle > 0.0) == cut.isAtEnd;
+    const double edges[] = {cut.isFromHeader ? low->y : 0.0, cut.isFromHeader ? high->y : width};
+    const double longest = isLongestAtZero ? edges[0] : edges[1];
+    const double tangent = std::tan(cut.angle * std::numbers::pi / 180.0);
+    const double slack =
+        kAtEnd + width * (1.0 + tangent * tangent) * kSameAngle * std::numbers::pi / 180.0;
+    return std::all_of(outline.begin(), outline.end(), [&](const ZetGeomPoint2d& point) {
+        const double trace = cut.x - tangent * (point.y - longest);
+        return (cut.isAtEnd ? point.x - trace : trace - point.x) <= slack;
+    });
+}
+
 /// True when an outline shows the angle of a cut.
 bool Shows(const Outline& outline, const NcCut& cut, const NcHeader& header) {
     if (!IsRound(header))
-        return EndsIn(outline, cut);
+        return EndsIn(outline, cut) &&
+               EndsAtTrace(
+                   outline, cut, cut.isOnFlange ? header.flangeWidth : header.profileHeight);
     return EndsInWave(outline, {header.profileHeight, cut.angle, cut.x, cut.isAtEnd, kAtEnd});
 }
 

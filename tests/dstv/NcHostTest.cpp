@@ -132,32 +132,37 @@ TEST(NcHost, OffersTheCutsThatNoOutlineHas) {
         const char *webStart, *webEnd, *flangeEnd, *blocks, *cuts;
     };
     const Case cases[] = {
-        {"0",  "0", "0",   "",                                                   ""                                                                       },
+        {"0",  "0", "0",   "",                                 ""                                                                       },
         {"45",
          "0",       "-30",
-         "",                                                                     "start web 45.000 at 0.0 line 18\nend flange -30.000 at 3000.0 line 21\n"},
+         "",                                                   "start web 45.000 at 0.0 line 18\nend flange -30.000 at 3000.0 line 21\n"},
         {"45",
          "0",       "0",
          "AK\n v 175 0\n 3000 0\n 3000 175\n 0 175\n 175 0\n"
-         "AK\n u 175 0\n 3000 0\n 3000 81\n 175 81\n 175 0\n",
-         "noted line 18\n"                                                                                                                               },
+         "AK\n u 175 0\n 3000 0\n 3000 81\n 175 81\n 175 0\n", "noted line 18\n"                                                        },
         {"45",
          "0",       "0",
-         "AK\n v 175 0\n 3000 0\n 3000 175\n 0 175\n 175 0\n",
-         "start web 45.000 at 0.0 line 18\n"                                                                                                             },
+         "AK\n v 175 0\n 3000 0\n 3000 175\n 0 175\n 175 0\n", "start web 45.000 at 0.0 line 18\n"                                      },
         {"0",
          "0",       "30",
-         "AK\n o 0 0\n 3000 0\n 2953.235 81\n 0 81\n 0 0\n",
-         "end flange 30.000 at 3000.0 line 21\n"                                                                                                         },
+         "AK\n o 0 0\n 3000 0\n 2953.235 81\n 0 81\n 0 0\n",   "end flange 30.000 at 3000.0 line 21\n"                                  },
         {"45",
          "0",       "0",
-         "AK\n v 0 0\n 3000 0\n 3000 175\n 0 175\n 0 0\n",                       "start web 45.000 at 0.0 line 18\n"                                      },
-        {"0",  "0", "0",   "SC\n 3000 0 0 1 0 0\n",                              "end web 0.000 at 3000.0 line 27\n"                                      },
-        {"0",  "0", "0",   "SC\n 3000 175 0 1 -1 0\n",                           "end web -45.000 at 3000.0 line 27\n"                                    },
+         "AK\n v 0 0\n 3000 0\n 3000 175\n 0 175\n 0 0\n",     "start web 45.000 at 0.0 line 18\n"                                      },
+        {"45",
+         "0",       "0",
+         "AK\n v 5 0\n 3000 0\n 3000 175\n 0 175\n 0 5\n 5 0\n"
+         "AK\n u 175 0\n 3000 0\n 3000 81\n 175 81\n 175 0\n", "start web 45.000 at 0.0 line 18\n"                                      },
+        {"45",
+         "0",       "0",
+         "AK\n v 175 0\n 3000 0\n 3000 175\n 80 175\n 80 95\n 175 0\n"
+         "AK\n u 175 0\n 3000 0\n 3000 81\n 175 81\n 175 0\n", "noted line 18\n"                                                        },
+        {"0",  "0", "0",   "SC\n 3000 0 0 1 0 0\n",            "end web 0.000 at 3000.0 line 27\n"                                      },
+        {"0",  "0", "0",   "SC\n 3000 175 0 1 -1 0\n",         "end web -45.000 at 3000.0 line 27\n"                                    },
         {"0",
          "0",       "0",
-         "SC\n 0 0 0 -1 1 1\n",                                                  "start web -45.000 at 0.0 line 27\nstart flange -45.000 at 0.0 line 27\n"},
-        {"0",  "0", "0",   "SC\n 0 50 0 0 1 0\n",                                "noted line 27\n"                                                        },
+         "SC\n 0 0 0 -1 1 1\n",                                "start web -45.000 at 0.0 line 27\nstart flange -45.000 at 0.0 line 27\n"},
+        {"0",  "0", "0",   "SC\n 0 50 0 0 1 0\n",              "noted line 27\n"                                                        },
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(std::string(c.blocks) + c.webStart);
