@@ -9,6 +9,9 @@
 #include <cmath>
 #include <cstddef>
 #include <numbers>
+#include <optional>
+#include <string>
+#include <string_view>
 #include <vector>
 
 // What lies in what outlines, openings and mitres leave away.
@@ -24,6 +27,43 @@ constexpr int kWebBackView = 3;
 
 /// Openings whose areas differ by less may be equal, mm2.
 constexpr double kAreaTolerance = 1.0;
+/// The wall of sections of some profile codes that is seen in some views.
+struct Wall {
+    std::wstring_view codes;  ///< each between blanks
+    std::array<int, 2> views;
+    double at;  ///< across the section, from behind or from the bottom: 0 to 1
+};
+
+/// Where they do not stand as those of other sections do.
+constexpr Wall kWalls[] = {
+    {L" I ",       {kWebView, kWebBackView},            0.5},
+    {L" U C L T ", {kWebView, kWebBackView},            0.0},
+    {L" M ",       {kWebView, kWebView},                1.0},
+    {L" M ",       {kWebBackView, kWebBackView},        0.0},
+    {L" L ",       {kTopFlangeView, kTopFlangeView},    0.0},
+    {L" T ",       {kTopFlangeView, kBottomFlangeView}, 0.5},
+};
+
+/// Where the wall stands that a view shows; nothing when it may be anywhere.
+std::optional<double> WallAt(const ZetString& profileCode, int viewPosition) {
+    const std::wstring code = L" " + std::wstring(profileCode.view()) + L" ";
+    for (const Wall& wall : kWalls)
+        if (wall.codes.find(code) != std::wstring_view::npos &&
+            (wall.views[0] == viewPosition || wall.views[1] == viewPosition))
+            return wall.at;
+    if (viewPosition == kWebView || viewPosition == kWebBackView)
+        return std::nullopt;
+    return viewPosition == kTopFlangeView ? 1.0 : 0.0;
+}
+
+/// What a mitre takes for certain from something that lies between two places across it.
+Shortening LeastShorteningBy(const ZetNCCut& cut,
+                             const std::array<double, 2>& across,
+                             double width) {
+    const Shortening a = ShorteningBy(cut, across[0], width);
+    const Shortening b = ShorteningBy(cut, across[1], width);
+    return a.amount < b.amount ? a : b;
+}
 
 /// True when nothing of a polygon lies in an outline.
 bool IsApart(const FaceOutline& outline, const std::vector<ZetGeomPoint2d>& corners) {
@@ -73,10 +113,17 @@ const FaceOutline* JobMember::OutlineOf(int viewPosition) const {
     return at == m_judging->outlines.end() ? nullptr : &at->second;
 }
 
+/// In the view of the NC data. On a standard face that is where the library has it.
+ZetGeomPoint2d JobMember::PlaceInView(const CHoleAddlInfo& hole, int viewPosition) {
+    if (viewPosition >= kFirstPlanePosition)
+        return {hole.GetHoleData().x, hole.GetHoleData().y};
+    return {hole.GetXPos(), hole.GetYPos()};
+}
+
 /// The whole of a hole: one that relieves a corner is made.
 bool JobMember::IsCutAway(const CHoleAddlInfo& hole, int viewPosition) const {
     const double reach = std::max(hole.GetSize() * 0.5, std::abs(CMxGeom::GetXTol()));
-    const ZetGeomPoint2d centre = {hole.GetXPos(), hole.GetYPos()};
+    const ZetGeomPoint2d centre = PlaceInView(hole, viewPosition);
     const ZetGeomVector2d& end = hole.GetSlotVector();
     const ZetGeomPoint2d otherEnd = {centre.x - end.x, centre.y - end.y};
     if (IsBeyondMitre(centre + end, viewPosition, reach) &&
@@ -137,17 +184,72 @@ bool JobMember::IsInOpening(const std::vector<ZetGeomPoint2d>& opening, int view
     });
 }
 
-/// The web stands anywhere between the edges of the flanges: a cut that only these show takes
-/// nothing from it for certain.
-bool JobMember::IsBeyondMitre(const ZetGeomPoint2d& centre, int viewPosition, double reach) const {
-    if (viewPosition > kWebBackView || IsEdgeOfPlate(viewPosition) || IsRound())
+/// Of a place in a view, as far as the file tells it. What a wall takes up of its own depth is
+/// between two places.
+JobMember::SectionPlace JobMember::SectionPlaceOf(const ZetGeomPoint2d& point,
+                                                  int viewPosition) const {
+    const ZetNCHeaderData& header = m_memType.GetHeaderData();
+    const ZetString& code = m_memType.GetProfileCode();
+    if (const auto at = m_judging->planes.find(viewPosition); at != m_judging->planes.end()) {
+        const ZetGeomPlane& plane = at->second.plane;
+        const ZetGeomPoint3d place = plane.origin + plane.xAxis * point.x + plane.yAxis * point.y;
+        const bool isTurned = IsPlate() || code == L"SO";
+        const double y = isTurned ? place.z : place.y;
+        const double z = isTurned ? -place.y : place.z;
+        return {
+            place.x, {y, y},
+             {z, z}
+        };
+    }
+    const FaceBox plate = m_judging->plate ? m_judging->plate->GetBox() : FaceBox();
+    const bool isTop = viewPosition == kTopFlangeView;
+    if (isTop || viewPosition == kBottomFlangeView) {
+        const double height = IsPlate() ? plate.maxY - plate.minY : header.height;
+        const double y = height * *WallAt(code, viewPosition);
+        const double z = FileYOf(point.y, isTop ? m_type.topFlange : m_type.bottomFlange);
+        return {
+            point.x, {y, y},
+             {z, z}
+        };
+    }
+    const double y = point.y - plate.minY;
+    const std::optional<double> at = WallAt(code, viewPosition);
+    const double behind = at ? *at * (header.width - header.thickness) : 0.0;
+    return {
+        point.x, {y,      y                                                },
+         {behind, at ? behind + header.thickness : DepthOfSection()}
+    };
+}
+
+/// Between the front and what is behind.
+double JobMember::DepthOfSection() const {
+    const ZetNCHeaderData& header = m_memType.GetHeaderData();
+    return IsPlate() ? header.thickness : header.width;
+}
+
+/// Only of planes of their own: standard faces have bounds. Sections of other codes may have their
+/// zero anywhere.
+bool JobMember::IsOutsideSection(const ZetGeomPoint2d& point, int viewPosition) const {
+    if (m_judging->planes.count(viewPosition) == 0 || IsPlate() || IsRound() ||
+        m_memType.GetProfileCode() == L"SO")
         return false;
     const ZetNCHeaderData& header = m_memType.GetHeaderData();
-    const bool isTop = viewPosition == kTopFlangeView;
-    const bool isFlange = isTop || viewPosition == kBottomFlangeView;
-    const double height = isTop ? header.height : 0.0;
-    const double depth = FileYOf(centre.y, isTop ? m_type.topFlange : m_type.bottomFlange);
-    const double across = m_judging->plate ? centre.y - m_judging->plate->GetBox().minY : centre.y;
+    const double tolerance = std::abs(CMxGeom::GetYTol());
+    const auto isBeyond = [&](double at, double width) {
+        return width > 0.0 && (at < -tolerance || at > width + tolerance);
+    };
+    const SectionPlace place = SectionPlaceOf(point, viewPosition);
+    return isBeyond(place.y[0], header.height) || isBeyond(place.z[0], header.width);
+}
+
+/// A web that stands anywhere between the edges of the flanges: a cut that only these show takes
+/// nothing from it for certain.
+bool JobMember::IsBeyondMitre(const ZetGeomPoint2d& centre, int viewPosition, double reach) const {
+    const bool isPlane = m_judging->planes.count(viewPosition) != 0;
+    if (IsRound() || (viewPosition > kWebBackView && !isPlane))
+        return false;
+    const SectionPlace place = SectionPlaceOf(centre, viewPosition);
+    const bool isWeb = viewPosition == kWebView || viewPosition == kWebBackView;
     for (const ZetNCCut& mitre : m_mitres) {
         // A cut may be told twice, by the header and by itself.
         Shortening web;
@@ -155,17 +257,17 @@ bool JobMember::IsBeyondMitre(const ZetGeomPoint2d& centre, int viewPosition, do
         for (const ZetNCCut& cut : m_mitres) {
             const bool isOnWeb = cut.face == ZetNCCut::eFaceWeb;
             const Shortening shortening =
-                isOnWeb ? ShorteningBy(cut, isFlange ? height : across, header.height)
-                        : ShorteningBy(cut, depth, header.width);
+                isOnWeb ? LeastShorteningBy(cut, place.y, m_memType.GetHeaderData().height)
+                        : LeastShorteningBy(cut, place.z, DepthOfSection());
             Shortening& most = isOnWeb ? web : flange;
             if (cut.end == mitre.end && shortening.amount > most.amount)
                 most = shortening;
         }
-        const double amount = web.amount + (isFlange ? flange.amount : 0.0);
-        const double slope = isFlange ? flange.tangent : web.tangent;
+        const double slope =
+            std::hypot(isWeb || isPlane ? web.tangent : 0.0, isWeb ? 0.0 : flange.tangent);
         const double toEnd =
-            mitre.end == ZetNCCut::eEndStart ? centre.x - mitre.x : mitre.x - centre.x;
-        if (toEnd - amount <= -reach * std::sqrt(1.0 + slope * slope))
+            mitre.end == ZetNCCut::eEndStart ? place.x - mitre.x : mitre.x - place.x;
+        if (toEnd - web.amount - flange.amount <= -reach * std::sqrt(1.0 + slope * slope))
             return true;
     }
     return false;

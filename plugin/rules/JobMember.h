@@ -12,6 +12,7 @@
 
 #include "camdata/member/CMxPeilaib.h"
 
+#include <array>
 #include <map>
 #include <memory>
 #include <optional>
@@ -180,6 +181,12 @@ class JobMember : public CMxPeilaib {
         double required;
         double found;
     };
+    /// In the frame of the piece, mm: along it, from its bottom and from behind.
+    struct SectionPlace {
+        double x;
+        std::array<double, 2> y;
+        std::array<double, 2> z;
+    };
     struct NotchSum;
     /// Tag, face and position.
     using HolePlace = std::tuple<long, eHoleFace, double, double>;
@@ -281,6 +288,10 @@ class JobMember : public CMxPeilaib {
         return at != m_judging->openings.end() && at->second.Any(x, test);
     }
     const FaceOutline* OutlineOf(int viewPosition) const;
+    static ZetGeomPoint2d PlaceInView(const CHoleAddlInfo& hole, int viewPosition);
+    SectionPlace SectionPlaceOf(const ZetGeomPoint2d& point, int viewPosition) const;
+    double DepthOfSection() const;
+    bool IsOutsideSection(const ZetGeomPoint2d& point, int viewPosition) const;
     bool IsBeyondMitre(const ZetGeomPoint2d& centre, int viewPosition, double reach) const;
     void SeePlanes();
     bool FacesEnd(const CViewData& flange) const;
