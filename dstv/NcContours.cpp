@@ -145,9 +145,9 @@ void NcParser::AddPoint(const OutlineLine& read, const NcLine& line) {
     outline.lines.push_back(line);
     outline.isClosed =
         outline.points.size() > 2 && AreSame(outline.points.front(), outline.points.back());
-    if (!IsBevelled(read.point) || m_hasNotedBevels)
+    if (!IsBevelled(read.point) || outline.hasBevels)
         return;
-    m_hasNotedBevels = true;
+    outline.hasBevels = true;
     m_notes.Note(line.number, L"weld preparation: kept beside the NC data");
 }
 

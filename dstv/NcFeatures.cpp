@@ -89,7 +89,13 @@ void NcParser::FinishHole(NcHole hole, const NcLine& line) {
 
 /// NC data has marks of no size.
 void NcParser::NoteMark(NcHole& hole) {
-    const bool isAskedFor = std::exchange(hole.kind, NcHoleKind::kMark) == NcHoleKind::kMark;
+    const NcHoleKind kind = std::exchange(hole.kind, NcHoleKind::kMark);
+    const bool isAskedFor = kind == NcHoleKind::kMark;
+    if (!isAskedFor && kind != NcHoleKind::kPlain)
+        m_notes.Note(
+            hole.line,
+            ZetString::format(L"%s without a diameter: read as a punch mark",
+                              kind == NcHoleKind::kCountersunk ? L"countersink" : L"thread"));
     if (hole.slotWidth + hole.slotHeight > 0.0)
         m_notes.Note(hole.line,
                      ZetString::format(L"slot %s: read as a line to be marked",

@@ -24,6 +24,7 @@ struct NcOpenOutline {
     std::vector<NcNotchLine> notchLines;
     char reference = 0;
     bool isClosed = false;
+    bool hasBevels = false;
 };
 
 /// Reads one file, line by line. Raises NcFailure; serves for one file only.
@@ -139,7 +140,6 @@ class NcParser {
     Block m_block;
     bool m_isAfterEnd = false;
     bool m_isAfterSecondStart = false;
-    bool m_hasNotedBevels = false;
     std::size_t m_outlinePoints = 0;
 
     std::array<long, 10> m_planeOfNumber{};       ///< index of the latest En; below 0: none yet

@@ -129,6 +129,9 @@ bool JobMember::IsCutAway(const CHoleAddlInfo& hole, int viewPosition) const {
     if (IsBeyondMitre(centre + end, viewPosition, reach) &&
         IsBeyondMitre(otherEnd, viewPosition, reach))
         return true;
+    const double alongSlot = hole.GetIsSlot() ? std::abs(end.x) : 0.0;
+    if (IsCutAwayFromEdge(centre.x - alongSlot - reach, centre.x + alongSlot + reach, viewPosition))
+        return true;
     const FaceOutline* const outline = OutlineOf(viewPosition);
     if (outline == nullptr || outline->Contains(centre))
         return false;
@@ -137,12 +140,21 @@ bool JobMember::IsCutAway(const CHoleAddlInfo& hole, int viewPosition) const {
     return outline->DistanceFrom(centre, reach) >= reach;
 }
 
+/// Of the narrow side of a plate what a skew end takes away, or a notch that is open there.
+bool JobMember::IsCutAwayFromEdge(double minX, double maxX, int viewPosition) const {
+    return IsEdgeOfPlate(viewPosition) && m_judging->plate &&
+           !m_judging->plate->HasSide(viewPosition == kTopFlangeView, minX, maxX);
+}
+
 /// The whole of an opening: what reaches into a notch from the side is made.
 bool JobMember::IsCutAway(const std::vector<ZetGeomPoint2d>& opening, int viewPosition) const {
     const auto isBeyondMitre = [&](const ZetGeomPoint2d& corner) {
         return IsBeyondMitre(corner, viewPosition, 0.0);
     };
     if (std::all_of(opening.begin(), opening.end(), isBeyondMitre))
+        return true;
+    const FaceBox box = BoxOf(opening);
+    if (IsCutAwayFromEdge(box.minX, box.maxX, viewPosition))
         return true;
     const FaceOutline* const outline = OutlineOf(viewPosition);
     return outline != nullptr && IsApart(*outline, opening);

@@ -148,6 +148,23 @@ double FaceOutline::DistanceFrom(const ZetGeomPoint2d& point, double farthest) c
     return distance;
 }
 
+bool FaceOutline::HasSide(bool isUpper, double minX, double maxX) const {
+    double twice = 0.0;
+    for (std::size_t i = 0; i < m_corners.size(); ++i)
+        twice += (m_corners[i] - m_corners[0]).cross(Next(m_corners, i) - m_corners[0]);
+    // Counter-clockwise, upper edges run to the left.
+    const double sign = (twice > 0.0) == isUpper ? -1.0 : 1.0;
+    for (std::size_t i = 0; i < m_corners.size(); ++i) {
+        const ZetGeomPoint2d& from = m_corners[i];
+        const ZetGeomPoint2d& to = Next(m_corners, i);
+        const ZetGeomVector2d edge = to - from;
+        if (edge.x * sign > 0.0 && std::abs(edge.y) <= std::abs(edge.x) &&
+            std::min(from.x, to.x) < maxX && std::max(from.x, to.x) > minX)
+            return true;
+    }
+    return false;
+}
+
 std::vector<ZetGeomPoint2d> FaceOutline::PlacesOf(const Corners& other) const {
     Corners places = other;
     std::vector<double> crossings;

@@ -58,6 +58,8 @@ class FaceOutline {
     bool IsOutside(const ZetGeomPoint2d& point, double touch) const {
         return !Contains(point) && DistanceFrom(point, touch) >= touch;
     }
+    /// True when an edge that faces up, or down, within 45 degrees runs somewhere between.
+    bool HasSide(bool isUpper, double minX, double maxX) const;
     /// Of another outline the corners, and of each of its sides the middles of the parts between
     /// its crossings with this one: when all of them lie in this one, or none, so does the whole.
     std::vector<ZetGeomPoint2d> PlacesOf(const std::vector<ZetGeomPoint2d>& other) const;

@@ -139,7 +139,8 @@ std::optional<Finding> JobMember::FaultOfPlace(const CHoleAddlInfo& hole,
                                                const FaceOutline* outline) const {
     const auto viewPosition = static_cast<int>(ViewOf(hole));
     std::optional<Finding> finding = OutsideOf(hole, viewPosition, outline);
-    if (!finding && IsCutAway(hole, viewPosition))
+    if (!finding && (IsOutsideSection(PlaceInView(hole, viewPosition), viewPosition) ||
+                     IsCutAway(hole, viewPosition)))
         finding = Finding{.type = job::kHoleOutside, .text = kOutsideText};
     if (!finding && IsInOpening(hole, viewPosition))
         finding = Finding{.type = job::kHoleOutside, .text = kInOpeningText};

@@ -288,6 +288,7 @@ class JobMember : public CMxPeilaib {
         return at != m_judging->openings.end() && at->second.Any(x, test);
     }
     const FaceOutline* OutlineOf(int viewPosition) const;
+    bool IsCutAwayFromEdge(double minX, double maxX, int viewPosition) const;
     static ZetGeomPoint2d PlaceInView(const CHoleAddlInfo& hole, int viewPosition);
     SectionPlace SectionPlaceOf(const ZetGeomPoint2d& point, int viewPosition) const;
     double DepthOfSection() const;

@@ -303,6 +303,10 @@ bool JobMember::IsBeyond(const std::vector<ZetGeomPoint2d>& corners, int viewPos
             return plate->IsOutside(place, x);
         });
     }
+    if (std::any_of(corners.begin(), corners.end(), [&](const ZetGeomPoint2d& corner) {
+            return IsOutsideSection(corner, viewPosition);
+        }))
+        return true;
     if (const ZetGeomPlane* const plane = AskewPlaneAt(viewPosition))
         return ReachesBeyond(AlongMember(*plane, corners, 0.0), WholeMember(), {x, y});
     return ReachesBeyond(BoxOf(corners), FaceOfView(viewPosition), {x, y});
