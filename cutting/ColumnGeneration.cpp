@@ -33,6 +33,15 @@ double HighestCost(const Task& task) {
     return static_cast<double>(highest);
 }
 
+/// Of a piece: as many as fit on a bar are worth a number of 64 bits together.
+double MostWorthOf(const Task& task) {
+    Length longest = 0;
+    for (const Task::Kind& kind : task.kinds)
+        longest = std::max(longest, kind.capacity);
+    const Length narrowest = task.sizes.empty() ? 1 : task.sizes.back().width;
+    return 9e18 / (static_cast<double>(longest / narrowest) + 1.0);
+}
+
 /// One relaxation.
 class Program {
   public:
@@ -42,6 +51,7 @@ class Program {
           m_rest(rest),
           m_pool(pool),
           m_highestCost(HighestCost(task)),
+          m_mostWorth(MostWorthOf(task)),
           m_rowOfSize(task.sizes.size(), kNoRow),
           m_rowOfKind(task.kinds.size(), kNoRow),
           m_rightSides(MakeRows()),
@@ -228,19 +238,24 @@ class Program {
         }
     }
 
+    /// Prices that stand for missing bars can be beyond all whole numbers: what fits on a bar has
+    /// to be worth less than that.
+    std::int64_t WorthOf(double whole) const {
+        return static_cast<std::int64_t>(std::clamp(whole, -m_mostWorth, m_mostWorth));
+    }
+
     Worths MakeWorths(const Prices& prices) const {
         Worths worths(m_rowOfSize.size());
         for (std::size_t size = 0; size < worths.size(); ++size)
             if (m_rowOfSize[size] != kNoRow)
-                worths[size] = static_cast<std::int64_t>(
-                    std::floor(std::max(0.0, prices[m_rowOfSize[size]]) * kWorthUnit));
+                worths[size] =
+                    WorthOf(std::floor(std::max(0.0, prices[m_rowOfSize[size]]) * kWorthUnit));
         return worths;
     }
 
     std::int64_t ThresholdOf(std::size_t kind, const Prices& prices) const {
         const double ofLimit = m_rowOfKind[kind] == kNoRow ? 0.0 : prices[m_rowOfKind[kind]];
-        return static_cast<std::int64_t>(
-            std::ceil((RelativeCost(kind) - ofLimit) * kWorthUnit * (1.0 + 1e-7)));
+        return WorthOf(std::ceil((RelativeCost(kind) - ofLimit) * kWorthUnit * (1.0 + 1e-7)));
     }
 
     bool AddIfGain(const Pattern& pattern) {
@@ -320,6 +335,7 @@ class Program {
     const Rest& m_rest;
     std::set<Pattern>& m_pool;
     double m_highestCost;
+    double m_mostWorth;
     std::vector<std::size_t> m_rowOfSize;
     std::vector<std::size_t> m_rowOfKind;
     std::vector<double> m_rightSides;
