@@ -43,6 +43,8 @@ NcHoleForm FormOf(const NcHole& hole) {
 }
 
 ZetGeomPoint2d CentreOf(const NcHole& hole) {
+    if (hole.slotWidth == 0.0 && hole.slotHeight == 0.0)
+        return {hole.x, hole.q};
     const ZetGeomVector2d u = DirectionAt(hole.slotAngle);
     return {hole.x + (hole.slotWidth * u.x - hole.slotHeight * u.y) / 2.0,
             hole.q + (hole.slotWidth * u.y + hole.slotHeight * u.x) / 2.0};
@@ -64,10 +66,10 @@ void NcParser::ReadHole(NcTokens& tokens) {
         hole.depth = tokens.TakeSize(L"hole depth", kSize);
     ReadSlot(tokens, hole);
     tokens.ExpectEnd();
-    FinishHole(std::move(hole), tokens.GetLine());
+    FinishHole(hole, tokens.GetLine());
 }
 
-void NcParser::FinishHole(NcHole hole, const NcLine& line) {
+void NcParser::FinishHole(NcHole& hole, const NcLine& line) {
     hole.form = FormOf(hole);
     if (hole.form == NcHoleForm::kMark)
         NoteMark(hole);

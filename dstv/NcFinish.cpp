@@ -89,6 +89,8 @@ void NcParser::NoteRepeatedOutlines() {
 /// The outlines are the plate, whatever the header says.
 void NcParser::CheckPlateSize() {
     const NcHeader& header = m_part.header;
+    if (header.profileCode != L"B")
+        return;
     std::vector<ZetGeomPoint2d> corners;
     long first = 0;
     for (const NcContour& contour : m_part.contours) {
@@ -98,7 +100,7 @@ void NcParser::CheckPlateSize() {
         first = corners.empty() ? contour.line : first;
         corners.insert(corners.end(), contour.outline.begin(), contour.outline.end());
     }
-    if (header.profileCode != L"B" || corners.empty())
+    if (corners.empty())
         return;
     const auto [left, right] = std::minmax_element(
         corners.begin(), corners.end(), [](auto& a, auto& b) { return a.x < b.x; });

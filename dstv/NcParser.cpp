@@ -69,6 +69,7 @@ NcPart NcParser::Parse(std::string_view bytes) {
     NcLines lines(WithoutMarks(bytes));
     FindStart(lines);
     ReadHeader(lines);
+    SetLimits();
     while (m_errors.size() < kMaxErrors) {
         const std::optional<NcLine> line = lines.Next();
         if (!line)
@@ -78,17 +79,6 @@ NcPart NcParser::Parse(std::string_view bytes) {
     Try([this] { EndBlock(); });
     FailWithAll();
     return Finish();
-}
-
-/// One step of reading the blocks: false, and kept, when something is wrong; reading goes on.
-bool NcParser::Try(const std::function<void()>& step) {
-    try {
-        step();
-        return true;
-    } catch (NcFailure& failure) {
-        m_errors.push_back(std::move(failure.error));
-        return false;
-    }
 }
 
 void NcParser::FailWithAll() {
@@ -336,16 +326,16 @@ char NcParser::TakeReference(NcTokens& tokens) {
     return m_block.reference;
 }
 
-/// Length and width of a face; 0: not told by the header.
-ZetGeomPoint2d NcParser::LimitsOf(NcFace face) const {
+void NcParser::SetLimits() {
     const NcHeader& header = m_part.header;
     const std::wstring_view code = header.profileCode.view();
     const bool isRound = code == L"RO" || code == L"RU";
-    const bool isFlange = face == NcFace::kTop || face == NcFace::kBottom;
-    const double depth = code == L"B" ? header.webThickness : header.flangeWidth;
-    const double width = isFlange ? depth : header.profileHeight;
-    // The front view of a round section is its surface unrolled.
-    return {header.length, isRound ? std::numbers::pi * width : width};
+    const auto limits = [&](double width) {
+        // The front view of a round section is its surface unrolled.
+        return ZetGeomPoint2d{header.length, isRound ? std::numbers::pi * width : width};
+    };
+    m_sideLimits = limits(header.profileHeight);
+    m_flangeLimits = limits(code == L"B" ? header.webThickness : header.flangeWidth);
 }
 
 /// Of a hole the centre. False when it is told.
@@ -355,7 +345,7 @@ bool NcParser::CheckPlace(const wchar_t* what,
                           const ZetGeomPoint2d& at) {
     if (place.face == NcFace::kPlane)
         return true;
-    const ZetGeomPoint2d limits = LimitsOf(place.face);
+    const ZetGeomPoint2d& limits = LimitsOf(place.face);
     const bool isAlong = at.x <= limits.x + kHoleSlack;
     const bool isAcross = limits.y == 0.0 || (at.y >= -kHoleSlack && at.y <= limits.y + kHoleSlack);
     if (at.x < 0.0)

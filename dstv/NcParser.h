@@ -9,9 +9,9 @@
 
 #include <array>
 #include <cstddef>
-#include <functional>
 #include <optional>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace dstv {
@@ -67,7 +67,8 @@ class NcParser {
     void ReadHeaderLines(NcLines& lines, std::vector<NcLine>& values);
     void TellShift(NcLines& lines, std::vector<NcLine>& values, NcError& error) const;
     void ReadLine(const NcLine& line);
-    bool Try(const std::function<void()>& step);
+    template <typename Step>
+    bool Try(const Step& step);
     void FailWithAll();
     void StartBlock(NcBlockCode code, const NcLine& line);
     void NoteBlock();
@@ -82,14 +83,18 @@ class NcParser {
     NcPlace PlaceOfPlane(int number);
     NcPlace TakePlace(NcTokens& tokens);
     char TakeReference(NcTokens& tokens);
-    ZetGeomPoint2d LimitsOf(NcFace face) const;
+    void SetLimits();
+    /// Length and width of a face; 0: not told by the header.
+    const ZetGeomPoint2d& LimitsOf(NcFace face) const {
+        return face == NcFace::kTop || face == NcFace::kBottom ? m_flangeLimits : m_sideLimits;
+    }
     bool CheckPlace(const wchar_t* what, long line, const NcPlace& place, const ZetGeomPoint2d& at);
     void Spend(std::size_t points, const NcLine& line);
 
     // Lines that stand for themselves.
     void ReadHole(NcTokens& tokens);
     void ReadSlot(NcTokens& tokens, NcHole& hole);
-    void FinishHole(NcHole hole, const NcLine& line);
+    void FinishHole(NcHole& hole, const NcLine& line);
     void NoteMark(NcHole& hole);
     void WarnOfLostKind(const NcHole& hole);
     void ReadNumeration(NcTokens& tokens);
@@ -137,6 +142,8 @@ class NcParser {
     NcNotes m_notes;
     std::vector<NcError> m_errors;  ///< of the blocks
     NcHeaderReader m_header{m_part.header, m_notes};
+    ZetGeomPoint2d m_sideLimits;
+    ZetGeomPoint2d m_flangeLimits;
     Block m_block;
     bool m_isAfterEnd = false;
     bool m_isAfterSecondStart = false;
@@ -148,5 +155,17 @@ class NcParser {
     std::optional<NcSection> m_section;
     std::vector<double> m_planeNumbers;
 };
+
+/// One step of reading the blocks: false, and kept, when something is wrong; reading goes on.
+template <typename Step>
+bool NcParser::Try(const Step& step) {
+    try {
+        step();
+        return true;
+    } catch (NcFailure& failure) {
+        m_errors.push_back(std::move(failure.error));
+        return false;
+    }
+}
 
 }  // namespace dstv

@@ -9,6 +9,7 @@
 #include <charconv>
 #include <cmath>
 #include <cstdint>
+#include <cstring>
 #include <functional>
 #include <string>
 
@@ -21,10 +22,6 @@ constexpr std::string_view kBlanks = " \t";
 constexpr std::ptrdiff_t kExactDigits = 15;
 constexpr double kPowersOfTen[kExactDigits + 1] = {
     1e0, 1e1, 1e2, 1e3, 1e4, 1e5, 1e6, 1e7, 1e8, 1e9, 1e10, 1e11, 1e12, 1e13, 1e14, 1e15};
-
-bool IsLetter(char c) {
-    return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z');
-}
 
 char LowerCase(char c) {
     return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
@@ -49,36 +46,41 @@ double LongValueOf(std::string_view number) {
     return value;
 }
 
+/// Takes digits; gives where they end.
+const char* TakeDigits(const char* at, const char* end, std::uint64_t& digits) {
+    for (; at != end; ++at) {
+        const unsigned digit = static_cast<unsigned char>(*at) - unsigned{'0'};
+        if (digit > 9)
+            break;
+        digits = digits * 10 + digit;
+    }
+    return at;
+}
+
 /// In one pass. Digits and power of ten of nearly all numbers are exact as doubles, so that their
 /// quotient is the nearest double.
-LeadingNumber NumberAt(std::string_view text) {
-    const char* const end = text.data() + text.size();
-    const char* at = text.data();
-    const bool isNegative = at != end && *at == '-';
-    if (isNegative || (at != end && *at == '+'))
-        ++at;
+LeadingNumber NumberAt(const char* const begin, const char* const end) {
+    if (begin == end)
+        return {};
+    const bool isNegative = *begin == '-';
+    const char* const first = isNegative || *begin == '+' ? begin + 1 : begin;
     std::uint64_t digits = 0;
-    const auto takeDigits = [&digits, end](const char* from) {
-        for (; from != end && IsDigit(*from); ++from)
-            digits = digits * 10 + static_cast<std::uint64_t>(*from - '0');
-        return from;
-    };
-    const char* const first = at;
-    at = takeDigits(first);
+    const char* at = TakeDigits(first, end, digits);
     std::ptrdiff_t count = at - first;
     std::ptrdiff_t decimals = 0;
     if (at != end && *at == '.') {
         const char* const point = at;
-        at = takeDigits(point + 1);
+        at = TakeDigits(point + 1, end, digits);
         decimals = at - point - 1;
         count += decimals;
     }
     if (count == 0)
         return {};
-    const auto length = static_cast<std::size_t>(at - text.data());
+    const auto length = static_cast<std::size_t>(at - begin);
     if (count > kExactDigits)
-        return {length, LongValueOf(text.substr(0, length))};
-    const double magnitude = static_cast<double>(digits) / kPowersOfTen[decimals];
+        return {length, LongValueOf({begin, length})};
+    const double magnitude =
+        static_cast<double>(static_cast<std::int64_t>(digits)) / kPowersOfTen[decimals];
     return {length, isNegative ? -magnitude : magnitude};
 }
 
@@ -108,94 +110,98 @@ ZetString TextAt(const NcLine& line, std::string_view bytes) {
 }
 
 NcLines::NcLines(std::string_view bytes)
-    : m_rest(bytes), m_end(bytes.find('\n') == std::string_view::npos ? '\r' : '\n') {}
+    : m_at(bytes.data()),
+      m_end(bytes.data() + bytes.size()),
+      m_lineEnd(bytes.find('\n') == std::string_view::npos ? '\r' : '\n') {}
 
 std::optional<NcLine> NcLines::Next() {
-    if (m_rest.empty())
+    if (m_at == m_end)
         return std::nullopt;
-    const std::size_t end = std::min(m_rest.find(m_end), m_rest.size());
-    std::string_view text = m_rest.substr(0, end);
-    m_rest.remove_prefix(std::min(end + 1, m_rest.size()));
-    while (!text.empty() && text.back() == '\r')
-        text.remove_suffix(1);
-    const NcLine line = {++m_number, text};
+    const char* const begin = m_at;
+    const void* const found =
+        std::memchr(begin, m_lineEnd, static_cast<std::size_t>(m_end - begin));
+    const char* end = found == nullptr ? m_end : static_cast<const char*>(found);
+    m_at = found == nullptr ? m_end : end + 1;
+    while (end != begin && end[-1] == '\r')
+        --end;
+    const NcLine line = {
+        ++m_number, {begin, static_cast<std::size_t>(end - begin)}
+    };
     if (line.number > kMaxLines)
-        FailAt(line, L"line", Trimmed(text), L"at most 1000000 lines in one file");
+        FailAt(line, L"line", Trimmed(line.text), L"at most 1000000 lines in one file");
     return line;
 }
 
-NcTokens::NcTokens(const NcLine& line) : m_line(line) {
+NcTokens::NcTokens(const NcLine& line)
+    : m_line(line),
+      m_at(line.text.data()),
+      m_end(line.text.data() + line.text.size()),
+      m_tokenEnd(m_at) {
     SkipBlanks();
 }
 
-void NcTokens::SkipBlanks() {
-    const std::string_view text = m_line.text;
-    std::size_t at = m_at;
-    while (at < text.size() && (text[at] == ' ' || text[at] == '\t'))
-        ++at;
-    m_at = at;
-}
-
 bool NcTokens::IsAtNumber() const {
-    return !IsAtEnd() &&
-           (IsDigit(m_line.text[m_at]) || NumberAt(m_line.text.substr(m_at)).length > 0);
+    return !IsAtEnd() && (IsDigit(*m_at) || NumberAt(m_at, m_end).length > 0);
 }
 
-char NcTokens::TakeLetter() {
-    if (IsAtEnd() || !IsLetter(m_line.text[m_at]))
-        return 0;
-    const char letter = LowerCase(m_line.text[m_at]);
+char NcTokens::TakeThisLetter() {
+    const char letter = LowerCase(*m_at);
     m_tokenEnd = ++m_at;
     SkipBlanks();
     return letter;
 }
 
-char NcTokens::TakeLetterOf(std::string_view letters,
-                            const wchar_t* what,
-                            const wchar_t* expected) {
-    const std::size_t before = m_at;
-    const char letter = TakeLetter();
-    if (letter != 0 && letters.find(letter) == std::string_view::npos)
-        FailFrom(before, what, expected);
-    return letter;
+char NcTokens::TakeThisLetterOf(std::string_view letters,
+                                const wchar_t* what,
+                                const wchar_t* expected) {
+    if (letters.find(LowerCase(*m_at)) == std::string_view::npos)
+        FailFrom(m_at, what, expected);
+    return TakeThisLetter();
 }
 
 char NcTokens::TakeSign() {
-    if (IsAtEnd() || (m_line.text[m_at] != '+' && m_line.text[m_at] != '-'))
+    if (IsAtEnd() || (*m_at != '+' && *m_at != '-'))
         return 0;
-    const char sign = m_line.text[m_at];
+    const char sign = *m_at;
     m_tokenEnd = ++m_at;
     SkipBlanks();
     return sign;
 }
 
-std::optional<double> NcTokens::TakeIfNumber(const wchar_t* what) {
-    const LeadingNumber number = NumberAt(m_line.text.substr(m_at));
+bool NcTokens::TakeIfNumber(const wchar_t* what, double& value) {
+    const LeadingNumber number = NumberAt(m_at, m_end);
     if (number.length == 0)
-        return std::nullopt;
-    const std::size_t end = m_at + number.length;
-    if (number.IsTooLarge())
-        FailAt(m_line, what, m_line.text.substr(m_at, number.length), L"a number up to 1000000000");
-    // "12.5.0" and "1,5" are typing faults, not two numbers.
-    const char next = end < m_line.text.size() ? m_line.text[end] : ' ';
-    if (next == '.')
-        Fail(what, L"a number with at most one point");
-    if (next == ',')
-        Fail(what, L"a number with a decimal point, not a comma");
+        return false;
+    const char* const end = m_at + number.length;
+    if (number.IsTooLarge() || (end != m_end && (*end == '.' || *end == ',')))
+        FailOfNumber(end, what);
     m_tokenEnd = m_at = end;
     SkipBlanks();
-    return number.value;
+    value = number.value;
+    return true;
+}
+
+/// "12.5.0" and "1,5" are typing faults, not two numbers.
+void NcTokens::FailOfNumber(const char* end, const wchar_t* what) const {
+    if (NumberAt(m_at, end).IsTooLarge())
+        FailAt(m_line,
+               what,
+               {m_at, static_cast<std::size_t>(end - m_at)},
+               L"a number up to 1000000000");
+    Fail(what,
+         *end == '.' ? L"a number with at most one point"
+                     : L"a number with a decimal point, not a comma");
 }
 
 double NcTokens::TakeNumber(const wchar_t* what, const wchar_t* expected) {
-    const std::optional<double> value = TakeIfNumber(what);
-    if (!value)
+    double value = 0.0;
+    if (!TakeIfNumber(what, value))
         Fail(what, expected);
-    return *value;
+    return value;
 }
 
 double NcTokens::TakeSize(const wchar_t* what, const wchar_t* expected) {
-    const std::size_t before = m_at;
+    const char* const before = m_at;
     const double value = TakeNumber(what, expected);
     if (value < 0.0)
         FailFrom(before, what, expected);
@@ -203,18 +209,19 @@ double NcTokens::TakeSize(const wchar_t* what, const wchar_t* expected) {
 }
 
 double NcTokens::TakeNumberOr(double missing) {
-    return TakeIfNumber(L"number").value_or(missing);
+    double value = missing;
+    TakeIfNumber(L"number", value);
+    return value;
 }
 
 char NcTokens::TakeGlued(std::string_view letters) {
-    if (IsAtEnd() || m_at != m_tokenEnd ||
-        letters.find(LowerCase(m_line.text[m_at])) == std::string_view::npos)
+    if (IsAtEnd() || m_at != m_tokenEnd || letters.find(LowerCase(*m_at)) == std::string_view::npos)
         return 0;
     return TakeLetter();
 }
 
 std::string_view NcTokens::GetRest() const {
-    return Trimmed(m_line.text.substr(m_at));
+    return Trimmed({m_at, static_cast<std::size_t>(m_end - m_at)});
 }
 
 void NcTokens::ExpectEnd() const {
@@ -226,8 +233,8 @@ void NcTokens::Fail(const wchar_t* what, const wchar_t* expected) const {
     FailFrom(m_at, what, expected);
 }
 
-void NcTokens::FailFrom(std::size_t at, const wchar_t* what, const wchar_t* expected) const {
-    const std::string_view rest = m_line.text.substr(at);
+void NcTokens::FailFrom(const char* at, const wchar_t* what, const wchar_t* expected) const {
+    const std::string_view rest(at, static_cast<std::size_t>(m_end - at));
     const std::string_view token = rest.substr(0, rest.find_first_of(kBlanks));
     // At the end of a line the whole line shows what is missing.
     FailAt(m_line, what, token.empty() ? Trimmed(m_line.text) : token, expected);
@@ -239,7 +246,7 @@ std::optional<double> ParseNumber(std::string_view text, bool allowComma) {
         std::replace(number.begin(), number.end(), ',', '.');
         return ParseNumber(number, false);
     }
-    const LeadingNumber number = NumberAt(text);
+    const LeadingNumber number = NumberAt(text.data(), text.data() + text.size());
     const bool isNumber = number.length == text.size() && number.length > 0;
     return isNumber && !number.IsTooLarge() ? std::optional(number.value) : std::nullopt;
 }

@@ -40,8 +40,9 @@ class NcLines {
     std::optional<NcLine> Next();
 
   private:
-    std::string_view m_rest;
-    char m_end;
+    const char* m_at;
+    const char* m_end;
+    char m_lineEnd;
     long m_number = 0;
 };
 
@@ -54,13 +55,15 @@ class NcTokens {
     explicit NcTokens(const NcLine& line);
 
     const NcLine& GetLine() const { return m_line; }
-    bool IsAtEnd() const { return m_at == m_line.text.size(); }
+    bool IsAtEnd() const { return m_at == m_end; }
     bool IsAtNumber() const;
     /// Takes the next token when it is a letter, in lower case; 0 when it is none.
-    char TakeLetter();
+    char TakeLetter() { return IsAtLetter() ? TakeThisLetter() : '\0'; }
     /// Takes the next token when it is a letter of `letters`; fails on another letter, 0 when it is
     /// none.
-    char TakeLetterOf(std::string_view letters, const wchar_t* what, const wchar_t* expected);
+    char TakeLetterOf(std::string_view letters, const wchar_t* what, const wchar_t* expected) {
+        return IsAtLetter() ? TakeThisLetterOf(letters, what, expected) : '\0';
+    }
     /// Takes a + or -; 0 when neither is next.
     char TakeSign();
     /// Takes a number; fails when the next token is none.
@@ -78,14 +81,24 @@ class NcTokens {
     [[noreturn]] void Fail(const wchar_t* what, const wchar_t* expected) const;
 
   private:
-    void SkipBlanks();
-    /// Takes the next token when it is a number; nothing when it is none.
-    std::optional<double> TakeIfNumber(const wchar_t* what);
-    [[noreturn]] void FailFrom(std::size_t at, const wchar_t* what, const wchar_t* expected) const;
+    bool IsAtLetter() const {
+        return !IsAtEnd() && ((*m_at >= 'a' && *m_at <= 'z') || (*m_at >= 'A' && *m_at <= 'Z'));
+    }
+    char TakeThisLetter();
+    char TakeThisLetterOf(std::string_view letters, const wchar_t* what, const wchar_t* expected);
+    void SkipBlanks() {
+        while (m_at != m_end && (*m_at == ' ' || *m_at == '\t'))
+            ++m_at;
+    }
+    /// Takes the next token when it is a number; false when it is none.
+    bool TakeIfNumber(const wchar_t* what, double& value);
+    [[noreturn]] void FailOfNumber(const char* end, const wchar_t* what) const;
+    [[noreturn]] void FailFrom(const char* at, const wchar_t* what, const wchar_t* expected) const;
 
     NcLine m_line;
-    std::size_t m_at = 0;
-    std::size_t m_tokenEnd = 0;
+    const char* m_at;
+    const char* m_end;
+    const char* m_tokenEnd;
 };
 
 /// A whole text as one number; nothing when it is none. A decimal comma counts when `allowComma`.

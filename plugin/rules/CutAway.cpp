@@ -257,6 +257,8 @@ bool JobMember::IsOutsideSection(const ZetGeomPoint2d& point, int viewPosition) 
 /// A web that stands anywhere between the edges of the flanges: a cut that only these show takes
 /// nothing from it for certain.
 bool JobMember::IsBeyondMitre(const ZetGeomPoint2d& centre, int viewPosition, double reach) const {
+    if (m_mitres.empty())
+        return false;
     const bool isPlane = m_judging->planes.count(viewPosition) != 0;
     if (IsRound() || (viewPosition > kWebBackView && !isPlane))
         return false;
