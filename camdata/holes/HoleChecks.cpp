@@ -95,8 +95,10 @@ void CHoleAddlInfo::CheckEdgeAndEndDist(const CMemTypeAndAttrib& memType, double
     const Origins origins{0.0, KnownOrZero(FaceWidthOf(memType, face)), KnownOrZero(memberLength)};
     CMxGeom::SetTol(eTolEPS);
     for (const DistanceCheck& check : kDistanceChecks) {
+        if (!IsAmong(check.faces, face))
+            continue;
         const double distance = (this->*check.distanceFrom)(origins.*check.origin);
-        if (!IsAmong(check.faces, face) || check.isSufficient(distance, GetSize()))
+        if (check.isSufficient(distance, GetSize()))
             continue;
         const ZetString indent = FeatureLineIndent();
         AppendMsg(eHoleMsgWarning, ZetString::format(check.format, indent, distance));

@@ -69,13 +69,14 @@ void CMxPeilaib::SetHoleDataArr(ZetArray<ZetNCHoleData> holes, CViewData view) {
 
 void CMxPeilaib::SetNotchDataArr(ZetArray<ZetNCContour> contours, CViewData view) {
     CNotchAddInfo notch;
-    for (ZetNCContour& contour : contours) {
+    for (long i = 0; i < contours.length(); ++i) {
         ZetArray<CNotchAddInfo> pieces;
         notch.InitValues();
-        notch.SetNotchData(std::move(contour), view, pieces);
+        notch.SetNotchData(std::move(contours[i]), view, pieces);
         // The further pieces are corrected already.
         notch.CorrectData();
-        pieces.append(notch);
+        // Nobody needs the last one again.
+        pieces.append(i + 1 < contours.length() ? notch : std::move(notch));
         RejectForbidden(pieces, m_validations);
         MoveAll(pieces, m_notches);
     }

@@ -52,15 +52,13 @@ void JobMember::CodeHoles() {
 /// A coded hole may become the second of a pair, until it is settled.
 void JobMember::CodeHole(CHoleAddlInfo& hole, const HoleRuleMatcher::Entry& entry) {
     hole.SetHoleStatus(eHoleStatusWaitsForPair);
-    if (!entry.isFilled) {
-        hole.SetHoleCode(entry.job->code);
-        hole.SetHoleOutPutCode(entry.code);
+    hole.SetHoleCode(entry.isFilled ? job::FillCode(entry.job->code, ValuesOf(hole))
+                                    : entry.job->code);
+    // Nothing asks for it but the groups.
+    if (entry.job->group.code.isEmpty())
         return;
-    }
-    const ZetString text = job::FillCode(entry.job->code, ValuesOf(hole));
     CHoleOutPutCode code = entry.code;
-    code.SetHoleCode(StandardCode(text));
-    hole.SetHoleCode(text);
+    code.SetHoleCode(StandardCode(hole.GetHoleCode()));
     hole.SetHoleOutPutCode(std::move(code));
 }
 

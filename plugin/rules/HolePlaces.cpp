@@ -87,13 +87,18 @@ const FaceOutline* JobMember::PlateOutline() {
     return &*m_judging->plate;
 }
 
-/// The extents of a face with holes, of the front and the back of a plate its outline's.
-FaceBox JobMember::FaceOfHoles(int viewPosition, const FaceOutline* outline) const {
+JobMember::HoleFace JobMember::FaceOfHoles(int viewPosition) {
+    const FaceOutline* const plate = PlateOutline();
+    return {viewPosition, BoxOfHoles(viewPosition, plate), plate};
+}
+
+/// Of the front and the back of a plate its outline's.
+FaceBox JobMember::BoxOfHoles(int viewPosition, const FaceOutline* plate) const {
     FaceBox face = FaceOfView(viewPosition);
     if (viewPosition >= kFirstPlanePosition || IsEdgeOfPlate(viewPosition) || IsRound())
         return face;
-    if (outline != nullptr)
-        return outline->GetBox();
+    if (plate != nullptr)
+        return plate->GetBox();
     // The zero line of a flange has become the hole's own; the flange begins there.
     if (std::isfinite(face.minY))
         face.minY = 0.0;
@@ -103,11 +108,11 @@ FaceBox JobMember::FaceOfHoles(int viewPosition, const FaceOutline* outline) con
 /// How a hole lies outside of its face or of the member; nothing when it does not. One that
 /// relieves a corner of an outline does not.
 std::optional<Finding> JobMember::OutsideOf(const CHoleAddlInfo& hole,
-                                            int viewPosition,
-                                            const FaceOutline* outline) const {
+                                            const HoleFace& holeFace) const {
+    const auto& [viewPosition, extents, outline] = holeFace;
     const FaceTolerance tolerance = {std::abs(CMxGeom::GetXTol()), std::abs(CMxGeom::GetYTol())};
     const ZetGeomPoint2d centre = {hole.GetXPos(), hole.GetYPos()};
-    FaceBox face = FaceOfHoles(viewPosition, outline);
+    FaceBox face = extents;
     FaceBox middle = {centre.x, centre.x, centre.y, centre.y};
     FaceBox whole = ExtentsOf(hole, !IsRound());
     if (const ZetGeomPlane* const plane = AskewPlaneAt(viewPosition)) {
@@ -136,15 +141,19 @@ std::optional<Finding> JobMember::OutsideOf(const CHoleAddlInfo& hole,
 
 /// Outside, or in what is cut away or out.
 std::optional<Finding> JobMember::FaultOfPlace(const CHoleAddlInfo& hole,
-                                               const FaceOutline* outline) const {
-    const auto viewPosition = static_cast<int>(ViewOf(hole));
-    std::optional<Finding> finding = OutsideOf(hole, viewPosition, outline);
+                                               const HoleFace& face) const {
+    const int viewPosition = face.viewPosition;
+    std::optional<Finding> finding = OutsideOf(hole, face);
     if (!finding && (IsOutsideSection(PlaceInView(hole, viewPosition), viewPosition) ||
                      IsCutAway(hole, viewPosition)))
         finding = Finding{.type = job::kHoleOutside, .text = kOutsideText};
     if (!finding && IsInOpening(hole, viewPosition))
         finding = Finding{.type = job::kHoleOutside, .text = kInOpeningText};
     return finding;
+}
+
+bool JobMember::HasPlaceFault(const CHoleAddlInfo& hole) {
+    return FaultOfPlace(hole, FaceOfHoles(static_cast<int>(ViewOf(hole)))).has_value();
 }
 
 /// What nobody can judge is told.
@@ -160,17 +169,17 @@ void JobMember::NoteUnclearPlace(long tag, const FaceBox& face, double minX, dou
 }
 
 void JobMember::CheckPlaces() {
-    const FaceOutline* const outline = PlateOutline();
+    std::optional<HoleFace> face;  // of many holes, one after the other
     for (CHoleAddlInfo& hole : m_holes) {
         if (IsOpening(hole) && hole.GetHoleData().hostTag != 0)
             continue;
-        if (std::optional<Finding> finding = FaultOfPlace(hole, outline))
+        const auto viewPosition = static_cast<int>(ViewOf(hole));
+        if (!face || face->viewPosition != viewPosition)
+            face = FaceOfHoles(viewPosition);
+        if (std::optional<Finding> finding = FaultOfPlace(hole, *face))
             RefuseHole(std::move(*finding), hole);
         else
-            NoteUnclearPlace(hole.GetHoleData().hostTag,
-                             FaceOfHoles(static_cast<int>(ViewOf(hole)), outline),
-                             hole.GetXPos(),
-                             hole.GetXPos());
+            NoteUnclearPlace(hole.GetHoleData().hostTag, face->box, hole.GetXPos(), hole.GetXPos());
     }
 }
 

@@ -145,7 +145,10 @@ double DiameterGap(const HoleRuleMatcher::Entry& entry, const CHoleAddlInfo& hol
 }
 
 bool Fits(const HoleRuleMatcher::Entry& entry, const CHoleAddlInfo& hole) {
-    return entry.job->shape == hole.GetHoleShapeType() && CountUnmet(entry, hole) == 0;
+    return entry.job->shape == hole.GetHoleShapeType() &&
+           std::all_of(std::begin(kWants), std::end(kWants), [&](const Want& want) {
+               return want.isMet(entry, hole);
+           });
 }
 
 /// As the library tells it, which takes copies: rules that exclude nobody need not be asked.

@@ -237,8 +237,11 @@ class JobMember : public CMxPeilaib {
     bool CheckOpening(const ZetNCContour& opening, int viewPosition);
     bool CheckOpeningAmongOthers(const ZetNCContour& opening, int viewPosition);
     bool IsBeyond(const std::vector<ZetGeomPoint2d>& corners, int viewPosition);
-    ZetString FaultOf(const ZetNCContour& outline, const ZetNCView& view, const NotchSum& sum);
-    bool FindTrims(const ZetNCContour& outline, int viewPosition);
+    ZetString FaultOf(const std::vector<ZetGeomPoint2d>& corners,
+                      long tag,
+                      const ZetNCView& view,
+                      const NotchSum& sum);
+    bool FindTrims(const FaceBox& box, long tag, int viewPosition);
     void TakeTrim(Trim trim, double whole);
     static void DropNotches(ZetArray<CNotchAddInfo>& notches, const std::set<long>& tags);
 
@@ -269,12 +272,17 @@ class JobMember : public CMxPeilaib {
                        const std::vector<ShortDistance>& distances);
     void CheckPlaces();
     const FaceOutline* PlateOutline();
-    FaceBox FaceOfHoles(int viewPosition, const FaceOutline* outline) const;
-    std::optional<Finding> OutsideOf(const CHoleAddlInfo& hole,
-                                     int viewPosition,
-                                     const FaceOutline* outline) const;
-    std::optional<Finding> FaultOfPlace(const CHoleAddlInfo& hole,
-                                        const FaceOutline* outline) const;
+    /// A face with holes.
+    struct HoleFace {
+        int viewPosition;
+        FaceBox box;
+        const FaceOutline* plate;  ///< null: it is no plate's
+    };
+    HoleFace FaceOfHoles(int viewPosition);
+    FaceBox BoxOfHoles(int viewPosition, const FaceOutline* plate) const;
+    std::optional<Finding> OutsideOf(const CHoleAddlInfo& hole, const HoleFace& face) const;
+    std::optional<Finding> FaultOfPlace(const CHoleAddlInfo& hole, const HoleFace& face) const;
+    bool HasPlaceFault(const CHoleAddlInfo& hole);
     void NoteUnclearPlace(long tag, const FaceBox& face, double minX, double maxX);
     bool IsAtMitre(double minX, double maxX) const;
     bool IsCutAway(const CHoleAddlInfo& hole, int viewPosition) const;

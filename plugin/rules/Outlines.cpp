@@ -97,8 +97,6 @@ bool IsPlace(const ZetGeomPoint2d& point) {
 /// True when all outlines of a face are one and the same.
 bool IsOneOutline(const ZetNCView& view) {
     const auto corners = plugin::CornersOf(view.getExternalContours().first());
-    if (view.getExternalContours().length() == 1)
-        return std::all_of(corners.begin(), corners.end(), IsPlace);
     const FaceOutline outline(corners);
     for (const ZetNCContour& each : view.getExternalContours()) {
         const auto others = plugin::CornersOf(each);
@@ -250,14 +248,16 @@ void JobMember::RefuseContour(job::ValidationType type,
 bool JobMember::TakeOutline(const ZetNCContour& outline,
                             const ZetNCView& view,
                             const NotchSum& sum) {
-    const ZetString fault = FaultOf(outline, view, sum);
+    std::vector<ZetGeomPoint2d> corners = CornersOf(outline);
+    const ZetString fault = FaultOf(corners, outline.hostTag, view, sum);
     if (!fault.isEmpty()) {
         RefuseContour(job::kUnclearCut, fault, outline, view.getViewPos());
         return false;
     }
-    m_judging->outlines.insert_or_assign(view.getViewPos(), FaceOutline(CornersOf(outline)));
+    const FaceBox box = BoxOf(corners);
+    m_judging->outlines.insert_or_assign(view.getViewPos(), FaceOutline(std::move(corners)));
     // Without either it is made with the member as it is.
-    if (!FindTrims(outline, view.getViewPos()) && !sum.hasNotches)
+    if (!FindTrims(box, outline.hostTag, view.getViewPos()) && !sum.hasNotches)
         m_ledger.Claim(outline.hostTag, Account::kMade);
     return true;
 }
@@ -313,10 +313,10 @@ bool JobMember::IsBeyond(const std::vector<ZetGeomPoint2d>& corners, int viewPos
 }
 
 /// Why operations cannot tell an outline; "" when they can.
-ZetString JobMember::FaultOf(const ZetNCContour& outline,
+ZetString JobMember::FaultOf(const std::vector<ZetGeomPoint2d>& corners,
+                             long tag,
                              const ZetNCView& view,
                              const NotchSum& sum) {
-    const std::vector<ZetGeomPoint2d> corners = CornersOf(outline);
     const FaceBox box = BoxOf(corners);
     if (HasNoArea(corners))
         return kNoAreaText;
@@ -326,10 +326,11 @@ ZetString JobMember::FaultOf(const ZetNCContour& outline,
         return kBeyondText;
     if (!isPlate && IsFaceUnknown(box, view.getViewPos()))
         return kUnknownFaceText;
-    if (!IsOneOutline(view))
+    const bool isAlone = view.getExternalContours().length() == 1;
+    if (isAlone ? !std::all_of(corners.begin(), corners.end(), IsPlace) : !IsOneOutline(view))
         return kSeveralText;
     // Without a tag nobody knows which notches are whose.
-    if (outline.hostTag == 0)
+    if (tag == 0)
         return {};
     if (sum.hasNotches && !IsWithin(sum.box, box))
         return kOutsideText;
@@ -340,12 +341,11 @@ ZetString JobMember::FaultOf(const ZetNCContour& outline,
 }
 
 /// Makes trims of what an outline leaves away at whole sides of its face. False when there is none.
-bool JobMember::FindTrims(const ZetNCContour& outline, int viewPosition) {
+bool JobMember::FindTrims(const FaceBox& box, long tag, int viewPosition) {
     if (IsPlate() && !IsEdgeOfPlate(viewPosition))
         return false;
     const bool isOnPlane = viewPosition >= kFirstPlanePosition;
     const FaceBox face = FaceOfView(viewPosition);
-    const FaceBox box = BoxOf(CornersOf(outline));
     const std::array gaps = {
         box.minX - face.minX, face.maxX - box.maxX, box.minY - face.minY, face.maxY - box.maxY};
     const std::array edges = {box.minX, box.maxX, box.minY, box.maxY};
@@ -357,8 +357,7 @@ bool JobMember::FindTrims(const ZetNCContour& outline, int viewPosition) {
         if (gaps[i] <= tolerance || (isOnPlane && IsAcross(side)))
             continue;
         isTrimmed = true;
-        TakeTrim({ViewDataOf(viewPosition).GetHoleFace(), side, edges[i], {}, outline.hostTag},
-                 whole[i]);
+        TakeTrim({ViewDataOf(viewPosition).GetHoleFace(), side, edges[i], {}, tag}, whole[i]);
     }
     return isTrimmed;
 }

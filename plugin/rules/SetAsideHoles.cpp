@@ -57,7 +57,7 @@ class JobMember::HoleSettlement {
     /// A slot that is set aside for a hole inside it, which stands behind it in the file, takes
     /// that hole's place.
     void ChooseSlot(CHoleAddlInfo& slot) {
-        if (m_member.FaultOfPlace(slot, m_member.PlateOutline()))
+        if (m_member.HasPlaceFault(slot))
             return;
         m_kept.FindNear(slot.GetXPos(), ReachOf(slot), [&](long index) {
             CHoleAddlInfo& kept = m_member.m_holes[index];
@@ -78,7 +78,7 @@ class JobMember::HoleSettlement {
     /// One that will be refused for its place is no reason to leave others out.
     bool AddKept(long index) {
         const CHoleAddlInfo& hole = m_member.m_holes[index];
-        if (m_member.FaultOfPlace(hole, m_member.PlateOutline()))
+        if (m_member.HasPlaceFault(hole))
             return false;
         m_kept.Add(index, hole.GetXPos(), ReachOf(hole));
         return true;

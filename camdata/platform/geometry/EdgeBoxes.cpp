@@ -25,20 +25,18 @@ bool AreApart(const EdgeBox& a, const EdgeBox& b) {
 }
 
 EdgeBox BoxAlongX(const GridEdge& edge) {
-    const auto [low, high] = std::minmax(edge.left.y, edge.right.y);
-    return {edge.left.x, edge.right.x, low, high, &edge};
+    return {edge.left.x, edge.right.x, edge.low, edge.high, &edge};
 }
 
 EdgeBox BoxAlongY(const GridEdge& edge) {
-    const auto [start, end] = std::minmax(edge.left.y, edge.right.y);
-    return {start, end, edge.left.x, edge.right.x, &edge};
+    return {edge.low, edge.high, edge.left.x, edge.right.x, &edge};
 }
 
 /// Along the longer side of the outline fewest boxes lie beside each other.
 bool IsLongerAlongX(const std::vector<GridEdge>& edges) {
     GridPoint size = {0, 0};
     for (const GridEdge& edge : edges)
-        size = {std::max(size.x, edge.right.x), std::max({size.y, edge.left.y, edge.right.y})};
+        size = {std::max(size.x, edge.right.x), std::max(size.y, edge.high)};
     return size.x >= size.y;
 }
 
@@ -51,14 +49,11 @@ std::vector<EdgeBox> BoxesOf(const std::vector<GridEdge>& edges) {
     return boxes;
 }
 
-bool AreInContact(const EdgeBox& a, const EdgeBox& b, std::size_t count) {
-    return !AreApart(a, b) && AreInContact(*a.edge, *b.edge, count);
-}
-
-bool IsContactAmong(const std::vector<EdgeBox>& boxes) {
-    for (std::size_t b = 1; b < boxes.size(); ++b)
+bool IsContactAmong(const std::vector<GridEdge>& edges) {
+    for (std::size_t b = 1; b < edges.size(); ++b)
         for (std::size_t a = 0; a < b; ++a)
-            if (AreInContact(boxes[a], boxes[b], boxes.size()))
+            if (!AreApart(BoxAlongX(edges[a]), BoxAlongX(edges[b])) &&
+                AreInContact(edges[a], edges[b], edges.size()))
                 return true;
     return false;
 }
@@ -68,7 +63,8 @@ bool MayBeContactAmongSorted(const std::vector<EdgeBox>& boxes) {
     std::size_t pairs = kPairsPerEdge * boxes.size();
     for (auto a = boxes.begin(); a != boxes.end(); ++a)
         for (auto b = a + 1; b != boxes.end() && b->start <= a->end; ++b)
-            if (pairs-- == 0 || AreInContact(*a, *b, boxes.size()))
+            if (pairs-- == 0 ||
+                (!AreApart(*a, *b) && AreInContact(*a->edge, *b->edge, boxes.size())))
                 return true;
     return false;
 }
@@ -76,9 +72,9 @@ bool MayBeContactAmongSorted(const std::vector<EdgeBox>& boxes) {
 }  // namespace
 
 bool MayBeInContact(const std::vector<GridEdge>& edges) {
+    if (edges.size() <= kFewEdges)
+        return IsContactAmong(edges);
     std::vector<EdgeBox> boxes = BoxesOf(edges);
-    if (boxes.size() <= kFewEdges)
-        return IsContactAmong(boxes);
     std::sort(boxes.begin(), boxes.end(), [](const EdgeBox& a, const EdgeBox& b) {
         return a.start < b.start;
     });

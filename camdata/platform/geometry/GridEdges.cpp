@@ -67,7 +67,8 @@ std::vector<GridEdge> EdgesOf(const std::vector<GridVertex>& vertices) {
     for (std::size_t i = 0; i < vertices.size(); ++i) {
         const std::size_t next = i + 1 < vertices.size() ? i + 1 : 0;
         const auto [left, right] = std::minmax(vertices[i].at, vertices[next].at);
-        edges.push_back({left, right, i, vertices[i].source});
+        const auto [low, high] = std::minmax(left.y, right.y);
+        edges.push_back({left, right, low, high, i, vertices[i].source});
     }
     return edges;
 }

@@ -34,6 +34,8 @@ struct GridVertex {
 struct GridEdge {
     GridPoint left;
     GridPoint right;
+    std::int64_t low;  ///< the smaller Y
+    std::int64_t high;
     std::size_t index;   ///< among the edges on the grid, in the outline's order
     std::size_t source;  ///< in the outline
 };

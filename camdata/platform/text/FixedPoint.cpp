@@ -103,6 +103,8 @@ ParsedNumber ReadDecimal(std::wstring_view text) {
 }
 
 ParsedNumber ParseUnsigned(std::wstring_view text) {
+    if (!text.empty() && text[0] >= L'0' && text[0] <= L'9')
+        return ReadDecimal(text);
     if (BeginsWithWord(text, L"nan"))
         return {std::numeric_limits<double>::quiet_NaN(), 3};
     if (BeginsWithWord(text, L"inf"))
