@@ -43,7 +43,43 @@ void CheckNotWriting(const MemberLists& lists, const CMxGroups& group) {
 
 }  // namespace
 
-CMxCamGlobAcc::~CMxCamGlobAcc() = default;
+// Members of the run would go on with what has ended. Nothing can be thrown out of here: behind the
+// handler of assertions the program ends.
+CMxCamGlobAcc::~CMxCamGlobAcc() {
+    OutputRun::CheckNone(m_memberLists);
+}
+
+CMxCamGlobAcc& CMxCamGlobAcc::operator=(const CMxCamGlobAcc& other) {
+    return *this = CMxCamGlobAcc(other);
+}
+
+CMxCamGlobAcc::CMxCamGlobAcc(CMxCamGlobAcc&& other) : CMxCamGlobAcc() {
+    *this = std::move(other);
+}
+
+CMxCamGlobAcc& CMxCamGlobAcc::operator=(CMxCamGlobAcc&& other) {
+    OutputRun::CheckNone(m_memberLists);
+    OutputRun::CheckNone(other.m_memberLists);
+    m_prefix = std::move(other.m_prefix);
+    m_dirName = std::move(other.m_dirName);
+    m_fullName = std::move(other.m_fullName);
+    m_minEdgeDist = other.m_minEdgeDist;
+    m_minGaugeLine = other.m_minGaugeLine;
+    m_handing = other.m_handing;
+    m_projectData = std::move(other.m_projectData);
+    m_addInfo = std::move(other.m_addInfo);
+    m_memberLists = std::move(other.m_memberLists);
+    m_productVersion = std::move(other.m_productVersion);
+    m_libraryVersion = std::move(other.m_libraryVersion);
+    m_count = other.m_count;
+    m_isCancelled = other.m_isCancelled;
+    m_groupIndexMap = std::move(other.m_groupIndexMap);
+    m_groups = std::move(other.m_groups);
+    m_fileGroups = std::move(other.m_fileGroups);
+    m_projectInfo = std::move(other.m_projectInfo);
+    m_baseLibraryVersion = std::move(other.m_baseLibraryVersion);
+    return *this;
+}
 
 bool CMxCamGlobAcc::SetManuFacturerDetails(ZetString prefix,
                                            ZetString dirName,

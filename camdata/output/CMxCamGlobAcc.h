@@ -34,11 +34,14 @@ class CProjectInformation;
 class CAMDATA_API CMxCamGlobAcc {
   public:
     CMxCamGlobAcc() = default;
+    /// While WriteOutPut writes, the assertion "!isWriting()" fails, and the program ends.
     virtual ~CMxCamGlobAcc();
     CMxCamGlobAcc(const CMxCamGlobAcc&) = default;
-    CMxCamGlobAcc& operator=(const CMxCamGlobAcc&) = default;
-    CMxCamGlobAcc(CMxCamGlobAcc&&) = default;
-    CMxCamGlobAcc& operator=(CMxCamGlobAcc&&) = default;
+    /// While WriteOutPut of either writes what would be replaced or taken, the assertion
+    /// "!isWriting()" fails, with nothing changed.
+    CMxCamGlobAcc& operator=(const CMxCamGlobAcc& other);
+    CMxCamGlobAcc(CMxCamGlobAcc&& other);
+    CMxCamGlobAcc& operator=(CMxCamGlobAcc&& other);
 
     /// Sets prefix, folder and full name. Always true.
     bool SetManuFacturerDetails(ZetString prefix, ZetString dirName, ZetString fullName);
@@ -107,9 +110,9 @@ class CAMDATA_API CMxCamGlobAcc {
     /// the files are closed and the additional information is as before: the next WriteOutPut
     /// begins anew. What members were given stays theirs, the entries to nest among it.
     ///
-    /// A member that is being written must neither end nor assign to the accumulator. When it calls
-    /// WriteOutPut, of this accumulator or of a copy with a list in common, the assertion
-    /// "!isWriting()" fails before anything is touched.
+    /// When a member that is being written calls WriteOutPut, of this accumulator or of a copy with
+    /// a list in common, or assigns to this accumulator, the assertion "!isWriting()" fails before
+    /// anything is touched.
     void WriteOutPut();
     /// Writes the additional information to the file of the file group at 1, at its write position;
     /// opens the file anew when it was closed. Nothing is written when that file group makes no

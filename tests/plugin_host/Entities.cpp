@@ -1,7 +1,11 @@
 // The host's parts: a sound purlin with two holes, one of them too near to the start, and a rail
-// that is longer than any machine takes.
+// that is longer than any machine takes. What a plug-in may forget is forgotten, too: the module is
+// unloaded with a run that holds an open file, and with its handler of assertions in place.
 
+#include "camdata/output/CMxCamGlobAcc.h"
+#include "camdata/platform/base/ZetAssert.h"
 #include "camdata/platform/host/ZetNCEntity.h"
+#include "camdata/project/CProjectInformation.h"
 
 #include <array>
 
@@ -41,6 +45,18 @@ class HostPart final : public ZetNCEntity {
     ZetNCStructure m_structure;
 };
 
+/// A run whose file of additional information is open.
+CMxCamGlobAcc ForgottenRun() {
+    ZetArray<CMxFileGroups> files = {{}, {}};
+    files[1].setValues(
+        -1, L"Tr\u00e4ger und Ma\u00dfe/forgotten.txt", L"", ZetArray<ZetString>(), false, true);
+    CMxCamGlobAcc run;
+    run.SetProjectInfo(new CProjectInformation);
+    run.appendFileGroups(std::move(files));
+    run.WriteAddInfo();
+    return run;
+}
+
 }  // namespace
 
 #if defined(_WIN32)
@@ -53,6 +69,8 @@ long GetHostParts(ZetNCEntity* const** parts) {
     static HostPart purlin(L"Z\u00fc1", 6000.0, {3000.0, 10.0});
     static HostPart rail(L"R1", 12500.0, {});
     static const std::array<ZetNCEntity*, 2> all = {&purlin, &rail};
+    static const CMxCamGlobAcc forgotten = ForgottenRun();
+    SetZetAssertHandler([](const char*, const char*, int) {});
     *parts = all.data();
     return static_cast<long>(all.size());
 }

@@ -277,6 +277,11 @@ TEST(OutputWritingTest, MembersCannotChangeTheRunThatWritesThem) {
         note([&] { copy.SortPeilaibArr(); });
         note([&] { accumulator.WriteOutPut(); });
         note([&] { copy.WriteOutPut(); });
+        note([&] { accumulator = CMxCamGlobAcc(); });
+        note([&] { accumulator = copy; });
+        note([&] { copy = std::move(accumulator); });
+        note([&] { const CMxCamGlobAcc taken(std::move(accumulator)); });
+        note([&] { copy = accumulator; });
     });
     accumulator.Append(&member);
     accumulator.WriteOutPut();
@@ -292,7 +297,12 @@ TEST(OutputWritingTest, MembersCannotChangeTheRunThatWritesThem) {
                                         failed,
                                         failed,
                                         failed,
-                                        failed}));
+                                        failed,
+                                        failed,
+                                        failed,
+                                        failed,
+                                        failed,
+                                        "none"}));
     EXPECT_EQ(AssertionOf([&] { accumulator.Append(nullptr); }), "member != nullptr");
     EXPECT_EQ(accumulator.GetCount(), 2);
     EXPECT_EQ(run.m_folder.Read("a.txt"), "A\nG0\nM1 x1\n");

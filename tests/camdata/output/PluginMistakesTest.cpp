@@ -8,9 +8,12 @@
 #include "camdata/project/CProjectInformation.h"
 #include "camdata/project/ProjectDialogGuide.h"
 
+#include <cstdio>
 #include <functional>
+#include <memory>
 #include <stdexcept>
 #include <string>
+#include <thread>
 
 #include <gtest/gtest.h>
 
@@ -103,6 +106,42 @@ TEST(PluginMistakes, OfAMemberThatIsWritten) {
     }
 }
 
+/// A member that ends the run that writes it would go on with files that are closed: the handler
+/// is told, then the process ends.
+TEST(PluginMistakes, OfAMemberThatEndsItsRun) {
+    const auto endWhileItIsWritten = [] {
+        auto run = std::make_unique<WrittenRun>();
+        auto accumulator = std::make_unique<CMxCamGlobAcc>(run->m_accumulator);
+        run->m_member.m_write = [&](ZetFileAccess&) { accumulator.reset(); };
+        SetZetAssertHandler([](const char* text, const char*, int) { std::fputs(text, stderr); });
+        accumulator->WriteOutPut();
+    };
+    EXPECT_DEATH(endWhileItIsWritten(), "!isWriting\\(\\)");
+}
+
+/// Two runs, one within the other: what is written within is whole.
+TEST(PluginMistakes, NotOfAMemberThatWritesAnotherRun) {
+    WrittenRun outer;
+    WrittenRun inner;
+    outer.m_member.m_write = [&](ZetFileAccess& file) {
+        inner.m_accumulator.WriteOutPut();
+        file.Write(L"M\n");
+    };
+    outer.m_accumulator.WriteOutPut();
+    EXPECT_EQ(outer.File(), "M\nP\n");
+    EXPECT_EQ(inner.File(), "M\nP\n");
+}
+
+/// Members in threads of the plug-in's own, one run in each.
+TEST(PluginMistakes, NotOfRunsInTwoThreads) {
+    WrittenRun runs[2];
+    std::thread first([&] { runs[0].m_accumulator.WriteOutPut(); });
+    runs[1].m_accumulator.WriteOutPut();
+    first.join();
+    for (const WrittenRun& run : runs)
+        EXPECT_EQ(run.File(), "M\nP\n");
+}
+
 /// An entity of which one operation raises an exception.
 class RaisingEntity final : public ZetNCEntity {
   public:
@@ -168,7 +207,8 @@ TEST(PluginMistakes, OfAttachedParts) {
     }
 }
 
-/// Operation by operation of the guide; the record and the settings file stay as they were.
+/// Operation by operation of the guide; the record stays as it was. What "Save Settings" has
+/// written before it tells the guide stays written.
 TEST(PluginMistakes, OfTheGuideOfTheDialog) {
     struct Guide final : ProjectDialogGuide {
         explicit Guide(int raising) : m_raising(raising) {}
@@ -188,16 +228,20 @@ TEST(PluginMistakes, OfTheGuideOfTheDialog) {
     SetDialogDriver(DialogDriver{DialogDriver::Backend::kMemory,
                                  [](DialogWindow& window) {
                                      window.SetText(1101, L"typed");
+                                     window.Click(1001);
                                      window.Click(1);
                                  },
                                  [](const ZetString&, const ZetString&) { return true; }});
-    for (const int raising : {0, 1, 2}) {
+    for (const int raising : {0, 1, 2, 3}) {
         SCOPED_TRACE(raising);
         CProjectInformation project;
         project.SetFileName(L"before");
+        project.SetProjFileName(folder.NameOf("settings.txt"));
+        project.SetProjInfoArrInFile({L"+", L"+", L"+", L"+", L"+", L"+", L"+", L"+"});
         Guide guide(raising);
         EXPECT_EQ(OutcomeOf([&] { project.ShowGuidedDialog(guide); }), "of the plug-in");
         EXPECT_EQ(project.GetFileName(), L"before");
+        EXPECT_EQ(folder.Read("settings.txt").empty(), raising != 3);
     }
 }
 
