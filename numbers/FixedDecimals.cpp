@@ -1,10 +1,13 @@
 #include "numbers/FixedDecimals.h"
 
+#include <algorithm>
 #include <array>
 #include <charconv>
 #include <cmath>
 #include <cstddef>
 #include <cstdint>
+#include <cstring>
+#include <limits>
 #include <optional>
 
 namespace numbers {
@@ -12,42 +15,79 @@ namespace numbers {
 namespace {
 
 constexpr std::array kPowersOfTen = {1.0, 1e1, 1e2, 1e3, 1e4, 1e5, 1e6};
+constexpr double kExactBelow = 1e12;
 
 /// A magnitude times a power of ten, rounded. Nothing for a large one, for NaN, and where the
 /// product, which is rounded itself, is too near a tie to tell.
 std::optional<std::uint64_t> ScaledWhole(double magnitude, int decimals) {
-    constexpr double kExactBelow = 1e12;
     constexpr double kTieMargin = 1e-3;  // far more than what products below that are off
     if (decimals >= static_cast<int>(kPowersOfTen.size()))
         return std::nullopt;
     const double scaled = magnitude * kPowersOfTen[static_cast<std::size_t>(decimals)];
     if (!(scaled < kExactBelow))
         return std::nullopt;
-    const auto whole = static_cast<std::uint64_t>(scaled);
+    const auto whole = static_cast<std::int64_t>(scaled);
     const double rest = scaled - static_cast<double>(whole);
     if (std::abs(rest - 0.5) < kTieMargin)
         return std::nullopt;
-    return whole + (rest > 0.5 ? 1 : 0);
+    return static_cast<std::uint64_t>(whole) + (rest > 0.5 ? 1 : 0);
 }
 
-/// Digits with a point before the last `decimals` of them, at least one before it.
-void AppendScaled(std::string& text, bool isNegative, std::uint64_t whole, int decimals) {
-    if (isNegative && whole > 0)
-        text += '-';
-    std::array<char, 24> digits;
-    char* at = digits.data() + digits.size();
-    const auto prependDigit = [&] {
-        *--at = static_cast<char>('0' + whole % 10);
-        whole /= 10;
+/// "00", "01" and so on up to "99".
+constexpr std::array kPairs = [] {
+    std::array<char, 200> pairs{};
+    for (std::size_t i = 0; i < pairs.size(); ++i)
+        pairs[i] = static_cast<char>('0' + (i % 2 == 0 ? i / 20 : i / 2 % 10));
+    return pairs;
+}();
+
+/// Puts the digits of a number before `end`. Where they begin.
+char* PutDigitsBefore(char* end, std::uint64_t whole) {
+    const auto putPair = [&](auto& number) {
+        end -= 2;
+        std::memcpy(end, &kPairs[number % 100 * 2], 2);
+        number /= 100;
     };
-    for (int i = 0; i < decimals; ++i)
-        prependDigit();
-    if (decimals > 0)
-        *--at = '.';
-    do
-        prependDigit();
-    while (whole > 0);
-    text.append(at, digits.data() + digits.size());
+    while (whole > std::numeric_limits<std::uint32_t>::max())
+        putPair(whole);
+    auto rest = static_cast<std::uint32_t>(whole);
+    while (rest >= 100)
+        putPair(rest);
+    if (rest >= 10)
+        putPair(rest);
+    else
+        *--end = static_cast<char>('0' + rest);
+    return end;
+}
+
+/// Digits with a point before the last `decimals` of them, at least one before it. A number below
+/// kExactBelow. The end of what is printed.
+///
+/// Whole and decimals are copied as blocks of one size, which takes less than a look at how many
+/// there are.
+char* PrintScaled(char* at, bool isNegative, std::uint64_t whole, int decimals) {
+    constexpr std::size_t kMostWhole = 16;
+    constexpr std::size_t kMostDecimals = 8;
+    static_assert(kPowersOfTen.size() <= kMostDecimals);
+    static_assert(1 + kMostWhole + 1 + kMostDecimals <= kRoomOfShort);
+    std::array<char, 2 * kMostWhole> digits;
+    digits.fill('0');
+    char* const end = digits.data() + kMostWhole;
+    if (isNegative && whole > 0)
+        *at++ = '-';
+    const char* const begin = std::min(PutDigitsBefore(end, whole), end - decimals - 1);
+    std::memcpy(at, begin, kMostWhole);
+    at += end - decimals - begin;
+    if (decimals == 0)
+        return at;
+    *at++ = '.';
+    std::memcpy(at, end - decimals, kMostDecimals);
+    return at + decimals;
+}
+
+void AppendScaled(std::string& text, bool isNegative, std::uint64_t whole, int decimals) {
+    std::array<char, kRoomOfShort> printed;
+    text.append(printed.data(), PrintScaled(printed.data(), isNegative, whole, decimals));
 }
 
 void AppendPrinted(std::string& text, double value, int decimals) {
@@ -67,13 +107,24 @@ void AppendPrinted(std::string& text, double value, int decimals) {
 
 }  // namespace
 
-void AppendFixed(std::string& text, double value, int decimals) {
+char* PrintShort(char* at, double value, int decimals) {
     const std::optional<std::uint64_t> whole = ScaledWhole(std::abs(value), decimals);
-    if (!whole) {
+    return whole ? PrintScaled(at, value < 0.0, *whole, decimals) : nullptr;
+}
+
+char* PrintShort(char* at, std::int64_t value) {
+    const auto bits = static_cast<std::uint64_t>(value);
+    const std::uint64_t magnitude = value < 0 ? 0 - bits : bits;
+    constexpr auto kMost = static_cast<std::uint64_t>(kExactBelow);
+    return magnitude < kMost ? PrintScaled(at, value < 0, magnitude, 0) : nullptr;
+}
+
+void AppendFixed(std::string& text, double value, int decimals) {
+    std::array<char, kRoomOfShort> printed;
+    if (char* const end = PrintShort(printed.data(), value, decimals))
+        text.append(printed.data(), end);
+    else
         AppendPrinted(text, value, decimals);
-        return;
-    }
-    AppendScaled(text, value < 0.0, *whole, decimals);
 }
 
 void AppendTrimmed(std::string& text, double value, int decimals) {

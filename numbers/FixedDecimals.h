@@ -1,5 +1,7 @@
 #pragma once
 
+#include <cstddef>
+#include <cstdint>
 #include <string>
 
 namespace numbers {
@@ -10,5 +12,13 @@ void AppendFixed(std::string& text, double value, int decimals);
 
 /// The same without the zeros at its end, and without a point there.
 void AppendTrimmed(std::string& text, double value, int decimals);
+
+/// Characters that there must be room for where PrintShort prints.
+inline constexpr std::size_t kRoomOfShort = 32;
+
+/// Prints the same digits as AppendFixed, and some characters behind them that mean nothing. The
+/// end of the digits; null for a number that is too long, or too hard to tell: AppendFixed has all.
+char* PrintShort(char* at, double value, int decimals);
+char* PrintShort(char* at, std::int64_t value);
 
 }  // namespace numbers

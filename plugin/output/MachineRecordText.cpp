@@ -2,7 +2,7 @@
 
 #include "job/ControlCharacters.h"
 #include "job/MemberLine.h"
-#include "numbers/FixedDecimals.h"
+#include "numbers/TextBuffer.h"
 #include "plugin/formats/BackslashEscapes.h"
 #include "plugin/formats/MachineWords.h"
 
@@ -28,19 +28,41 @@ namespace {
 
 constexpr int kDecimals = 3;
 constexpr std::wstring_view kEndWord = L"end";
+constexpr std::size_t kUsualLine = 96;
 
 // ---- fields -------------------------------------------------------------------------------------
+
+using numbers::TextBuffer;
+using numbers::Word;
+
+/// Words of our own, which have ASCII characters only.
+template <std::size_t count>
+constexpr std::array<Word, count> Ascii(const std::array<std::wstring_view, count>& words) {
+    return [&]<std::size_t... i>(std::index_sequence<i...>) {
+        return std::array{Word(words[i])...};
+    }
+    (std::make_index_sequence<count>());
+}
+
+constexpr auto kOperations = Ascii(kOperationWords);
+constexpr auto kFaces = Ascii(kFaceWords);
+constexpr auto kCuts = Ascii(kCutWords);
+constexpr auto kThreads = Ascii(kThreadWords);
+constexpr auto kSides = Ascii(kSideWords);
+constexpr auto kEnds = Ascii(kEndWords);
+constexpr auto kCutFaces = Ascii(kCutFaceWords);
+constexpr auto kMarks = Ascii(kMarkWords);
 
 /// A field that holds one of some words, as the position of its word.
 template <typename Record>
 struct WordField {
     int Record::*value;
-    Words words;
+    std::span<const Word> words;
 };
 
 template <typename Record>
 struct Field {
-    std::string_view begin;  ///< a blank, its name, "="
+    Word begin;  ///< a blank, its name, "="
     std::variant<double Record::*,
                  long Record::*,
                  ZetString Record::*,
@@ -62,10 +84,10 @@ using Operation = MachineOperation;
 using OperationField = Field<Operation>;
 
 constexpr OperationField kFace = {
-    " face=", WordField<Operation>{&Operation::face, kFaceWords}
+    " face=", WordField<Operation>{&Operation::face, kFaces}
 };
 constexpr OperationField kCut = {
-    " cut=", WordField<Operation>{&Operation::cut, kCutWords}
+    " cut=", WordField<Operation>{&Operation::cut, kCuts}
 };
 constexpr OperationField kX = {" x=", &Operation::x};
 constexpr OperationField kY = {" y=", &Operation::y};
@@ -77,23 +99,23 @@ constexpr OperationField kDepth = {" depth=", &Operation::depth};
 constexpr OperationField kSinkDiameter = {" sink_diameter=", &Operation::sinkDiameter};
 constexpr OperationField kSinkDepth = {" sink_depth=", &Operation::sinkDepth};
 constexpr OperationField kThread = {
-    " thread=", WordField<Operation>{&Operation::thread, kThreadWords}
+    " thread=", WordField<Operation>{&Operation::thread, kThreads}
 };
 constexpr OperationField kPoints = {" points=", &Operation::points};
 constexpr OperationField kCode = {" code=", &Operation::code};
 
 constexpr OperationField kSide = {
-    " side=", WordField<Operation>{&Operation::side, kSideWords}
+    " side=", WordField<Operation>{&Operation::side, kSides}
 };
 constexpr OperationField kAt = {" at=", &Operation::at};
 constexpr OperationField kEnd = {
-    " end=", WordField<Operation>{&Operation::end, kEndWords}
+    " end=", WordField<Operation>{&Operation::end, kEnds}
 };
 constexpr OperationField kCutFace = {
-    " face=", WordField<Operation>{&Operation::cutFace, kCutFaceWords}
+    " face=", WordField<Operation>{&Operation::cutFace, kCutFaces}
 };
 constexpr OperationField kMarkKind = {
-    " kind=", WordField<Operation>{&Operation::mark, kMarkWords}
+    " kind=", WordField<Operation>{&Operation::mark, kMarks}
 };
 constexpr OperationField kHeight = {" height=", &Operation::height};
 constexpr OperationField kText = {" text=", &Operation::text};
@@ -110,36 +132,25 @@ constexpr OperationField kMitre[] = {kEnd, kCutFace, kAngle};
 constexpr OperationField kMark[] = {kFace, kMarkKind, kX, kY, kAngle, kHeight, kPoints, kText};
 
 /// By MachineOperationKind.
-constexpr std::array<std::span<const OperationField>, kOperationWords.size()> kOperations = {
+constexpr std::array<std::span<const OperationField>, kOperationWords.size()> kFieldsOf = {
     kHole, kCountersunk, kSlot, kRectangle, kNotch, kOutline, kTrim, kMitre, kMark};
-static_assert(kOperations.size() == static_cast<std::size_t>(MachineOperationKind::kMark) + 1);
+static_assert(kFieldsOf.size() == static_cast<std::size_t>(MachineOperationKind::kMark) + 1);
 
 // ---- values -------------------------------------------------------------------------------------
-
-/// A word of our own, which has no other characters.
-void AppendAscii(std::string& line, std::wstring_view word) {
-    const std::size_t end = line.size();
-    line.resize(end + word.size());
-    std::transform(word.begin(), word.end(), line.data() + end, [](wchar_t c) {
-        return static_cast<char>(c);
-    });
-}
 
 bool StandsAsItIs(wchar_t c) {
     return c >= L' ' && c <= L'~' && c != L'"' && c != L'\\';
 }
 
-void AppendQuoted(std::string& line, std::wstring_view text) {
-    line += '"';
-    if (std::all_of(text.begin(), text.end(), StandsAsItIs)) {
-        AppendAscii(line, text);
-    } else {
+void AddQuoted(TextBuffer& line, std::wstring_view text) {
+    line.Add('"');
+    if (!line.AddAscii(text, StandsAsItIs)) {
         std::wstring escaped;
         for (const wchar_t c : text)
             AppendBackslashed(escaped, c);
-        line += ZetString(std::move(escaped)).toUtf8();
+        line.Add(ZetString(std::move(escaped)).toUtf8());
     }
-    line += '"';
+    line.Add('"');
 }
 
 /// The prefix is ASCII.
@@ -188,8 +199,8 @@ std::wstring_view TakeUntil(std::wstring_view& text, std::wstring_view separator
 }
 
 /// No sign before a zero.
-void AppendNumber(std::string& line, double value) {
-    numbers::AppendFixed(line, value, kDecimals);
+void AddNumber(TextBuffer& line, double value) {
+    line.AddFixed(value, kDecimals);
 }
 
 std::optional<double> ParseNumber(std::wstring_view text) {
@@ -205,15 +216,16 @@ std::optional<long> ParseCount(std::wstring_view text) {
     return isCount ? std::optional(static_cast<long>(*number)) : std::nullopt;
 }
 
-void AppendPoints(std::string& line, const ZetArray<ZetGeomPoint2d>& points) {
-    const char* separator = "\"";
+void AddPoints(TextBuffer& line, const ZetArray<ZetGeomPoint2d>& points) {
+    line.Add('"');
     for (const ZetGeomPoint2d& point : points) {
-        line += std::exchange(separator, " ");
-        AppendNumber(line, point.x);
-        line += ',';
-        AppendNumber(line, point.y);
+        if (&point != &points.first())
+            line.Add(' ');
+        AddNumber(line, point.x);
+        line.Add(',');
+        AddNumber(line, point.y);
     }
-    line += points.isEmpty() ? "\"\"" : "\"";
+    line.Add('"');
 }
 
 std::optional<ZetArray<ZetGeomPoint2d>> ParsePoints(std::wstring_view text) {
@@ -236,16 +248,16 @@ std::optional<ZetArray<ZetGeomPoint2d>> ParsePoints(std::wstring_view text) {
 template <typename Record>
 struct FieldFormatter {
     const Record& record;
-    std::string& line;
+    TextBuffer& line;
 
-    void operator()(double Record::*value) const { AppendNumber(line, record.*value); }
-    void operator()(long Record::*value) const { line += std::to_string(record.*value); }
-    void operator()(ZetString Record::*value) const { AppendQuoted(line, (record.*value).view()); }
+    void operator()(double Record::*value) const { AddNumber(line, record.*value); }
+    void operator()(long Record::*value) const { line.AddWhole(record.*value); }
+    void operator()(ZetString Record::*value) const { AddQuoted(line, (record.*value).view()); }
     void operator()(ZetArray<ZetGeomPoint2d> Record::*value) const {
-        AppendPoints(line, record.*value);
+        AddPoints(line, record.*value);
     }
     void operator()(const WordField<Record>& field) const {
-        AppendAscii(line, field.words[static_cast<std::size_t>(record.*field.value)]);
+        line.Add(field.words[static_cast<std::size_t>(record.*field.value)]);
     }
 };
 
@@ -267,7 +279,10 @@ struct FieldParser {
         return points && Set(value, ParsePoints(points->view()));
     }
     bool operator()(const WordField<Record>& field) const {
-        const auto at = std::find(field.words.begin(), field.words.end(), TakeUntil(text, L" "));
+        const std::wstring_view word = TakeUntil(text, L" ");
+        const auto at = std::find_if(field.words.begin(), field.words.end(), [&](const Word& each) {
+            return std::ranges::equal(each.View(), word);
+        });
         record.*field.value = static_cast<int>(at - field.words.begin());
         return at != field.words.end();
     }
@@ -283,25 +298,26 @@ struct FieldParser {
 
 /// Without its end.
 template <typename Record>
-void AppendLine(std::string& text,
-                std::wstring_view word,
-                std::span<const Field<Record>> fields,
-                const Record& record) {
-    AppendAscii(text, word);
+void AddLine(TextBuffer& text,
+             const Word& word,
+             std::span<const Field<Record>> fields,
+             const Record& record) {
+    text.Add(word);
     for (const Field<Record>& field : fields) {
-        text += field.begin;
+        text.Add(field.begin);
         std::visit(FieldFormatter<Record>{record, text}, field.value);
     }
 }
 
-void AppendOperation(std::string& text, const MachineOperation& operation) {
+void AddOperation(TextBuffer& text, const MachineOperation& operation) {
     const auto kind = static_cast<std::size_t>(operation.kind);
-    AppendLine(text, kOperationWords[kind], kOperations[kind], operation);
+    AddLine(text, kOperations[kind], kFieldsOf[kind], operation);
 }
 
 template <typename Record>
 ZetString NameOf(const Field<Record>& field) {
-    return ZetString::fromUtf8(field.begin.substr(1, field.begin.size() - 2));
+    const std::string_view begin = field.begin.View();
+    return ZetString::fromUtf8(begin.substr(1, begin.size() - 2));
 }
 
 /// Reads what follows the word of a line. The fault, "" when there is none.
@@ -310,7 +326,7 @@ ZetString ParseFields(std::wstring_view text,
                       std::span<const Field<Record>> fields,
                       Record& record) {
     for (const Field<Record>& field : fields) {
-        if (!TakePrefix(text, field.begin))
+        if (!TakePrefix(text, field.begin.View()))
             return ZetString::format(L"the field %s is missing", NameOf(field));
         if (!std::visit(FieldParser<Record>{record, text}, field.value))
             return ZetString::format(L"the field %s has no valid value", NameOf(field));
@@ -349,7 +365,7 @@ class RecordReader {
         const auto kind = static_cast<std::size_t>(known - kOperationWords.begin());
         MachineOperation& operation = m_members.back().operations.emplace_back();
         operation.kind = static_cast<MachineOperationKind>(kind);
-        return ParseFields(line, kOperations[kind], operation);
+        return ParseFields(line, kFieldsOf[kind], operation);
     }
 
     bool m_isInBlock = false;
@@ -363,24 +379,22 @@ double RoundAsRecorded(double value) {
 }
 
 std::string FormatMember(const MachineMember& member) {
-    constexpr std::size_t kUsualLine = 96;
-    std::string text;
-    text.reserve((member.operations.size() + 2) * kUsualLine);
-    AppendLine<MachineMember>(text, job::kMemberWord, kMemberFields, member);
+    TextBuffer text((member.operations.size() + 2) * kUsualLine);
+    AddLine<MachineMember>(text, Word(job::kMemberWord), kMemberFields, member);
     for (const MachineOperation& operation : member.operations) {
-        text += '\n';
-        AppendOperation(text, operation);
+        text.Add('\n');
+        AddOperation(text, operation);
     }
-    text += '\n';
-    AppendAscii(text, kEndWord);
-    text += '\n';
-    return text;
+    text.Add('\n');
+    text.Add(Word(kEndWord));
+    text.Add('\n');
+    return std::string(text.View());
 }
 
 std::string FormatOperation(const MachineOperation& operation) {
-    std::string line;
-    AppendOperation(line, operation);
-    return line;
+    TextBuffer line(kUsualLine);
+    AddOperation(line, operation);
+    return std::string(line.View());
 }
 
 std::variant<std::vector<MachineMember>, MachineFault> ReadMachineRecords(const ZetString& text) {

@@ -228,7 +228,6 @@ void JobMember::MakeOutput() {
     ClaimOperations();
     GenerateMemData();
     m_records.text = MakeRecords();
-    m_records.text.shrink_to_fit();
     m_records.operations = std::move(m_judging->operationTags);
     m_unmadeFeatures = m_notedFeatures + m_ledger.CountNotMade();
     ReleaseSources();

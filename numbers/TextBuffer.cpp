@@ -1,0 +1,23 @@
+#include "numbers/TextBuffer.h"
+
+#include <utility>
+
+namespace numbers {
+
+void TextBuffer::Grow(std::size_t least) {
+    const std::size_t size = GetSize();
+    const auto room = static_cast<std::size_t>(m_end - m_text.get());
+    TextBuffer larger(std::max(2 * room, size + least));
+    larger.Add(View());
+    m_text = std::move(larger.m_text);
+    m_at = larger.m_at;
+    m_end = larger.m_end;
+}
+
+void TextBuffer::AddLong(double value, int decimals) {
+    std::string text;
+    AppendFixed(text, value, decimals);
+    Add(text);
+}
+
+}  // namespace numbers
