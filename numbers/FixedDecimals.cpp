@@ -112,11 +112,11 @@ char* PrintShort(char* at, double value, int decimals) {
     return whole ? PrintScaled(at, value < 0.0, *whole, decimals) : nullptr;
 }
 
-char* PrintShort(char* at, std::int64_t value) {
+char* PrintShortUnits(char* at, std::int64_t value, int decimals) {
     const auto bits = static_cast<std::uint64_t>(value);
     const std::uint64_t magnitude = value < 0 ? 0 - bits : bits;
     constexpr auto kMost = static_cast<std::uint64_t>(kExactBelow);
-    return magnitude < kMost ? PrintScaled(at, value < 0, magnitude, 0) : nullptr;
+    return magnitude < kMost ? PrintScaled(at, value < 0, magnitude, decimals) : nullptr;
 }
 
 void AppendFixed(std::string& text, double value, int decimals) {

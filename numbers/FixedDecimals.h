@@ -19,6 +19,7 @@ inline constexpr std::size_t kRoomOfShort = 32;
 /// Prints the same digits as AppendFixed, and some characters behind them that mean nothing. The
 /// end of the digits; null for a number that is too long, or too hard to tell: AppendFixed has all.
 char* PrintShort(char* at, double value, int decimals);
-char* PrintShort(char* at, std::int64_t value);
+/// The same of a number of units of which 10^decimals are one; at most 6 decimals.
+char* PrintShortUnits(char* at, std::int64_t value, int decimals);
 
 }  // namespace numbers

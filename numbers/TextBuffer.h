@@ -54,7 +54,7 @@ class TextBuffer {
     void Add(std::string_view text) {
         m_at = std::copy(text.begin(), text.end(), Room(text.size()));
     }
-    void Add(const Word& word) {
+    void AddWord(const Word& word) {
         std::memcpy(Room(Word::kMost), word.m_text.data(), Word::kMost);
         m_at += word.m_size;
     }
@@ -78,18 +78,27 @@ class TextBuffer {
         else
             AddLong(value, decimals);
     }
-    void AddWhole(std::int64_t value) {
-        if (char* const end = PrintShort(Room(kRoomOfShort), value))
+    /// A number of units of which 10^decimals are one.
+    void AddUnits(std::int64_t value, int decimals) {
+        if (char* const end = PrintShortUnits(Room(kRoomOfShort), value, decimals))
             m_at = end;
         else
-            Add(std::to_string(value));
+            AddLongUnits(value, decimals);
     }
+    void AddWhole(std::int64_t value) { AddUnits(value, 0); }
+    void AddBlanks(std::size_t count) {
+        std::memset(Room(count), ' ', count);
+        m_at += count;
+    }
+    /// Puts blanks before what was added from `begin` on, so that it has a width at least; each
+    /// byte of it is a character.
+    void AlignRight(std::size_t begin, std::size_t width);
 
+    std::size_t GetSize() const { return static_cast<std::size_t>(m_at - m_text.get()); }
     std::string_view View() const { return {m_text.get(), GetSize()}; }
     void Clear() { m_at = m_text.get(); }
 
   private:
-    std::size_t GetSize() const { return static_cast<std::size_t>(m_at - m_text.get()); }
     /// Where the text goes on, with room for so many characters.
     char* Room(std::size_t count) {
         if (static_cast<std::size_t>(m_end - m_at) < count)
@@ -98,6 +107,7 @@ class TextBuffer {
     }
     void Grow(std::size_t least);
     void AddLong(double value, int decimals);
+    void AddLongUnits(std::int64_t value, int decimals);
 
     std::unique_ptr<char[]> m_text;
     char* m_at;   ///< in it, where the text goes on

@@ -174,8 +174,9 @@ report::CuttingPlan PlanOf(const RunPlan& source) {
     shown.title = (source.group + L": " + NameOfProfile(plan)).toUtf8();
     shown.summary = SummaryOf(plan);
     shown.firstBar = plan.firstBar;
+    plugin::BarWalk walk(plan);
     for (const cutting::PlannedBars& bars : plan.plan.bars)
-        shown.bars.push_back(BarOf(plan, bars, plugin::BarWalk(plan).Next(bars)));
+        shown.bars.push_back(BarOf(plan, bars, walk.Next(bars)));
     return shown;
 }
 

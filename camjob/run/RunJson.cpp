@@ -95,8 +95,7 @@ JsonText EntriesJson(const plugin::ProfilePlan& plan) {
     long bar = plan.firstBar;
     for (const cutting::PlannedBars& bars : plan.plan.bars) {
         entries.Add(EntryJson(plan, bars, bar, walk.Next(bars)));
-        for (cutting::Count other = 1; other < bars.bars; ++other)
-            walk.Next(bars);
+        walk.Skip(bars, bars.bars - 1);
         bar += static_cast<long>(bars.bars);
     }
     return entries.ToText();

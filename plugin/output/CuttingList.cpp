@@ -1,8 +1,14 @@
 #include "plugin/output/CuttingList.h"
 
 #include "job/CsvTable.h"
+#include "numbers/TextBuffer.h"
 
-#include <string_view>
+#include "camdata/util/CMxUtil.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <string>
+#include <vector>
 
 namespace plugin {
 
@@ -10,14 +16,50 @@ namespace {
 
 constexpr double kPercent = 100.0;
 constexpr double kMillimetresAMetre = 1000.0;
-constexpr cutting::Length kUnitsAMillimetre = 1000;
+constexpr std::size_t kUsualBar = 1000;
+
+using numbers::TextBuffer;
 
 // ---- text ---------------------------------------------------------------------------------------
 
-ZetString BarNumbers(long first, long count) {
+/// As UTF-8.
+void Add(TextBuffer& text, const ZetString& wide) {
+    const auto isAscii = [](wchar_t c) { return (c & ~0x7F) == 0; };
+    if (!text.AddAscii(wide.view(), isAscii))
+        text.Add(wide.toUtf8());
+}
+
+void AddBarNumbers(TextBuffer& text, long first, long count) {
+    text.Add(count == 1 ? "Bar " : "Bars ");
+    text.AddWhole(first);
     if (count == 1)
-        return ZetString::format(L"Bar %d", first);
-    return ZetString::format(L"Bars %d to %d: %d bars", first, first + count - 1, count);
+        return;
+    text.Add(" to ");
+    text.AddWhole(first + count - 1);
+    text.Add(": ");
+    text.AddWhole(count);
+    text.Add(" bars");
+}
+
+/// Millimetres with one decimal, at the end of a column.
+void AddLength(TextBuffer& text, cutting::Length length, std::size_t width = 0) {
+    const std::size_t begin = text.GetSize();
+    text.AddFixed(Millimetres(length), 1);
+    text.AlignRight(begin, width);
+}
+
+/// At the end of a column.
+void AddCount(TextBuffer& text, long count, std::size_t width) {
+    const std::size_t begin = text.GetSize();
+    text.AddWhole(count);
+    text.AlignRight(begin, width);
+}
+
+/// At the beginning of a column.
+void AddMark(TextBuffer& text, const ZetString& mark) {
+    constexpr long kWidth = 12;
+    Add(text, mark);
+    text.AddBlanks(static_cast<std::size_t>(std::max(kWidth - mark.length(), 0L)));
 }
 
 /// "6000.0, kerf 3.0, grips 20.0 and 30.0", "2350.0, remnant R-17, kerf 3.0"
@@ -31,48 +73,73 @@ ZetString DescribeStock(const BarStock& stock) {
     return text;
 }
 
-ZetString OffCutLine(const ProfilePlan& plan, const cutting::PlannedBars& bars) {
-    if (bars.offCut == 0)
-        return L"\tNo off-cut";
-    return ZetString::format(
-        L"\tOff-cut %.1f%s", Millimetres(bars.offCut), IsKept(plan, bars) ? L", kept" : L"");
+/// With its beginning and end.
+void AddOffCut(TextBuffer& text, const ProfilePlan& plan, const cutting::PlannedBars& bars) {
+    if (bars.offCut == 0) {
+        text.Add("\tNo off-cut\n");
+        return;
+    }
+    text.Add("\tOff-cut ");
+    AddLength(text, bars.offCut);
+    text.Add(IsKept(plan, bars) ? ", kept\n" : "\n");
 }
 
-/// The piece's number on the last of the bars that are cut alike; "" for a single bar.
-ZetString NumberOnLastBar(const PieceOnBar& piece, const cutting::PlannedBars& bars) {
-    if (bars.bars == 1)
-        return {};
-    cutting::Count perBar = 0;
+/// How many pieces of the part are on one bar.
+cutting::Count CountOn(const cutting::PlannedBars& bars, std::size_t part) {
+    cutting::Count count = 0;
     for (const cutting::Cut& cut : bars.cuts)
-        perBar += cut.part == piece.part ? cut.count : 0;
-    return ZetString::format(L"%d", piece.number + static_cast<long>((bars.bars - 1) * perBar));
+        count += cut.part == part ? cut.count : 0;
+    return count;
 }
 
-void AppendBars(const ProfilePlan& plan, ZetArray<ZetString>& lines) {
+/// With the piece's number on the last of the bars that are cut alike, when they are several.
+void AddPiece(TextBuffer& text,
+              const BarPart& part,
+              const PieceOnBar& piece,
+              const cutting::PlannedBars& bars) {
+    text.Add('\t');
+    AddLength(text, piece.position, 9);
+    text.Add("  ");
+    AddMark(text, part.mark);
+    text.Add(' ');
+    AddLength(text, piece.length, 9);
+    text.Add("  ");
+    AddCount(text, piece.number, 6);
+    text.Add("  ");
+    if (bars.bars == 1)
+        text.AddBlanks(6);
+    else
+        AddCount(
+            text, piece.number + static_cast<long>((bars.bars - 1) * CountOn(bars, piece.part)), 6);
+    text.Add("  ");
+    Add(text, part.file);
+    text.Add('\n');
+}
+
+void WriteBars(const ProfilePlan& plan, ZetFileAccess& file) {
     BarWalk walk(plan);
     long number = plan.firstBar;
-    std::vector<ZetString> stocks;
+    std::vector<std::string> stocks;
     for (const BarStock& stock : plan.stocks)
-        stocks.push_back(DescribeStock(stock));
-    lines.append(L"");
-    lines.append(L"\t position  mark            length   piece    last  member");
+        stocks.push_back(DescribeStock(stock).toUtf8());
+    TextBuffer text(kUsualBar);
+    text.Add("\n\t position  mark            length   piece    last  member\n");
     for (const cutting::PlannedBars& bars : plan.plan.bars) {
         const auto count = static_cast<long>(bars.bars);
-        lines.append(L"");
-        lines.append(BarNumbers(number, count) + L" of " + stocks[bars.stock]);
+        text.Add('\n');
+        AddBarNumbers(text, number, count);
+        text.Add(" of ");
+        text.Add(stocks[bars.stock]);
+        text.Add('\n');
         for (const PieceOnBar& piece : walk.Next(bars))
-            lines.append(ZetString::format(L"\t%9.1f  %-12s %9.1f  %6d  %6s  %s",
-                                           Millimetres(piece.position),
-                                           plan.parts[piece.part].mark,
-                                           Millimetres(piece.length),
-                                           piece.number,
-                                           NumberOnLastBar(piece, bars),
-                                           plan.parts[piece.part].file));
-        lines.append(OffCutLine(plan, bars));
-        for (cutting::Count other = 1; other < bars.bars; ++other)
-            walk.Next(bars);
+            AddPiece(text, plan.parts[piece.part], piece, bars);
+        AddOffCut(text, plan, bars);
+        walk.Skip(bars, bars.bars - 1);
         number += count;
+        file.WriteUtf8(text.View());
+        text.Clear();
     }
+    file.WriteUtf8(text.View());
 }
 
 void AppendUncut(const ProfilePlan& plan, ZetArray<ZetString>& lines) {
@@ -137,14 +204,10 @@ void AppendTotals(const ProfilePlan& plan, ZetArray<ZetString>& lines) {
 
 // ---- table --------------------------------------------------------------------------------------
 
-/// Millimetres with all decimals that a plan counts; length >= 0. A table has four per piece, so
-/// they are put together from whole numbers.
-std::string Field(cutting::Length length) {
-    const auto decimals = static_cast<int>(length % kUnitsAMillimetre);
-    const auto digit = [](int value) { return static_cast<char>('0' + value % 10); };
-    std::string field = std::to_string(length / kUnitsAMillimetre);
-    field += {'.', digit(decimals / 100), digit(decimals / 10), digit(decimals)};
-    return field;
+/// Millimetres with all decimals that a plan counts.
+void AddField(TextBuffer& row, cutting::Length length) {
+    row.AddUnits(length, 3);
+    row.Add(',');
 }
 
 /// The marks of all parts.
@@ -157,14 +220,16 @@ std::vector<std::string> MarkFields(const ProfilePlan& plan) {
 
 }  // namespace
 
-ZetArray<ZetString> MakeCuttingLines(const ProfilePlan& plan, const ZetString& group) {
-    ZetArray<ZetString> lines = {
-        ZetString::format(L"Cutting list of group %s, %s", group, NameOfProfile(plan))};
-    AppendBars(plan, lines);
+void WriteCuttingList(const ProfilePlan& plan, const ZetString& group, ZetFileAccess& file) {
+    const ZetString title =
+        ZetString::format(L"Cutting list of group %s, %s", group, NameOfProfile(plan));
+    file.WriteUtf8(title.toUtf8() + '\n');
+    WriteBars(plan, file);
+    ZetArray<ZetString> lines;
     AppendUncut(plan, lines);
     AppendTotals(plan, lines);
     lines.append(L"");
-    return lines;
+    CMxUtil::AsArrStrPrint(lines, &file);
 }
 
 std::string CuttingTable::MakeHead() {
@@ -176,27 +241,30 @@ void CuttingTable::WriteRows(const ProfilePlan& plan, const ZetString& group, Ze
     const std::string begin = job::CsvField(group) + "," + job::CsvField(plan.profileName) + "," +
                               job::CsvField(plan.material) + ",";
     const std::vector<std::string> marks = MarkFields(plan);
-    std::string rows;  // of a bar; the memory is that of the bar before
+    TextBuffer rows(kUsualBar);  // of a bar
     BarWalk walk(plan);
     long bar = plan.firstBar;
     for (const cutting::PlannedBars& bars : plan.plan.bars) {
-        const std::string end = "," + Field(bars.offCut) + (IsKept(plan, bars) ? ",yes" : ",no");
+        const cutting::Length stock = plan.cutStocks[bars.stock].length;
+        const char* const end = IsKept(plan, bars) ? "yes" : "no";
         for (cutting::Count i = 0; i < bars.bars; ++i, ++bar) {
-            const std::string onBar =
-                begin + std::to_string(bar) + "," + Field(plan.cutStocks[bars.stock].length) + ",";
-            rows.clear();
-            for (const PieceOnBar& piece : walk.Next(bars))
-                rows.append(onBar)
-                    .append(Field(piece.position))
-                    .append(",")
-                    .append(marks[piece.part])
-                    .append(",")
-                    .append(std::to_string(piece.number))
-                    .append(",")
-                    .append(Field(piece.length))
-                    .append(end)
-                    .append(job::kCsvLineEnd);
-            file.WriteUtf8(rows);
+            rows.Clear();
+            for (const PieceOnBar& piece : walk.Next(bars)) {
+                rows.Add(begin);
+                rows.AddWhole(bar);
+                rows.Add(',');
+                AddField(rows, stock);
+                AddField(rows, piece.position);
+                rows.Add(marks[piece.part]);
+                rows.Add(',');
+                rows.AddWhole(piece.number);
+                rows.Add(',');
+                AddField(rows, piece.length);
+                AddField(rows, bars.offCut);
+                rows.Add(end);
+                rows.Add(job::kCsvLineEnd);
+            }
+            file.WriteUtf8(rows.View());
         }
     }
 }

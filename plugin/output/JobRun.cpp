@@ -522,7 +522,7 @@ void JobRun::WriteCuttingList(const ZetString& name) {
     ZetFileAccess file;
     file.Open(name, L"w");
     for (const ProfilePlan& plan : m_plans)
-        CMxUtil::AsArrStrPrint(MakeCuttingLines(plan, m_job.groups[plan.group].id), &file);
+        plugin::WriteCuttingList(plan, m_job.groups[plan.group].id, file);
     CloseFile(file, name);
 }
 

@@ -257,7 +257,7 @@ struct FieldFormatter {
         AddPoints(line, record.*value);
     }
     void operator()(const WordField<Record>& field) const {
-        line.Add(field.words[static_cast<std::size_t>(record.*field.value)]);
+        line.AddWord(field.words[static_cast<std::size_t>(record.*field.value)]);
     }
 };
 
@@ -302,9 +302,9 @@ void AddLine(TextBuffer& text,
              const Word& word,
              std::span<const Field<Record>> fields,
              const Record& record) {
-    text.Add(word);
+    text.AddWord(word);
     for (const Field<Record>& field : fields) {
-        text.Add(field.begin);
+        text.AddWord(field.begin);
         std::visit(FieldFormatter<Record>{record, text}, field.value);
     }
 }
@@ -386,7 +386,7 @@ std::string FormatMember(const MachineMember& member) {
         AddOperation(text, operation);
     }
     text.Add('\n');
-    text.Add(Word(kEndWord));
+    text.AddWord(Word(kEndWord));
     text.Add('\n');
     return std::string(text.View());
 }

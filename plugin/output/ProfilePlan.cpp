@@ -113,14 +113,6 @@ cutting::Plan MakeGivenPlan(const ProfilePlan& plan, const NestMaker& makeNests)
     return given;
 }
 
-/// On one bar.
-cutting::Count CountPieces(const cutting::PlannedBars& bars) {
-    cutting::Count count = 0;
-    for (const cutting::Cut& cut : bars.cuts)
-        count += cut.count;
-    return count;
-}
-
 }  // namespace
 
 cutting::Length PieceLength(double length) {
@@ -164,20 +156,22 @@ ProfilePlan MakeProfilePlan(const job::Job& job,
 
 // ---- what is on the bars ------------------------------------------------------------------------
 
-BarWalk::BarWalk(const ProfilePlan& plan) : m_plan(plan), m_numbers(plan.parts.size()) {}
-
-std::vector<PieceOnBar> BarWalk::Next(const cutting::PlannedBars& bars) {
+const std::vector<PieceOnBar>& BarWalk::Next(const cutting::PlannedBars& bars) {
     const cutting::Stock& stock = m_plan.cutStocks[bars.stock];
-    std::vector<PieceOnBar> pieces;
-    pieces.reserve(static_cast<std::size_t>(CountPieces(bars)));
+    m_pieces.clear();
     cutting::Length position = stock.gripStart;
     for (const cutting::Cut& cut : bars.cuts)
         for (cutting::Count i = 0; i < cut.count; ++i) {
             const cutting::Length length = m_plan.demand[cut.part].length;
-            pieces.push_back({cut.part, position, length, ++m_numbers[cut.part]});
+            m_pieces.push_back({cut.part, position, length, ++m_numbers[cut.part]});
             position += length + stock.kerf;
         }
-    return pieces;
+    return m_pieces;
+}
+
+void BarWalk::Skip(const cutting::PlannedBars& bars, cutting::Count count) {
+    for (const cutting::Cut& cut : bars.cuts)
+        m_numbers[cut.part] += static_cast<long>(count * cut.count);
 }
 
 bool HasRemnants(const ProfilePlan& plan) {

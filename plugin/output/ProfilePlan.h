@@ -89,13 +89,16 @@ struct PieceOnBar {
 /// The pieces of each bar in turn; numbers go on from bar to bar.
 class BarWalk {
   public:
-    explicit BarWalk(const ProfilePlan& plan);
-    /// Of the next bar that is cut like this.
-    std::vector<PieceOnBar> Next(const cutting::PlannedBars& bars);
+    explicit BarWalk(const ProfilePlan& plan) : m_plan(plan), m_numbers(plan.parts.size()) {}
+    /// Of the next bar, which is cut like this; until the next call.
+    const std::vector<PieceOnBar>& Next(const cutting::PlannedBars& bars);
+    /// Passes over so many bars that are cut like this.
+    void Skip(const cutting::PlannedBars& bars, cutting::Count count);
 
   private:
     const ProfilePlan& m_plan;
     std::vector<long> m_numbers;  ///< by part
+    std::vector<PieceOnBar> m_pieces;
 };
 
 /// What a plan comes to; lengths in mm.
