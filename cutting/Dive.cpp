@@ -171,7 +171,8 @@ class Diving {
 
 Answer AnswerQuickly(const Task& task, Effort& effort) {
     const Rest rest(task);
-    Answer answer = {FitDecreasing(task, rest), FindQuickBound(task)};
+    Answer answer = {FitDecreasing(task, rest)};
+    answer.bound = FindQuickBound(task, CostOf(task, answer.solution));
     Solution bySlack = SearchLeastSlack(task, rest, effort);
     if (IsBetter(task, bySlack, answer.solution))
         answer.solution = std::move(bySlack);

@@ -60,11 +60,14 @@ std::vector<Length> CutOffs(const Task& task, Length capacity) {
     return some;
 }
 
-Count FindBarBound(const Task& task) {
+/// Nothing bounds higher than the bars of a solution.
+Count FindBarBound(const Task& task, Count known) {
     const Length capacity = task.kinds.front().capacity;
     Count bound = CountBars(task, capacity, [](Length width) { return width; });
-    for (Length k = 1; k <= kMostSteps; ++k)
+    for (Length k = 1; k <= kMostSteps && bound < known; ++k)
         bound = std::max(bound, BoundBySteps(task, capacity, k));
+    if (bound >= known)
+        return bound;
     for (const Length cutOff : CutOffs(task, capacity)) {
         bound = std::max(bound, BoundByCutOff(task, capacity, cutOff));
         bound = std::max(bound, BoundByRoom(task, capacity, cutOff));
@@ -99,11 +102,12 @@ Cost BoundByCheapestLengths(const Task& task) {
 
 }  // namespace
 
-Cost FindQuickBound(const Task& task) {
+Cost FindQuickBound(const Task& task, Cost known) {
     if (task.sizes.empty())
         return 0;
-    if (task.kinds.size() == 1 && task.kinds.front().count == kUnlimited)
-        return FindBarBound(task) * task.kinds.front().cost;
+    const Task::Kind& kind = task.kinds.front();
+    if (task.kinds.size() == 1 && kind.count == kUnlimited)
+        return FindBarBound(task, known / kind.cost) * kind.cost;
     return BoundByCheapestLengths(task);
 }
 

@@ -9,6 +9,7 @@
 #include "cutting/Task.h"
 
 #include <algorithm>
+#include <limits>
 #include <utility>
 
 namespace cutting {
@@ -123,6 +124,17 @@ Plan MakeFirstFitPlan(const Demand& demand, const std::vector<Stock>& stocks) {
     });
 }
 
+std::optional<Cost> FindFirstFitCost(const Demand& demand, const std::vector<Stock>& stocks) {
+    if (!FindTooLong(demand, stocks).empty())
+        return std::nullopt;
+    const Task task = MakeTask(demand, stocks);
+    const Solution solution = FitDecreasing(task, Rest(task));
+    const bool isCut = std::none_of(solution.begin(), solution.end(), [&](const PatternUse& use) {
+        return task.kinds[use.pattern.kind].stock == Task::kNoStock;
+    });
+    return isCut ? std::optional(CostOf(task, solution) * task.costUnit) : std::nullopt;
+}
+
 std::optional<Cost> CostFromShortest(const Demand& demand, const std::vector<Stock>& stocks) {
     const auto isWorse = [](const Stock& a, const Stock& b) {
         return std::pair(a.count == kUnlimited, a.GetUsable()) <
@@ -162,9 +174,12 @@ std::vector<Count> FindTooLong(const Demand& demand, const std::vector<Stock>& s
     return isAny ? tooLong : std::vector<Count>();
 }
 
-Cost FindCostBound(const Demand& demand, const std::vector<Stock>& stocks) {
+Cost FindCostBound(const Demand& demand,
+                   const std::vector<Stock>& stocks,
+                   std::optional<Cost> known) {
     const Task task = MakeTask(WithoutTooLong(demand, stocks), stocks);
-    return FindQuickBound(task) * task.costUnit;
+    constexpr Cost kNoneKnown = std::numeric_limits<Cost>::max();
+    return FindQuickBound(task, known ? *known / task.costUnit : kNoneKnown) * task.costUnit;
 }
 
 }  // namespace cutting

@@ -24,6 +24,9 @@ using Planner = std::function<Plan(const Demand&, const std::vector<Stock>&, std
 /// The plan of first-fit-decreasing, for comparison. Without a bound.
 Plan MakeFirstFitPlan(const Demand& demand, const std::vector<Stock>& stocks);
 
+/// The cost of that plan; nothing where it leaves pieces uncut.
+std::optional<Cost> FindFirstFitCost(const Demand& demand, const std::vector<Stock>& stocks);
+
 /// The cost when bars are filled from the shortest piece up, on the longest stock without limit (or
 /// the longest, when all have one). Nothing where that leaves pieces uncut.
 std::optional<Cost> CostFromShortest(const Demand& demand, const std::vector<Stock>& stocks);
@@ -31,7 +34,10 @@ std::optional<Cost> CostFromShortest(const Demand& demand, const std::vector<Sto
 /// By mark: the pieces that no bar is long enough for; empty when there are none.
 std::vector<Count> FindTooLong(const Demand& demand, const std::vector<Stock>& stocks);
 
-/// A cost that no plan goes below, from sums over the lengths.
-Cost FindCostBound(const Demand& demand, const std::vector<Stock>& stocks);
+/// A cost that no plan goes below, from sums over the lengths. `known` is the cost of some plan
+/// that cuts all pieces: where the bound reaches it, no higher one is looked for.
+Cost FindCostBound(const Demand& demand,
+                   const std::vector<Stock>& stocks,
+                   std::optional<Cost> known);
 
 }  // namespace cutting

@@ -1,9 +1,7 @@
 #include "cutting/Task.h"
 
 #include <algorithm>
-#include <functional>
 #include <limits>
-#include <map>
 #include <numeric>
 #include <tuple>
 #include <utility>
@@ -35,13 +33,20 @@ Length CommonDivisor(const Demand& demand, const std::vector<Stock>& stocks, Len
 }
 
 std::vector<Task::Size> MakeSizes(const Demand& demand, Length kerf, Length unit) {
-    std::map<Length, Count, std::greater<>> counts;
+    std::vector<Task::Size> all;
+    all.reserve(demand.size());
     for (const Part& part : demand)
         if (part.count > 0)
-            counts[(part.length + kerf) / unit] += part.count;
+            all.push_back({(part.length + kerf) / unit, part.count});
+    std::sort(all.begin(), all.end(), [](const Task::Size& a, const Task::Size& b) {
+        return a.width > b.width;
+    });
     std::vector<Task::Size> sizes;
-    for (const auto& [width, count] : counts)
-        sizes.push_back({width, count});
+    for (const Task::Size& size : all) {
+        if (sizes.empty() || sizes.back().width != size.width)
+            sizes.push_back({size.width, 0});
+        sizes.back().count += size.count;
+    }
     return sizes;
 }
 
@@ -69,12 +74,9 @@ class Marks {
   public:
     Marks(const Demand& demand, const Task& task, Length kerf, Length unit)
         : m_marks(task.sizes.size()) {
-        std::map<Length, std::size_t> sizes;
-        for (std::size_t size = 0; size < task.sizes.size(); ++size)
-            sizes[task.sizes[size].width] = size;
         for (std::size_t part = demand.size(); part-- > 0;)
             if (demand[part].count > 0)
-                m_marks[sizes.at((demand[part].length + kerf) / unit)].push_back(
+                m_marks[SizeOf(task, (demand[part].length + kerf) / unit)].push_back(
                     {part, demand[part].count});
     }
 
@@ -95,6 +97,14 @@ class Marks {
     }
 
   private:
+    static std::size_t SizeOf(const Task& task, Length width) {
+        const auto at = std::lower_bound(
+            task.sizes.begin(), task.sizes.end(), width, [](const Task::Size& size, Length wanted) {
+                return size.width > wanted;
+            });
+        return static_cast<std::size_t>(at - task.sizes.begin());
+    }
+
     static Cut TakeMark(std::vector<Cut>& marks, Count& left, Count bars) {
         Cut& mark = marks.back();
         const Cut cut = {mark.part, std::min(left, mark.count / bars)};
@@ -241,17 +251,23 @@ Pattern TrimPattern(const Pattern& pattern, const Rest& rest) {
 }
 
 void MergeEqual(Solution& solution) {
-    std::sort(solution.begin(), solution.end(), [](const PatternUse& a, const PatternUse& b) {
+    const auto isBefore = [](const PatternUse& a, const PatternUse& b) {
         return a.pattern < b.pattern;
-    });
-    Solution merged;
-    for (PatternUse& use : solution) {
-        if (!merged.empty() && merged.back().pattern == use.pattern)
-            merged.back().times += use.times;
-        else
-            merged.push_back(std::move(use));
+    };
+    // First fit makes most in this order.
+    if (!std::is_sorted(solution.begin(), solution.end(), isBefore))
+        std::sort(solution.begin(), solution.end(), isBefore);
+    auto last = solution.begin();
+    for (auto use = solution.begin(); use != solution.end(); ++use) {
+        if (use == last)
+            continue;
+        if (last->pattern == use->pattern)
+            last->times += use->times;
+        else if (++last != use)
+            *last = std::move(*use);
     }
-    solution = std::move(merged);
+    if (!solution.empty())
+        solution.erase(last + 1, solution.end());
 }
 
 bool IsBetter(const Task& task, const Solution& solution, const Solution& than) {

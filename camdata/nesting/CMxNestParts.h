@@ -7,7 +7,8 @@
 
 namespace camdata::detail {
 class NestMaker;
-}
+struct NestPieces;
+}  // namespace camdata::detail
 
 /// One nest: a stock bar, the pieces cut from it, and how many bars are cut the same way. A value;
 /// mm.
@@ -56,6 +57,7 @@ class CAMDATA_API CMxNestParts {
 
   private:
     friend class camdata::detail::NestMaker;
+    friend struct camdata::detail::NestPieces;
 
     bool Fits(double pieceLength, double offCut) const;
     bool HasRoomFor(double pieceLength) const;

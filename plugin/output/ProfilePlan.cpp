@@ -1,9 +1,11 @@
 #include "plugin/output/ProfilePlan.h"
 
+#include "camdata/nesting/NestPieces.h"
+
 #include <algorithm>
 #include <cmath>
 #include <map>
-#include <string_view>
+#include <string>
 #include <utility>
 
 namespace plugin {
@@ -47,27 +49,29 @@ cutting::Stock StockOf(const BarStock& stock, PlanUnit unit) {
 
 // ---- the library's plan -------------------------------------------------------------------------
 
-/// The whole number behind `name` in a line of the library; the text goes on behind it.
-long NumberBehind(std::wstring_view name, std::wstring_view& text) {
-    text.remove_prefix(text.find(name) + name.size());
-    long number = 0;
-    for (; !text.empty() && text.front() >= L'0' && text.front() <= L'9'; text.remove_prefix(1))
-        number = number * 10 + (text.front() - L'0');
-    return number;
+/// A mark that stands for a position, and back.
+ZetString MarkAt(std::size_t position) {
+    return ZetString::fromUtf8(std::to_string(position));
 }
 
-/// A nest tells its marks in its text only. They are positions of parts here.
+std::size_t PositionOf(const ZetString& mark) {
+    std::size_t position = 0;
+    for (const wchar_t digit : mark.view())
+        position = position * 10 + static_cast<std::size_t>(digit - L'0');
+    return position;
+}
+
+/// The marks of the nest are positions of parts.
 cutting::PlannedBars BarsOf(const CMxNestParts& nest, const ProfilePlan& plan) {
-    constexpr std::wstring_view kMark = L"\tMark:";
+    const camdata::detail::NestPieces onBar(nest);
     cutting::PlannedBars bars;
     bars.bars = nest.GetQty();
-    const ZetString combinations = nest.GenerateCombinations();
-    std::wstring_view text = combinations.view();
+    bars.cuts.reserve(static_cast<std::size_t>(onBar.marks.length()));
     cutting::Length pieceLength = 0;
     cutting::Count pieces = 0;
-    while (text.find(kMark) != std::wstring_view::npos) {
-        const auto part = static_cast<std::size_t>(NumberBehind(kMark, text));
-        const cutting::Count count = NumberBehind(L"Qty:", text);
+    for (long i = 0; i < onBar.marks.length(); ++i) {
+        const std::size_t part = PositionOf(onBar.marks[i]);
+        const cutting::Count count = onBar.quantities[i];
         bars.cuts.push_back({part, count});
         pieceLength += count * plan.demand[part].length;
         pieces += count;
@@ -83,7 +87,7 @@ ZetArray<CMxParts> PartsToNest(const ProfilePlan& plan) {
         if (plan.demand[i].length > plan.cutStocks.front().GetUsable())
             continue;
         CMxParts part;
-        part.SetPartNo(ZetString::format(L"%d", static_cast<long>(i)));
+        part.SetPartNo(MarkAt(i));
         part.SetQty(static_cast<long>(plan.demand[i].count));
         part.SetLength(Millimetres(plan.demand[i].length));
         parts.append(std::move(part));
@@ -108,7 +112,7 @@ cutting::Plan MakeGivenPlan(const ProfilePlan& plan, const NestMaker& makeNests)
         else
             given.bars[at->second].bars += bars.bars;
     }
-    given.bound = cutting::FindCostBound(plan.demand, plan.cutStocks);
+    given.bound = cutting::FindCostBound(plan.demand, plan.cutStocks, plan.firstFit);
     given.uncut = cutting::FindTooLong(plan.demand, plan.cutStocks);
     return given;
 }
@@ -143,7 +147,7 @@ ProfilePlan MakeProfilePlan(const job::Job& job,
     plan.unit = UnitOf(plan.stocks);
     for (const BarStock& stock : plan.stocks)
         plan.cutStocks.push_back(StockOf(stock, plan.unit));
-    plan.firstFit = CostOfAll(cutting::MakeFirstFitPlan(plan.demand, plan.cutStocks));
+    plan.firstFit = cutting::FindFirstFitCost(plan.demand, plan.cutStocks);
     plan.given = cutting::CostFromShortest(plan.demand, plan.cutStocks);
     if (plan.kind == job::BarPlan::kLeast) {
         plan.plan = makers.least(plan.demand, plan.cutStocks, job.cutting.effort * kStepsOfEffort);
