@@ -41,7 +41,9 @@ OutputMember ToCompare(const RunReport& report, std::size_t index) {
     return member;
 }
 
-OutputCut ToCompare(const plugin::ProfilePlan& plan, const cutting::PlannedBars& bars) {
+OutputCut ToCompare(const plugin::ProfilePlan& plan,
+                    const cutting::PlannedBars& bars,
+                    const std::vector<plugin::PieceOnBar>& pieces) {
     const plugin::BarStock& stock = plan.stocks[bars.stock];
     OutputCut cut;
     cut.count = static_cast<long>(bars.bars);
@@ -51,7 +53,7 @@ OutputCut ToCompare(const plugin::ProfilePlan& plan, const cutting::PlannedBars&
         cut.remnant = stock.name.toUtf8();
     cut.offCut = plugin::Millimetres(bars.offCut);
     cut.isKept = IsKept(plan, bars);
-    for (const plugin::PieceOnBar& piece : plugin::BarWalk(plan).Next(bars))
+    for (const plugin::PieceOnBar& piece : pieces)
         cut.pieces.push_back({plan.parts[piece.part].mark.toUtf8(),
                               plugin::Millimetres(piece.position),
                               plugin::Millimetres(piece.length)});
@@ -68,8 +70,9 @@ OutputBars ToCompare(const RunPlan& run) {
                            totals.GetUtilisation(),
                            totals.uncut,
                            {}};
+    plugin::BarWalk walk(plan);
     for (const cutting::PlannedBars& bars : plan.plan.bars)
-        compared.cuts.push_back(ToCompare(plan, bars));
+        compared.cuts.push_back(ToCompare(plan, bars, walk.Next(bars)));
     return compared;
 }
 

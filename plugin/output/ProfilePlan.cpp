@@ -160,7 +160,7 @@ ProfilePlan MakeProfilePlan(const job::Job& job,
 
 // ---- what is on the bars ------------------------------------------------------------------------
 
-const std::vector<PieceOnBar>& BarWalk::Next(const cutting::PlannedBars& bars) {
+const std::vector<PieceOnBar>& BarWalk::Next(const cutting::PlannedBars& bars) & {
     const cutting::Stock& stock = m_plan.cutStocks[bars.stock];
     m_pieces.clear();
     cutting::Length position = stock.gripStart;

@@ -90,8 +90,8 @@ struct PieceOnBar {
 class BarWalk {
   public:
     explicit BarWalk(const ProfilePlan& plan) : m_plan(plan), m_numbers(plan.parts.size()) {}
-    /// Of the next bar, which is cut like this; until the next call.
-    const std::vector<PieceOnBar>& Next(const cutting::PlannedBars& bars);
+    /// Of the next bar, which is cut like this; lent until the next call.
+    const std::vector<PieceOnBar>& Next(const cutting::PlannedBars& bars) &;
     /// Passes over so many bars that are cut like this.
     void Skip(const cutting::PlannedBars& bars, cutting::Count count);
 
