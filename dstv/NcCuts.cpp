@@ -1,13 +1,11 @@
 #include "dstv/NcCuts.h"
 
 #include "dstv/NcRoundEnd.h"
+#include "profiles/SectionWalls.h"
 
 #include <algorithm>
-#include <array>
 #include <cmath>
 #include <numbers>
-#include <string>
-#include <string_view>
 
 namespace dstv {
 namespace {
@@ -25,7 +23,7 @@ double AngleOf(double along, double across) {
 }
 
 bool IsRound(const NcHeader& header) {
-    return header.profileCode == L"RO" || header.profileCode == L"RU";
+    return profiles::IsRound(header.profileCode.view());
 }
 
 /// Where a cut leaves the piece longest: over the corners of the section, or its circle.
@@ -48,33 +46,10 @@ double ReachOf(const NcSawCut& cut, const NcHeader& header) {
     return reach;
 }
 
-/// A wall of sections of some profile codes.
-struct Wall {
-    std::wstring_view codes;  ///< each between blanks
-    NcFace views[2];          ///< that see it
-    bool isFlange;
-    double at;  ///< across the section, from behind or from the bottom: 0 to 1
-};
-
-/// Where the wall of a section of its own stands.
-constexpr double kAnywhere = -1.0;
-
-constexpr Wall kWalls[] = {
-    {L" I ",          {NcFace::kFront, NcFace::kBehind},  false, 0.5      },
-    {L" U C L T B ",  {NcFace::kFront, NcFace::kBehind},  false, 0.0      },
-    {L" SO RO RU ",   {NcFace::kFront, NcFace::kBehind},  false, kAnywhere},
-    {L" M ",          {NcFace::kFront, NcFace::kFront},   false, 1.0      },
-    {L" M ",          {NcFace::kBehind, NcFace::kBehind}, false, 0.0      },
-    {L" I U C M SO ", {NcFace::kTop, NcFace::kTop},       true,  1.0      },
-    {L" I U C M SO ", {NcFace::kBottom, NcFace::kBottom}, true,  0.0      },
-    {L" L ",          {NcFace::kBottom, NcFace::kTop},    true,  0.0      },
-    {L" T ",          {NcFace::kBottom, NcFace::kTop},    true,  0.5      },
-};
+using profiles::Wall;
 
 bool IsWallOf(const Wall& wall, const NcHeader& header) {
-    return wall.codes.find(L" " + std::wstring(header.profileCode.view()) + L" ") !=
-               std::wstring_view::npos &&
-           (!wall.isFlange || header.flangeWidth > 0.0);
+    return wall.IsOf(header.profileCode.view()) && (!wall.IsFlange() || header.flangeWidth > 0.0);
 }
 
 using Outline = std::vector<ZetGeomPoint2d>;
@@ -138,18 +113,18 @@ bool Shows(const Outline& outline, const NcCut& cut, const NcHeader& header) {
 /// By how much a cut shortens a wall that does not show its angle, mm; its thickness may take off
 /// from that.
 double ShorteningOf(const Wall& wall, const NcCut& cut, const NcHeader& header) {
-    if (wall.at == kAnywhere)
+    if (!wall.at)
         return 0.0;
-    const double extent = wall.isFlange ? header.profileHeight : header.flangeWidth;
+    const double extent = wall.IsFlange() ? header.profileHeight : header.flangeWidth;
     const double thickness = std::max(header.flangeThickness, header.webThickness);
     const bool isLongestAtZero = (cut.angle > 0.0) == cut.isAtEnd;
-    const double across = extent * (isLongestAtZero ? wall.at : 1.0 - wall.at) - thickness;
+    const double across = extent * (isLongestAtZero ? *wall.at : 1.0 - *wall.at) - thickness;
     return std::max(across, 0.0) * std::tan(std::abs(cut.angle) * std::numbers::pi / 180.0);
 }
 
 /// True when the wall shows the angle of a cut; the surface of a round tube shows them all.
 bool IsAngled(const Wall& wall, const NcCut& cut, const NcHeader& header) {
-    return IsRound(header) || wall.isFlange == cut.isOnFlange;
+    return IsRound(header) || wall.IsFlange() == cut.isOnFlange;
 }
 
 /// True when an outline of the wall leaves away what the cut takes from it.
@@ -161,7 +136,7 @@ bool IsCut(const Wall& wall, const NcPart& part, const NcCut& cut) {
     const double x = cut.isAtEnd ? cut.x - shortening : cut.x + shortening;
     return std::any_of(part.contours.begin(), part.contours.end(), [&](const NcContour& contour) {
         const NcFace face = StandardPlace(part, contour.place).face;
-        return !contour.isInternal && (face == wall.views[0] || face == wall.views[1]) &&
+        return !contour.isInternal && wall.IsShownBy(static_cast<int>(face)) &&
                EndsBefore(contour.outline, cut, x) &&
                (!showsAngle || Shows(contour.outline, cut, part.header));
     });
@@ -201,7 +176,7 @@ std::vector<NcCut> CutsOf(const NcSawCut& sawCut, const NcHeader& header) {
 
 bool IsCutByOutlines(const NcPart& part, const NcCut& cut) {
     bool isShown = false;
-    for (const Wall& wall : kWalls) {
+    for (const Wall& wall : profiles::kWalls) {
         if (!IsWallOf(wall, part.header))
             continue;
         if (!IsCut(wall, part, cut))

@@ -3,6 +3,7 @@
 #include "dstv/NcHeaderShift.h"
 #include "dstv/NcReader.h"
 #include "dstv/NcText.h"
+#include "profiles/SectionWalls.h"
 
 #include <algorithm>
 #include <cmath>
@@ -329,7 +330,7 @@ char NcParser::TakeReference(NcTokens& tokens) {
 void NcParser::SetLimits() {
     const NcHeader& header = m_part.header;
     const std::wstring_view code = header.profileCode.view();
-    const bool isRound = code == L"RO" || code == L"RU";
+    const bool isRound = profiles::IsRound(code);
     const auto limits = [&](double width) {
         // The front view of a round section is its surface unrolled.
         return ZetGeomPoint2d{header.length, isRound ? std::numbers::pi * width : width};

@@ -146,6 +146,8 @@ struct Group {
 struct FlangeZero {
     double zero = 0.0;        ///< NC coordinate of the line that counts as Y = 0
     bool isReversed = false;  ///< Y grows against the NC coordinate
+
+    friend bool operator==(const FlangeZero&, const FlangeZero&) = default;
 };
 
 /// A maximum length that no member reaches, mm.

@@ -148,6 +148,13 @@ double FaceOutline::DistanceFrom(const ZetGeomPoint2d& point, double farthest) c
     return distance;
 }
 
+bool FaceOutline::Holds(const Corners& other, double touch) const {
+    const Corners places = PlacesOf(other);
+    return std::none_of(places.begin(), places.end(), [&](const ZetGeomPoint2d& place) {
+        return IsOutside(place, touch);
+    });
+}
+
 bool FaceOutline::HasSide(bool isUpper, double minX, double maxX) const {
     double twice = 0.0;
     for (std::size_t i = 0; i < m_corners.size(); ++i)

@@ -24,6 +24,8 @@ struct FaceBox {
 std::vector<ZetGeomPoint2d> CornersOf(const ZetNCContour& contour);
 
 FaceBox BoxOf(std::span<const ZetGeomPoint2d> corners);
+/// Areas that differ by no more are the same, mm2.
+inline constexpr double kAreaTolerance = 1.0;
 /// Without sign.
 double AreaOf(const std::vector<ZetGeomPoint2d>& corners);
 
@@ -58,6 +60,8 @@ class FaceOutline {
     bool IsOutside(const ZetGeomPoint2d& point, double touch) const {
         return !Contains(point) && DistanceFrom(point, touch) >= touch;
     }
+    /// True when nothing of another outline reaches beyond it by `touch` or more.
+    bool Holds(const std::vector<ZetGeomPoint2d>& other, double touch) const;
     /// True when an edge that faces up, or down, within 45 degrees runs somewhere between.
     bool HasSide(bool isUpper, double minX, double maxX) const;
     /// Of another outline the corners, and of each of its sides the middles of the parts between

@@ -1,13 +1,12 @@
 #include "plugin/rules/FlangeZero.h"
 
+#include "profiles/SectionWalls.h"
+
 #include <algorithm>
 
 namespace plugin {
 
 namespace {
-
-constexpr int kTopFlangeView = 0;
-constexpr int kBottomFlangeView = 2;
 
 bool Changes(const job::FlangeZero& zero) {
     return zero.zero != 0.0 || zero.isReversed;
@@ -70,9 +69,9 @@ void ApplyFlangeZeros(ZetNCStructure& structure, const job::MemberType& type) {
         return;
     ZetArray<ZetNCView> views = structure.getViews();
     for (ZetNCView& view : views) {
-        if (view.getViewPos() == kTopFlangeView)
+        if (view.getViewPos() == profiles::kTop)
             Move(view, type.topFlange);
-        else if (view.getViewPos() == kBottomFlangeView)
+        else if (view.getViewPos() == profiles::kBottom)
             Move(view, type.bottomFlange);
     }
     structure.setViews(std::move(views));

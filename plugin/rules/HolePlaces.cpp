@@ -20,6 +20,8 @@ namespace {
 constexpr const wchar_t* kOutsideText = L"It lies outside of its face or of the member";
 
 constexpr const wchar_t* kReachesText = L"It reaches beyond its face or the member";
+constexpr const wchar_t* kCutAwayText =
+    L"It lies in what an outline (of either side) or a mitre takes away";
 constexpr const wchar_t* kInOpeningText = L"It lies in an opening of its face";
 constexpr const wchar_t* kUnknownFaceText =
     L"the extents of its face are not known: nobody can tell whether it lies on it";
@@ -144,12 +146,18 @@ std::optional<Finding> JobMember::FaultOfPlace(const CHoleAddlInfo& hole,
                                                const HoleFace& face) const {
     const int viewPosition = face.viewPosition;
     std::optional<Finding> finding = OutsideOf(hole, face);
-    if (!finding && (IsOutsideSection(PlaceInView(hole, viewPosition), viewPosition) ||
-                     IsCutAway(hole, viewPosition)))
-        finding = Finding{.type = job::kHoleOutside, .text = kOutsideText};
-    if (!finding && IsInOpening(hole, viewPosition))
-        finding = Finding{.type = job::kHoleOutside, .text = kInOpeningText};
-    return finding;
+    if (finding)
+        return finding;
+    const auto told = [](const wchar_t* text) {
+        return Finding{.type = job::kHoleOutside, .text = text};
+    };
+    if (IsOutsideSection(PlaceInView(hole, viewPosition), viewPosition))
+        return told(kOutsideText);
+    if (IsCutAway(hole, viewPosition))
+        return told(kCutAwayText);
+    if (IsInOpening(hole, viewPosition))
+        return told(kInOpeningText);
+    return std::nullopt;
 }
 
 bool JobMember::HasPlaceFault(const CHoleAddlInfo& hole) {

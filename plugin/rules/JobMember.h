@@ -12,6 +12,7 @@
 
 #include "camdata/member/CMxPeilaib.h"
 
+#include <algorithm>
 #include <array>
 #include <map>
 #include <memory>
@@ -290,12 +291,29 @@ class JobMember : public CMxPeilaib {
     bool IsCutAway(const ZetGeomPoint2d& place, int viewPosition) const;
     bool IsInOpening(const CHoleAddlInfo& hole, int viewPosition) const;
     bool IsInOpening(const std::vector<ZetGeomPoint2d>& opening, int viewPosition) const;
+    std::vector<int> ViewsOfWall(int viewPosition) const;
+    /// Whether an outline of the wall that a view shows passes the test.
+    template <typename Test>
+    bool AnyOutline(int viewPosition, const Test& test) const {
+        if (m_judging->outlines.empty())
+            return false;
+        const std::vector<int> views = ViewsOfWall(viewPosition);
+        return std::any_of(views.begin(), views.end(), [&](int view) {
+            const auto at = m_judging->outlines.find(view);
+            return at != m_judging->outlines.end() && test(at->second);
+        });
+    }
+    /// Whether an opening of that wall which may reach to `x` passes the test.
     template <typename Test>
     bool AnyOpening(int viewPosition, double x, const Test& test) const {
-        const auto at = m_judging->openings.find(viewPosition);
-        return at != m_judging->openings.end() && at->second.Any(x, test);
+        if (m_judging->openings.empty())
+            return false;
+        const std::vector<int> views = ViewsOfWall(viewPosition);
+        return std::any_of(views.begin(), views.end(), [&](int view) {
+            const auto at = m_judging->openings.find(view);
+            return at != m_judging->openings.end() && at->second.Any(x, test);
+        });
     }
-    const FaceOutline* OutlineOf(int viewPosition) const;
     bool IsCutAwayFromEdge(double minX, double maxX, int viewPosition) const;
     static ZetGeomPoint2d PlaceInView(const CHoleAddlInfo& hole, int viewPosition);
     SectionPlace SectionPlaceOf(const ZetGeomPoint2d& point, int viewPosition) const;

@@ -3,6 +3,7 @@
 #include "plugin/rules/FaceText.h"
 #include "plugin/rules/FlangeZero.h"
 #include "plugin/rules/JobMember.h"
+#include "profiles/SectionWalls.h"
 
 #include "camdata/tolerance/CMxGeom.h"
 
@@ -27,7 +28,7 @@ namespace {
 constexpr const wchar_t* kBeyondText = L"The outline reaches beyond its face";
 constexpr const wchar_t* kOpeningBeyondText = L"The opening reaches beyond its face";
 constexpr const wchar_t* kOpeningInCutText =
-    L"The opening lies in what an outline or a mitre takes away";
+    L"The opening lies in what an outline (of either side) or a mitre takes away";
 constexpr const wchar_t* kOpeningInOpeningText = L"The opening lies in another one";
 constexpr const wchar_t* kNoAreaText = L"The outline has no area";
 constexpr const wchar_t* kOpeningNoAreaText = L"The opening has no area";
@@ -42,8 +43,6 @@ constexpr const wchar_t* kContourFormat = L"%s: %s, from (X:%.1f, Y:%.1f) to (X:
 constexpr const wchar_t* kTrimFormat =
     L"No trim covers it: the %s is cut off at its %s, to %s %.1f";
 
-/// How far a notch may be off the area that its outline leaves away, mm2.
-constexpr double kAreaTolerance = 1.0;
 /// What lies nearer to a side of the box counts as lying on it, in the library too, mm.
 constexpr double kTouch = 0.05 + 1e-6;
 
@@ -130,25 +129,21 @@ struct JobMember::NotchSum {
 JobMember::Section JobMember::SectionOf(const ZetString& profileCode) {
     if (profileCode == L"B")
         return Section::kPlate;
-    return profileCode == L"RO" || profileCode == L"RU" ? Section::kRound : Section::kOther;
+    return profiles::IsRound(profileCode.view()) ? Section::kRound : Section::kOther;
 }
 
 /// True on the narrow sides of a plate, which its outline does not show.
 bool JobMember::IsEdgeOfPlate(int viewPosition) const {
-    constexpr int kTopFlangeView = 0;
-    constexpr int kBottomFlangeView = 2;
-    return IsPlate() && (viewPosition == kTopFlangeView || viewPosition == kBottomFlangeView);
+    return IsPlate() && (viewPosition == profiles::kTop || viewPosition == profiles::kBottom);
 }
 
 /// The extents of a view's face.
 FaceBox JobMember::FaceOfView(int viewPosition) const {
-    constexpr int kTopFlangeView = 0;
-    constexpr int kBottomFlangeView = 2;
     if (viewPosition >= kFirstPlanePosition)
         return FaceOfPlane(viewPosition);
     const ZetNCHeaderData& header = m_memType.GetHeaderData();
-    const bool isTop = viewPosition == kTopFlangeView;
-    const bool isFlange = isTop || viewPosition == kBottomFlangeView;
+    const bool isTop = viewPosition == profiles::kTop;
+    const bool isFlange = isTop || viewPosition == profiles::kBottom;
     const double height = IsRound() ? header.height * std::numbers::pi : header.height;
     const double depth = IsPlate() ? header.thickness : header.width;
     const double width = isFlange && !IsRound() ? depth : height;
@@ -297,12 +292,8 @@ bool JobMember::IsBeyond(const std::vector<ZetGeomPoint2d>& corners, int viewPos
     const double x = std::abs(CMxGeom::GetXTol());
     const double y = std::abs(CMxGeom::GetYTol());
     if (const FaceOutline* const plate = PlateOutline();
-        plate != nullptr && viewPosition < kFirstPlanePosition && !IsEdgeOfPlate(viewPosition)) {
-        const std::vector<ZetGeomPoint2d> places = plate->PlacesOf(corners);
-        return std::any_of(places.begin(), places.end(), [&](const ZetGeomPoint2d& place) {
-            return plate->IsOutside(place, x);
-        });
-    }
+        plate != nullptr && viewPosition < kFirstPlanePosition && !IsEdgeOfPlate(viewPosition))
+        return !plate->Holds(corners, x);
     if (std::any_of(corners.begin(), corners.end(), [&](const ZetGeomPoint2d& corner) {
             return IsOutsideSection(corner, viewPosition);
         }))

@@ -1,3 +1,4 @@
+#include "plugin/rules/FaceOutline.h"
 #include "plugin/rules/FaceText.h"
 #include "plugin/rules/JobMember.h"
 #include "plugin/rules/ReachIndex.h"
@@ -7,6 +8,7 @@
 #include <algorithm>
 #include <cmath>
 #include <iterator>
+#include <numbers>
 #include <tuple>
 
 // The library sets holes aside and does not say for which, each once for every slot that holds it;
@@ -34,6 +36,16 @@ double ReachOf(const CHoleAddlInfo& hole) {
     return std::fmax(hole.GetSlotVector().length(), hole.GetSize() * 0.5) + tolerance;
 }
 
+/// Square millimetres.
+double AreaOf(const CHoleAddlInfo& hole) {
+    const double radius = hole.GetSize() * 0.5;
+    return std::numbers::pi * radius * radius + 4.0 * radius * hole.GetSlotVector().length();
+}
+
+bool IsLarger(const CHoleAddlInfo& hole, const CHoleAddlInfo& other) {
+    return AreaOf(hole) > AreaOf(other) + kAreaTolerance && !hole.IsEqual(other);
+}
+
 }  // namespace
 
 /// The holes that are left to be made or refused, and those that are set aside for them.
@@ -54,18 +66,18 @@ class JobMember::HoleSettlement {
             }
         return false;
     }
-    /// A slot that is set aside for a hole inside it, which stands behind it in the file, takes
-    /// that hole's place.
-    void ChooseSlot(CHoleAddlInfo& slot) {
-        if (m_member.HasPlaceFault(slot))
+    /// What is set aside for a smaller hole takes that one's place, and so does a slot that is set
+    /// aside for a hole inside it, which stands behind it in the file.
+    void Choose(CHoleAddlInfo& hole) {
+        if (m_member.HasPlaceFault(hole))
             return;
-        m_kept.FindNear(slot.GetXPos(), ReachOf(slot), [&](long index) {
+        m_kept.FindNear(hole.GetXPos(), ReachOf(hole), [&](long index) {
             CHoleAddlInfo& kept = m_member.m_holes[index];
-            const bool isMutual = kept.GetHoleData().hostTag > slot.GetHoleData().hostTag &&
-                                  slot.IsInside(kept) && Repeats(kept, slot);
-            if (isMutual)
-                std::swap(kept, slot);
-            return isMutual;
+            const bool isChosen =
+                Repeats(kept, hole) && (IsLarger(hole, kept) || IsFirst(hole, kept));
+            if (isChosen)
+                std::swap(kept, hole);
+            return isChosen;
         });
     }
     /// True when others may be set aside for it.
@@ -97,7 +109,13 @@ class JobMember::HoleSettlement {
         });
         return found;
     }
+    static bool IsFirst(const CHoleAddlInfo& slot, const CHoleAddlInfo& kept) {
+        return kept.GetHoleData().hostTag > slot.GetHoleData().hostTag && slot.IsInside(kept) &&
+               !IsLarger(kept, slot);
+    }
     bool IsReason(const CHoleAddlInfo& kept, const CHoleAddlInfo& hole, SetAside reason) const {
+        if (IsLarger(hole, kept))
+            return false;
         return reason == SetAside::kInsideSlot ? kept.IsInside(hole) : Repeats(kept, hole);
     }
     bool Repeats(const CHoleAddlInfo& kept, const CHoleAddlInfo& hole) const {
@@ -124,8 +142,12 @@ void JobMember::SettleSetAsideHoles() {
     }
     if (open.empty())
         return;
-    std::stable_sort(open.begin(), open.end(), [](const auto& a, const auto& b) {
-        return a.GetHoleData().hostTag < b.GetHoleData().hostTag;
+    // None is to be left out for a smaller one.
+    const auto keyOf = [](const CHoleAddlInfo& hole) {
+        return std::pair(-std::round(AreaOf(hole)), hole.GetHoleData().hostTag);
+    };
+    std::stable_sort(open.begin(), open.end(), [&](const auto& a, const auto& b) {
+        return keyOf(a) < keyOf(b);
     });
     const long kept = m_holes.length();
     ChooseOfMutual(open);
@@ -144,14 +166,13 @@ void JobMember::SettleSetAsideHoles() {
         OrderByView();
 }
 
-/// Of holes that set each other aside, the first in the file is made.
+/// Of holes that set each other aside the largest is made, of equal ones the first in the file.
 void JobMember::ChooseOfMutual(std::vector<CHoleAddlInfo>& open) {
     HoleSettlement settlement(*this);
     bool isChanged = false;
     for (CHoleAddlInfo& hole : open) {
         const long tag = hole.GetHoleData().hostTag;
-        if (hole.GetIsSlot())
-            settlement.ChooseSlot(hole);
+        settlement.Choose(hole);
         isChanged = isChanged || hole.GetHoleData().hostTag != tag;
     }
     if (isChanged)

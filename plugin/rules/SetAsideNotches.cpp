@@ -2,7 +2,10 @@
 #include "plugin/rules/JobMember.h"
 #include "plugin/rules/ReachIndex.h"
 
+#include "camdata/tolerance/CMxGeom.h"
+
 #include <algorithm>
+#include <cmath>
 #include <iterator>
 #include <utility>
 
@@ -15,6 +18,20 @@ constexpr const wchar_t* kDuplicateFormat =
 
 /// Positions that agree after rounding are no farther apart, whatever the tolerance is by then, mm.
 constexpr double kFarthest = 100.5;
+
+/// Nothing is left out that reaches farther beyond what it repeats, beside the tolerance, mm.
+constexpr double kSlack = 0.1;
+
+std::vector<ZetGeomPoint2d> CornersOf(const CNotchAddInfo& notch) {
+    return {notch.GetOutline().begin(), notch.GetOutline().end()};
+}
+
+/// The library compares middles and numbers of corners.
+bool Holds(const CNotchAddInfo& kept, const CNotchAddInfo& notch) {
+    const double touch =
+        kSlack + std::fmax(std::abs(CMxGeom::GetXTol()), std::abs(CMxGeom::GetYTol()));
+    return FaceOutline(CornersOf(kept)).Holds(CornersOf(notch), touch);
+}
 
 /// Profile codes of sections with two walls: an opening in each is no repetition.
 constexpr const wchar_t* kHollowCodes[] = {L"M", L"RO"};
@@ -51,7 +68,7 @@ void JobMember::SetAsideNotches() {
             const CNotchAddInfo& each = m_notches[index];
             const bool isSameWall =
                 !isHollow || each.GetViewData().GetHoleFace() == notch.GetViewData().GetHoleFace();
-            other = isSameWall && each == notch ? index : -1;
+            other = isSameWall && each == notch && Holds(each, notch) ? index : -1;
             return other >= 0;
         });
         if (other < 0) {

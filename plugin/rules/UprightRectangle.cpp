@@ -9,7 +9,6 @@ namespace plugin {
 bool IsRectangle(const CNotchAddInfo& notch) {
     if (!notch.GetIsRect())
         return false;
-    constexpr double kAreaTolerance = 1.0;
     // The closing repeat adds nothing.
     const std::vector<ZetGeomPoint2d> corners(notch.GetOutline().begin(), notch.GetOutline().end());
     return std::abs(AreaOf(corners) - notch.GetLength() * notch.GetWidth()) <= kAreaTolerance;
