@@ -7,6 +7,7 @@
 
 #include <atomic>
 #include <map>
+#include <optional>
 #include <utility>
 
 namespace dstv {
@@ -14,6 +15,8 @@ namespace {
 
 /// View position of the first inclined plane.
 constexpr int kFirstPlanePosition = 5;
+/// A list of so many is made at once.
+constexpr long kUsualHoles = 24;
 
 /// The model object of one file: what its header says of the part.
 class FileModelObject final : public IEqualPartObject, public IStructureObject {
@@ -106,9 +109,10 @@ class StructureBuilder {
     void MarkUsed(const Features& features, std::vector<char>& isUsed) const;
     void NumberPlanes();
     int PositionOf(const NcPlace& place) const;
-    Target TargetOf(const NcPlace& place);
+    const Target& TargetOf(const NcPlace& place);
+    Target NewTargetOf(const NcPlace& place);
     void AddHole(const NcHole& hole);
-    long AddHoleTo(const NcHole& hole, Target& target);
+    long AddHoleTo(const NcHole& hole, const Target& target);
     void AddContour(const NcContour& contour);
     void AddMark(const NcMark& mark);
     void AddNumeration(const NcNumeration& numeration);
@@ -116,6 +120,8 @@ class StructureBuilder {
     const NcPart& m_part;
     std::vector<int> m_positions;  ///< of each plane
     std::map<int, Draft> m_drafts;
+    NcPlace m_place;                ///< of the feature before
+    std::optional<Target> m_target;  ///< nothing: there was none
     std::vector<NcHoleTarget> m_targets;  ///< views by position until TakeStructure
 };
 
@@ -123,6 +129,8 @@ ZetNCContour ContourOf(const Outline& outline, int type, long line, const PlaneM
     ZetNCContour contour;
     contour.type = type;
     contour.hostTag = line;
+    contour.xValues.reserve(static_cast<long>(outline.size()));
+    contour.yValues.reserve(static_cast<long>(outline.size()));
     for (const ZetGeomPoint2d& point : outline) {
         const ZetGeomPoint2d mapped = map.Point(point);
         contour.xValues.append(mapped.x);
@@ -200,6 +208,7 @@ ZetArray<ZetNCCut> CutsOf(const NcPart& part) {
 
 void StructureBuilder::Build() {
     NumberPlanes();
+    m_targets.reserve(m_part.holes.size());
     for (const NcHole& hole : m_part.holes)
         AddHole(hole);
     for (const NcContour& contour : m_part.contours)
@@ -243,7 +252,16 @@ int StructureBuilder::PositionOf(const NcPlace& place) const {
                            : m_positions[static_cast<std::size_t>(place.plane)];
 }
 
-StructureBuilder::Target StructureBuilder::TargetOf(const NcPlace& place) {
+/// Features of one place come together mostly.
+const StructureBuilder::Target& StructureBuilder::TargetOf(const NcPlace& place) {
+    if (!m_target || m_place != place) {
+        m_place = place;
+        m_target.emplace(NewTargetOf(place));
+    }
+    return *m_target;
+}
+
+StructureBuilder::Target StructureBuilder::NewTargetOf(const NcPlace& place) {
     const int position = PositionOf(place);
     const auto [at, isNew] = m_drafts.try_emplace(position);
     Draft& draft = at->second;
@@ -260,11 +278,11 @@ StructureBuilder::Target StructureBuilder::TargetOf(const NcPlace& place) {
 }
 
 void StructureBuilder::AddHole(const NcHole& hole) {
-    Target target = TargetOf(hole.place);
+    const Target& target = TargetOf(hole.place);
     m_targets.push_back({target.position, AddHoleTo(hole, target)});
 }
 
-long StructureBuilder::AddHoleTo(const NcHole& hole, Target& target) {
+long StructureBuilder::AddHoleTo(const NcHole& hole, const Target& target) {
     Draft& draft = target.draft;
     if (hole.form == NcHoleForm::kMark) {
         draft.marks.append(MarkOf(MarkedLine(hole), ZetNCMark::eKindPunch, hole.line, target.map));
@@ -275,12 +293,14 @@ long StructureBuilder::AddHoleTo(const NcHole& hole, Target& target) {
             ContourOf(hole.outline, ZetNCContour::eTypeInternal, hole.line, target.map));
         return draft.internalContours.length() - 1;
     }
+    if (draft.holes.isEmpty())
+        draft.holes.reserve(kUsualHoles);
     draft.holes.append(HoleDataOf(hole, target.map));
     return draft.holes.length() - 1;
 }
 
 void StructureBuilder::AddContour(const NcContour& contour) {
-    const Target target = TargetOf(contour.place);
+    const Target& target = TargetOf(contour.place);
     ZetArray<ZetNCContour>& contours =
         contour.isInternal ? target.draft.internalContours : target.draft.externalContours;
     contours.append(
@@ -291,14 +311,14 @@ void StructureBuilder::AddContour(const NcContour& contour) {
 }
 
 void StructureBuilder::AddMark(const NcMark& mark) {
-    const Target target = TargetOf(mark.place);
+    const Target& target = TargetOf(mark.place);
     const int kind =
         mark.kind == NcMarkKind::kPowder ? ZetNCMark::eKindPowder : ZetNCMark::eKindPunch;
     target.draft.marks.append(MarkOf(mark.outline, kind, mark.line, target.map));
 }
 
 void StructureBuilder::AddNumeration(const NcNumeration& numeration) {
-    const Target target = TargetOf(numeration.place);
+    const Target& target = TargetOf(numeration.place);
     const ZetGeomPoint2d point = target.map.Point({numeration.x, numeration.q});
     target.draft.numerations.append({point.x,
                                      point.y,

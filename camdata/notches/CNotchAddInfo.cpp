@@ -79,9 +79,10 @@ void CNotchAddInfo::SetNotchData(ZetNCContour contour,
     if (m_ViewData.GetHoleFace() == eHoleFaceWebBack)
         m_ViewData.SetFaceStr(L"WEB");
     Points outline = PointsOf(m_Contour);
-    m_Polygon = ZetGeomAugPolygon(outline, kContourTolerance);
     if (m_Contour.type == ZetNCContour::eTypeExternal)
         outline = TakePieces(std::move(outline), extra);
+    else
+        m_Polygon = ZetGeomAugPolygon(outline, kContourTolerance);
 
     // Without a point to leave out, the mean divides by 0 or -1 on purpose: NaN or -0.0.
     const long corners = outline.length() - 1;
@@ -94,6 +95,7 @@ void CNotchAddInfo::SetNotchData(ZetNCContour contour,
 Points CNotchAddInfo::TakePieces(Points outline, ZetArray<CNotchAddInfo>& extra) {
     const ZetArray<ZetGeomAugPolygon> pieces = PiecesCutBy(outline);
     if (pieces.isEmpty()) {
+        m_Polygon = ZetGeomAugPolygon(outline, kContourTolerance);
         m_eStatus = eNotchNone;
         return outline;
     }

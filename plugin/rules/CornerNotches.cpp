@@ -36,7 +36,8 @@ void JobMember::MatchCornerNotches() {
 void JobMember::MatchCornerNotch(CNotchAddInfo& notch) const {
     const double faceWidth = notch.GetViewData().GetFaceWidth();
     for (const job::CornerNotch& corner : GetJob().cornerNotches)
-        if (!IsFalseRectangleFor(corner.definition, notch) &&
+        if (corner.definition.face == notch.GetViewData().GetHoleFace() &&
+            !IsFalseRectangleFor(corner.definition, notch) &&
             notch.CheckNotchCorner(DefinitionOf(corner, GetLength(), faceWidth)))
             return;
 }

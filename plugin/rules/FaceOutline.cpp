@@ -48,7 +48,7 @@ FaceBox BoxOf(std::span<const ZetGeomPoint2d> corners) {
     return box;
 }
 
-double AreaOf(const Corners& corners) {
+double AreaOf(std::span<const ZetGeomPoint2d> corners) {
     double twice = 0.0;
     for (std::size_t i = 1; i + 1 < corners.size(); ++i)
         twice += (corners[i] - corners[0]).cross(corners[i + 1] - corners[0]);

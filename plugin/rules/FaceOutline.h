@@ -27,7 +27,7 @@ FaceBox BoxOf(std::span<const ZetGeomPoint2d> corners);
 /// Areas that differ by no more are the same, mm2.
 inline constexpr double kAreaTolerance = 1.0;
 /// Without sign.
-double AreaOf(const std::vector<ZetGeomPoint2d>& corners);
+double AreaOf(std::span<const ZetGeomPoint2d> corners);
 
 /// How far a box may lie beyond another one, mm.
 struct FaceTolerance {

@@ -47,7 +47,7 @@ ZetArray<ZetString> BlockOf(ZetArray<ZetString> heading,
 
 JobMember::JobMember(const JudgingRules& rules, const job::MemberType& type, ZetNCCreator& creator)
     : m_rules(rules), m_type(type) {
-    const ZetNCHeaderData header = creator.getHeader();
+    const ZetNCHeaderData& header = creator.getHeader();
     m_material = header.material;
     CMemberValidations limits = type.limits;
     limits.SetPartofAssy(rules.IsPartOfAssembly(header.mark));

@@ -46,9 +46,14 @@ bool JobMember::IsHollow() const {
 
 /// An outline that cuts nothing is no notch.
 void JobMember::DropPlainOutlines(ZetArray<CNotchAddInfo>& notches) {
+    const auto isPlain = [](const CNotchAddInfo& notch) {
+        return notch.GetNotchStatus() == eNotchNone;
+    };
+    if (std::none_of(notches.begin(), notches.end(), isPlain))
+        return;
     ZetArray<CNotchAddInfo> rest;
     for (CNotchAddInfo& notch : notches) {
-        if (notch.GetNotchStatus() != eNotchNone)
+        if (!isPlain(notch))
             rest.append(std::move(notch));
     }
     notches = std::move(rest);

@@ -10,8 +10,7 @@ bool IsRectangle(const CNotchAddInfo& notch) {
     if (!notch.GetIsRect())
         return false;
     // The closing repeat adds nothing.
-    const std::vector<ZetGeomPoint2d> corners(notch.GetOutline().begin(), notch.GetOutline().end());
-    return std::abs(AreaOf(corners) - notch.GetLength() * notch.GetWidth()) <= kAreaTolerance;
+    return std::abs(AreaOf({notch.GetOutline().begin(), notch.GetOutline().end()}) - notch.GetLength() * notch.GetWidth()) <= kAreaTolerance;
 }
 
 bool IsUprightRectangle(const CNotchAddInfo& notch) {
