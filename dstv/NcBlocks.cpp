@@ -55,16 +55,13 @@ NcBlockType TypeOf(std::string_view code) {
 }  // namespace
 
 NcBlockCode BlockCodeOf(std::string_view line) {
-    // Lines of data begin with blanks: nothing else of them need be looked at.
-    if (line.empty() || !IsCapital(Capital(line[0])))
-        return {};
     const std::size_t last = line.find_last_not_of(" \t");
     if (last != 1)
         return {};
     NcBlockCode code;
     code.text = {Capital(line[0]), Capital(line[1])};
     code.isInCapitals = code.text == line.substr(0, 2);
-    if (!IsCapital(code.text[1]) && !IsDigit(code.text[1]))
+    if (!IsCapital(code.text[0]) || (!IsCapital(code.text[1]) && !IsDigit(code.text[1])))
         return {};
     code.type = TypeOf(code.text);
     code.plane = IsDigit(code.text[1]) ? code.text[1] - '0' : -1;

@@ -120,8 +120,8 @@ class StructureBuilder {
     const NcPart& m_part;
     std::vector<int> m_positions;  ///< of each plane
     std::map<int, Draft> m_drafts;
-    NcPlace m_place;                ///< of the feature before
-    std::optional<Target> m_target;  ///< nothing: there was none
+    NcPlace m_place;                      ///< of the feature before
+    std::optional<Target> m_target;       ///< nothing: there was none
     std::vector<NcHoleTarget> m_targets;  ///< views by position until TakeStructure
 };
 

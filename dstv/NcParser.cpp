@@ -169,16 +169,24 @@ void NcParser::ReadHeaderLines(NcLines& lines, std::vector<NcLine>& values) {
 }
 
 void NcParser::ReadLine(const NcLine& line) {
-    if (m_isAfterSecondStart || Trimmed(line.text).empty() || KeepComment(line))
+    if (m_isAfterSecondStart || Trimmed(line.text).empty())
         return;
+    // Nearly all lines are data behind blanks.
+    const bool isBehindBlanks = line.text.front() == ' ' || line.text.front() == '\t';
+    if (!isBehindBlanks && (KeepComment(line) || TakeBlockCode(line)))
+        return;
+    const bool isRead = Try([&] { ReadDataLine(line); });
+    m_block.isBroken = m_block.isBroken || !isRead;
+}
+
+/// False for a line that begins no block.
+bool NcParser::TakeBlockCode(const NcLine& line) {
     NcBlockCode code = BlockCodeOf(line.text);
-    if (code.text.empty()) {
-        const bool isRead = Try([&] { ReadDataLine(line); });
-        m_block.isBroken = m_block.isBroken || !isRead;
-        return;
-    }
+    if (code.text.empty())
+        return false;
     Try([this] { EndBlock(); });
     StartBlock(std::move(code), line);
+    return true;
 }
 
 void NcParser::StartBlock(NcBlockCode code, const NcLine& line) {

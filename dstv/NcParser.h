@@ -67,6 +67,7 @@ class NcParser {
     void ReadHeaderLines(NcLines& lines, std::vector<NcLine>& values);
     void TellShift(NcLines& lines, std::vector<NcLine>& values, NcError& error) const;
     void ReadLine(const NcLine& line);
+    bool TakeBlockCode(const NcLine& line);
     template <typename Step>
     bool Try(const Step& step);
     void FailWithAll();

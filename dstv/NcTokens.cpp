@@ -11,6 +11,7 @@
 #include <cstdint>
 #include <cstring>
 #include <functional>
+#include <limits>
 #include <string>
 
 namespace dstv {
@@ -34,11 +35,15 @@ bool IsDigit(char c) {
 /// The number that a text begins with: sign, digits, point, digits.
 struct LeadingNumber {
     std::size_t length = 0;  ///< 0: the text begins with none
-    double value = 0.0;
-
-    bool IsTooLarge() const { return !(std::abs(value) <= kMaxNumber); }
+    double value = 0.0;      ///< not a number: there are too many digits, see LongValueOf
 };
 
+/// Not what is no number either.
+bool IsInRange(double value) {
+    return std::abs(value) <= kMaxNumber;
+}
+
+/// Of any number of digits.
 double LongValueOf(std::string_view number) {
     const std::string_view digits = number.front() == '+' ? number.substr(1) : number;
     double value = kMaxNumber * 2.0;  // stays when it is out of range
@@ -78,7 +83,7 @@ LeadingNumber NumberAt(const char* const begin, const char* const end) {
         return {};
     const auto length = static_cast<std::size_t>(at - begin);
     if (count > kExactDigits)
-        return {length, LongValueOf({begin, length})};
+        return {length, std::numeric_limits<double>::quiet_NaN()};
     const double magnitude =
         static_cast<double>(static_cast<std::int64_t>(digits)) / kPowersOfTen[decimals];
     return {length, isNegative ? -magnitude : magnitude};
@@ -99,6 +104,9 @@ void FailAt(const NcLine& line,
 }
 
 ZetString TextAt(const NcLine& line, std::string_view bytes) {
+    const auto isPlain = [](char c) { return c >= ' ' && c <= '~'; };
+    if (bytes.size() <= kMaxTextLength && std::all_of(bytes.begin(), bytes.end(), isPlain))
+        return ZetString(std::wstring(bytes.begin(), bytes.end()));
     ZetString text = DecodeText(bytes);
     if (std::any_of(text.view().begin(), text.view().end(), [](wchar_t c) {
             return c != L'\t' && camdata::detail::IsControl(c);
@@ -154,7 +162,8 @@ char NcTokens::TakeThisLetter() {
 char NcTokens::TakeThisLetterOf(std::string_view letters,
                                 const wchar_t* what,
                                 const wchar_t* expected) {
-    if (letters.find(LowerCase(*m_at)) == std::string_view::npos)
+    const char letter = LowerCase(*m_at);
+    if (std::find(letters.begin(), letters.end(), letter) == letters.end())
         FailFrom(m_at, what, expected);
     return TakeThisLetter();
 }
@@ -173,24 +182,25 @@ bool NcTokens::TakeIfNumber(const wchar_t* what, double& value) {
     if (number.length == 0)
         return false;
     const char* const end = m_at + number.length;
-    if (number.IsTooLarge() || (end != m_end && (*end == '.' || *end == ',')))
-        FailOfNumber(end, what);
+    value = number.value;
+    if (!IsInRange(value) || (end != m_end && (*end == '.' || *end == ',')))
+        value = UnusualNumber({m_at, number.length}, what);
     m_tokenEnd = m_at = end;
     SkipBlanks();
-    value = number.value;
     return true;
 }
 
-/// "12.5.0" and "1,5" are typing faults, not two numbers.
-void NcTokens::FailOfNumber(const char* end, const wchar_t* what) const {
-    if (NumberAt(m_at, end).IsTooLarge())
-        FailAt(m_line,
-               what,
-               {m_at, static_cast<std::size_t>(end - m_at)},
-               L"a number up to 1000000000");
-    Fail(what,
-         *end == '.' ? L"a number with at most one point"
-                     : L"a number with a decimal point, not a comma");
+double NcTokens::UnusualNumber(std::string_view number, const wchar_t* what) const {
+    const double value = LongValueOf(number);
+    if (!IsInRange(value))
+        FailAt(m_line, what, number, L"a number up to 1000000000");
+    // "12.5.0" and "1,5" are typing faults, not two numbers.
+    const char* const end = number.data() + number.size();
+    if (end != m_end && *end == '.')
+        Fail(what, L"a number with at most one point");
+    if (end != m_end && *end == ',')
+        Fail(what, L"a number with a decimal point, not a comma");
+    return value;
 }
 
 double NcTokens::TakeNumber(const wchar_t* what, const wchar_t* expected) {
@@ -247,8 +257,10 @@ std::optional<double> ParseNumber(std::string_view text, bool allowComma) {
         return ParseNumber(number, false);
     }
     const LeadingNumber number = NumberAt(text.data(), text.data() + text.size());
-    const bool isNumber = number.length == text.size() && number.length > 0;
-    return isNumber && !number.IsTooLarge() ? std::optional(number.value) : std::nullopt;
+    if (number.length != text.size() || number.length == 0)
+        return std::nullopt;
+    const double value = IsInRange(number.value) ? number.value : LongValueOf(text);
+    return IsInRange(value) ? std::optional(value) : std::nullopt;
 }
 
 }  // namespace dstv

@@ -92,7 +92,8 @@ class NcTokens {
     }
     /// Takes the next token when it is a number; false when it is none.
     bool TakeIfNumber(const wchar_t* what, double& value);
-    [[noreturn]] void FailOfNumber(const char* end, const wchar_t* what) const;
+    /// A number of many digits; fails when it is too large, or another point or a comma follows.
+    double UnusualNumber(std::string_view number, const wchar_t* what) const;
     [[noreturn]] void FailFrom(const char* at, const wchar_t* what, const wchar_t* expected) const;
 
     NcLine m_line;

@@ -36,6 +36,44 @@ void MoveAll(ZetArray<Record>& from, ZetArray<Record>& to) {
         to.append(std::move(record));
 }
 
+/// Where the records of a view's holes go.
+struct HoleLists {
+    ZetArray<CHoleAddlInfo>& kept;
+    ZetArray<CHoleAddlInfo>& countersinks;
+    ZetArray<CHoleAddlInfo>& duplicates;
+};
+
+void AppendHoles(const ZetArray<ZetNCHoleData>& holes, const CViewData& view, HoleLists lists) {
+    const camdata::detail::ViewHoles gathered = camdata::detail::GatherHoles(holes, view);
+    // As the first comparison of two holes does, also when none are near enough to compare.
+    if (gathered.kept.size() + gathered.duplicates.size() > 1)
+        CMxGeom::SetTol(eTolEPS);
+    camdata::detail::AppendRecords(gathered.setAside, view, lists.duplicates);
+    camdata::detail::AppendRecords(gathered.countersinks, view, lists.countersinks);
+    camdata::detail::AppendRecords(gathered.duplicates, view, lists.duplicates);
+    camdata::detail::AppendRecords(gathered.kept, view, lists.kept);
+}
+
+void AppendNotches(const ZetArray<ZetNCContour>& contours,
+                   const CViewData& view,
+                   const CMemberValidations& limits,
+                   ZetArray<CNotchAddInfo>& notches) {
+    if (contours.isEmpty())
+        return;
+    CNotchAddInfo notch;
+    for (long i = 0; i < contours.length(); ++i) {
+        ZetArray<CNotchAddInfo> pieces;
+        notch.InitValues();
+        notch.SetNotchData(contours[i], view, pieces);
+        // The further pieces are corrected already.
+        notch.CorrectData();
+        // Nobody needs the last one again.
+        pieces.append(i + 1 < contours.length() ? notch : std::move(notch));
+        RejectForbidden(pieces, limits);
+        MoveAll(pieces, notches);
+    }
+}
+
 }  // namespace
 
 void CMxPeilaib::GetAndSortHolesNotches() {
@@ -48,38 +86,20 @@ void CMxPeilaib::GetAndSortHolesNotches() {
         CMxGeom::SetTol(eTolEPS);
         const CViewData viewData = faces.ViewDataOf(view);
         if (hasHoles)
-            SetHoleDataArr(view.getHoles(), viewData);
-        SetNotchDataArr(view.getExternalContours(), viewData);
-        SetNotchDataArr(view.getInternalContours(), viewData);
+            AppendHoles(view.getHoles(), viewData, {m_holes, m_cskHoles, m_duplicateHoles});
+        AppendNotches(view.getExternalContours(), viewData, m_validations, m_notches);
+        AppendNotches(view.getInternalContours(), viewData, m_validations, m_notches);
     }
     MakeDupHoleArrForHolesInsideSlot();
     MakeDupNotchArr();
 }
 
 void CMxPeilaib::SetHoleDataArr(ZetArray<ZetNCHoleData> holes, CViewData view) {
-    const camdata::detail::ViewHoles gathered = camdata::detail::GatherHoles(holes, view);
-    // As the first comparison of two holes does, also when none are near enough to compare.
-    if (gathered.kept.size() + gathered.duplicates.size() > 1)
-        CMxGeom::SetTol(eTolEPS);
-    camdata::detail::AppendRecords(gathered.setAside, view, m_duplicateHoles);
-    camdata::detail::AppendRecords(gathered.countersinks, view, m_cskHoles);
-    camdata::detail::AppendRecords(gathered.duplicates, view, m_duplicateHoles);
-    camdata::detail::AppendRecords(gathered.kept, view, m_holes);
+    AppendHoles(holes, view, {m_holes, m_cskHoles, m_duplicateHoles});
 }
 
 void CMxPeilaib::SetNotchDataArr(ZetArray<ZetNCContour> contours, CViewData view) {
-    CNotchAddInfo notch;
-    for (long i = 0; i < contours.length(); ++i) {
-        ZetArray<CNotchAddInfo> pieces;
-        notch.InitValues();
-        notch.SetNotchData(std::move(contours[i]), view, pieces);
-        // The further pieces are corrected already.
-        notch.CorrectData();
-        // Nobody needs the last one again.
-        pieces.append(i + 1 < contours.length() ? notch : std::move(notch));
-        RejectForbidden(pieces, m_validations);
-        MoveAll(pieces, m_notches);
-    }
+    AppendNotches(contours, view, m_validations, m_notches);
 }
 
 void CMxPeilaib::OrderHoles(ZetArray<CHoleAddlInfo>& holes) {

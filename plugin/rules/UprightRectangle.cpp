@@ -10,7 +10,8 @@ bool IsRectangle(const CNotchAddInfo& notch) {
     if (!notch.GetIsRect())
         return false;
     // The closing repeat adds nothing.
-    return std::abs(AreaOf({notch.GetOutline().begin(), notch.GetOutline().end()}) - notch.GetLength() * notch.GetWidth()) <= kAreaTolerance;
+    return std::abs(AreaOf({notch.GetOutline().begin(), notch.GetOutline().end()}) -
+                    notch.GetLength() * notch.GetWidth()) <= kAreaTolerance;
 }
 
 bool IsUprightRectangle(const CNotchAddInfo& notch) {
