@@ -28,6 +28,11 @@ using report::FeatureState;
 using report::PageFact;
 using report::PageTable;
 
+/// A system may give a file any bytes for a name; a page has characters.
+std::string FileText(const std::string& name) {
+    return ZetString::fromUtf8(name).toUtf8();
+}
+
 std::string Text(long value) {
     return std::to_string(value);
 }
@@ -261,7 +266,7 @@ PageTable LeftOutTable(const RunReport& report, const job::Job& job) {
          ""
     };
     for (const RunFault& fault : report.leftOut)
-        table.rows.push_back({NameFromFolderOf(job.file, fault.file),
+        table.rows.push_back({FileText(NameFromFolderOf(job.file, fault.file)),
                               fault.line == 0 ? "" : Text(fault.line),
                               TextBehindPlace(fault)});
     return table;
@@ -296,7 +301,7 @@ PageTable NoteTable(const RunReport& report) {
          ""
     };
     for (const RunNote& note : report.notes)
-        table.rows.push_back({Utf8FromPath(PathFromUtf8(note.file).filename()),
+        table.rows.push_back({FileText(Utf8FromPath(PathFromUtf8(note.file).filename())),
                               note.note.line == 0 ? "" : Text(note.note.line),
                               note.note.text.toUtf8()});
     return table;
@@ -389,7 +394,7 @@ report::PageMember PageMemberOf(const RunReport& report,
     member.length = report.drawings.GetLength(index);
     member.quantity = result.quantity;
     member.group = job.groups[result.group].id.toUtf8();
-    member.file = NameFromFolderOf(job.file, source.file.name);
+    member.file = FileText(NameFromFolderOf(job.file, source.file.name));
     member.state = StateOf(result.outcome);
     member.isNonStandard = result.outcome.isNonStandard;
     member.uncut = uncut;

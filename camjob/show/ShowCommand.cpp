@@ -3,6 +3,7 @@
 #include "camjob/check/CheckInput.h"
 #include "camjob/console/ExitCode.h"
 #include "camjob/console/Paths.h"
+#include "camjob/console/ShownText.h"
 #include "camjob/disk/RevocableFiles.h"
 #include "camjob/input/NcFolderSearch.h"
 #include "camjob/show/PartDrawing.h"
@@ -209,7 +210,7 @@ int Shower::WriteDrawing(const std::string& target, const std::string& text) {
         return kExitNotWritten;
     }
     files.Keep();
-    m_out.Write(target + "\n");
+    WriteLine(m_out, ZetString::fromUtf8(target));
     return kExitDone;
 }
 
