@@ -38,3 +38,10 @@ else()
 endif()
 # Installed programs find the library beside them, wherever the installed tree is moved to.
 set(CMAKE_INSTALL_RPATH $ORIGIN/../${CMAKE_INSTALL_LIBDIR})
+
+# What lines of the library and the NC reader are reached: optimised, they would be others. Threads count, too.
+add_library(camdata_coverage INTERFACE)
+if(CAMDATA_COVERAGE)
+    target_compile_options(camdata_coverage INTERFACE --coverage -fprofile-update=atomic -O0)
+    target_link_options(camdata_coverage INTERFACE --coverage)
+endif()
