@@ -11,6 +11,7 @@
 #include <string>
 #include <string_view>
 #include <system_error>
+#include <type_traits>
 #include <utility>
 
 // Finding the NC files of a job: names are compared byte by byte on every system.
@@ -25,6 +26,15 @@ namespace fs = std::filesystem;
 std::string Utf8Of(const fs::path& path) {
     const std::u8string text = path.generic_u8string();
     return {text.begin(), text.end()};
+}
+
+/// The same of a single name. Where the system has it in bytes, these are taken as they are.
+template <typename Character>
+std::string Utf8OfName(const std::basic_string<Character>& name) {
+    if constexpr (std::is_same_v<Character, char>)
+        return name;
+    else
+        return Utf8Of(name);
 }
 
 bool HasWildcard(std::string_view text) {
@@ -164,10 +174,19 @@ class NcFileSearch {
     std::vector<std::string> TakeFaults() { return std::exchange(m_faults, {}); }
 
   private:
+    struct Entry {
+        std::string name;
+        bool isPlain;  ///< a file and no link, as far as the folder tells without a look at it
+
+        bool operator<(const Entry& other) const { return name < other.name; }
+    };
     struct Listing {
-        /// Which names are plain files, as far as the folder tells without a look at each.
-        std::map<std::string, bool> isPlain;
+        std::vector<Entry> entries;  ///< by name
         std::error_code error;
+
+        bool Has(const std::string& name) const {
+            return std::binary_search(entries.begin(), entries.end(), Entry{name, false});
+        }
     };
 
     std::vector<NamedNcFile> Descend(const std::vector<NamedNcFile>& folders,
@@ -189,17 +208,17 @@ class NcFileSearch {
         if (listing.error)
             return where + " is no folder that can be listed";
         const std::u32string wanted = CharactersOf(InSmallLetters(segment));
-        for (const auto& [name, isPlain] : listing.isPlain)
+        for (const auto& [name, isPlain] : listing.entries)
             if (FitsName(wanted, InSmallLetters(name)))
                 return where + " holds " + Quoted(name) + ", and capitals count";
         // Hidden ones are seldom meant.
         const auto other =
-            std::find_if(listing.isPlain.begin(), listing.isPlain.end(), [](const auto& entry) {
-                return !entry.first.starts_with('.');
+            std::find_if(listing.entries.begin(), listing.entries.end(), [](const Entry& entry) {
+                return !entry.name.starts_with('.');
             });
-        return where + (other == listing.isPlain.end()
+        return where + (other == listing.entries.end()
                             ? " is empty"
-                            : " holds other names, such as " + Quoted(other->first));
+                            : " holds other names, such as " + Quoted(other->name));
     }
 
     void AppendFitting(const fs::path& folder,
@@ -210,7 +229,7 @@ class NcFileSearch {
             m_faults.push_back(TextOf(folder, "cannot be listed", listing.error));
         const std::u32string wanted = CharactersOf(pattern);
         const std::string prefix = PrefixOf(folder);
-        for (const auto& [name, isPlain] : listing.isPlain)
+        for (const auto& [name, isPlain] : listing.entries)
             if (FitsName(wanted, name))
                 found.push_back({prefix + name, isPlain});
     }
@@ -219,8 +238,7 @@ class NcFileSearch {
     /// listed: the file is then looked for by its name alone.
     bool IsThere(const fs::path& folder, const std::string& name) {
         const Listing& listing = ListFolder(folder);
-        return listing.error || name.empty() || name == "." || name == ".." ||
-               listing.isPlain.count(name) > 0;
+        return listing.error || name.empty() || name == "." || name == ".." || listing.Has(name);
     }
 
     /// Also a link to nothing: whoever reads it tells. Nothing is left out unseen but folders.
@@ -236,14 +254,16 @@ class NcFileSearch {
 
     const Listing& ListFolder(const fs::path& folder) {
         const auto [entry, isNew] = m_folders.try_emplace(folder);
-        auto& [isPlain, error] = entry->second;
+        auto& [entries, error] = entry->second;
         if (isNew) {
             const fs::path listed = folder.empty() ? fs::path(".") : folder;
+            const std::size_t beginOfName = (listed / "").native().size();
             fs::directory_iterator file(listed, error);
             std::error_code ignored;
             for (; !error && file != fs::directory_iterator(); file.increment(error))
-                isPlain.emplace(Utf8Of(file->path().filename()),
-                                !file->is_symlink(ignored) && file->is_regular_file(ignored));
+                entries.push_back({Utf8OfName(file->path().native().substr(beginOfName)),
+                                   !file->is_symlink(ignored) && file->is_regular_file(ignored)});
+            std::sort(entries.begin(), entries.end());
             if (IsNoFolder(error) && KindOf(folder, ignored) == Kind::kLinkToNothing)
                 m_faults.push_back(TextOf(folder, "is a link to nothing"));
         }
@@ -254,12 +274,34 @@ class NcFileSearch {
     std::vector<std::string> m_faults;
 };
 
+struct NormalFile {
+    std::string name;  ///< by which it is told apart
+    NamedNcFile file;
+};
+
+/// Each once: as the first pattern that it fits names it.
+std::vector<NamedNcFile> InOrder(std::vector<NormalFile> files) {
+    const auto isBefore = [](const NormalFile& a, const NormalFile& b) { return a.name < b.name; };
+    // One pattern gives them in order mostly.
+    if (!std::is_sorted(files.begin(), files.end(), isBefore))
+        std::stable_sort(files.begin(), files.end(), isBefore);
+    const auto end =
+        std::unique(files.begin(), files.end(), [](const NormalFile& a, const NormalFile& b) {
+            return a.name == b.name;
+        });
+    std::vector<NamedNcFile> sorted;
+    sorted.reserve(files.size());
+    for (auto file = files.begin(); file != end; ++file)
+        sorted.push_back(std::move(file->file));
+    return sorted;
+}
+
 }  // namespace
 
 NcFilesResult ExpandNcFiles(const Job& job) {
     const fs::path folder = PathFromUtf8(job.file).parent_path();
     NcFileSearch search;
-    std::map<std::string, NamedNcFile> files;
+    std::vector<NormalFile> files;
     NormalNames names;
     std::vector<JobError> errors;
     for (const NcFilePattern& pattern : job.ncFiles) {
@@ -268,7 +310,7 @@ NcFilesResult ExpandNcFiles(const Job& job) {
         const fs::path below = path.relative_path().lexically_normal();
         std::vector<NamedNcFile> found = search.Find(root, below);
         for (NamedNcFile& file : found)
-            files.emplace_hint(files.end(), names.Of(file.name), std::move(file));
+            files.push_back({names.Of(file.name), std::move(file)});
         std::vector<std::string> faults = search.TakeFaults();
         if (found.empty() && faults.empty()) {
             const std::string why = search.WhyNone(root, below);
@@ -280,10 +322,7 @@ NcFilesResult ExpandNcFiles(const Job& job) {
     }
     if (!errors.empty())
         return errors;
-    std::vector<NamedNcFile> sorted;
-    for (auto& [name, file] : files)
-        sorted.push_back(std::move(file));
-    return sorted;
+    return InOrder(std::move(files));
 }
 
 }  // namespace job

@@ -38,13 +38,15 @@ struct MemberAccounts {
 /// Where the features of one file ended.
 struct FeatureAccounts {
     MemberAccounts numbers;
-    std::vector<AccountedFeature> features;  ///< in the order of their lines
+    std::vector<AccountedFeature> features;  ///< in the order of their lines; when they are kept
     std::vector<LostFeature> lost;           ///< when the member is made: a fault of the program
 };
 
 /// Joins what the reader has met with what the plug-in has made of it, feature by feature.
+/// `areFeaturesKept` false: the features are counted only.
 FeatureAccounts SettleAccounts(const std::vector<dstv::NcEntry>& entries,
-                               const plugin::Ledger& ledger);
+                               const plugin::Ledger& ledger,
+                               bool areFeaturesKept);
 
 /// Of a file that takes no part: none of it is made.
 plugin::AccountNumbers AllNotMade(const std::vector<dstv::NcEntry>& entries);

@@ -93,10 +93,8 @@ JudgedPart PartReading::Judge(dstv::NcFileEntity& entity, const std::string& fil
     JudgedPart judged{m_run.Judge(entity, ZetString::fromUtf8(file), draw, CountNoted(entries))};
     if (judged.result.GetAdded() == plugin::JobRun::Added::kAdded) {
         const plugin::Ledger ledger = judged.result.TakeLedger();
-        judged.accounts = SettleAccounts(entries, ledger);
         // Whoever draws members tells their features.
-        if (!m_areDrawingsTold)
-            judged.accounts.features = std::vector<AccountedFeature>();
+        judged.accounts = SettleAccounts(entries, ledger, m_areDrawingsTold);
         judged.ncFiles =
             NcFiles::Make(m_job, entity.getPart(), ledger, judged.result.GetGroupPosition());
         judged.drawing = std::move(drawing);

@@ -9,7 +9,7 @@ namespace plugin {
 
 namespace {
 
-unsigned BitOf(Account account) {
+constexpr unsigned BitOf(Account account) {
     return 1u << static_cast<unsigned>(account);
 }
 
@@ -83,43 +83,52 @@ void Ledger::Join(long tag, long wholeTag) {
         entry->wholeTag = wholeTag;
 }
 
-bool Ledger::Has(const Entry& entry, Account account) const {
-    if ((entry.claims & BitOf(account)) != 0)
-        return true;
+unsigned Ledger::ClaimsOn(const Entry& entry) const {
     const Entry* const whole = entry.wholeTag == 0 ? nullptr : EntryOf(entry.wholeTag);
-    return whole != nullptr && (whole->claims & BitOf(account)) != 0;
+    return entry.claims | (whole != nullptr ? whole->claims : 0);
 }
 
 /// Made, refused, or what the machine is not asked for.
 bool Ledger::IsSettled(long tag) const {
+    constexpr unsigned kSettled =
+        BitOf(Account::kMade) | BitOf(Account::kRefused) | BitOf(Account::kNotForMachine);
     const Entry* const entry = EntryOf(tag);
-    return entry != nullptr && (Has(*entry, Account::kMade) || Has(*entry, Account::kRefused) ||
-                                Has(*entry, Account::kNotForMachine));
+    return entry != nullptr && (ClaimsOn(*entry) & kSettled) != 0;
 }
 
-std::optional<Account> Ledger::AccountOf(long tag, bool isMemberMade) const {
-    const Entry* const found = EntryOf(tag);
-    if (found == nullptr)
-        return std::nullopt;
-    const Entry& entry = *found;
-    if (isMemberMade && Has(entry, Account::kMade))
+std::optional<Account> Ledger::AccountOf(const Entry& entry, bool isMemberMade) const {
+    const unsigned claims = ClaimsOn(entry);
+    const auto has = [&](Account account) { return (claims & BitOf(account)) != 0; };
+    if (isMemberMade && has(Account::kMade))
         return Account::kMade;
-    if (Has(entry, Account::kRefused))
+    if (has(Account::kRefused))
         return Account::kRefused;
     if (!isMemberMade)
         return Account::kNotMade;
-    if (Has(entry, Account::kSetAside))
+    if (has(Account::kSetAside))
         return entry.otherTag == 0 || IsSettled(entry.otherTag) ? std::optional(Account::kSetAside)
                                                                 : std::nullopt;
-    if (Has(entry, Account::kNotForMachine))
+    if (has(Account::kNotForMachine))
         return Account::kNotForMachine;
     return std::nullopt;
+}
+
+std::optional<Account> Ledger::AccountOf(long tag, bool isMemberMade) const {
+    const Entry* const entry = EntryOf(tag);
+    return entry == nullptr ? std::nullopt : AccountOf(*entry, isMemberMade);
+}
+
+Ledger::Accounts Ledger::AccountsOf(long tag) const {
+    const Entry* const entry = EntryOf(tag);
+    if (entry == nullptr)
+        return {};
+    return {AccountOf(*entry, true), AccountOf(*entry, false)};
 }
 
 long Ledger::CountNotMade() const {
     return static_cast<long>(
         std::count_if(m_entries.begin(), m_entries.end(), [&](const Entry& each) {
-            return AccountOf(each.feature.tag, false) == Account::kNotMade;
+            return AccountOf(each, false) == Account::kNotMade;
         }));
 }
 

@@ -46,8 +46,15 @@ class Ledger {
     void Join(long tag, long wholeTag);
 
     /// The account of a feature; nothing when it is lost, or set aside for one that is not
-    /// settled: made, refused or not for this machine. `isMemberMade`: the member is in the machine files.
+    /// settled: made, refused or not for this machine. `isMemberMade`: the member is in the machine
+    /// files.
     std::optional<Account> AccountOf(long tag, bool isMemberMade) const;
+    /// Both accounts of a feature.
+    struct Accounts {
+        std::optional<Account> whenMade;  ///< when the member is made
+        std::optional<Account> whenNotMade;
+    };
+    Accounts AccountsOf(long tag) const;
     /// How many features are not made with a member that is not.
     long CountNotMade() const;
     /// Tags that were claimed, although no feature has them.
@@ -61,8 +68,10 @@ class Ledger {
         long wholeTag = 0;    ///< that it is a part of; 0: none
     };
 
-    bool Has(const Entry& entry, Account account) const;
+    /// Bit by Account: its own, and those of what it is a part of.
+    unsigned ClaimsOn(const Entry& entry) const;
     bool IsSettled(long tag) const;
+    std::optional<Account> AccountOf(const Entry& entry, bool isMemberMade) const;
 
     /// Null for a tag that no feature has.
     const Entry* EntryOf(long tag) const;

@@ -126,7 +126,7 @@ void JobMember::MakeMarks() {
         const CViewData data = ViewDataOf(view.getViewPos());
         const auto make = [&](const auto& features) {
             for (const auto& feature : features)
-                AddOperation(OperationOf(feature, data), feature.hostTag);
+                AddOperation(feature.hostTag) = OperationOf(feature, data);
         };
         make(view.getMarks());
         make(view.getNumerations());

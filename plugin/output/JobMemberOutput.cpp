@@ -58,8 +58,7 @@ double AngleOf(const CHoleAddlInfo& hole) {
     return angle < 0.0 ? angle + 180.0 : angle;
 }
 
-MachineOperation OperationOf(const CHoleAddlInfo& hole) {
-    MachineOperation operation;
+void Describe(const CHoleAddlInfo& hole, MachineOperation& operation) {
     operation.kind = KindOf(hole);
     operation.face = hole.GetViewData().GetHoleFace();
     operation.x = hole.GetXPos();
@@ -71,7 +70,6 @@ MachineOperation OperationOf(const CHoleAddlInfo& hole) {
     operation.depth = hole.GetHoleData().depth;
     operation.thread = ThreadOf(hole);
     operation.code = hole.GetHoleCode();
-    return operation;
 }
 
 // ---- notches ------------------------------------------------------------------------------------
@@ -96,9 +94,8 @@ ZetArray<ZetGeomPoint2d> CornersOf(const CNotchAddInfo& notch) {
     return corners;
 }
 
-MachineOperation OperationOf(const CNotchAddInfo& notch) {
+void Describe(const CNotchAddInfo& notch, MachineOperation& operation) {
     const bool isRectangle = IsUprightRectangle(notch);
-    MachineOperation operation;
     operation.kind = isRectangle ? MachineOperationKind::kNotch : MachineOperationKind::kOutline;
     operation.face = notch.GetViewData().GetHoleFace();
     operation.cut = notch.GetIsInternal() ? kInternalCut : kExternalCut;
@@ -109,7 +106,6 @@ MachineOperation OperationOf(const CNotchAddInfo& notch) {
     if (!isRectangle)
         operation.points = CornersOf(notch);
     operation.code = notch.GetOutMsg();
-    return operation;
 }
 
 }  // namespace
@@ -121,19 +117,19 @@ void JobMember::GenerateOutPutStringForHoles() {
     for (const CHoleAddlInfo& hole : m_holes) {
         if (!IsManufactured(hole))
             continue;
-        MachineOperation operation = OperationOf(hole);
+        MachineOperation& operation = AddOperation(hole.GetHoleData().hostTag);
+        Describe(hole, operation);
         if (const CHoleAddlInfo* sink = SinkOf(hole)) {
             operation.sinkDiameter = sink->GetSize();
             operation.sinkDepth = sink->GetHoleData().depth;
         }
-        AddOperation(std::move(operation), hole.GetHoleData().hostTag);
     }
 }
 
 void JobMember::GenerateOutPutStringForNotches() {
     for (const CNotchAddInfo& notch : m_notches) {
         if (IsManufactured(notch))
-            AddOperation(OperationOf(notch), notch.GetContour().hostTag);
+            Describe(notch, AddOperation(notch.GetContour().hostTag));
     }
 }
 
@@ -164,14 +160,14 @@ void JobMember::MakeMitres() {
 void JobMember::AddOperationOnce(MachineOperation operation, long tag) {
     const auto [first, isNew] = m_judging->cutLines.insert({FormatOperation(operation), tag});
     if (isNew)
-        AddOperation(std::move(operation), tag);
+        AddOperation(tag) = std::move(operation);
     else if (tag != first->second)
         m_ledger.Join(tag, first->second);
 }
 
-void JobMember::AddOperation(MachineOperation operation, long tag) {
-    m_judging->machineMember.operations.push_back(std::move(operation));
+MachineOperation& JobMember::AddOperation(long tag) {
     m_judging->operationTags.push_back(tag);
+    return m_judging->machineMember.operations.emplace_back();
 }
 
 void JobMember::MakeOperations() {
@@ -185,9 +181,10 @@ void JobMember::MakeOperations() {
 }
 
 void JobMember::ClaimOperations() {
+    const bool mayBeSilent = !m_formatted.empty();
     for (std::size_t i = 0; i < m_judging->operationTags.size(); ++i)
         m_ledger.Claim(m_judging->operationTags[i],
-                       IsSilent(i) ? Account::kNotForMachine : Account::kMade);
+                       mayBeSilent && IsSilent(i) ? Account::kNotForMachine : Account::kMade);
 }
 
 /// A section of the type's own has its flanges' widths from the web; else they begin where the

@@ -64,15 +64,17 @@ CMxGroups GroupOf(const job::Group& source, const GroupSection& section, std::si
                     std::move(files),
                     ArrayFromVector(section.headerLines),
                     ArrayFromVector(source.sortKeys));
-    group.SetNesting(source.isNested);
+    // Whether the group is nested or not: plans are made profile by profile.
+    group.SetNesting(false);
     return group;
 }
 
-/// Members with the same group, profile name and material are planned together.
-using PlanKey = std::tuple<std::size_t, ZetString, ZetString>;
+/// Members with the same group, profile name and material are planned together. Lent by one of
+/// them.
+using PlanKey = std::tuple<std::size_t, std::wstring_view, std::wstring_view>;
 
 PlanKey KeyOf(const JobMember& member) {
-    return {member.GetGroupPosition(), member.GetProfileName(), member.GetMaterial()};
+    return {member.GetGroupPosition(), member.SeeProfileName(), member.GetMaterial().view()};
 }
 
 void Count(const MemberOutcome& member, GroupResult& group) {
@@ -120,9 +122,11 @@ class JobRun::Member final : public JobMember {
             throw Cancelled();
         JobMember::WriteMemOutPut(files, secondaryParts);
         m_run->m_written.push_back(m_position);
+        if (!m_run->m_areRecordsKept)
+            m_run->m_records.Drop(m_storedRecords);
     }
 
-    void StoreRecords(TextBlocks& blocks) { m_recordText = blocks.Add(TakeRecords().text); }
+    void StoreRecords(TextBlocks& blocks) { m_storedRecords = blocks.Add(TakeRecords().text); }
     /// Of its NC file, without folder; "" when it was not told.
     const ZetString& GetFileName() const { return m_fileName; }
     /// When it is made.
@@ -144,11 +148,11 @@ class JobRun::Member final : public JobMember {
 
   private:
     std::string_view GetRecordText() const override {
-        return m_run->m_areRecordsKept ? JobMember::GetRecordText() : m_recordText;
+        return m_run->m_areRecordsKept ? JobMember::GetRecordText() : m_storedRecords.View();
     }
 
     JobRun* m_run = nullptr;
-    std::string_view m_recordText;  ///< when they are stored
+    TextBlocks::Place m_storedRecords;  ///< unless the member keeps them
     ZetString m_fileName;
     std::size_t m_position = 0;
 };
@@ -301,8 +305,9 @@ void JobRun::WriteMembers(const ZetString& folder, const CancelCheck& isCancelle
     for (const auto& member : m_members)
         m_accumulator.Append(member.get());
     m_accumulator.WriteOutPut();
-    m_records.Clear();
     m_faults = m_accumulator.GetFileFaults();
+    // Its lines, of all members, are written, too.
+    m_accumulator.SetAddInfo(CMxAddlInfo());
 }
 
 ZetString JobRun::GetFileName(const ZetString& ending) {
@@ -469,7 +474,7 @@ void JobRun::MakePlans() {
     std::map<PlanKey, std::vector<std::size_t>> together;
     for (const std::size_t position : m_written) {
         const Member& member = *m_members[position];
-        if (member.GetNestedMembers().group.isNested && member.IsMade())
+        if (member.IsNested() && member.IsMade())
             together[KeyOf(member)].push_back(position);
     }
     std::vector<const std::vector<std::size_t>*> profiles;
@@ -553,9 +558,10 @@ std::vector<ZetString> JobRun::FindPlanConflicts() const {
     std::set<ZetString> conflicts;
     std::set<PlanKey> known;
     for (const auto& member : m_members) {
+        if (!member->IsNested() || !known.insert(KeyOf(*member)).second)
+            continue;
         const NestedMembers members = member->GetNestedMembers();
-        if (!members.group.isNested || !known.insert(KeyOf(*member)).second ||
-            PlanOf(m_job, members) != job::BarPlan::kGiven)
+        if (PlanOf(m_job, members) != job::BarPlan::kGiven)
             continue;
         for (const BarStock& stock : StocksFor(m_job, members))
             if (!IsLibraryStock(stock))

@@ -220,7 +220,7 @@ class JobRun {
     GroupSections m_sections;  ///< from Write on
     CMxCamGlobAcc m_accumulator;
     bool m_areRecordsKept = true;
-    TextBlocks m_records;  ///< of the members, until they are written; unless they are kept
+    TextBlocks m_records;  ///< of each member until it is written; unless they are kept
     std::vector<ZetString> m_leftOut;
     ZetArray<FileFault> m_faults;
     BarsInHand m_bars;

@@ -144,9 +144,15 @@ class JobMember : public CMxPeilaib {
 
     /// The library's nests of these parts, with the reserve of the member's group.
     ZetArray<CMxNestParts> MakeNests(ZetArray<CMxParts> parts);
+    /// It is cut from bars with others.
+    bool IsNested() const { return GetGroup().isNested; }
     /// Whom it is cut from bars with.
     NestedMembers GetNestedMembers() const { return {GetGroup(), GetProfileName(), m_material}; }
     const ZetString& GetMaterial() const { return m_material; }
+    /// The name of its profile, lent.
+    std::wstring_view SeeProfileName() const {
+        return m_memType.GetHeaderData().profileName.view();
+    }
     /// kg; 0: not known.
     double GetWeightPerMetre() const { return m_weightPerMetre; }
 
@@ -380,7 +386,8 @@ class JobMember : public CMxPeilaib {
     void MakeMachineMember();
     std::string MakeRecords() const;
     void MakeOperations();
-    void AddOperation(MachineOperation operation, long tag);
+    /// One more, to be described.
+    MachineOperation& AddOperation(long tag);
     void AddOperationOnce(MachineOperation operation, long tag);
     void ClaimOperations();
     std::array<std::optional<double>, eHoleFaceNone + 1> UpperEdges() const;

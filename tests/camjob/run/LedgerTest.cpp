@@ -423,7 +423,7 @@ TEST(Ledger, TellsWhatDoesNotAddUp) {
         ledger.Claim(23, Account::kMade);
         claim(ledger);
         std::string lines;
-        for (const camjob::LostFeature& lost : camjob::SettleAccounts(entries, ledger).lost)
+        for (const camjob::LostFeature& lost : camjob::SettleAccounts(entries, ledger, false).lost)
             lines += std::to_string(lost.line) + " ";
         return lines;
     };
