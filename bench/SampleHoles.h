@@ -23,12 +23,17 @@ inline double Drawn(std::mt19937_64& random, double below) {
     return static_cast<double>(random() % 1000000) * below * 1e-6;
 }
 
-inline Holes Random(long count) {
+/// At random places of a web of some length.
+inline Holes Scattered(long count, double length) {
     std::mt19937_64 random(1);
     Holes holes;
     for (long i = 0; i < count; ++i)
-        holes.push_back(HoleAt(Drawn(random, 12000), Drawn(random, 200)).Round(14));
+        holes.push_back(HoleAt(Drawn(random, length), Drawn(random, 200)).Round(14));
     return holes;
+}
+
+inline Holes Random(long count) {
+    return Scattered(count, 12000);
 }
 
 /// All at one X.
@@ -41,11 +46,7 @@ inline Holes Column(long count) {
 
 /// So close that most are duplicates.
 inline Holes Dense(long count) {
-    std::mt19937_64 random(1);
-    Holes holes;
-    for (long i = 0; i < count; ++i)
-        holes.push_back(HoleAt(Drawn(random, 1200), Drawn(random, 200)).Round(14));
-    return holes;
+    return Scattered(count, 1200);
 }
 
 /// One hole in a hundred is as wide as two hundred others.

@@ -82,11 +82,14 @@ double Exponent(const std::pair<double, double>& from, const std::pair<double, d
     return std::log(to.second / from.second) / std::log(to.first / from.first);
 }
 
-struct Arrangement {
+/// Samples of a kind, of any size.
+template <typename Sample>
+struct Kind {
     const char* name;
-    Holes (*make)(long);
+    Sample (*make)(long);
 };
 
+using Arrangement = Kind<Holes>;
 constexpr Arrangement kArrangements[] = {
     {"two by two",      Pattern      },
     {"random places",   Random       },
@@ -192,11 +195,7 @@ double TimeOfClipper(const OutlinePoints& points) {
 
 #endif
 
-struct OutlineKind {
-    const char* name;
-    OutlinePoints (*make)(long);
-};
-
+using OutlineKind = Kind<OutlinePoints>;
 constexpr OutlineKind kOutlines[] = {
     {"upright", Comb      },
     {"turned",  TurnedComb},

@@ -6,6 +6,9 @@
 namespace camdata::detail {
 
 std::vector<long> RemovedInOrder(const Removers& removers) {
+    if (std::all_of(
+            removers.begin(), removers.end(), [](long remover) { return remover == kKept; }))
+        return {};
     // The places of those that a record removed end where those of the next one begin.
     std::vector<std::size_t> places(removers.size() + 1);
     for (const long remover : removers)

@@ -40,7 +40,18 @@ Holes TakeOut(Holes& holes, bool (*isLeaving)(const ViewHole&)) {
     return taken;
 }
 
-Holes Ordered(const Holes& holes) {
+/// What stands at a place of its own behind the one before stays there. Not what is no number.
+bool IsOrdered(const Holes& holes) {
+    const auto isNotBehind = [](const ViewHole& a, const ViewHole& b) {
+        return !(a.place.x < b.place.x || (a.place.x == b.place.x && a.place.y < b.place.y));
+    };
+    return holes.size() > 1 &&
+           std::adjacent_find(holes.begin(), holes.end(), isNotBehind) == holes.end();
+}
+
+Holes Ordered(Holes holes) {
+    if (IsOrdered(holes))
+        return holes;
     std::vector<PositionKey> keys;
     keys.reserve(holes.size());
     for (const ViewHole& hole : holes)
@@ -73,8 +84,11 @@ std::vector<HolePlace> PlacesOf(const Holes& holes) {
 
 Holes TakeDuplicatesOut(Holes& holes) {
     const Removers removers = FindDuplicateHoles(PlacesOf(holes));
+    const std::vector<long> leaving = RemovedInOrder(removers);
+    if (leaving.empty())
+        return {};
     Holes duplicates;
-    for (const long index : RemovedInOrder(removers))
+    for (const long index : leaving)
         duplicates.push_back(holes[static_cast<std::size_t>(index)]);
     std::size_t kept = 0;
     for (std::size_t index = 0; index < holes.size(); ++index) {
@@ -91,7 +105,7 @@ ViewHoles GatherHoles(const ZetArray<ZetNCHoleData>& holes, const CViewData& vie
     ViewHoles gathered;
     gathered.kept = HolesOf(holes, view);
     gathered.setAside = TakeOut(gathered.kept, IsSetAside);
-    gathered.kept = Ordered(gathered.kept);
+    gathered.kept = Ordered(std::move(gathered.kept));
     gathered.countersinks = TakeCountersinksOut(gathered.kept);
     gathered.duplicates = TakeDuplicatesOut(gathered.kept);
     return gathered;
