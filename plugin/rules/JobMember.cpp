@@ -56,6 +56,8 @@ JobMember::JobMember(const JudgingRules& rules, const job::MemberType& type, Zet
     SetMemObjects(type.type, std::move(limits));
     SetNCObjects(&creator);
     m_section = SectionOf(m_memType.GetHeaderData().profileCode);
+    for (std::size_t view = 0; view < m_judging->viewsOfWall.size(); ++view)
+        m_judging->viewsOfWall[view] = FindViewsOfWall(static_cast<int>(view));
     m_ordered = GetQty();
     // The height of a plate is its width.
     m_weightPerMetre = header.weightPerMetre * (IsPlate() ? header.height / 1000.0 : 1.0);

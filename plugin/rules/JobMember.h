@@ -297,14 +297,26 @@ class JobMember : public CMxPeilaib {
     bool IsCutAway(const ZetGeomPoint2d& place, int viewPosition) const;
     bool IsInOpening(const CHoleAddlInfo& hole, int viewPosition) const;
     bool IsInOpening(const std::vector<ZetGeomPoint2d>& opening, int viewPosition) const;
-    std::vector<int> ViewsOfWall(int viewPosition) const;
+    /// The views that show a wall; one twice when no other does.
+    using WallViews = std::array<int, 2>;
+    WallViews FindViewsOfWall(int viewPosition) const;
+    WallViews ViewsOfWall(int viewPosition) const {
+        const auto view = static_cast<std::size_t>(viewPosition);
+        return view < m_judging->viewsOfWall.size() ? m_judging->viewsOfWall[view]
+                                                    : WallViews{viewPosition, viewPosition};
+    }
+    /// Whether the test holds for a view that shows the same wall as another.
+    template <typename Test>
+    bool AnyViewOfWall(int viewPosition, const Test& test) const {
+        const WallViews views = ViewsOfWall(viewPosition);
+        return test(views[0]) || (views[1] != views[0] && test(views[1]));
+    }
     /// Whether an outline of the wall that a view shows passes the test.
     template <typename Test>
     bool AnyOutline(int viewPosition, const Test& test) const {
         if (m_judging->outlines.empty())
             return false;
-        const std::vector<int> views = ViewsOfWall(viewPosition);
-        return std::any_of(views.begin(), views.end(), [&](int view) {
+        return AnyViewOfWall(viewPosition, [&](int view) {
             const auto at = m_judging->outlines.find(view);
             return at != m_judging->outlines.end() && test(at->second);
         });
@@ -314,8 +326,7 @@ class JobMember : public CMxPeilaib {
     bool AnyOpening(int viewPosition, double x, const Test& test) const {
         if (m_judging->openings.empty())
             return false;
-        const std::vector<int> views = ViewsOfWall(viewPosition);
-        return std::any_of(views.begin(), views.end(), [&](int view) {
+        return AnyViewOfWall(viewPosition, [&](int view) {
             const auto at = m_judging->openings.find(view);
             return at != m_judging->openings.end() && at->second.Any(x, test);
         });
@@ -438,6 +449,7 @@ class JobMember : public CMxPeilaib {
     struct Judging {
         std::vector<const HoleRuleMatcher::Entry*> entryOfHole;  ///< by hole; null: no rule
         std::optional<FaceOutline> plate;                        ///< its outline, or its box
+        std::array<WallViews, 4> viewsOfWall{};                  ///< by standard view
         std::map<int, PlaneView> planes;                         ///< by view position
         std::map<int, FaceOutline> outlines;       ///< by view position; those that operations tell
         std::map<int, Openings> openings;          ///< by view position; those that are made

@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <cmath>
 #include <iterator>
+#include <string_view>
 #include <utility>
 
 namespace plugin {
@@ -34,14 +35,14 @@ bool Holds(const CNotchAddInfo& kept, const CNotchAddInfo& notch) {
 }
 
 /// Profile codes of sections with two walls: an opening in each is no repetition.
-constexpr const wchar_t* kHollowCodes[] = {L"M", L"RO"};
+constexpr std::wstring_view kHollowCodes[] = {L"M", L"RO"};
 
 }  // namespace
 
 bool JobMember::IsHollow() const {
     return std::find(std::begin(kHollowCodes),
                      std::end(kHollowCodes),
-                     m_memType.GetProfileCode()) != std::end(kHollowCodes);
+                     m_memType.GetProfileCode().view()) != std::end(kHollowCodes);
 }
 
 /// An outline that cuts nothing is no notch.
@@ -63,6 +64,8 @@ void JobMember::DropPlainOutlines(ZetArray<CNotchAddInfo>& notches) {
 void JobMember::SetAsideNotches() {
     DropPlainOutlines(m_notches);
     DropPlainOutlines(m_duplicateNotches);
+    if (m_duplicateNotches.isEmpty())
+        return;
     const bool isHollow = IsHollow();
     ReachIndex kept;
     for (long i = 0; i < m_notches.length(); ++i)
