@@ -91,6 +91,10 @@ TEST(NcHost, MakesContoursAndMarksOfOtherHoleLines) {
                                          "IK\n  v 1 1\n  5 1\n  1 5\n  1 1\n"
                                          "BO\n  v 100 50 0 0l 20 10 90\n  v 7 8 0\n"
                                          "  v 10 20 0 0l 30 0 90\n");
+    std::wstring kinds;
+    for (const dstv::NcEntry& entry : EntriesOf(entity.getPart()))
+        kinds.append(entry.kind).append(L" ");
+    EXPECT_EQ(kinds, L"opening rectangle mark mark ");
     const ZetNCView view = entity.getNCStructure(0).getViews()[0];
     EXPECT_TRUE(view.getHoles().isEmpty());
     ASSERT_EQ(view.getInternalContours().length(), 2);

@@ -10,6 +10,7 @@
 #include <fstream>
 #include <optional>
 #include <string>
+#include <tuple>
 #include <utility>
 #include <vector>
 
@@ -144,6 +145,38 @@ TEST(CMxCamGlobAccTest, ProjectInformationEndsWithItsLastOwner) {
     EXPECT_EQ(ends, 1);
     accumulator.SetProjectInfo(nullptr);
     EXPECT_EQ(ends, 2);
+}
+
+TEST(CMxCamGlobAccTest, AssigningTakesAllSettings) {
+    CMxCamGlobAcc accumulator;
+    accumulator.SetManuFacturerDetails(L"prefix", L"folder", L"name");
+    accumulator.SetMinEdgeDist(1.0);
+    accumulator.SetMinGaugeLine(2.0);
+    accumulator.SetHanding(eHandingLeft);
+    accumulator.SetIsCancelled(true);
+    accumulator.SetDllVer(L"1.2.3.4");
+    ZetNCProjectData data;
+    data.SetData(eZetCClient, L"Client");
+    accumulator.SetProjectData(data);
+    const auto settings = [](const CMxCamGlobAcc& of) {
+        return std::tuple(of.GetPrefix(),
+                          of.GetDirName(),
+                          of.GetFullName(),
+                          of.GetMinEdgeDist(),
+                          of.GetMinGaugeLine(),
+                          of.GetHanding(),
+                          of.GetIsCancelled(),
+                          of.GetMxProductVersion(),
+                          of.GetCamDllVersion(),
+                          of.GetBaseDllVersion(),
+                          of.GetAnyName(eZetCClient, 0));
+    };
+    const auto expected = settings(accumulator);
+    EXPECT_NE(expected, settings(CMxCamGlobAcc()));
+    CMxCamGlobAcc copy;
+    copy = accumulator;
+    EXPECT_EQ(settings(copy), expected);
+    EXPECT_EQ(settings(CMxCamGlobAcc(std::move(accumulator))), expected);
 }
 
 TEST(CMxCamGlobAccTest, CopiesShareListsAndCountForThemselves) {

@@ -84,6 +84,8 @@ class JobRun {
     /// What comes of it: a failed assertion, what the members were handed and are to nest, what the
     /// host was told, the faults, and all files; there "$" is a line feed.
     std::string Outcome() {
+        // As good as the one that was filled.
+        m_accumulator = CMxCamGlobAcc(std::move(m_accumulator));
         const std::string assertion = AssertionOf([&] { m_accumulator.WriteOutPut(); });
         std::string text = assertion == "none" ? "" : "assertion " + assertion + "\n";
         for (const std::string& line : m_log)
