@@ -287,14 +287,21 @@ TEST(NcReader, RefusesMoreThanItsLimits) {
     EXPECT_EQ(ReadError(NcSample().With(holes)), "read");
     EXPECT_EQ(ReadError(NcSample().With(holes + "  v 4 5 6\n")),
               "part.nc1:100027: hole \"v 4 5 6\": expected at most 100000 holes in one file");
-    std::string slots = "BO\n";
-    for (int i = 0; i < 1'000; ++i)
-        slots += "  v " + std::to_string(i) + " 50 18 0l 2000 0 0\n";
-    EXPECT_EQ(ReadError(NcSample().With(slots)), "read");
-    EXPECT_EQ(
-        ReadError(NcSample().With(slots + "  v 2 50 18 0l 2000 0 0\n")),
-        "part.nc1:1026: holes in slots \"with this slot more than 1000000\": expected at most "
-        "1000000 in one file, a hole counted once for each slot that it lies in");
+    for (const bool isUpright : {false, true}) {
+        const auto slot = [&](int i) {
+            const std::string at = std::to_string(i);
+            return isUpright ? "  v 50 " + at + " 18 0l 0 2000 0\n"
+                             : "  v " + at + " 50 18 0l 2000 0 0\n";
+        };
+        std::string slots = "BO\n";
+        for (int i = 0; i < 1'000; ++i)
+            slots += slot(i);
+        EXPECT_EQ(ReadError(NcSample().With(slots)), "read");
+        EXPECT_EQ(
+            ReadError(NcSample().With(slots + slot(2))),
+            "part.nc1:1026: holes in slots \"with this slot more than 1000000\": expected at most "
+            "1000000 in one file, a hole counted once for each slot that it lies in");
+    }
     const std::string blank(static_cast<std::size_t>(dstv::kMaxLines) - 25, '\n');
     EXPECT_EQ(ReadError(NcSample().With(blank)), "read");
     EXPECT_EQ(ReadError(NcSample().With(blank + "EN\n")),

@@ -62,6 +62,15 @@ TEST_F(HolePostProcessingTest, TagsTheFirstHoleAtExactlyThePlace) {
     EXPECT_FALSE(TestMember::TagThisCSKtoMainHole(others, Countersink(22, 100.000001), 0));
 }
 
+TEST_F(HolePostProcessingTest, CountersinksMarkTheirHolesAndGoToAListOfTheirOwn) {
+    Holes holes = {Countersink(22, 300), Countersink(22), Round(11), Round(12), Round(11, 200)};
+    member.MakeCSKHoleArrAndMark(holes);
+    EXPECT_EQ(XsOf(holes), Numbers({100, 100, 200}));
+    EXPECT_EQ(XsOf(member.m_cskHoles), Numbers({300, 100}));
+    EXPECT_TRUE(holes[0].GetIsCSK());
+    EXPECT_FALSE(holes[1].GetIsCSK() || holes[2].GetIsCSK());
+}
+
 TEST_F(HolePostProcessingTest, CountersunkRoundHolesOnTheWebGetTheFaceOfItsBack) {
     const auto onWeb = [](double x) { return HoleAt(x, 0).Countersunk(20).On(eHoleFaceWeb); };
     CHoleAddlInfo square = onWeb(1);

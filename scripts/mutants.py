@@ -1,0 +1,298 @@
+#!/usr/bin/env python3
+"""mutants.py COUNT [SEED] tells whether the tests notice faults: it plants COUNT faults, one at a time, each in one
+place of the sources of the library and the NC reader, compiles and links what has changed in build/mutants, a copy of
+build/release, and runs the tests.
+
+A fault is a comparison or a constant that is a little off, a condition turned round, "and" for "or", plus for minus,
+true for false, a statement that is missing, or two rows of a table that have changed places. Faults that the compiler
+refuses are passed over. A fault survives when all tests of all programs that could notice it pass: those of its own
+room first, then whole runs. What survives is printed as it ends. mutants-equivalent.txt beside this script lists faults
+that change nothing anybody can see, with the reason; they count for nothing.
+
+mutants.py --again FILE plants those that FILE, the output of an earlier run, tells have survived.
+Without SEED another choice is made each time; the choice is of the whole project, so it changes with its sources.
+Ends with 1 where fewer than 95 in 100 die. Ctrl-C ends it with what it knows by then. One process, no faster than one
+core."""
+
+import collections
+import json
+import os
+import pathlib
+import random
+import re
+import resource
+import shutil
+import signal
+import subprocess
+import sys
+import tempfile
+import typing
+
+TOP = pathlib.Path(__file__).resolve().parent.parent
+BUILT = TOP / "build" / "release"
+COPY = TOP / "build" / "mutants"
+EQUIVALENT = pathlib.Path(__file__).resolve().with_name("mutants-equivalent.txt")
+
+
+class Room(typing.NamedTuple):
+    library: str
+    is_static: bool
+    # In the order in which they are asked.
+    programs: list
+
+
+ROOMS = {
+    "camdata": Room("camdata", False, ["camdata_tests", "plugin_tests", "camjob_tests", "dialog_tests",
+                                       "camdata_outside_host_tests"]),
+    "dstv": Room("dstv", True, ["dstv_tests", "camjob_tests"]),
+}
+# Of other systems, and what belongs to no library of these.
+NOT_HERE = re.compile(r"(?:Win32|DialogQt)\.cpp$")
+SECONDS = 300
+MEMORY = 6 << 30
+
+SWAPS = [
+    ("comparison", r"(?<= )<(?= )", "<="), ("comparison", r"(?<= )<=(?= )", "<"),
+    ("comparison", r"(?<= )>(?= )", ">="), ("comparison", r"(?<= )>=(?= )", ">"),
+    ("comparison", r"(?<= )==(?= )", "!="), ("comparison", r"(?<= )!=(?= )", "=="),
+    ("logic", r"(?<= )&&(?= )", "||"), ("logic", r"(?<= )\|\|(?= )", "&&"),
+    ("arithmetic", r"(?<=[\w)\]] )\+(?= )", "-"), ("arithmetic", r"(?<=[\w)\]] )-(?= )", "+"),
+    ("arithmetic", r"(?<=[\w)\]] )\*(?= )", "/"), ("arithmetic", r"(?<=[\w)\]] )/(?= )", "*"),
+    ("constant", r"\btrue\b", "false"), ("constant", r"\bfalse\b", "true"),
+]
+NUMBER = re.compile(r"(?<![\w.])\d+(?:\.\d+)?(?![\w.])")
+CONDITION = re.compile(r"\b(?:if|while) \((?!constexpr)")
+STATEMENT = re.compile(r"^\s+[^{}#/]*;$")
+DECLARATION = re.compile(r"^\s+const\b|^\s+(?!return\b)[\w:]+(?:<.*>)?[&*]* [&*]*(?:\w+(?: = |;|\(|\{)|\[)|^\s+using |^\s+return [^;]*$")
+NOT_CODE = re.compile(r"^\s*(?:#|//|static_assert|using |namespace |template)")
+
+
+class Mutant:
+    """Lines of a source, from `number` on, and what stands there instead."""
+
+    def __init__(self, path, source, number, kind, lines, changed):
+        self.path, self.source, self.number, self.kind = path, source, number, kind
+        self.lines, self.changed = lines, changed
+
+    def text(self):
+        begin = self.number - 1
+        return "\n".join(self.source[:begin] + self.changed + self.source[begin + len(self.lines):])
+
+    def name(self):
+        before = " / ".join(line.strip() for line in self.lines)
+        after = " / ".join(line.strip() for line in self.changed) or "(nothing)"
+        return f"{self.path}: {before} => {after}"
+
+
+def masked(line):
+    """The line with its texts and remarks blanked out, each character in its place."""
+    line = re.sub(r"//.*", lambda found: " " * len(found[0]), line)
+    return re.sub(r'"(?:\\.|[^"\\])*"|\'(?:\\.|[^\'\\])+\'', lambda found: "\x01" * len(found[0]), line)
+
+
+def closing(text, start):
+    depth = 0
+    for place in range(start, len(text)):
+        depth += {"(": 1, ")": -1}.get(text[place], 0)
+        if depth == 0:
+            return place
+    return None
+
+
+def changes(line):
+    """Each (kind, changed line) of one line."""
+    code = masked(line)
+    for kind, pattern, other in SWAPS:
+        for found in re.finditer(pattern, code):
+            yield kind, line[:found.start()] + other + line[found.end():]
+    for found in NUMBER.finditer(code):
+        step = "0.1" if "." in found[0] else "1"
+        for sign in "+-":
+            yield "constant", f"{line[:found.start()]}({found[0]} {sign} {step}){line[found.end():]}"
+    for found in CONDITION.finditer(code):
+        end = closing(code, found.end() - 1)
+        if end and ";" not in code[:end]:
+            yield "condition", f"{line[:found.end()]}!({line[found.end():end]}){line[end:]}"
+    if STATEMENT.match(code) and not DECLARATION.match(code) and code.count("(") == code.count(")"):
+        yield "statement", None
+
+
+def mutants_of(path):
+    lines = (TOP / path).read_text(encoding="utf-8").split("\n")
+    elsewhere = False
+    for at, line in enumerate(lines):
+        if line.startswith("#"):
+            elsewhere = line == "#ifdef _WIN32" or line.startswith("#if defined(_WIN32)")
+        if elsewhere or NOT_CODE.match(line):
+            continue
+        for kind, changed in changes(line):
+            # Not a part of a statement that goes on over lines.
+            if changed is None and not re.search(r"[;{}:]\s*$|^\s*$|^\s*//.*$|\)$", lines[at - 1]):
+                continue
+            yield Mutant(path, lines, at + 1, kind, [line], [] if changed is None else [changed])
+        row = re.compile(r"^\s+\{.*\},$")
+        if at + 1 < len(lines) and row.match(line) and row.match(lines[at + 1]):
+            yield Mutant(path, lines, at + 1, "rows", [line, lines[at + 1]], [lines[at + 1], line])
+
+
+def all_mutants():
+    found = []
+    for room in ROOMS:
+        for path in sorted((TOP / room).rglob("*.cpp")):
+            if not NOT_HERE.search(path.name):
+                found += mutants_of(path.relative_to(TOP).as_posix())
+    return found
+
+
+def run(command, seconds=None):
+    """Whether a shell command succeeds in the copy of the build tree, with the libraries of the copy."""
+    def limit():
+        resource.setrlimit(resource.RLIMIT_AS, (MEMORY, MEMORY))
+        resource.setrlimit(resource.RLIMIT_CORE, (0, 0))
+        os.setsid()
+    environment = dict(os.environ, LD_LIBRARY_PATH=str(COPY / "lib"), CCACHE_DISABLE="1")
+    process = subprocess.Popen(command, shell=True, cwd=COPY, env=environment, stdin=subprocess.DEVNULL,
+                               stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL, preexec_fn=limit)
+    try:
+        return process.wait(seconds) == 0
+    except subprocess.TimeoutExpired:
+        os.killpg(process.pid, signal.SIGKILL)
+        process.wait()
+        return False
+
+
+def passes(program):
+    return run(f"bin/{program} --gtest_brief=1 --gtest_fail_fast", SECONDS)
+
+
+def told(*arguments):
+    return subprocess.run(["ninja", "-C", BUILT, "--quiet", "-t", *arguments], check=True, capture_output=True,
+                          text=True).stdout
+
+
+def link_command(target):
+    return [line for line in told("commands", target).splitlines()
+            if " -c " not in line and (" -o " in line or "ar qc" in line)][-1]
+
+
+class Tree:
+    """A copy of the built tree, in which one object at a time is another."""
+
+    def __init__(self):
+        subprocess.run(["cmake", "--build", BUILT], check=True, stdout=subprocess.DEVNULL)
+        shutil.rmtree(COPY, ignore_errors=True)
+        shutil.copytree(BUILT, COPY, symlinks=True)
+        self.compiling = {row["file"]: row for row in json.loads(told("compdb"))
+                          if row["output"].split("/")[0] in ROOMS and " -c " in row["command"]}
+        programs = {each for room in ROOMS.values() for each in room.programs}
+        self.linking = {target: link_command(target)
+                        for target in sorted({room.library for room in ROOMS.values()} | programs)}
+        for program in sorted(programs):
+            if not passes(program):
+                sys.exit(f"mutants.py: {program} fails without any fault")
+
+    def fate(self, mutant):
+        """None where it does not compile, else the program that notices it, or ''."""
+        room = ROOMS[mutant.path.split("/")[0]]
+        source = TOP / mutant.path
+        row = self.compiling[str(source)]
+        sound = {row["output"]: (COPY / row["output"]).read_bytes()}
+        with tempfile.NamedTemporaryFile("w", suffix=".cpp", encoding="utf-8") as changed:
+            changed.write(mutant.text())
+            changed.flush()
+            compiles = run(row["command"].replace(f"-c {source}", f"-c {changed.name}") + " -O0 -Wno-error")
+        try:
+            return self.noticed(room, sound) if compiles else None
+        finally:
+            for name, content in sound.items():
+                (COPY / name).write_bytes(content)
+
+    def noticed(self, room, sound):
+        def link(target):
+            name = re.search(r"(?: -o |ar qc )(\S+)", self.linking[target])[1]
+            sound[name] = (COPY / name).read_bytes()
+            return run(self.linking[target])
+
+        if not link(room.library):
+            return None
+        for program in room.programs:
+            if room.is_static and not link(program):
+                return None
+            if not passes(program):
+                return program
+        return ""
+
+
+def equivalent():
+    """Names of mutants that change nothing; each line but remarks is one, behind it a tab and the reason."""
+    lines = EQUIVALENT.read_text(encoding="utf-8").splitlines() if EQUIVALENT.exists() else []
+    return {line.split("\t")[0] for line in lines if line and not line.startswith("#")}
+
+
+def chosen(arguments):
+    everything = all_mutants()
+    if arguments[0] == "--again":
+        told = pathlib.Path(arguments[1]).read_text(encoding="utf-8").splitlines()
+        names = {line.split(" ", 1)[1].split(": ", 1)[1] for line in told if line.startswith("survived ")}
+        return [mutant for mutant in everything if mutant.name().split(": ", 1)[1] in names], None
+    seed = int(arguments[1]) if len(arguments) > 1 else random.randrange(2**32)
+    print(f"{len(everything)} possible; seed {seed}", flush=True)
+    return random.Random(seed).sample(everything, len(everything)), int(arguments[0])
+
+
+class Tally:
+    def __init__(self):
+        self.fates = collections.Counter()
+        self.kinds = collections.Counter()
+        self.equivalent = 0
+
+    def add(self, mutant, noticed):
+        self.fates[noticed or "survived"] += 1
+        self.kinds[mutant.kind, bool(noticed)] += 1
+        if not noticed:
+            print(f"survived {mutant.path}:{mutant.number}: {mutant.name().split(': ', 1)[1]}", flush=True)
+
+    def tried(self):
+        return sum(self.fates.values())
+
+    def report(self):
+        """Whether enough die."""
+        for kind in sorted({kind for kind, _ in self.kinds}):
+            noticed = self.kinds[kind, True]
+            print(f"{kind:12} {noticed + self.kinds[kind, False]:5} planted {noticed:5} noticed")
+        print("by", ", ".join(f"{name} {count}" for name, count in self.fates.most_common()))
+        died = self.tried() - self.fates["survived"]
+        print(f"{died} of {self.tried()} faults noticed: {100 * died / max(self.tried(), 1):.1f} %; "
+              f"{self.equivalent} that change nothing left out")
+        return died >= 0.95 * self.tried()
+
+
+def plant(mutants, wanted, tally):
+    unseen = equivalent()
+    tree = Tree()
+    for mutant in mutants:
+        if tally.tried() == wanted:
+            break
+        if mutant.name() in unseen:
+            tally.equivalent += 1
+            continue
+        noticed = tree.fate(mutant)
+        if noticed is not None:
+            tally.add(mutant, noticed)
+
+
+def main():
+    if len(sys.argv) < 2:
+        sys.exit(__doc__)
+    mutants, wanted = chosen(sys.argv[1:])
+    tally = Tally()
+    signal.signal(signal.SIGTERM, signal.default_int_handler)
+    try:
+        plant(mutants, wanted, tally)
+    except KeyboardInterrupt:
+        print("stopped")
+    sys.exit(0 if tally.report() else 1)
+
+
+if __name__ == "__main__":
+    main()
