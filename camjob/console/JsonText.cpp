@@ -56,23 +56,4 @@ void AppendJson(std::string& json, double number) {
         json += ".0";
 }
 
-JsonText JsonObject::ToText() const {
-    constexpr std::size_t kAroundField = 4;
-    std::size_t length = 2;
-    for (const auto& [key, text] : m_fields)
-        length += key.size() + text.size() + kAroundField;
-    std::string json;
-    json.reserve(length);
-    for (const auto& [key, text] : m_fields)
-        json.append(json.empty() ? "{\"" : ",\"").append(key).append("\":").append(text);
-    return {json.empty() ? "{}" : json + "}"};
-}
-
-std::string& JsonObject::TextOf(std::string_view key) {
-    for (auto& [known, text] : m_fields)
-        if (known == key)
-            return text;
-    return m_fields.emplace_back(key, std::string()).second;
-}
-
 }  // namespace camjob

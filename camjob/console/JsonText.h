@@ -6,7 +6,6 @@
 #include <string>
 #include <string_view>
 #include <utility>
-#include <vector>
 
 /// @file
 /// Values of a JSON document as text, for lists that are too long to make a `Json` of each item
@@ -36,26 +35,24 @@ inline void AppendJson(std::string& json, const JsonText& value) {
     json += value.text;
 }
 
-/// An object in the making. Its keys are words of our own, in the order in which they were first
-/// set.
+/// An object in the making. Its keys are words of our own, each set once.
 class JsonObject {
   public:
-    JsonObject() { m_fields.reserve(kUsualFields); }
-
     template <typename T>
-    void Set(const char* key, const T& value) {
-        std::string& text = TextOf(key);
-        text.clear();
-        AppendJson(text, value);
+    void Set(std::string_view key, const T& value) {
+        m_text += m_text.empty() ? "{\"" : ",\"";
+        m_text += key;
+        m_text += "\":";
+        AppendJson(m_text, value);
     }
-    JsonText ToText() const;
+    /// Once.
+    JsonText ToText() {
+        m_text += m_text.empty() ? "{}" : "}";
+        return {std::move(m_text)};
+    }
 
   private:
-    static constexpr std::size_t kUsualFields = 16;
-
-    std::string& TextOf(std::string_view key);
-
-    std::vector<std::pair<std::string_view, std::string>> m_fields;
+    std::string m_text;
 };
 
 /// An array in the making.
@@ -65,7 +62,11 @@ class JsonArray {
         m_text += m_text.empty() ? "[" : ",";
         m_text += item.text;
     }
-    JsonText ToText() const { return {m_text.empty() ? "[]" : m_text + "]"}; }
+    /// Once.
+    JsonText ToText() {
+        m_text += m_text.empty() ? "[]" : "]";
+        return {std::move(m_text)};
+    }
 
   private:
     std::string m_text;

@@ -1,6 +1,9 @@
 #include "camjob/run/MemberDrawings.h"
 
+#include <algorithm>
 #include <charconv>
+#include <cstdint>
+#include <iterator>
 #include <string_view>
 
 namespace camjob {
@@ -31,6 +34,7 @@ class DrawingReader {
     }
     Polyline Points() { return List(&DrawingReader::At); }
     double Value();
+    bool TakeShort(double& value);
     std::size_t Index() { return static_cast<std::size_t>(Value()); }
     const std::string& Text() { return m_texts.At(Index()); }
 
@@ -60,11 +64,41 @@ bool DrawingReader::IsAtItem() {
 
 double DrawingReader::Value() {
     double value = 0.0;
-    if (IsAtItem()) {
+    if (IsAtItem() && !TakeShort(value)) {
         const auto end = std::from_chars(m_rest.data(), m_rest.data() + m_rest.size(), value);
         m_rest.remove_prefix(static_cast<std::size_t>(end.ptr - m_rest.data()));
     }
     return value;
+}
+
+/// A number of few digits, before an item's end: both parts of the quotient are exact, so it is the
+/// nearest double, as from_chars has it.
+bool DrawingReader::TakeShort(double& value) {
+    constexpr std::size_t kMostDigits = 15;
+    constexpr double kPowersOfTen[] = {1.0, 1e1, 1e2, 1e3};
+    std::size_t at = m_rest.front() == '-' ? 1 : 0;
+    const std::size_t begin = at;
+    std::int64_t digits = 0;
+    const auto readDigits = [&](std::size_t most) {
+        for (; at < most && m_rest[at] >= '0' && m_rest[at] <= '9'; ++at)
+            digits = digits * 10 + (m_rest[at] - '0');
+    };
+    const std::size_t most = std::min(m_rest.size(), begin + kMostDigits);
+    readDigits(most);
+    std::size_t decimals = 0;
+    if (at < most && m_rest[at] == '.') {
+        const std::size_t point = at++;
+        readDigits(most);
+        decimals = at - point - 1;
+    }
+    const bool isShort = at > begin && at < most && decimals < std::size(kPowersOfTen) &&
+                         (m_rest[at] == ',' || m_rest[at] == ']');
+    if (!isShort)
+        return false;
+    value = static_cast<double>(digits) / kPowersOfTen[decimals];
+    value = begin == 1 ? -value : value;
+    m_rest.remove_prefix(at);
+    return true;
 }
 
 template <typename T>

@@ -3,10 +3,12 @@
 #include "camjob/check/FindingJson.h"
 #include "camjob/run/FeatureWords.h"
 
+#include <algorithm>
 #include <array>
 #include <iterator>
-#include <sstream>
+#include <string_view>
 #include <unordered_map>
+#include <vector>
 
 namespace camjob {
 
@@ -62,18 +64,34 @@ DrawnByLine ByLine(const report::MemberDrawing& drawing) {
     return drawn;
 }
 
-void SetIf(JsonObject& object, const char* key, double value) {
+/// An object whose keys may be set several times; the last counts.
+class VariableObject {
+  public:
+    template <typename T>
+    void Set(const char* key, const T& value) {
+        m_json[key] = value;
+    }
+    JsonText ToText() const { return {Dump(m_json)}; }
+
+  private:
+    Json m_json = Json::object();
+};
+
+template <typename Object>
+void SetIf(Object& object, const char* key, double value) {
     if (value != 0.0)
         object.Set(key, value);
 }
 
-void SetIf(JsonObject& object, const char* key, const std::string& value) {
+template <typename Object>
+void SetIf(Object& object, const char* key, const std::string& value) {
     if (!value.empty())
         object.Set(key, value);
 }
 
 /// Where a feature lies and what it is like; what does not apply is left out.
-void SetDrawn(JsonObject& object,
+template <typename Object>
+void SetDrawn(Object& object,
               const report::MemberDrawing& drawing,
               const report::DrawnFeature& drawn) {
     object.Set("face", drawing.faces[drawn.face].name);
@@ -93,36 +111,53 @@ void SetDrawn(JsonObject& object,
     SetIf(object, "text", drawn.text);
 }
 
+using DrawnParts = std::vector<const report::DrawnFeature*>;
+
+/// A feature with its account, and the parts of its drawing that it is.
+template <typename Object>
+JsonText FeatureText(const AccountedFeature& feature,
+                     bool isMemberMade,
+                     const report::MemberDrawing& drawing,
+                     const DrawnParts& parts) {
+    const Account account = feature.Get(isMemberMade);
+    Object object;
+    // A round opening is a hole.
+    object.Set(
+        "kind",
+        parts.empty() ? ZetString(feature.kind).toUtf8() : std::string(WordOf(parts.back()->kind)));
+    object.Set("line", feature.line);
+    object.Set("account", kAccountNames[static_cast<std::size_t>(account)]);
+    for (const report::DrawnFeature* part : parts)
+        SetDrawn(object, drawing, *part);
+    return object.ToText();
+}
+
+/// A part of the drawing that has no account of its own.
+JsonText PartText(const report::MemberDrawing& drawing, const report::DrawnFeature& part) {
+    JsonObject own;
+    own.Set("kind", WordOf(part.kind));
+    own.Set("line", part.line);
+    SetDrawn(own, drawing, part);
+    return own.ToText();
+}
+
 JsonText FeaturesJson(const RunReport& report, std::size_t index) {
     const RunMember& member = report.members[index];
+    const bool isMade = member.result.IsMade();
     const report::MemberDrawing drawing = report.drawings.Get(index);
     const DrawnByLine drawn = ByLine(drawing);
     JsonArray features;
     for (const AccountedFeature& feature : member.features) {
-        const Account account = feature.Get(member.result.IsMade());
-        JsonObject object;
-        object.Set("kind", ZetString(feature.kind).toUtf8());
-        object.Set("line", feature.line);
-        object.Set("account", kAccountNames[static_cast<std::size_t>(account)]);
-        std::vector<JsonText> parts;
+        DrawnParts parts;
+        DrawnParts others;
         const auto [begin, end] = drawn.equal_range(feature.line);
-        for (auto at = begin; at != end; ++at) {
-            const report::DrawnFeature& part = *at->second;
-            if (HasAccount(part)) {
-                // A round opening is a hole.
-                object.Set("kind", WordOf(part.kind));
-                SetDrawn(object, drawing, part);
-                continue;
-            }
-            JsonObject own;
-            own.Set("kind", WordOf(part.kind));
-            own.Set("line", part.line);
-            SetDrawn(own, drawing, part);
-            parts.push_back(own.ToText());
-        }
-        features.Add(object.ToText());
-        for (const JsonText& part : parts)
-            features.Add(part);
+        for (auto at = begin; at != end; ++at)
+            (HasAccount(*at->second) ? parts : others).push_back(at->second);
+        const auto toText =
+            parts.size() > 1 ? &FeatureText<VariableObject> : &FeatureText<JsonObject>;
+        features.Add(toText(feature, isMade, drawing, parts));
+        for (const report::DrawnFeature* part : others)
+            features.Add(PartText(drawing, *part));
     }
     return features.ToText();
 }
@@ -131,13 +166,16 @@ JsonText FeaturesJson(const RunReport& report, std::size_t index) {
 JsonText OperationsJson(const RunMember& member) {
     JsonArray operations;
     if (member.result.IsMade()) {
-        std::istringstream records(member.result.records.text);
-        std::string line;
-        std::getline(records, line);
+        std::string_view lines = member.result.records.text;
+        const auto takeLine = [&] {
+            const std::string_view line = lines.substr(0, lines.find('\n'));
+            lines.remove_prefix(std::min(line.size() + 1, lines.size()));
+            return line;
+        };
+        takeLine();
         for (const long tag : member.result.records.operations) {
-            std::getline(records, line);
             JsonObject operation;
-            operation.Set("record", line);
+            operation.Set("record", takeLine());
             operation.Set("line", tag);
             operations.Add(operation.ToText());
         }

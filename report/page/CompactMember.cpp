@@ -4,43 +4,11 @@
 
 #include <array>
 #include <charconv>
+#include <concepts>
 
 namespace report {
 
 namespace {
-
-/// One JSON array in the making.
-class JsonArray {
-  public:
-    void Add(std::string_view json) {
-        Separate();
-        m_json += json;
-        if (json != "0")
-            m_kept = m_json.size();
-    }
-    void AddNumber(double value) {
-        Separate();
-        const std::size_t start = m_json.size();
-        AppendNumber(m_json, value);
-        if (m_json.compare(start, std::string::npos, "0") != 0)
-            m_kept = m_json.size();
-    }
-    void AddIndex(std::size_t index) { Add(std::to_string(index)); }
-    void AddText(std::string_view text) { Add(JsonText(text)); }
-
-    std::string ToJson() const { return m_json + "]"; }
-    /// The reader takes what is missing at the end for 0.
-    std::string ToShortJson() const { return m_json.substr(0, m_kept) + "]"; }
-
-  private:
-    void Separate() {
-        if (m_json.size() > 1)
-            m_json += ',';
-    }
-
-    std::string m_json = "[";
-    std::size_t m_kept = 1;  ///< up to the last item that is not 0
-};
 
 /// No JSON has it.
 constexpr char kMark = '\x01';
@@ -49,90 +17,157 @@ constexpr char kMark = '\x01';
 struct SharedPlaces {
     SharedTexts& texts;
 
-    std::string Of(const std::string& text) const { return std::to_string(texts.IndexOf(text)); }
+    void Append(std::string& json, const std::string& text) const {
+        json += std::to_string(texts.IndexOf(text));
+    }
 };
 
 /// Places that are still to be found; none is the same for all.
 struct LoosePlaces {
     SharedTexts& texts;
 
-    std::string Of(const std::string& text) const {
+    void Append(std::string& json, const std::string& text) const {
         const std::size_t index = texts.IndexOf(text);
-        return index == 0 ? "0" : kMark + std::to_string(index) + kMark;
+        if (index == 0) {
+            json += '0';
+            return;
+        }
+        json += kMark;
+        json += std::to_string(index);
+        json += kMark;
     }
 };
 
-/// x, y, x, y and so on.
-std::string FlatPoints(const Polyline& line) {
-    JsonArray points;
-    for (const Point& point : line) {
-        points.AddNumber(point.x);
-        points.AddNumber(point.y);
+/// One JSON array in the making, at the end of a text.
+class JsonArray {
+  public:
+    explicit JsonArray(std::string& json) : m_json(json) {
+        m_json += '[';
+        m_begin = m_kept = m_json.size();
     }
-    return points.ToJson();
+
+    void Add(std::string_view json) {
+        AddBy([&] { m_json += json; });
+    }
+    void AddNumber(double value) {
+        AddBy([&] { AppendNumber(m_json, value); });
+    }
+    template <std::integral T>
+    void AddWhole(T value) {
+        AddBy([&] { m_json += std::to_string(value); });
+    }
+    void AddText(std::string_view text) { Add(JsonText(text)); }
+    template <typename Places>
+    void AddPlace(const Places& places, const std::string& text) {
+        AddBy([&] { places.Append(m_json, text); });
+    }
+    /// x, y, x, y and so on.
+    void AddPoints(const Polyline& line) {
+        AddBy([&] {
+            JsonArray points(m_json);
+            for (const Point& point : line) {
+                points.AddNumber(point.x);
+                points.AddNumber(point.y);
+            }
+            points.End();
+        });
+    }
+    /// An item that `append` appends to the text.
+    template <typename Append>
+    void AddBy(const Append& append) {
+        if (m_json.size() > m_begin)
+            m_json += ',';
+        const std::size_t start = m_json.size();
+        append();
+        if (m_json.compare(start, std::string::npos, "0") != 0)
+            m_kept = m_json.size();
+    }
+
+    void End() { m_json += ']'; }
+    /// The reader takes what is missing at the end for 0.
+    void EndShort() {
+        m_json.resize(m_kept);
+        End();
+    }
+
+  private:
+    std::string& m_json;
+    std::size_t m_begin;  ///< of its items
+    std::size_t m_kept;   ///< up to the last item that is not 0
+};
+
+/// A list of which each item is appended by a call.
+template <typename Items, typename Append>
+void AppendList(std::string& json, const Items& items, const Append& append) {
+    JsonArray list(json);
+    for (const auto& item : items)
+        list.AddBy([&] { append(item); });
+    list.End();
 }
 
-std::string FaceJson(const DrawnFace& face, const LoosePlaces& places) {
-    JsonArray outlines;
-    for (const Polyline& outline : face.outlines)
-        outlines.Add(FlatPoints(outline));
-    JsonArray json;
-    json.Add(places.Of(face.name));
-    json.AddNumber(face.width);
-    json.Add(face.isUnrolled ? "1" : "0");
-    json.Add(face.outlines.empty() ? "0" : outlines.ToJson());
-    return json.ToShortJson();
+void AppendFace(std::string& json, const DrawnFace& face, const LoosePlaces& places) {
+    JsonArray items(json);
+    items.AddPlace(places, face.name);
+    items.AddNumber(face.width);
+    items.Add(face.isUnrolled ? "1" : "0");
+    if (!face.outlines.empty())
+        items.AddBy([&] {
+            JsonArray outlines(json);
+            for (const Polyline& outline : face.outlines)
+                outlines.AddPoints(outline);
+            outlines.End();
+        });
+    items.EndShort();
 }
 
 template <typename Places>
-std::string FeatureJson(const DrawnFeature& feature, const Places& places) {
-    JsonArray json;
-    json.AddIndex(static_cast<std::size_t>(feature.kind));
-    json.AddIndex(static_cast<std::size_t>(feature.state));
-    json.AddIndex(feature.face);
-    json.Add(std::to_string(feature.line));
-    json.AddNumber(feature.at.x);
-    json.AddNumber(feature.at.y);
-    json.AddNumber(feature.size);
-    json.Add(places.Of(feature.shape));
-    json.Add(places.Of(feature.code));
-    json.AddNumber(feature.length);
-    json.AddNumber(feature.angle);
-    json.Add(feature.told == feature.at ? "0" : FlatPoints({feature.told}));
-    json.Add(places.Of(feature.remark));
-    json.Add(feature.outline.empty() ? "0" : FlatPoints(feature.outline));
-    json.Add(places.Of(feature.text));
-    return json.ToShortJson();
+void AppendFeature(std::string& json, const DrawnFeature& feature, const Places& places) {
+    JsonArray items(json);
+    items.AddWhole(static_cast<std::size_t>(feature.kind));
+    items.AddWhole(static_cast<std::size_t>(feature.state));
+    items.AddWhole(feature.face);
+    items.AddWhole(feature.line);
+    items.AddNumber(feature.at.x);
+    items.AddNumber(feature.at.y);
+    items.AddNumber(feature.size);
+    items.AddPlace(places, feature.shape);
+    items.AddPlace(places, feature.code);
+    items.AddNumber(feature.length);
+    items.AddNumber(feature.angle);
+    if (feature.told == feature.at)
+        items.Add("0");
+    else
+        items.AddPoints({feature.told});
+    items.AddPlace(places, feature.remark);
+    if (feature.outline.empty())
+        items.Add("0");
+    else
+        items.AddPoints(feature.outline);
+    items.AddPlace(places, feature.text);
+    items.EndShort();
 }
 
 template <typename Places>
-std::string FeaturesJson(const std::vector<DrawnFeature>& features, const Places& places) {
-    JsonArray json;
-    for (const DrawnFeature& feature : features)
-        json.Add(FeatureJson(feature, places));
-    return json.ToJson();
+void AppendFeatures(std::string& json,
+                    const std::vector<DrawnFeature>& features,
+                    const Places& places) {
+    AppendList(
+        json, features, [&](const DrawnFeature& feature) { AppendFeature(json, feature, places); });
 }
 
-std::string FindingJson(const DrawnFinding& finding, SharedTexts& texts) {
-    JsonArray json;
-    json.AddIndex(static_cast<std::size_t>(finding.state));
-    json.AddText(finding.text);
-    json.Add(std::to_string(finding.line));
-    json.Add(finding.isNonStandard ? "1" : "0");
-    json.AddIndex(texts.IndexOf(finding.rule));
-    json.AddIndex(texts.IndexOf(finding.remedy));
-    return json.ToShortJson();
+void AppendFinding(std::string& json, const DrawnFinding& finding, SharedTexts& texts) {
+    JsonArray items(json);
+    items.AddWhole(static_cast<std::size_t>(finding.state));
+    items.AddText(finding.text);
+    items.AddWhole(finding.line);
+    items.Add(finding.isNonStandard ? "1" : "0");
+    items.AddWhole(texts.IndexOf(finding.rule));
+    items.AddWhole(texts.IndexOf(finding.remedy));
+    items.EndShort();
 }
 
-std::string ChangesJson(const std::vector<std::array<std::string, 3>>& changes) {
-    JsonArray json;
-    for (const std::array<std::string, 3>& change : changes) {
-        JsonArray texts;
-        for (const std::string& text : change)
-            texts.AddText(text);
-        json.Add(texts.ToJson());
-    }
-    return json.ToJson();
+void AppendTexts(std::string& json, const std::array<std::string, 3>& texts) {
+    AppendList(json, texts, [&](const std::string& text) { json += JsonText(text); });
 }
 
 }  // namespace
@@ -145,10 +180,9 @@ std::size_t SharedTexts::IndexOf(const std::string& text) {
 }
 
 std::string SharedTexts::ToJson() const {
-    JsonArray json;
-    for (const std::string& text : m_texts)
-        json.AddText(text);
-    return json.ToJson();
+    std::string json;
+    AppendList(json, m_texts, [&](const std::string& text) { json += JsonText(text); });
+    return json;
 }
 
 std::string JsonText(std::string_view text) {
@@ -167,10 +201,10 @@ std::string JsonText(std::string_view text) {
 
 CompactDrawing::CompactDrawing(const MemberDrawing& drawing) {
     const LoosePlaces places{m_texts};
-    JsonArray faces;
-    for (const DrawnFace& face : drawing.faces)
-        faces.Add(FaceJson(face, places));
-    m_json = faces.ToJson() + "," + FeaturesJson(drawing.features, places);
+    AppendList(
+        m_json, drawing.faces, [&](const DrawnFace& face) { AppendFace(m_json, face, places); });
+    m_json += ',';
+    AppendFeatures(m_json, drawing.features, places);
 }
 
 std::string CompactDrawing::Join(SharedTexts& texts) const {
@@ -193,31 +227,40 @@ std::string CompactDrawing::Join(SharedTexts& texts) const {
 }
 
 std::string CompactFeatures(const std::vector<DrawnFeature>& features, SharedTexts& texts) {
-    return FeaturesJson(features, SharedPlaces{texts});
+    std::string json;
+    AppendFeatures(json, features, SharedPlaces{texts});
+    return json;
 }
 
 std::string CompactMember(const PageMember& member, bool isDrawn, SharedTexts& texts) {
-    JsonArray findings;
-    for (const DrawnFinding& finding : member.findings)
-        findings.Add(FindingJson(finding, texts));
-    JsonArray json;
-    json.AddText(member.mark);
-    json.AddIndex(texts.IndexOf(member.profile));
-    json.AddNumber(member.length);
-    json.Add(std::to_string(member.quantity));
-    json.AddIndex(texts.IndexOf(member.group));
-    json.AddIndex(static_cast<std::size_t>(member.state));
-    json.Add(member.isNonStandard ? "1" : "0");
-    json.AddText(member.file);
-    json.AddIndex(texts.IndexOf(member.accounts));
-    json.AddIndex(texts.IndexOf(member.material));
-    json.Add(findings.ToJson());
-    json.Add(isDrawn && !member.drawing.empty() ? member.drawing : "[],[]");
-    if (member.changes.empty())
-        return json.ToJson();
-    json.Add(ChangesJson(member.changes));
-    json.Add(isDrawn && !member.earlier.empty() ? member.earlier : "[]");
-    return json.ToJson();
+    // Their texts get their places first.
+    std::string findings;
+    AppendList(findings, member.findings, [&](const DrawnFinding& finding) {
+        AppendFinding(findings, finding, texts);
+    });
+    std::string json;
+    JsonArray items(json);
+    items.AddText(member.mark);
+    items.AddWhole(texts.IndexOf(member.profile));
+    items.AddNumber(member.length);
+    items.AddWhole(member.quantity);
+    items.AddWhole(texts.IndexOf(member.group));
+    items.AddWhole(static_cast<std::size_t>(member.state));
+    items.Add(member.isNonStandard ? "1" : "0");
+    items.AddText(member.file);
+    items.AddWhole(texts.IndexOf(member.accounts));
+    items.AddWhole(texts.IndexOf(member.material));
+    items.Add(findings);
+    items.Add(isDrawn && !member.drawing.empty() ? member.drawing : "[],[]");
+    if (!member.changes.empty()) {
+        items.AddBy([&] {
+            AppendList(
+                json, member.changes, [&](const auto& change) { AppendTexts(json, change); });
+        });
+        items.Add(isDrawn && !member.earlier.empty() ? member.earlier : "[]");
+    }
+    items.End();
+    return json;
 }
 
 }  // namespace report
