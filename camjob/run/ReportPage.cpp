@@ -384,7 +384,8 @@ std::vector<PageTable> ChangeTables(const RunReport& report) {
 report::PageMember PageMemberOf(const RunReport& report,
                                 std::size_t index,
                                 long uncut,
-                                const job::Job& job) {
+                                const job::Job& job,
+                                NamesFromFolder& names) {
     const RunMember& source = report.members[index];
     const plugin::MemberResult& result = source.result;
     report::PageMember member;
@@ -394,7 +395,7 @@ report::PageMember PageMemberOf(const RunReport& report,
     member.length = report.drawings.GetLength(index);
     member.quantity = result.quantity;
     member.group = job.groups[result.group].id.toUtf8();
-    member.file = FileText(NameFromFolderOf(job.file, source.file.name));
+    member.file = FileText(names.Of(source.file.name));
     member.state = StateOf(result.outcome);
     member.isNonStandard = result.outcome.isNonStandard;
     member.uncut = uncut;
@@ -433,8 +434,9 @@ std::string MakeReportPage(const RunReport& report,
         for (const MemberChange& change : report.changes->members)
             changeOfMark.insert({change.mark, &change});
     const std::vector<long> uncut = report.FindUncut();
+    NamesFromFolder names(job.file);
     for (std::size_t i = 0; i < report.members.size(); ++i) {
-        report::PageMember member = PageMemberOf(report, i, uncut[i], job);
+        report::PageMember member = PageMemberOf(report, i, uncut[i], job, names);
         const auto change = changeOfMark.find(member.mark);
         if (change != changeOfMark.end())
             AddChanges(*change->second, report.drawings.Get(i), page, member);
