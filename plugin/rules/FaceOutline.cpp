@@ -108,7 +108,8 @@ template <typename Visit>
 void FaceOutline::ForEachRowOfEdges(const Visit& visit) const {
     for (std::size_t edge = m_corners.size(); edge-- > 0;) {
         const auto [low, high] = std::minmax(m_corners[edge].y, Next(m_corners, edge).y);
-        for (std::size_t row = RowOf(low); row <= RowOf(high); ++row)
+        const std::size_t last = RowOf(high);
+        for (std::size_t row = RowOf(low); row <= last; ++row)
             visit(row, edge);
     }
 }
@@ -123,7 +124,9 @@ std::size_t FaceOutline::RowOf(double y) const {
 /// Some edges more than once.
 template <typename Visit>
 void FaceOutline::ForEachEdgeIn(double minY, double maxY, const Visit& visit) const {
-    for (std::size_t row = RowOf(minY); row <= RowOf(maxY); ++row)
+    const std::size_t first = RowOf(minY);
+    const std::size_t last = minY == maxY ? first : RowOf(maxY);
+    for (std::size_t row = first; row <= last; ++row)
         for (std::size_t i = m_edgesBefore[row]; i < m_edgesBefore[row + 1]; ++i)
             visit(m_corners[m_edges[i]], Next(m_corners, m_edges[i]));
 }

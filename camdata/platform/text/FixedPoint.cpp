@@ -93,7 +93,8 @@ ParsedNumber ReadDecimal(std::wstring_view text) {
     if (count == 0)
         return {};
     if (count <= kExactDigits)
-        return {static_cast<double>(digits) / kPowersOfTen[decimals], length};
+        return {static_cast<double>(static_cast<std::int64_t>(digits)) / kPowersOfTen[decimals],
+                length};
     std::string narrow(length, '\0');
     std::transform(text.begin(),
                    text.begin() + static_cast<std::ptrdiff_t>(length),
