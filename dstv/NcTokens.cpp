@@ -251,12 +251,12 @@ void NcTokens::FailFrom(const char* at, const wchar_t* what, const wchar_t* expe
 }
 
 std::optional<double> ParseNumber(std::string_view text, bool allowComma) {
-    if (allowComma && text.find(',') != std::string_view::npos) {
-        std::string number(text);
-        std::replace(number.begin(), number.end(), ',', '.');
-        return ParseNumber(number, false);
-    }
     const LeadingNumber number = NumberAt(text.data(), text.data() + text.size());
+    if (number.length != text.size() && allowComma) {
+        std::string withPoint(text);
+        std::replace(withPoint.begin(), withPoint.end(), ',', '.');
+        return ParseNumber(withPoint, false);
+    }
     if (number.length != text.size() || number.length == 0)
         return std::nullopt;
     const double value = IsInRange(number.value) ? number.value : LongValueOf(text);

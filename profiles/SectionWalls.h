@@ -50,7 +50,7 @@ inline constexpr Wall kWalls[] = {
 inline const Wall* FindWall(std::wstring_view code, int view) {
     const auto* const wall =
         std::find_if(std::begin(kWalls), std::end(kWalls), [&](const Wall& each) {
-            return each.IsOf(code) && each.IsShownBy(view);
+            return each.IsShownBy(view) && each.IsOf(code);
         });
     return wall == std::end(kWalls) ? nullptr : wall;
 }
