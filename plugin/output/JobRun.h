@@ -67,6 +67,8 @@ struct ProfileResult {
 /// the clock is the system's again. One at a time. What fails in the host raises HostComError.
 ///
 /// Members may be judged in several threads; all else is done in one.
+///
+/// Writing is in JobRunFiles.cpp, plans and their lists in JobRunPlans.cpp.
 class JobRun {
     class Member;
 
@@ -189,6 +191,8 @@ class JobRun {
         bool m_isSet;
     };
 
+    /// With a separator at the end when it is that of a folder ("" as its last name).
+    static ZetString TextOf(const std::filesystem::path& path);
     JobProjectInformation& GetJobProjectInfo();
     ZetString GetFileName(const ZetString& ending);
     void WriteMembers(const ZetString& folder, const CancelCheck& isCancelled);

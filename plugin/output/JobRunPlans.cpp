@@ -1,0 +1,150 @@
+#include "cutting/Verification.h"
+#include "job/Remnants.h"
+#include "plugin/output/CuttingList.h"
+#include "plugin/output/JobRunMember.h"
+#include "threads/OrderedWork.h"
+
+#include <algorithm>
+#include <map>
+#include <set>
+#include <string_view>
+#include <tuple>
+#include <utility>
+
+// The cutting plans of a run, and the files that tell them.
+
+namespace plugin {
+
+namespace {
+
+/// Members with the same group, profile name and material are planned together. Lent by one of
+/// them.
+using PlanKey = std::tuple<std::size_t, std::wstring_view, std::wstring_view>;
+
+PlanKey KeyOf(const JobMember& member) {
+    return {member.GetGroupPosition(), member.SeeProfileName(), member.GetMaterial().view()};
+}
+
+/// Why the given plan is not for this stock, and what to do.
+ZetString DescribeConflict(const NestedMembers& members, const BarStock& stock) {
+    const bool isNamed = members.group.plan.has_value();
+    return ZetString::format(
+        L"group \"%s\": %s cuts %s from bars of %.0f without kerf, grips, price and quantity only; "
+        L"take away the %s, or the [[stock]] of %.0f",
+        members.group.id,
+        isNamed ? L"plan = \"given\"" : L"\"reserve\", which needs plan = \"given\",",
+        members.profileName,
+        CMxNestParts().GetNestLength(),
+        isNamed ? L"plan" : L"reserve",
+        stock.length);
+}
+
+}  // namespace
+
+bool JobRun::IsAnyGroupNested() const {
+    return std::any_of(m_job.groups.begin(), m_job.groups.end(), [](const job::Group& group) {
+        return group.isNested;
+    });
+}
+
+void JobRun::MakePlans() {
+    std::map<PlanKey, std::vector<std::size_t>> together;
+    for (const std::size_t position : m_written) {
+        const Member& member = *m_members[position];
+        if (member.IsNested() && member.IsMade())
+            together[KeyOf(member)].push_back(position);
+    }
+    std::vector<const std::vector<std::size_t>*> profiles;
+    for (const auto& [key, members] : together)
+        profiles.push_back(&members);
+    const unsigned atATime = m_bars.AreLimited() ? 1 : m_threads;
+    threads::ResultsInOrder<ProfilePlan> plans(
+        profiles.size(), atATime, [&](std::size_t i) { return PlanFor(*profiles[i]); });
+    for (std::size_t i = 0; i < profiles.size(); ++i)
+        TakePlan(plans.Next());
+}
+
+void JobRun::TakePlan(ProfilePlan plan) {
+    plan.firstBar = m_nextBar;
+    m_nextBar += TotalsOf(plan).bars;
+    for (const std::string& fault : cutting::FindFaults(plan.demand, plan.cutStocks, plan.plan))
+        m_planFaults.push_back(NameOfProfile(plan) + L": " + ZetString::fromUtf8(fault));
+    for (std::size_t part = 0; part < plan.plan.uncut.size(); ++part)
+        if (plan.plan.uncut[part] > 0)
+            m_members[plan.parts[part].member]->TellUncut(static_cast<long>(plan.plan.uncut[part]));
+    m_bars.Take(plan, GetProjectInfo().GetFileName());
+    m_plans.push_back(std::move(plan));
+}
+
+ProfilePlan JobRun::PlanFor(const std::vector<std::size_t>& members) const {
+    Member& first = *m_members[members.front()];
+    PartsOfProfile parts;
+    parts.group = first.GetGroupPosition();
+    parts.profileName = first.GetProfileName();
+    parts.material = first.GetMaterial();
+    for (const std::size_t position : members) {
+        const Member& member = *m_members[position];
+        parts.parts.push_back({member.GetMark(), member.GetFileName(), position});
+        parts.demand.push_back({PieceLength(member.GetLength()), std::max(member.GetQty(), 0L)});
+        if (parts.weightPerMetre == 0.0)
+            parts.weightPerMetre = member.GetWeightPerMetre();
+    }
+    const NestedMembers together = first.GetNestedMembers();
+    std::vector<BarStock> stocks = StocksFor(m_job, together);
+    m_bars.Limit(stocks);
+    return MakeProfilePlan(
+        m_job,
+        std::move(parts),
+        PlanOf(m_job, together),
+        std::move(stocks),
+        {m_planner, [&](ZetArray<CMxParts> pieces) { return first.MakeNests(std::move(pieces)); }});
+}
+
+void JobRun::WriteCuttingList(const ZetString& name) {
+    ZetFileAccess file;
+    file.Open(name, L"w");
+    for (const ProfilePlan& plan : m_plans)
+        plugin::WriteCuttingList(plan, m_job.groups[plan.group].id, file);
+    CloseFile(file, name);
+}
+
+void JobRun::WriteCuttingTable(const ZetString& name) {
+    ZetFileAccess file;
+    file.Open(name, L"w");
+    file.WriteUtf8(CuttingTable::MakeHead());
+    for (const ProfilePlan& plan : m_plans)
+        CuttingTable::WriteRows(plan, m_job.groups[plan.group].id, file);
+    CloseFile(file, name);
+}
+
+void JobRun::WriteRemnants(const ZetString& name) {
+    ZetFileAccess file;
+    file.Open(name, L"w");
+    file.WriteUtf8(job::MakeRemnantTable(m_bars.GetRemnants()));
+    CloseFile(file, name);
+}
+
+void JobRun::CloseFile(ZetFileAccess& file, const ZetString& name) {
+    file.Close();
+    if (file.GetFault())
+        m_faults.append({name, file.GetFault()->operation, file.GetFault()->systemError});
+}
+
+/// The library knows nothing but lengths, and one of them only.
+std::vector<ZetString> JobRun::FindPlanConflicts() const {
+    std::set<ZetString> conflicts;
+    std::set<PlanKey> known;
+    for (const auto& member : m_members) {
+        if (!member->IsNested() || !known.insert(KeyOf(*member)).second)
+            continue;
+        const NestedMembers members = member->GetNestedMembers();
+        if (PlanOf(m_job, members) != job::BarPlan::kGiven)
+            continue;
+        for (const BarStock& stock : StocksFor(m_job, members))
+            if (!IsLibraryStock(stock))
+                conflicts.insert(DescribeConflict(members, stock));
+    }
+    return {conflicts.begin(), conflicts.end()};
+}
+
+}  // namespace plugin
