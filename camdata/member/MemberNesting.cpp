@@ -11,11 +11,13 @@ namespace {
 /// before they are dropped: what is sorted decides the order, and whether the tolerance is set.
 ZetArray<CMxParts> PartsByLength(ZetArray<CMxParts> parts) {
     std::vector<CMxParts*> order;
+    order.reserve(static_cast<std::size_t>(parts.length()));
     for (CMxParts& part : parts)
         order.push_back(&part);
     camdata::detail::MergeSort(
         order, [](const CMxParts* a, const CMxParts* b) { return CMxParts::compare(a, b); });
     ZetArray<CMxParts> sorted;
+    sorted.reserve(parts.length());
     for (CMxParts* part : order) {
         if (part->GetQty() > 0)
             sorted.append(std::move(*part));

@@ -170,9 +170,9 @@ void JobInput::AddMember(Part& part) {
     JudgedPart& judged = *part.judged;
     if (judged.drawing)
         m_drawings->Add(*judged.drawing);
-    m_memberFiles.push_back({part.file, part.lines});
     for (const std::string& fault : m_ncFiles.Add(std::move(judged.ncFiles), part.file))
         AddFault(part, 0, ZetString::fromUtf8(fault));
+    m_memberFiles.push_back({std::move(part.file), part.lines});
     m_memberAccounts.push_back(std::move(judged.accounts));
     m_run.Take(std::move(judged.result));
 }

@@ -54,6 +54,7 @@ bool JobRunner::Write(plugin::JobRun& run, const StagedOutput& output) {
 
 void JobRunner::TakeMembers(plugin::JobRun& run) {
     std::vector<plugin::MemberResult> members = run.TakeMemberResults();
+    m_report.members.reserve(members.size());
     for (std::size_t i = 0; i < members.size(); ++i) {
         for (plugin::FeatureNote& note : members[i].notes) {
             ++m_report.input.notes;

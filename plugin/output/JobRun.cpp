@@ -9,6 +9,7 @@
 #include "camdata/util/HostBridge.h"
 
 #include <map>
+#include <string_view>
 #include <utility>
 
 namespace plugin {
@@ -145,6 +146,7 @@ JobRun::Added JobRun::Add(ZetNCEntity& entity) {
 
 std::vector<MemberResult> JobRun::TakeMemberResults() {
     std::vector<MemberResult> results;
+    results.reserve(m_members.size());
     for (const auto& member : m_members) {
         results.push_back(member->GetResult());
         results.back().findings = member->TakeFindings();
@@ -171,13 +173,13 @@ std::vector<GroupResult> JobRun::GetGroupResults() const {
 }
 
 std::vector<ProfileResult> JobRun::GetProfileResults() const {
-    std::map<ZetString, SteelTotals> profiles;
+    std::map<std::wstring_view, SteelTotals> profiles;
     for (const auto& member : m_members)
         if (member->GetOutcome().IsMade())
-            member->AddSteelTo(profiles[member->GetProfileName()]);
+            member->AddSteelTo(profiles[member->SeeProfileName()]);
     std::vector<ProfileResult> results;
     for (auto& [name, steel] : profiles)
-        results.push_back({name, steel});
+        results.push_back({ZetString(name), steel});
     return results;
 }
 

@@ -82,6 +82,8 @@ ProfilePlan JobRun::PlanFor(const std::vector<std::size_t>& members) const {
     parts.group = first.GetGroupPosition();
     parts.profileName = first.GetProfileName();
     parts.material = first.GetMaterial();
+    parts.parts.reserve(members.size());
+    parts.demand.reserve(members.size());
     for (const std::size_t position : members) {
         const Member& member = *m_members[position];
         parts.parts.push_back({member.GetMark(), member.GetFileName(), position});

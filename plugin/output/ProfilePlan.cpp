@@ -83,6 +83,7 @@ cutting::PlannedBars BarsOf(const CMxNestParts& nest, const ProfilePlan& plan) {
 /// The parts that fit a bar, each named by its position.
 ZetArray<CMxParts> PartsToNest(const ProfilePlan& plan) {
     ZetArray<CMxParts> parts;
+    parts.reserve(static_cast<long>(plan.demand.size()));
     for (std::size_t i = 0; i < plan.demand.size(); ++i) {
         if (plan.demand[i].length > plan.cutStocks.front().GetUsable())
             continue;
