@@ -36,11 +36,24 @@ Json ToJson(const plugin::SetAsideFeature& setAside, const std::string& file) {
 }
 
 template <typename T>
-Json ListIn(const std::string& file, const std::vector<T>& items) {
-    Json array = Json::array();
+JsonText ListIn(const std::string& file, const std::vector<T>& items) {
+    JsonArray array;
     for (const T& item : items)
-        array.push_back(ToJson(item, file));
-    return array;
+        array.Add({Dump(ToJson(item, file))});
+    return array.ToText();
+}
+
+JsonText AccountsText(const plugin::AccountNumbers& accounts) {
+    JsonObject object;
+    for (std::size_t i = 0; i < kAccountNames.size(); ++i)
+        object.Set(kAccountNames[i], accounts.features[i]);
+    return object.ToText();
+}
+
+/// Most members have none.
+JsonText FindingsText(const RunMember& member, const std::string& file) {
+    const std::vector<plugin::Finding>& findings = member.result.findings;
+    return {findings.empty() ? "[]" : Dump(FindingsJson(findings, file, member.file.lines))};
 }
 
 /// By report::FeatureState.
@@ -207,10 +220,10 @@ JsonText MemberJson(const RunReport& report, std::size_t index, const std::strin
     object.Set("warnings", result.outcome.hasWarnings);
     object.Set("nonStandard", result.outcome.isNonStandard);
     object.Set("left", result.left);
-    object.Set("accounts", AccountsJson(member.CountAccounts()));
+    object.Set("accounts", AccountsText(member.CountAccounts()));
     object.Set("features", FeaturesJson(report, index));
     object.Set("operations", OperationsJson(member));
-    object.Set("findings", FindingsJson(result.findings, file, member.file.lines));
+    object.Set("findings", FindingsText(member, file));
     object.Set("setAside", ListIn(file, result.setAside));
     return object.ToText();
 }

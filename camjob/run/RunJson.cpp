@@ -226,11 +226,22 @@ std::string RunJsonWriter::EndText() const {
     });
 }
 
+/// Of their files.
+std::vector<std::string> RunJsonWriter::NamesOfMembers() const {
+    NamesFromFolder fromFolder(m_report->job);
+    std::vector<std::string> names;
+    names.reserve(m_report->members.size());
+    for (const RunMember& member : m_report->members)
+        names.push_back(m_isDocument && !member.file.name.empty() ? fromFolder.Of(member.file.name)
+                                                                  : member.file.name);
+    return names;
+}
+
 void RunJsonWriter::AddMembers() {
     const std::size_t count = m_report->members.size();
-    threads::ResultsInOrder<JsonText> members(count, m_threads, [&](std::size_t i) {
-        return MemberJson(*m_report, i, NameOf(m_report->members[i].file.name));
-    });
+    const std::vector<std::string> names = NamesOfMembers();
+    threads::ResultsInOrder<JsonText> members(
+        count, m_threads, [&](std::size_t i) { return MemberJson(*m_report, i, names[i]); });
     m_lines.AddList("members", count, [&](std::size_t) { return members.Next(); });
 }
 

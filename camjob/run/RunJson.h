@@ -30,6 +30,7 @@ class RunJsonWriter {
 
   private:
     void WriteHead();
+    std::vector<std::string> NamesOfMembers() const;
     void AddMembers();
     std::string EndText() const;
     /// An NC file.
