@@ -22,6 +22,8 @@ constexpr wchar_t kContour[] = L"contour";
 constexpr double kSamePoint = 0.01;
 /// A plane's axes may miss the right angle by this without a note, degrees.
 constexpr double kSkewSlack = 0.1;
+/// A plane may lie off the piece by this without a word, mm.
+constexpr double kBeside = 1.0;
 /// Lists of so many are made at once.
 constexpr std::size_t kUsualPoints = 16;
 
@@ -378,9 +380,22 @@ void NcParser::AddPlane(const PlaneOfPoints& made) {
                      ZetString::format(L"axes of the plane are %.2f degrees off a right angle: "
                                        L"the y axis is turned",
                                        made.skew));
+    const NcFace face = StandardFaceOf(made.plane, m_part.header);
+    if (IsBeside(made.plane.origin, face))
+        m_notes.Warn(m_block.line.number,
+                     L"plane beside the piece: it counts as the face that it is parallel to");
     m_planeOfNumber[static_cast<std::size_t>(number)] = static_cast<long>(m_part.planes.size());
-    m_part.planes.push_back(
-        {m_block.line.number, number, made.plane, StandardFaceOf(made.plane, m_part.header)});
+    m_part.planes.push_back({m_block.line.number, number, made.plane, face});
+}
+
+/// Of a plane that is parallel to a face. Sections of their own may have their zero anywhere.
+bool NcParser::IsBeside(const ZetGeomPoint3d& origin, NcFace face) const {
+    if (face == NcFace::kPlane || m_part.header.profileCode == L"SO")
+        return false;
+    const bool isFlange = face == NcFace::kTop || face == NcFace::kBottom;
+    const double at = isFlange ? origin.y : origin.z;
+    const double depth = isFlange ? m_sideLimits.y : m_flangeLimits.y;
+    return depth > 0.0 && (at < -kBeside || at > depth + kBeside);
 }
 
 }  // namespace dstv

@@ -107,7 +107,12 @@ bool Shows(const Outline& outline, const NcCut& cut, const NcHeader& header) {
         return EndsIn(outline, cut) &&
                EndsAtTrace(
                    outline, cut, cut.isOnFlange ? header.flangeWidth : header.profileHeight);
-    return EndsInWave(outline, {header.profileHeight, cut.angle, cut.x, cut.isAtEnd, kAtEnd});
+    return EndsInWave(outline,
+                      {header.profileHeight,
+                       cut.slant == 0.0 ? cut.angle : cut.slant,
+                       cut.x,
+                       cut.isAtEnd,
+                       kAtEnd});
 }
 
 /// By how much a cut shortens a wall that does not show its angle, mm; its thickness may take off
@@ -160,6 +165,7 @@ std::vector<NcCut> CutsOf(const NcSawCut& sawCut, const NcHeader& header) {
         cut.angle = 90.0;
         return {cut};
     }
+    cut.slant = AngleOf(normal.x, std::hypot(normal.y, normal.z));
     cut.x = ReachOf(sawCut, header);
     std::vector<NcCut> cuts;
     if (normal.y != 0.0 || normal.z == 0.0) {

@@ -122,6 +122,7 @@ class NcParser {
     void FinishMark(NcOpenOutline outline);
     void FinishSection();
     void FinishPlane();
+    bool IsBeside(const ZetGeomPoint3d& origin, NcFace face) const;
     void AddPlane(const PlaneOfPoints& made);
     std::vector<ZetGeomPoint2d> Chords(const NcOpenOutline& outline,
                                        std::vector<std::size_t>& sources);

@@ -214,6 +214,8 @@ struct NcCut {
     /// From the perpendicular that points down to the lower part of the cut, counter-clockwise in
     /// view v for the web, in view u for flanges.
     double angle = 0.0;
+    double slant =
+        0.0;  ///< of the whole cut to a straight one, degrees; 0: its angle is all that is known
     double x = 0.0;        ///< where the cut leaves the piece longest
     bool isNoted = false;  ///< a note or warning says why it is not in the NC data
 };

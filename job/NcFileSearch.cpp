@@ -41,6 +41,13 @@ bool HasWildcard(std::string_view text) {
     return text.find_first_of("*?") != std::string_view::npos;
 }
 
+/// Such as "*.nc1": folders are not called so.
+bool HasEnding(std::string_view pattern) {
+    const std::size_t point = pattern.rfind('.');
+    return HasWildcard(pattern) && point != std::string_view::npos &&
+           !HasWildcard(pattern.substr(point));
+}
+
 /// For comparing by whole characters: bytes that are no UTF-8 are one each, and so are the two
 /// halves of a character on Windows.
 std::u32string CharactersOf(const std::string& name) {
@@ -147,8 +154,9 @@ class NcFileSearch {
         for (const fs::path& segment : pattern)
             found = Descend(found, segment);
         std::vector<NamedNcFile> files;
+        const bool isFileMeant = HasEnding(Utf8Of(pattern.filename()));
         for (NamedNcFile& each : found)
-            if (each.isPlain || IsMeant(PathFromUtf8(each.name)))
+            if (each.isPlain || IsMeant(PathFromUtf8(each.name), isFileMeant))
                 files.push_back(std::move(each));
         return files;
     }
@@ -241,10 +249,13 @@ class NcFileSearch {
         return listing.error || name.empty() || name == "." || name == ".." || listing.Has(name);
     }
 
-    /// Also a link to nothing: whoever reads it tells. Nothing is left out unseen but folders.
-    bool IsMeant(const fs::path& file) {
+    /// Also a link to nothing: whoever reads it tells. Nothing is left out unseen but folders that
+    /// only a pattern without an ending fits.
+    bool IsMeant(const fs::path& file, bool isFileMeant) {
         std::error_code error;
         const Kind kind = KindOf(file, error);
+        if (kind == Kind::kFolder && isFileMeant)
+            m_faults.push_back(TextOf(file, "is a folder, not a file"));
         if (kind == Kind::kOther)
             m_faults.push_back(TextOf(file, "is not a file"));
         if (kind == Kind::kUnknown)

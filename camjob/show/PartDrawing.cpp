@@ -286,11 +286,12 @@ void DrawingMaker::AddHole(const dstv::NcHole& hole, const dstv::NcHoleTarget& t
     } else {
         const ZetNCHoleData& data = view.getHoles()[target.index];
         // The file gives the middle of one end of a slot.
-        const ZetGeomVector2d along = dstv::DirectionAt(data.slotAngle);
+        const double angle = data.slot == 0 ? 0.0 : data.slotAngle;
+        const ZetGeomVector2d along = dstv::DirectionAt(angle);
         const double half = data.slotLength / 2.0;
         feature.at = {data.x + along.x * half, data.y + along.y * half};
         feature.size = data.size;
-        feature.angle = data.slotAngle;
+        feature.angle = angle;
     }
     TakeReport(feature);
     m_drawing.features.push_back(std::move(feature));

@@ -73,6 +73,7 @@ constexpr FieldRow kRows[] = {
     {"depth", FormatField::kDepth, FieldType::kLength, Bits({kHole, kCountersunk, kSlot}), "Depth; 0: through."},
     {"sink_diameter", FormatField::kSinkDiameter, FieldType::kLength, Bits({kCountersunk}), "Diameter of the countersink."},
     {"sink_depth", FormatField::kSinkDepth, FieldType::kLength, Bits({kCountersunk}), "Depth of the countersink."},
+    {"sink_angle", FormatField::kSinkAngle, FieldType::kAngle, Bits({kCountersunk}), "Angle of its cone; 0: not told by the NC file."},
     {"thread", FormatField::kThread, FieldType::kText, Bits({kHole}), "`none`, `right`, `left`."},
     {"tool", FormatField::kTool, FieldType::kText, kOperations, "Number of the tool, by the table of tools."},
     {"side", FormatField::kSide, FieldType::kText, Bits({kTrim}), "Side of the face that is cut off: `start`, `end`, `lower`, `upper`; the opposite one where the face is mirrored."},

@@ -79,6 +79,7 @@ enum class FormatField {
     kDepth,
     kSinkDiameter,
     kSinkDepth,
+    kSinkAngle,
     kThread,
     kTool,
     kSide,

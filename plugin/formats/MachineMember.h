@@ -56,6 +56,7 @@ struct MachineOperation {
     double depth = 0.0;  ///< 0: through
     double sinkDiameter = 0.0;
     double sinkDepth = 0.0;
+    double sinkAngle = 0.0;                  ///< 0: not told
     int thread = ZetNCHoleData::eKindPlain;  ///< ZetNCHoleData::Kind without countersunk
     ZetArray<ZetGeomPoint2d> points;         ///< corners of an outline, each once; of a mark
     int side = 0;                            ///< of a trim: job::TrimSide

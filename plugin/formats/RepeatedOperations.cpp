@@ -56,6 +56,7 @@ RepeatedOperations::Key RepeatedOperations::KeyOf(const MachineOperation& o) con
             o.depth,
             o.sinkDiameter,
             o.sinkDepth,
+            o.sinkAngle,
             o.thread,
             o.code};
 }

@@ -35,7 +35,7 @@ class RepeatedOperations {
     /// All but the place along the axis.
     // clang-format off
     using Key = std::tuple<int, int, double, double, double, double, double, double, double, double,
-                           int, ZetString>;
+                           double, int, ZetString>;
     // clang-format on
 
     const MachineOperation& At(std::size_t place) const {

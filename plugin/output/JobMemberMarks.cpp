@@ -61,24 +61,35 @@ MachineOperation OperationOf(const ZetNCNumeration& text, const CViewData& view)
 
 }  // namespace
 
-/// Where the member type does not ask for them, one note tells them all; of a member that is not
-/// made nobody asks for anything.
+/// NC files of the group have them as they were read.
+bool JobMember::HasNcFile() const {
+    const std::vector<std::size_t>& files = GetGroup().files;
+    return std::any_of(files.begin(), files.end(), [&](std::size_t file) {
+        return GetJob().files[file].nc.has_value();
+    });
+}
+
+/// Where neither the member type asks for them nor an NC file has them, one note tells them all; of
+/// a member that is not made nobody asks for anything.
 void JobMember::NoteMarks() {
-    if (m_type.areMarksMade)
-        return NoteMarksOutside();
+    const bool areInNcFile = HasNcFile();
     long first = 0;
     long count = 0;
     const auto claim = [&](const auto& features) {
         for (const auto& feature : features) {
-            m_ledger.Claim(feature.hostTag, Account::kNotForMachine);
+            m_ledger.Claim(feature.hostTag, areInNcFile ? Account::kMade : Account::kNotForMachine);
             first = count == 0 ? feature.hostTag : std::min(first, feature.hostTag);
             ++count;
         }
     };
     for (const ZetNCView& view : m_structure.getViews()) {
+        if (m_type.areMarksMade)
+            break;
         claim(view.getMarks());
         claim(view.getNumerations());
     }
+    if (m_type.areMarksMade || areInNcFile)
+        return NoteMarksOutside();
     const bool isMade = m_errors.isEmpty() && m_secondErrors.isEmpty() && m_outcome.hasPieces;
     if (const std::optional<Feature> feature = FeatureOf(first); feature && count > 0 && isMade)
         m_notes.push_back({*feature,

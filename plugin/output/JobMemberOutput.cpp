@@ -122,6 +122,7 @@ void JobMember::GenerateOutPutStringForHoles() {
         if (const CHoleAddlInfo* sink = SinkOf(hole)) {
             operation.sinkDiameter = sink->GetSize();
             operation.sinkDepth = sink->GetHoleData().depth;
+            operation.sinkAngle = sink->GetHoleData().slotAngle;
         }
     }
 }

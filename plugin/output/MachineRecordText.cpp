@@ -98,6 +98,7 @@ constexpr OperationField kAngle = {" angle=", &Operation::angle};
 constexpr OperationField kDepth = {" depth=", &Operation::depth};
 constexpr OperationField kSinkDiameter = {" sink_diameter=", &Operation::sinkDiameter};
 constexpr OperationField kSinkDepth = {" sink_depth=", &Operation::sinkDepth};
+constexpr OperationField kSinkAngle = {" sink_angle=", &Operation::sinkAngle};
 constexpr OperationField kThread = {
     " thread=", WordField<Operation>{&Operation::thread, kThreads}
 };
@@ -122,7 +123,7 @@ constexpr OperationField kText = {" text=", &Operation::text};
 
 constexpr OperationField kHole[] = {kFace, kX, kY, kDiameter, kDepth, kThread, kCode};
 constexpr OperationField kCountersunk[] = {
-    kFace, kX, kY, kDiameter, kDepth, kSinkDiameter, kSinkDepth, kCode};
+    kFace, kX, kY, kDiameter, kDepth, kSinkDiameter, kSinkDepth, kSinkAngle, kCode};
 constexpr OperationField kSlot[] = {kFace, kX, kY, kWidth, kLength, kAngle, kDepth, kCode};
 constexpr OperationField kRectangle[] = {kFace, kX, kY, kLength, kWidth, kCode};
 constexpr OperationField kNotch[] = {kFace, kCut, kX, kY, kLength, kWidth, kCode};

@@ -66,7 +66,9 @@ std::optional<ZetNCHoleData> HoleOf(const ZetNCContour& opening) {
     return hole;
 }
 
-void TakeFrom(ZetNCView& view, std::vector<FeatureNote>& notes) {
+void TakeFrom(ZetNCView& view,
+              std::vector<FeatureNote>& notes,
+              std::vector<CircularOpening>& circles) {
     ZetArray<ZetNCHoleData> holes = view.getHoles();
     ZetArray<ZetNCContour> openings;
     for (const ZetNCContour& opening : view.getInternalContours()) {
@@ -76,6 +78,7 @@ void TakeFrom(ZetNCView& view, std::vector<FeatureNote>& notes) {
             continue;
         }
         holes.append(*hole);
+        circles.push_back({view.getViewPos(), CornersOf(opening)});
         notes.push_back({
             {FeatureKind::kOpening, opening.hostTag, view.getViewPos()},
             ZetString::format(L"circular opening: a hole of diameter %.2f", hole->size)
@@ -87,17 +90,20 @@ void TakeFrom(ZetNCView& view, std::vector<FeatureNote>& notes) {
 
 }  // namespace
 
-void TakeCircularOpenings(ZetNCStructure& structure, std::vector<FeatureNote>& notes) {
+std::vector<CircularOpening> TakeCircularOpenings(ZetNCStructure& structure,
+                                                  std::vector<FeatureNote>& notes) {
     const auto hasOpenings = [](const ZetNCView& view) {
         return !view.getInternalContours().isEmpty();
     };
     if (std::none_of(structure.getViews().begin(), structure.getViews().end(), hasOpenings))
-        return;
+        return {};
+    std::vector<CircularOpening> circles;
     ZetArray<ZetNCView> views = structure.getViews();
     for (ZetNCView& view : views)
         if (hasOpenings(view))
-            TakeFrom(view, notes);
+            TakeFrom(view, notes, circles);
     structure.setViews(std::move(views));
+    return circles;
 }
 
 }  // namespace plugin

@@ -103,13 +103,15 @@ bool JobMember::IsCutAway(const std::vector<ZetGeomPoint2d>& opening, int viewPo
 /// Of a mark, a corner of its line.
 bool JobMember::IsCutAway(const ZetGeomPoint2d& place, int viewPosition) const {
     const double touch = std::abs(CMxGeom::GetXTol());
+    const auto isIn = [&](const FaceOutline& opening) {
+        return opening.Contains(place) && opening.DistanceFrom(place, touch) >= touch;
+    };
     return IsBeyondMitre(place, viewPosition, touch) ||
            AnyOutline(
                viewPosition,
                [&](const FaceOutline& outline) { return outline.IsOutside(place, touch); }) ||
-           AnyOpening(viewPosition, place.x, [&](const FaceOutline& opening) {
-               return opening.Contains(place) && opening.DistanceFrom(place, touch) >= touch;
-           });
+           AnyOpening(m_judging->openings, viewPosition, place.x, isIn) ||
+           AnyOpening(m_judging->circles, viewPosition, place.x, isIn);
 }
 
 /// The whole of a hole: one that reaches over the edge is made.
@@ -117,7 +119,7 @@ bool JobMember::IsInOpening(const CHoleAddlInfo& hole, int viewPosition) const {
     const double touch = std::abs(CMxGeom::GetXTol());
     const double reach = std::max(hole.GetSize() * 0.5, touch);
     const ZetGeomPoint2d centre = {hole.GetXPos(), hole.GetYPos()};
-    return AnyOpening(viewPosition, centre.x, [&](const FaceOutline& opening) {
+    return AnyOpening(m_judging->openings, viewPosition, centre.x, [&](const FaceOutline& opening) {
         if (!opening.Contains(centre))
             return false;
         return hole.GetIsSlot()
@@ -131,10 +133,11 @@ bool JobMember::IsInOpening(const std::vector<ZetGeomPoint2d>& opening, int view
     const double touch = std::abs(CMxGeom::GetXTol());
     const FaceBox box = BoxOf(opening);
     const double area = AreaOf(opening);
-    return AnyOpening(viewPosition, opening.front().x, [&](const FaceOutline& other) {
-        return !ReachesBeyond(box, other.GetBox(), {touch, touch}) &&
-               other.GetArea() > area + kAreaTolerance && other.Holds(opening, touch);
-    });
+    return AnyOpening(
+        m_judging->openings, viewPosition, opening.front().x, [&](const FaceOutline& other) {
+            return !ReachesBeyond(box, other.GetBox(), {touch, touch}) &&
+                   other.GetArea() > area + kAreaTolerance && other.Holds(opening, touch);
+        });
 }
 
 }  // namespace plugin

@@ -19,7 +19,8 @@ class Mover {
 
     ZetNCHoleData operator()(ZetNCHoleData hole) const {
         MoveY(hole.y);
-        Turn(hole.slotAngle);
+        if (hole.slot != 0)
+            Turn(hole.slotAngle);
         return hole;
     }
     ZetNCContour operator()(ZetNCContour contour) const {

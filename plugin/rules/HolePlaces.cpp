@@ -1,6 +1,7 @@
 #include "plugin/rules/FaceText.h"
 #include "plugin/rules/JobMember.h"
 #include "plugin/rules/NegativeZeros.h"
+#include "profiles/SectionWalls.h"
 
 #include "camdata/tolerance/CMxGeom.h"
 #include "camdata/util/CMxUtil.h"
@@ -104,6 +105,13 @@ FaceBox JobMember::BoxOfHoles(int viewPosition, const FaceOutline* plate) const 
     // The zero line of a flange has become the hole's own; the flange begins there.
     if (std::isfinite(face.minY))
         face.minY = 0.0;
+    // A section of the type's own says how far it goes, whatever the header is wide.
+    const bool isTop = viewPosition == profiles::kTop;
+    if (m_type.hasSection && (isTop || viewPosition == profiles::kBottom)) {
+        const bool hasZero = (isTop ? m_type.topFlange : m_type.bottomFlange) != job::FlangeZero();
+        const double width = isTop ? GetTopFlangeWidth() : GetBotFlangeWidth();
+        face.maxY = hasZero && width > 0.0 ? width : face.maxY;
+    }
     return face;
 }
 

@@ -77,7 +77,8 @@ void JobMember::ValidateMember() {
     // Whatever the member before it has left there, in whichever thread that was.
     CMxGeom::SetTol(eTolEPS);
     ApplyFlangeZeros(m_structure, m_type);
-    TakeCircularOpenings(m_structure, m_notes);
+    for (const CircularOpening& circle : TakeCircularOpenings(m_structure, m_notes))
+        m_judging->circles[circle.viewPosition].Add(circle.corners);
     SeePlanes();
     GetAndSortHolesNotches();
     CheckOutlines();

@@ -321,14 +321,19 @@ class JobMember : public CMxPeilaib {
             return at != m_judging->outlines.end() && test(at->second);
         });
     }
+    class Openings;
+    using OpeningsOfViews = std::map<int, Openings>;
     /// Whether an opening of that wall which may reach to `x` passes the test.
     template <typename Test>
-    bool AnyOpening(int viewPosition, double x, const Test& test) const {
-        if (m_judging->openings.empty())
+    bool AnyOpening(const OpeningsOfViews& openings,
+                    int viewPosition,
+                    double x,
+                    const Test& test) const {
+        if (openings.empty())
             return false;
         return AnyViewOfWall(viewPosition, [&](int view) {
-            const auto at = m_judging->openings.find(view);
-            return at != m_judging->openings.end() && at->second.Any(x, test);
+            const auto at = openings.find(view);
+            return at != openings.end() && at->second.Any(x, test);
         });
     }
     bool IsCutAwayFromEdge(double minX, double maxX, int viewPosition) const;
@@ -390,6 +395,7 @@ class JobMember : public CMxPeilaib {
     void MakeTrims();
     void MakeMitres();
     CViewData ViewDataOf(int viewPosition) const;
+    bool HasNcFile() const;
     void NoteMarks();
     void NoteMarksOutside();
     const wchar_t* FaultOfMark(const std::vector<ZetGeomPoint2d>& points, int viewPosition);
@@ -452,7 +458,8 @@ class JobMember : public CMxPeilaib {
         std::array<WallViews, 4> viewsOfWall{};                  ///< by standard view
         std::map<int, PlaneView> planes;                         ///< by view position
         std::map<int, FaceOutline> outlines;       ///< by view position; those that operations tell
-        std::map<int, Openings> openings;          ///< by view position; those that are made
+        OpeningsOfViews openings;                  ///< by view position; those that are made
+        OpeningsOfViews circles;                   ///< by view position; those that are holes
         std::vector<SetAside> reasons;             ///< by duplicate hole
         std::map<HolePlace, CHoleAddlInfo> sinks;  ///< by the place of their holes
         std::map<std::string, long> cutLines;      ///< of trims and mitres, with their tags

@@ -22,11 +22,15 @@ constexpr const wchar_t* kAskewText =
     L"The X axis of the plane does not run along the member: X and Y of what lies on it count in the "
     L"plane";
 constexpr const wchar_t* kAtEndFormat =
-    L"It lies on a plane that faces the end of the member, where no operation is made: %s at (X:%.1f, "
-    L"Y:%.1f) of the plane";
+    L"It lies on a plane that %s, where no operation is made: %s at (X:%.1f, Y:%.1f) of the plane";
+constexpr const wchar_t* kFacesEndText = L"faces the end of the member";
+constexpr const wchar_t* kNoFaceText = L"shows neither the web nor, within the tolerance, a flange";
 
 /// Seen from a plane on which a flange is that many times as wide, nothing lies on the flange.
 constexpr double kWidest = 100.0;
+
+/// Part along the member of the normal of a plane that faces an end as much as a side.
+constexpr double kHalfWay = 0.7;
 
 bool IsGathered(const ZetNCView& view) {
     return !view.getHoles().isEmpty() || !view.getExternalContours().isEmpty() ||
@@ -132,6 +136,8 @@ void JobMember::RefusePlanesAtEnd() {
         const auto plane = m_judging->planes.find(view.getViewPos());
         if (plane == m_judging->planes.end() || !plane->second.isAtEnd)
             continue;
+        const double alongMember = std::abs(plane->second.plane.normal().x);
+        const ZetString what = alongMember > kHalfWay ? kFacesEndText : kNoFaceText;
         const auto refuse = [&](const auto& features) {
             for (const auto& each : features) {
                 const std::optional<Feature> feature = FeatureOf(each.hostTag);
@@ -139,6 +145,7 @@ void JobMember::RefusePlanesAtEnd() {
                 FileFinding(
                     {.type = job::kHoleOutside,
                      .text = ZetString::format(kAtEndFormat,
+                                               what,
                                                ZetString(WordOf(feature.value_or(Feature()).kind)),
                                                place.x,
                                                place.y),

@@ -107,6 +107,8 @@ const Obstacle kObstacles[] = {
     {"NameThatIsNoUtf8", [](const TempFolder& f) { f.Write("nc/\xE4\xDF.nc1", ""); }, "nc/??.nc1", ""},
     {"Pipe", [](const TempFolder& f) { mkfifo(f.PathOf("nc/p.nc1").c_str(), 0600); }, "nc/*",
      "nc/p.nc1\" is not a file"},
+    {"FolderCalledLikeAFile", [](const TempFolder& f) { std::filesystem::create_directory(f.PathOf("nc/b.nc1")); }, "nc/*.nc1",
+     "nc/b.nc1\" is a folder, not a file"},
     {"Loop", [](const TempFolder& f) { LinkTo("o.nc1", f.PathOf("nc/o.nc1")); }, "nc/o*", ""},
     {"LoopInTheWay", [](const TempFolder& f) { LinkTo("o", f.PathOf("o")); }, "*/*.nc1",
      "o\" cannot be listed ("},

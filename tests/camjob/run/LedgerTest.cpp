@@ -164,7 +164,7 @@ const Case kCases[] = {
     {"SawCutThatPointsInwards", kZ, "1000", "SC\n  1000 0 0 -1 0 0\n", "unclear_cut 23\nrefused=1 "},
     {"MitresThatLeaveNothing", kZ, "150", "SC\n  0 0 0 -1 -0.8 0\nSC\n  150 0 0 1 -0.6 0\n", "unclear_cut 23\nunclear_cut 25\nrefused=2 "},
     {"SinkWithinTheTolerance", kZ, "1000", "BO\n  v 500 100 13\n  v 500.01 100s 26 6.5 0 0 90\n",
-     "countersunk face=web x=500.000 y=100.000 diameter=13.000 depth=0.000 sink_diameter=26.000 sink_depth=6.500 code=\"K\"\nmade=2 "},
+     "countersunk face=web x=500.000 y=100.000 diameter=13.000 depth=0.000 sink_diameter=26.000 sink_depth=6.500 sink_angle=90.000 code=\"K\"\nmade=2 "},
     {"SinkWithoutHole", kZ, "1000", "BO\n  v 500 100 13\n  v 510 100s 26 6.5 0 0 90\n", "lone_countersink 24\nrefused=1 not_made=1 "},
     {"SecondSink", kZ, "1000", "BO\n  v 500 100 13\n  v 500 100s 26 6.5 0 0 90\n  v 500 100s 30 6.5 0 0 90\n",
      "lone_countersink 25\nrefused=1 not_made=2 "},
@@ -253,6 +253,7 @@ const Case kCases[] = {
     {"WallsOfABox", kBox, "1000", "AK\n  u 0 0\n  900 0\n  900 30\n  1000 30\n  1000 65\n  0 65\n  0 0\nBO\n  o 950 15 10\n", "hole face=top_flange x=950.000 y=15.000 diameter=10.000 depth=0.000 thread=none code=\"H\"\nnotch face=bottom_flange cut=external x=950.000 y=15.000 length=100.000 width=30.000 code=\"N\"\nmade=2 "},
     {"LargerOnesOfTheSameMiddle", kZ, "1000", "BO\n  v 500 100 20\n  v 500 100 10\n  v 800 100 18\n  v 790 100 18 0l 20 0 90\n  v 290 100 10 0l 20 0 0\n  v 200 100 10 0l 200 0 0\n", "slot face=web x=300.000 y=100.000 width=10.000 length=210.000 angle=0.000 depth=0.000 code=\"L\"\nhole face=web x=500.000 y=100.000 diameter=20.000 depth=0.000 thread=none code=\"H\"\nslot face=web x=790.000 y=110.000 width=18.000 length=38.000 angle=90.000 depth=0.000 code=\"L\"\nduplicate_hole 24\nhole_inside_slot 27\nduplicate_hole 25\naside 24 for 23\naside 27 for 28\naside 25 for 26\nmade=3 set_aside=3 "},
     {"OpeningsAcrossEachOther", kZ, "1000", "IK\n  v 480 50\n  520 50\n  520 150\n  480 150\n  480 50\nIK\n  v 400 90\n  600 90\n  600 110\n  400 110\n  400 90\n", "notch face=web cut=internal x=500.000 y=100.000 length=40.000 width=100.000 code=\"N\"\nnotch face=web cut=internal x=500.000 y=100.000 length=200.000 width=20.000 code=\"N\"\nmade=2 "},
+    {"PlaneBesideTheMember", kI, "1000", "E1\n  0 0 5000\n  100 0 5000\n  0 100 5000\nB1\n  100 100 18\n", "?"},
     {"UnknownBlock", kZ, "1000", "IN\n  A : B\nBR\n  what\n", "note 22\nwarning 24\nnoted=2 "},
 };
 // clang-format on
@@ -289,14 +290,16 @@ std::string TubeWithWave(double height) {
 
 // At 45 degrees the wave is as high as the tube is thick.
 TEST(Ledger, MitresThatARoundTubeHasAlready) {
-    const auto shown = [](double height, const char* normal = "1 -1 0") {
+    const auto shown = [](double height, const char* cut = "1000 200 0 1 -1 0") {
         return Show(Ran({
             {"1",
-             nc::Header("P1", kTube, "1000") + "SC\n  1000 200 0 " + normal + "\n" +
+             nc::Header("P1", kTube, "1000") + "SC\n  " + cut + "\n" +
                  TubeWithWave(height) + "EN\n"}
         }));
     };
-    EXPECT_EQ(shown(200.0, "1 0 1").find("mitre"), std::string::npos);
+    EXPECT_EQ(shown(200.0, "1000 200 0 1 0 1").find("mitre"), std::string::npos);
+    EXPECT_EQ(shown(282.843, "858.579 100 100 1 1 1").find("mitre"), std::string::npos);
+    EXPECT_NE(shown(200.0, "858.579 100 100 1 1 1").find("mitre"), std::string::npos);
     EXPECT_EQ(shown(200.0).find("mitre"), std::string::npos);
     EXPECT_NE(shown(200.0).find("note 23\nmade=1 noted=1 "), std::string::npos) << shown(200.0);
     for (const double height : {0.0, 100.0, 198.0})
@@ -333,6 +336,15 @@ TEST(Ledger, FlangeFromItsZeroLine) {
         std::string(kJob) + "bottom_flange = { zero = 40.0, reversed = true }\n");
     EXPECT_EQ(Show(ran), "hole_outside 24\nhole_outside 25\nhole_outside 26\nwarning 24\nwarning 25\nrefused=3 "
               "not_made=1 ");
+    // The section of the type is wider than the header says.
+    const Ran wide(
+        {
+            {"1", nc::Header("P1", kZ, "1000") + "BO\n  o 500 100 18\n  o 600 120 18\n"}
+    },
+        std::string(kJob) +
+            "top_flange = { zero = 50.0 }\nheight = { source = \"attributes\" }\nattributes = { height "
+            "= 200.0, top_flange = 65.0, bottom_flange = 65.0, thickness = 2.0 }\n");
+    EXPECT_EQ(Show(wide), "?");
 }
 
 TEST(Ledger, WhatIsRefusedWithoutALineIsNoted) {
@@ -376,6 +388,17 @@ TEST(Ledger, MarksAndTextsAsRecords) {
               "height=0.000 points=\"120.000,51.250\" text=\"\"\nmade=3 ");
 }
 
+// An NC file has them as they were read.
+TEST(Ledger, MarksAndTextsInAnNcFile) {
+    const Ran ran(
+        {
+            {"1", nc::Header("P1", kZ, "1000") + "KO\n  v 100 50\nSI\n  v 50 100 0 10r P1\n"}
+    },
+        With(kJob, "id = \"all\"\n", "id = \"all\"\nfiles = [\"n\"]\n") +
+            "[[file]]\nid = \"n\"\nformat = \"dstv\"\n");
+    EXPECT_EQ(Show(ran), "made=2 ");
+}
+
 // A mark that nothing holds is a record all the same, and told.
 TEST(Ledger, MarksInWhatIsTakenAway) {
     const Ran ran(
@@ -388,7 +411,8 @@ TEST(Ledger, MarksInWhatIsTakenAway) {
                  "KO\n  v 950 100\nKO\n  h 880 100\n  920 100\nKO\n  v 900 100\n"
                  "SI\n  v 450 100 0 10r P1\n  v 380 100 0 10r P1\nBO\n  v 50 20m\n"
                  "E1\n  100 2.5 0\n  200 2.5 0\n  100 62.5 80\nP1\n  2000 30\n"
-                 "E2\n  0 0 0\n  100 0 0\n  0 100 0\nP2\n  3000 30\n"}
+                 "E2\n  0 0 0\n  100 0 0\n  0 100 0\nP2\n  3000 30\n"
+                 "IK\n  v 710 100 10\n  690 100 10\n  710 100 0\nKO\n  v 700 100\n"}
     },
         std::string(kJob) + "marks = true\n");
     std::string told;

@@ -288,6 +288,7 @@ MachineMember RandomMember(unsigned seed) {
                                                 &MachineOperation::depth,
                                                 &MachineOperation::sinkDiameter,
                                                 &MachineOperation::sinkDepth,
+                                                &MachineOperation::sinkAngle,
                                                 &MachineOperation::at,
                                                 &MachineOperation::height})
             operation.*value = number();
