@@ -74,12 +74,16 @@ long JobMember::FindHoleOf(const CHoleAddlInfo& sink,
     return nearest;
 }
 
-void JobMember::JoinCountersinks() {
+/// What the library has joined, before anything is told of the holes.
+void JobMember::PartCountersinks() {
     for (auto* holes : {&m_holes, &m_duplicateHoles})
         for (CHoleAddlInfo& hole : *holes) {
             hole.SetIsCSK(false);
             hole.SetCSKPos(-1);
         }
+}
+
+void JobMember::JoinCountersinks() {
     if (m_cskHoles.isEmpty())
         return;
     const ReachIndex open = PlacesOfPlain(m_holes);

@@ -85,6 +85,7 @@ void JobMember::ValidateMember() {
     CheckCuts();
     CheckOpenings();
     SetAsideNotches();
+    PartCountersinks();
     SettleSetAsideHoles();
     JoinCountersinks();
     TakeRectangularHoles();

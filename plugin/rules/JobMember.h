@@ -262,6 +262,7 @@ class JobMember : public CMxPeilaib {
     static void DropPlainOutlines(ZetArray<CNotchAddInfo>& notches);
     void SetAsideNotches();
 
+    void PartCountersinks();
     void JoinCountersinks();
     long FindHoleOf(const CHoleAddlInfo& sink,
                     const ZetArray<CHoleAddlInfo>& holes,
