@@ -183,6 +183,7 @@ ZetNCHoleData HoleDataOf(const NcHole& hole, const PlaneMap& map) {
     data.size = hole.diameter;
     data.depth = hole.depth;
     data.hostTag = hole.line;
+    // Of a hole without a slot nobody else reads it; of a countersink the member does.
     data.slotAngle = hole.sinkAngle;
     if (hole.form == NcHoleForm::kSlot) {
         const bool isAcross = hole.slotHeight > 0.0;

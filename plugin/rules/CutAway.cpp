@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstddef>
 #include <numbers>
 #include <vector>
 
@@ -22,6 +23,38 @@ bool IsApart(const FaceOutline& outline, const std::vector<ZetGeomPoint2d>& corn
     return std::none_of(places.begin(), places.end(), [&](const ZetGeomPoint2d& place) {
         return outline.Contains(place) && outline.DistanceFrom(place, touch) >= touch;
     });
+}
+
+/// Between two places, of which one is gone.
+template <typename IsGone>
+ZetGeomPoint2d BorderBetween(const ZetGeomPoint2d& from,
+                             const ZetGeomPoint2d& to,
+                             const IsGone& isGone) {
+    constexpr int kHalvings = 40;
+    const bool isFirstGone = isGone(from);
+    ZetGeomPoint2d low = from;
+    ZetGeomPoint2d high = to;
+    for (int i = 0; i < kHalvings; ++i) {
+        const ZetGeomPoint2d middle = {(low.x + high.x) * 0.5, (low.y + high.y) * 0.5};
+        (isGone(middle) == isFirstGone ? low : high) = middle;
+    }
+    return low;
+}
+
+/// Of a polygon, where straight cuts take something away.
+template <typename IsGone>
+std::vector<ZetGeomPoint2d> LeftOf(const std::vector<ZetGeomPoint2d>& corners,
+                                   const IsGone& isGone) {
+    std::vector<ZetGeomPoint2d> left;
+    for (std::size_t i = 0; i < corners.size(); ++i) {
+        const ZetGeomPoint2d& from = corners[i];
+        const ZetGeomPoint2d& to = corners[(i + 1) % corners.size()];
+        if (!isGone(from))
+            left.push_back(from);
+        if (isGone(from) != isGone(to))
+            left.push_back(BorderBetween(from, to, isGone));
+    }
+    return left;
 }
 
 /// Of chords. `end`: from the centre to that of an end's circle.
@@ -86,18 +119,20 @@ bool JobMember::IsCutAwayFromEdge(double minX, double maxX, int viewPosition) co
            !m_judging->plate->HasSide(viewPosition == profiles::kTop, minX, maxX);
 }
 
-/// The whole of an opening: what reaches into a notch from the side is made.
+/// The whole of an opening, by an outline and the mitres together: what reaches into a notch from
+/// the side is made.
 bool JobMember::IsCutAway(const std::vector<ZetGeomPoint2d>& opening, int viewPosition) const {
     const auto isBeyondMitre = [&](const ZetGeomPoint2d& corner) {
         return IsBeyondMitre(corner, viewPosition, 0.0);
     };
-    if (std::all_of(opening.begin(), opening.end(), isBeyondMitre))
+    const std::vector<ZetGeomPoint2d> left = LeftOf(opening, isBeyondMitre);
+    if (left.empty())
         return true;
     const FaceBox box = BoxOf(opening);
     if (IsCutAwayFromEdge(box.minX, box.maxX, viewPosition))
         return true;
     return AnyOutline(viewPosition,
-                      [&](const FaceOutline& outline) { return IsApart(outline, opening); });
+                      [&](const FaceOutline& outline) { return IsApart(outline, left); });
 }
 
 /// Of a mark, a corner of its line.

@@ -20,7 +20,7 @@ struct ZetNCHoleData {
     double size = 0.0;        ///< diameter, or width across a slot
     int slot = 0;             ///< 0: no slot
     double slotLength = 0.0;  ///< between the centres of the slot's ends
-    double slotAngle = 0.0;   ///< from the view's X axis, counter-clockwise; no slot: of a sink
+    double slotAngle = 0.0;   ///< from the view's X axis, counter-clockwise
     double depth = 0.0;       ///< 0: through
     /// The host's own mark of where the hole comes from, for example a line of a file; only
     /// carried.
