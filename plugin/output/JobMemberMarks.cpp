@@ -102,7 +102,7 @@ void JobMember::NoteMarks() {
 
 /// Why a mark is not on the member; null when it is.
 const wchar_t* JobMember::FaultOfMark(const std::vector<ZetGeomPoint2d>& points, int viewPosition) {
-    if (IsBeyond(points, viewPosition))
+    if (IsBeyond(points, viewPosition, SteelOfView(viewPosition)))
         return kOutsideText;
     const bool isCutAway =
         std::any_of(points.begin(), points.end(), [&](const ZetGeomPoint2d& point) {

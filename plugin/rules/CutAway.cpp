@@ -16,6 +16,10 @@ namespace plugin {
 
 namespace {
 
+constexpr const wchar_t* kDifferFormat =
+    L"outline differs from that of line %ld, of the other side of the wall: what either leaves away "
+    L"is there for neither";
+
 /// True when nothing of a polygon lies in an outline.
 bool IsApart(const FaceOutline& outline, const std::vector<ZetGeomPoint2d>& corners) {
     const double touch = std::abs(CMxGeom::GetXTol());
@@ -84,6 +88,28 @@ JobMember::WallViews JobMember::FindViewsOfWall(int viewPosition) const {
     if (isOne)
         return {viewPosition, viewPosition};
     return {wall->views[0], wall->views[1]};
+}
+
+long JobMember::TagOfOutline(int viewPosition) const {
+    for (const ZetNCView& view : m_structure.getViews())
+        if (view.getViewPos() == viewPosition && !view.getExternalContours().isEmpty())
+            return view.getExternalContours().first().hostTag;
+    return 0;
+}
+
+/// Where both sides of a wall have an outline and these are not the same, one note tells both.
+void JobMember::NoteOutlinesThatDiffer() {
+    const double touch = std::abs(CMxGeom::GetXTol());
+    for (const auto& [view, outline] : m_judging->outlines) {
+        const int other = ViewsOfWall(view)[1];
+        const auto at = m_judging->outlines.find(other);
+        if (other == view || at == m_judging->outlines.end() || outline.IsLike(at->second, touch))
+            continue;
+        const std::optional<Feature> first = FeatureOf(TagOfOutline(view));
+        const std::optional<Feature> second = FeatureOf(TagOfOutline(other));
+        if (first && second)
+            m_notes.push_back({*second, ZetString::format(kDifferFormat, first->tag)});
+    }
 }
 
 /// In the view of the NC data. On a standard face that is where the library has it.
@@ -168,11 +194,12 @@ bool JobMember::IsInOpening(const std::vector<ZetGeomPoint2d>& opening, int view
     const double touch = std::abs(CMxGeom::GetXTol());
     const FaceBox box = BoxOf(opening);
     const double area = AreaOf(opening);
-    return AnyOpening(
-        m_judging->openings, viewPosition, opening.front().x, [&](const FaceOutline& other) {
-            return !ReachesBeyond(box, other.GetBox(), {touch, touch}) &&
-                   other.GetArea() > area + kAreaTolerance && other.Holds(opening, touch);
-        });
+    const auto isIn = [&](const FaceOutline& other) {
+        return !ReachesBeyond(box, other.GetBox(), {touch, touch}) &&
+               other.GetArea() > area + kAreaTolerance && other.Holds(opening, touch);
+    };
+    return AnyOpening(m_judging->openings, viewPosition, opening.front().x, isIn) ||
+           AnyOpening(m_judging->circles, viewPosition, opening.front().x, isIn);
 }
 
 }  // namespace plugin

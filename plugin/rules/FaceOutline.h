@@ -62,6 +62,10 @@ class FaceOutline {
     }
     /// True when nothing of another outline reaches beyond it by `touch` or more.
     bool Holds(const std::vector<ZetGeomPoint2d>& other, double touch) const;
+    /// True when neither reaches beyond the other by `touch` or more.
+    bool IsLike(const FaceOutline& other, double touch) const {
+        return Holds(other.m_corners, touch) && other.Holds(m_corners, touch);
+    }
     /// True when an edge that faces up, or down, within 45 degrees runs somewhere between.
     bool HasSide(bool isUpper, double minX, double maxX) const;
     /// Of another outline the corners, and of each of its sides the middles of the parts between

@@ -97,21 +97,23 @@ JobMember::HoleFace JobMember::FaceOfHoles(int viewPosition) {
 
 /// Of the front and the back of a plate its outline's.
 FaceBox JobMember::BoxOfHoles(int viewPosition, const FaceOutline* plate) const {
+    const bool isSide = viewPosition < kFirstPlanePosition && !IsEdgeOfPlate(viewPosition);
+    return plate != nullptr && isSide ? plate->GetBox() : SteelOfView(viewPosition);
+}
+
+/// The extents of a view's face, of a flange with a zero line from that line on.
+FaceBox JobMember::SteelOfView(int viewPosition) const {
     FaceBox face = FaceOfView(viewPosition);
-    if (viewPosition >= kFirstPlanePosition || IsEdgeOfPlate(viewPosition) || IsRound())
+    const bool isTop = viewPosition == profiles::kTop;
+    if ((!isTop && viewPosition != profiles::kBottom) || IsPlate() || IsRound())
         return face;
-    if (plate != nullptr)
-        return plate->GetBox();
-    // The zero line of a flange has become the hole's own; the flange begins there.
     if (std::isfinite(face.minY))
         face.minY = 0.0;
     // A section of the type's own says how far it goes, whatever the header is wide.
-    const bool isTop = viewPosition == profiles::kTop;
-    if (m_type.hasSection && (isTop || viewPosition == profiles::kBottom)) {
-        const bool hasZero = (isTop ? m_type.topFlange : m_type.bottomFlange) != job::FlangeZero();
-        const double width = isTop ? GetTopFlangeWidth() : GetBotFlangeWidth();
-        face.maxY = hasZero && width > 0.0 ? width : face.maxY;
-    }
+    const bool hasZero = (isTop ? m_type.topFlange : m_type.bottomFlange) != job::FlangeZero();
+    const double width = isTop ? GetTopFlangeWidth() : GetBotFlangeWidth();
+    if (m_type.hasSection && hasZero && width > 0.0)
+        face.maxY = width;
     return face;
 }
 

@@ -226,6 +226,7 @@ class JobMember : public CMxPeilaib {
     bool IsHollow() const;
     bool IsEdgeOfPlate(int viewPosition) const;
     FaceBox FaceOfView(int viewPosition) const;
+    FaceBox SteelOfView(int viewPosition) const;
     FaceBox FaceOfPlane(int viewPosition) const;
     const ZetGeomPlane* AskewPlaneAt(int viewPosition) const;
     static FaceBox AlongMember(const ZetGeomPlane& plane,
@@ -235,6 +236,8 @@ class JobMember : public CMxPeilaib {
     bool IsFaceUnknown(const FaceBox& outline, int viewPosition) const;
     static eHoleFace FaceAtView(int viewPosition);
     void CheckOutlines();
+    void NoteOutlinesThatDiffer();
+    long TagOfOutline(int viewPosition) const;
     void CheckOpenings();
     void RefuseContour(job::ValidationType type,
                        const ZetString& fault,
@@ -243,7 +246,9 @@ class JobMember : public CMxPeilaib {
     bool TakeOutline(const ZetNCContour& outline, const ZetNCView& view, const NotchSum& sum);
     bool CheckOpening(const ZetNCContour& opening, int viewPosition);
     bool CheckOpeningAmongOthers(const ZetNCContour& opening, int viewPosition);
-    bool IsBeyond(const std::vector<ZetGeomPoint2d>& corners, int viewPosition);
+    bool IsBeyond(const std::vector<ZetGeomPoint2d>& corners,
+                  int viewPosition,
+                  const FaceBox& face);
     ZetString FaultOf(const std::vector<ZetGeomPoint2d>& corners,
                       long tag,
                       const ZetNCView& view,

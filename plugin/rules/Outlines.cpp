@@ -112,11 +112,13 @@ bool IsOneOutline(const ZetNCView& view) {
 struct JobMember::NotchSum {
     double area = 0.0;
     FaceBox box;
+    double lowestTop = kEndless;  ///< of a notch that ends nowhere higher
     bool hasNotches = false;
 
     void Add(const std::vector<ZetGeomPoint2d>& corners) {
         const FaceBox added = BoxOf(corners);
         area += AreaOf(corners);
+        lowestTop = std::min(lowestTop, added.maxY);
         box = hasNotches ? FaceBox{std::min(box.minX, added.minX),
                                    std::max(box.maxX, added.maxX),
                                    std::min(box.minY, added.minY),
@@ -199,6 +201,7 @@ void JobMember::CheckOutlines() {
                 refused.insert(outline.hostTag);
     DropNotches(m_notches, refused);
     DropNotches(m_duplicateNotches, refused);
+    NoteOutlinesThatDiffer();
 }
 
 /// When the outlines and mitres of all views are known: an opening may lie in what they take away.
@@ -224,7 +227,9 @@ void JobMember::RefuseContour(job::ValidationType type,
                               int viewPosition) {
     const FaceBox box = BoxOf(CornersOf(contour));
     const bool isBeyond = fault == kBeyondText || fault == kOpeningBeyondText;
-    const Excess excess = isBeyond ? ExcessOf(box, FaceOfView(viewPosition)) : Excess();
+    const FaceBox face =
+        fault == kBeyondText ? FaceOfView(viewPosition) : SteelOfView(viewPosition);
+    const Excess excess = isBeyond ? ExcessOf(box, face) : Excess();
     FileFinding({.type = type,
                  .text = ZetString::format(kContourFormat,
                                            fault,
@@ -269,7 +274,7 @@ bool JobMember::CheckOpening(const ZetNCContour& opening, int viewPosition) {
     };
     if (HasNoArea(corners))
         return refuse(job::kUnclearCut, kOpeningNoAreaText);
-    if (IsBeyond(corners, viewPosition))
+    if (IsBeyond(corners, viewPosition, SteelOfView(viewPosition)))
         return refuse(job::kHoleOutside, kOpeningBeyondText);
     if (IsCutAway(corners, viewPosition))
         return refuse(job::kHoleOutside, kOpeningInCutText);
@@ -288,7 +293,9 @@ bool JobMember::CheckOpeningAmongOthers(const ZetNCContour& opening, int viewPos
 }
 
 /// Beyond the box of the face, or a plate's outline, or the member.
-bool JobMember::IsBeyond(const std::vector<ZetGeomPoint2d>& corners, int viewPosition) {
+bool JobMember::IsBeyond(const std::vector<ZetGeomPoint2d>& corners,
+                         int viewPosition,
+                         const FaceBox& face) {
     const double x = std::abs(CMxGeom::GetXTol());
     const double y = std::abs(CMxGeom::GetYTol());
     if (const FaceOutline* const plate = PlateOutline();
@@ -300,7 +307,7 @@ bool JobMember::IsBeyond(const std::vector<ZetGeomPoint2d>& corners, int viewPos
         return true;
     if (const ZetGeomPlane* const plane = AskewPlaneAt(viewPosition))
         return ReachesBeyond(AlongMember(*plane, corners, 0.0), WholeMember(), {x, y});
-    return ReachesBeyond(BoxOf(corners), FaceOfView(viewPosition), {x, y});
+    return ReachesBeyond(BoxOf(corners), face, {x, y});
 }
 
 /// Why operations cannot tell an outline; "" when they can.
@@ -313,7 +320,10 @@ ZetString JobMember::FaultOf(const std::vector<ZetGeomPoint2d>& corners,
         return kNoAreaText;
     // A plate is what its outline says, but not more than its header does.
     const bool isPlate = IsPlate() && !IsEdgeOfPlate(view.getViewPos());
-    if (!isPlate && IsBeyond(corners, view.getViewPos()))
+    // That of a flange with a zero line may be as wide as the section, but cuts nothing beside it.
+    const bool cutsNothing = sum.hasNotches && sum.lowestTop < SteelOfView(view.getViewPos()).minY;
+    if (!isPlate &&
+        (cutsNothing || IsBeyond(corners, view.getViewPos(), FaceOfView(view.getViewPos()))))
         return kBeyondText;
     if (!isPlate && IsFaceUnknown(box, view.getViewPos()))
         return kUnknownFaceText;
@@ -336,7 +346,8 @@ bool JobMember::FindTrims(const FaceBox& box, long tag, int viewPosition) {
     if (IsPlate() && !IsEdgeOfPlate(viewPosition))
         return false;
     const bool isOnPlane = viewPosition >= kFirstPlanePosition;
-    const FaceBox face = FaceOfView(viewPosition);
+    FaceBox face = FaceOfView(viewPosition);
+    face.minY = std::max(face.minY, SteelOfView(viewPosition).minY);
     const std::array gaps = {
         box.minX - face.minX, face.maxX - box.maxX, box.minY - face.minY, face.maxY - box.maxY};
     const std::array edges = {box.minX, box.maxX, box.minY, box.maxY};

@@ -46,6 +46,18 @@ bool IsLarger(const CHoleAddlInfo& hole, const CHoleAddlInfo& other) {
     return AreaOf(hole) > AreaOf(other) + kAreaTolerance && !hole.IsEqual(other);
 }
 
+/// Through holes are deeper than all others.
+bool IsDeeper(const CHoleAddlInfo& hole, const CHoleAddlInfo& other) {
+    const double depth = hole.GetHoleData().depth;
+    const double otherDepth = other.GetHoleData().depth;
+    return otherDepth > 0.0 && (!(depth > 0.0) || depth > otherDepth + CMxGeom::GetEPS());
+}
+
+/// As large and as deep: what another one covers need not be made.
+bool Covers(const CHoleAddlInfo& hole, const CHoleAddlInfo& other) {
+    return !IsLarger(other, hole) && !IsDeeper(other, hole);
+}
+
 }  // namespace
 
 /// The holes that are left to be made or refused, and those that are set aside for them.
@@ -73,8 +85,8 @@ class JobMember::HoleSettlement {
             return;
         m_kept.FindNear(hole.GetXPos(), ReachOf(hole), [&](long index) {
             CHoleAddlInfo& kept = m_member.m_holes[index];
-            const bool isChosen =
-                Repeats(kept, hole) && (IsLarger(hole, kept) || IsFirst(hole, kept));
+            const bool isChosen = Repeats(kept, hole) && Covers(hole, kept) &&
+                                  (!Covers(kept, hole) || IsFirst(hole, kept));
             if (isChosen)
                 std::swap(kept, hole);
             return isChosen;
@@ -110,11 +122,10 @@ class JobMember::HoleSettlement {
         return found;
     }
     static bool IsFirst(const CHoleAddlInfo& slot, const CHoleAddlInfo& kept) {
-        return kept.GetHoleData().hostTag > slot.GetHoleData().hostTag && slot.IsInside(kept) &&
-               !IsLarger(kept, slot);
+        return kept.GetHoleData().hostTag > slot.GetHoleData().hostTag && slot.IsInside(kept);
     }
     bool IsReason(const CHoleAddlInfo& kept, const CHoleAddlInfo& hole, SetAside reason) const {
-        if (IsLarger(hole, kept))
+        if (!Covers(kept, hole))
             return false;
         return reason == SetAside::kInsideSlot ? kept.IsInside(hole) : Repeats(kept, hole);
     }

@@ -249,11 +249,13 @@ const Case kCases[] = {
     {"OpeningInALargerOneOfTheSameMiddle", kZ, "1000", "IK\n  v 480 90\n  520 90\n  520 110\n  480 110\n  480 90\nIK\n  v 400 50\n  600 50\n  600 150\n  400 150\n  400 50\n", "hole_outside 23\nrefused=1 not_made=1 "},
     {"SawCutSlantedBothWaysInTheMiddle", kZ, "1000", "SC\n  500 100 50 1 0.1 0.1\n", "unclear_cut 23\nrefused=1 "},
     {"MarkBesideTheEdgeOfAPlate", kPlate, "1000", "KO\n  o 500 50\n", "warning 23\nnote 23\nnot_for_machine=1 "},
-    {"WhatTheOtherSideOfAWallLoses", kI, "1000", "AK\n  v 0 0\n  1000 0\n  1000 200\n  0 200\n  0 0\nAK\n  h 0 0\n  900 0\n  900 100\n  1000 100\n  1000 200\n  0 200\n  0 0\nBO\n  v 950 50 10\n  v 850 50 10\n  v 500 100 10\n  v 950 50 0 0l 20 20 0\nIK\n  h 400 50\n  600 50\n  600 150\n  400 150\n  400 50\n", "hole_outside 40\nhole_outside 39\nhole_outside 37\nrefused=3 not_made=4 "},
+    {"WhatTheOtherSideOfAWallLoses", kI, "1000", "AK\n  v 0 0\n  1000 0\n  1000 200\n  0 200\n  0 0\nAK\n  h 0 0\n  900 0\n  900 100\n  1000 100\n  1000 200\n  0 200\n  0 0\nBO\n  v 950 50 10\n  v 850 50 10\n  v 500 100 10\n  v 950 50 0 0l 20 20 0\nIK\n  h 400 50\n  600 50\n  600 150\n  400 150\n  400 50\n", "hole_outside 40\nhole_outside 39\nhole_outside 37\nnote 29\nrefused=3 not_made=4 "},
     {"WhatTheOtherSideOfALegLoses", "L65\n  L", "1000", "AK\n  u 0 0\n  900 0\n  900 30\n  1000 30\n  1000 65\n  0 65\n  0 0\nBO\n  o 950 15 10\n  o 850 15 10\n", "hole_outside 31\nrefused=1 not_made=2 "},
     {"WallsOfABox", kBox, "1000", "AK\n  u 0 0\n  900 0\n  900 30\n  1000 30\n  1000 65\n  0 65\n  0 0\nBO\n  o 950 15 10\n", "hole face=top_flange x=950.000 y=15.000 diameter=10.000 depth=0.000 thread=none code=\"H\"\nnotch face=bottom_flange cut=external x=950.000 y=15.000 length=100.000 width=30.000 code=\"N\"\nmade=2 "},
     {"LargerOnesOfTheSameMiddle", kZ, "1000", "BO\n  v 500 100 20\n  v 500 100 10\n  v 800 100 18\n  v 790 100 18 0l 20 0 90\n  v 290 100 10 0l 20 0 0\n  v 200 100 10 0l 200 0 0\n", "slot face=web x=300.000 y=100.000 width=10.000 length=210.000 angle=0.000 depth=0.000 code=\"L\"\nhole face=web x=500.000 y=100.000 diameter=20.000 depth=0.000 thread=none code=\"H\"\nslot face=web x=790.000 y=110.000 width=18.000 length=38.000 angle=90.000 depth=0.000 code=\"L\"\nduplicate_hole 24\nhole_inside_slot 27\nduplicate_hole 25\naside 24 for 23\naside 27 for 28\naside 25 for 26\nmade=3 set_aside=3 "},
     {"OpeningsAcrossEachOther", kZ, "1000", "IK\n  v 480 50\n  520 50\n  520 150\n  480 150\n  480 50\nIK\n  v 400 90\n  600 90\n  600 110\n  400 110\n  400 90\n", "notch face=web cut=internal x=500.000 y=100.000 length=40.000 width=100.000 code=\"N\"\nnotch face=web cut=internal x=500.000 y=100.000 length=200.000 width=20.000 code=\"N\"\nmade=2 "},
+    {"ThroughABlindHole", kZ, "1000", "BO\n  v 500 100 20 3\n  v 500 100 10\n  v 600 100 20\n  v 600 100 10 3\n  v 700 100 10 3\n  v 700 100 10\n", "hole face=web x=500.000 y=100.000 diameter=10.000 depth=0.000 thread=none code=\"H\"\nhole face=web x=500.000 y=100.000 diameter=20.000 depth=3.000 thread=none code=\"H\"\nhole face=web x=600.000 y=100.000 diameter=20.000 depth=0.000 thread=none code=\"H\"\nhole face=web x=700.000 y=100.000 diameter=10.000 depth=0.000 thread=none code=\"H\"\nduplicate_hole 26\nduplicate_hole 27\naside 26 for 25\naside 27 for 28\nmade=4 set_aside=2 "},
+    {"OpeningInACircle", kZ, "1000", "IK\n  v 510 100 10\n  490 100 10\n  510 100 0\nIK\n  v 498 98\n  502 98\n  502 102\n  498 98\n", "hole_outside 27\nnote 23\nrefused=1 not_made=1 "},
     {"PlaneBesideTheMember", kI, "1000", "E1\n  0 0 5000\n  100 0 5000\n  0 100 5000\nB1\n  100 100 18\n", "hole face=web x=100.000 y=100.000 diameter=18.000 depth=0.000 thread=none code=\"H\"\nwarning 22\nmade=1 "},
     {"UnknownBlock", kZ, "1000", "IN\n  A : B\nBR\n  what\n", "note 22\nwarning 24\nnoted=2 "},
 };
@@ -349,6 +351,22 @@ TEST(Ledger, FlangeFromItsZeroLine) {
             "top_flange = { zero = 50.0 }\nheight = { source = \"attributes\" }\nattributes = { height "
             "= 200.0, top_flange = 65.0, bottom_flange = 65.0, thickness = 2.0 }\n");
     EXPECT_EQ(Show(wide), "hole_outside 24\nwarning 23\nwarning 24\nrefused=1 not_made=1 ");
+    // The flange stands from 40 to 65.
+    const auto besides = [](const char* blocks) {
+        return Show(Ran(
+            {
+                {"1", nc::Header("P1", kZ, "1000") + blocks}
+        },
+            std::string(kJob) + "marks = true\ntop_flange = { zero = 40.0 }\n"));
+    };
+    EXPECT_EQ(besides("IK\n  o 500 10\n  520 10\n  520 30\n  500 10\n"),
+              "hole_outside 23\nrefused=1 ");
+    EXPECT_EQ(besides("AK\n  o 0 40\n  1000 40\n  1000 65\n  0 65\n  0 40\n"), "made=1 ");
+    EXPECT_EQ(besides("AK\n  o 0 0\n  900 0\n  900 30\n  1000 30\n  1000 65\n  0 65\n  0 0\n"),
+              "unclear_cut 23\nrefused=1 ");
+    EXPECT_EQ(
+        besides("KO\n  o 100 30\n"),
+        "mark face=top_flange kind=punch x=100.000 y=-10.000 angle=0.000 height=0.000 points=\"100.000,-10.000\" text=\"\"\nnote 23\nmade=1 ");
 }
 
 TEST(Ledger, WhatIsRefusedWithoutALineIsNoted) {
