@@ -20,8 +20,9 @@ bool HasStatus(const CHoleAddlInfo& hole, eHoleStatus status) {
 }
 
 void DropHolesOfStatus(ZetArray<CHoleAddlInfo>& holes, eHoleStatus status) {
-    camdata::detail::DropRecords(holes,
-                                 [&](long index) { return HasStatus(holes[index], status); });
+    const auto hasStatus = [status](const CHoleAddlInfo& hole) { return HasStatus(hole, status); };
+    if (std::any_of(holes.begin(), holes.end(), hasStatus))
+        camdata::detail::DropRecords(holes, [&](long index) { return hasStatus(holes[index]); });
 }
 
 template <typename Make>

@@ -112,10 +112,13 @@ ViewHoles GatherHoles(const ZetArray<ZetNCHoleData>& holes, const CViewData& vie
 }
 
 void AppendRecords(const Holes& holes, const CViewData& view, ZetArray<CHoleAddlInfo>& records) {
+    if (holes.empty())
+        return;
     MakeRoom(records, holes.size());
+    auto next = records.length();
+    records.setLength(next + static_cast<long>(holes.size()));
     for (const ViewHole& hole : holes) {
-        records.setLength(records.length() + 1);
-        CHoleAddlInfo& record = records.last();
+        CHoleAddlInfo& record = records[next++];
         record.SetHoleData(*hole.data);
         record.CorrectData(view);
         if (hole.isCountersunk)

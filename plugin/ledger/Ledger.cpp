@@ -26,18 +26,14 @@ AccountNumbers& AccountNumbers::operator+=(const AccountNumbers& other) {
 }
 
 /// Of features with the same tag the first counts.
-Ledger::Ledger(const std::vector<Feature>& features) {
+Ledger::Ledger(std::vector<Feature> features) {
+    const auto isBefore = [](const Feature& a, const Feature& b) { return a.tag < b.tag; };
+    if (!std::is_sorted(features.begin(), features.end(), isBefore))
+        std::stable_sort(features.begin(), features.end(), isBefore);
     m_entries.reserve(features.size());
     for (const Feature& feature : features)
-        m_entries.push_back({feature});
-    std::stable_sort(m_entries.begin(), m_entries.end(), [](const Entry& a, const Entry& b) {
-        return a.feature.tag < b.feature.tag;
-    });
-    const auto end =
-        std::unique(m_entries.begin(), m_entries.end(), [](const Entry& a, const Entry& b) {
-            return a.feature.tag == b.feature.tag;
-        });
-    m_entries.erase(end, m_entries.end());
+        if (m_entries.empty() || m_entries.back().feature.tag != feature.tag)
+            m_entries.push_back({feature});
 }
 
 /// Features stand in one line after the other mostly.

@@ -35,7 +35,7 @@ struct AccountNumbers {
 class Ledger {
   public:
     Ledger() = default;
-    explicit Ledger(const std::vector<Feature>& features);
+    explicit Ledger(std::vector<Feature> features);
 
     /// Null for a tag that no feature has.
     const Feature* Find(long tag) const;
