@@ -53,9 +53,12 @@ bool IsDeeper(const CHoleAddlInfo& hole, const CHoleAddlInfo& other) {
     return otherDepth > 0.0 && (!(depth > 0.0) || depth > otherDepth + CMxGeom::GetEPS());
 }
 
-/// As large and as deep: what another one covers need not be made.
+/// As large, as deep and with its thread: what another one covers need not be made.
 bool Covers(const CHoleAddlInfo& hole, const CHoleAddlInfo& other) {
-    return !IsLarger(other, hole) && !IsDeeper(other, hole);
+    const int kind = other.GetHoleData().kind;
+    const bool isPlain = kind == ZetNCHoleData::eKindPlain;
+    return !IsLarger(other, hole) && !IsDeeper(other, hole) &&
+           (isPlain || kind == hole.GetHoleData().kind);
 }
 
 }  // namespace
