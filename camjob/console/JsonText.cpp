@@ -3,7 +3,9 @@
 #include "numbers/FixedDecimals.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
+#include <cstddef>
 
 namespace camjob {
 
@@ -11,8 +13,16 @@ namespace {
 
 constexpr int kDecimals = 3;
 
+/// By character; a text is asked for each of its own.
+constexpr auto kStandsAsItIs = [] {
+    std::array<bool, 256> stands{};
+    for (std::size_t c = ' '; c <= '~'; ++c)
+        stands[c] = c != '"' && c != '\\';
+    return stands;
+}();
+
 bool StandsAsItIs(char c) {
-    return c >= ' ' && c <= '~' && c != '"' && c != '\\';
+    return kStandsAsItIs[static_cast<unsigned char>(c)];
 }
 
 /// Whether three decimals hold all of the number: its shortest form is then these, without the
