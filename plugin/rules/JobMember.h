@@ -245,6 +245,7 @@ class JobMember : public CMxPeilaib {
                        int viewPosition);
     bool TakeOutline(const ZetNCContour& outline, const ZetNCView& view, const NotchSum& sum);
     bool CheckOpening(const ZetNCContour& opening, int viewPosition);
+    bool TakesPlateApart(const FaceBox& opening, int viewPosition);
     bool CheckOpeningAmongOthers(const ZetNCContour& opening, int viewPosition);
     bool IsBeyond(const std::vector<ZetGeomPoint2d>& corners,
                   int viewPosition,

@@ -30,6 +30,7 @@ constexpr const wchar_t* kOpeningBeyondText = L"The opening reaches beyond its f
 constexpr const wchar_t* kOpeningInCutText =
     L"The opening lies in what an outline (of either side) or a mitre takes away";
 constexpr const wchar_t* kOpeningInOpeningText = L"The opening lies in another one";
+constexpr const wchar_t* kOpeningApartText = L"The opening takes the plate apart";
 constexpr const wchar_t* kNoAreaText = L"The outline has no area";
 constexpr const wchar_t* kOpeningNoAreaText = L"The opening has no area";
 constexpr const wchar_t* kUnknownFaceText =
@@ -279,9 +280,22 @@ bool JobMember::CheckOpening(const ZetNCContour& opening, int viewPosition) {
     if (IsCutAway(corners, viewPosition))
         return refuse(job::kHoleOutside, kOpeningInCutText);
     const FaceBox box = BoxOf(corners);
+    if (TakesPlateApart(box, viewPosition))
+        return refuse(job::kUnclearCut, kOpeningApartText);
     NoteUnclearPlace(opening.hostTag, FaceOfView(viewPosition), box.minX, box.maxX);
     m_judging->openings[viewPosition].Add(corners);
     return true;
+}
+
+/// True when an opening goes from one side of a plate to the other.
+bool JobMember::TakesPlateApart(const FaceBox& opening, int viewPosition) {
+    if (!IsPlate() || viewPosition >= kFirstPlanePosition || IsEdgeOfPlate(viewPosition))
+        return false;
+    const FaceBox plate = FaceOfHoles(viewPosition).box;
+    const double x = std::abs(CMxGeom::GetXTol());
+    const double y = std::abs(CMxGeom::GetYTol());
+    return (opening.minX <= plate.minX + x && opening.maxX >= plate.maxX - x) ||
+           (opening.minY <= plate.minY + y && opening.maxY >= plate.maxY - y);
 }
 
 /// False when another one has cut out all of it.

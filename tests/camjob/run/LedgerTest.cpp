@@ -257,6 +257,7 @@ const Case kCases[] = {
     {"ThroughABlindHole", kZ, "1000", "BO\n  v 500 100 20 3\n  v 500 100 10\n  v 600 100 20\n  v 600 100 10 3\n  v 700 100 10 3\n  v 700 100 10\n", "hole face=web x=500.000 y=100.000 diameter=10.000 depth=0.000 thread=none code=\"H\"\nhole face=web x=500.000 y=100.000 diameter=20.000 depth=3.000 thread=none code=\"H\"\nhole face=web x=600.000 y=100.000 diameter=20.000 depth=0.000 thread=none code=\"H\"\nhole face=web x=700.000 y=100.000 diameter=10.000 depth=0.000 thread=none code=\"H\"\nduplicate_hole 26\nduplicate_hole 27\naside 26 for 25\naside 27 for 28\nmade=4 set_aside=2 "},
     {"ThreadOfAHole", kZ, "1000", "BO\n  v 500 100g 10\n  v 500 100 10\n  v 600 100g 10\n  v 600 100 20\n", "duplicate_hole 24\nuncovered_hole 23\nuncovered_hole 25\naside 24 for 23\nrefused=2 not_made=2 "},
     {"OpeningInACircle", kZ, "1000", "IK\n  v 510 100 10\n  490 100 10\n  510 100 0\nIK\n  v 498 98\n  502 98\n  502 102\n  498 98\n", "hole_outside 27\nnote 23\nrefused=1 not_made=1 "},
+    {"OpeningsThatTakeAPlateApart", kPlate, "1000", "IK\n  v 400 0\n  500 0\n  500 200\n  400 200\n  400 0\nIK\n  v 0 80\n  300 80\n  300 120\n  0 120\n  0 80\n", "unclear_cut 23\nrefused=1 not_made=1 "},
     {"PlaneBesideTheMember", kI, "1000", "E1\n  0 0 5000\n  100 0 5000\n  0 100 5000\nB1\n  100 100 18\n", "hole face=web x=100.000 y=100.000 diameter=18.000 depth=0.000 thread=none code=\"H\"\nwarning 22\nmade=1 "},
     {"UnknownBlock", kZ, "1000", "IN\n  A : B\nBR\n  what\n", "note 22\nwarning 24\nnoted=2 "},
 };
