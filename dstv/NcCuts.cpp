@@ -1,6 +1,7 @@
 #include "dstv/NcCuts.h"
 
 #include "dstv/NcRoundEnd.h"
+#include "profiles/CutAngles.h"
 #include "profiles/SectionWalls.h"
 
 #include <algorithm>
@@ -10,8 +11,6 @@
 namespace dstv {
 namespace {
 
-/// What a file's rounding makes of an angle, degrees.
-constexpr double kSameAngle = 0.1;
 /// A corner counts as one of the end of an outline within this, mm.
 constexpr double kAtEnd = 0.5;
 /// Normals whose part along the piece is smaller belong to cuts along it.
@@ -78,7 +77,7 @@ bool EndsIn(const Outline& outline, const NcCut& cut) {
         const double height = high.y - low.y;
         const bool isThere = std::abs(a.x - end) <= kAtEnd || std::abs(b.x - end) <= kAtEnd;
         if (isThere && height > kAtEnd &&
-            std::abs(AngleOf(height, low.x - high.x) - cut.angle) <= kSameAngle)
+            profiles::IsSameAngle(AngleOf(height, low.x - high.x), cut.angle))
             return true;
     }
     return false;
@@ -93,8 +92,8 @@ bool EndsAtTrace(const Outline& outline, const NcCut& cut, double width) {
     const double edges[] = {cut.isFromHeader ? low->y : 0.0, cut.isFromHeader ? high->y : width};
     const double longest = isLongestAtZero ? edges[0] : edges[1];
     const double tangent = std::tan(cut.angle * std::numbers::pi / 180.0);
-    const double slack =
-        kAtEnd + width * (1.0 + tangent * tangent) * kSameAngle * std::numbers::pi / 180.0;
+    const double slack = kAtEnd + width * (1.0 + tangent * tangent) * profiles::kSameAngle *
+                                      std::numbers::pi / 180.0;
     return std::all_of(outline.begin(), outline.end(), [&](const ZetGeomPoint2d& point) {
         const double trace = cut.x - tangent * (point.y - longest);
         return (cut.isAtEnd ? point.x - trace : trace - point.x) <= slack;

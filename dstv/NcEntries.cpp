@@ -43,7 +43,7 @@ std::vector<NcEntry> EntriesOf(const NcPart& part) {
     for (const NcMark& mark : part.marks)
         entries.push_back({L"mark", mark.line, false});
     for (const NcNumeration& text : part.numerations)
-        entries.push_back({L"text", text.line, false});
+        entries.push_back({L"text", text.line, text.IsEmpty()});
     for (const NcCut& cut : part.cuts)
         AddCut(cut, entries);
     for (const NcSkippedBlock& block : part.skippedBlocks)

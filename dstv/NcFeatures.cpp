@@ -155,6 +155,9 @@ void NcParser::ReadNumeration(NcTokens& tokens) {
         m_notes.Note(text.line, L"text without a height");
     text.rule = tokens.TakeGlued("rz");
     text.text = TextAt(tokens.GetLine(), tokens.GetRest());
+    if (text.IsEmpty())
+        m_notes.Account(
+            NcNote::Severity::kWarning, text.line, L"text without characters: not made");
     CheckPlace(L"text", text.line, text.place, {text.x, text.q});
     m_part.numerations.push_back(std::move(text));
 }

@@ -51,7 +51,8 @@ bool IsLineMissing(const std::vector<NcLine>& lines, std::size_t value) {
 
 ZetString HintOfShiftedHeader(const std::vector<NcLine>& lines, std::size_t value) {
     const std::size_t code = FindCode(lines);
-    if (value >= lines.size())
+    // Nothing shows whether a text is in its place.
+    if (value >= std::min(lines.size(), NcHeaderReader::kRequired))
         return {};
     if (code == kCodeAt)
         return IsLineMissing(lines, value) ? L"; a header line before it seems to be missing" : L"";

@@ -218,7 +218,8 @@ void StructureBuilder::Build() {
     for (const NcMark& mark : m_part.marks)
         AddMark(mark);
     for (const NcNumeration& numeration : m_part.numerations)
-        AddNumeration(numeration);
+        if (!numeration.IsEmpty())
+            AddNumeration(numeration);
 }
 
 template <typename Features>

@@ -178,6 +178,9 @@ struct NcNumeration {
     double textHeight = 0.0;
     char rule = 0;  ///< r: the text turns with the piece; z: all values forced; 0: none
     ZetString text;
+
+    /// Nothing is to be made.
+    bool IsEmpty() const { return text.isEmpty(); }
 };
 
 /// An En block.

@@ -120,7 +120,7 @@ void JobInput::AddNote(std::size_t position, const std::string& file, const dstv
     m_notes.push_back({file, note});
     if (isWarning && m_job.nc.warnings == job::NcWarnings::kRefuse)
         m_faults.push_back({
-            position, {file, note.line, 0, DescribeNote(m_notes.back())}
+            position, {file, note.line, 0, DescribeRefusedNote(m_notes.back())}
         });
 }
 

@@ -20,6 +20,10 @@ std::string DescribeNote(const RunNote& note) {
     return note.file + line + (isWarning ? ": warning: " : ": note: ") + note.note.text.toUtf8();
 }
 
+std::string DescribeRefusedNote(const RunNote& note) {
+    return DescribeNote(note) + "; the job refuses files with warnings ([nc] warnings)";
+}
+
 std::string RunReport::WithinFolder(const std::string& file) const {
     const std::string start = NameIn(folder, {});
     return file.starts_with(start) ? file.substr(start.size()) : file;

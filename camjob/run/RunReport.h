@@ -54,6 +54,8 @@ struct RunNote {
 
 /// "part.nc1:27: warning: hole with a negative X"
 std::string DescribeNote(const RunNote& note);
+/// The same as a fault, with the key of the job that makes it one.
+std::string DescribeRefusedNote(const RunNote& note);
 
 /// The NC file of a member.
 struct MemberFile {

@@ -305,7 +305,7 @@ void WriteNotes(const RunReport& report, bool showsNotes, OutputStream& err) {
     for (const RunNote& note : report.notes) {
         const std::string text = DescribeNote(note);
         const bool isWarning = note.note.severity == dstv::NcNote::Severity::kWarning;
-        if ((showsNotes || isWarning) && faults.count(text) == 0)
+        if ((showsNotes || isWarning) && faults.count(DescribeRefusedNote(note)) == 0)
             WriteMessage(text, err, isWarning ? Tone::kWarning : Tone::kPlain);
     }
 }

@@ -134,7 +134,9 @@ void JobMember::GenerateOutPutStringForNotches() {
     }
 }
 
+/// Of trims that are the same, one is made for all.
 void JobMember::MakeTrims() {
+    std::map<std::string, long> tags;  // by record
     for (const Trim& trim : m_trims) {
         MachineOperation operation;
         operation.kind = MachineOperationKind::kTrim;
@@ -142,28 +144,22 @@ void JobMember::MakeTrims() {
         operation.side = static_cast<int>(trim.side);
         operation.at = trim.at;
         operation.code = trim.code;
-        AddOperationOnce(std::move(operation), trim.tag);
+        const auto [first, isNew] = tags.insert({FormatOperation(operation), trim.tag});
+        if (isNew)
+            AddOperation(trim.tag) = std::move(operation);
+        else if (trim.tag != first->second)
+            m_ledger.Join(trim.tag, first->second);
     }
 }
 
 void JobMember::MakeMitres() {
     for (const ZetNCCut& cut : m_mitres) {
-        MachineOperation operation;
+        MachineOperation& operation = AddOperation(cut.hostTag);
         operation.kind = MachineOperationKind::kMitre;
         operation.end = cut.end;
         operation.cutFace = cut.face;
         operation.angle = cut.angle;
-        AddOperationOnce(std::move(operation), cut.hostTag);
     }
-}
-
-/// Of cuts that are the same, one is made for all.
-void JobMember::AddOperationOnce(MachineOperation operation, long tag) {
-    const auto [first, isNew] = m_judging->cutLines.insert({FormatOperation(operation), tag});
-    if (isNew)
-        AddOperation(tag) = std::move(operation);
-    else if (tag != first->second)
-        m_ledger.Join(tag, first->second);
 }
 
 MachineOperation& JobMember::AddOperation(long tag) {

@@ -1,5 +1,6 @@
 #include "plugin/rules/JobMember.h"
 #include "plugin/rules/MitreShortening.h"
+#include "profiles/CutAngles.h"
 
 #include "camdata/tolerance/CMxGeom.h"
 
@@ -46,6 +47,7 @@ void JobMember::CheckCuts() {
                          .isRefusal = true});
     }
     DropMitresThatRunOut();
+    JoinEqualMitres();
 }
 
 /// The most that the mitres of the web or of the flanges take off one of its edges, at both ends
@@ -84,6 +86,22 @@ void JobMember::DropMitresThatRunOut() {
                              .feature = FeatureOf(cut.hostTag),
                              .isRefusal = true});
         }
+    }
+}
+
+/// One is made for all that are the same: the header and a saw cut tell an angle with roundings of
+/// their own.
+void JobMember::JoinEqualMitres() {
+    for (const ZetNCCut& cut : std::exchange(m_mitres, {})) {
+        const auto first =
+            std::find_if(m_mitres.begin(), m_mitres.end(), [&](const ZetNCCut& each) {
+                return each.end == cut.end && each.face == cut.face &&
+                       profiles::IsSameAngle(each.angle, cut.angle);
+            });
+        if (first == m_mitres.end())
+            m_mitres.push_back(cut);
+        else
+            m_ledger.Join(cut.hostTag, first->hostTag);
     }
 }
 

@@ -399,6 +399,7 @@ class JobMember : public CMxPeilaib {
     void CheckCuts();
     double RunOutOf(int cutFace) const;
     void DropMitresThatRunOut();
+    void JoinEqualMitres();
     void MakeTrims();
     void MakeMitres();
     CViewData ViewDataOf(int viewPosition) const;
@@ -412,7 +413,6 @@ class JobMember : public CMxPeilaib {
     void MakeOperations();
     /// One more, to be described.
     MachineOperation& AddOperation(long tag);
-    void AddOperationOnce(MachineOperation operation, long tag);
     void ClaimOperations();
     std::array<std::optional<double>, eHoleFaceNone + 1> UpperEdges() const;
     std::optional<double> FlangeEnd(double width, const job::FlangeZero& zero) const;
@@ -469,7 +469,6 @@ class JobMember : public CMxPeilaib {
         OpeningsOfViews circles;                   ///< by view position; those that are holes
         std::vector<SetAside> reasons;             ///< by duplicate hole
         std::map<HolePlace, CHoleAddlInfo> sinks;  ///< by the place of their holes
-        std::map<std::string, long> cutLines;      ///< of trims and mitres, with their tags
         MachineMember machineMember;               ///< what is made; its operations
         std::vector<long> operationTags;           ///< by operation
         bool hasOperations = false;

@@ -246,6 +246,8 @@ TEST(NcReader, RefusesControlCharactersInTexts) {
         EXPECT_EQ(ToldOf(sample.With("EN\n")), "refused 5" + expected + "\n");
         EXPECT_EQ(ToldOf(NcSample().With("SI\n  v 1.0u 2.0 0.0 10r P" + control + "1\nEN\n")),
                   "refused 27" + expected + "\n");
+        EXPECT_EQ(ToldOf(Replaced(NcSample().With(""), "Purlin", "P" + control + "1")),
+                  "refused 22" + expected + "\n");
         EXPECT_EQ(ToldOf(NcSample().With("IN\n  P" + control + "1 : x\nEN\n")),
                   "refused 27" + expected + "\n");
     }

@@ -160,6 +160,8 @@ const Case kCases[] = {
     {"OpeningWithinACircle", kZ, "1000", "IK\n  v 510.04 100 9.99\n  500 109.98 9.99\n  490 100 10\n  500 90 10\n  510.04 100\n",
      "hole face=web x=500.020 y=99.992 diameter=20.008 depth=0.000 thread=none code=\"H\"\nnote 23\nmade=1 "},
     {"SawCut", kZ, "1000", "SC\n  1000 200 0 1 -1 0\n", "mitre end=end face=web angle=-45.000\nmade=1 "},
+    {"SawCutsOfAlmostTheSameAngle", kZ, "1000", "SC\n  1000 200 0 1 -1 0\n  1000 200 0 1 -1.001 0\n  1000 200 0 1 -1.002 0\n  1000 200 0 1 -1.005 0\n",
+     "mitre end=end face=web angle=-45.000\nmitre end=end face=web angle=-45.143\nmade=4 "},
     {"SawCutInTheMiddle", kZ, "1000", "SC\n  500 0 0 1 0 0\n", "unclear_cut 23\nrefused=1 "},
     {"SawCutThatPointsInwards", kZ, "1000", "SC\n  1000 0 0 -1 0 0\n", "unclear_cut 23\nrefused=1 "},
     {"MitresThatLeaveNothing", kZ, "150", "SC\n  0 0 0 -1 -0.8 0\nSC\n  150 0 0 1 -0.6 0\n", "unclear_cut 23\nunclear_cut 25\nrefused=2 "},
@@ -241,6 +243,7 @@ const Case kCases[] = {
     {"SawCutsWithoutAngleOrNormal", kZ, "1000", "AK\n  v 0 0\n  1000 0\n  1000 200\n  0 200\n  0 0\nSC\n  1000 200 0 1 0 0\n  1000 200 0 0 0 0\n", "note 29\nwarning 30\nmade=1 noted=2 "},
     {"RoundTubeCutBothWays", kTube, "1000", "SC\n  858.579 100 100 1 1 1\n", "mitre end=end face=web angle=45.000\nmitre end=end face=flange angle=45.000\nmade=1 "},
     {"SinkOfAThread", kZ, "1000", "BO\n  v 500 100g 10\n  v 500 100s 26 6.5 0 0 90\n", "lone_countersink 24\nuncovered_hole 23\nrefused=2 "},
+    {"TextsWithoutCharacters", kZ, "1000", "SI\n  v 100 100 0 10\n  v 100 100 0 10r \n", "warning 23\nwarning 24\nnoted=2 "},
     {"MarksOfAMemberThatIsNotMade", kZ, "1000", "BO\n  v 500 250 18\nSI\n  v 50 100 0 10r P1\n", "hole_outside 23\nwarning 23\nrefused=1 not_made=1 "},
     {"MarksOutside", kZ, "1000", "KO\n  v 100 50\n  5000 50\nSI\n  v 50 300 0 10r P1\nBO\n  v 900 -50m 0 0\n", "warning 23\nwarning 26\nwarning 28\nnote 23\nnot_for_machine=3 "},
     {"PlateSmallerThanItsHeader", kPlate, "1000", "AK\n  v 0 0\n  998 0\n  998 200\n  0 200\n  0 0\n", "warning 23\nmade=1 "},
@@ -454,6 +457,9 @@ TEST(Ledger, RefusesFilesWithWarnings) {
         std::string(kJob) + "[nc]\nwarnings = \"refuse\"\n");
     EXPECT_EQ(ran.exitCode, 2);
     EXPECT_EQ(ran.document["faults"][0]["line"], 23);
+    const std::string fault = ran.document["faults"][0]["message"];
+    EXPECT_NE(fault.find("the job refuses files with warnings ([nc] warnings)"), std::string::npos)
+        << fault;
 }
 
 /// What would be a fault of the program: holes of lines 23 and 24, and what was claimed.
