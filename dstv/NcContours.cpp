@@ -394,7 +394,7 @@ bool NcParser::IsBeside(const ZetGeomPoint3d& origin, NcFace face) const {
         return false;
     const bool isFlange = face == NcFace::kTop || face == NcFace::kBottom;
     const double at = isFlange ? origin.y : origin.z;
-    const double depth = isFlange ? m_sideLimits.y : m_flangeLimits.y;
+    const double depth = LimitsOf(isFlange ? NcFace::kBehind : NcFace::kTop).y;
     return depth > 0.0 && (at < -kBeside || at > depth + kBeside);
 }
 

@@ -338,13 +338,15 @@ char NcParser::TakeReference(NcTokens& tokens) {
 void NcParser::SetLimits() {
     const NcHeader& header = m_part.header;
     const std::wstring_view code = header.profileCode.view();
-    const bool isRound = profiles::IsRound(code);
-    const auto limits = [&](double width) {
-        // The front view of a round section is its surface unrolled.
-        return ZetGeomPoint2d{header.length, isRound ? std::numbers::pi * width : width};
-    };
-    m_sideLimits = limits(header.profileHeight);
-    m_flangeLimits = limits(code == L"B" ? header.webThickness : header.flangeWidth);
+    const double height = header.profileHeight;
+    const double depth = code == L"B" ? header.webThickness : header.flangeWidth;
+    for (const NcFace face : {NcFace::kTop, NcFace::kFront, NcFace::kBottom, NcFace::kBehind}) {
+        const bool isFlange = face == NcFace::kTop || face == NcFace::kBottom;
+        double width = isFlange && !profiles::IsRound(code) ? depth : height;
+        if (profiles::IsUnrolled(code, static_cast<int>(face)))
+            width *= std::numbers::pi;
+        m_limits[static_cast<std::size_t>(face)] = {header.length, width};
+    }
 }
 
 /// Of a hole the centre. False when it is told.

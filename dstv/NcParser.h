@@ -87,7 +87,7 @@ class NcParser {
     void SetLimits();
     /// Length and width of a face; 0: not told by the header.
     const ZetGeomPoint2d& LimitsOf(NcFace face) const {
-        return face == NcFace::kTop || face == NcFace::kBottom ? m_flangeLimits : m_sideLimits;
+        return m_limits[static_cast<std::size_t>(face)];
     }
     bool CheckPlace(const wchar_t* what, long line, const NcPlace& place, const ZetGeomPoint2d& at);
     void Spend(std::size_t points, const NcLine& line);
@@ -144,8 +144,7 @@ class NcParser {
     NcNotes m_notes;
     std::vector<NcError> m_errors;  ///< of the blocks
     NcHeaderReader m_header{m_part.header, m_notes};
-    ZetGeomPoint2d m_sideLimits;
-    ZetGeomPoint2d m_flangeLimits;
+    std::array<ZetGeomPoint2d, 4> m_limits;  ///< by standard face
     Block m_block;
     bool m_isAfterEnd = false;
     bool m_isAfterSecondStart = false;

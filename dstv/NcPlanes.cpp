@@ -1,6 +1,7 @@
 #include "dstv/NcPlanes.h"
 
 #include "dstv/NcGeometry.h"
+#include "profiles/SectionWalls.h"
 
 #include "camdata/platform/geometry/ZetGeomTol.h"
 
@@ -59,6 +60,9 @@ ZetGeomPlane FacePlane(NcFace face, const NcHeader& header) {
 }
 
 NcFace StandardFaceOf(const ZetGeomPlane& plane, const NcHeader& header) {
+    // What is flat is no part of an unrolled surface.
+    if (profiles::IsRound(header.profileCode.view()))
+        return NcFace::kPlane;
     const ZetGeomVector3d normal = plane.normal();
     if (kParallel.areParallel(normal, kAcrossZ))
         return normal.z > 0.0 ? NcFace::kFront : NcFace::kBehind;

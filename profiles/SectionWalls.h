@@ -37,7 +37,8 @@ struct Wall {
 inline constexpr Wall kWalls[] = {
     {{L"I"},                          {kFront, kBehind},  0.5         },
     {{L"U", L"C", L"L", L"T", L"B"},  {kFront, kBehind},  0.0         },
-    {{L"SO", L"RO", L"RU"},           {kFront, kBehind},  std::nullopt},
+    {{L"SO"},                         {kFront, kBehind},  std::nullopt},
+    {{L"RO", L"RU"},                  {kFront, kFront},   std::nullopt},
     {{L"M"},                          {kFront, kFront},   1.0         },
     {{L"M"},                          {kBehind, kBehind}, 0.0         },
     {{L"I", L"U", L"C", L"M", L"SO"}, {kTop, kTop},       1.0         },
@@ -55,9 +56,14 @@ inline const Wall* FindWall(std::wstring_view code, int view) {
     return wall == std::end(kWalls) ? nullptr : wall;
 }
 
-/// The front view of these is their surface, unrolled.
 inline bool IsRound(std::wstring_view code) {
     return code == L"RO" || code == L"RU";
+}
+
+/// The front view of a round section is its surface, unrolled; the others see it as they see all
+/// sections, as wide as its diameter.
+inline bool IsUnrolled(std::wstring_view code, int view) {
+    return IsRound(code) && view == kFront;
 }
 
 }  // namespace profiles

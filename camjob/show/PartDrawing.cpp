@@ -3,6 +3,7 @@
 #include "camjob/check/FaceWords.h"
 #include "camjob/console/ReportText.h"
 #include "dstv/NcGeometry.h"
+#include "profiles/SectionWalls.h"
 #include "report/drawing/ArcEdges.h"
 
 #include <algorithm>
@@ -53,10 +54,6 @@ constexpr std::pair<eHoleFace, int> kPositionsOfFaces[] = {
     {eHoleFaceBottomFlange, kBottomFlange},
     {eHoleFaceWebBack,      kWebBack     },
 };
-
-bool IsTube(const dstv::NcHeader& header) {
-    return header.profileCode == L"RO" || header.profileCode == L"RU";
-}
 
 report::Point PointOf(const ZetGeomPoint2d& point) {
     return {point.x, point.y};
@@ -216,15 +213,20 @@ void DrawingMaker::AddFaces() {
 void DrawingMaker::AddFace(int position) {
     if (!m_faceOfPosition.insert({position, m_drawing.faces.size()}).second)
         return;
-    m_drawing.faces.push_back(
-        {ViewWord(position).toUtf8(), position, WidthOf(position), IsTube(GetHeader()), {}});
+    m_drawing.faces.push_back({ViewWord(position).toUtf8(),
+                               position,
+                               WidthOf(position),
+                               profiles::IsUnrolled(GetHeader().profileCode.view(), position),
+                               {}});
 }
 
 /// A plane of its own is as wide as what lies on it.
 double DrawingMaker::WidthOf(int position) const {
     const dstv::NcHeader& header = GetHeader();
-    if (IsTube(header))
-        return header.profileHeight * std::numbers::pi;
+    const std::wstring_view code = header.profileCode.view();
+    if (profiles::IsRound(code))
+        return header.profileHeight *
+               (profiles::IsUnrolled(code, position) ? std::numbers::pi : 1.0);
     if (position == kTopFlange || position == kBottomFlange)
         return header.flangeWidth;
     if (position == kWeb || position == kWebBack)

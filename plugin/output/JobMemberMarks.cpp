@@ -69,6 +69,11 @@ bool JobMember::HasNcFile() const {
     });
 }
 
+/// As far as it is judged.
+bool JobMember::IsToBeMade() const {
+    return m_errors.isEmpty() && m_secondErrors.isEmpty() && m_outcome.hasPieces;
+}
+
 /// Where neither the member type asks for them nor an NC file has them, one note tells them all; of
 /// a member that is not made nobody asks for anything.
 void JobMember::NoteMarks() {
@@ -90,8 +95,8 @@ void JobMember::NoteMarks() {
     }
     if (m_type.areMarksMade || areInNcFile)
         return NoteMarksOutside();
-    const bool isMade = m_errors.isEmpty() && m_secondErrors.isEmpty() && m_outcome.hasPieces;
-    if (const std::optional<Feature> feature = FeatureOf(first); feature && count > 0 && isMade)
+    if (const std::optional<Feature> feature = FeatureOf(first);
+        feature && count > 0 && IsToBeMade())
         m_notes.push_back({*feature,
                            ZetString::format(kMarksFormat,
                                              count,

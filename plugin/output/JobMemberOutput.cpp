@@ -2,8 +2,11 @@
 #include "plugin/rules/FlangeZero.h"
 #include "plugin/rules/JobMember.h"
 #include "plugin/rules/UprightRectangle.h"
+#include "profiles/SectionWalls.h"
 
 #include <cmath>
+#include <map>
+#include <string>
 #include <utility>
 
 namespace plugin {
@@ -204,7 +207,7 @@ std::array<std::optional<double>, eHoleFaceNone + 1> JobMember::UpperEdges() con
         web = surface->maxY;
     else if (GetWebWidth() > 0.0)
         web = GetWebWidth();
-    edges[eHoleFaceWebBack] = web;
+    edges[eHoleFaceWebBack] = IsRound() ? FaceOfView(profiles::kBehind).maxY : web;
     return edges;
 }
 

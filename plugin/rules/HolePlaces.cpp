@@ -27,7 +27,7 @@ constexpr const wchar_t* kInOpeningText = L"It lies in an opening of its face";
 constexpr const wchar_t* kUnknownFaceText =
     L"the extents of its face are not known: nobody can tell whether it lies on it";
 constexpr const wchar_t* kAtMitreText =
-    L"it lies at a mitre: nobody can tell whether that takes it from the unrolled surface";
+    L"it lies at a mitre: nobody can tell whether that takes it from the round section";
 
 constexpr int kLineIndent = 20;  ///< as the library's own lines of a hole
 constexpr ZetFormatString<ZetString, double, double> kPlateEdgeFormat =
@@ -55,7 +55,7 @@ bool IsOpening(const CHoleAddlInfo& hole) {
     return hole.GetIsRectHole() || hole.GetIsSqrHole();
 }
 
-/// Of the whole hole. The surface of a round section closes: across it only the centre counts.
+/// Of the whole hole. An unrolled surface closes: across it only the centre counts.
 FaceBox ExtentsOf(const CHoleAddlInfo& hole, bool isAcross) {
     const double radius = hole.GetSize() * 0.5;
     const ZetGeomVector2d end = hole.GetIsSlot() ? hole.GetSlotVector() : ZetGeomVector2d();
@@ -126,7 +126,7 @@ std::optional<Finding> JobMember::OutsideOf(const CHoleAddlInfo& hole,
     const ZetGeomPoint2d centre = {hole.GetXPos(), hole.GetYPos()};
     FaceBox face = extents;
     FaceBox middle = {centre.x, centre.x, centre.y, centre.y};
-    FaceBox whole = ExtentsOf(hole, !IsRound());
+    FaceBox whole = ExtentsOf(hole, !IsUnrolled(viewPosition));
     if (const ZetGeomPlane* const plane = AskewPlaneAt(viewPosition)) {
         const ZetGeomPoint2d onPlane = {hole.GetHoleData().x, hole.GetHoleData().y};
         face = WholeMember();

@@ -223,6 +223,7 @@ class JobMember : public CMxPeilaib {
 
     bool IsPlate() const { return m_section == Section::kPlate; }
     bool IsRound() const { return m_section == Section::kRound; }
+    bool IsUnrolled(int viewPosition) const;
     bool IsHollow() const;
     bool IsEdgeOfPlate(int viewPosition) const;
     FaceBox FaceOfView(int viewPosition) const;
@@ -351,7 +352,7 @@ class JobMember : public CMxPeilaib {
     bool IsBeyondMitre(const ZetGeomPoint2d& centre, int viewPosition, double reach) const;
     void SeePlanes();
     bool FacesEnd(const CViewData& flange) const;
-    void RefusePlanesAtEnd();
+    void RefusePlanes();
     void CheckPlanes();
 
     void CodeHoles();
@@ -404,6 +405,7 @@ class JobMember : public CMxPeilaib {
     void MakeMitres();
     CViewData ViewDataOf(int viewPosition) const;
     bool HasNcFile() const;
+    bool IsToBeMade() const;
     void NoteMarks();
     void NoteMarksOutside();
     const wchar_t* FaultOfMark(const std::vector<ZetGeomPoint2d>& points, int viewPosition);
@@ -435,7 +437,7 @@ class JobMember : public CMxPeilaib {
     struct PlaneView {
         CViewData data;
         ZetGeomPlane plane;
-        bool isAtEnd = false;  ///< it faces the end of the member
+        bool isRefused = false;  ///< nothing is made on it
     };
     /// The openings of a face.
     class Openings {

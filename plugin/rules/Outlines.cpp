@@ -147,9 +147,10 @@ FaceBox JobMember::FaceOfView(int viewPosition) const {
     const ZetNCHeaderData& header = m_memType.GetHeaderData();
     const bool isTop = viewPosition == profiles::kTop;
     const bool isFlange = isTop || viewPosition == profiles::kBottom;
-    const double height = IsRound() ? header.height * std::numbers::pi : header.height;
     const double depth = IsPlate() ? header.thickness : header.width;
-    const double width = isFlange && !IsRound() ? depth : height;
+    double width = isFlange && !IsRound() ? depth : header.height;
+    if (IsUnrolled(viewPosition))
+        width *= std::numbers::pi;
     FaceBox face = kUnbounded;
     if (header.length > 0.0)
         std::tie(face.minX, face.maxX) = std::pair(0.0, header.length);

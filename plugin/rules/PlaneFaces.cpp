@@ -24,6 +24,7 @@ constexpr const wchar_t* kAskewText =
 constexpr const wchar_t* kAtEndFormat =
     L"It lies on a plane that %s, where no operation is made: %s at (X:%.1f, Y:%.1f) of the plane";
 constexpr const wchar_t* kFacesEndText = L"faces the end of the member";
+constexpr const wchar_t* kRoundText = L"is not the unrolled surface of a round section";
 constexpr const wchar_t* kNoFaceText = L"shows neither the web nor, within the tolerance, a flange";
 
 /// Seen from a plane on which a flange is that many times as wide, nothing lies on the flange.
@@ -103,7 +104,7 @@ void JobMember::SeePlanes() {
     for (const ZetNCView& view : structure.getViews()) {
         const bool isPlane = view.getViewPos() >= kFirstPlanePosition;
         bool hasOwnFace = !isPlane;
-        bool isAtEnd = false;
+        bool isRefused = false;
         if (isPlane && (IsGathered(view) || IsMarked(view))) {
             ZetArray<ZetNCView> views = before;
             views.append(WithOneHole(view));
@@ -112,32 +113,33 @@ void JobMember::SeePlanes() {
             const CViewData data = m_holes.last().GetViewData();
             m_holes = {};
             hasOwnFace = !IsUnclear(data) && data.GetFaceStr() != L"WEB";
-            isAtEnd = hasOwnFace && FacesEnd(data);
+            isRefused = IsRound() || (hasOwnFace && FacesEnd(data));
             m_judging->planes.insert({
-                view.getViewPos(), {data, view.getPlane(), isAtEnd}
+                view.getViewPos(), {data, view.getPlane(), isRefused}
             });
         }
-        if (hasOwnFace && !isAtEnd && IsGathered(view))
+        if (hasOwnFace && !isRefused && IsGathered(view))
             before = {WithOneHole(view)};
     }
     m_structure = structure;
-    RefusePlanesAtEnd();
+    RefusePlanes();
 }
 
 bool JobMember::FacesEnd(const CViewData& flange) const {
     return !(flange.GetFaceWidth() <= kWidest * m_memType.GetProfileWidth());
 }
 
-/// Takes what lies on planes that face the end out of the NC data. Marks and texts that the machine
-/// is not asked for stay.
-void JobMember::RefusePlanesAtEnd() {
+/// Takes what lies on planes on which nothing is made out of the NC data. Marks and texts that the
+/// machine is not asked for stay.
+void JobMember::RefusePlanes() {
     ZetArray<ZetNCView> views = m_structure.getViews();
     for (ZetNCView& view : views) {
         const auto plane = m_judging->planes.find(view.getViewPos());
-        if (plane == m_judging->planes.end() || !plane->second.isAtEnd)
+        if (plane == m_judging->planes.end() || !plane->second.isRefused)
             continue;
         const double alongMember = std::abs(plane->second.plane.normal().x);
-        const ZetString what = alongMember > kHalfWay ? kFacesEndText : kNoFaceText;
+        const wchar_t* const side = IsRound() ? kRoundText : kNoFaceText;
+        const ZetString what = alongMember > kHalfWay ? kFacesEndText : side;
         const auto refuse = [&](const auto& features) {
             for (const auto& each : features) {
                 const std::optional<Feature> feature = FeatureOf(each.hostTag);
