@@ -121,6 +121,14 @@ Ledger::Accounts Ledger::AccountsOf(long tag) const {
     return {AccountOf(*entry, true), AccountOf(*entry, false)};
 }
 
+std::vector<long> Ledger::FindTags(Account account) const {
+    std::vector<long> tags;
+    for (const Entry& each : m_entries)
+        if (AccountOf(each, true) == account)
+            tags.push_back(each.feature.tag);
+    return tags;
+}
+
 long Ledger::CountNotMade() const {
     return static_cast<long>(
         std::count_if(m_entries.begin(), m_entries.end(), [&](const Entry& each) {

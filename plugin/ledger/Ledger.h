@@ -55,6 +55,8 @@ class Ledger {
         std::optional<Account> whenNotMade;
     };
     Accounts AccountsOf(long tag) const;
+    /// Of the features that have this account when the member is made.
+    std::vector<long> FindTags(Account account) const;
     /// How many features are not made with a member that is not.
     long CountNotMade() const;
     /// Tags that were claimed, although no feature has them.

@@ -76,19 +76,14 @@ bool JobMember::IsSilent(std::size_t operation) const {
     return !files.empty() && std::all_of(files.begin(), files.end(), saysNothing);
 }
 
-/// Of operations that no file of the group says anything for, one note tells them all.
+/// Of features that no file of the group says anything for, one note tells them all.
 void JobMember::NoteSilent() {
-    std::set<long> silent;
-    for (std::size_t i = 0; i < m_judging->operationTags.size(); ++i)
-        if (IsSilent(i))
-            silent.insert(m_judging->operationTags[i]);
-    if (silent.empty())
+    ClaimOperations();
+    const std::vector<long> silent = m_ledger.FindTags(Account::kNotForMachine);
+    if (silent.empty() || !IsToBeMade())
         return;
-    for (const auto& [place, sink] : m_judging->sinks)
-        if (silent.count(std::get<0>(place)) > 0)
-            silent.insert(sink.GetHoleData().hostTag);
     const auto count = static_cast<long>(silent.size());
-    if (const std::optional<Feature> feature = FeatureOf(*silent.begin()))
+    if (const std::optional<Feature> feature = FeatureOf(silent.front()))
         m_notes.push_back(
             {*feature,
              ZetString::format(
