@@ -224,11 +224,10 @@ void DrawingMaker::AddFace(int position) {
 double DrawingMaker::WidthOf(int position) const {
     const dstv::NcHeader& header = GetHeader();
     const std::wstring_view code = header.profileCode.view();
-    if (profiles::IsRound(code))
-        return header.profileHeight *
-               (profiles::IsUnrolled(code, position) ? std::numbers::pi : 1.0);
+    if (profiles::IsUnrolled(code, position))
+        return header.profileHeight * std::numbers::pi;
     if (position == kTopFlange || position == kBottomFlange)
-        return header.flangeWidth;
+        return profiles::IsRound(code) ? header.profileHeight : header.flangeWidth;
     if (position == kWeb || position == kWebBack)
         return header.profileCode == L"B" ? m_report.header.width : header.profileHeight;
     double width = 1.0;

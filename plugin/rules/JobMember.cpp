@@ -87,6 +87,7 @@ void JobMember::ValidateMember() {
     SetAsideNotches();
     PartCountersinks();
     SettleSetAsideHoles();
+    SetAsideOtherSides();
     JoinCountersinks();
     TakeRectangularHoles();
     CheckPlanes();

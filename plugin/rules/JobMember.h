@@ -260,6 +260,10 @@ class JobMember : public CMxPeilaib {
     static void DropNotches(ZetArray<CNotchAddInfo>& notches, const std::set<long>& tags);
 
     void SettleSetAsideHoles();
+    void SetAsideOtherSides();
+    bool HasSinkBeside(const CHoleAddlInfo& hole) const;
+    bool IsMadeFromOtherSide(const CHoleAddlInfo& hole, const CHoleAddlInfo& other);
+    bool HasHolesOnBothSides() const;
     void OrderByView();
     void FileMarked(const CHoleAddlInfo& hole);
     void ChooseOfMutual(std::vector<CHoleAddlInfo>& open);
