@@ -67,7 +67,8 @@ struct MemberRecords {
 /// ValidateMember goes in steps, each in the file named in brackets:
 ///
 /// 1. flange coordinates begin where the member type says (FlangeZero.h)
-/// 2. the library gathers holes and notches; what it left out is told (SetAsideHoles.cpp)
+/// 2. the library gathers holes and notches; what it left out is told (SetAsideHoles.cpp), and what
+///    a wall has from its other side (OtherSides.cpp)
 /// 3. rectangular openings that a hole rule covers become holes (RectangularHoles.cpp)
 /// 4. distances of holes to edges and ends (JobMember.cpp)
 /// 5. hole codes (HoleCoding.cpp), pairs (HolePairs.cpp), groups (HoleGroups.cpp)
