@@ -23,7 +23,7 @@ std::optional<double> WallAt(const ZetString& profileCode, int viewPosition) {
 }  // namespace
 
 bool JobMember::IsUnrolled(int viewPosition) const {
-    return profiles::IsUnrolled(m_memType.GetProfileCode().view(), viewPosition);
+    return IsRound() && profiles::IsUnrolled(m_memType.GetProfileCode().view(), viewPosition);
 }
 
 /// Of a place in a view, as far as the file tells it. What a wall takes up of its own depth is
