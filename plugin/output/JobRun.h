@@ -215,7 +215,9 @@ class JobRun {
     void WriteCuttingList(const ZetString& name);
     void WriteCuttingTable(const ZetString& name);
     void WriteRemnants(const ZetString& name);
-    void CloseFile(ZetFileAccess& file, const ZetString& name);
+    void WriteFile(const ZetString& name,
+                   const wchar_t* mode,
+                   const std::function<void(ZetFileAccess&)>& write);
 
     const job::Job& m_job;
     JudgingRules m_rules;

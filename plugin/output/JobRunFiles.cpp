@@ -170,10 +170,7 @@ void JobRun::WriteTotals(const ZetString& folder) {
     for (const ProfileResult& profile : GetProfileResults())
         lines.append(line(job::EscapeControls(profile.profileName), profile.steel));
     const ZetString name = folder + GetFileName(m_job.files[job::kInfoFile].ending);
-    ZetFileAccess file;
-    file.Open(name, L"a");
-    CMxUtil::AsArrStrPrint(lines, &file);
-    CloseFile(file, name);
+    WriteFile(name, L"a", [&](ZetFileAccess& file) { CMxUtil::AsArrStrPrint(lines, &file); });
 }
 
 /// The library ends lines with LF: its files are changed when they are whole.

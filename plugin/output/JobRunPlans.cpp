@@ -102,34 +102,36 @@ ProfilePlan JobRun::PlanFor(const std::vector<std::size_t>& members) const {
         {m_planner, [&](ZetArray<CMxParts> pieces) { return first.MakeNests(std::move(pieces)); }});
 }
 
-void JobRun::WriteCuttingList(const ZetString& name) {
+void JobRun::WriteFile(const ZetString& name,
+                       const wchar_t* mode,
+                       const std::function<void(ZetFileAccess&)>& write) {
     ZetFileAccess file;
-    file.Open(name, L"w");
-    for (const ProfilePlan& plan : m_plans)
-        plugin::WriteCuttingList(plan, m_job.groups[plan.group].id, file);
-    CloseFile(file, name);
-}
-
-void JobRun::WriteCuttingTable(const ZetString& name) {
-    ZetFileAccess file;
-    file.Open(name, L"w");
-    file.WriteUtf8(CuttingTable::MakeHead());
-    for (const ProfilePlan& plan : m_plans)
-        CuttingTable::WriteRows(plan, m_job.groups[plan.group].id, file);
-    CloseFile(file, name);
-}
-
-void JobRun::WriteRemnants(const ZetString& name) {
-    ZetFileAccess file;
-    file.Open(name, L"w");
-    file.WriteUtf8(job::MakeRemnantTable(m_bars.GetRemnants()));
-    CloseFile(file, name);
-}
-
-void JobRun::CloseFile(ZetFileAccess& file, const ZetString& name) {
+    file.Open(name, mode);
+    write(file);
     file.Close();
     if (file.GetFault())
         m_faults.append({name, file.GetFault()->operation, file.GetFault()->systemError});
+}
+
+void JobRun::WriteCuttingList(const ZetString& name) {
+    WriteFile(name, L"w", [&](ZetFileAccess& file) {
+        for (const ProfilePlan& plan : m_plans)
+            plugin::WriteCuttingList(plan, m_job.groups[plan.group].id, file);
+    });
+}
+
+void JobRun::WriteCuttingTable(const ZetString& name) {
+    WriteFile(name, L"w", [&](ZetFileAccess& file) {
+        file.WriteUtf8(CuttingTable::MakeHead());
+        for (const ProfilePlan& plan : m_plans)
+            CuttingTable::WriteRows(plan, m_job.groups[plan.group].id, file);
+    });
+}
+
+void JobRun::WriteRemnants(const ZetString& name) {
+    WriteFile(name, L"w", [&](ZetFileAccess& file) {
+        file.WriteUtf8(job::MakeRemnantTable(m_bars.GetRemnants()));
+    });
 }
 
 /// The library knows nothing but lengths, and one of them only.
