@@ -1,3 +1,4 @@
+#include "plugin/rules/HoleCover.h"
 #include "plugin/rules/JobMember.h"
 #include "plugin/rules/ReachIndex.h"
 
@@ -15,10 +16,6 @@
 namespace plugin {
 
 namespace {
-
-bool IsThrough(const CHoleAddlInfo& hole) {
-    return !(hole.GetHoleData().depth > 0.0);
-}
 
 ZetGeomVector2d HalfOf(const CHoleAddlInfo& hole) {
     return hole.GetIsSlot() ? hole.GetSlotVector() : ZetGeomVector2d();
@@ -46,12 +43,11 @@ bool Holds(const CHoleAddlInfo& other, const CHoleAddlInfo& hole) {
 
 /// What another hole covers need not be made.
 bool Covers(const CHoleAddlInfo& other, const CHoleAddlInfo& hole) {
-    const int kind = hole.GetHoleData().kind;
-    const bool isMadeByIt = kind == ZetNCHoleData::eKindPlain || kind == other.GetHoleData().kind;
-    return IsThrough(other) && isMadeByIt && Holds(other, hole);
+    return IsThrough(other) && HasThreadOf(other, hole) && Holds(other, hole);
 }
 
-double ReachOf(const CHoleAddlInfo& hole) {
+/// From its middle to its end.
+double HalfLengthOf(const CHoleAddlInfo& hole) {
     const ZetGeomVector2d half = HalfOf(hole);
     return std::hypot(half.x, half.y) + hole.GetSize() * 0.5;
 }
@@ -99,12 +95,12 @@ void JobMember::SetAsideOtherSides() {
     ReachIndex places;
     for (long i = 0; i < m_holes.length(); ++i)
         if (m_holes[i].GetHoleData().hostTag != 0)
-            places.Add(i, m_holes[i].GetXPos(), ReachOf(m_holes[i]));
+            places.Add(i, m_holes[i].GetXPos(), HalfLengthOf(m_holes[i]));
     std::set<long> reasons;
     std::set<long> setAside;
     const auto isSetAside = [&](long i) {
         const CHoleAddlInfo& hole = m_holes[i];
-        return places.FindNear(hole.GetXPos(), ReachOf(hole), [&](long index) {
+        return places.FindNear(hole.GetXPos(), HalfLengthOf(hole), [&](long index) {
             const CHoleAddlInfo& other = m_holes[index];
             if (setAside.count(index) > 0 || !IsMadeFromOtherSide(hole, other))
                 return false;

@@ -1,5 +1,6 @@
 #include "plugin/rules/FaceOutline.h"
 #include "plugin/rules/FaceText.h"
+#include "plugin/rules/HoleCover.h"
 #include "plugin/rules/JobMember.h"
 #include "plugin/rules/ReachIndex.h"
 
@@ -48,17 +49,14 @@ bool IsLarger(const CHoleAddlInfo& hole, const CHoleAddlInfo& other) {
 
 /// Through holes are deeper than all others.
 bool IsDeeper(const CHoleAddlInfo& hole, const CHoleAddlInfo& other) {
-    const double depth = hole.GetHoleData().depth;
-    const double otherDepth = other.GetHoleData().depth;
-    return otherDepth > 0.0 && (!(depth > 0.0) || depth > otherDepth + CMxGeom::GetEPS());
+    return !IsThrough(other) &&
+           (IsThrough(hole) ||
+            hole.GetHoleData().depth > other.GetHoleData().depth + CMxGeom::GetEPS());
 }
 
 /// As large, as deep and with its thread: what another one covers need not be made.
 bool Covers(const CHoleAddlInfo& hole, const CHoleAddlInfo& other) {
-    const int kind = other.GetHoleData().kind;
-    const bool isPlain = kind == ZetNCHoleData::eKindPlain;
-    return !IsLarger(other, hole) && !IsDeeper(other, hole) &&
-           (isPlain || kind == hole.GetHoleData().kind);
+    return !IsLarger(other, hole) && !IsDeeper(other, hole) && HasThreadOf(hole, other);
 }
 
 }  // namespace
