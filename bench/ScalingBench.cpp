@@ -99,7 +99,7 @@ constexpr Arrangement kArrangements[] = {
 };
 constexpr long kHoleCounts[] = {100, 1000, 10000, 100000};
 /// Plain loops take minutes beyond it.
-constexpr long kMostPlainHoles = 10000;
+constexpr long kMaxPlainHoles = 10000;
 
 /// Prints the row of an arrangement and returns the lines of its times.
 std::pair<ChartLine, ChartLine> MeasureGathering(const Arrangement& arrangement) {
@@ -110,7 +110,7 @@ std::pair<ChartLine, ChartLine> MeasureGathering(const Arrangement& arrangement)
         const TestMember member = MemberWith(arrangement.make(count));
         library.points.push_back({static_cast<double>(count), TimeOfGathering(member)});
         std::printf(" %.4g |", library.points.back().second);
-        if (count <= kMostPlainHoles)
+        if (count <= kMaxPlainHoles)
             plain.points.push_back({static_cast<double>(count), TimeOfPlainGathering(member)});
     }
     const double times = plain.points.back().second / library.points[2].second;

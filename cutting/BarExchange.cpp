@@ -11,9 +11,9 @@ namespace cutting {
 namespace {
 
 constexpr std::uint64_t kFewestBars = 2;
-constexpr std::uint64_t kMostBars = 5;
-constexpr Count kMostPiecesOfBars = 20;
-constexpr std::size_t kMostOtherKinds = 6;
+constexpr std::uint64_t kMaxBars = 5;
+constexpr Count kMaxPiecesOfBars = 20;
+constexpr std::size_t kMaxOtherKinds = 6;
 constexpr std::int64_t kStepsPerExchange = 400'000;
 constexpr std::int64_t kStepsOfChoice = 20;
 /// Attempts without success before it ends.
@@ -58,13 +58,13 @@ class Exchange {
     /// Some bars, off the solution.
     Solution TakeBars(Solution& solution) {
         Solution taken;
-        const std::uint64_t most = kFewestBars + m_random.Next() % (kMostBars - kFewestBars + 1);
+        const std::uint64_t most = kFewestBars + m_random.Next() % (kMaxBars - kFewestBars + 1);
         Count pieces = 0;
         while (taken.size() < most && !solution.empty()) {
             const std::size_t chosen = m_random.Next() % solution.size();
             PatternUse& use = solution[chosen];
             pieces += CountPieces(use.pattern);
-            if (!taken.empty() && pieces > kMostPiecesOfBars)
+            if (!taken.empty() && pieces > kMaxPiecesOfBars)
                 break;
             taken.push_back({use.pattern, 1});
             if (--use.times == 0)
@@ -95,7 +95,7 @@ class Exchange {
                     return use.pattern.kind == kind;
                 }))
                 others.push_back(kind);
-        for (; others.size() > kMostOtherKinds; others.pop_back()) {
+        for (; others.size() > kMaxOtherKinds; others.pop_back()) {
             std::swap(others[m_random.Next() % others.size()], others.back());
             rest.bars[others.back()] = 0;
         }

@@ -12,8 +12,8 @@ namespace {
 
 constexpr std::size_t kSizesPerChunk = 300;
 constexpr std::size_t kSizesOfWorstBars = 250;
-constexpr int kMostRounds = 60;
-constexpr int kMostFailures = 6;  ///< rounds in turn that do not help
+constexpr int kMaxRounds = 60;
+constexpr int kMaxFailures = 6;   ///< rounds in turn that do not help
 constexpr double kSkipped = 0.5;  ///< share of bars that a round leaves out, so that rounds differ
 constexpr std::int64_t kShareOfRound = 4;
 /// Below these steps per size, chunks would be no better than what is known.
@@ -131,7 +131,7 @@ void ImproveByChunks(const Task& task, Effort& effort, Answer& answer) {
     }
     Random random(3);
     int failures = 0;
-    for (int round = 0; round < kMostRounds && failures < kMostFailures; ++round) {
+    for (int round = 0; round < kMaxRounds && failures < kMaxFailures; ++round) {
         if (effort.IsSpent() || answer.IsLeast(task))
             return;
         failures = ImproveWorstBars(task, effort, answer.solution, random) ? 0 : failures + 1;

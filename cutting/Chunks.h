@@ -5,7 +5,7 @@
 namespace cutting {
 
 /// Sizes up to which a task is solved as a whole.
-constexpr std::size_t kMostSizesOfDive = 1200;
+constexpr std::size_t kMaxSizesOfDive = 1200;
 
 /// Improves an answer to a task with more sizes: solves parts of it with the same mix of lengths,
 /// then the worst bars together, as long as that helps.

@@ -12,15 +12,14 @@ namespace cutting {
 
 namespace {
 
-constexpr double kWorthUnit = 1e8;  ///< worth of the dearest bar
-constexpr std::int64_t kMostWorth =
-    2'000'000'000;  ///< of a pattern; above it products may overflow
+constexpr double kWorthUnit = 1e8;                 ///< worth of the dearest bar
+constexpr std::int64_t kMaxWorth = 2'000'000'000;  ///< of a pattern; above it products may overflow
 constexpr double kOldPrices = 0.6;
 constexpr double kWhole = 1e-6;
 constexpr std::size_t kRowsPerMorePatterns = 15;
 constexpr double kHighestPrice = 1e9;
 constexpr std::int64_t kStepsPerTrimming = 200;
-constexpr std::size_t kMostPatternsPerRow = 6;
+constexpr std::size_t kMaxPatternsPerRow = 6;
 constexpr std::size_t kNoRow = static_cast<std::size_t>(-1);
 
 using Prices = std::vector<double>;
@@ -274,7 +273,7 @@ class Program {
                     const std::vector<Heaviest>& heaviest,
                     const Prices& prices) {
         for (std::size_t kind = 0; kind < heaviest.size(); ++kind)
-            if (heaviest[kind].worth > kMostWorth)
+            if (heaviest[kind].worth > kMaxWorth)
                 return;
         std::int64_t sum = 0;
         for (std::size_t size = 0; size < worths.size(); ++size)
@@ -363,7 +362,7 @@ Relaxation ColumnGeneration::Relax(const Rest& rest, Cost knownBound, Effort& ef
 }
 
 void ColumnGeneration::DropWorstPatterns() {
-    const std::size_t most = kMostPatternsPerRow * (m_task.sizes.size() + m_task.kinds.size());
+    const std::size_t most = kMaxPatternsPerRow * (m_task.sizes.size() + m_task.kinds.size());
     if (m_prices.empty() || m_pool.size() <= 2 * most)
         return;
     std::vector<std::pair<double, std::set<Pattern>::const_iterator>> byLoss;

@@ -16,7 +16,7 @@ struct Part {
     Count count = 0;    ///< >= 0
 };
 
-/// All pieces of one plan, by mark. At most kMostPieces together.
+/// All pieces of one plan, by mark. At most kMaxPieces together.
 using Demand = std::vector<Part>;
 
 /// For products of two of them, which may be too large for 64 bits.
@@ -27,6 +27,6 @@ constexpr std::int64_t CeilDivide(std::int64_t value, std::int64_t by) {
     return (value + by - 1) / by;
 }
 
-constexpr Count kMostPieces = 10'000'000;
+constexpr Count kMaxPieces = 10'000'000;
 
 }  // namespace cutting

@@ -16,7 +16,7 @@ namespace cutting {
 
 namespace {
 
-constexpr int kMostDives = 200;
+constexpr int kMaxDives = 200;
 constexpr std::int64_t kPartOfRoot = 4;  ///< of the effort, the inverse of it
 constexpr std::int64_t kPartOfRest = 5;
 constexpr std::int64_t kPartOfLastStep = 4;
@@ -39,7 +39,7 @@ class Diving {
     void Run() {
         const Relaxation root = Relax(Rest(m_task), m_answer.bound, kPartOfRoot);
         m_answer.bound = std::max(m_answer.bound, root.bound);
-        for (int dive = 0; dive < kMostDives && !IsDone(); ++dive)
+        for (int dive = 0; dive < kMaxDives && !IsDone(); ++dive)
             DiveFrom(root, dive);
     }
 

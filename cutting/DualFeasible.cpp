@@ -6,8 +6,8 @@ namespace cutting {
 
 namespace {
 
-constexpr Length kMostSteps = 100;
-constexpr std::size_t kMostCutOffs = 400;
+constexpr Length kMaxSteps = 100;
+constexpr std::size_t kMaxCutOffs = 400;
 
 /// Bars that the pieces need at least when a piece counts `value(width)` and a bar holds `full`.
 template <typename Value>
@@ -53,7 +53,7 @@ std::vector<Length> CutOffs(const Task& task, Length capacity) {
     }
     std::sort(cutOffs.begin(), cutOffs.end());
     cutOffs.erase(std::unique(cutOffs.begin(), cutOffs.end()), cutOffs.end());
-    const std::size_t step = cutOffs.size() / kMostCutOffs + 1;
+    const std::size_t step = cutOffs.size() / kMaxCutOffs + 1;
     std::vector<Length> some;
     for (std::size_t i = 0; i < cutOffs.size(); i += step)
         some.push_back(cutOffs[i]);
@@ -64,7 +64,7 @@ std::vector<Length> CutOffs(const Task& task, Length capacity) {
 Count FindBarBound(const Task& task, Count known) {
     const Length capacity = task.kinds.front().capacity;
     Count bound = CountBars(task, capacity, [](Length width) { return width; });
-    for (Length k = 1; k <= kMostSteps && bound < known; ++k)
+    for (Length k = 1; k <= kMaxSteps && bound < known; ++k)
         bound = std::max(bound, BoundBySteps(task, capacity, k));
     if (bound >= known)
         return bound;

@@ -12,7 +12,7 @@ namespace {
 
 constexpr std::int64_t kStepsPerBar = 150;
 constexpr std::int64_t kStepsPerTake = 15;
-constexpr std::int64_t kMostStates = std::numeric_limits<std::int64_t>::max();
+constexpr std::int64_t kMaxStates = std::numeric_limits<std::int64_t>::max();
 
 /// Depth first: a bar for the longest piece that is left, with each set of other pieces that leaves
 /// no room for one more.
@@ -51,7 +51,7 @@ class Search {
     bool CanCountStates() const {
         std::int64_t states = 1;
         const auto multiply = [&](Count count) {
-            const bool isSmall = states <= kMostStates / (count + 1);
+            const bool isSmall = states <= kMaxStates / (count + 1);
             states *= isSmall ? count + 1 : 1;
             return isSmall;
         };

@@ -9,7 +9,7 @@ namespace cutting {
 namespace {
 
 /// Of more kinds only those without limit are tried as the first.
-constexpr std::size_t kMostKindsTried = 8;
+constexpr std::size_t kMaxKindsTried = 8;
 
 /// The first bar that has enough room: a tree whose leaves are the bars and whose nodes hold the
 /// most that a bar below them has.
@@ -156,7 +156,7 @@ std::vector<std::optional<std::size_t>> KindsToTry(const Task& task) {
     std::vector<std::optional<std::size_t>> kinds;
     for (std::size_t kind = 0; kind < task.kinds.size(); ++kind)
         if (task.kinds[kind].stock != Task::kNoStock &&
-            (task.kinds[kind].count == kUnlimited || task.kinds.size() <= kMostKindsTried))
+            (task.kinds[kind].count == kUnlimited || task.kinds.size() <= kMaxKindsTried))
             kinds.push_back(kind);
     if (task.kinds.size() > 1)
         kinds.push_back(std::nullopt);

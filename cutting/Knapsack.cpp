@@ -8,10 +8,10 @@ namespace cutting {
 
 namespace {
 
-constexpr std::int64_t kMostNodes = 20'000;
-constexpr std::int64_t kMostNodesWithoutTable = 300'000;
+constexpr std::int64_t kMaxNodes = 20'000;
+constexpr std::int64_t kMaxNodesWithoutTable = 300'000;
 constexpr std::int64_t kStepsPerNode = 8;
-constexpr std::int64_t kMostCells = 40'000'000;
+constexpr std::int64_t kMaxCells = 40'000'000;
 constexpr std::int64_t kCellsPerStep = 1;
 
 Pattern MakePattern(std::size_t kind, std::vector<Take> takes) {
@@ -28,12 +28,12 @@ Knapsack::Knapsack(const Task& task,
     : m_task(task), m_wanted(wanted), m_worths(worths), m_effort(effort) {}
 
 Heaviest Knapsack::Find(std::size_t kind, std::int64_t threshold) {
-    Heaviest found = Search(kind, kMostNodes);
+    Heaviest found = Search(kind, kMaxNodes);
     if (found.isExact || found.worth > threshold)
         return found;
     if (std::optional<Heaviest> exact = LookUp(kind))
         return *exact;
-    return Search(kind, kMostNodesWithoutTable);
+    return Search(kind, kMaxNodesWithoutTable);
 }
 
 /// What fits the kind, the most worth per length first.
@@ -139,7 +139,7 @@ void Knapsack::FillTable(Table& table, std::size_t kind) {
         }
     const Length capacity = m_task.kinds[longest].capacity;
     const auto bundles = static_cast<Length>(table.bundles.size());
-    table.isTooLarge = capacity > kMostCells || bundles * capacity > kMostCells;
+    table.isTooLarge = capacity > kMaxCells || bundles * capacity > kMaxCells;
     if (table.isTooLarge)
         return;
     m_effort.Spend(bundles * capacity / kCellsPerStep);

@@ -21,11 +21,11 @@ namespace {
 constexpr Count kPiecesOfSteps = 70'000;
 constexpr std::int64_t kShareOfBase = 20;
 /// From so many sizes on the unit may be larger: the last sizes are worth less than their work.
-constexpr std::size_t kMostSizesOfChunks = 5000;
+constexpr std::size_t kMaxSizesOfChunks = 5000;
 constexpr std::size_t kSizesOfCoarseTask = 2500;
 
 /// Shorter lists are solved by trying all plans, as far as these steps reach.
-constexpr Count kMostPiecesOfExact = 40;
+constexpr Count kMaxPiecesOfExact = 40;
 constexpr std::int64_t kStepsOfExact = 100'000'000;
 
 Length LongestUsable(const std::vector<Stock>& stocks) {
@@ -93,19 +93,19 @@ void SolveExactly(const Task& task, Effort& effort, Answer& answer) {
 }
 
 Answer SolveWithin(const Task& task, std::int64_t steps) {
-    const bool isLong = task.sizes.size() > kMostSizesOfDive;
+    const bool isLong = task.sizes.size() > kMaxSizesOfDive;
     const Count pieces = CountPieces(task);
     const std::int64_t base = isLong ? steps / kShareOfBase : 0;
     Effort effort(base +
                   steps / kPiecesOfSteps * (isLong ? pieces : std::max(pieces, kPiecesOfSteps)));
     Answer answer = AnswerQuickly(task, effort);
-    if (task.sizes.size() > kMostSizesOfChunks && !answer.IsLeast(task))
+    if (task.sizes.size() > kMaxSizesOfChunks && !answer.IsLeast(task))
         ImproveCoarsely(task, effort, answer);
     if (isLong) {
         ImproveByChunks(task, effort, answer);
         return answer;
     }
-    if (!answer.IsLeast(task) && CountPieces(task) <= kMostPiecesOfExact)
+    if (!answer.IsLeast(task) && CountPieces(task) <= kMaxPiecesOfExact)
         SolveExactly(task, effort, answer);
     Dive(task, effort, answer);
     ExchangeBars(task, effort, answer);

@@ -9,7 +9,7 @@ namespace cutting {
 
 namespace {
 
-constexpr std::int64_t kMostNodesPerBar = 20'000;
+constexpr std::int64_t kMaxNodesPerBar = 20'000;
 constexpr std::int64_t kFewestNodesPerBar = 500;
 constexpr std::int64_t kNodesPerSearch = 60'000'000;
 constexpr std::int64_t kStepsPerNode = 8;
@@ -43,7 +43,7 @@ class Search {
             CloseIfCut(size);
         const Count pieces = std::accumulate(rest.pieces.begin(), rest.pieces.end(), Count(0));
         m_nodesPerBar = std::clamp(
-            kNodesPerSearch / std::max<Count>(pieces, 1), kFewestNodesPerBar, kMostNodesPerBar);
+            kNodesPerSearch / std::max<Count>(pieces, 1), kFewestNodesPerBar, kMaxNodesPerBar);
     }
 
     Solution Run() {

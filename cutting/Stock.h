@@ -10,7 +10,7 @@ namespace cutting {
 using Cost = std::int64_t;
 
 constexpr Count kUnlimited = -1;
-constexpr Cost kMostCost = 1'000'000'000;
+constexpr Cost kMaxCost = 1'000'000'000;
 
 /// Bars of one length that pieces are cut from.
 ///
@@ -22,7 +22,7 @@ struct Stock {
     Length kerf = 0;
     Length gripStart = 0;
     Length gripEnd = 0;
-    Cost cost = 1;             ///< of a bar; 1 to kMostCost
+    Cost cost = 1;             ///< of a bar; 1 to kMaxCost
     Count count = kUnlimited;  ///< bars that are there
 
     /// What pieces and the cuts between them may take.

@@ -12,8 +12,8 @@ namespace {
 
 /// An uncut piece costs more than all bars of the pieces that make room for it, but not so much
 /// that prices lose their digits or products grow too large.
-constexpr Count kMostBarsOfUncut = 100;
-constexpr Cost kMostCostOfUncut = 4 * kMostCost;
+constexpr Count kMaxBarsOfUncut = 100;
+constexpr Cost kMaxCostOfUncut = 4 * kMaxCost;
 
 Length SmallestKerf(const std::vector<Stock>& stocks) {
     Length smallest = std::numeric_limits<Length>::max();
@@ -65,7 +65,7 @@ void AddKindForUncut(Task& task) {
     if (task.sizes.empty() || task.sizes.front().width <= longestUnlimited)
         return;
     const Cost cost =
-        std::min(std::min(CountPieces(task) + 1, kMostBarsOfUncut) * highest, kMostCostOfUncut);
+        std::min(std::min(CountPieces(task) + 1, kMaxBarsOfUncut) * highest, kMaxCostOfUncut);
     task.kinds.push_back({2 * longest, longest, cost, kUnlimited, Task::kNoStock});
 }
 
@@ -155,7 +155,7 @@ bool Rest::IsCut() const {
 }
 
 Count Rest::CountUses(const Pattern& pattern) const {
-    Count uses = bars[pattern.kind] == kUnlimited ? kMostPieces : bars[pattern.kind];
+    Count uses = bars[pattern.kind] == kUnlimited ? kMaxPieces : bars[pattern.kind];
     for (const Take& take : pattern.takes)
         uses = std::min(uses, pieces[take.size] / take.count);
     return uses;

@@ -14,7 +14,7 @@ namespace {
 /// Farther than any tolerance reaches, mm.
 constexpr double kMargin = 2.0;
 /// Rows that are looked at; slots at all angles across everything need more.
-constexpr std::size_t kMostLooks = 10'000'000;
+constexpr std::size_t kMaxLooks = 10'000'000;
 
 /// A slot as rows see it: its start, and its axis to both sides, for nothing else is asked of a
 /// hole in it.
@@ -30,7 +30,7 @@ struct Looks {
     std::size_t rows = 0;
     std::size_t holes = 0;
 
-    bool AreTooMany() const { return rows > kMostLooks || holes > kMaxHolesInSlots; }
+    bool AreTooMany() const { return rows > kMaxLooks || holes > kMaxHolesInSlots; }
 };
 
 /// Centres of one face, by rows of 1 mm along one of its axes.

@@ -11,7 +11,7 @@ namespace {
 constexpr std::size_t kQuantityAt = 5;
 constexpr std::size_t kCodeAt = 7;
 /// So far from its place the profile code is looked for, lines.
-constexpr std::size_t kMostShift = 3;
+constexpr std::size_t kMaxShift = 3;
 
 /// A length, or two with a comma.
 bool IsLength(const NcLine& line) {
@@ -27,7 +27,7 @@ bool IsCode(const std::vector<NcLine>& lines, std::size_t at) {
 
 /// The place of the profile code; where it belongs when it is found nowhere.
 std::size_t FindCode(const std::vector<NcLine>& lines) {
-    for (std::size_t shift = 0; shift <= kMostShift; ++shift)
+    for (std::size_t shift = 0; shift <= kMaxShift; ++shift)
         for (const std::size_t at : {kCodeAt - shift, kCodeAt + shift})
             if (IsCode(lines, at))
                 return at;
@@ -43,7 +43,7 @@ bool IsNumber(const NcLine& line) {
 bool IsLineMissing(const std::vector<NcLine>& lines, std::size_t value) {
     if (value == kQuantityAt)
         return IsNumber(lines[kQuantityAt - 1]);
-    return value + kMostShift >= NcHeaderReader::kRequired &&
+    return value + kMaxShift >= NcHeaderReader::kRequired &&
            std::none_of(lines.begin() + static_cast<std::ptrdiff_t>(value), lines.end(), IsNumber);
 }
 

@@ -14,7 +14,7 @@ namespace dstv {
 namespace {
 
 constexpr int kLeastDecimals = 2;
-constexpr int kMostDecimals = 9;
+constexpr int kMaxDecimals = 9;
 /// From the origin of a plane to the points that say where its axes run, mm.
 constexpr double kAxisLength = 100.0;
 
@@ -27,11 +27,11 @@ std::string NumberText(double value) {
     std::string text(begin, std::to_chars(begin, most, value, format).ptr);
     const std::size_t point = std::min(text.find('.'), text.size());
     const auto decimals = static_cast<int>(text.size() - std::min(point + 1, text.size()));
-    if (decimals < kLeastDecimals || decimals > kMostDecimals)
+    if (decimals < kLeastDecimals || decimals > kMaxDecimals)
         text.assign(
             begin,
             std::to_chars(
-                begin, most, value, format, std::clamp(decimals, kLeastDecimals, kMostDecimals))
+                begin, most, value, format, std::clamp(decimals, kLeastDecimals, kMaxDecimals))
                 .ptr);
     const bool isZero = text.find_first_of("123456789") == std::string::npos;
     return isZero && text[0] == '-' ? text.substr(1) : text;

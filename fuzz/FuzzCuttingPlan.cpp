@@ -16,7 +16,7 @@ cutting::Stock NextStock(Numbers& numbers) {
     stock.kerf = numbers.Next(0, 10'000);
     stock.gripStart = numbers.Next(0, 1'000'000);
     stock.gripEnd = numbers.Next(0, 1'000'000);
-    stock.cost = numbers.Next(1, cutting::kMostCost);
+    stock.cost = numbers.Next(1, cutting::kMaxCost);
     stock.count = numbers.Next(cutting::kUnlimited, 50);
     return stock;
 }

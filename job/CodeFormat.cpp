@@ -34,7 +34,7 @@ namespace job {
 namespace {
 
 /// Width and precision of one field.
-constexpr int kMostCharacters = 100;
+constexpr int kMaxCharacters = 100;
 
 /// A value that can be filled in.
 struct ValueName {
@@ -125,7 +125,7 @@ int LargestNumber(std::string_view text) {
         int number = 0;
         const auto result = std::from_chars(text.data(), text.data() + text.size(), number);
         if (result.ec == std::errc::result_out_of_range)
-            return kMostCharacters + 1;
+            return kMaxCharacters + 1;
         largest = std::max(largest, number);
         const auto taken = static_cast<std::size_t>(result.ptr - text.data());
         text.remove_prefix(std::max<std::size_t>(taken, 1));
@@ -145,7 +145,7 @@ std::string FaultOfField(const Field& field, CodeOf what) {
     // A minus sign before a number is an alignment or a sign, and never part of it.
     std::string spec(field.spec);
     std::replace(spec.begin(), spec.end(), '-', ' ');
-    if (LargestNumber(spec) > kMostCharacters)
+    if (LargestNumber(spec) > kMaxCharacters)
         return "width and precision are at most 100 characters";
     const char type = spec.empty() ? '0' : spec.back();
     const bool isLetter = IsLetter(type);

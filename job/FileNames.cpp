@@ -37,7 +37,7 @@ wchar_t SmallLetter(wchar_t c) {
     return c;
 }
 
-constexpr std::size_t kMostBytes = 255;
+constexpr std::size_t kMaxBytes = 255;
 
 constexpr std::wstring_view kNoFileNameCharacters = L"<>:\"/\\|?*";
 
@@ -111,7 +111,7 @@ std::string FaultOfFileName(const ZetString& name) {
             return camdata::detail::IsControl(c) || camdata::detail::IsLayoutControl(c);
         }))
         return "a file's name cannot have control characters";
-    if (name.toUtf8().size() > kMostBytes)
+    if (name.toUtf8().size() > kMaxBytes)
         return "a file's name cannot have more than 255 bytes";
     if (small.empty() || small.ends_with(L'.') || small.ends_with(L' '))
         return "a file's name cannot be empty nor end with a dot or a blank";

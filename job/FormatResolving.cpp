@@ -15,7 +15,7 @@ namespace job {
 namespace {
 
 /// Places have no more that tell anything.
-constexpr int kMostRepeatDecimals = 9;
+constexpr int kMaxRepeatDecimals = 9;
 
 bool Shows(const TemplatePiece& piece, FormatField field) {
     return piece.field != nullptr && piece.field->field == field;
@@ -266,7 +266,7 @@ class FormatMaker {
         if (!line.repeat)
             return;
         const FormatField place = line.repeat == RepeatAxis::kY ? FormatField::kY : FormatField::kX;
-        line.pitchDecimals = kMostRepeatDecimals;
+        line.pitchDecimals = kMaxRepeatDecimals;
         for (const LineTemplate& pieces : line.lines)
             for (const TemplatePiece& piece : pieces) {
                 const bool isPitch = Shows(piece, FormatField::kPitch);
@@ -297,7 +297,7 @@ class FormatMaker {
     int DecimalsOf(const FieldSpec& spec) const {
         return std::min(
             spec.precision >= 0 ? spec.precision : static_cast<int>(m_format.numbers.decimals),
-            kMostRepeatDecimals);
+            kMaxRepeatDecimals);
     }
 
     void CheckConditions(const LineTable& table) {

@@ -9,10 +9,10 @@
 
 namespace job {
 
-inline constexpr double kMostWhole = 2147483647.0;
+inline constexpr double kMaxWhole = 2147483647.0;
 
-inline constexpr Range kCount{1.0, kMostWhole};
-inline constexpr Range kLimit{0.0, kMostWhole};
+inline constexpr Range kCount{1.0, kMaxWhole};
+inline constexpr Range kLimit{0.0, kMaxWhole};
 inline constexpr Range kCharacters{0.0, 255.0};
 inline constexpr Range kSomeCharacters{1.0, 255.0};
 inline constexpr Range kNameCharacters{-255.0, 255.0};

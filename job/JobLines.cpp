@@ -12,7 +12,7 @@ namespace {
 
 /// Dots in one key: more than any job needs. Each may be one table in another, and the parser and
 /// its tables call themselves for each.
-constexpr int kMostDots = 20;
+constexpr int kMaxDots = 20;
 
 constexpr std::string_view kKeyEnds = "=,{}[]";
 constexpr std::string_view kBeforeText = " \t=,{[";
@@ -65,7 +65,7 @@ class LineScan {
             return BeginText(c);
         if (!IsPlain(c))
             return kForeign;
-        return m_dots > kMostDots ? kTooManyDots : nullptr;
+        return m_dots > kMaxDots ? kTooManyDots : nullptr;
     }
     /// Where a text is glued to a value the parser would still look at its characters.
     const char* BeginText(char quote) {

@@ -12,7 +12,7 @@ namespace job {
 namespace {
 
 /// Of a text.
-constexpr std::size_t kMostCharacters = 10'000;
+constexpr std::size_t kMaxCharacters = 10'000;
 
 constexpr const char* kPlainly = "without quotes";
 constexpr const char* kInQuotes = "in quotes";
@@ -225,10 +225,10 @@ bool ReadText(const Key& key, const toml::node& node, std::string& text, JobFaul
         AddFault(key, node, "must be one line, without tabs and control characters", faults);
         return false;
     }
-    if (view.size() > kMostCharacters) {
+    if (view.size() > kMaxCharacters) {
         AddFault(key,
                  node,
-                 "must have at most " + std::to_string(kMostCharacters) + " characters",
+                 "must have at most " + std::to_string(kMaxCharacters) + " characters",
                  faults);
         return false;
     }

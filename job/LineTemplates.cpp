@@ -13,8 +13,8 @@ namespace job {
 namespace {
 
 /// Width and precision of one field.
-constexpr int kMostCharacters = 1000;
-constexpr int kMostDecimals = 15;
+constexpr int kMaxCharacters = 1000;
+constexpr int kMaxDecimals = 15;
 
 constexpr std::wstring_view kAlignments = L"<>^";
 constexpr std::wstring_view kSigns = L"+- ";
@@ -99,7 +99,7 @@ class SpecReader {
             return std::nullopt;
         int number = 0;
         while (!m_text.empty() && IsDigit(m_text[0]))
-            number = std::min(kMostCharacters + 1, number * 10 + (Take() - L'0'));
+            number = std::min(kMaxCharacters + 1, number * 10 + (Take() - L'0'));
         return number;
     }
 
@@ -111,10 +111,10 @@ std::string FaultOfSpec(std::string_view name, FieldType type, const FieldSpec& 
     const TypeRow* const row = FindType(type);
     if (row != nullptr && spec.type != 0 && row->letters.find(spec.type) == std::string_view::npos)
         return field + " is " + row->what + ", not " + std::string(1, spec.type);
-    if (spec.width > kMostCharacters)
+    if (spec.width > kMaxCharacters)
         return field + ": the width is at most 1000";
     const bool isNumber = type != FieldType::kText;
-    if (isNumber && spec.precision > kMostDecimals)
+    if (isNumber && spec.precision > kMaxDecimals)
         return field + ": a number has at most 15 decimals";
     if (type == FieldType::kWhole && spec.precision >= 0)
         return field + " is a whole number and has no decimals";

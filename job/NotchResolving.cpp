@@ -12,7 +12,7 @@ namespace {
 
 constexpr std::size_t kCornersOfRectangle = 4;
 constexpr std::size_t kSizesOfNotch = 2;
-constexpr std::size_t kMostNotchValues = 3;
+constexpr std::size_t kMaxNotchValues = 3;
 
 }  // namespace
 
@@ -62,7 +62,7 @@ void JobMaker::CheckNotchValues(const CornerNotchTable& table) {
         areInPlace = areInPlace && isSize == (i < kSizesOfNotch);
     }
     RequireOf(table,
-              count == 0 || (count >= kSizesOfNotch && count <= kMostNotchValues && areInPlace),
+              count == 0 || (count >= kSizesOfNotch && count <= kMaxNotchValues && areInPlace),
               "\"values\" are two of \"length\" and \"width\", then at most one of \"x\", "
               "\"corner_x\", \"y\" and \"corner_y\"");
 }

@@ -27,8 +27,8 @@ enum Column : std::size_t {
 constexpr std::array<std::string_view, kColumns> kColumnNames = {
     "profile", "material", "length", "quantity", "name"};
 
-constexpr double kMostLength = 100000.0;
-constexpr long kMostQuantity = 1'000'000;
+constexpr double kMaxLength = 100000.0;
+constexpr long kMaxQuantity = 1'000'000;
 
 /// "profile,material,length,quantity,name"
 std::string HeadLine() {
@@ -107,15 +107,15 @@ class RemnantReader {
         const std::optional<double> quantity = NumberOf(field(kQuantity), true);
         if (field(kProfile).empty())
             AddFault(row.line, "\"profile\" is missing: it is the profile name of the members");
-        if (!length || *length <= 0.0 || *length > kMostLength)
+        if (!length || *length <= 0.0 || *length > kMaxLength)
             AddFault(row.line,
                      "\"length\" is " + QuotedField(field(kLength)) +
                          ": write mm above 0, at most 100000, such as 2350.5");
-        if (!quantity || *quantity > static_cast<double>(kMostQuantity))
+        if (!quantity || *quantity > static_cast<double>(kMaxQuantity))
             AddFault(row.line,
                      "\"quantity\" is " + QuotedField(field(kQuantity)) +
                          ": write a whole number of bars from 0 to " +
-                         std::to_string(kMostQuantity));
+                         std::to_string(kMaxQuantity));
         m_remnants.push_back({TextOfField(field(kProfile)),
                               TextOfField(field(kMaterial)),
                               length.value_or(0.0),

@@ -13,7 +13,7 @@ namespace job {
 
 namespace {
 
-constexpr std::size_t kMostBytes = std::size_t{4} * 1024 * 1024;
+constexpr std::size_t kMaxBytes = std::size_t{4} * 1024 * 1024;
 constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 
 }  // namespace
@@ -31,12 +31,12 @@ std::variant<std::string, TextFileFault> ReadTextFile(const std::filesystem::pat
     std::ifstream stream(file, std::ios::binary);
     std::string bytes;
     std::array<char, 1u << 14> piece;
-    while (bytes.size() <= kMostBytes &&
+    while (bytes.size() <= kMaxBytes &&
            (stream.read(piece.data(), piece.size()) || stream.gcount() > 0))
         bytes.append(piece.data(), static_cast<std::size_t>(stream.gcount()));
     if (!stream.is_open() || stream.bad())
         return TextFileFault{"the file cannot be read" + ReasonBehind(errno)};
-    if (bytes.size() > kMostBytes)
+    if (bytes.size() > kMaxBytes)
         return TextFileFault{"the file is larger than 4 MB: this is no " + kind};
     if (bytes.starts_with(kByteOrderMark))
         bytes.erase(0, kByteOrderMark.size());

@@ -66,22 +66,22 @@ char* PutDigitsBefore(char* end, std::uint64_t whole) {
 /// Whole and decimals are copied as blocks of one size, which takes less than a look at how many
 /// there are.
 char* PrintScaled(char* at, bool isNegative, std::uint64_t whole, int decimals) {
-    constexpr std::size_t kMostWhole = 16;
-    constexpr std::size_t kMostDecimals = 8;
-    static_assert(kPowersOfTen.size() <= kMostDecimals);
-    static_assert(1 + kMostWhole + 1 + kMostDecimals <= kRoomOfShort);
-    std::array<char, 2 * kMostWhole> digits;
+    constexpr std::size_t kMaxWhole = 16;
+    constexpr std::size_t kMaxDecimals = 8;
+    static_assert(kPowersOfTen.size() <= kMaxDecimals);
+    static_assert(1 + kMaxWhole + 1 + kMaxDecimals <= kRoomOfShort);
+    std::array<char, 2 * kMaxWhole> digits;
     digits.fill('0');
-    char* const end = digits.data() + kMostWhole;
+    char* const end = digits.data() + kMaxWhole;
     if (isNegative && whole > 0)
         *at++ = '-';
     const char* const begin = std::min(PutDigitsBefore(end, whole), end - decimals - 1);
-    std::memcpy(at, begin, kMostWhole);
+    std::memcpy(at, begin, kMaxWhole);
     at += end - decimals - begin;
     if (decimals == 0)
         return at;
     *at++ = '.';
-    std::memcpy(at, end - decimals, kMostDecimals);
+    std::memcpy(at, end - decimals, kMaxDecimals);
     return at + decimals;
 }
 
@@ -92,8 +92,8 @@ void AppendScaled(std::string& text, bool isNegative, std::uint64_t whole, int d
 
 void AppendPrinted(std::string& text, double value, int decimals) {
     // The longest double has 309 digits before its point.
-    constexpr std::size_t kMostWhole = 320;
-    std::string digits(kMostWhole + static_cast<std::size_t>(decimals), '\0');
+    constexpr std::size_t kMaxWhole = 320;
+    std::string digits(kMaxWhole + static_cast<std::size_t>(decimals), '\0');
     const auto end = std::to_chars(digits.data(),
                                    digits.data() + digits.size(),
                                    std::abs(value),

@@ -27,8 +27,8 @@ enum ControlID {
 };
 
 constexpr int kLabelOffset = 50;
-constexpr int kProjectRows = 10;     ///< from kModelRef on
-constexpr int kMostOutputFiles = 6;  ///< from kFirstOutputFile on
+constexpr int kProjectRows = 10;    ///< from kModelRef on
+constexpr int kMaxOutputFiles = 6;  ///< from kFirstOutputFile on
 
 #define FIELD_NORMAL ControlState::kNormal
 #define FIELD_READ_ONLY ControlState::kReadOnly
@@ -197,7 +197,7 @@ void CProjectInformationDlg::LayOutOutputTab() {
     int y = kFirstRow;
     PlaceRow(kOutputTab, kFileName, y);
     const ZetArray<COutPutFiles> files = m_project.GetFileNameArr();
-    const int count = static_cast<int>(std::min<long>(files.length(), kMostOutputFiles));
+    const int count = static_cast<int>(std::min<long>(files.length(), kMaxOutputFiles));
     for (int id = kFirstOutputFile; id < kFirstOutputFile + count; ++id) {
         const COutPutFiles& file = files[id - kFirstOutputFile];
         PlaceRow(kOutputTab, id, y += kRowStep);

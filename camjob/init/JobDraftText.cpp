@@ -11,7 +11,7 @@ namespace camjob {
 namespace {
 
 /// Names of profiles that a comment lists.
-constexpr std::size_t kMostProfiles = 6;
+constexpr std::size_t kMaxProfiles = 6;
 
 /// As a TOML text.
 std::string Text(const std::string& text) {
@@ -95,10 +95,10 @@ std::string ProfileComment(const ProfileFamily& family) {
     std::string names;
     std::size_t count = 0;
     for (const std::string& profile : family.profiles)
-        if (count++ < kMostProfiles)
+        if (count++ < kMaxProfiles)
             names += (names.empty() ? "" : ", ") + profile;
-    if (count > kMostProfiles)
-        names += ", and " + std::to_string(count - kMostProfiles) + " more";
+    if (count > kMaxProfiles)
+        names += ", and " + std::to_string(count - kMaxProfiles) + " more";
     return Comment(family.heading + ": " + Count(family.parts, "part", "parts") + " of " + names);
 }
 

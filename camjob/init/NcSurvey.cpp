@@ -18,7 +18,7 @@ namespace camjob {
 namespace {
 
 /// A corner notch with more corners would be an arc in chords: it is cut along its outline.
-constexpr long kMostCorners = 6;
+constexpr long kMaxCorners = 6;
 
 constexpr job::NotchCorner kCorners[] = {job::NotchCorner::kStart, job::NotchCorner::kEnd};
 
@@ -64,7 +64,7 @@ void TakeNotch(const CNotchAddInfo& notch, double length, PartSurvey& part) {
     NotchForm form;
     if (notch.GetIsInternal() && plugin::IsUprightRectangle(notch))
         part.holes.push_back(OpeningForm(notch));
-    else if (notch.GetIsInternal() || notch.GetNoOfVertices() - 1 > kMostCorners ||
+    else if (notch.GetIsInternal() || notch.GetNoOfVertices() - 1 > kMaxCorners ||
              !FindForm(notch, length, form))
         ++part.otherCuts;
     else

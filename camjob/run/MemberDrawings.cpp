@@ -74,7 +74,7 @@ double DrawingReader::Value() {
 /// A number of few digits, before an item's end: both parts of the quotient are exact, so it is the
 /// nearest double, as from_chars has it.
 bool DrawingReader::TakeShort(double& value) {
-    constexpr std::size_t kMostDigits = 15;
+    constexpr std::size_t kMaxDigits = 15;
     constexpr double kPowersOfTen[] = {1.0, 1e1, 1e2, 1e3};
     std::size_t at = m_rest.front() == '-' ? 1 : 0;
     const std::size_t begin = at;
@@ -83,7 +83,7 @@ bool DrawingReader::TakeShort(double& value) {
         for (; at < most && m_rest[at] >= '0' && m_rest[at] <= '9'; ++at)
             digits = digits * 10 + (m_rest[at] - '0');
     };
-    const std::size_t most = std::min(m_rest.size(), begin + kMostDigits);
+    const std::size_t most = std::min(m_rest.size(), begin + kMaxDigits);
     readDigits(most);
     std::size_t decimals = 0;
     if (at < most && m_rest[at] == '.') {

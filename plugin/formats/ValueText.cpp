@@ -17,14 +17,14 @@ namespace plugin {
 namespace {
 
 /// Room for the largest double with all its digits.
-constexpr std::size_t kMostDigits = 400;
+constexpr std::size_t kMaxDigits = 400;
 constexpr int kUsualPrecision = 6;
 
 constexpr double kUnits[] = {1.0, 0.1, 25.4};  ///< by job::NumberUnit, mm
 
 constexpr std::wstring_view kNeedQuotes = L",;\"\t\r\n";
 
-using DigitBuffer = std::array<char, kMostDigits>;
+using DigitBuffer = std::array<char, kMaxDigits>;
 
 /// The digits of a number that is not negative; fixed unless the type says otherwise.
 std::string_view DigitsOf(double value, char type, int decimals, DigitBuffer& buffer) {

@@ -258,16 +258,16 @@ ZetString DescribeCost(const ProfilePlan& plan, std::optional<cutting::Cost> cos
 }
 
 ZetString DescribeUncut(const ProfilePlan& plan) {
-    constexpr int kMostMarks = 20;
+    constexpr int kMaxMarks = 20;
     ZetString text;
     int marks = 0;
     for (std::size_t part = 0; part < plan.plan.uncut.size(); ++part)
         if (const auto count = static_cast<long>(plan.plan.uncut[part]);
-            count > 0 && ++marks <= kMostMarks)
+            count > 0 && ++marks <= kMaxMarks)
             text += ZetString::format(
                 L"%s%d of %s", marks == 1 ? L"" : L", ", count, plan.parts[part].mark);
-    return marks > kMostMarks ? text + ZetString::format(L" and %d more marks", marks - kMostMarks)
-                              : text;
+    return marks > kMaxMarks ? text + ZetString::format(L" and %d more marks", marks - kMaxMarks)
+                             : text;
 }
 
 ZetString DescribeProof(const ProfilePlan& plan) {

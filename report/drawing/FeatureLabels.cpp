@@ -14,7 +14,7 @@ constexpr double kLetterWidth = 0.66 * kFontSize;
 /// Between a symbol, or a shape, and what stands beside it.
 constexpr double kGap = 3.0;
 /// A panel with more features has no labels: nobody could read them.
-constexpr std::size_t kMostLabelled = 2000;
+constexpr std::size_t kMaxLabelled = 2000;
 /// Boxes that only touch do not cover each other.
 constexpr double kOverlap = 0.5;
 
@@ -144,7 +144,7 @@ std::optional<FeatureLabel> LabelPlacer::LabelOf(const DrawnFeature& feature, bo
 std::vector<std::optional<FeatureLabel>> LabelPlacer::Place(
     const std::vector<const DrawnFeature*>& shown) {
     std::vector<std::optional<FeatureLabel>> labels(shown.size());
-    if (shown.size() > kMostLabelled)
+    if (shown.size() > kMaxLabelled)
         return labels;
     for (const DrawnFeature* feature : shown)
         m_taken.push_back(feature->kind == FeatureKind::kText ? TextOf(*feature)

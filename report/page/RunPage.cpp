@@ -15,11 +15,11 @@ namespace {
 
 /// Beyond that many bytes of members, drawings of members in order are left out: a browser would
 /// take too long.
-constexpr std::size_t kMostMemberBytes = 15u << 20;
+constexpr std::size_t kMaxMemberBytes = 15u << 20;
 /// Rows of a table.
-constexpr std::size_t kMostRows = 500;
+constexpr std::size_t kMaxRows = 500;
 /// Members of the list that needs no script.
-constexpr std::size_t kMostFaulty = 100;
+constexpr std::size_t kMaxFaulty = 100;
 
 std::string FactsHtml(const std::vector<PageFact>& facts) {
     std::string html;
@@ -65,7 +65,7 @@ std::string BodyHtml(const PageTable& table) {
     std::string html = "<div class=\"wide\" tabindex=\"0\" role=\"region\" aria-label=\"" +
                        Escaped(table.title) + "\"><table aria-label=\"" + Escaped(table.title) +
                        "\"><thead>" + HeadingsHtml(table) + "</thead><tbody>\n";
-    const std::size_t shown = std::min(table.rows.size(), kMostRows);
+    const std::size_t shown = std::min(table.rows.size(), kMaxRows);
     for (std::size_t i = 0; i < shown; ++i)
         html += RowHtml(table, table.rows[i]);
     html += "</tbody></table></div>";
@@ -165,7 +165,7 @@ void RunPage::AddMember(PageMember member) {
     m_withWarnings += member.state == FeatureState::kWarning ? 1 : 0;
     m_uncut += member.uncut;
     const bool isFaulty = member.state >= FeatureState::kWarning;
-    const bool isDrawn = isFaulty || m_bytes < kMostMemberBytes;
+    const bool isDrawn = isFaulty || m_bytes < kMaxMemberBytes;
     m_members.push_back(CompactMember(member, isDrawn, m_texts));
     m_bytes += m_members.back().size();
     m_undrawn += isDrawn ? 0 : 1;
@@ -213,7 +213,7 @@ std::string RunPage::FaultyHtml() const {
         return weight(a) > weight(b);
     });
     std::string html = "<ul class=\"faulty\">\n";
-    for (std::size_t i = 0; i < std::min(faulty.size(), kMostFaulty); ++i) {
+    for (std::size_t i = 0; i < std::min(faulty.size(), kMaxFaulty); ++i) {
         html += "<li>" + LinkTo(faulty[i]->mark) + "<ul>";
         for (const DrawnFinding& finding : faulty[i]->findings)
             html += FindingHtml(finding);
@@ -221,8 +221,8 @@ std::string RunPage::FaultyHtml() const {
         html += "</ul></li>\n";
     }
     html += "</ul>";
-    if (faulty.size() > kMostFaulty)
-        html += "<p>" + std::to_string(faulty.size() - kMostFaulty) +
+    if (faulty.size() > kMaxFaulty)
+        html += "<p>" + std::to_string(faulty.size() - kMaxFaulty) +
                 " more members with findings stand in the table.</p>";
     return html;
 }

@@ -229,7 +229,7 @@ class Exhaustive {
     std::map<std::pair<unsigned, std::vector<Count>>, Score> m_known;
 };
 
-constexpr std::size_t kMostPiecesTried = 8;
+constexpr std::size_t kMaxPiecesTried = 8;
 
 TEST(PlannerRandomTest, KeepsEveryRule) {
     RandomLists lists(20);
@@ -247,7 +247,7 @@ TEST(PlannerRandomTest, KeepsEveryRule) {
         };
         ASSERT_LE(scoreOf(plan), scoreOf(firstFit));
         Exhaustive exhaustive(made);
-        if (exhaustive.CountPieces() > kMostPiecesTried)
+        if (exhaustive.CountPieces() > kMaxPiecesTried)
             continue;
         ++compared;
         ASSERT_EQ(scoreOf(plan), exhaustive.FindLeast());

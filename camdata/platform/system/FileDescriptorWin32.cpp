@@ -12,7 +12,7 @@ namespace {
 constexpr int kOpenFlags[] = {_O_RDONLY, _O_WRONLY | _O_CREAT | _O_TRUNC, _O_WRONLY | _O_CREAT};
 
 /// The C library counts the bytes of one call in 32 bits.
-constexpr std::size_t kMostBytes = 1U << 30;
+constexpr std::size_t kMaxBytes = 1U << 30;
 
 }  // namespace
 
@@ -24,12 +24,12 @@ int OsOpen(const ZetString& name, OsOpenMode mode) {
 }
 
 std::ptrdiff_t OsRead(int file, char* bytes, std::size_t count) {
-    return _read(file, bytes, static_cast<unsigned>(std::min(count, kMostBytes)));
+    return _read(file, bytes, static_cast<unsigned>(std::min(count, kMaxBytes)));
 }
 
 bool OsWriteAll(int file, std::string_view bytes) {
     while (!bytes.empty()) {
-        const auto count = static_cast<unsigned>(std::min(bytes.size(), kMostBytes));
+        const auto count = static_cast<unsigned>(std::min(bytes.size(), kMaxBytes));
         const int written = _write(file, bytes.data(), count);
         if (written < 0)
             return false;

@@ -21,7 +21,7 @@ constexpr int kFastDecimals = 6;
 constexpr double kFastLimit = 1e9;
 
 /// No double has more decimals than this.
-constexpr int kMostDecimals = 1100;
+constexpr int kMaxDecimals = 1100;
 
 /// a * b - product, exactly, for a product that neither overflows nor underflows. Not std::fma:
 /// some C libraries compute that with too few bits.
@@ -136,7 +136,7 @@ double RoundToDecimals(double value, int decimals) {
     if (const auto whole = ScaledToWhole(value, decimals))
         return *whole / kPowersOfTen[static_cast<std::size_t>(decimals)];
     const bool hasFraction = std::abs(value) < 0x1p53;
-    return hasFraction && decimals <= kMostDecimals ? RoundByText(value, decimals) : value;
+    return hasFraction && decimals <= kMaxDecimals ? RoundByText(value, decimals) : value;
 }
 
 ParsedNumber ParseNumber(std::wstring_view text) {

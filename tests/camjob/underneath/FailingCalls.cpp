@@ -47,12 +47,12 @@ const Plan& ThePlan() {
     return plan;
 }
 
-constexpr int kMostFiles = 1024;
-bool s_isWatched[kMostFiles];
+constexpr int kMaxFiles = 1024;
+bool s_isWatched[kMaxFiles];
 long s_count = 0;
 
 bool IsWatched(int file) {
-    return file >= 0 && file < kMostFiles && s_isWatched[file];
+    return file >= 0 && file < kMaxFiles && s_isWatched[file];
 }
 
 bool IsWatched(const char* path) {
@@ -65,7 +65,7 @@ bool IsWatched(int folder, const char* path) {
 }
 
 void Watch(int file, bool isWatched) {
-    if (file >= 0 && file < kMostFiles)
+    if (file >= 0 && file < kMaxFiles)
         s_isWatched[file] = isWatched;
 }
 
