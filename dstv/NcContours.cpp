@@ -364,7 +364,7 @@ void NcParser::FinishPlane() {
     if (n.size() != 9)
         refuse(L"nine numbers: origin, point on x, point on y");
     if (m_part.planes.size() == kMaxPlanes)
-        refuse(L"at most 1000 planes in one file");
+        FailAtLimit(m_block.line, L"plane", L"at most 1000 planes in one file");
     const auto plane = PlaneThrough({
         {{n[0], n[1], n[2]}, {n[3], n[4], n[5]}, {n[6], n[7], n[8]}}
     });

@@ -79,7 +79,7 @@ void NcParser::FinishHole(NcHole& hole, const NcLine& line) {
     WarnOfLostKind(hole);
     Spend(hole.outline.size(), line);
     if (m_part.holes.size() == kMaxHoles)
-        FailAt(line, L"hole", Trimmed(line.text), L"at most 100000 holes in one file");
+        FailAtLimit(line, L"hole", L"at most 100000 holes in one file");
     CheckPlace(hole.form == NcHoleForm::kMark ? L"mark" : L"hole",
                line.number,
                hole.place,

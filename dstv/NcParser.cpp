@@ -71,15 +71,21 @@ NcPart NcParser::Parse(std::string_view bytes) {
     FindStart(lines);
     ReadHeader(lines);
     SetLimits();
-    while (m_errors.size() < kMaxErrors) {
+    while (m_errors.size() < kMaxErrors && !m_isBeyondLimit) {
         const std::optional<NcLine> line = lines.Next();
         if (!line)
             break;
         ReadLine(*line);
     }
-    Try([this] { EndBlock(); });
+    if (!m_isBeyondLimit)
+        Try([this] { EndBlock(); });
     FailWithAll();
     return Finish();
+}
+
+void NcParser::FailAtLimit(const NcLine& line, const wchar_t* what, const wchar_t* limit) {
+    m_isBeyondLimit = true;
+    FailAt(line, what, Trimmed(line.text), limit);
 }
 
 void NcParser::FailWithAll() {
@@ -369,7 +375,7 @@ bool NcParser::CheckPlace(const wchar_t* what,
 void NcParser::Spend(std::size_t points, const NcLine& line) {
     m_outlinePoints += points;
     if (m_outlinePoints > kMaxOutlinePoints)
-        FailAt(line, L"outline", Trimmed(line.text), L"at most 200000 points in one file");
+        FailAtLimit(line, L"outline", L"at most 200000 points in one file");
 }
 
 }  // namespace dstv

@@ -70,6 +70,8 @@ class NcParser {
     bool TakeBlockCode(const NcLine& line);
     template <typename Step>
     bool Try(const Step& step);
+    /// Ends the reading, for what follows would only be too many as well.
+    [[noreturn]] void FailAtLimit(const NcLine& line, const wchar_t* what, const wchar_t* limit);
     void FailWithAll();
     void StartBlock(NcBlockCode code, const NcLine& line);
     void NoteBlock();
@@ -148,6 +150,7 @@ class NcParser {
     Block m_block;
     bool m_isAfterEnd = false;
     bool m_isAfterSecondStart = false;
+    bool m_isBeyondLimit = false;
     std::size_t m_outlinePoints = 0;
 
     std::array<long, 10> m_planeOfNumber{};       ///< index of the latest En; below 0: none yet

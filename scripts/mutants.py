@@ -1,43 +1,43 @@
 #!/usr/bin/env python3
-"""mutants.py COUNT [SEED] tells whether the tests notice faults: it plants COUNT faults, one at a time, each in one
-place of the sources of the library and the NC reader, compiles and links what has changed in build/mutants, a copy of
-build/release, and runs the tests.
+"""mutants.py COUNT [SEED] [--jobs N] tells whether the tests notice faults: it plants COUNT faults, one at a time, each
+in one place of the sources of the library and the NC reader, compiles and links what has changed in build/mutants, a
+copy of build/release for each of N jobs, and runs the tests, with their folders in memory where the system has such.
 
 A fault is a comparison or a constant that is a little off, a condition turned round, "and" for "or", plus for minus,
 true for false, a statement that is missing, or two rows of a table that have changed places. Faults that the compiler
-refuses are passed over. A fault survives when all tests of all programs that could notice it pass: those of its own
-room first, then whole runs. What survives is printed as it ends. mutants-equivalent.txt beside this script lists faults
-that change nothing anybody can see, with the reason; they count for nothing.
+refuses are passed over. A fault survives when all tests of all programs that could notice it pass, the quickest first.
+What survives is printed as it ends. mutants-equivalent.txt beside this script lists faults that change nothing anybody
+can see, with the reason; they count for nothing.
 
 mutants.py --again FILE plants those that FILE, the output of an earlier run, tells have survived.
 Without SEED another choice is made each time; the choice is of the whole project, so it changes with its sources.
-Ends with 1 where fewer than 95 in 100 die. Ctrl-C ends it with what it knows by then. One process, no faster than one
-core."""
+Ends with 1 where fewer than 95 in 100 die. Ctrl-C ends it with what it knows by then."""
 
+import argparse
 import collections
 import json
 import os
 import pathlib
 import random
 import re
-import resource
 import shutil
 import signal
 import subprocess
 import sys
 import tempfile
+import threading
+import time
 import typing
 
 TOP = pathlib.Path(__file__).resolve().parent.parent
 BUILT = TOP / "build" / "release"
-COPY = TOP / "build" / "mutants"
+COPIES = TOP / "build" / "mutants"
 EQUIVALENT = pathlib.Path(__file__).resolve().with_name("mutants-equivalent.txt")
 
 
 class Room(typing.NamedTuple):
     library: str
     is_static: bool
-    # In the order in which they are asked.
     programs: list
 
 
@@ -48,8 +48,9 @@ ROOMS = {
 }
 # Of other systems, and what belongs to no library of these.
 NOT_HERE = re.compile(r"(?:Win32|DialogQt)\.cpp$")
-SECONDS = 300
-MEMORY = 6 << 30
+# What a program may take: so many times what it takes without a fault, but not below so many seconds.
+MOST_TIMES, LEAST_SECONDS = 20, 30
+MEMORY_KB = 6 << 20
 
 SWAPS = [
     ("comparison", r"(?<= )<(?= )", "<="), ("comparison", r"(?<= )<=(?= )", "<"),
@@ -144,27 +145,6 @@ def all_mutants():
     return found
 
 
-def run(command, seconds=None):
-    """Whether a shell command succeeds in the copy of the build tree, with the libraries of the copy."""
-    def limit():
-        resource.setrlimit(resource.RLIMIT_AS, (MEMORY, MEMORY))
-        resource.setrlimit(resource.RLIMIT_CORE, (0, 0))
-        os.setsid()
-    environment = dict(os.environ, LD_LIBRARY_PATH=str(COPY / "lib"), CCACHE_DISABLE="1")
-    process = subprocess.Popen(command, shell=True, cwd=COPY, env=environment, stdin=subprocess.DEVNULL,
-                               stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL, preexec_fn=limit)
-    try:
-        return process.wait(seconds) == 0
-    except subprocess.TimeoutExpired:
-        os.killpg(process.pid, signal.SIGKILL)
-        process.wait()
-        return False
-
-
-def passes(program):
-    return run(f"bin/{program} --gtest_brief=1 --gtest_fail_fast", SECONDS)
-
-
 def told(*arguments):
     return subprocess.run(["ninja", "-C", BUILT, "--quiet", "-t", *arguments], check=True, capture_output=True,
                           text=True).stdout
@@ -178,47 +158,72 @@ def link_command(target):
 class Tree:
     """A copy of the built tree, in which one object at a time is another."""
 
-    def __init__(self):
-        subprocess.run(["cmake", "--build", BUILT], check=True, stdout=subprocess.DEVNULL)
-        shutil.rmtree(COPY, ignore_errors=True)
-        shutil.copytree(BUILT, COPY, symlinks=True)
+    def __init__(self, folder):
+        self.folder = folder
+        shutil.copytree(BUILT, folder, symlinks=True)
+        self.scratch = tempfile.TemporaryDirectory(dir="/dev/shm" if os.path.isdir("/dev/shm") else None)
+        # Some tests give up the rights of root.
+        os.chmod(self.scratch.name, 0o755)
         self.compiling = {row["file"]: row for row in json.loads(told("compdb"))
                           if row["output"].split("/")[0] in ROOMS and " -c " in row["command"]}
         programs = {each for room in ROOMS.values() for each in room.programs}
         self.linking = {target: link_command(target)
                         for target in sorted({room.library for room in ROOMS.values()} | programs)}
-        for program in sorted(programs):
-            if not passes(program):
+        self.usual = {}
+        for program in programs:
+            begin = time.monotonic()
+            if not self.passes(program):
                 sys.exit(f"mutants.py: {program} fails without any fault")
+            self.usual[program] = time.monotonic() - begin
+
+    def run(self, command, seconds=None):
+        """Whether a shell command succeeds in the copy of the build tree, with the libraries of the copy."""
+        environment = dict(os.environ, LD_LIBRARY_PATH=str(self.folder / "lib"), CCACHE_DISABLE="1",
+                           TMPDIR=self.scratch.name)
+        process = subprocess.Popen(f"ulimit -c 0 -v {MEMORY_KB}; {command}", shell=True, cwd=self.folder,
+                                   env=environment, stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL,
+                                   stderr=subprocess.DEVNULL, start_new_session=True)
+        try:
+            return process.wait(seconds) == 0
+        except subprocess.TimeoutExpired:
+            return False
+        finally:
+            if process.poll() is None:
+                os.killpg(process.pid, signal.SIGKILL)
+                process.wait()
+
+    def passes(self, program):
+        most = max(MOST_TIMES * self.usual[program], LEAST_SECONDS) if program in self.usual else None
+        return self.run(f"bin/{program} --gtest_brief=1 --gtest_fail_fast", most)
 
     def fate(self, mutant):
         """None where it does not compile, else the program that notices it, or ''."""
         room = ROOMS[mutant.path.split("/")[0]]
         source = TOP / mutant.path
         row = self.compiling[str(source)]
-        sound = {row["output"]: (COPY / row["output"]).read_bytes()}
+        sound = {row["output"]: (self.folder / row["output"]).read_bytes()}
         with tempfile.NamedTemporaryFile("w", suffix=".cpp", encoding="utf-8") as changed:
             changed.write(mutant.text())
             changed.flush()
-            compiles = run(row["command"].replace(f"-c {source}", f"-c {changed.name}") + " -O0 -Wno-error")
+            compiles = self.run(row["command"].replace(f"-c {source}", f"-c {changed.name}") + " -O0 -Wno-error")
         try:
             return self.noticed(room, sound) if compiles else None
         finally:
             for name, content in sound.items():
-                (COPY / name).write_bytes(content)
+                (self.folder / name).write_bytes(content)
 
     def noticed(self, room, sound):
         def link(target):
             name = re.search(r"(?: -o |ar qc )(\S+)", self.linking[target])[1]
-            sound[name] = (COPY / name).read_bytes()
-            return run(self.linking[target])
+            sound[name] = (self.folder / name).read_bytes()
+            return self.run(self.linking[target])
 
         if not link(room.library):
             return None
-        for program in room.programs:
+        for program in sorted(room.programs, key=self.usual.get):
             if room.is_static and not link(program):
                 return None
-            if not passes(program):
+            if not self.passes(program):
                 return program
         return ""
 
@@ -229,15 +234,15 @@ def equivalent():
     return {line.split("\t")[0] for line in lines if line and not line.startswith("#")}
 
 
-def chosen(arguments):
+def chosen(options):
     everything = all_mutants()
-    if arguments[0] == "--again":
-        told = pathlib.Path(arguments[1]).read_text(encoding="utf-8").splitlines()
+    if options.again:
+        told = options.again.read_text(encoding="utf-8").splitlines()
         names = {line.split(" ", 1)[1].split(": ", 1)[1] for line in told if line.startswith("survived ")}
-        return [mutant for mutant in everything if mutant.name().split(": ", 1)[1] in names], None
-    seed = int(arguments[1]) if len(arguments) > 1 else random.randrange(2**32)
+        return [mutant for mutant in everything if mutant.name().split(": ", 1)[1] in names]
+    seed = random.randrange(2**32) if options.seed is None else options.seed
     print(f"{len(everything)} possible; seed {seed}", flush=True)
-    return random.Random(seed).sample(everything, len(everything)), int(arguments[0])
+    return random.Random(seed).sample(everything, len(everything))
 
 
 class Tally:
@@ -267,31 +272,69 @@ class Tally:
         return died >= 0.95 * self.tried()
 
 
-def plant(mutants, wanted, tally):
-    unseen = equivalent()
-    tree = Tree()
-    for mutant in mutants:
-        if tally.tried() == wanted:
-            break
-        if mutant.name() in unseen:
-            tally.equivalent += 1
-            continue
-        noticed = tree.fate(mutant)
-        if noticed is not None:
-            tally.add(mutant, noticed)
+class Planting:
+    """The faults that are still to be planted, handed out to jobs."""
+
+    def __init__(self, mutants, wanted):
+        self.mutants, self.wanted = iter(mutants), wanted
+        self.unseen = equivalent()
+        self.tally = Tally()
+        self.under_way = 0
+        self.lock = threading.Condition()
+        self.is_stopped = False
+
+    def take(self):
+        """None at the end. Waits for those under way: one that does not compile makes room for another."""
+        with self.lock:
+            while not self.is_stopped and self.tally.tried() + self.under_way == self.wanted and self.under_way:
+                self.lock.wait()
+            if self.is_stopped or self.tally.tried() == self.wanted:
+                return None
+            for mutant in self.mutants:
+                if mutant.name() not in self.unseen:
+                    self.under_way += 1
+                    return mutant
+                self.tally.equivalent += 1
+            return None
+
+    def give_back(self, mutant, noticed):
+        with self.lock:
+            self.under_way -= 1
+            if noticed is not None and not self.is_stopped:
+                self.tally.add(mutant, noticed)
+            self.lock.notify_all()
+
+    def work(self, tree):
+        while mutant := self.take():
+            self.give_back(mutant, tree.fate(mutant))
+
+    def run(self, jobs):
+        subprocess.run(["cmake", "--build", BUILT], check=True, stdout=subprocess.DEVNULL)
+        shutil.rmtree(COPIES, ignore_errors=True)
+        workers = [threading.Thread(target=self.work, args=[Tree(COPIES / str(job))], daemon=True)
+                   for job in range(jobs)]
+        try:
+            for worker in workers:
+                worker.start()
+            for worker in workers:
+                worker.join()
+        except KeyboardInterrupt:
+            self.is_stopped = True
+            print("stopped")
+        return self.tally.report()
 
 
 def main():
-    if len(sys.argv) < 2:
-        sys.exit(__doc__)
-    mutants, wanted = chosen(sys.argv[1:])
-    tally = Tally()
+    parser = argparse.ArgumentParser(description=__doc__, formatter_class=argparse.RawTextHelpFormatter)
+    parser.add_argument("count", type=int, nargs="?", help="how many faults; without: all that were chosen")
+    parser.add_argument("seed", type=int, nargs="?")
+    parser.add_argument("--again", type=pathlib.Path, metavar="FILE")
+    parser.add_argument("--jobs", type=int, default=1, metavar="N")
+    options = parser.parse_args()
+    if options.count is None and options.again is None:
+        parser.error("COUNT or --again")
     signal.signal(signal.SIGTERM, signal.default_int_handler)
-    try:
-        plant(mutants, wanted, tally)
-    except KeyboardInterrupt:
-        print("stopped")
-    sys.exit(0 if tally.report() else 1)
+    sys.exit(0 if Planting(chosen(options), options.count).run(options.jobs) else 1)
 
 
 if __name__ == "__main__":

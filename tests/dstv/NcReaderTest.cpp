@@ -287,8 +287,10 @@ TEST(NcReader, RefusesMoreThanItsLimits) {
     for (std::size_t i = 0; i < dstv::kMaxHoles; ++i)
         holes += "  v 1 2 3\n";
     EXPECT_EQ(ReadError(NcSample().With(holes)), "read");
-    EXPECT_EQ(ReadError(NcSample().With(holes + "  v 4 5 6\n")),
-              "part.nc1:100027: hole \"v 4 5 6\": expected at most 100000 holes in one file");
+    // Told once, with what is wrong before it.
+    EXPECT_EQ(ToldOf(NcSample().With("BO\n  x\n" + holes + "  v 4 5 6\n  v 7 8 9\nE1\n")),
+              "refused 27: face \"x\": expected v, o, u or h\n"
+              "refused 100029: hole \"v 4 5 6\": expected at most 100000 holes in one file\n");
     for (const bool isUpright : {false, true}) {
         const auto slot = [&](int i) {
             const std::string at = std::to_string(i);
