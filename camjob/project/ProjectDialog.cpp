@@ -165,9 +165,12 @@ ZetString ProjectDialog::FindFault(DialogWindow& window, const CProjectInformati
 
 std::string ProjectDialog::FaultOf(std::size_t value) const {
     const ZetString& text = m_entered[value];
-    if (value == kFileNameValue)
-        return text.isEmpty() ? "enter what the names of the files are to begin with."
-                              : m_findNameFault(text);
+    if (value == kFileNameValue) {
+        if (text.isEmpty())
+            return "enter what the names of the files are to begin with.";
+        if (std::string fault = m_findNameFault(text); !fault.empty())
+            return fault;
+    }
     // What the job says need not be saved.
     return text == m_before[value] ? "" : FaultOfText(kProjectValues[value], text);
 }

@@ -5,8 +5,12 @@
 #include "support/TempFolder.h"
 
 #include "camdata/platform/dialog/DialogWindow.h"
+#include "camdata/platform/text/Unicode.h"
 
+#include <algorithm>
+#include <cstdlib>
 #include <filesystem>
+#include <fstream>
 #include <functional>
 #include <string>
 #include <vector>
@@ -270,6 +274,89 @@ TEST_F(ProjectDialogTest, SavedSettingsStayWhenTheDialogIsCancelled) {
         },
         {"--ignore-settings"});
     EXPECT_EQ(Run().out.find("file_name"), std::string::npos);
+}
+
+/// Texts that nobody expects: these, or those of a file that has a JSON list of others.
+std::vector<std::string> UnexpectedTexts() {
+    if (const char* const file = std::getenv("CAMJOB_UNEXPECTED_TEXTS"))
+        return nlohmann::json::parse(std::ifstream(file, std::ios::binary));
+    return {"A\u0001B", "a\u202Eb", "+1", "a\r\n+b", "aux", "%s{mark}"};
+}
+
+/// But for line ends. What turns the direction counts only where a text stands in others.
+bool HasControls(const std::string& utf8, bool isField = false) {
+    const ZetString text = ZetString::fromUtf8(utf8);
+    const std::wstring_view characters = text;
+    return std::any_of(characters.begin(), characters.end(), [=](wchar_t c) {
+        return c != L'\r' && c != L'\n' &&
+               (camdata::detail::IsControl(c) || (!isField && camdata::detail::IsLayoutControl(c)));
+    });
+}
+
+TEST_F(ProjectDialogTest, WhateverIsPastedIsKeptOrRefused) {
+    for (const std::string& text : UnexpectedTexts())
+        for (const int field : {kFileName, kOrderNo, kComments, kRevision, kAddress}) {
+            SCOPED_TRACE(std::to_string(field) + " " + text.substr(0, 40));
+            fs::remove_all(m_folder.PathOf("out"));
+            bool isTaken = false;
+            const CamjobRun run = RunWithDialog([&](DialogWindow& window, DialogHand hand) {
+                window.SetText(field, ZetString::fromUtf8(text));
+                hand.Click(kOk);
+                isTaken = window.IsClosed();
+                if (!isTaken)
+                    hand.Click(kCancel);
+            });
+            EXPECT_EQ(m_boxes.size(), isTaken ? 0U : 1U);
+            EXPECT_FALSE(HasControls(run.out + run.err + (isTaken ? "" : m_boxes[0])));
+            EXPECT_EQ(run.exitCode, isTaken ? 1 : 0) << run.err;
+            if (!isTaken)
+                continue;
+            const Files written = ContentOf(m_folder.PathOf("out"));
+            EXPECT_EQ(Run().exitCode, 1) << "what was kept is read again";
+            EXPECT_TRUE(ContentOf(m_folder.PathOf("out")) == written);
+        }
+}
+
+TEST_F(ProjectDialogTest, WhateverTheJobSaysIsShownOrRefused) {
+    struct Field {
+        const char* key;
+        int control;
+        bool isList;
+    };
+    constexpr Field kFields[] = {
+        {"model_ref",            1201,      false},
+        {"name",                 1202,      false},
+        {"client",               1204,      false},
+        {"cold_rolled_customer", 1205,      false},
+        {"cold_rolled_order_no", kOrderNo,  false},
+        {"contractor",           1208,      false},
+        {"designer",             1209,      false},
+        {"detailer",             1210,      false},
+        {"comments",             kComments, true },
+        {"revision",             kRevision, false},
+        {"delivery_address",     kAddress,  true },
+    };
+    for (const std::string& text : UnexpectedTexts())
+        for (const Field& field : kFields) {
+            SCOPED_TRACE(field.key + (" " + text.substr(0, 40)));
+            const std::string value = nlohmann::json(text).dump();
+            JobSays(field.key + (field.isList ? " = [" + value + "]\n" : " = " + value + "\n"));
+            fs::remove_all(m_folder.PathOf("out"));
+            const CamjobRun run = Run();
+            EXPECT_FALSE(HasControls(run.out + run.err));
+            if (run.exitCode == 2)
+                continue;
+            const Files before = ContentOf(m_folder.PathOf("out"));
+            const auto confirm = [&](DialogWindow& window, DialogHand hand) {
+                EXPECT_FALSE(HasControls(window.Text(field.control).toUtf8(), true));
+                hand.Click(kOk);
+            };
+            EXPECT_EQ(RunWithDialog(confirm).exitCode, 1);
+            Files after = ContentOf(m_folder.PathOf("out"));
+            std::erase_if(after,
+                          [](const auto& file) { return file.first.starts_with("project-"); });
+            EXPECT_TRUE(after == before);
+        }
 }
 
 }  // namespace
