@@ -103,9 +103,10 @@ bool CanBeEmpty(std::size_t value) {
     return value != kFileNameValue && kProjectValues[value].kind != ValueKind::kDate;
 }
 
-/// Reading takes a "+" at the start of a line for the start of an entry.
+/// Reading takes a "+" at the start of a line for the start of an entry, and one character for the
+/// end of the file.
 bool IsStorable(const ZetString& text) {
-    return text[0] != L'+' && !text.contains(L"\n+");
+    return text[0] != L'+' && !text.contains(L"\n+") && !text.contains(L"\xFFFF");
 }
 
 /// What the job itself says: nothing about a date that follows the day of the run.

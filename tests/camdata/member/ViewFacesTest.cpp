@@ -179,8 +179,10 @@ TEST(ViewFacesTest, XIsNegatedInPlanesThatLookBackAlongThePiece) {
     const ZetGeomPoint3d origin = {0, 200, 60};
     for (const wchar_t* code : {L"SO", L"B", L"C"}) {
         for (const auto& [name, xAxis, xNegate] : cases) {
-            const ZetNCView view = ViewIn({origin, xAxis, kToBack}, code, 900, 20);
-            EXPECT_EQ(HolesOf(code, {view})[0].GetXPos(), 900.0 * xNegate) << name;
+            const CHoleAddlInfo hole =
+                HolesOf(code, {ViewIn({origin, xAxis, kToBack}, code, 900, 20)})[0];
+            EXPECT_EQ(hole.GetXPos(), 900.0 * xNegate) << name;
+            EXPECT_NEAR(hole.GetViewData().GetFaceWidth(), kWidth / xAxis.x, 0.001) << name;
         }
     }
 }

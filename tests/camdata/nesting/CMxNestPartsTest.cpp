@@ -52,6 +52,10 @@ TEST(CMxNestPartsTest, ListsTheMarksOfABar) {
               "\tMark:M2, Qty:1, Length:  800");
     EXPECT_EQ(nest.GetOutputPartNo(), L"M1");
     EXPECT_DOUBLE_EQ(nest.GenerateOffCutLength(), 799.0);
+    CMxParts other = PartOf({L"M3", 1, 500.0});
+    ASSERT_TRUE(nest.SetNestMainPart(other));
+    EXPECT_EQ(nest.GenerateCombinations().toUtf8(),
+              "Part mark (M3) combinations are as below\n\tMark:M3, Qty:1, Length:  500");
 }
 
 TEST(CMxNestPartsTest, AnEmptyNestIsAWholeBar) {

@@ -280,7 +280,7 @@ TEST_F(ProjectDialogTest, SavedSettingsStayWhenTheDialogIsCancelled) {
 std::vector<std::string> UnexpectedTexts() {
     if (const char* const file = std::getenv("CAMJOB_UNEXPECTED_TEXTS"))
         return nlohmann::json::parse(std::ifstream(file, std::ios::binary));
-    return {"A\u0001B", "a\u202Eb", "+1", "a\r\n+b", "aux", "%s{mark}"};
+    return {"A\u0001B", "a\u202Eb", "+1", "a\r\n+b", "aux", "%s{mark}", "A\uFFFFB"};
 }
 
 /// But for line ends. What turns the direction counts only where a text stands in others.

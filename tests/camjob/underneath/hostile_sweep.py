@@ -1,11 +1,14 @@
 #!/usr/bin/env python3
 """hostile_sweep.py PROGRAM [--points N] [--seed N] [--only WHAT]: the tool with values that nobody expects.
 
-WHAT is one of texts, numbers, names, sizes; without it all but the sizes. Each text and each number of an NC file, a
-job, a format file and a table of remnants is replaced by each value, once each (or N of them, drawn by the seed), and
-NC files get names of this kind. Every call has to end with a documented exit code and words; what it writes has to be
-whole: JSON that can be read, a page without an element more, CSV without a formula, no control characters in any file
-or on the terminal, names that every system takes.
+WHAT is one of texts, numbers, names, keys, dialog, sizes; without it all but the last two. Each text and each number of
+an NC file, a job, a format file and a table of remnants is replaced by each value, once each (or N of them, drawn by
+the seed), and NC files get names of this kind. The keys are all that a job and a format file can have, by the files of
+which the tests tell that they have each: each value of them becomes each text and each number. Every call has to end
+with a documented exit code and words; what it writes has to be whole: JSON that can be read, a page without an element
+more, CSV without a formula, no control characters in any file or on the terminal, names that every system takes.
+
+The dialog: camjob_dialog_tests beside PROGRAM enters each text in each field, and shows it from the job.
 
 The sizes are files with up to a million features of one kind: those within the limits take time and memory that grow
 no faster than they do, those beyond are refused with their line.
@@ -26,6 +29,7 @@ import subprocess
 import sys
 import tempfile
 import time
+import typing
 import xml.etree.ElementTree
 
 from outcomes import options_of
@@ -248,10 +252,30 @@ SOUND = {"nc/p.nc1": NC, "nc/q.nc1": NC.replace("  P1\n", "  Q1\n"), "job.toml":
          "remnants.csv": REMNANTS}
 CHANGED = ["nc/p.nc1", "job.toml", "line.toml", "remnants.csv"]
 
+
+def sound_keys():
+    """A job and a format file with every key."""
+    folder = pathlib.Path(__file__).resolve().parents[2] / "job"
+    job = (folder / "good-job.toml").read_text("utf-8")
+    for usual, other in [('html = false\nrun_document = false', "html = true\nrun_document = true"),
+                         ('files = ["order", "plates"]', 'files = ["order", "plates", "line"]')]:
+        if usual not in job:
+            sys.exit(f"hostile_sweep.py: good-job.toml has no {usual!r}")
+        job = job.replace(usual, other)
+    job += '[[file]]\nid = "line"\nending = "-line.txt"\nformat = "line.toml"\n'
+    form = (folder / "good-format.toml").read_text("utf-8").replace('"windows-1252"', '"utf-8"')
+    # Without what the reader warns of: the job refuses that. Two that are made, and two with findings.
+    full = re.sub(r".* 5.00l .*\n", "", NC).replace("w  5.00", "   0.00").replace("6000.00", "3900.00")
+    made = full[:full.index("BO\n")] + full[full.index("SI\n"):]
+    made = made[:made.index("SC\n")] + made[made.index("KA\n"):]
+    return {"nc/M1.nc1": made, "nc/C1.nc1": made, "nc/C2.nc1": full, "more/Träger.nc1": full, "job.toml": job,
+            "line.toml": form, "good-remnants.csv": (folder / "good-remnants.csv").read_text("utf-8")}
+
+
 CONTROLS = [*range(1, 9), *range(11, 32), 0x7F, 0x80, 0x85, 0x9F, 0xA0, 0xAD, 0x61C, 0x200B, 0x200E, 0x200F, 0x2028,
             0x2029, 0x202A, 0x202E, 0x2066, 0x2069, 0xFEFF, 0xFFFD, 0xFFFE, 0xFFFF, 0x1F600, 0xE000, 0x10FFFF, 0x300]
 TEXTS = [*(f"A{chr(c)}B" for c in CONTROLS), "", " ", "A\0B", b"A\xff\xfeB", b"A\xc0\xafB", b"A\xed\xa0\x80B",
-         b"A\xe2\x82", *"""A;B|A,B|A"B|"|""|A'B|'A|A\\B|\\|A/B|../A|..|.|A	B|/etc/x|C:\\x|CON|con.txt|NUL|COM1|LPT9|
+         b"A\xe2\x82", *"""A;B|A,B|A"B|"|""|A'B|'A|A\\B|\\|A/B|../A|..|.|A	B|/proc/x|C:\\x|CON|con.txt|NUL|COM1|LPT9|
 COM1.nc1|COM¹|CONIN$|A.|.A|A  B|=1+1|=cmd|' /C calc'!A0|+A|-A|-5|@SUM(1)|＝1+1|<b>x</b>|<img src=x onerror=alert(1)>|
 </script><script>alert(1)</script>|<!--<script>|-->|]]>|&amp;|&#0;|" onload="x|' onload='x|{mark}|{}|{|}|{mark:.999999f}|
 %s%n|%d|%.9999999f|$(x)|`x`|\\u001B|\\n|0|1e5|TRUE|P1,2|#A|**A|ST|EN|BO|E1|nan|-0|A*B|A?B|A:B|A<B|A>B|[x]|\"\"\"|'''|
@@ -272,6 +296,19 @@ CALLS = {
     "init": ["init", "draft", "--from", "nc"],
     "run of the draft": ["run", "draft/job.toml"],
 }
+
+
+class Shop(typing.NamedTuple):
+    """Files in which values are changed, what is called with them, and where that writes."""
+    files: dict
+    calls: dict
+    folders: list
+    page: str
+
+
+SHOP = Shop(SOUND, CALLS, ["out", "shown"], "out/x-report.html")
+KEYS = Shop(sound_keys(), {call: CALLS[call] for call in ("run", "run --json", "check --json")}, ["made"],
+            "made/hall7-report.html")
 RAW = re.compile("[\0-\x08\x0b-\x1f\x7f-\x9f]")
 TURNING = re.compile("[\u061c\u200e\u200f\u2028-\u202e\u2066-\u2069]")
 FORMULA = re.compile("^[=+\\-@\t\r＝＋－＠]")
@@ -319,8 +356,28 @@ def places(name, what):
     return [match.span() for match in found]
 
 
+def key_places(text):
+    """Begin and end of each value of a TOML file: whole lists and tables, and what stands in them."""
+    scalar = r'"(?:\\.|[^"\\])*"|true|false|\d{4}-\d\d-\d\d|-?\d+(?:\.\d+)?'
+    whole = [match.span(1) for match in re.finditer(r"(?m)^\w+ = ([\[{].*)$", text)]
+    return whole + [match.span(1) for match in re.finditer(rf"(?:= |\[|, )({scalar})(?=[\n\],}} ])", text)]
+
+
+def key_cases():
+    for name in ("job.toml", "line.toml"):
+        text = KEYS.files[name]
+        values = [*map(quoted, TEXTS), *map(as_bytes, NUMBERS)]
+        for (begin, end), value in itertools.product(key_places(text), values):
+            line = text.count("\n", 0, begin) + 1
+            yield (f"{name}:{line}: {value[:40]!r} for {text[begin:end]}",
+                   {**KEYS.files, name: as_bytes(text[:begin]) + value + as_bytes(text[end:])})
+
+
 def cases(what):
     """(name of the case, files)."""
+    if what == "keys":
+        yield from key_cases()
+        return
     if what == "names":
         for value in TEXTS:
             name = as_bytes(value)
@@ -431,21 +488,22 @@ def faults_of_outcome(call, done, folder):
 
 
 class Sweep:
-    def __init__(self, program, scratch):
+    def __init__(self, program, shop, scratch):
         self.program = program
+        self.shop = shop
         self.folder = scratch / "case"
         self.faults = 0
         self.calls = 0
         self.codes = {}
         self.elements = Elements("")
-        self.try_case("the sound files", SOUND)
+        self.try_case("the sound files", shop.files)
         if self.codes.get(("run", 0), 0) + self.codes.get(("run", 1), 0) != 1:
             sys.exit("hostile_sweep.py: the sound files are not made")
-        self.elements = Elements((self.folder / "out" / "x-report.html").read_text("utf-8"))
+        self.elements = Elements((self.folder / shop.page).read_text("utf-8"))
 
     def try_case(self, name, files):
         lay(self.folder, files)
-        for call, arguments in CALLS.items():
+        for call, arguments in self.shop.calls.items():
             if call == "run of the draft" and not (self.folder / "draft" / "job.toml").exists():
                 continue
             self.calls += 1
@@ -457,7 +515,7 @@ class Sweep:
             self.codes[call, done.returncode] = self.codes.get((call, done.returncode), 0) + 1
             for fault in faults_of_outcome(call, done, self.folder):
                 self.tell(name, call, fault)
-        for folder in "out", "shown":
+        for folder in self.shop.folders:
             for fault in faults_of_output(self.folder / folder, self.elements):
                 self.tell(name, folder, fault)
 
@@ -467,7 +525,7 @@ class Sweep:
 
 
 def sweep(program, what, points, seed, scratch):
-    run = Sweep(program, scratch)
+    run = Sweep(program, KEYS if what == "keys" else SHOP, scratch)
     every = list(cases(what))
     chosen = random.Random(seed).sample(every, min(points or len(every), len(every)))
     for name, files in chosen:
@@ -476,6 +534,15 @@ def sweep(program, what, points, seed, scratch):
                       for code in sorted({code for _, code in run.codes}))
     print(f"{what}: {len(chosen)} of {len(every)} cases, {run.calls} calls, ended {ended}: {run.faults} faults")
     return run.faults
+
+
+def dialog(program, scratch):
+    """Texts that are UTF-8: others cannot be entered."""
+    texts = scratch / "texts.json"
+    texts.write_text(json.dumps([text for text in TEXTS if isinstance(text, str)]), "utf-8")
+    done = subprocess.run([program.with_name("camjob_dialog_tests"), "--gtest_filter=*.Whatever*", "--gtest_brief=1"],
+                          env={**os.environ, "CAMJOB_UNEXPECTED_TEXTS": texts}, stderr=subprocess.DEVNULL, check=False)
+    return done.returncode
 
 
 def opening(x):
@@ -571,7 +638,9 @@ def main():
         scratch = pathlib.Path(name)
         if options.only == "sizes":
             sys.exit(1 if sizes(program, scratch) else 0)
-        kinds = [options.only] if options.only else ["texts", "numbers", "names"]
+        if options.only == "dialog":
+            sys.exit(dialog(program, scratch))
+        kinds = [options.only] if options.only else ["texts", "numbers", "names", "keys"]
         sys.exit(1 if sum(sweep(program, what, options.points, options.seed, scratch) for what in kinds) else 0)
 
 

@@ -277,6 +277,8 @@ TEST(ZetGeomAugPolygonTest, NormalisingDropsWhatLiesOnStraightEdges) {
     for (const ZetGeomAugPolygon& polygon : {clockwise, bulgingLeft})
         EXPECT_EQ(Text({polygon.getNormalised(0.01)}), "(0,0)(10,0)(10,5)(0,5) ");
     EXPECT_EQ(clockwise.getNormalised(0.001).getLength(), 6);
+    const ZetGeomAugPolygon smallClockwise = Polygon({{0, 0}, {0, 0.25}, {0.25, 0}});
+    EXPECT_EQ(Text({smallClockwise.getNormalised(0.01)}), "(0,0)(0.25,0)(0,0.25) ");
 
     // So fine a disc that each vertex lies on the line between its neighbours: it must stay a disc.
     const ZetGeomAugPolygon disc = Polygon(Disc(0, 0, 100, 5000));
@@ -305,6 +307,7 @@ TEST(SelfCrossingTest, TouchingIsNoCrossing) {
         {"bow tie", {{0, 0}, {10, 10}, {10, 0}, {0, 10}}, true},
         {"through a vertex", {{0, 0}, {5, 5}, {10, 10}, {10, 0}, {5, 5}, {0, 10}}, true},
         {"twice around", {{0, 0}, {10, 0}, {10, 10}, {0, 10}, {0, 0}, {10, 0}, {10, 10}, {0, 10}}, true},
+        {"out through an edge at a vertex", {{0, 0}, {10, 0}, {10, 10}, {5, 0}, {3, -5}}, true},
         {"square", {{0, 0}, {10, 0}, {10, 10}, {0, 10}, {0, 0}}, false},
         {"pinched", {{0, 0}, {10, 0}, {5, 5}, {10, 10}, {0, 10}, {5, 5}}, false},
         {"opening joined to the edge",
@@ -316,6 +319,9 @@ TEST(SelfCrossingTest, TouchingIsNoCrossing) {
     for (const Case& c : cases)
         EXPECT_EQ(FindSelfCrossing({c.outline.begin(), c.outline.end()}).has_value(), c.crosses)
             << c.name;
+    // An inner turn and one around it that touch: the first edge of the inner one is told.
+    const OutlinePoints turns = {{0, 0}, {10, -5}, {20, 0}, {10, 5}, {0, 0}, {5, -20}, {40, 0}, {5, 20}};
+    EXPECT_EQ(FindSelfCrossing({turns.begin(), turns.end()}), 0U);
 }
 
 TEST(SelfCrossingTest, AgreesWithComparingAllPairs) {

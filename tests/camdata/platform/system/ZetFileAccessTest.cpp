@@ -121,6 +121,21 @@ TEST_F(ZetFileAccessTest, KeepsTheFirstFault) {
 }
 
 #if defined(__linux__)
+/// Of a program that has no standard input the first file has the number 0.
+TEST_F(ZetFileAccessTest, OpensAFileAsNumber0) {
+    const int input = dup(0);
+    close(0);
+    ZetFileAccess file;
+    EXPECT_FALSE(file.Open(m_folder.NameOf(""), L"r"));
+    EXPECT_TRUE(file.Open(m_folder.NameOf("x.txt"), L"w"));
+    EXPECT_TRUE(file.Write(L"x"));
+    EXPECT_TRUE(file.IsOpen());
+    EXPECT_TRUE(file.Close());
+    EXPECT_EQ(m_folder.Read("x.txt"), "x");
+    dup2(input, 0);
+    close(input);
+}
+
 TEST_F(ZetFileAccessTest, ReadsAPipeThatGivesItsBytesInUnevenPieces) {
     int ends[2];
     ASSERT_EQ(pipe2(ends, O_DIRECT), 0);

@@ -63,6 +63,7 @@ TEST(ZetStringTest, ReadsTheNumberAtItsBeginning) {
         EXPECT_EQ(ZetString(c.text).toDouble(), c.expected) << ZetString(c.text).toUtf8();
     EXPECT_TRUE(std::isnan(ZetString(L"nan").toDouble()));
     EXPECT_TRUE(std::signbit(ZetString(L"-0.0").toDouble()));
+    EXPECT_FALSE(std::signbit(ZetString(L"-x").toDouble()));
     EXPECT_EQ(ZetString(L'9', 400).toDouble(), std::numeric_limits<double>::infinity());
     EXPECT_EQ((ZetString(L"0.") + ZetString(L'0', 400) + L"1").toDouble(), 0.0);
     EXPECT_EQ(ZetString(L" 12 ").toDouble(true), 12.0);
