@@ -205,7 +205,7 @@ class Tree:
         with tempfile.NamedTemporaryFile("w", suffix=".cpp", encoding="utf-8") as changed:
             changed.write(mutant.text())
             changed.flush()
-            compiles = self.run(row["command"].replace(f"-c {source}", f"-c {changed.name}") + " -O0 -Wno-error")
+            compiles = self.run(row["command"].replace(f"-c {source}", f"-c {changed.name}") + " -O0 -Wno-error -Werror=return-type")
         try:
             return self.noticed(room, sound) if compiles else None
         finally:
@@ -254,6 +254,8 @@ class Tally:
     def add(self, mutant, noticed):
         self.fates[noticed or "survived"] += 1
         self.kinds[mutant.kind, bool(noticed)] += 1
+        if self.tried() % 25 == 0:
+            print(f"{self.tried()} planted, {self.fates['survived']} survived", flush=True)
         if not noticed:
             print(f"survived {mutant.path}:{mutant.number}: {mutant.name().split(': ', 1)[1]}", flush=True)
 

@@ -5,6 +5,9 @@
 #include "camdata/platform/host/HostPtr.h"
 #include "camdata/platform/host/IStructureObject.h"
 
+#include <cmath>
+#include <numbers>
+#include <string>
 #include <utility>
 #include <vector>
 
@@ -175,6 +178,38 @@ TEST(NcHost, OffersTheCutsThatNoOutlineHas) {
         sample.webEndCut = c.webEnd;
         sample.flangeEndCut = c.flangeEnd;
         EXPECT_EQ(CutsIn(EntityOf(sample, std::string(c.blocks) + "EN\n")), c.cuts);
+    }
+}
+
+/// A tube of diameter 175, whose header has a mitre of 30 degrees at the end: its unrolled surface
+/// ends in a wave of as many points, `off` mm away from where the mitre ends it.
+TEST(NcHost, ARoundTubeHasItsMitreWhereItsSurfaceEndsInTheWave) {
+    struct Case {
+        int points;
+        double off;
+        const char* cuts;
+    };
+    const char* const kOffered = "end web 30.000 at 3000.0 line 19\n";
+    const char* const kNoted = "noted line 19\n";
+    const Case cases[] = {
+        {8,  0.0,  kNoted  },
+        {7,  0.0,  kOffered},
+        {99, 0.49, kNoted  },
+        {99, 0.51, kOffered},
+    };
+    const double height = 87.5 * std::tan(std::numbers::pi / 6.0);
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.points);
+        std::string blocks = "AK\n v 0 0\n";
+        for (int i = 0; i < c.points; ++i) {
+            const double turn = 2.0 * std::numbers::pi * i / (c.points - 1);
+            const double x = 3000.0 - c.off - height + height * std::cos(turn);
+            blocks += " " + std::to_string(x) + " " + std::to_string(87.5 * turn) + "\n";
+        }
+        NcSample sample;
+        sample.code = "RO";
+        sample.webEndCut = "30";
+        EXPECT_EQ(CutsIn(EntityOf(sample, blocks + " 0 549.779\n 0 0\nEN\n")), c.cuts);
     }
 }
 

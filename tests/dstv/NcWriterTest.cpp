@@ -123,15 +123,17 @@ TEST(NcWriter, WhatIsWrittenReadsBackAsThePart) {
 
 TEST(NcWriter, EncodingLineEndsAndWhatIsKept) {
     const std::string bytes = NcSample{.mark = "\xC1\xE0"}.With(
-        "BO\n  v 10.00o 20.00 14.00\n  v 60.1234567891 20.00 18.00\nEN\n");
+        "BO\n  v 10.00o 20.00 14.00\n  v 60.1234567891 20.00 18.00\n"
+        "SC\n  0 0 0 -1 0 0\n  9 0 0 1 0 0\nEN\n");
     const dstv::NcPart part = PartOf(bytes, "windows-1251");
     const long dropped = part.holes.at(0).line;
     const std::string written =
         Written(part, {"windows-1251", "\r\n", [&](long line) { return line != dropped; }});
     EXPECT_NE(written.find("\r\n  \xC1\xE0\r\n"), std::string::npos);
-    EXPECT_NE(written.find("BO\r\n  v 60.123456789o   20.00    18.00    0.00\r\nEN\r\n"),
+    EXPECT_NE(written.find("BO\r\n  v 60.123456789o   20.00    18.00    0.00\r\nSC\r\n"),
               std::string::npos)
         << written;
+    EXPECT_EQ(written.find("SC\r\n"), written.rfind("SC\r\n"));
     EXPECT_EQ(Written(part, {"iso-8859-1", "\n", {}}), "cannot write \xD0\x91\xD0\xB0");
 }
 

@@ -58,6 +58,7 @@ TEST(CMxSingleMemValidationTest, CountsAndRenamesTheExpectedHoles) {
     found.SetFound(true);
     CMxSingleMemValidation validation = Prescription(0.0, {found, CMxHoles(), found});
     EXPECT_EQ(validation.GetNoOfHolesFound(), 2);
+    EXPECT_FALSE(validation.GetMxHoles()[0].GetIsMirrApplicable());
     validation.replaceHoleCode(L"H18");
     for (const CMxHoles& hole : validation.GetMxHoles())
         EXPECT_EQ(hole.GetHoleCode(), L"H18");

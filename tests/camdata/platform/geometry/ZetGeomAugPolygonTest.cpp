@@ -307,6 +307,8 @@ TEST(SelfCrossingTest, TouchingIsNoCrossing) {
         {"bow tie", {{0, 0}, {10, 10}, {10, 0}, {0, 10}}, true},
         {"through a vertex", {{0, 0}, {5, 5}, {10, 10}, {10, 0}, {5, 5}, {0, 10}}, true},
         {"twice around", {{0, 0}, {10, 0}, {10, 10}, {0, 10}, {0, 0}, {10, 0}, {10, 10}, {0, 10}}, true},
+        {"a finger through the edge below",
+         {{0, 0}, {100, 0}, {100, 60}, {20, 30}, {70, -20}, {60, -20}, {10, 30}, {0, 60}}, true},
         {"out through an edge at a vertex", {{0, 0}, {10, 0}, {10, 10}, {5, 0}, {3, -5}}, true},
         {"square", {{0, 0}, {10, 0}, {10, 10}, {0, 10}, {0, 0}}, false},
         {"pinched", {{0, 0}, {10, 0}, {5, 5}, {10, 10}, {0, 10}, {5, 5}}, false},

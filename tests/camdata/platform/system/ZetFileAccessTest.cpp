@@ -132,6 +132,9 @@ TEST_F(ZetFileAccessTest, OpensAFileAsNumber0) {
     EXPECT_TRUE(file.IsOpen());
     EXPECT_TRUE(file.Close());
     EXPECT_EQ(m_folder.Read("x.txt"), "x");
+    ASSERT_TRUE(file.Open(m_folder.NameOf("x.txt"), L"r"));
+    close(0);
+    EXPECT_FALSE(file.Close()) << "somebody else has closed it";
     dup2(input, 0);
     close(input);
 }
