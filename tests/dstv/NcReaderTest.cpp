@@ -27,7 +27,7 @@ const std::string kEveryBlock = NcSample().With(
     "IK\n  v 590.00u 80.00 10.00\n  610.00 80.00 10.00\n  590.00 80.00\n"
     "PU\n  v 10.00 10.00\n  20.00 10.00\nKO\n  o 10.00 10.00\n"
     "KA\n  0.00 0.00 100.00 0.00 90.00 2.00\nSC\n  0 0 0 -1 0 0\nTO\n  -1.0 1.0\nUE\n  v 1500.0 5.0\n"
-    "PR\n  + 0.0 0.0 0.0\n  + 100.0 0.0\n  + 0.0 50.0\n  + 0.0 0.0\nIN\n  BESTELLER : X\n"
+    "PR\n  + 0.0 0.0 0.0\n  + 100.0 0.0\n  + 0.0 50.0\n  + 0.0 0.0\n  - 9.0 9.0\n  - 8.0 9.0\nIN\n  BESTELLER : X\n"
     "E1\n  0.00 0.00 90.00 100.00 0.00 90.00\n  0.00 151.00 41.00\nB1\n  1100.00u 53.00 18.00\n"
     "S1\n  100.00u 50.00 0.00 5 1/1\nA1\n  0 0\n  500 0\n  500 150\n  0 0\nI1\n 9 5\n 15 5\n 15 9\n 9 5\n"
     "P1\n  1 1\nK1\n  2 2\nEN\n");
@@ -46,8 +46,9 @@ TEST(NcReader, ReadsEveryBlock) {
     ASSERT_EQ(part.contours[0].notchLines.size(), 1u);
     EXPECT_EQ(part.contours[0].notchLines[0].afterPoint, 4);
     EXPECT_EQ(part.contours[0].points[0].bevels[0].angle, 45.0);
-    ASSERT_EQ(part.sections.size(), 1u);
+    ASSERT_EQ(part.sections.size(), 2u);
     EXPECT_EQ(part.sections[0].points.size(), 4u);
+    EXPECT_EQ(part.sections[1].points.size(), 2u);
     EXPECT_EQ(part.bends[0].radius, 2.0);
     EXPECT_EQ(part.sawCuts[0].normal.x, -1.0);
     EXPECT_EQ(part.tolerances[0].minimum, -1.0);

@@ -218,13 +218,13 @@ TEST_P(CProjectInformationDlgTest, ConfirmedItWritesTheSettingsAndChangesWhatMay
 
 TEST_P(CProjectInformationDlgTest, ConfirmedUntouchedItKeepsWhatItShows) {
     m_project.SetMxComments(L"one\ntwo\rthree\r\n\nf\u00A0%s");
+    m_project.SetMxDeliveryAddress(L"\r\nK\u00F6ln");
     m_project.SetRevision(L"C\r\nD\n%d");
     m_project.SetRevisionDate(L"soon");
     Show(PressOK);
     EXPECT_EQ(m_project.GetMxComments(), L"one\r\ntwo\r\nthree\r\n\r\nf\u00A0%s");
     EXPECT_EQ(m_project.GetRevision(), L"C D %d");
-    EXPECT_EQ(m_project.GetDeliveryAddress(),
-              (ZetArray<ZetString>{L"Gr\u00FCner Weg 1", L"K\u00F6ln"}));
+    EXPECT_EQ(m_project.GetDeliveryAddress(), (ZetArray<ZetString>{L"", L"K\u00F6ln"}));
     EXPECT_EQ(m_project.GetColdRolledOrderDate(), FormatDate({2023, 12, 31}));
     EXPECT_EQ(m_project.GetRevisionDate(), FormatDate({2024, 2, 29})) << "no date: today";
 }
