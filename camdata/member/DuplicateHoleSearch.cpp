@@ -4,7 +4,9 @@
 #include "camdata/tolerance/CMxGeom.h"
 
 #include <algorithm>
+#include <bit>
 #include <cmath>
+#include <cstdint>
 #include <limits>
 #include <map>
 #include <optional>
@@ -23,16 +25,17 @@ using Places = std::vector<HolePlace>;
 
 /// Sizes of one class are at most 1 mm, or differ at most by the factor two.
 double LargestOfClass(double size) {
-    int exponent = 0;
-    std::frexp(std::max(size, 1.0), &exponent);
-    return std::ldexp(1.0, exponent);
+    if (!IsFitForGrid(size))
+        return kEndless;
+    return static_cast<double>(std::bit_ceil(static_cast<std::uint64_t>(std::max(size, 0.0)) + 1));
 }
 
 /// No centre of a duplicate is farther away along either axis; the last factor and summand cover
 /// rounding.
 double Reach(double size, double otherSize) {
     const double tolerance = std::abs(CMxGeom::GetEPS());
-    return ((std::max(size, 0.0) + otherSize) * 0.5 + tolerance) * (1.0 + 1e-9) + 1e-100;
+    const double sizes = std::max(size, 0.0) + std::max(otherSize, 0.0);
+    return (sizes * 0.5 + tolerance) * (1.0 + 1e-9) + 1e-100;
 }
 
 /// Tells from the places that two holes are no duplicates; false also when a number is none.
@@ -52,13 +55,6 @@ bool AreInRow(const Places& places) {
             isAll([](const HolePlace& place) { return place.x == -place.ncX; })) &&
            (isSorted([](const HolePlace& a, const HolePlace& b) { return a.ncX < b.ncX; }) ||
             isSorted([](const HolePlace& a, const HolePlace& b) { return a.ncX > b.ncX; }));
-}
-
-double LargestOf(const Places& places) {
-    double largest = 0.0;
-    for (const HolePlace& place : places)
-        largest = std::max(largest, place.size);
-    return largest;
 }
 
 bool IsFit(const HolePlace& place) {
@@ -98,58 +94,109 @@ class HoleGrid {
     std::map<double, PositionGrid> m_byClass;
 };
 
-/// Kept holes. They are walked back from the last one: all of them where there are few, and where
-/// they stand in a row along X those within reach. When that turns out to be too many, as in a
+/// Kept holes of one class of sizes, in the order of the list.
+class KeptClass {
+  public:
+    explicit KeptClass(double largest) : m_largest(largest) {}
+
+    double Largest() const { return m_largest; }
+    const std::vector<const HolePlace*>& Holes() const { return m_holes; }
+    void Add(const HolePlace& place) { m_holes.push_back(&place); }
+
+    /// Visits the holes that are not apart from one, in a row along X only those within reach,
+    /// until a visit says true. Returns how many were looked at.
+    template <typename Visit>
+    std::size_t ForEachNear(const HolePlace& place, bool isRow, const Visit& visit) {
+        const double reach = Reach(place.size, m_largest);
+        const std::size_t start = m_first;
+        MoveFirst(place.ncX, isRow ? reach : kEndless);
+        std::size_t at = m_first;
+        while (at < m_holes.size() &&
+               (AreApart(*m_holes[at], place, reach) || !visit(*m_holes[at])))
+            ++at;
+        return at - std::min(start, m_first);
+    }
+
+  private:
+    /// To the first hole within reach along X: in a row it stands near that of the hole before.
+    void MoveFirst(double x, double reach) {
+        const auto isWithin = [&](std::size_t at) {
+            return !(std::abs(m_holes[at]->ncX - x) > reach);
+        };
+        while (m_first > 0 && isWithin(m_first - 1))
+            --m_first;
+        while (m_first < m_holes.size() && !isWithin(m_first))
+            ++m_first;
+    }
+
+    double m_largest;
+    std::vector<const HolePlace*> m_holes;
+    std::size_t m_first = 0;
+};
+
+/// Kept holes: a list for each class of sizes. When too many of them have to be looked at, as in a
 /// column of holes, they go into a grid.
 class KeptHoles {
   public:
-    explicit KeptHoles(const Places& places)
-        : m_places(places), m_isRow(AreInRow(m_places)), m_largest(LargestOf(m_places)) {
-        m_kept.reserve(m_places.size());
+    explicit KeptHoles(const Places& places) : m_places(places), m_isRow(AreInRow(m_places)) {
         if (!m_isRow && m_places.size() >= kFewHoles && AreFit(m_places))
             m_grid.emplace();
     }
 
     void Add(long index) {
-        m_kept.push_back(index);
+        const HolePlace& place = PlaceAt(index);
         if (m_grid)
-            m_grid->Add(index, PlaceAt(index));
+            m_grid->Add(index, place);
+        else
+            ClassOf(place.size).Add(place);
     }
 
     template <typename Visit>
     void ForEachNear(long index, const Visit& visit) {
         const HolePlace& place = PlaceAt(index);
-        const double reach = Reach(place.size, m_largest);
-        const auto visitUnlessApart = [&](long kept) {
-            if (!AreApart(PlaceAt(kept), place, reach))
-                visit(kept);
-        };
         if (m_grid)
-            return m_grid->ForEachNear(place, visitUnlessApart);
-        const double reachAlong = m_isRow ? reach : kEndless;
-        auto kept = m_kept.rbegin();
-        for (; kept != m_kept.rend() && !(std::abs(PlaceAt(*kept).ncX - place.ncX) > reachAlong);
-             ++kept)
-            visitUnlessApart(*kept);
-        CountLooks(static_cast<std::size_t>(kept - m_kept.rbegin()));
+            return ForEachInGrid(place, visit);
+        for (KeptClass& each : m_classes)
+            m_looks += each.ForEachNear(
+                place, m_isRow, [&](const HolePlace& kept) { return visit(IndexOf(kept)); });
+        if (m_looks > m_places.size() * kFewNear && AreFit(m_places))
+            MoveToGrid();
     }
 
   private:
     const HolePlace& PlaceAt(long index) const { return m_places[static_cast<std::size_t>(index)]; }
+    long IndexOf(const HolePlace& place) const {
+        return static_cast<long>(&place - m_places.data());
+    }
 
-    void CountLooks(std::size_t looks) {
-        m_looks += looks;
-        if (m_looks <= m_places.size() * kFewNear || !AreFit(m_places))
-            return;
+    template <typename Visit>
+    void ForEachInGrid(const HolePlace& place, const Visit& visit) const {
+        m_grid->ForEachNear(place, [&](long index) {
+            const HolePlace& kept = PlaceAt(index);
+            if (!AreApart(kept, place, Reach(place.size, kept.size)))
+                visit(index);
+        });
+    }
+
+    KeptClass& ClassOf(double size) {
+        const double largest = LargestOfClass(size);
+        for (KeptClass& each : m_classes) {
+            if (each.Largest() == largest)
+                return each;
+        }
+        return m_classes.emplace_back(largest);
+    }
+
+    void MoveToGrid() {
         m_grid.emplace();
-        for (const long kept : m_kept)
-            m_grid->Add(kept, PlaceAt(kept));
+        for (const KeptClass& each : m_classes)
+            for (const HolePlace* place : each.Holes())
+                m_grid->Add(IndexOf(*place), *place);
     }
 
     const Places& m_places;
     bool m_isRow;
-    double m_largest;
-    std::vector<long> m_kept;
+    std::vector<KeptClass> m_classes;
     std::size_t m_looks = 0;
     std::optional<HoleGrid> m_grid;
 };

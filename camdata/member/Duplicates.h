@@ -32,8 +32,8 @@ class KeptRecords {
 ///
 /// A record is removed exactly when it is a duplicate of one that is kept, and the first such one
 /// removes it: one walk suffices. `kept` files the records that are kept (Add) and must visit at
-/// least those of which a record may be a duplicate (ForEachNear); `isDuplicate(first, later)`
-/// decides.
+/// least those of which a record may be a duplicate (ForEachNear), but for those behind one where
+/// the visit said true; `isDuplicate(first, later)` decides.
 template <typename Kept, typename IsDuplicate>
 Removers FindRemovers(long count, Kept kept, const IsDuplicate& isDuplicate) {
     Removers removers(static_cast<std::size_t>(count), kKept);
@@ -42,6 +42,7 @@ Removers FindRemovers(long count, Kept kept, const IsDuplicate& isDuplicate) {
         kept.ForEachNear(index, [&](long candidate) {
             if ((remover == kKept || candidate < remover) && isDuplicate(candidate, index))
                 remover = candidate;
+            return remover == candidate;
         });
         if (remover == kKept)
             kept.Add(index);

@@ -11,7 +11,7 @@ namespace {
 using Keys = std::vector<PositionKey>;
 
 /// Up to this number a sort alone is as quick.
-constexpr std::size_t kFewKeys = 200;
+constexpr std::size_t kFewKeys = 24;
 
 /// The exchange sort's rule for a key and one that stands behind it.
 bool ChangePlaces(const PositionKey& key, const PositionKey& behind) {
@@ -28,9 +28,10 @@ constexpr auto kComesBefore = [](const PositionKey& a, const PositionKey& b) {
     return a.index > b.index;
 };
 
-/// Puts keys roughly in their order in one pass, by their share of the length: a sort then finds
-/// little to exchange. Leaves them alone where they have no length, or an endless one.
-void SpreadAlongX(Keys& keys) {
+/// Sorts keys by their share of the length first, in one pass, and then those of each share: time
+/// in proportion to their number unless they crowd. False, with nothing done, where the keys have
+/// no length, or an endless one.
+bool SortByShares(Keys& keys) {
     const auto [least, greatest] = std::minmax_element(
         keys.begin(), keys.end(), [](const PositionKey& a, const PositionKey& b) {
             return a.x < b.x;
@@ -39,24 +40,32 @@ void SpreadAlongX(Keys& keys) {
     const double length = greatest->x - from;
     const double perMm = static_cast<double>(keys.size()) / length;
     if (!std::isfinite(length) || !std::isfinite(perMm))
-        return;
-    const auto partOf = [&](const PositionKey& key) {
-        return std::min(static_cast<std::size_t>((key.x - from) * perMm), keys.size() - 1);
+        return false;
+    const long last = static_cast<long>(keys.size()) - 1;
+    const auto shareOf = [&](const PositionKey& key) {
+        return static_cast<std::size_t>(std::min(static_cast<long>((key.x - from) * perMm), last));
     };
     std::vector<std::size_t> ends(keys.size() + 1);
     for (const PositionKey& key : keys)
-        ++ends[partOf(key) + 1];
+        ++ends[shareOf(key) + 1];
     std::partial_sum(ends.begin(), ends.end(), ends.begin());
-    Keys spread(keys.size());
+    Keys sorted(keys.size());
     for (const PositionKey& key : keys)
-        spread[ends[partOf(key)]++] = key;
-    keys.swap(spread);
+        sorted[ends[shareOf(key)]++] = key;
+    auto first = sorted.begin();
+    for (const std::size_t end : ends) {
+        const auto next = sorted.begin() + static_cast<std::ptrdiff_t>(end);
+        if (next - first > 1)
+            std::sort(first, next, kComesBefore);
+        first = next;
+    }
+    keys.swap(sorted);
+    return true;
 }
 
 void Sort(Keys& keys) {
-    if (keys.size() > kFewKeys)
-        SpreadAlongX(keys);
-    std::sort(keys.begin(), keys.end(), kComesBefore);
+    if (keys.size() <= kFewKeys || !SortByShares(keys))
+        std::sort(keys.begin(), keys.end(), kComesBefore);
 }
 
 void ExchangeSort(Keys& keys) {

@@ -88,6 +88,7 @@ Holes TakeDuplicatesOut(Holes& holes) {
     if (leaving.empty())
         return {};
     Holes duplicates;
+    duplicates.reserve(leaving.size());
     for (const long index : leaving)
         duplicates.push_back(holes[static_cast<std::size_t>(index)]);
     std::size_t kept = 0;
@@ -115,10 +116,10 @@ void AppendRecords(const Holes& holes, const CViewData& view, ZetArray<CHoleAddl
     if (holes.empty())
         return;
     MakeRoom(records, holes.size());
-    auto next = records.length();
-    records.setLength(next + static_cast<long>(holes.size()));
     for (const ViewHole& hole : holes) {
-        CHoleAddlInfo& record = records[next++];
+        // One by one: the first of many would have left the nearest caches before it is filled.
+        records.setLength(records.length() + 1);
+        CHoleAddlInfo& record = records.last();
         record.SetHoleData(*hole.data);
         record.CorrectData(view);
         if (hole.isCountersunk)
