@@ -23,9 +23,9 @@ inline double Drawn(std::mt19937_64& random, double below) {
     return static_cast<double>(random() % 1000000) * below * 1e-6;
 }
 
-/// At random places of a web of some length.
+/// At random places of a web of some length, at others each time.
 inline Holes Scattered(long count, double length) {
-    std::mt19937_64 random(1);
+    static std::mt19937_64 random(1);
     Holes holes;
     for (long i = 0; i < count; ++i)
         holes.push_back(HoleAt(Drawn(random, length), Drawn(random, 200)).Round(14));

@@ -6,6 +6,7 @@
 #include "camdata/platform/geometry/ZetGeomAugPolygon.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <cstdio>
 #include <cstdlib>
@@ -36,22 +37,25 @@ double ProcessorTime() {
 /// What results are written to, so that no compiler leaves their making out.
 volatile long theResult = 0;
 
-/// Microseconds that an operation takes at least, tried for some tenths of a second; `prepare`
-/// makes what it works on.
-template <typename Prepare, typename Operation>
-double BestTime(const Prepare& prepare, const Operation& operation) {
+/// Microseconds that an operation on each of some originals takes, on average of a round through
+/// them; of the best round in some tenths of a second. `copy` makes what it works on.
+template <typename Originals, typename Copy, typename Operation>
+double BestTime(const Originals& originals, const Copy& copy, const Operation& operation) {
     constexpr double kLongest = 0.4;
     double best = std::numeric_limits<double>::infinity();
     double total = 0.0;
     for (int round = 0; round < 3 || (total < kLongest && round < 20000); ++round) {
-        auto work = prepare();
-        const double start = ProcessorTime();
-        operation(work);
-        const double taken = ProcessorTime() - start;
+        double taken = 0.0;
+        for (const auto& original : originals) {
+            auto work = copy(original);
+            const double start = ProcessorTime();
+            operation(work);
+            taken += ProcessorTime() - start;
+        }
         best = std::min(best, taken);
         total += taken;
     }
-    return best * 1e6;
+    return best * 1e6 / static_cast<double>(originals.size());
 }
 
 void Write(const std::string& path, const std::string& text) {
@@ -63,18 +67,22 @@ void Write(const std::string& path, const std::string& text) {
     }
 }
 
-double TimeOfGathering(const TestMember& original) {
-    return BestTime([&] { return original; },
-                    [](TestMember& member) { member.GetAndSortHolesNotches(); });
+double TimeOfGathering(const std::vector<TestMember>& members) {
+    return BestTime(
+        members,
+        [](const TestMember& member) { return member; },
+        [](TestMember& member) { member.GetAndSortHolesNotches(); });
 }
 
 double TimeOfPlainGathering(const TestMember& original) {
     const ZetArray<ZetNCHoleData> holes = original.m_structure.getViews().first().getHoles();
-    return BestTime([] { return PlainMember(); },
-                    [&](PlainMember& member) {
-                        member.TakeHoles(holes, CViewData());
-                        member.Finish();
-                    });
+    return BestTime(
+        std::array{0},
+        [](int) { return PlainMember(); },
+        [&](PlainMember& member) {
+            member.TakeHoles(holes, CViewData());
+            member.Finish();
+        });
 }
 
 /// By how much the logarithm of the time grows with that of the number, between two points.
@@ -101,17 +109,27 @@ constexpr long kHoleCounts[] = {100, 1000, 10000, 100000};
 /// Plain loops take minutes beyond it.
 constexpr long kMaxPlainHoles = 10000;
 
+/// Members of one size, with as many holes in all as one of 10,000 has: what a processor learns of
+/// one small member, again and again, would flatter the small ones.
+std::vector<TestMember> MembersOf(const Arrangement& arrangement, long count) {
+    std::vector<TestMember> members;
+    for (long holes = 0; holes < 10000; holes += count)
+        members.push_back(MemberWith(arrangement.make(count)));
+    return members;
+}
+
 /// Prints the row of an arrangement and returns the lines of its times.
 std::pair<ChartLine, ChartLine> MeasureGathering(const Arrangement& arrangement) {
     ChartLine library = {arrangement.name, {}};
     ChartLine plain = {std::string(arrangement.name) + ", plain loops", {}};
     std::printf("| %s |", arrangement.name);
     for (const long count : kHoleCounts) {
-        const TestMember member = MemberWith(arrangement.make(count));
-        library.points.push_back({static_cast<double>(count), TimeOfGathering(member)});
+        const std::vector<TestMember> members = MembersOf(arrangement, count);
+        library.points.push_back({static_cast<double>(count), TimeOfGathering(members)});
         std::printf(" %.4g |", library.points.back().second);
         if (count <= kMaxPlainHoles)
-            plain.points.push_back({static_cast<double>(count), TimeOfPlainGathering(member)});
+            plain.points.push_back(
+                {static_cast<double>(count), TimeOfPlainGathering(members.front())});
     }
     const double times = plain.points.back().second / library.points[2].second;
     std::printf(" %.2f | %.2f | %.0f |\n",
@@ -135,15 +153,23 @@ void MeasureGatherings(const std::string& folder) {
           LogChart("Gathering the holes of a member, microseconds", "holes of the member", lines));
 }
 
+/// Of an operation that is too short to ask the clock before and after it.
+template <typename Operation>
+double BestTimeOfShort(const Operation& operation) {
+    constexpr int kRepeats = 20;
+    const auto repeat = [&](int) {
+        for (int i = 0; i < kRepeats; ++i)
+            operation();
+    };
+    return BestTime(
+               std::array{0}, [](int) { return 0; }, repeat) /
+           kRepeats;
+}
+
 double TimeOfPieces(const OutlinePoints& points) {
     const ZetGeomAugPolygon outline(points, 1e-6);
-    constexpr int kRepeats = 20;
-    return BestTime([] { return 0; },
-                    [&](int) {
-                        for (int i = 0; i < kRepeats; ++i)
-                            theResult = outline.getMinRectangle().subtract(outline, -0.05).length();
-                    }) /
-           kRepeats;
+    return BestTimeOfShort(
+        [&] { theResult = outline.getMinRectangle().subtract(outline, -0.05).length(); });
 }
 
 #ifdef CAMDATA_BENCH_CLIPPER
@@ -175,22 +201,21 @@ ClipperLib::Path BoxOf(const ClipperLib::Path& path) {
 /// The same from the outline's points to points of pieces; of a turned outline the upright
 /// rectangle, as Clipper looks for no other.
 double TimeOfClipper(const OutlinePoints& points) {
-    return BestTime([] { return 0; },
-                    [&](int) {
-                        const ClipperLib::Path path = PathOf(points);
-                        ClipperLib::Clipper clipper;
-                        clipper.AddPath(BoxOf(path), ClipperLib::ptSubject, true);
-                        clipper.AddPath(path, ClipperLib::ptClip, true);
-                        ClipperLib::Paths pieces;
-                        clipper.Execute(ClipperLib::ctDifference, pieces);
-                        for (const ClipperLib::Path& piece : pieces) {
-                            OutlinePoints found;
-                            for (const ClipperLib::IntPoint& p : piece)
-                                found.append({static_cast<double>(p.X) / kUnitsPerMm,
-                                              static_cast<double>(p.Y) / kUnitsPerMm});
-                            theResult = found.length();
-                        }
-                    });
+    return BestTimeOfShort([&] {
+        const ClipperLib::Path path = PathOf(points);
+        ClipperLib::Clipper clipper;
+        clipper.AddPath(BoxOf(path), ClipperLib::ptSubject, true);
+        clipper.AddPath(path, ClipperLib::ptClip, true);
+        ClipperLib::Paths pieces;
+        clipper.Execute(ClipperLib::ctDifference, pieces);
+        for (const ClipperLib::Path& piece : pieces) {
+            OutlinePoints found;
+            for (const ClipperLib::IntPoint& p : piece)
+                found.append({static_cast<double>(p.X) / kUnitsPerMm,
+                              static_cast<double>(p.Y) / kUnitsPerMm});
+            theResult = found.length();
+        }
+    });
 }
 
 #endif
