@@ -88,4 +88,12 @@ void OrderedWork::Release() {
         m_hasRoom.notify_all();
 }
 
+void DoAll(const std::vector<std::function<void()>>& pieces, unsigned threads) {
+    OrderedWork work(pieces.size(), threads, [&](std::size_t piece) { pieces[piece](); });
+    for (std::size_t i = 0; i < pieces.size(); ++i) {
+        work.Await();
+        work.Release();
+    }
+}
+
 }  // namespace threads

@@ -88,4 +88,8 @@ class ResultsInOrder {
     OrderedWork m_work;  ///< ends before what it works with
 };
 
+/// Does pieces of work that know nothing of each other, in several threads where there are any.
+/// Throws what the first of them has thrown.
+void DoAll(const std::vector<std::function<void()>>& pieces, unsigned threads);
+
 }  // namespace threads

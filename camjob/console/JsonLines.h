@@ -9,14 +9,15 @@
 
 namespace camjob {
 
-/// A document in the making: each field begins a line, and so does each item of a list, and goes
-/// out at once. Of a big job it is never in memory as a whole.
+/// A document in the making: each field begins a line, and so does each item of a list. Of a big
+/// job it is never in memory as a whole.
 ///
-/// When the memory ends, the same fields can be added once more: those that are out are passed
-/// over, and a list that was begun ends.
+/// When the memory ends, the same fields can be added once more to one whose lines go out at once:
+/// those that are out are passed over, and a list that was begun ends.
 class JsonLines {
   public:
-    explicit JsonLines(OutputStream& out) : m_out(&out) {}
+    JsonLines(OutputStream& out, bool goesOutAtOnce)
+        : m_out(&out), m_goesOutAtOnce(goesOutAtOnce) {}
 
     void Begin() { m_field = 0; }
     /// What is still to be added goes there.
@@ -47,7 +48,8 @@ class JsonLines {
     }
     void Put(const std::string& text) {
         m_out->Write(text);
-        m_out->Flush();
+        if (m_goesOutAtOnce)
+            m_out->Flush();
     }
     void FinishField(const std::string& text) {
         Put(text);
@@ -56,6 +58,7 @@ class JsonLines {
     }
 
     OutputStream* m_out;
+    bool m_goesOutAtOnce;
     std::size_t m_field = 0;  ///< the next one to be added
     std::size_t m_done = 0;   ///< fields that are out
     bool m_isListOpen = false;

@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <string>
+#include <string_view>
 #include <utility>
 
 namespace camjob {
@@ -19,6 +20,9 @@ bool IsEscaped(wchar_t c) {
 }  // namespace
 
 std::string Printable(const ZetString& text) {
+    const std::wstring_view characters = text.view();
+    if (std::none_of(characters.begin(), characters.end(), IsEscaped))
+        return text.toUtf8();
     std::wstring shown;
     for (const wchar_t c : text.view()) {
         if (IsEscaped(c))
@@ -27,6 +31,13 @@ std::string Printable(const ZetString& text) {
             shown += c;
     }
     return ZetString(std::move(shown)).toUtf8();
+}
+
+ZetString PrintableText(const ZetString& text) {
+    const std::wstring_view characters = text.view();
+    const auto isPlain = [](wchar_t c) { return (c >= L' ' && c <= L'~') || c == L'\n'; };
+    const bool standsAsItIs = std::all_of(characters.begin(), characters.end(), isPlain);
+    return standsAsItIs ? text : ZetString::fromUtf8(Printable(text));
 }
 
 ZetString OneLine(const ZetString& text) {

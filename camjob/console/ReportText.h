@@ -13,6 +13,8 @@ namespace camjob {
 /// UTF-8 that a terminal can take: what a file holds must not steer it. Control characters but line
 /// ends, those that turn the direction of a text and line separators show as "\u001B".
 std::string Printable(const ZetString& text);
+/// The same as wide text.
+ZetString PrintableText(const ZetString& text);
 /// A file's name may hold line ends, which must not look like lines of the report.
 ZetString OneLine(const ZetString& text);
 /// One decimal, and no sign before zero.

@@ -6,8 +6,8 @@
 namespace camjob {
 
 void WriteText(OutputStream& stream, const ZetString& text) {
-    const ZetString printable = ZetString::fromUtf8(Printable(text));
-    stream.Write(Coloured(Fitted(printable, stream.GetTerminal().width).toUtf8()));
+    const ZetString fitted = Fitted(PrintableText(text), stream.GetTerminal().width);
+    stream.Write(Coloured(fitted.toUtf8()));
 }
 
 void WriteLine(OutputStream& stream, const ZetString& text, Tone tone) {

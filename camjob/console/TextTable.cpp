@@ -44,7 +44,7 @@ TextTable::TextTable(std::vector<Column> columns)
 /// Characters that a terminal does not take are as wide as what stands for them.
 void TextTable::AddRow(std::vector<ZetString> cells, Tone tone) {
     for (ZetString& cell : cells)
-        cell = ZetString::fromUtf8(Printable(cell));
+        cell = PrintableText(cell);
     for (std::size_t i = 0; i < m_columns.size(); ++i)
         m_widths[i] = std::max(m_widths[i], DisplayedLength(cells[i]));
     m_rows.push_back({std::move(cells), tone});

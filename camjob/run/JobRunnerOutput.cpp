@@ -5,10 +5,14 @@
 #include "camjob/run/RunJson.h"
 #include "job/FileNames.h"
 #include "job/SystemError.h"
+#include "threads/OrderedWork.h"
 
+#include <functional>
+#include <optional>
 #include <system_error>
 #include <utility>
 #include <variant>
+#include <vector>
 
 // What a run does with its members when they are judged.
 
@@ -169,19 +173,28 @@ bool JobRunner::Compare(plugin::JobRun& run) {
     return true;
 }
 
-/// The document before the page: it tells neither its own size nor that of the page, which has the
-/// date.
+/// The document is whole before the page is written: it tells neither its own size nor that of the
+/// page, which has the date.
 bool JobRunner::WriteReports(plugin::JobRun& run, const fs::path& staging) {
     const auto writeDocument = [&](OutputStream& out) {
         RunJsonWriter(RunJsonWriter::Form::kDocument, out, m_options.threads).Write(m_report);
     };
-    const auto writePage = [&](OutputStream& out) {
-        out.Write(MakeReportPage(m_report, m_job, run.GetProjectInfo()));
-    };
-    return (!m_job.reports.hasRunDocument ||
-            WriteReport(staging / NameOf(run, job::kRunDocumentEnding), writeDocument)) &&
-           (!m_job.reports.hasPage ||
-            WriteReport(staging / NameOf(run, job::kPageEnding), writePage));
+    bool isDocumentWritten = true;
+    std::optional<ReportPage> page;
+    std::vector<std::function<void()>> pieces;
+    if (m_job.reports.hasRunDocument)
+        pieces.emplace_back([&] {
+            isDocumentWritten =
+                WriteReport(staging / NameOf(run, job::kRunDocumentEnding), writeDocument);
+        });
+    if (m_job.reports.hasPage) {
+        page.emplace(m_report, m_job, run.GetProjectInfo());
+        pieces.emplace_back([&] { page->AddMembers(); });
+    }
+    threads::DoAll(pieces, m_options.threads);
+    return isDocumentWritten &&
+           (!page || WriteReport(staging / NameOf(run, job::kPageEnding),
+                                 [&](OutputStream& out) { page->Write(out); }));
 }
 
 bool JobRunner::WriteReport(const fs::path& staged,

@@ -7,7 +7,6 @@
 #include <array>
 #include <iterator>
 #include <string_view>
-#include <unordered_map>
 #include <vector>
 
 namespace camjob {
@@ -67,13 +66,28 @@ bool HasAccount(const report::DrawnFeature& feature) {
            feature.kind != report::FeatureKind::kMitre;
 }
 
-/// Features of a member's drawing by their line.
-using DrawnByLine = std::unordered_multimap<long, const report::DrawnFeature*>;
+/// Features of a member's drawing.
+using DrawnFeatures = std::vector<const report::DrawnFeature*>;
 
-DrawnByLine ByLine(const report::MemberDrawing& drawing) {
-    DrawnByLine drawn;
-    for (const report::DrawnFeature& feature : drawing.features)
-        drawn.insert({feature.line, &feature});
+struct IsOnLineBefore {
+    bool operator()(const report::DrawnFeature* a, const report::DrawnFeature* b) const {
+        return a->line < b->line;
+    }
+    bool operator()(const report::DrawnFeature* feature, long line) const {
+        return feature->line < line;
+    }
+    bool operator()(long line, const report::DrawnFeature* feature) const {
+        return line < feature->line;
+    }
+};
+
+/// By their line; of those in one line the last comes first.
+DrawnFeatures ByLine(const report::MemberDrawing& drawing) {
+    DrawnFeatures drawn;
+    drawn.reserve(drawing.features.size());
+    for (auto at = drawing.features.rbegin(); at != drawing.features.rend(); ++at)
+        drawn.push_back(&*at);
+    std::stable_sort(drawn.begin(), drawn.end(), IsOnLineBefore());
     return drawn;
 }
 
@@ -124,14 +138,12 @@ void SetDrawn(Object& object,
     SetIf(object, "text", drawn.text);
 }
 
-using DrawnParts = std::vector<const report::DrawnFeature*>;
-
 /// A feature with its account, and the parts of its drawing that it is.
 template <typename Object>
 JsonText FeatureText(const AccountedFeature& feature,
                      bool isMemberMade,
                      const report::MemberDrawing& drawing,
-                     const DrawnParts& parts) {
+                     const DrawnFeatures& parts) {
     const Account account = feature.Get(isMemberMade);
     Object object;
     // A round opening is a hole.
@@ -158,14 +170,17 @@ JsonText FeaturesJson(const RunReport& report, std::size_t index) {
     const RunMember& member = report.members[index];
     const bool isMade = member.result.IsMade();
     const report::MemberDrawing drawing = report.drawings.Get(index);
-    const DrawnByLine drawn = ByLine(drawing);
+    const DrawnFeatures drawn = ByLine(drawing);
+    DrawnFeatures parts;
+    DrawnFeatures others;
     JsonArray features;
     for (const AccountedFeature& feature : member.features) {
-        DrawnParts parts;
-        DrawnParts others;
-        const auto [begin, end] = drawn.equal_range(feature.line);
+        parts.clear();
+        others.clear();
+        const auto [begin, end] =
+            std::equal_range(drawn.begin(), drawn.end(), feature.line, IsOnLineBefore());
         for (auto at = begin; at != end; ++at)
-            (HasAccount(*at->second) ? parts : others).push_back(at->second);
+            (HasAccount(**at) ? parts : others).push_back(*at);
         const auto toText =
             parts.size() > 1 ? &FeatureText<VariableObject> : &FeatureText<JsonObject>;
         features.Add(toText(feature, isMade, drawing, parts));

@@ -411,38 +411,47 @@ report::PageMember PageMemberOf(const RunReport& report,
 
 }  // namespace
 
-std::string MakeReportPage(const RunReport& report,
-                           const job::Job& job,
-                           const CProjectInformation& project) {
-    report::RunPage page(report.drawings.GetTexts());
-    page.name = job.name.toUtf8();
-    page.project = ProjectFacts(project);
-    page.totals = Totals(report);
-    page.tables = {GroupTable(report),
-                   ProfileTable(report),
-                   FileTable(report),
-                   LeftOutTable(report, job),
-                   NoteTable(report),
-                   SettingTable(report)};
-    page.rules = RuleTables(job);
-    page.planTotals = PlanTotalsTable(report);
-    std::transform(
-        report.plans.begin(), report.plans.end(), std::back_inserter(page.plans), &PlanOf);
-    page.changes = ChangeTables(report);
+ReportPage::ReportPage(const RunReport& report,
+                       const job::Job& job,
+                       const CProjectInformation& project)
+    : m_report(report), m_job(job), m_project(project), m_page(report.drawings.GetTexts()) {}
+
+void ReportPage::AddMembers() {
     std::unordered_map<std::string, const MemberChange*> changeOfMark;
-    if (report.changes)
-        for (const MemberChange& change : report.changes->members)
+    if (m_report.changes)
+        for (const MemberChange& change : m_report.changes->members)
             changeOfMark.insert({change.mark, &change});
-    const std::vector<long> uncut = report.FindUncut();
-    NamesFromFolder names(job.file);
-    for (std::size_t i = 0; i < report.members.size(); ++i) {
-        report::PageMember member = PageMemberOf(report, i, uncut[i], job, names);
+    const std::vector<long> uncut = m_report.FindUncut();
+    NamesFromFolder names(m_job.file);
+    for (std::size_t i = 0; i < m_report.members.size(); ++i) {
+        report::PageMember member = PageMemberOf(m_report, i, uncut[i], m_job, names);
         const auto change = changeOfMark.find(member.mark);
         if (change != changeOfMark.end())
-            AddChanges(*change->second, report.drawings.Get(i), page, member);
-        page.AddMember(std::move(member));
+            AddChanges(*change->second, m_report.drawings.Get(i), m_page, member);
+        m_page.AddMember(std::move(member));
     }
-    return page.ToHtml();
+}
+
+void ReportPage::AddTables() {
+    m_page.name = m_job.name.toUtf8();
+    m_page.project = ProjectFacts(m_project);
+    m_page.totals = Totals(m_report);
+    m_page.tables = {GroupTable(m_report),
+                     ProfileTable(m_report),
+                     FileTable(m_report),
+                     LeftOutTable(m_report, m_job),
+                     NoteTable(m_report),
+                     SettingTable(m_report)};
+    m_page.rules = RuleTables(m_job);
+    m_page.planTotals = PlanTotalsTable(m_report);
+    std::transform(
+        m_report.plans.begin(), m_report.plans.end(), std::back_inserter(m_page.plans), &PlanOf);
+    m_page.changes = ChangeTables(m_report);
+}
+
+void ReportPage::Write(OutputStream& out) {
+    AddTables();
+    m_page.Write([&](std::string_view text) { out.Write(text); });
 }
 
 }  // namespace camjob

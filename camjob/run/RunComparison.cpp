@@ -81,6 +81,7 @@ using Positions = std::unordered_map<std::string, std::size_t>;
 
 std::optional<std::string> MarkOfLine(const RunReport& report,
                                       const Positions& positions,
+                                      NamesFromFolder& names,
                                       std::string_view line) {
     constexpr std::string_view kBeforeMark = "\"mark\":\"";
     const std::size_t begin = line.find(kBeforeMark);
@@ -91,7 +92,7 @@ std::optional<std::string> MarkOfLine(const RunReport& report,
     if (at == positions.end())
         return std::nullopt;
     const std::string& file = report.members[at->second].file.name;
-    const JsonText own = MemberJson(report, at->second, NameFromFolderOf(report.job, file));
+    const JsonText own = MemberJson(report, at->second, names.Of(file));
     return own.text == line ? std::optional(at->first) : std::nullopt;
 }
 
@@ -104,9 +105,10 @@ NewerOutput ToCompare(const RunReport& report) {
         output.marks.push_back(member.result.mark.toUtf8());
         positions.insert({output.marks.back(), positions.size()});
     }
-    output.markOfLine = [&report, positions](std::string_view line) {
-        return MarkOfLine(report, positions, line);
-    };
+    output.markOfLine =
+        [&report, positions, names = NamesFromFolder(report.job)](std::string_view line) mutable {
+            return MarkOfLine(report, positions, names, line);
+        };
     output.lookUp = [&report, positions = std::move(positions)](
                         const std::string& mark) -> std::optional<OutputMember> {
         const auto at = positions.find(mark);

@@ -103,7 +103,7 @@ JsonText EntriesJson(const plugin::ProfilePlan& plan) {
 
 }  // namespace
 
-Json RunJsonWriter::ToJson(const RunFault& fault) const {
+Json RunJsonWriter::ToJson(const RunFault& fault) {
     return {
         {"file",    NameOf(fault.file)                                                        },
         {"line",    fault.line                                                                },
@@ -112,7 +112,7 @@ Json RunJsonWriter::ToJson(const RunFault& fault) const {
     };
 }
 
-Json RunJsonWriter::ToJson(const RunNote& note) const {
+Json RunJsonWriter::ToJson(const RunNote& note) {
     const bool isWarning = note.note.severity == dstv::NcNote::Severity::kWarning;
     return {
         {"file",     NameOf(note.file)             },
@@ -122,7 +122,7 @@ Json RunJsonWriter::ToJson(const RunNote& note) const {
     };
 }
 
-Json RunJsonWriter::ToJson(const RunUnmadeFile& file) const {
+Json RunJsonWriter::ToJson(const RunUnmadeFile& file) {
     return {
         {"file",     NameOf(file.file)          },
         {"mark",     file.mark.toUtf8()         },
@@ -215,7 +215,7 @@ void RunJsonWriter::WriteHead() {
 }
 
 /// How the run ended comes last: until then the memory may end.
-std::string RunJsonWriter::EndText() const {
+std::string RunJsonWriter::EndText() {
     Json faults = Json::array();
     for (const RunFault& fault : m_report->faults)
         faults.push_back(ToJson(fault));
@@ -227,13 +227,11 @@ std::string RunJsonWriter::EndText() const {
 }
 
 /// Of their files.
-std::vector<std::string> RunJsonWriter::NamesOfMembers() const {
-    NamesFromFolder fromFolder(m_report->job);
+std::vector<std::string> RunJsonWriter::NamesOfMembers() {
     std::vector<std::string> names;
     names.reserve(m_report->members.size());
     for (const RunMember& member : m_report->members)
-        names.push_back(m_isDocument && !member.file.name.empty() ? fromFolder.Of(member.file.name)
-                                                                  : member.file.name);
+        names.push_back(NameOf(member.file.name));
     return names;
 }
 
@@ -247,6 +245,8 @@ void RunJsonWriter::AddMembers() {
 
 void RunJsonWriter::Write(const RunReport& report) {
     m_report = &report;
+    if (m_isDocument)
+        m_names.emplace(report.job);
     m_lines.Begin();
     WriteHead();
     AddList("leftOut", m_report->leftOut);

@@ -5,6 +5,7 @@
 #include "camjob/console/Paths.h"
 #include "camjob/run/RunReport.h"
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -22,7 +23,7 @@ class RunJsonWriter {
     };
     /// `threads` put members together.
     RunJsonWriter(Form form, OutputStream& out, unsigned threads = 1)
-        : m_isDocument(form == Form::kDocument), m_threads(threads), m_lines(out) {}
+        : m_isDocument(form == Form::kDocument), m_threads(threads), m_lines(out, !m_isDocument) {}
 
     /// When the memory ends on the way, a second call with a report of that ends the document.
     void Write(const RunReport& report);
@@ -30,19 +31,19 @@ class RunJsonWriter {
 
   private:
     void WriteHead();
-    std::vector<std::string> NamesOfMembers() const;
+    std::vector<std::string> NamesOfMembers();
     void AddMembers();
-    std::string EndText() const;
+    std::string EndText();
     /// An NC file.
-    std::string NameOf(const std::string& file) const {
-        return m_isDocument && !file.empty() ? NameFromFolderOf(m_report->job, file) : file;
+    std::string NameOf(const std::string& file) {
+        return m_isDocument && !file.empty() ? m_names->Of(file) : file;
     }
     static std::string WithoutFolder(const std::string& file) {
         return Utf8FromPath(PathFromUtf8(file).filename());
     }
-    Json ToJson(const RunFault& fault) const;
-    Json ToJson(const RunNote& note) const;
-    Json ToJson(const RunUnmadeFile& file) const;
+    Json ToJson(const RunFault& fault);
+    Json ToJson(const RunNote& note);
+    Json ToJson(const RunUnmadeFile& file);
     Json ToJson(const RunFile& file) const;
     static Json ToJson(const RunGroup& group);
     static Json ToJson(const plugin::ProfileResult& profile);
@@ -54,6 +55,7 @@ class RunJsonWriter {
     }
 
     const RunReport* m_report = nullptr;
+    std::optional<NamesFromFolder> m_names;
     bool m_isDocument;
     unsigned m_threads;
     JsonLines m_lines;

@@ -17,6 +17,7 @@ namespace {
 constexpr double kPercent = 100.0;
 constexpr double kMillimetresAMetre = 1000.0;
 constexpr std::size_t kUsualBar = 1000;
+constexpr std::size_t kUsualField = 32;
 
 using numbers::TextBuffer;
 
@@ -210,6 +211,12 @@ void AddField(TextBuffer& row, cutting::Length length) {
     row.Add(',');
 }
 
+std::string Field(cutting::Length length) {
+    TextBuffer field(kUsualField);
+    AddField(field, length);
+    return std::string(field.View());
+}
+
 /// The marks of all parts.
 std::vector<std::string> MarkFields(const ProfilePlan& plan) {
     std::vector<std::string> fields;
@@ -245,24 +252,23 @@ void CuttingTable::WriteRows(const ProfilePlan& plan, const ZetString& group, Ze
     BarWalk walk(plan);
     long bar = plan.firstBar;
     for (const cutting::PlannedBars& bars : plan.plan.bars) {
-        const cutting::Length stock = plan.cutStocks[bars.stock].length;
-        const char* const end = IsKept(plan, bars) ? "yes" : "no";
+        const std::string stock = Field(plan.cutStocks[bars.stock].length);
+        const std::string end =
+            Field(bars.offCut) + (IsKept(plan, bars) ? "yes" : "no") + job::kCsvLineEnd;
         for (cutting::Count i = 0; i < bars.bars; ++i, ++bar) {
             rows.Clear();
             for (const PieceOnBar& piece : walk.Next(bars)) {
                 rows.Add(begin);
                 rows.AddWhole(bar);
                 rows.Add(',');
-                AddField(rows, stock);
+                rows.Add(stock);
                 AddField(rows, piece.position);
                 rows.Add(marks[piece.part]);
                 rows.Add(',');
                 rows.AddWhole(piece.number);
                 rows.Add(',');
                 AddField(rows, piece.length);
-                AddField(rows, bars.offCut);
                 rows.Add(end);
-                rows.Add(job::kCsvLineEnd);
             }
             file.WriteUtf8(rows.View());
         }

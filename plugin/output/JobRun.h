@@ -209,15 +209,18 @@ class JobRun {
     void EndLines(const std::filesystem::path& folder);
     bool IsAnyGroupNested() const;
     void MakePlans();
+    unsigned ThreadsForMembers() const;
     /// Several threads may each make one.
-    ProfilePlan PlanFor(const std::vector<std::size_t>& members) const;
+    ProfilePlan PlanFor(const std::vector<std::size_t>& members, unsigned threads) const;
     void TakePlan(ProfilePlan plan);
-    void WriteCuttingList(const ZetString& name);
-    void WriteCuttingTable(const ZetString& name);
+    using FileFaults = ZetArray<FileFault>;
+    void WriteCuttingFiles(const ZetString& folder);
+    FileFaults WriteCuttingList(const ZetString& name) const;
+    FileFaults WriteCuttingTable(const ZetString& name) const;
     void WriteRemnants(const ZetString& name);
-    void WriteFile(const ZetString& name,
-                   const wchar_t* mode,
-                   const std::function<void(ZetFileAccess&)>& write);
+    static FileFaults WriteFile(const ZetString& name,
+                                const wchar_t* mode,
+                                const std::function<void(ZetFileAccess&)>& write);
 
     const job::Job& m_job;
     JudgingRules m_rules;

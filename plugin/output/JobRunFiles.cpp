@@ -67,10 +67,8 @@ bool JobRun::Write(const std::filesystem::path& folder, const CancelCheck& isCan
     // A wrong plan reaches no file.
     if (!m_planFaults.empty() || !m_formatConflicts.empty())
         return true;
-    if (IsAnyGroupNested()) {
-        WriteCuttingList(folderText + GetFileName(job::kCuttingListEnding));
-        WriteCuttingTable(folderText + GetFileName(job::kCuttingTableEnding));
-    }
+    if (IsAnyGroupNested())
+        WriteCuttingFiles(folderText);
     if (!m_job.cutting.remnants.empty())
         WriteRemnants(folderText + GetFileName(job::kRemnantsEnding));
     return true;
@@ -170,7 +168,8 @@ void JobRun::WriteTotals(const ZetString& folder) {
     for (const ProfileResult& profile : GetProfileResults())
         lines.append(line(job::EscapeControls(profile.profileName), profile.steel));
     const ZetString name = folder + GetFileName(m_job.files[job::kInfoFile].ending);
-    WriteFile(name, L"a", [&](ZetFileAccess& file) { CMxUtil::AsArrStrPrint(lines, &file); });
+    m_faults.appendAll(
+        WriteFile(name, L"a", [&](ZetFileAccess& file) { CMxUtil::AsArrStrPrint(lines, &file); }));
 }
 
 /// The library ends lines with LF: its files are changed when they are whole.

@@ -58,8 +58,10 @@ void JobRun::MakePlans() {
     for (const auto& [key, members] : together)
         profiles.push_back(&members);
     const unsigned atATime = m_bars.AreLimited() ? 1 : m_threads;
+    // A single profile is shared out itself.
+    const unsigned forEach = profiles.size() == 1 ? ThreadsForMembers() : 1;
     threads::ResultsInOrder<ProfilePlan> plans(
-        profiles.size(), atATime, [&](std::size_t i) { return PlanFor(*profiles[i]); });
+        profiles.size(), atATime, [&](std::size_t i) { return PlanFor(*profiles[i], forEach); });
     for (std::size_t i = 0; i < profiles.size(); ++i)
         TakePlan(plans.Next());
 }
@@ -76,7 +78,13 @@ void JobRun::TakePlan(ProfilePlan plan) {
     m_plans.push_back(std::move(plan));
 }
 
-ProfilePlan JobRun::PlanFor(const std::vector<std::size_t>& members) const {
+/// Of what takes little time for each member: a few are done sooner than a thread is started.
+unsigned JobRun::ThreadsForMembers() const {
+    constexpr std::size_t kWorthAThread = 500;
+    return m_written.size() < kWorthAThread ? 1 : m_threads;
+}
+
+ProfilePlan JobRun::PlanFor(const std::vector<std::size_t>& members, unsigned threads) const {
     Member& first = *m_members[members.front()];
     PartsOfProfile parts;
     parts.group = first.GetGroupPosition();
@@ -99,29 +107,45 @@ ProfilePlan JobRun::PlanFor(const std::vector<std::size_t>& members) const {
         std::move(parts),
         PlanOf(m_job, together),
         std::move(stocks),
-        {m_planner, [&](ZetArray<CMxParts> pieces) { return first.MakeNests(std::move(pieces)); }});
+        {m_planner, [&](ZetArray<CMxParts> pieces) { return first.MakeNests(std::move(pieces)); }},
+        threads);
 }
 
-void JobRun::WriteFile(const ZetString& name,
-                       const wchar_t* mode,
-                       const std::function<void(ZetFileAccess&)>& write) {
+JobRun::FileFaults JobRun::WriteFile(const ZetString& name,
+                                     const wchar_t* mode,
+                                     const std::function<void(ZetFileAccess&)>& write) {
     ZetFileAccess file;
     file.Open(name, mode);
     write(file);
     file.Close();
-    if (file.GetFault())
-        m_faults.append({name, file.GetFault()->operation, file.GetFault()->systemError});
+    if (!file.GetFault())
+        return {};
+    return {
+        {name, file.GetFault()->operation, file.GetFault()->systemError}
+    };
 }
 
-void JobRun::WriteCuttingList(const ZetString& name) {
-    WriteFile(name, L"w", [&](ZetFileAccess& file) {
+void JobRun::WriteCuttingFiles(const ZetString& folder) {
+    const ZetString list = folder + GetFileName(job::kCuttingListEnding);
+    const ZetString table = folder + GetFileName(job::kCuttingTableEnding);
+    FileFaults ofList;
+    FileFaults ofTable;
+    threads::DoAll(
+        {[&] { ofTable = WriteCuttingTable(table); }, [&] { ofList = WriteCuttingList(list); }},
+        ThreadsForMembers());
+    m_faults.appendAll(ofList);
+    m_faults.appendAll(ofTable);
+}
+
+JobRun::FileFaults JobRun::WriteCuttingList(const ZetString& name) const {
+    return WriteFile(name, L"w", [&](ZetFileAccess& file) {
         for (const ProfilePlan& plan : m_plans)
             plugin::WriteCuttingList(plan, m_job.groups[plan.group].id, file);
     });
 }
 
-void JobRun::WriteCuttingTable(const ZetString& name) {
-    WriteFile(name, L"w", [&](ZetFileAccess& file) {
+JobRun::FileFaults JobRun::WriteCuttingTable(const ZetString& name) const {
+    return WriteFile(name, L"w", [&](ZetFileAccess& file) {
         file.WriteUtf8(CuttingTable::MakeHead());
         for (const ProfilePlan& plan : m_plans)
             CuttingTable::WriteRows(plan, m_job.groups[plan.group].id, file);
@@ -129,9 +153,9 @@ void JobRun::WriteCuttingTable(const ZetString& name) {
 }
 
 void JobRun::WriteRemnants(const ZetString& name) {
-    WriteFile(name, L"w", [&](ZetFileAccess& file) {
+    m_faults.appendAll(WriteFile(name, L"w", [&](ZetFileAccess& file) {
         file.WriteUtf8(job::MakeRemnantTable(m_bars.GetRemnants()));
-    });
+    }));
 }
 
 /// The library knows nothing but lengths, and one of them only.

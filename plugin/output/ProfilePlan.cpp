@@ -1,5 +1,7 @@
 #include "plugin/output/ProfilePlan.h"
 
+#include "threads/OrderedWork.h"
+
 #include "camdata/nesting/NestPieces.h"
 
 #include <algorithm>
@@ -100,6 +102,7 @@ std::optional<cutting::Cost> CostOfAll(const cutting::Plan& plan) {
     return plan.uncut.empty() ? std::optional(plan.cost) : std::nullopt;
 }
 
+/// All of it but its bound.
 cutting::Plan MakeGivenPlan(const ProfilePlan& plan, const NestMaker& makeNests) {
     cutting::Plan given;
     std::map<std::vector<cutting::Cut>, std::size_t> known;
@@ -113,7 +116,6 @@ cutting::Plan MakeGivenPlan(const ProfilePlan& plan, const NestMaker& makeNests)
         else
             given.bars[at->second].bars += bars.bars;
     }
-    given.bound = cutting::FindCostBound(plan.demand, plan.cutStocks, plan.firstFit);
     given.uncut = cutting::FindTooLong(plan.demand, plan.cutStocks);
     return given;
 }
@@ -140,7 +142,8 @@ ProfilePlan MakeProfilePlan(const job::Job& job,
                             PartsOfProfile parts,
                             job::BarPlan kind,
                             std::vector<BarStock> stocks,
-                            const PlanMakers& makers) {
+                            const PlanMakers& makers,
+                            unsigned threads) {
     ProfilePlan plan;
     static_cast<PartsOfProfile&>(plan) = std::move(parts);
     plan.kind = kind;
@@ -148,12 +151,17 @@ ProfilePlan MakeProfilePlan(const job::Job& job,
     plan.unit = UnitOf(plan.stocks);
     for (const BarStock& stock : plan.stocks)
         plan.cutStocks.push_back(StockOf(stock, plan.unit));
-    plan.firstFit = cutting::FindFirstFitCost(plan.demand, plan.cutStocks);
-    plan.given = cutting::CostFromShortest(plan.demand, plan.cutStocks);
+    const auto findFirstFit = [&] {
+        plan.firstFit = cutting::FindFirstFitCost(plan.demand, plan.cutStocks);
+    };
     if (plan.kind == job::BarPlan::kLeast) {
+        findFirstFit();
+        plan.given = cutting::CostFromShortest(plan.demand, plan.cutStocks);
         plan.plan = makers.least(plan.demand, plan.cutStocks, job.cutting.effort * kStepsOfEffort);
     } else {
-        plan.plan = MakeGivenPlan(plan, makers.given);
+        threads::DoAll({[&] { plan.plan = MakeGivenPlan(plan, makers.given); }, findFirstFit},
+                       threads);
+        plan.plan.bound = cutting::FindCostBound(plan.demand, plan.cutStocks, plan.firstFit);
         plan.given = CostOfAll(plan.plan);
     }
     return plan;

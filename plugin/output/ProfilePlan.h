@@ -66,12 +66,13 @@ struct PlanMakers {
     NestMaker given;
 };
 
-/// The plan of this kind from these bars, as the job asks for it.
+/// The plan of this kind from these bars, as the job asks for it; `threads` may share its making.
 ProfilePlan MakeProfilePlan(const job::Job& job,
                             PartsOfProfile parts,
                             job::BarPlan kind,
                             std::vector<BarStock> stocks,
-                            const PlanMakers& makers);
+                            const PlanMakers& makers,
+                            unsigned threads = 1);
 
 /// A length in 0.001 mm; pieces are rounded up.
 cutting::Length PieceLength(double length);

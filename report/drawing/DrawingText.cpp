@@ -2,7 +2,10 @@
 
 #include "numbers/FixedDecimals.h"
 
+#include <algorithm>
+#include <array>
 #include <cmath>
+#include <cstddef>
 
 namespace report {
 
@@ -30,6 +33,18 @@ std::string_view EscapeOf(char character) {
     }
 }
 
+/// By character: whether it stands in a document as it is, whatever is before it.
+constexpr auto kIsPlain = [] {
+    std::array<bool, 256> isPlain{};
+    for (std::size_t c = 0x20; c < isPlain.size(); ++c)
+        isPlain[c] = c != '&' && c != '<' && c != '>' && c != '"' && c != 0xBE && c != 0xBF;
+    return isPlain;
+}();
+
+bool IsPlain(char character) {
+    return kIsPlain[static_cast<unsigned char>(character)];
+}
+
 /// Whether a text ends with U+FFFE or U+FFFF, which XML documents must not have.
 bool IsNoCharacter(std::string_view text) {
     return text.ends_with("\xEF\xBF\xBE") || text.ends_with("\xEF\xBF\xBF");
@@ -50,12 +65,17 @@ void AppendNumber(std::string& text, double value, int decimals) {
 std::string Escaped(std::string_view text) {
     std::string escaped;
     escaped.reserve(text.size());
-    for (std::size_t at = 0; at < text.size(); ++at) {
-        const std::string_view escape = EscapeOf(text[at]);
+    for (auto at = text.begin(); at != text.end();) {
+        const auto end = std::find_if_not(at, text.end(), IsPlain);
+        escaped.append(at, end);
+        if (end == text.end())
+            break;
+        at = end + 1;
+        const std::string_view escape = EscapeOf(*end);
         if (!escape.empty())
             escaped += escape;
         else
-            escaped += IsNoCharacter(text.substr(0, at + 1)) ? kReplacement.back() : text[at];
+            escaped += IsNoCharacter({text.begin(), at}) ? kReplacement.back() : *end;
     }
     return escaped;
 }

@@ -2,6 +2,7 @@
 
 #include "report/drawing/DrawingText.h"
 
+#include <algorithm>
 #include <array>
 #include <charconv>
 #include <concepts>
@@ -188,13 +189,19 @@ std::string SharedTexts::ToJson() const {
 std::string JsonText(std::string_view text) {
     constexpr std::string_view kDigits = "0123456789abcdef";
     std::string json = "\"";
-    for (const char character : text) {
-        const auto byte = static_cast<unsigned char>(character);
+    const auto isPlain = [](char character) {
         // "<" would let "</script>" end the page.
-        if (byte < 0x20 || character == '<' || character == '"' || character == '\\')
-            Append(json, "\\u00", std::string{kDigits[byte >> 4], kDigits[byte & 0xFu]});
-        else
-            json += character;
+        return static_cast<unsigned char>(character) >= 0x20 && character != '<' &&
+               character != '"' && character != '\\';
+    };
+    for (auto at = text.begin(); at != text.end(); ++at) {
+        const auto end = std::find_if_not(at, text.end(), isPlain);
+        json.append(at, end);
+        at = end;
+        if (at == text.end())
+            break;
+        const auto byte = static_cast<unsigned char>(*at);
+        Append(json, "\\u00", std::string{kDigits[byte >> 4], kDigits[byte & 0xFu]});
     }
     return json + "\"";
 }

@@ -10,15 +10,14 @@ std::string Element(std::string_view name, std::string_view text) {
     return html;
 }
 
-std::string Filled(std::string_view pattern, const std::map<std::string, std::string>& values) {
-    std::string text;
+void Fill(std::string_view pattern, const Values& values, const Sink& sink) {
     for (;;) {
         const std::size_t start = pattern.find("{{");
         const std::size_t end = pattern.find("}}", start);
+        sink(pattern.substr(0, end == std::string_view::npos ? end : start));
         if (end == std::string_view::npos)
-            return text.append(pattern);
-        text.append(pattern.substr(0, start));
-        text.append(values.at(std::string(pattern.substr(start + 2, end - start - 2))));
+            return;
+        values.at(pattern.substr(start + 2, end - start - 2))();
         pattern.remove_prefix(end + 2);
     }
 }

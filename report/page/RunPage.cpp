@@ -227,31 +227,40 @@ std::string RunPage::FaultyHtml() const {
     return html;
 }
 
-std::string RunPage::ToHtml() const {
-    std::string data = "{\"texts\":" + m_texts.ToJson() + ",\n\"members\":[";
-    for (std::size_t i = 0; i < m_members.size(); ++i)
-        Append(data, i == 0 ? "\n" : ",\n", m_members[i]);
-    data += "]}";
-    const std::string undrawn =
-        m_undrawn == 0 ? ""
-                       : "<p>" + std::to_string(m_undrawn) +
-                             " members in order are not drawn: the page would be too large.</p>";
-    return Filled(
-        kPageTemplate,
-        {
-            {"title",   Escaped(name)                                       },
-            {"style",   std::string(kDrawingStyle) + std::string(kPageStyle)},
-            {"project", FactsHtml(project)                                  },
-            {"verdict", VerdictHtml()                                       },
-            {"totals",  FactsHtml(totals)                                   },
-            {"changes", TablesHtml(changes)                                 },
-            {"faulty",  FaultyHtml() + undrawn                              },
-            {"plans",   PlansHtml(plans,                                      planTotals)},
-            {"tables",         TablesHtml(tables) + RulesHtml(rules)                                                     },
-            {"data",         data  },
-            {"script",
-             std::string(kDrawingScript) + std::string(kTableScript) + std::string(kPageScript)                                                   },
-    });
+std::string RunPage::UndrawnHtml() const {
+    return m_undrawn == 0 ? ""
+                          : "<p>" + std::to_string(m_undrawn) +
+                                " members in order are not drawn: the page would be too large.</p>";
+}
+
+void RunPage::WriteData(const Sink& sink) const {
+    sink("{\"texts\":");
+    sink(m_texts.ToJson());
+    sink(",\n\"members\":[");
+    for (std::size_t i = 0; i < m_members.size(); ++i) {
+        sink(i == 0 ? "\n" : ",\n");
+        sink(m_members[i]);
+    }
+    sink("]}");
+}
+
+void RunPage::Write(const Sink& sink) const {
+    const auto writeAll = [&](const auto&... texts) { (sink(texts), ...); };
+    Fill(kPageTemplate,
+         {
+             {"title",   [&] { sink(Escaped(name)); }                                },
+             {"style",   [&] { writeAll(kDrawingStyle, kPageStyle); }                },
+             {"project", [&] { sink(FactsHtml(project)); }                           },
+             {"verdict", [&] { sink(VerdictHtml()); }                                },
+             {"totals",  [&] { sink(FactsHtml(totals)); }                            },
+             {"changes", [&] { sink(TablesHtml(changes)); }                          },
+             {"faulty",  [&] { writeAll(FaultyHtml(), UndrawnHtml()); }              },
+             {"plans",   [&] { sink(PlansHtml(plans, planTotals)); }                 },
+             {"tables",  [&] { writeAll(TablesHtml(tables), RulesHtml(rules)); }     },
+             {"data",    [&] { WriteData(sink); }                                    },
+             {"script",  [&] { writeAll(kDrawingScript, kTableScript, kPageScript); }},
+    },
+         sink);
 }
 
 }  // namespace report

@@ -2,6 +2,7 @@
 
 #include "report/drawing/MemberDrawing.h"
 #include "report/page/CompactMember.h"
+#include "report/page/PageText.h"
 #include "report/page/PlanDrawing.h"
 
 #include <cstddef>
@@ -53,7 +54,8 @@ class RunPage {
     }
     /// One with pieces that have no bar is shown with a warning, but not counted as such.
     void AddMember(PageMember member);
-    std::string ToHtml() const;
+    /// As HTML.
+    void Write(const Sink& sink) const;
 
   private:
     /// A member with findings, for the list that needs no script.
@@ -63,7 +65,9 @@ class RunPage {
         std::vector<DrawnFinding> findings;
     };
 
+    void WriteData(const Sink& sink) const;
     std::string FaultyHtml() const;
+    std::string UndrawnHtml() const;
     std::string VerdictHtml() const;
 
     SharedTexts m_texts;
