@@ -163,9 +163,11 @@ char NcTokens::TakeThisLetterOf(std::string_view letters,
                                 const wchar_t* what,
                                 const wchar_t* expected) {
     const char letter = LowerCase(*m_at);
-    if (std::find(letters.begin(), letters.end(), letter) == letters.end())
-        FailFrom(m_at, what, expected);
-    return TakeThisLetter();
+    // Of so few letters quicker than std::find.
+    for (const char each : letters)
+        if (each == letter)
+            return TakeThisLetter();
+    FailFrom(m_at, what, expected);
 }
 
 char NcTokens::TakeSign() {

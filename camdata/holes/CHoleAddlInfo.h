@@ -140,7 +140,13 @@ class CAMDATA_API CHoleAddlInfo {
     ZetString GetHoleTypeForOutPut() const;
 
     /// Adds a code, which becomes the current one.
-    void SetHoleCode(ZetString code) { m_holeCodes.append(std::move(code)); }
+    void SetHoleCode(ZetString code) {
+        // Nearly all holes have one: room for that, not for several.
+        if (m_holeCodes.isEmpty())
+            m_holeCodes = {std::move(code)};
+        else
+            m_holeCodes.append(std::move(code));
+    }
     /// The current code, "" when there is none.
     ZetString GetHoleCode() const;
     /// Always "", on purpose: no hole knows the code of its pair.

@@ -45,5 +45,5 @@ class CAMDATA_API CHoleCode {
     long m_pairStatus = -1;
     /// True on purpose: a code that was never given values counts as non-standard.
     bool m_nonStd = true;
-    ZetString m_pairReplaceStr = L"y ";
+    ZetString m_pairReplaceStr{std::wstring_view(L"y ", 2)};
 };

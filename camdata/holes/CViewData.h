@@ -41,7 +41,7 @@ class CAMDATA_API CViewData {
     double GetYValOffset() const { return m_yValOffset; }
 
   private:
-    ZetString m_faceStr = L"NON";
+    ZetString m_faceStr{std::wstring_view(L"NON", 3)};
     double m_dimFromOtherFace = 1.0;
     double m_yNegate = 1.0;
     double m_xNegate = 1.0;

@@ -5,7 +5,9 @@
 #include "camdata/tolerance/CMxGeom.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
+#include <iterator>
 #include <set>
 #include <utility>
 
@@ -78,14 +80,15 @@ bool JobMember::IsMadeFromOtherSide(const CHoleAddlInfo& hole, const CHoleAddlIn
 
 /// Whether two views of one wall have holes. Without tags nobody can tell views.
 bool JobMember::HasHolesOnBothSides() const {
-    std::set<long> views;
+    std::array<bool, std::tuple_size_v<decltype(Judging::viewsOfWall)>> hasHoles{};
     for (const CHoleAddlInfo& hole : m_holes)
-        if (hole.GetHoleData().hostTag != 0)
-            views.insert(ViewOf(hole));
-    return std::any_of(views.begin(), views.end(), [&](long view) {
-        const WallViews ofWall = ViewsOfWall(static_cast<int>(view));
-        return ofWall[0] != ofWall[1] && views.count(ofWall[0]) > 0 && views.count(ofWall[1]) > 0;
-    });
+        if (const long view = ViewOf(hole); view >= 0 && view < std::ssize(hasHoles))
+            hasHoles[static_cast<std::size_t>(view)] |= hole.GetHoleData().hostTag != 0;
+    return std::any_of(
+        m_judging->viewsOfWall.begin(), m_judging->viewsOfWall.end(), [&](const WallViews& views) {
+            return views[0] != views[1] && hasHoles[static_cast<std::size_t>(views[0])] &&
+                   hasHoles[static_cast<std::size_t>(views[1])];
+        });
 }
 
 /// What another one is set aside for stays.

@@ -74,21 +74,19 @@ bool BeginsWithWord(std::wstring_view text, std::wstring_view word) {
 /// numbers are exact, so that their quotient is the nearest double.
 ParsedNumber ReadDecimal(std::wstring_view text) {
     std::uint64_t digits = 0;
-    std::size_t count = 0;
+    const auto takeDigits = [&](std::size_t at) {
+        for (; at < text.size() && text[at] >= L'0' && text[at] <= L'9'; ++at)
+            digits = digits * 10 + static_cast<std::uint64_t>(text[at] - L'0');
+        return at;
+    };
+    std::size_t length = takeDigits(0);
+    std::size_t count = length;
     std::size_t decimals = 0;
-    std::size_t length = 0;
-    bool hasPoint = false;
-    for (; length < text.size(); ++length) {
-        const wchar_t c = text[length];
-        if (c == L'.' && !hasPoint) {
-            hasPoint = true;
-        } else if (c >= L'0' && c <= L'9') {
-            digits = digits * 10 + static_cast<std::uint64_t>(c - L'0');
-            ++count;
-            decimals += hasPoint ? 1 : 0;
-        } else {
-            break;
-        }
+    if (length < text.size() && text[length] == L'.') {
+        const std::size_t behindPoint = length + 1;
+        length = takeDigits(behindPoint);
+        decimals = length - behindPoint;
+        count += decimals;
     }
     if (count == 0)
         return {};
