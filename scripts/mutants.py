@@ -6,7 +6,7 @@ copy of build/release for each of N jobs, and runs the tests, with their folders
 A fault is a comparison or a constant that is a little off, a condition turned round, "and" for "or", plus for minus,
 true for false, a statement that is missing, or two rows of a table that have changed places. Faults that the compiler
 refuses are passed over. A fault survives when all tests of all programs that could notice it pass, the quickest first.
-What survives is printed as it ends. mutants-equivalent.txt beside this script lists faults that change nothing anybody
+What is changed is compiled with the assertions of the standard library. What survives is printed as it ends. mutants-equivalent.txt beside this script lists faults that change nothing anybody
 can see, with the reason; they count for nothing.
 
 mutants.py --again FILE plants those that FILE, the output of an earlier run, tells have survived.
@@ -15,6 +15,7 @@ Ends with 1 where fewer than 95 in 100 die. Ctrl-C ends it with what it knows by
 
 import argparse
 import collections
+import contextlib
 import json
 import os
 import pathlib
@@ -188,9 +189,10 @@ class Tree:
         except subprocess.TimeoutExpired:
             return False
         finally:
-            if process.poll() is None:
+            # Also what it has left running: nothing of the tree may be in use when that changes.
+            with contextlib.suppress(ProcessLookupError):
                 os.killpg(process.pid, signal.SIGKILL)
-                process.wait()
+            process.wait()
 
     def passes(self, program):
         most = max(MOST_TIMES * self.usual[program], LEAST_SECONDS) if program in self.usual else None
@@ -205,12 +207,18 @@ class Tree:
         with tempfile.NamedTemporaryFile("w", suffix=".cpp", encoding="utf-8") as changed:
             changed.write(mutant.text())
             changed.flush()
-            compiles = self.run(row["command"].replace(f"-c {source}", f"-c {changed.name}") + " -O0 -Wno-error -Werror=return-type")
+            compiles = self.run(row["command"].replace(f"-c {source}", f"-c {changed.name}") +
+                                " -O0 -D_GLIBCXX_ASSERTIONS -Wno-error -Werror=return-type")
         try:
             return self.noticed(room, sound) if compiles else None
         finally:
             for name, content in sound.items():
-                (self.folder / name).write_bytes(content)
+                # Not into the file: a process that has just been killed may still have it.
+                file = self.folder / name
+                mode = file.stat().st_mode
+                file.unlink()
+                file.write_bytes(content)
+                file.chmod(mode)
 
     def noticed(self, room, sound):
         def link(target):
@@ -283,7 +291,7 @@ class Planting:
         self.tally = Tally()
         self.under_way = 0
         self.lock = threading.Condition()
-        self.is_stopped = False
+        self.is_stopped = self.has_failed = False
 
     def take(self):
         """None at the end. Waits for those under way: one that does not compile makes room for another."""
@@ -307,8 +315,12 @@ class Planting:
             self.lock.notify_all()
 
     def work(self, tree):
-        while mutant := self.take():
-            self.give_back(mutant, tree.fate(mutant))
+        try:
+            while mutant := self.take():
+                self.give_back(mutant, tree.fate(mutant))
+        except BaseException:
+            self.has_failed = True
+            raise
 
     def run(self, jobs):
         subprocess.run(["cmake", "--build", BUILT], check=True, stdout=subprocess.DEVNULL)
@@ -323,7 +335,7 @@ class Planting:
         except KeyboardInterrupt:
             self.is_stopped = True
             print("stopped")
-        return self.tally.report()
+        return self.tally.report() and not self.has_failed
 
 
 def main():

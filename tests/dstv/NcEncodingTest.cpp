@@ -30,6 +30,7 @@ TEST(NcEncoding, TheSameBytesInSeveral) {
         {"1\x80", "windows-1252", "1€"},
         {"1\xA4", "iso-8859-15", "1€"},
         {utf8, "auto", "Träger"},
+        {"\xE2\x82" "A", "auto", "â‚A"},
         {utf8, "utf-8", "Träger"},
         {utf8, "windows-1252", "TrÃ¤ger"},
         {"P1", "iso-8859-16", "P1"},
