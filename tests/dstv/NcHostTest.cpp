@@ -1,12 +1,17 @@
 #include "dstv/NcEntries.h"
 #include "dstv/NcHost.h"
 #include "dstv/NcSample.h"
+#include "support/Golden.h"
 
 #include "camdata/platform/host/HostPtr.h"
 #include "camdata/platform/host/IStructureObject.h"
 
+#include <algorithm>
 #include <cmath>
+#include <initializer_list>
+#include <iterator>
 #include <numbers>
+#include <random>
 #include <string>
 #include <utility>
 #include <vector>
@@ -211,6 +216,119 @@ TEST(NcHost, ARoundTubeHasItsMitreWhereItsSurfaceEndsInTheWave) {
         sample.webEndCut = "30";
         EXPECT_EQ(CutsIn(EntityOf(sample, blocks + " 0 549.779\n 0 0\nEN\n")), c.cuts);
     }
+}
+
+/// What the host offers of a part, a line each.
+std::string OfferedBy(const NcFileEntity& entity) {
+    std::string text = CutsIn(entity);
+    const auto numbers = [&](std::initializer_list<double> each) {
+        for (const double number : each)
+            text += ZetString::format(L" %.2f", number).toUtf8();
+    };
+    const auto line = [&](const std::string& what, std::initializer_list<double> each) {
+        text += what;
+        numbers(each);
+        text += "\n";
+    };
+    const auto contours = [&](const char* what, const ZetArray<ZetNCContour>& each) {
+        for (const ZetNCContour& contour : each) {
+            text += what;
+            for (long i = 0; i < contour.xValues.length(); ++i)
+                numbers({contour.xValues[i], contour.yValues[i]});
+            text += "\n";
+        }
+    };
+    const ZetNCStructure structure = entity.getNCStructure(0);
+    for (const ZetNCView& view : structure.getViews()) {
+        text += "view " + std::to_string(view.getViewPos()) + "\n";
+        for (const ZetNCHoleData& hole : view.getHoles())
+            line("hole", {hole.x, hole.y, hole.size, hole.slotLength, hole.slotAngle, hole.depth});
+        contours("outline", view.getExternalContours());
+        contours("opening", view.getInternalContours());
+        for (const ZetNCMark& mark : view.getMarks())
+            for (const ZetGeomPoint2d& point : mark.points)
+                line("mark", {point.x, point.y});
+        for (const ZetNCNumeration& number : view.getNumerations())
+            line("text", {number.x, number.y, number.angle});
+    }
+    return text;
+}
+
+/// Stands in a pattern for one of these.
+struct Choice {
+    char sign;
+    std::vector<const char*> texts;
+};
+
+/// Numbers on the limits of the reader's rules, and a little beside them.
+// clang-format off
+const std::vector<Choice> kChoices = {
+    {'@', {"v", "v", "o", "u", "h"}},
+    {':', {"u", "o", "s", " "}},
+    {'<', {"-1.1", "-1", "-0.5", "0", "0", "0", "0.5", "1", "175"}},
+    {'>', {"2825", "2999", "2999.5", "3000", "3000", "3000", "3000.5", "3000.6", "3001", "3001.1"}},
+    {'_', {"-1.1", "-1", "-0.6", "-0.5", "0", "0", "0", "0.5"}},
+    {'^', {"80", "81", "81", "81.5", "81.6", "82.1", "175", "175", "175.5", "175.6", "176", "176.1"}},
+    {'#', {" 0", " 0.01", " 5", " 18", " 18 4", "s18 4 0 0 90", "g18"}},
+    {'~', {"0", "0.01", "0.02", "20", "30"}},
+    {'%', {"0", "30", "-45", "90", "360"}},
+    {'!', {"0", "0", "0", "0", "0", "0", "0", "0", "0", "0", "0", "0.1", "30", "-45", "89", "89.1"}},
+    {'&', {" 0", " 0", "w 5", "t 5", " 0 20", " 0 45 4", " 2"}},
+    {'+', {" 0", " 49.98", " 49.97", " -50", " 90"}},
+    {'?', {"-1", "0", "0", "0.001", "0.1", "1", "57", "58"}},
+    {'*', {"81", "81.01", "81.2", "40"}},
+    {'$', {"SO", "SO", "B", "RO", "U", "L", "I"}},
+};
+// clang-format on
+/// What is in brackets comes again at "=".
+const char* const kBlocks[] = {
+    "BO\n @ <: _#\n @ >: ^#\n",
+    "BO\n @ >: _ 18 0l ~ ~ %\n @ <: ^ 5 4l ~ ~ %\n",
+    "AK\n @ (< _)\n > _\n > ^&\n < ^\n =\n",
+    "AK\n @ (< _)\n > _\n > ^\n < ^&\n =\n",
+    "IK\n @ (1500 _)+\n 1600 _\n 1600 ^\n =\n",
+    "SC\n > 0 0 1 ? ?\n < 0 0 -1 ? ?\n",
+    "PU\n @ <: _\n > ^\nSI\n @ >: ^ % 10 T\n",
+    "E1\n 0 0 81\n 100 0 *\n 0 100 *\nB1\n 50 _ 18\n",
+};
+
+std::string Filled(const std::string& pattern, std::mt19937_64& random) {
+    std::string text;
+    std::size_t begin = 0, end = 0;
+    for (const char c : pattern) {
+        const auto choice = std::find_if(
+            kChoices.begin(), kChoices.end(), [&](const Choice& each) { return each.sign == c; });
+        if (choice != kChoices.end())
+            text += choice->texts[random() % choice->texts.size()];
+        else if (c == '(')
+            begin = text.size();
+        else if (c == ')')
+            end = text.size();
+        else
+            text += c == '=' ? text.substr(begin, end - begin) : std::string(1, c);
+    }
+    return text;
+}
+
+TEST(NcHost, OffersTheSameOfFilesOnTheLimitsOfTheRules) {
+    std::mt19937_64 random(1);
+    std::string text;
+    for (int i = 0; i < 200; ++i) {
+        NcSample sample;
+        sample.code = Filled("$", random);
+        for (std::string* cut :
+             {&sample.webStartCut, &sample.webEndCut, &sample.flangeStartCut, &sample.flangeEndCut})
+            *cut = Filled("!", random);
+        std::string blocks;
+        for (int k = 0; k < 3; ++k)
+            blocks += Filled(kBlocks[random() % std::size(kBlocks)], random);
+        const std::string told = ToldOf(sample.With(blocks));
+        const bool isRead = told.find("refused") == std::string::npos;
+        text += "---- " + sample.code + " " + sample.webStartCut + " " + sample.webEndCut + " " +
+                sample.flangeStartCut + " " + sample.flangeEndCut + "\n" + blocks + "----\n" + told;
+        text += isRead ? OfferedBy(EntityOf(sample, blocks)) : "";
+    }
+    EXPECT_TRUE(MatchesGolden(DSTV_TEST_FOLDER "/golden", "boundaries", text));
 }
 
 /// Faces of a piece 175 high and 81 wide; on each a slot, a text and a mark at (100, 50) of its

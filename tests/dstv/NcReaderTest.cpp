@@ -115,29 +115,6 @@ std::vector<std::string> LinesOf(const std::string& text) {
     return lines;
 }
 
-/// The error, and those of its file behind it.
-std::vector<ZetString> ToldErrors(const dstv::NcError& error) {
-    std::vector<ZetString> lines = {error.describe()};
-    for (const dstv::NcError& further : error.further)
-        lines.push_back(further.describe());
-    return lines;
-}
-
-/// What the reader tells of a file: why it refuses it, or its notes.
-std::string ToldOf(const std::string& text) {
-    std::string lines;
-    const dstv::NcResult result = dstv::ParseNc(text, L"part.nc1");
-    if (const auto* error = std::get_if<dstv::NcError>(&result)) {
-        for (const ZetString& told : ToldErrors(*error))
-            lines += "refused " + told.toUtf8().substr(std::string("part.nc1:").size()) + "\n";
-        return lines;
-    }
-    for (const dstv::NcNote& note : ReadPart(text).notes)
-        lines += (note.severity == dstv::NcNote::Severity::kWarning ? "warning " : "note ") +
-                 std::to_string(note.line) + ": " + note.text.toUtf8() + "\n";
-    return lines;
-}
-
 /// A file of told-files.txt while it is read, and what is told of it.
 struct ToldFile {
     std::vector<std::string> header = LinesOf(NcSample().Header());
@@ -313,6 +290,7 @@ TEST(NcReader, RefusesMoreThanItsLimits) {
               "part.nc1:1000001: line \"EN\": expected at most 1000000 lines in one file");
     const std::string text = "SI\n  v 1 2 0 10 " + std::string(dstv::kMaxTextLength, 'T');
     EXPECT_EQ(ReadError(NcSample().With(text + "\n")), "read");
+    EXPECT_EQ(ReadError(NcSample().With(text.substr(0, text.size() - 1) + "\xC3\xA9\n")), "read");
     EXPECT_EQ(ReadError(NcSample().With(text + "T\n")),
               "part.nc1:27: text \"" + std::string(60, 'T') +
                   "...\": expected a text of at most 1000 characters");

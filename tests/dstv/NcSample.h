@@ -51,3 +51,26 @@ inline std::string ReadError(const std::string& text) {
     const auto* error = std::get_if<dstv::NcError>(&result);
     return error == nullptr ? "read" : error->describe().toUtf8();
 }
+
+/// The error, and those of its file behind it.
+inline std::vector<ZetString> ToldErrors(const dstv::NcError& error) {
+    std::vector<ZetString> lines = {error.describe()};
+    for (const dstv::NcError& further : error.further)
+        lines.push_back(further.describe());
+    return lines;
+}
+
+/// What the reader tells of a file: why it refuses it, or its notes.
+inline std::string ToldOf(const std::string& text) {
+    std::string lines;
+    const dstv::NcResult result = dstv::ParseNc(text, L"part.nc1");
+    if (const auto* error = std::get_if<dstv::NcError>(&result)) {
+        for (const ZetString& told : ToldErrors(*error))
+            lines += "refused " + told.toUtf8().substr(std::string("part.nc1:").size()) + "\n";
+        return lines;
+    }
+    for (const dstv::NcNote& note : ReadPart(text).notes)
+        lines += (note.severity == dstv::NcNote::Severity::kWarning ? "warning " : "note ") +
+                 std::to_string(note.line) + ": " + note.text.toUtf8() + "\n";
+    return lines;
+}

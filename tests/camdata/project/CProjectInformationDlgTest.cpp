@@ -176,6 +176,7 @@ TEST_P(CProjectInformationDlgTest, AtMostSixOutputFilesHaveARowAndTheLocationFol
         m_project.SetOutPuts(files);
         Show([count](DialogWindow& window) {
             const int rows = std::min(count, 6);
+            EXPECT_EQ(window.SelectedTab(kTabs), 0);
             EXPECT_EQ(window.Position(1102), (DialogRect{150, 65 + 25 * rows, 250, 20}));
             EXPECT_EQ(window.Position(1152), (DialogRect{20, 65 + 25 * rows, 125, 15}));
             for (int row = 0; row < 6; ++row)

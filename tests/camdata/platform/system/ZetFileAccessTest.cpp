@@ -96,6 +96,11 @@ TEST_F(ZetFileAccessTest, ReadsCharactersAcrossItsBufferAndBadBytes) {
 }
 
 TEST_F(ZetFileAccessTest, KeepsTheFirstFault) {
+    ZetFileAccess closed;
+    EXPECT_EQ(closed.ReadChar(), ZetFileAccess::kEndOfFile);
+    ASSERT_TRUE(closed.GetFault());
+    EXPECT_EQ(closed.GetFault()->operation, Operation::kRead);
+    EXPECT_EQ(closed.GetFault()->systemError, 0);
     ZetFileAccess file;
     EXPECT_FALSE(file.Write(L"nowhere"));
     ASSERT_TRUE(file.GetFault());
