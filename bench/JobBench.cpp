@@ -13,15 +13,18 @@
 #include <iterator>
 #include <stdexcept>
 #include <string>
+#include <thread>
 #include <unistd.h>
 #include <vector>
 
 // Whole jobs: `camjob run` as a process of its own, beside a floor: a process that opens, reads and
 // closes the same NC files, writes the same output bytes, flushes as often, and does nothing else.
 // Both run in turn, with a warm file cache; first without report page and run document, then with.
+// Then the same jobs with one thread and with one for each core, in turn.
 //
-// camdata_job_bench CAMJOB FOLDER [MEMBERS...] prints two tables, and draws members.svg in FOLDER,
-// where the jobs are made, too, about 1 KB per member. It is the caller's to remove.
+// camdata_job_bench CAMJOB FOLDER [MEMBERS...] prints four tables, and draws members.svg and
+// threads.svg in FOLDER, where the jobs are made, too, about 1 KB per member. It is the caller's to
+// remove.
 
 namespace {
 
@@ -30,7 +33,15 @@ namespace fs = std::filesystem;
 /// What camjob flushes besides the files of the output: folders, and the list of what it replaces.
 constexpr int kFurtherFlushes = 5;
 
-int RunCamjob(const std::string& camjob, const fs::path& job, const fs::path& out) {
+/// One for each core.
+std::string AllThreads() {
+    return std::to_string(std::max(std::thread::hardware_concurrency(), 1u));
+}
+
+int RunCamjob(const std::string& camjob,
+              const fs::path& job,
+              const fs::path& out,
+              const std::string& threads = AllThreads()) {
     const int null = open("/dev/null", O_WRONLY);
     dup2(null, STDOUT_FILENO);
     execl(camjob.c_str(),
@@ -39,6 +50,8 @@ int RunCamjob(const std::string& camjob, const fs::path& job, const fs::path& ou
           job.c_str(),
           "--out",
           out.c_str(),
+          "--threads",
+          threads.c_str(),
           static_cast<char*>(nullptr));
     return 1;
 }
@@ -116,10 +129,19 @@ Times TimesOf(const std::vector<Measured>& runs, long members) {
             MedianOf(runs, &Measured::processorSeconds) * perMember};
 }
 
-/// Lines of the chart: runs and floor.
+int RepeatsOf(long members) {
+    return members < 100000 ? 9 : 3;
+}
+
+/// Lines of a chart: of what is measured, and of what it is held against.
 struct Lines {
     ChartLine runs;
     ChartLine floor;
+
+    void Add(long members, double run, double other) {
+        runs.points.push_back({static_cast<double>(members), run});
+        floor.points.push_back({static_cast<double>(members), other});
+    }
 };
 
 void Bench(const std::string& camjob,
@@ -130,14 +152,13 @@ void Bench(const std::string& camjob,
     const fs::path job = folder / jobName;
     const fs::path out = folder / "out";
     const fs::path copy = folder / "copy";
-    const int repeats = members < 100000 ? 9 : 3;
     fs::remove_all(out);
     fs::create_directories(copy);
     RunChild([&] { return RunCamjob(camjob, job, out); });
     const std::vector<std::string> files = FilesIn(out);
     std::vector<Measured> runs;
     std::vector<Measured> floors;
-    for (int i = 0; i < repeats; ++i) {
+    for (int i = 0; i < RepeatsOf(members); ++i) {
         fs::remove_all(out);
         runs.push_back(RunChild([&] { return RunCamjob(camjob, job, out); }));
         floors.push_back(RunChild([&] { return ReadAndWrite(folder / "nc", copy, files); }));
@@ -156,34 +177,95 @@ void Bench(const std::string& camjob,
                 memory / 1024.0,
                 memory / static_cast<double>(members));
     std::fflush(stdout);
-    lines.runs.points.push_back({static_cast<double>(members), run.wall});
-    lines.floor.points.push_back({static_cast<double>(members), floor.wall});
+    lines.Add(members, run.wall, floor.wall);
 }
 
-void BenchAll(const std::string& camjob, const fs::path& folder, const std::vector<long>& sizes) {
-    Lines plain = {
-        {"camjob run, without page and run document", {}},
-        {"floor",                                     {}}
+/// The run with all threads, held against that with one.
+void BenchThreads(const std::string& camjob,
+                  const fs::path& folder,
+                  const std::string& jobName,
+                  long members,
+                  Lines& lines) {
+    const fs::path out = folder / "out";
+    const auto measure = [&](const std::string& threads) {
+        fs::remove_all(out);
+        return RunChild([&] { return RunCamjob(camjob, folder / jobName, out, threads); });
     };
-    Lines reported = {
-        {"camjob run, with both", {}},
-        {"floor of both",         {}}
-    };
+    std::vector<Measured> shared;
+    std::vector<Measured> alone;
+    for (int i = 0; i < RepeatsOf(members); ++i) {
+        shared.push_back(measure(AllThreads()));
+        alone.push_back(measure("1"));
+    }
+    const Times all = TimesOf(shared, members);
+    const Times one = TimesOf(alone, members);
+    std::printf("| %7ld | %8.1f | %8.1f | %5.2f | %8.1f | %8.1f | %5.2f |\n",
+                members,
+                one.wall,
+                all.wall,
+                one.wall / all.wall,
+                one.processor,
+                all.processor,
+                all.processor / one.processor);
+    std::fflush(stdout);
+    lines.Add(members, all.wall, one.wall);
+}
+
+using Measure = void (*)(const std::string& camjob,
+                         const fs::path& folder,
+                         const std::string& jobName,
+                         long members,
+                         Lines& lines);
+
+/// A table for each of the jobs, and a chart of both; `heads` are the columns.
+void BenchAll(const std::string& camjob,
+              const fs::path& folder,
+              const std::vector<long>& sizes,
+              const char* heads,
+              Measure measure,
+              Lines plain,
+              Lines reported,
+              const char* chart) {
     for (const auto& [name, lines] : {
              std::pair("job.toml", &plain), {"reports.toml", &reported}
     }) {
-        std::printf(
-            "\n%s, us per member\n\n"
-            "| members | wall | floor | ratio | processor | floor | ratio | peak MiB | "
-            "KiB/member |\n|---|---|---|---|---|---|---|---|---|\n",
-            lines->runs.name.c_str());
+        std::printf("\n%s, us per member\n\n%s", lines->runs.name.c_str(), heads);
         for (const long members : sizes)
-            Bench(camjob, folder / std::to_string(members), name, members, *lines);
+            measure(camjob, folder / std::to_string(members), name, members, *lines);
     }
-    std::ofstream(folder / "members.svg")
-        << LogChart("Wall time per member, microseconds",
-                    "members of the job",
-                    {plain.runs, plain.floor, reported.runs, reported.floor});
+    std::ofstream(folder / chart) << LogChart(
+        "Wall time per member, microseconds",
+        "members of the job",
+        {plain.runs, plain.floor, reported.runs, reported.floor});
+}
+
+void BenchJobs(const std::string& camjob, const fs::path& folder, const std::vector<long>& sizes) {
+    BenchAll(camjob,
+             folder,
+             sizes,
+             "| members | wall | floor | ratio | processor | floor | ratio | peak MiB | "
+             "KiB/member |\n|---|---|---|---|---|---|---|---|---|\n",
+             &Bench,
+             {
+                 {"camjob run, without page and run document", {}},
+                 {"floor",                                     {}}
+    },
+             {{"camjob run, with both", {}}, {"floor of both", {}}},
+             "members.svg");
+    const std::string all = AllThreads() + " threads";
+    const std::string heads = "| members | wall, 1 thread | " + all + " | times | processor, 1 | " +
+                              all + " | ratio |\n|---|---|---|---|---|---|---|\n";
+    BenchAll(camjob,
+             folder,
+             sizes,
+             heads.c_str(),
+             &BenchThreads,
+             {
+                 {"without page and run document, " + all, {}},
+                 {"1 thread",                              {}}
+    },
+             {{"with both, " + all, {}}, {"with both, 1 thread", {}}},
+             "threads.svg");
 }
 
 }  // namespace
@@ -201,7 +283,7 @@ int main(int count, char** arguments) {
     try {
         for (const long members : sizes)
             WriteSampleJob(fs::path(arguments[2]) / std::to_string(members), members);
-        BenchAll(arguments[1], arguments[2], sizes);
+        BenchJobs(arguments[1], arguments[2], sizes);
     } catch (const std::exception& failure) {
         std::fprintf(stderr, "%s\n", failure.what());
         return 1;

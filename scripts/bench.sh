@@ -17,8 +17,8 @@ echo "the charts are build/release/gathering.svg and build/release/outlines.svg"
 jobs=$(mktemp -d)
 trap 'rm -rf "$jobs"' EXIT
 build/release/bin/camdata_job_bench build/release/bin/camjob "$jobs" "$@"
-cp "$jobs/members.svg" build/release/members.svg
-echo "the chart is build/release/members.svg"
+cp "$jobs/members.svg" "$jobs/threads.svg" build/release
+echo "the charts are build/release/members.svg and build/release/threads.svg"
 
 # Instructions do not depend on what else the machine does: those of a run of 220 members less those of one
 # of 20, by 200.

@@ -6,6 +6,7 @@
 #include "camjob/disk/StagedOutput.h"
 #include "camjob/project/ProjectSettings.h"
 #include "camjob/run/JobInput.h"
+#include "camjob/run/MemberJson.h"
 #include "camjob/run/RunCommand.h"
 #include "camjob/run/RunReport.h"
 #include "job/Job.h"
@@ -89,6 +90,7 @@ class JobRunner {
     std::vector<MemberFile> m_memberFiles;
     std::vector<FeatureAccounts> m_memberAccounts;
     std::optional<NcFiles> m_ncOutput;
+    MadeMembers m_madeMembers;
 };
 
 }  // namespace camjob

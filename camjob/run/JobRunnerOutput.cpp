@@ -157,7 +157,7 @@ bool JobRunner::Compare(plugin::JobRun& run) {
     const fs::file_type found = fs::status(PathFromUtf8(older), ignored).type();
     if (!isTold || (!isAsked && found == fs::file_type::not_found))
         return true;
-    auto compared = ChangesSince(older, ToCompare(m_report));
+    auto compared = ChangesSince(older, ToCompare(m_report, m_madeMembers));
     if (const auto* none = std::get_if<NoOutput>(&compared)) {
         if (isAsked)
             Complain("", "camjob: " + none->message);
@@ -177,7 +177,9 @@ bool JobRunner::Compare(plugin::JobRun& run) {
 /// page, which has the date.
 bool JobRunner::WriteReports(plugin::JobRun& run, const fs::path& staging) {
     const auto writeDocument = [&](OutputStream& out) {
-        RunJsonWriter(RunJsonWriter::Form::kDocument, out, m_options.threads).Write(m_report);
+        RunJsonWriter(
+            RunJsonWriter::Form::kDocument, out, m_options.threads, std::move(m_madeMembers))
+            .Write(m_report);
     };
     bool isDocumentWritten = true;
     std::optional<ReportPage> page;

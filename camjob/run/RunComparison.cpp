@@ -2,8 +2,8 @@
 
 #include "camjob/console/Paths.h"
 #include "camjob/run/FeatureWords.h"
-#include "camjob/run/MemberJson.h"
 
+#include <optional>
 #include <string_view>
 #include <unordered_map>
 #include <utility>
@@ -79,36 +79,62 @@ OutputBars ToCompare(const RunPlan& run) {
 /// Members by their mark.
 using Positions = std::unordered_map<std::string, std::size_t>;
 
-std::optional<std::string> MarkOfLine(const RunReport& report,
-                                      const Positions& positions,
-                                      NamesFromFolder& names,
-                                      std::string_view line) {
+/// Finds the members of which an older document tells the same.
+class SameMembers {
+  public:
+    SameMembers(const RunReport& report, const Positions& positions, MadeMembers& made)
+        : m_report(report), m_positions(positions), m_names(report.job), m_made(made) {
+        m_made.resize(report.members.size());
+    }
+
+    /// The mark of the member in the line; nothing where it differs.
+    std::optional<std::string> operator()(std::string_view line);
+
+  private:
+    void Keep(std::size_t member, std::string text);
+
+    const RunReport& m_report;
+    Positions m_positions;
+    NamesFromFolder m_names;
+    MadeMembers& m_made;
+    std::size_t m_kept = 0;  ///< bytes
+};
+
+std::optional<std::string> SameMembers::operator()(std::string_view line) {
     constexpr std::string_view kBeforeMark = "\"mark\":\"";
     const std::size_t begin = line.find(kBeforeMark);
     if (begin == std::string_view::npos)
         return std::nullopt;
     const std::string_view rest = line.substr(begin + kBeforeMark.size());
-    const auto at = positions.find(std::string(rest.substr(0, rest.find('"'))));
-    if (at == positions.end())
+    const auto at = m_positions.find(std::string(rest.substr(0, rest.find('"'))));
+    if (at == m_positions.end())
         return std::nullopt;
-    const std::string& file = report.members[at->second].file.name;
-    const JsonText own = MemberJson(report, at->second, names.Of(file));
-    return own.text == line ? std::optional(at->first) : std::nullopt;
+    const std::string& file = m_report.members[at->second].file.name;
+    JsonText own = MemberJson(m_report, at->second, m_names.Of(file));
+    if (own.text != line)
+        return std::nullopt;
+    Keep(at->second, std::move(own.text));
+    return at->first;
+}
+
+void SameMembers::Keep(std::size_t member, std::string text) {
+    constexpr std::size_t kMost = 8u << 20;
+    if (m_kept >= kMost)
+        return;
+    m_kept += text.size();
+    m_made[member] = std::move(text);
 }
 
 }  // namespace
 
-NewerOutput ToCompare(const RunReport& report) {
+NewerOutput ToCompare(const RunReport& report, MadeMembers& made) {
     NewerOutput output;
     Positions positions;
     for (const RunMember& member : report.members) {
         output.marks.push_back(member.result.mark.toUtf8());
         positions.insert({output.marks.back(), positions.size()});
     }
-    output.markOfLine =
-        [&report, positions, names = NamesFromFolder(report.job)](std::string_view line) mutable {
-            return MarkOfLine(report, positions, names, line);
-        };
+    output.markOfLine = SameMembers(report, positions, made);
     output.lookUp = [&report, positions = std::move(positions)](
                         const std::string& mark) -> std::optional<OutputMember> {
         const auto at = positions.find(mark);

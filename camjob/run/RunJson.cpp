@@ -2,7 +2,6 @@
 
 #include "camjob/compare/ChangesJson.h"
 #include "camjob/compare/RunDocument.h"
-#include "camjob/run/MemberJson.h"
 #include "threads/OrderedWork.h"
 
 #include <array>
@@ -238,8 +237,11 @@ std::vector<std::string> RunJsonWriter::NamesOfMembers() {
 void RunJsonWriter::AddMembers() {
     const std::size_t count = m_report->members.size();
     const std::vector<std::string> names = NamesOfMembers();
-    threads::ResultsInOrder<JsonText> members(
-        count, m_threads, [&](std::size_t i) { return MemberJson(*m_report, i, names[i]); });
+    const auto make = [&](std::size_t i) {
+        const bool isMade = i < m_made.size() && !m_made[i].empty();
+        return isMade ? JsonText{std::move(m_made[i])} : MemberJson(*m_report, i, names[i]);
+    };
+    threads::ResultsInOrder<JsonText> members(count, m_threads, make);
     m_lines.AddList("members", count, [&](std::size_t) { return members.Next(); });
 }
 

@@ -3,10 +3,12 @@
 #include "camjob/console/JsonLines.h"
 #include "camjob/console/OutputStream.h"
 #include "camjob/console/Paths.h"
+#include "camjob/run/MemberJson.h"
 #include "camjob/run/RunReport.h"
 
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace camjob {
@@ -21,9 +23,12 @@ class RunJsonWriter {
         kScreen,    ///< names as the user gave them
         kDocument,  ///< a file of the output: the same wherever that stands and whoever made it
     };
-    /// `threads` put members together.
-    RunJsonWriter(Form form, OutputStream& out, unsigned threads = 1)
-        : m_isDocument(form == Form::kDocument), m_threads(threads), m_lines(out, !m_isDocument) {}
+    /// `threads` put members together. Of a document some may be made already.
+    RunJsonWriter(Form form, OutputStream& out, unsigned threads = 1, MadeMembers made = {})
+        : m_isDocument(form == Form::kDocument),
+          m_threads(threads),
+          m_made(std::move(made)),
+          m_lines(out, !m_isDocument) {}
 
     /// When the memory ends on the way, a second call with a report of that ends the document.
     void Write(const RunReport& report);
@@ -58,6 +63,7 @@ class RunJsonWriter {
     std::optional<NamesFromFolder> m_names;
     bool m_isDocument;
     unsigned m_threads;
+    MadeMembers m_made;
     JsonLines m_lines;
 };
 
