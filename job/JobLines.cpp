@@ -14,7 +14,6 @@ namespace {
 /// its tables call themselves for each.
 constexpr int kMaxDots = 20;
 
-constexpr std::string_view kKeyEnds = "=,{}[]";
 constexpr std::string_view kBeforeText = " \t=,{[";
 
 constexpr const char* kLongText = "a text stands in single quotes or double quotes, on one line";
@@ -26,6 +25,10 @@ constexpr const char* kTooManyDots = "too many dots: no table of a job lies so d
 
 bool IsPlain(char c) {
     return static_cast<unsigned char>(c) < 0x80;
+}
+
+bool EndsKey(char c) {
+    return c == '=' || c == ',' || c == '{' || c == '}' || c == '[' || c == ']';
 }
 
 /// Not one of the further bytes of a character.
@@ -60,7 +63,7 @@ class LineScan {
     }
     const char* TakePlain(char c) {
         m_isComment = c == '#';
-        m_dots = kKeyEnds.find(c) != std::string_view::npos ? 0 : m_dots + (c == '.' ? 1 : 0);
+        m_dots = EndsKey(c) ? 0 : m_dots + (c == '.' ? 1 : 0);
         if (c == '"' || c == '\'')
             return BeginText(c);
         if (!IsPlain(c))
@@ -87,7 +90,8 @@ class LineScan {
 
 void CheckLine(std::string_view line, long number, JobFaults& faults) {
     LineScan scan(line);
-    if (ZetString::fromUtf8(line).toUtf8() != line)
+    const bool isPlain = std::all_of(line.begin(), line.end(), IsPlain);
+    if (!isPlain && ZetString::fromUtf8(line).toUtf8() != line)
         faults.Add({number, 0}, kNotUtf8);
     else if (const char* fault = scan.FindFault())
         faults.Add({number, scan.GetColumn()}, fault);

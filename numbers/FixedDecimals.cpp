@@ -128,7 +128,12 @@ void AppendFixed(std::string& text, double value, int decimals) {
 }
 
 void AppendTrimmed(std::string& text, double value, int decimals) {
-    std::optional<std::uint64_t> whole = ScaledWhole(std::abs(value), decimals);
+    const double magnitude = std::abs(value);
+    if (magnitude < kExactBelow)
+        if (const auto units = static_cast<std::uint64_t>(magnitude);
+            static_cast<double>(units) == magnitude)
+            return AppendScaled(text, value < 0.0, units, 0);
+    std::optional<std::uint64_t> whole = ScaledWhole(magnitude, decimals);
     if (!whole) {
         std::string digits;
         AppendPrinted(digits, value, decimals);

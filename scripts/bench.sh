@@ -24,7 +24,7 @@ echo "the charts are build/release/members.svg and build/release/threads.svg"
 # of 20, by 200.
 instructions() {
     valgrind --tool=callgrind --callgrind-out-file=/dev/null build/release/bin/camjob \
-        run "$jobs/$1/$2" --out "$jobs/$1/counted-$2" 2>&1 >/dev/null | sed -n 's/.*Collected : \([0-9]*\).*/\1/p'
+        run "$jobs/$1/$2" --threads 1 --out "$jobs/$1/counted-$2" 2>&1 >/dev/null | sed -n 's/.*Collected : \([0-9]*\).*/\1/p'
 }
 if command -v valgrind >/dev/null; then
     build/release/bin/camdata_job_bench build/release/bin/camjob "$jobs" 20 220 >/dev/null

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "camjob/check/FindingPlace.h"
+#include "camjob/console/JsonText.h"
 #include "camjob/console/ReportJson.h"
 #include "plugin/ledger/Finding.h"
 
@@ -15,5 +16,9 @@ Json FeatureJson(const plugin::Feature& feature);
 Json FindingsJson(const std::vector<plugin::Finding>& findings,
                   const std::string& file,
                   const HeaderPlaces& lines);
+/// The same as text.
+JsonText FindingsText(const std::vector<plugin::Finding>& findings,
+                      const std::string& file,
+                      const HeaderPlaces& lines);
 
 }  // namespace camjob

@@ -6,6 +6,7 @@
 #include <array>
 #include <cmath>
 #include <cstddef>
+#include <cstdint>
 
 namespace camjob {
 
@@ -25,13 +26,21 @@ bool StandsAsItIs(char c) {
     return kStandsAsItIs[static_cast<unsigned char>(c)];
 }
 
+constexpr double kLarge = 1e9;
+
+bool IsMinusZero(double number) {
+    return number == 0.0 && std::signbit(number);
+}
+
+bool IsWhole(double number) {
+    return std::abs(number) < kLarge &&
+           static_cast<double>(static_cast<std::int64_t>(number)) == number;
+}
+
 /// Whether three decimals hold all of the number: its shortest form is then these, without the
 /// zeros at the end.
 bool IsInThousandths(double number) {
-    constexpr double kLarge = 1e9;
-    const bool isMinusZero = number == 0.0 && std::signbit(number);
-    return std::abs(number) < kLarge && !isMinusZero &&
-           std::nearbyint(number * 1000.0) / 1000.0 == number;
+    return std::abs(number) < kLarge && std::nearbyint(number * 1000.0) / 1000.0 == number;
 }
 
 }  // namespace
@@ -57,12 +66,13 @@ void AppendJson(std::string& json, std::string_view text) {
 }
 
 void AppendJson(std::string& json, double number) {
-    if (!IsInThousandths(number)) {
+    const bool isWhole = IsWhole(number);
+    if (IsMinusZero(number) || !(isWhole || IsInThousandths(number))) {
         json += Dump(number);
         return;
     }
     numbers::AppendTrimmed(json, number, kDecimals);
-    if (std::trunc(number) == number)
+    if (isWhole)
         json += ".0";
 }
 

@@ -40,9 +40,11 @@ class JsonObject {
   public:
     template <typename T>
     void Set(std::string_view key, const T& value) {
-        m_text += m_text.empty() ? "{\"" : ",\"";
+        m_text += m_text.empty() ? '{' : ',';
+        m_text += '"';
         m_text += key;
-        m_text += "\":";
+        m_text += '"';
+        m_text += ':';
         AppendJson(m_text, value);
     }
     /// Once.
@@ -59,7 +61,7 @@ class JsonObject {
 class JsonArray {
   public:
     void Add(const JsonText& item) {
-        m_text += m_text.empty() ? "[" : ",";
+        m_text += m_text.empty() ? '[' : ',';
         m_text += item.text;
     }
     /// Once.

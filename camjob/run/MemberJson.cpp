@@ -49,12 +49,6 @@ JsonText AccountsText(const plugin::AccountNumbers& accounts) {
     return object.ToText();
 }
 
-/// Most members have none.
-JsonText FindingsText(const RunMember& member, const std::string& file) {
-    const std::vector<plugin::Finding>& findings = member.result.findings;
-    return {findings.empty() ? "[]" : Dump(FindingsJson(findings, file, member.file.lines))};
-}
-
 /// By report::FeatureState.
 constexpr std::array kStateWords = {"set aside", "in order", "warning", "error"};
 
@@ -238,7 +232,7 @@ JsonText MemberJson(const RunReport& report, std::size_t index, const std::strin
     object.Set("accounts", AccountsText(member.CountAccounts()));
     object.Set("features", FeaturesJson(report, index));
     object.Set("operations", OperationsJson(member));
-    object.Set("findings", FindingsText(member, file));
+    object.Set("findings", FindingsText(result.findings, file, member.file.lines));
     object.Set("setAside", ListIn(file, result.setAside));
     return object.ToText();
 }

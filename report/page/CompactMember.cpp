@@ -174,6 +174,8 @@ void AppendTexts(std::string& json, const std::array<std::string, 3>& texts) {
 }  // namespace
 
 std::size_t SharedTexts::IndexOf(const std::string& text) {
+    if (text.empty() && !m_texts.empty())
+        return 0;
     const auto [at, isNew] = m_indices.try_emplace(text, m_texts.size());
     if (isNew)
         m_texts.push_back(text);
