@@ -191,7 +191,7 @@ bool JobRunner::WriteReports(plugin::JobRun& run, const fs::path& staging) {
         });
     if (m_job.reports.hasPage) {
         page.emplace(m_report, m_job, run.GetProjectInfo());
-        pieces.emplace_back([&] { page->AddMembers(); });
+        pieces.emplace_back([&] { page->AddMembersAndPlans(); });
     }
     threads::DoAll(pieces, m_options.threads);
     return isDocumentWritten &&

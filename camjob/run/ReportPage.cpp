@@ -416,7 +416,9 @@ ReportPage::ReportPage(const RunReport& report,
                        const CProjectInformation& project)
     : m_report(report), m_job(job), m_project(project), m_page(report.drawings.GetTexts()) {}
 
-void ReportPage::AddMembers() {
+void ReportPage::AddMembersAndPlans() {
+    for (const RunPlan& plan : m_report.plans)
+        m_page.AddPlan(PlanOf(plan));
     std::unordered_map<std::string, const MemberChange*> changeOfMark;
     if (m_report.changes)
         for (const MemberChange& change : m_report.changes->members)
@@ -444,8 +446,6 @@ void ReportPage::AddTables() {
                      SettingTable(m_report)};
     m_page.rules = RuleTables(m_job);
     m_page.planTotals = PlanTotalsTable(m_report);
-    std::transform(
-        m_report.plans.begin(), m_report.plans.end(), std::back_inserter(m_page.plans), &PlanOf);
     m_page.changes = ChangeTables(m_report);
 }
 

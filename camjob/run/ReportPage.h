@@ -15,7 +15,7 @@ class ReportPage {
     ReportPage(const RunReport& report, const job::Job& job, const CProjectInformation& project);
 
     /// Once, before the page is written. Asks for no files of the report.
-    void AddMembers();
+    void AddMembersAndPlans();
     /// Files without a size in the report are those still to be written.
     void Write(OutputStream& out);
 

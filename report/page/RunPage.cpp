@@ -98,14 +98,13 @@ std::string RulesHtml(const std::vector<PageTable>& tables) {
                               "</section>\n";
 }
 
-std::string PlansHtml(const std::vector<CuttingPlan>& plans, const PageTable& totals) {
+void WritePlans(const std::string& plans, const PageTable& totals, const Sink& sink) {
     if (plans.empty())
-        return {};
-    std::string html =
-        "<section id=\"plans\"><h2>Cutting plans</h2>\n" + BodyHtml(totals) + PlanKeyHtml() + "\n";
-    for (const CuttingPlan& plan : plans)
-        html += PlanHtml(plan);
-    return html + "<p id=\"print-bars\"></p></section>\n";
+        return;
+    sink("<section id=\"plans\"><h2>Cutting plans</h2>\n" + BodyHtml(totals) + PlanKeyHtml() +
+         "\n");
+    sink(plans);
+    sink("<p id=\"print-bars\"></p></section>\n");
 }
 
 std::string FindingHtml(const DrawnFinding& finding) {
@@ -255,7 +254,7 @@ void RunPage::Write(const Sink& sink) const {
              {"totals",  [&] { sink(FactsHtml(totals)); }                            },
              {"changes", [&] { sink(TablesHtml(changes)); }                          },
              {"faulty",  [&] { writeAll(FaultyHtml(), UndrawnHtml()); }              },
-             {"plans",   [&] { sink(PlansHtml(plans, planTotals)); }                 },
+             {"plans",   [&] { WritePlans(m_plans, planTotals, sink); }              },
              {"tables",  [&] { writeAll(TablesHtml(tables), RulesHtml(rules)); }     },
              {"data",    [&] { WriteData(sink); }                                    },
              {"script",  [&] { writeAll(kDrawingScript, kTableScript, kPageScript); }},

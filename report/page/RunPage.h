@@ -33,13 +33,12 @@ struct PageTable {
 
 /// The page of a run: one HTML file that needs no other and no network.
 ///
-/// Members are taken one by one and kept as short texts. The same calls give the same bytes.
+/// Members and plans are taken one by one and kept as texts. The same calls give the same bytes.
 class RunPage {
   public:
-    std::string name;               ///< of the job
-    std::vector<PageFact> project;  ///< in order; those without a value are left out
-    std::vector<PageFact> totals;   ///< the counts that everybody looks for first
-    std::vector<CuttingPlan> plans;
+    std::string name;                ///< of the job
+    std::vector<PageFact> project;   ///< in order; those without a value are left out
+    std::vector<PageFact> totals;    ///< the counts that everybody looks for first
     std::vector<PageTable> changes;  ///< against an earlier run
     PageTable planTotals;            ///< of all plans together
     std::vector<PageTable> tables;   ///< below the members
@@ -54,6 +53,7 @@ class RunPage {
     }
     /// One with pieces that have no bar is shown with a warning, but not counted as such.
     void AddMember(PageMember member);
+    void AddPlan(const CuttingPlan& plan) { m_plans += PlanHtml(plan); }
     /// As HTML.
     void Write(const Sink& sink) const;
 
@@ -72,6 +72,7 @@ class RunPage {
 
     SharedTexts m_texts;
     std::vector<std::string> m_members;
+    std::string m_plans;
     std::vector<Faulty> m_faulty;
     std::size_t m_bytes = 0;
     std::size_t m_undrawn = 0;
