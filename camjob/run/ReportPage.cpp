@@ -14,7 +14,6 @@
 #include "camdata/platform/system/Clock.h"
 
 #include <algorithm>
-#include <iterator>
 #include <map>
 #include <optional>
 #include <unordered_map>
