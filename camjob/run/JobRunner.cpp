@@ -6,6 +6,7 @@
 #include "job/SystemError.h"
 #include "threads/OrderedWork.h"
 
+#include <memory>
 #include <new>
 #include <system_error>
 #include <utility>
@@ -68,7 +69,8 @@ void JobRunner::RunInFolder() {
     const fs::path folder = PathFromUtf8(m_report.folder);
     StagedOutput output(folder, m_system.disk);
     m_report.hasFinishedEarlierOutput = output.Recover();
-    plugin::JobRun run(m_job, folder);
+    auto running = std::make_unique<plugin::JobRun>(m_job, folder);
+    plugin::JobRun& run = *running;
     run.SetPlanner(m_system.planLeast);
     run.SetThreads(m_options.threads);
     if (!PrepareProject(run) || !ReadInput(run))
@@ -83,9 +85,16 @@ void JobRunner::RunInFolder() {
     const fs::path& staging = output.GetStagingFolder();
     TakeResults(run, staging);
     if (WriteNcFiles(staging) && Compare(run) && WriteReports(run, staging))
-        output.Commit();
+        Commit(output, std::move(running));
     else
         m_report.DropResults();
+}
+
+/// The run is let go of meanwhile: what takes time there is the disk.
+void JobRunner::Commit(StagedOutput& output, std::unique_ptr<plugin::JobRun> run) {
+    constexpr long kWorthAThread = 500;
+    const unsigned threads = run->GetCount() < kWorthAThread ? 1 : m_options.threads;
+    threads::DoAll({[&] { output.Commit(); }, [&] { run.reset(); }}, threads);
 }
 
 /// The project information of the job, of earlier dialogs, and of the user.

@@ -16,6 +16,7 @@
 #include <cstdint>
 #include <filesystem>
 #include <functional>
+#include <memory>
 #include <optional>
 #include <string>
 #include <vector>
@@ -62,6 +63,7 @@ class JobRunner {
     bool WriteReports(plugin::JobRun& run, const std::filesystem::path& staging);
     bool WriteReport(const std::filesystem::path& staged,
                      const std::function<void(OutputStream&)>& write);
+    void Commit(StagedOutput& output, std::unique_ptr<plugin::JobRun> run);
 
     std::string OutputName(const std::filesystem::path& file) const {
         return NameIn(m_report.folder, Utf8FromPath(file));
