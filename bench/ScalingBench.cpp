@@ -198,13 +198,14 @@ ClipperLib::Path BoxOf(const ClipperLib::Path& path) {
     };
 }
 
-/// The same from the outline's points to points of pieces; of a turned outline the upright
-/// rectangle, as Clipper looks for no other.
-double TimeOfClipper(const OutlinePoints& points) {
+/// The same from the outline's points to points of pieces, in the rectangle that `rectangleOf`
+/// makes of the outline.
+template <typename RectangleOf>
+double TimeOfClipper(const OutlinePoints& points, const RectangleOf& rectangleOf) {
     return BestTimeOfShort([&] {
         const ClipperLib::Path path = PathOf(points);
         ClipperLib::Clipper clipper;
-        clipper.AddPath(BoxOf(path), ClipperLib::ptSubject, true);
+        clipper.AddPath(rectangleOf(path), ClipperLib::ptSubject, true);
         clipper.AddPath(path, ClipperLib::ptClip, true);
         ClipperLib::Paths pieces;
         clipper.Execute(ClipperLib::ctDifference, pieces);
@@ -216,6 +217,18 @@ double TimeOfClipper(const OutlinePoints& points) {
             theResult = found.length();
         }
     });
+}
+
+/// Clipper looks for no turned rectangle.
+double TimeOfClipperUpright(const OutlinePoints& points) {
+    return TimeOfClipper(points, BoxOf);
+}
+
+/// In the library's rectangle, which it is given.
+double TimeOfClipperInSame(const OutlinePoints& points) {
+    const ClipperLib::Path rectangle =
+        PathOf(ZetGeomAugPolygon(points, 1e-6).getMinRectangle().getVertices());
+    return TimeOfClipper(points, [&](const ClipperLib::Path&) { return rectangle; });
 }
 
 #endif
@@ -243,7 +256,9 @@ void MeasureOutlines(const std::string& folder) {
     for (const OutlineKind& kind : kOutlines) {
         measure(kind.name, kind, TimeOfPieces);
 #ifdef CAMDATA_BENCH_CLIPPER
-        measure(std::string(kind.name) + ", Clipper 6.4", kind, TimeOfClipper);
+        const std::string clipper = std::string(kind.name) + ", Clipper 6.4";
+        measure(clipper, kind, TimeOfClipperUpright);
+        measure(clipper + " in the same rectangle", kind, TimeOfClipperInSame);
 #endif
     }
     Write(folder + "/outlines.svg",

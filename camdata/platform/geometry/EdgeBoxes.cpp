@@ -10,26 +10,17 @@ constexpr std::size_t kPairsPerEdge = 64;
 /// Up to so many edges it is quicker to look at all pairs than to sort.
 constexpr std::size_t kFewEdges = 24;
 
-/// The box around an edge, by its extents along one axis and across it.
-struct EdgeBox {
+/// An edge by its extent along one axis.
+struct EdgeExtent {
     std::int64_t start;
     std::int64_t end;
-    std::int64_t low;
-    std::int64_t high;
     const GridEdge* edge;
 };
 
-/// Without branches between the comparisons: they would be guessed wrong too often.
-bool AreApart(const EdgeBox& a, const EdgeBox& b) {
-    return (a.end < b.start) | (b.end < a.start) | (a.high < b.low) | (b.high < a.low);
-}
-
-EdgeBox BoxAlongX(const GridEdge& edge) {
-    return {edge.left.x, edge.right.x, edge.low, edge.high, &edge};
-}
-
-EdgeBox BoxAlongY(const GridEdge& edge) {
-    return {edge.low, edge.high, edge.left.x, edge.right.x, &edge};
+/// Of the boxes around two edges. Without branches between the comparisons: they would be guessed
+/// wrong too often.
+bool AreApart(const GridEdge& a, const GridEdge& b) {
+    return (a.right.x < b.left.x) | (b.right.x < a.left.x) | (a.high < b.low) | (b.high < a.low);
 }
 
 /// Along the longer side of the outline fewest boxes lie beside each other.
@@ -40,31 +31,35 @@ bool IsLongerAlongX(const std::vector<GridEdge>& edges) {
     return size.x >= size.y;
 }
 
-std::vector<EdgeBox> BoxesOf(const std::vector<GridEdge>& edges) {
-    const auto boxOf = IsLongerAlongX(edges) ? BoxAlongX : BoxAlongY;
-    std::vector<EdgeBox> boxes;
-    boxes.reserve(edges.size());
+/// Sorted by their starts.
+std::vector<EdgeExtent> ExtentsOf(const std::vector<GridEdge>& edges) {
+    const bool isAlongX = IsLongerAlongX(edges);
+    std::vector<EdgeExtent> extents;
+    extents.reserve(edges.size());
     for (const GridEdge& edge : edges)
-        boxes.push_back(boxOf(edge));
-    return boxes;
+        extents.push_back(
+            {isAlongX ? edge.left.x : edge.low, isAlongX ? edge.right.x : edge.high, &edge});
+    std::sort(extents.begin(), extents.end(), [](const EdgeExtent& a, const EdgeExtent& b) {
+        return a.start < b.start;
+    });
+    return extents;
 }
 
 bool IsContactAmong(const std::vector<GridEdge>& edges) {
     for (std::size_t b = 1; b < edges.size(); ++b)
         for (std::size_t a = 0; a < b; ++a)
-            if (!AreApart(BoxAlongX(edges[a]), BoxAlongX(edges[b])) &&
-                AreInContact(edges[a], edges[b], edges.size()))
+            if (!AreApart(edges[a], edges[b]) && AreInContact(edges[a], edges[b], edges.size()))
                 return true;
     return false;
 }
 
-/// The boxes must be sorted by their starts. True also when there are too many pairs to look at.
-bool MayBeContactAmongSorted(const std::vector<EdgeBox>& boxes) {
-    std::size_t pairs = kPairsPerEdge * boxes.size();
-    for (auto a = boxes.begin(); a != boxes.end(); ++a)
-        for (auto b = a + 1; b != boxes.end() && b->start <= a->end; ++b)
+/// True also when there are too many pairs to look at.
+bool MayBeContactAmongSorted(const std::vector<EdgeExtent>& edges) {
+    std::size_t pairs = kPairsPerEdge * edges.size();
+    for (auto a = edges.begin(); a != edges.end(); ++a)
+        for (auto b = a + 1; b != edges.end() && b->start <= a->end; ++b)
             if (pairs-- == 0 ||
-                (!AreApart(*a, *b) && AreInContact(*a->edge, *b->edge, boxes.size())))
+                (!AreApart(*a->edge, *b->edge) && AreInContact(*a->edge, *b->edge, edges.size())))
                 return true;
     return false;
 }
@@ -74,11 +69,7 @@ bool MayBeContactAmongSorted(const std::vector<EdgeBox>& boxes) {
 bool MayBeInContact(const std::vector<GridEdge>& edges) {
     if (edges.size() <= kFewEdges)
         return IsContactAmong(edges);
-    std::vector<EdgeBox> boxes = BoxesOf(edges);
-    std::sort(boxes.begin(), boxes.end(), [](const EdgeBox& a, const EdgeBox& b) {
-        return a.start < b.start;
-    });
-    return MayBeContactAmongSorted(boxes);
+    return MayBeContactAmongSorted(ExtentsOf(edges));
 }
 
 }  // namespace camdata::detail

@@ -280,6 +280,22 @@ bool IsSurelyTaken(const Frame& upright, const Outline& points) {
     return true;
 }
 
+/// The upright frame, or the smallest where that is enough smaller.
+Frame SmallestFrame(const Outline& outline) {
+    const Frame upright = UprightFrame(outline);
+    if (IsSurelyTaken(upright, outline))
+        return upright;
+    const Points hull = ConvexHull({outline.begin(), outline.end()});
+    if (hull.size() < 3)
+        return upright;
+    const std::vector<Frame> frames = FramesAlongEdges(hull);
+    // Mostly no other is small enough: then which of the small ones it would be is idle.
+    if (IsTaken(upright, LeastArea(frames)))
+        return upright;
+    const Frame turned = SmallestOf(frames, hull, outline);
+    return IsTaken(upright, turned.Area()) ? upright : turned;
+}
+
 bool IsFinite(const ZetGeomPoint2d& point) {
     return std::isfinite(point.x) && std::isfinite(point.y);
 }
@@ -288,21 +304,7 @@ bool IsFinite(const ZetGeomPoint2d& point) {
 
 ZetGeomAugPolygon ZetGeomAugPolygon::getMinRectangle() const {
     ZetGeomAugPolygon rectangle;
-    if (m_vertices.isEmpty() || !std::all_of(m_vertices.begin(), m_vertices.end(), IsFinite))
-        return rectangle;
-    const Frame upright = UprightFrame(m_vertices);
-    rectangle.m_vertices = upright.Corners();
-    if (IsSurelyTaken(upright, m_vertices))
-        return rectangle;
-    const Points hull = ConvexHull({m_vertices.begin(), m_vertices.end()});
-    if (hull.size() < 3)
-        return rectangle;
-    const std::vector<Frame> frames = FramesAlongEdges(hull);
-    // Mostly no other is small enough: then which of the small ones it would be is idle.
-    if (IsTaken(upright, LeastArea(frames)))
-        return rectangle;
-    const Frame turned = SmallestOf(frames, hull, m_vertices);
-    if (!IsTaken(upright, turned.Area()))
-        rectangle.m_vertices = turned.Corners();
+    if (!m_vertices.isEmpty() && std::all_of(m_vertices.begin(), m_vertices.end(), IsFinite))
+        rectangle.m_vertices = SmallestFrame(m_vertices).Corners();
     return rectangle;
 }

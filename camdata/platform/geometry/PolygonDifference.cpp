@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <array>
+#include <bit>
 #include <cmath>
 #include <tuple>
 #include <vector>
@@ -32,23 +33,23 @@ struct Contact {
 
 class Border {
   public:
-    Border(const Points& corners, double touch) : m_corners(corners), m_touch(touch + kRounding) {
-        for (int side = 0; side < kSides; ++side) {
-            const ZetGeomVector2d along = corners[(side + 1) % kSides] - corners[side];
-            const std::size_t i = static_cast<std::size_t>(side);
-            m_lengths[i] = along.length();
-            m_directions[i] = {along.x / m_lengths[i], along.y / m_lengths[i]};
+    Border(const Points& corners, double touch) : m_touch(touch + kRounding) {
+        for (int i = 0; i < kSides; ++i) {
+            const ZetGeomVector2d along = corners[(i + 1) % kSides] - corners[i];
+            Side& side = SideAt(i);
+            side.corner = corners[i];
+            side.length = along.length();
+            side.direction = {along.x / side.length, along.y / side.length};
         }
     }
 
     Contact ContactOf(const ZetGeomPoint2d& point) const {
-        Contact contact;
-        for (int side = 0; side < kSides; ++side) {
-            if (Direction(side).cross(point - m_corners[side]) <= m_touch)
-                contact.sides |= 1U << side;
+        unsigned sides = 0;
+        for (int i = 0; i < kSides; ++i) {
+            const Side& side = SideAt(i);
+            sides |= (side.direction.cross(point - side.corner) <= m_touch ? 1U : 0U) << i;
         }
-        contact.position = PositionOf(contact.sides, point);
-        return contact;
+        return {sides, sides != 0 ? PositionOf(sides, point) : 0.0};
     }
 
     /// Appends the corners that lie strictly between two contacts, counter-clockwise. Contacts on
@@ -58,34 +59,34 @@ class Border {
             return;
         const double end = to.position > from.position ? to.position : to.position + kSides;
         for (int corner = static_cast<int>(from.position) + 1; corner < end; ++corner)
-            chain.append(m_corners[corner % kSides]);
+            chain.append(SideAt(corner % kSides).corner);
     }
 
   private:
-    const ZetGeomVector2d& Direction(int side) const {
-        return m_directions[static_cast<std::size_t>(side)];
-    }
+    struct Side {
+        ZetGeomPoint2d corner;  ///< where it begins
+        ZetGeomVector2d direction;
+        double length = 0.0;
+    };
+
+    Side& SideAt(int i) { return m_sides[static_cast<std::size_t>(i)]; }
+    const Side& SideAt(int i) const { return m_sides[static_cast<std::size_t>(i)]; }
+
     double PositionOf(unsigned sides, const ZetGeomPoint2d& point) const {
-        for (int corner = 0; corner < kSides; ++corner) {
+        for (int corner = 0; corner < kSides && !std::has_single_bit(sides); ++corner) {
             const unsigned both = 1U << corner | 1U << ((corner + kSides - 1) % kSides);
             if ((sides & both) == both)
                 return corner;
         }
-        for (int side = 0; side < kSides; ++side) {
-            if ((sides & 1U << side) != 0)
-                return side + FractionOf(side, point);
-        }
-        return 0.0;
+        const int first = std::countr_zero(sides);
+        return first + FractionOf(SideAt(first), point);
     }
-    double FractionOf(int side, const ZetGeomPoint2d& point) const {
-        const double along = Direction(side).dot(point - m_corners[side]);
-        return std::clamp(along / m_lengths[static_cast<std::size_t>(side)], 0.0, 1.0);
+    static double FractionOf(const Side& side, const ZetGeomPoint2d& point) {
+        return std::clamp(side.direction.dot(point - side.corner) / side.length, 0.0, 1.0);
     }
 
-    const Points& m_corners;
     double m_touch;
-    std::array<double, kSides> m_lengths;
-    std::array<ZetGeomVector2d, kSides> m_directions;
+    std::array<Side, kSides> m_sides;
 };
 
 bool IsBefore(const ZetGeomPoint2d& a, const ZetGeomPoint2d& b) {
@@ -107,7 +108,7 @@ void KeepRange(Points& chain, long first, long last) {
 /// Drops from a closed chain every point that repeats the one before.
 void DropRepeats(Points& chain) {
     const auto areOne = [](const ZetGeomPoint2d& a, const ZetGeomPoint2d& b) {
-        return (b - a).length() <= 0.0;
+        return (b - a).dot(b - a) <= 0.0;
     };
     auto last = static_cast<long>(std::unique(chain.begin(), chain.end(), areOne) - chain.begin());
     while (last > 1 && areOne(chain[last - 1], chain[0]))
@@ -136,7 +137,10 @@ void DropSpurs(Points& chain) {
 /// Collects the pieces while the outline is walked.
 class PieceCollector {
   public:
-    PieceCollector(const Border& border, double offset) : m_border(border), m_offset(offset) {}
+    PieceCollector(const Border& border, double offset, std::size_t expected)
+        : m_border(border), m_offset(offset) {
+        m_pieces.reserve(expected);
+    }
 
     /// Takes the way from one contact to the next.
     void Cut(const Step* from, const Step* to) {
@@ -222,7 +226,8 @@ std::vector<Step> WalkFromBorder(const Points& vertices, bool isClockwise, const
 
 /// The pieces that the walk cuts from its rectangle; those thinner than about `thin` vanish.
 PieceCollector CutPieces(const std::vector<Step>& walk, const Border& border, double thin) {
-    PieceCollector pieces(border, thin);
+    // Most have four vertices of their own.
+    PieceCollector pieces(border, thin, walk.size() / 4);
     const Step* from = walk.data();
     for (const Step& to : walk) {
         if (!to.contact.IsTouching() || &to == from)

@@ -109,20 +109,29 @@ bool RunAlike(const ZetArray<ZetGeomPoint2d>& a,
 
 }  // namespace
 
-ZetGeomAugPolygon::ZetGeomAugPolygon(const ZetArray<ZetGeomPoint2d>& points, double tolerance) {
-    m_vertices.reserve(points.length());
-    for (const ZetGeomPoint2d& point : points) {
-        if (m_vertices.isEmpty() || !AreNear(m_vertices.last(), point, tolerance))
-            m_vertices.append(point);
-    }
-    while (m_vertices.length() > 1 && AreNear(m_vertices.last(), m_vertices.first(), tolerance))
-        m_vertices.removeAt(m_vertices.length() - 1);
+ZetGeomAugPolygon::ZetGeomAugPolygon(const ZetArray<ZetGeomPoint2d>& points, double tolerance)
+    : m_vertices(points) {
+    const auto areNear = [&](const ZetGeomPoint2d& a, const ZetGeomPoint2d& b) {
+        return AreNear(a, b, tolerance);
+    };
+    const auto last = std::unique(m_vertices.begin(), m_vertices.end(), areNear);
+    long length = static_cast<long>(last - m_vertices.begin());
+    while (length > 1 && areNear(m_vertices[length - 1], m_vertices.first()))
+        --length;
+    m_vertices.setLength(length);
 }
 
 double ZetGeomAugPolygon::getArea() const {
+    if (getLength() < 3)
+        return 0.0;
+    const ZetGeomPoint2d& first = m_vertices.first();
     double twice = 0.0;
-    for (long i = 2; i < getLength(); ++i)
-        twice += (m_vertices[i - 1] - m_vertices[0]).cross(m_vertices[i] - m_vertices[0]);
+    ZetGeomVector2d last = m_vertices[1] - first;
+    for (auto vertex = m_vertices.begin() + 2; vertex != m_vertices.end(); ++vertex) {
+        const ZetGeomVector2d next = *vertex - first;
+        twice += last.cross(next);
+        last = next;
+    }
     return twice * 0.5;
 }
 
