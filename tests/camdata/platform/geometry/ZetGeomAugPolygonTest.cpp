@@ -1,3 +1,4 @@
+#include "support/Golden.h"
 #include "support/Outlines.h"
 
 #include "camdata/platform/geometry/SelfCrossing.h"
@@ -6,6 +7,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <initializer_list>
 #include <iterator>
 #include <limits>
 #include <random>
@@ -320,6 +322,46 @@ TEST(ZetGeomAugPolygonTest, EqualityKnowsNoStartDirectionOrStraightVertices) {
     };
     EXPECT_TRUE(isEqual(Reversed(StartingAt(rectangle, 2))) && isEqual(nearly));
     EXPECT_FALSE(isEqual(higher) || isEqual(triangle));
+}
+
+std::string ShortText(const ZetArray<ZetGeomPoint2d>& points) {
+    const auto rounded = [](double value) { return (std::round(1000.0 * value) + 0.0) / 1000.0; };
+    std::string text;
+    for (const ZetGeomPoint2d& p : points)
+        text += ZetString::format(L" %.3f,%.3f", rounded(p.x), rounded(p.y)).toUtf8();
+    return text + "\n";
+}
+
+/// Outlines between a lower and an upper chain, whose vertices lie within the tolerances of lines
+/// and of each other, and a little beside; turned, begun and gone round in several ways.
+TEST(ZetGeomAugPolygonTest, WhatIsMadeOfOutlinesOnTheLimitsOfTheTolerances) {
+    std::mt19937_64 random(3);
+    const auto oneOf = [&](std::initializer_list<double> values) {
+        return values.begin()[random() % values.size()];
+    };
+    std::string text;
+    for (int i = 0; i < 250; ++i) {
+        OutlinePoints points;
+        for (double x = 0.0; x <= 60.0; x += oneOf({0.035, 0.09, 0.11, 10.0, 20.0, 30.0}))
+            points.append({x, oneOf({0.0, 0.0, 0.0, 0.035, 0.09, 0.11, 5.0})});
+        const double end = points.last().x;
+        for (double x = end; x > 0.0; x -= oneOf({0.035, 0.09, 0.11, 10.0, 20.0, 30.0}))
+            points.append({x, 40.0 - oneOf({0.0, 0.0, 0.0, 0.035, 0.09, 0.11, 5.0, 15.0})});
+        points = StartingAt(points, static_cast<long>(random() % 5));
+        if (i % 3 == 0)
+            points = Reversed(points);
+        if (i % 4 == 0)
+            for (ZetGeomPoint2d& p : points)
+                p = {0.8 * p.x - 0.6 * p.y, 0.6 * p.x + 0.8 * p.y};
+        const ZetGeomAugPolygon outline(points, 0.1);
+        const ZetGeomAugPolygon rectangle = outline.getMinRectangle();
+        text += "----" + ShortText(points) + "held" + ShortText(outline.getVertices()) +
+                "normalised" + ShortText(outline.getNormalised(0.1).getVertices()) + "rectangle" +
+                ShortText(rectangle.getVertices());
+        for (const ZetGeomAugPolygon& piece : rectangle.subtract(outline, kOffset))
+            text += "piece" + ShortText(piece.getVertices());
+    }
+    EXPECT_TRUE(MatchesGolden(GEOMETRY_GOLDEN_FOLDER, "outlines", text));
 }
 
 TEST(SelfCrossingTest, TouchingIsNoCrossing) {
