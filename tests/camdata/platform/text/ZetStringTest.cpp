@@ -43,7 +43,7 @@ TEST(ZetStringTest, FindStartsWhereItIsTold) {
 TEST(ZetStringTest, ComparesByCharacterAndWithoutCase) {
     EXPECT_EQ(ZetString(L"A").compare(L"a"), -1);
     EXPECT_EQ(ZetString(L"b").compare(L"a"), 1);
-    EXPECT_EQ(ZetString(L"slt").compareNoCase(L"SLT"), 0);
+    EXPECT_EQ(ZetString(L"slT").compareNoCase(L"SLt"), 0);
     EXPECT_EQ(ZetString(L"ä").compareNoCase(L"Ä"), 1);
     EXPECT_LT(ZetString(L"Z10"), ZetString(L"Z2"));
 }
