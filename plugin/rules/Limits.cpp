@@ -75,7 +75,6 @@ void JobMember::CheckLimits() {
     const CMemberValidations unlimited = Unlimited(given);
     CMxSingleMemValidation prescription = GetSingleMemValid();
     SetSingleMemValid({});
-    m_message = {};
     // As the library leaves it, also when there is nothing for it to check.
     CMxGeom::SetTol(eTolX);
     const auto check = [&](const LimitCheck& limit) {
