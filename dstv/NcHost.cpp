@@ -97,6 +97,7 @@ class StructureBuilder {
         ZetArray<ZetNCContour> internalContours;
         ZetArray<ZetNCMark> marks;
         ZetArray<ZetNCNumeration> numerations;
+        long index = 0;  ///< of the view; valid after TakeStructure
     };
     /// Where a feature goes, and how its coordinates get there.
     struct Target {
@@ -333,7 +334,6 @@ void StructureBuilder::AddNumeration(const NcNumeration& numeration) {
 
 ZetNCStructure StructureBuilder::TakeStructure() {
     ZetArray<ZetNCView> views;
-    std::map<long, long> indexOfPosition;
     for (auto& [position, draft] : m_drafts) {
         ZetNCView view;
         view.setViewPos(position);
@@ -343,11 +343,11 @@ ZetNCStructure StructureBuilder::TakeStructure() {
         view.setInternalContours(std::move(draft.internalContours));
         view.setMarks(std::move(draft.marks));
         view.setNumerations(std::move(draft.numerations));
-        indexOfPosition[position] = views.length();
+        draft.index = views.length();
         views.append(std::move(view));
     }
     for (NcHoleTarget& target : m_targets)
-        target.view = indexOfPosition[target.view];
+        target.view = m_drafts.at(static_cast<int>(target.view)).index;
     ZetNCStructure structure;
     structure.setViews(std::move(views));
     structure.setCuts(CutsOf(m_part));

@@ -19,21 +19,14 @@ bool IsForbidden(const CNotchAddInfo& notch, const CMemberValidations& limits) {
     return limit == 0;
 }
 
-void RejectForbidden(ZetArray<CNotchAddInfo>& notches, const CMemberValidations& limits) {
-    for (CNotchAddInfo& notch : notches) {
-        if (notch.GetNotchStatus() != eNotchNone && IsForbidden(notch, limits))
-            notch.SetNotchStatus(eNotchNotAllowed);
+/// From the notch at `first` on.
+void RejectForbidden(ZetArray<CNotchAddInfo>& notches,
+                     long first,
+                     const CMemberValidations& limits) {
+    for (long i = first; i < notches.length(); ++i) {
+        if (notches[i].GetNotchStatus() != eNotchNone && IsForbidden(notches[i], limits))
+            notches[i].SetNotchStatus(eNotchNotAllowed);
     }
-}
-
-template <typename Record>
-void MoveAll(ZetArray<Record>& from, ZetArray<Record>& to) {
-    if (to.isEmpty()) {
-        to = std::move(from);
-        return;
-    }
-    for (Record& record : from)
-        to.append(std::move(record));
 }
 
 /// Where the records of a view's holes go.
@@ -62,15 +55,14 @@ void AppendNotches(const ZetArray<ZetNCContour>& contours,
         return;
     CNotchAddInfo notch;
     for (long i = 0; i < contours.length(); ++i) {
-        ZetArray<CNotchAddInfo> pieces;
+        const long first = notches.length();
         notch.InitValues();
-        notch.SetNotchData(contours[i], view, pieces);
+        notch.SetNotchData(contours[i], view, notches);
         // The further pieces are corrected already.
         notch.CorrectData();
         // Nobody needs the last one again.
-        pieces.append(i + 1 < contours.length() ? notch : std::move(notch));
-        RejectForbidden(pieces, limits);
-        MoveAll(pieces, notches);
+        notches.append(i + 1 < contours.length() ? notch : std::move(notch));
+        RejectForbidden(notches, first, limits);
     }
 }
 

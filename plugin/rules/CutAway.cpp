@@ -82,7 +82,7 @@ std::vector<ZetGeomPoint2d> SlotOutline(const ZetGeomPoint2d& centre,
 /// Two for a wall that is seen from both sides, if both count across it from the same line.
 JobMember::WallViews JobMember::FindViewsOfWall(int viewPosition) const {
     const profiles::Wall* const wall =
-        profiles::FindWall(m_memType.GetProfileCode().view(), viewPosition);
+        profiles::FindWall(m_memType.GetHeaderData().profileCode.view(), viewPosition);
     const bool isOne = wall == nullptr || IsHollow() || wall->views[0] == wall->views[1] ||
                        (wall->IsFlange() && m_type.topFlange != m_type.bottomFlange);
     if (isOne)

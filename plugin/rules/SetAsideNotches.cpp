@@ -42,7 +42,7 @@ constexpr std::wstring_view kHollowCodes[] = {L"M", L"RO"};
 bool JobMember::IsHollow() const {
     return std::find(std::begin(kHollowCodes),
                      std::end(kHollowCodes),
-                     m_memType.GetProfileCode().view()) != std::end(kHollowCodes);
+                     m_memType.GetHeaderData().profileCode.view()) != std::end(kHollowCodes);
 }
 
 /// An outline that cuts nothing is no notch.
