@@ -97,7 +97,7 @@ class HoleGrid {
 /// Kept holes of one class of sizes, in the order of the list.
 class KeptClass {
   public:
-    explicit KeptClass(double largest) : m_largest(largest) {}
+    explicit KeptClass(double largest) : m_largest(largest) { m_holes.reserve(kFewHoles); }
 
     double Largest() const { return m_largest; }
     const std::vector<const HolePlace*>& Holes() const { return m_holes; }

@@ -11,6 +11,9 @@
 namespace camdata::detail {
 namespace {
 
+/// Records that are still in the nearest caches when the first of them is filled.
+constexpr long kRecordsAtOnce = 32;
+
 using Holes = std::vector<ViewHole>;
 
 bool IsSetAside(const ViewHole& hole) {
@@ -116,10 +119,12 @@ void AppendRecords(const Holes& holes, const CViewData& view, ZetArray<CHoleAddl
     if (holes.empty())
         return;
     MakeRoom(records, holes.size());
+    auto next = records.length();
+    const long end = next + static_cast<long>(holes.size());
     for (const ViewHole& hole : holes) {
-        // One by one: the first of many would have left the nearest caches before it is filled.
-        records.setLength(records.length() + 1);
-        CHoleAddlInfo& record = records.last();
+        if (next == records.length())
+            records.setLength(std::min(next + kRecordsAtOnce, end));
+        CHoleAddlInfo& record = records[next++];
         record.SetHoleData(*hole.data);
         record.CorrectData(view);
         if (hole.isCountersunk)
