@@ -81,6 +81,32 @@ void WriteMany(const TempFolder& folder) {
         folder.Write(Number("nc/%04ld.nc1", i), GeneratedFile(i));
 }
 
+constexpr const char* kOneProfile = R"([job]
+name = "One profile"
+nc_files = ["nc/*.nc1"]
+date = 2026-03-02
+[project]
+file_name = "s"
+[[group]]
+id = "purlins"
+nesting = true
+[[member_type]]
+id = "purlin"
+profile = "Z*"
+group = "purlins"
+)";
+
+/// So many of one profile that its plan and lists are shared out, too.
+void WriteOneProfile(const TempFolder& folder) {
+    fs::create_directories(folder.PathOf("nc"));
+    folder.Write("job.toml", kOneProfile);
+    for (long i = 1; i <= 600; ++i)
+        folder.Write(
+            Number("nc/%04ld.nc1", i),
+            nc::Header(Number("M%ld", i), "Z200x2.0\n  SO", Number("%ld.00", 800 + i * 37 % 3000)) +
+                "EN\n");
+}
+
 /// Main parts before and behind their parts, which other files stand between.
 void WriteAssemblies(const TempFolder& folder) {
     SampleJob job;
@@ -136,6 +162,7 @@ TEST(Threads, AnyNumberOfThemGivesTheSame) {
     };
     const Case cases[] = {
         {"many members",  WriteMany,       "exit code 1\n"},
+        {"one profile",   WriteOneProfile, "exit code 0\n"},
         {"assemblies",    WriteAssemblies, "exit code 1\n"},
         {"refused files", WriteRefused,    "exit code 2\n"},
         {"the example",   WriteWarehouse,  "exit code 1\n"},
