@@ -92,8 +92,7 @@ void JobRunner::RunInFolder() {
 
 /// The run is let go of meanwhile: what takes time there is the disk.
 void JobRunner::Commit(StagedOutput& output, std::unique_ptr<plugin::JobRun> run) {
-    constexpr long kWorthAThread = 500;
-    const unsigned threads = run->GetCount() < kWorthAThread ? 1 : m_options.threads;
+    const unsigned threads = run->GetThreadsForMembers();
     threads::DoAll({[&] { output.Commit(); }, [&] { run.reset(); }}, threads);
 }
 

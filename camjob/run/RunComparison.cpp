@@ -118,8 +118,8 @@ std::optional<std::string> SameMembers::operator()(std::string_view line) {
 }
 
 void SameMembers::Keep(std::size_t member, std::string text) {
-    constexpr std::size_t kMost = 8u << 20;
-    if (m_kept >= kMost)
+    constexpr std::size_t kMaxKept = 8u << 20;
+    if (m_kept >= kMaxKept)
         return;
     m_kept += text.size();
     m_made[member] = std::move(text);

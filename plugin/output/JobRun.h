@@ -138,8 +138,11 @@ class JobRun {
     /// Makes the plans "least" instead of the planner of `cutting/`.
     void SetPlanner(cutting::Planner planner) { m_planner = std::move(planner); }
 
-    /// That make plans; one without it.
+    /// That make plans and lists; one without it.
     void SetThreads(unsigned threads) { m_threads = threads; }
+    /// For what takes little time for each member: a few are done sooner than a thread is started.
+    /// After Write.
+    unsigned GetThreadsForMembers() const;
 
     /// Files of the job that take no part, a line each; the additional information lists them.
     void SetLeftOut(std::vector<ZetString> lines) { m_leftOut = std::move(lines); }
@@ -209,7 +212,6 @@ class JobRun {
     void EndLines(const std::filesystem::path& folder);
     bool IsAnyGroupNested() const;
     void MakePlans();
-    unsigned ThreadsForMembers() const;
     /// Several threads may each make one.
     ProfilePlan PlanFor(const std::vector<std::size_t>& members, unsigned threads) const;
     void TakePlan(ProfilePlan plan);

@@ -59,7 +59,7 @@ void JobRun::MakePlans() {
         profiles.push_back(&members);
     const unsigned atATime = m_bars.AreLimited() ? 1 : m_threads;
     // A single profile is shared out itself.
-    const unsigned forEach = profiles.size() == 1 ? ThreadsForMembers() : 1;
+    const unsigned forEach = profiles.size() == 1 ? GetThreadsForMembers() : 1;
     threads::ResultsInOrder<ProfilePlan> plans(
         profiles.size(), atATime, [&](std::size_t i) { return PlanFor(*profiles[i], forEach); });
     for (std::size_t i = 0; i < profiles.size(); ++i)
@@ -78,8 +78,7 @@ void JobRun::TakePlan(ProfilePlan plan) {
     m_plans.push_back(std::move(plan));
 }
 
-/// Of what takes little time for each member: a few are done sooner than a thread is started.
-unsigned JobRun::ThreadsForMembers() const {
+unsigned JobRun::GetThreadsForMembers() const {
     constexpr std::size_t kWorthAThread = 500;
     return m_written.size() < kWorthAThread ? 1 : m_threads;
 }
@@ -132,7 +131,7 @@ void JobRun::WriteCuttingFiles(const ZetString& folder) {
     FileFaults ofTable;
     threads::DoAll(
         {[&] { ofTable = WriteCuttingTable(table); }, [&] { ofList = WriteCuttingList(list); }},
-        ThreadsForMembers());
+        GetThreadsForMembers());
     m_faults.appendAll(ofList);
     m_faults.appendAll(ofTable);
 }
