@@ -462,7 +462,7 @@ bool CrossesItself(const OutlinePoints& points) {
 /// Where points are few, they lie on each other and on edges, and edges on edges.
 TEST(SelfCrossingTest, EqualsPlainWindingNumbers) {
     std::mt19937_64 random(7);
-    for (const std::uint64_t places : {3, 4, 6, 9, 1'000'003}) {
+    for (const std::uint64_t places : {3u, 4u, 6u, 9u, 1'000'003u}) {
         int crossing = 0;
         for (int i = 0; i < 4000; ++i) {
             OutlinePoints points;
