@@ -32,7 +32,7 @@ constexpr std::size_t kStep = 16;
 constexpr std::size_t kNoted = 8;
 /// Up to 4 KB.
 constexpr std::size_t kSizes = 256;
-constexpr unsigned kMostOfOneSize = 32;
+constexpr unsigned kMaxOfOneSize = 32;
 
 std::size_t SizeFor(std::size_t bytes) {
     return (bytes + kNoted + kStep - 1) / kStep;
@@ -71,7 +71,7 @@ class FreeBlocks {
     };
     struct List {
         Block* first = nullptr;
-        unsigned room = kMostOfOneSize;
+        unsigned room = kMaxOfOneSize;
     };
     static void* Take(List& list) {
         if (list.first == nullptr)
