@@ -214,7 +214,7 @@ TEST(NcHost, ARoundTubeHasItsMitreWhereItsSurfaceEndsInTheWave) {
         for (int i = 0; i < c.points; ++i) {
             const double turn = 2.0 * std::numbers::pi * i / (c.points - 1);
             const double x = 3000.0 - c.off - height + height * std::cos(turn);
-            blocks += " " + std::to_string(x) + " " + std::to_string(87.5 * turn) + "\n";
+            blocks += ZetString::format(L" %.6f %.6f\n", x, 87.5 * turn).toUtf8();
         }
         NcSample sample;
         sample.code = "RO";
