@@ -6,8 +6,9 @@ copy of build/release for each of N jobs, and runs the tests, with their folders
 A fault is a comparison or a constant that is a little off, a condition turned round, "and" for "or", plus for minus,
 true for false, a statement that is missing, or two rows of a table that have changed places. Faults that the compiler
 refuses are passed over. A fault survives when all tests of all programs that could notice it pass, the quickest first.
-What is changed is compiled with the assertions of the standard library. What survives is printed as it ends. mutants-equivalent.txt beside this script lists faults that change nothing anybody
-can see, with the reason; they count for nothing.
+What is changed is compiled with the assertions of the standard library. What survives is printed as it ends.
+mutants-equivalent.txt beside this script lists faults that change nothing anybody can see, with the reason; they count
+for nothing.
 
 mutants.py --again FILE plants those that FILE, the output of an earlier run, tells have survived.
 Without SEED another choice is made each time; the choice is of the whole project, so it changes with its sources.

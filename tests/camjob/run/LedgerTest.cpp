@@ -1,7 +1,6 @@
 #include "camjob/run/LedgerRun.h"
 #include "camjob/run/Accounts.h"
 #include "camjob/run/RunReport.h"
-#include "plugin/output/MachineRecordText.h"
 
 #include <numbers>
 
