@@ -236,7 +236,6 @@ void NcParser::CloseContour(NcOpenOutline& outline) {
     }
     m_notes.Warn(outline.lines.back().number, L"contour is not closed: closed by a straight edge");
     outline.points.push_back({first.x, first.q, 0.0, {}});
-    outline.lines.push_back(outline.lines.back());
 }
 
 std::vector<ZetGeomPoint2d> NcParser::CheckedOutline(const NcOpenOutline& outline) {

@@ -27,7 +27,6 @@ bool IsRound(const NcHeader& header) {
 
 /// Where a cut leaves the piece longest: over the corners of the section, or its circle.
 double ReachOf(const NcSawCut& cut, const NcHeader& header) {
-    const double sign = cut.normal.x > 0.0 ? 1.0 : -1.0;
     if (IsRound(header)) {
         const double radius = header.profileHeight / 2.0;
         const double rest = cut.normal.y * (radius - cut.point.y) +
@@ -35,12 +34,13 @@ double ReachOf(const NcSawCut& cut, const NcHeader& header) {
                             radius * std::hypot(cut.normal.y, cut.normal.z);
         return cut.point.x - rest / cut.normal.x;
     }
-    double reach = -sign * 1e300;
+    const bool isAtEnd = cut.normal.x > 0.0;
+    double reach = isAtEnd ? -1e300 : 1e300;
     for (const double y : {0.0, header.profileHeight})
         for (const double z : {0.0, header.flangeWidth}) {
             const double rest = cut.normal.y * (y - cut.point.y) + cut.normal.z * (z - cut.point.z);
             const double x = cut.point.x - rest / cut.normal.x;
-            reach = sign > 0.0 ? std::max(reach, x) : std::min(reach, x);
+            reach = isAtEnd ? std::max(reach, x) : std::min(reach, x);
         }
     return reach;
 }

@@ -27,7 +27,6 @@ class FileModelObject final : public IEqualPartObject, public IStructureObject {
           m_profileName(header.profileName),
           m_material(header.steelQuality),
           m_remark(header.infoTexts[0]) {}
-    virtual ~FileModelObject() = default;
 
     HostResult queryInterface(const HostInterfaceId& id, IHostObject** object) override {
         *object = nullptr;
@@ -82,7 +81,7 @@ HostPtr<IEqualPartObject> MakeModelObject(const NcHeader& header, bool isMainPar
 class StructureBuilder {
   public:
     explicit StructureBuilder(const NcPart& part)
-        : m_part(part), m_positions(part.planes.size(), 0) {}
+        : m_part(part), m_positions(part.planes.size()) {}
 
     void Build();
     ZetNCStructure TakeStructure();
@@ -231,7 +230,7 @@ void StructureBuilder::MarkUsed(const Features& features, std::vector<char>& isU
 }
 
 void StructureBuilder::NumberPlanes() {
-    std::vector<char> isUsed(m_part.planes.size(), 0);
+    std::vector<char> isUsed(m_part.planes.size());
     MarkUsed(m_part.holes, isUsed);
     MarkUsed(m_part.contours, isUsed);
     MarkUsed(m_part.marks, isUsed);

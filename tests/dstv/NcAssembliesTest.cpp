@@ -65,7 +65,9 @@ TEST(NcAssemblies, ReleasedPartsKeepTheirHeader) {
     EXPECT_EQ(entity.getHeader(0).mark, L"A");
     EXPECT_EQ(entity.getHeader(0).profileName, L"ZS 175*1.5");
     EXPECT_TRUE(entity.getNCStructure(0).getViews().isEmpty());
+    EXPECT_EQ(entity.getPart().file, L"part.nc1");
     EXPECT_TRUE(entity.getPart().holes.empty());
+    EXPECT_TRUE(entity.getHoleTargets().empty());
 }
 
 }  // namespace

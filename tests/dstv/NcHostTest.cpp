@@ -9,9 +9,11 @@
 
 #include <algorithm>
 #include <cmath>
+#include <fstream>
 #include <initializer_list>
 #include <iterator>
 #include <numbers>
+#include <optional>
 #include <random>
 #include <string>
 #include <utility>
@@ -39,14 +41,15 @@ TEST(NcHost, OffersHeaderOfBeamAndPlate) {
     const ZetNCHeaderData header = beam.getHeader(0);
     EXPECT_EQ(beam.getType(), ZetNCEntity::eNCTypeBeam);
     EXPECT_EQ(header.drawingNumber + L"|" + header.mark + L"|" + header.profileName + L"|" +
-                  header.profileCode,
-              L"Z-1|P1|ZS 175*1.5|SO");
+                  header.profileCode + L"|" + header.material,
+              L"Z-1|P1|ZS 175*1.5|SO|S350GD");
     EXPECT_EQ(header.quantity, 2);
     // clang-format off
     const std::vector<double> dimensions = {header.length, header.sawLength, header.height,
-                                            header.width, header.thickness};
+                                            header.width, header.thickness,
+                                            header.weightPerMetre, header.surfacePerMetre};
     // clang-format on
-    EXPECT_EQ(dimensions, (std::vector{2500.4, 2480.0, 175.0, 81.0, 1.5}));
+    EXPECT_EQ(dimensions, (std::vector{2500.4, 2480.0, 175.0, 81.0, 1.5, 4.416, 0.753}));
     sample.code = "B";
     const NcFileEntity plate = EntityOf(sample, "");
     EXPECT_EQ(plate.getType(), ZetNCEntity::eNCTypePlate);
@@ -198,14 +201,16 @@ TEST(NcHost, ARoundTubeHasItsMitreWhereItsSurfaceEndsInTheWave) {
         int points;
         double off;
         const char* cuts;
+        bool isSawn = false;
     };
     const char* const kOffered = "end web 30.000 at 3000.0 line 19\n";
     const char* const kNoted = "noted line 19\n";
     const Case cases[] = {
-        {8,  0.0,  kNoted  },
-        {7,  0.0,  kOffered},
-        {99, 0.49, kNoted  },
-        {99, 0.51, kOffered},
+        {8,  0.0,  kNoted                            },
+        {7,  0.0,  kOffered                          },
+        {99, 0.49, kNoted                            },
+        {99, 0.51, kOffered                          },
+        {8,  0.0,  "noted line 39\n", true},
     };
     const double height = 87.5 * std::tan(std::numbers::pi / 6.0);
     for (const Case& c : cases) {
@@ -218,26 +223,29 @@ TEST(NcHost, ARoundTubeHasItsMitreWhereItsSurfaceEndsInTheWave) {
         }
         NcSample sample;
         sample.code = "RO";
-        sample.webEndCut = "30";
-        EXPECT_EQ(CutsIn(EntityOf(sample, blocks + " 0 549.779\n 0 0\nEN\n")), c.cuts);
+        sample.webEndCut = c.isSawn ? "0" : "30";
+        // Slanted to both sides alike, through the middle of the mitre.
+        const std::string sawCut = c.isSawn ? "SC\n 2949.482 87.5 87.5 1 0.4082483 0.4082483\n" : "";
+        EXPECT_EQ(CutsIn(EntityOf(sample, blocks + " 0 549.779\n 0 0\n" + sawCut)), c.cuts);
     }
 }
 
-/// What the host offers of a part, a line each.
+/// What the host offers of a part, a line each; behind "@" the line of the file.
 std::string OfferedBy(const NcFileEntity& entity) {
     std::string text = CutsIn(entity);
     const auto numbers = [&](std::initializer_list<double> each) {
         for (const double number : each)
             text += ZetString::format(L" %.2f", number).toUtf8();
     };
-    const auto line = [&](const std::string& what, std::initializer_list<double> each) {
-        text += what;
+    const auto line = [&](const std::string& what, long at, std::initializer_list<double> each) {
+        text += what + " @" + std::to_string(at);
         numbers(each);
         text += "\n";
     };
     const auto contours = [&](const char* what, const ZetArray<ZetNCContour>& each) {
         for (const ZetNCContour& contour : each) {
             text += what;
+            text += " @" + std::to_string(contour.hostTag);
             for (long i = 0; i < contour.xValues.length(); ++i)
                 numbers({contour.xValues[i], contour.yValues[i]});
             text += "\n";
@@ -245,18 +253,90 @@ std::string OfferedBy(const NcFileEntity& entity) {
     };
     const ZetNCStructure structure = entity.getNCStructure(0);
     for (const ZetNCView& view : structure.getViews()) {
-        text += "view " + std::to_string(view.getViewPos()) + "\n";
+        const ZetGeomPlane plane = view.getPlane();
+        text += "view " + std::to_string(view.getViewPos());
+        numbers({plane.origin.x, plane.origin.y, plane.origin.z});
+        numbers({plane.xAxis.x, plane.xAxis.y, plane.xAxis.z});
+        numbers({plane.yAxis.x, plane.yAxis.y, plane.yAxis.z});
+        text += "\n";
         for (const ZetNCHoleData& hole : view.getHoles())
-            line("hole", {hole.x, hole.y, hole.size, hole.slotLength, hole.slotAngle, hole.depth});
+            line("hole " + std::to_string(hole.kind),
+                 hole.hostTag,
+                 {hole.x, hole.y, hole.size, hole.slotLength, hole.slotAngle, hole.depth});
         contours("outline", view.getExternalContours());
         contours("opening", view.getInternalContours());
         for (const ZetNCMark& mark : view.getMarks())
             for (const ZetGeomPoint2d& point : mark.points)
-                line("mark", {point.x, point.y});
+                line("mark " + std::to_string(mark.kind), mark.hostTag, {point.x, point.y});
         for (const ZetNCNumeration& number : view.getNumerations())
-            line("text", {number.x, number.y, number.angle});
+            line("text", number.hostTag, {number.x, number.y, number.angle});
     }
+    for (const dstv::NcHoleTarget& target : entity.getHoleTargets())
+        text += "target " + std::to_string(target.view) + "/" + std::to_string(target.index) + "\n";
     return text;
+}
+
+/// What is written of a part behind the texts of the sample's header.
+std::string WrittenBlocks(const dstv::NcPart& part) {
+    const std::string header = "\n  Purlin\n  \n  \n  \n";
+    const std::string text = std::get<std::string>(dstv::WriteNc(part, {}));
+    return text.substr(text.find(header) + header.size());
+}
+
+/// A file of told-files.txt while it is read, and what is told, offered and written of it.
+struct ToldFile {
+    std::vector<std::string> header = LinesOf(NcSample().Header());
+    std::string blocks = "EN\n";
+    std::optional<std::string> whole;
+    std::string told, offered, written;
+
+    void Take(const std::string& line) {
+        const std::string text = Replaced(line.size() > 2 ? line.substr(2) : "", "\\n", "\n");
+        if (line[0] == '!')
+            told += text + "\n";
+        else if (line[0] == '=')
+            offered += text + "\n";
+        else if (line[0] == '~')
+            written += text + "\n";
+        else if (line[0] == '+')
+            blocks = text;
+        else if (line[0] == '>')
+            whole = text;
+        else
+            header[std::stoul(text) - 1] =
+                text.substr(std::min(text.find(' '), text.size() - 1) + 1) + "\n";
+    }
+    std::string Text() const {
+        std::string text;
+        for (const std::string& line : header)
+            text += line;
+        return whole.value_or(text + blocks);
+    }
+};
+
+TEST(NcHost, TellsOffersAndWritesWhatIsInFiles) {
+    std::ifstream stream(DSTV_TEST_FOLDER "/told-files.txt", std::ios::binary);
+    ToldFile file;
+    int cases = 0;
+    for (std::string line; std::getline(stream, line);) {
+        if (!line.empty() && line[0] != '#') {
+            file.Take(line);
+            continue;
+        }
+        if (!line.empty())
+            continue;
+        const std::string text = file.Text();
+        EXPECT_EQ(ToldOf(text), file.told) << text;
+        if (!file.offered.empty()) {
+            EXPECT_EQ(OfferedBy(NcFileEntity(ReadPart(text))), file.offered) << text;
+        }
+        if (!file.written.empty()) {
+            EXPECT_EQ(WrittenBlocks(ReadPart(text)), file.written) << text;
+        }
+        file = ToldFile();
+        ++cases;
+    }
+    EXPECT_GT(cases, 60);
 }
 
 /// Stands in a pattern for one of these.
@@ -443,6 +523,14 @@ TEST(NcHost, ModelObjectOutlivesItsEntity) {
     ZetString name;
     EXPECT_EQ(structure->getProfileName(&name), kHostOk);
     EXPECT_EQ(name, L"ZS 175*1.5");
+    ZetString texts;
+    for (const auto get : {&IEqualPartObject::getPartNumber, &IEqualPartObject::getAssemblyNumber,
+                           &IEqualPartObject::getName, &IEqualPartObject::getMaterial,
+                           &IEqualPartObject::getFinish, &IEqualPartObject::getRemark}) {
+        EXPECT_EQ((part.get()->*get)(&name), kHostOk);
+        texts += name + L"|";
+    }
+    EXPECT_EQ(texts, L"P1||ZS 175*1.5|S350GD||Purlin|");
     IEqualPartObject::HostBool isMainPart = IEqualPartObject::kHostTrue;
     EXPECT_EQ(part->getMainPart(&isMainPart), kHostOk);
     EXPECT_EQ(isMainPart, 0);

@@ -5,7 +5,6 @@
 #include <array>
 #include <cstdint>
 #include <fstream>
-#include <optional>
 #include <utility>
 #include <vector>
 
@@ -100,62 +99,6 @@ TEST(NcReader, ReadsHoleLines) {
         EXPECT_EQ(hole.sinkAngle, c.kind == Kind::kCountersunk ? 90.0 : 0.0);
         EXPECT_EQ(hole.outline.empty(), c.form != kRectangle);
     }
-}
-
-std::string Replaced(std::string text, const std::string& from, const std::string& to) {
-    for (std::size_t at = 0; (at = text.find(from, at)) != text.npos; at += to.size())
-        text.replace(at, from.size(), to);
-    return text;
-}
-
-std::vector<std::string> LinesOf(const std::string& text) {
-    std::vector<std::string> lines;
-    for (std::size_t at = 0; at < text.size(); at += lines.back().size())
-        lines.push_back(text.substr(at, text.find('\n', at) + 1 - at));
-    return lines;
-}
-
-/// A file of told-files.txt while it is read, and what is told of it.
-struct ToldFile {
-    std::vector<std::string> header = LinesOf(NcSample().Header());
-    std::string blocks = "EN\n";
-    std::optional<std::string> whole;
-    std::string told;
-
-    void Take(const std::string& line) {
-        const std::string text = Replaced(line.size() > 2 ? line.substr(2) : "", "\\n", "\n");
-        if (line[0] == '!')
-            told += text + "\n";
-        else if (line[0] == '+')
-            blocks = text;
-        else if (line[0] == '>')
-            whole = text;
-        else
-            header[std::stoul(text) - 1] =
-                text.substr(std::min(text.find(' '), text.size() - 1) + 1) + "\n";
-    }
-    std::string Text() const {
-        std::string text;
-        for (const std::string& line : header)
-            text += line;
-        return whole.value_or(text + blocks);
-    }
-};
-
-TEST(NcReader, TellsWhatItRefusesAndForgives) {
-    std::ifstream stream(DSTV_TEST_FOLDER "/told-files.txt", std::ios::binary);
-    ToldFile file;
-    int cases = 0;
-    for (std::string line; std::getline(stream, line);) {
-        if (!line.empty() && line[0] != '#') {
-            file.Take(line);
-        } else if (line.empty()) {
-            EXPECT_EQ(ToldOf(file.Text()), file.told) << file.Text();
-            file = ToldFile();
-            ++cases;
-        }
-    }
-    EXPECT_GT(cases, 60);
 }
 
 /// Forms of one file that differ in nothing that counts.

@@ -36,6 +36,19 @@ struct NcSample {
     std::string With(const std::string& blocks) const { return Header() + blocks; }
 };
 
+inline std::string Replaced(std::string text, const std::string& from, const std::string& to) {
+    for (std::size_t at = 0; (at = text.find(from, at)) != text.npos; at += to.size())
+        text.replace(at, from.size(), to);
+    return text;
+}
+
+inline std::vector<std::string> LinesOf(const std::string& text) {
+    std::vector<std::string> lines;
+    for (std::size_t at = 0; at < text.size(); at += lines.back().size())
+        lines.push_back(text.substr(at, text.find('\n', at) + 1 - at));
+    return lines;
+}
+
 inline dstv::NcPart ReadPart(const std::string& text) {
     dstv::NcResult result = dstv::ParseNc(text, L"part.nc1");
     if (const auto* error = std::get_if<dstv::NcError>(&result)) {
