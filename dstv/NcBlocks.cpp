@@ -9,25 +9,25 @@ namespace {
 struct Row {
     std::string_view code;
     NcBlockType type;
-    char onPlane;  ///< first letter of the same block on a plane; 0: there is none
+    char onPlane;  ///< first letter of the same block on a plane; blank: there is none
 };
 
 constexpr std::array<Row, 14> kRows = {
     {
-     {"ST", NcBlockType::kStart, 0},
-     {"EN", NcBlockType::kEnd, 0},
+     {"ST", NcBlockType::kStart, ' '},
+     {"EN", NcBlockType::kEnd, ' '},
      {"BO", NcBlockType::kHoles, 'B'},
      {"SI", NcBlockType::kNumerations, 'S'},
      {"AK", NcBlockType::kOuter, 'A'},
      {"IK", NcBlockType::kInner, 'I'},
      {"PU", NcBlockType::kPowder, 'P'},
      {"KO", NcBlockType::kPunch, 'K'},
-     {"KA", NcBlockType::kBends, 0},
-     {"SC", NcBlockType::kSawCuts, 0},
-     {"PR", NcBlockType::kSection, 0},
-     {"TO", NcBlockType::kTolerance, 0},
-     {"UE", NcBlockType::kCamber, 0},
-     {"IN", NcBlockType::kInformation, 0},
+     {"KA", NcBlockType::kBends, ' '},
+     {"SC", NcBlockType::kSawCuts, ' '},
+     {"PR", NcBlockType::kSection, ' '},
+     {"TO", NcBlockType::kTolerance, ' '},
+     {"UE", NcBlockType::kCamber, ' '},
+     {"IN", NcBlockType::kInformation, ' '},
      }
 };
 

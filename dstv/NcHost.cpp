@@ -80,8 +80,7 @@ HostPtr<IEqualPartObject> MakeModelObject(const NcHeader& header, bool isMainPar
 /// Sorts everything on a part into its views.
 class StructureBuilder {
   public:
-    explicit StructureBuilder(const NcPart& part)
-        : m_part(part), m_positions(part.planes.size()) {}
+    explicit StructureBuilder(const NcPart& part) : m_part(part), m_positions(part.planes.size()) {}
 
     void Build();
     ZetNCStructure TakeStructure();

@@ -5,7 +5,6 @@
 
 #include "camdata/platform/geometry/ZetGeomTol.h"
 
-#include <algorithm>
 #include <cmath>
 #include <numbers>
 
@@ -42,8 +41,7 @@ std::optional<PlaneOfPoints> PlaneThrough(const std::array<ZetGeomPoint3d, 3>& p
         return std::nullopt;
     const ZetGeomVector3d xAxis = Unit(x);
     const ZetGeomVector3d yAxis = Unit(xAxis.cross(y).cross(xAxis));
-    const double sine = std::clamp(Unit(y).dot(xAxis), -1.0, 1.0);
-    const double skew = std::abs(std::asin(sine)) * 180.0 / std::numbers::pi;
+    const double skew = std::abs(std::asin(Unit(y).dot(xAxis))) * 180.0 / std::numbers::pi;
     return PlaneOfPoints{
         {points[0], xAxis, yAxis},
         skew

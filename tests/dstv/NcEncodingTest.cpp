@@ -1,5 +1,6 @@
 #include "codepages/CodePages.h"
 #include "dstv/NcSample.h"
+#include "dstv/NcText.h"
 
 #include <set>
 
@@ -28,6 +29,7 @@ TEST(NcEncoding, TheSameBytesInSeveral) {
         {"\xA3\xF3" "d\xBC", "iso-8859-2", "Łódź"},
         {"\xEB\xDC", "windows-1253", "λά"},
         {"1\x80", "windows-1252", "1€"},
+        {"1\x9F\xA0" "1", "auto", "1Ÿ\u00A0" "1"},
         {"1\xA4", "iso-8859-15", "1€"},
         {utf8, "auto", "Träger"},
         {"\xE2\x82" "A", "auto", "â‚A"},
@@ -49,6 +51,53 @@ TEST(NcEncoding, TheSameBytesInSeveral) {
     const dstv::NcResult marked = dstv::ParseNc(
         "\xEF\xBB\xBF" + NcSample{.mark = utf8}.With("EN\n"), L"x", {kMark, "windows-1251"});
     EXPECT_EQ(std::get<dstv::NcPart>(marked).header.mark, L"Tr\u00E4ger");
+}
+
+TEST(NcEncoding, KnowsUtf8ToTheEndsOfItsRanges) {
+    constexpr const char* kGood[] = {
+        "\x01\x7F",
+        "\xC2\x80",
+        "\xDF\xBF",
+        "\xE0\xA0\x80",
+        "\xE0\xBF\xBF",
+        "\xE1\x80\x80",
+        "\xEC\xBF\xBF",
+        "\xED\x80\x80",
+        "\xED\x9F\xBF",
+        "\xEE\x80\x80",
+        "\xEF\xBF\xBF",
+        "\xF0\x90\x80\x80",
+        "\xF0\xBF\xBF\xBF",
+        "\xF1\x80\x80\x80",
+        "\xF3\xBF\xBF\xBF",
+        "\xF4\x80\x80\x80",
+        "\xF4\x8F\xBF\xBF",
+    };
+    constexpr const char* kBad[] = {
+        "\x80",
+        "\xBF",
+        "\xC1\xBF",
+        "\xC2\x7F",
+        "\xC2\xC0",
+        "\xE0\x9F\xBF",
+        "\xE1\x80\x7F",
+        "\xE1\x80\xC0",
+        "\xED\xA0\x80",
+        "\xF0\x8F\xBF\xBF",
+        "\xF1\x80\x80\x7F",
+        "\xF1\x80\x80\xC0",
+        "\xF4\x90\x80\x80",
+        "\xF5\x80\x80\x80",
+        "\xC2",
+        "\xE1\x80",
+        "\xF1\x80\x80",
+    };
+    for (const char* good : kGood)
+        EXPECT_TRUE(dstv::IsUtf8(std::string(good) + good)) << testing::PrintToString(good);
+    for (const char* bad : kBad) {
+        EXPECT_FALSE(dstv::IsUtf8(bad)) << testing::PrintToString(bad);
+        EXPECT_FALSE(dstv::IsUtf8(std::string("A") + bad)) << testing::PrintToString(bad);
+    }
 }
 
 /// A character that a page had twice, or a control character in a place of its own, would be a slip

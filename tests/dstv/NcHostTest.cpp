@@ -201,16 +201,16 @@ TEST(NcHost, ARoundTubeHasItsMitreWhereItsSurfaceEndsInTheWave) {
         int points;
         double off;
         const char* cuts;
-        bool isSawn = false;
+        bool isSawn;
     };
     const char* const kOffered = "end web 30.000 at 3000.0 line 19\n";
     const char* const kNoted = "noted line 19\n";
     const Case cases[] = {
-        {8,  0.0,  kNoted                            },
-        {7,  0.0,  kOffered                          },
-        {99, 0.49, kNoted                            },
-        {99, 0.51, kOffered                          },
-        {8,  0.0,  "noted line 39\n", true},
+        {8,  0.0,  kNoted,            false},
+        {7,  0.0,  kOffered,          false},
+        {99, 0.49, kNoted,            false},
+        {99, 0.51, kOffered,          false},
+        {8,  0.0,  "noted line 39\n", true },
     };
     const double height = 87.5 * std::tan(std::numbers::pi / 6.0);
     for (const Case& c : cases) {
@@ -225,7 +225,8 @@ TEST(NcHost, ARoundTubeHasItsMitreWhereItsSurfaceEndsInTheWave) {
         sample.code = "RO";
         sample.webEndCut = c.isSawn ? "0" : "30";
         // Slanted to both sides alike, through the middle of the mitre.
-        const std::string sawCut = c.isSawn ? "SC\n 2949.482 87.5 87.5 1 0.4082483 0.4082483\n" : "";
+        const std::string sawCut =
+            c.isSawn ? "SC\n 2949.482 87.5 87.5 1 0.4082483 0.4082483\n" : "";
         EXPECT_EQ(CutsIn(EntityOf(sample, blocks + " 0 549.779\n 0 0\n" + sawCut)), c.cuts);
     }
 }
@@ -524,9 +525,12 @@ TEST(NcHost, ModelObjectOutlivesItsEntity) {
     EXPECT_EQ(structure->getProfileName(&name), kHostOk);
     EXPECT_EQ(name, L"ZS 175*1.5");
     ZetString texts;
-    for (const auto get : {&IEqualPartObject::getPartNumber, &IEqualPartObject::getAssemblyNumber,
-                           &IEqualPartObject::getName, &IEqualPartObject::getMaterial,
-                           &IEqualPartObject::getFinish, &IEqualPartObject::getRemark}) {
+    for (const auto get : {&IEqualPartObject::getPartNumber,
+                           &IEqualPartObject::getAssemblyNumber,
+                           &IEqualPartObject::getName,
+                           &IEqualPartObject::getMaterial,
+                           &IEqualPartObject::getFinish,
+                           &IEqualPartObject::getRemark}) {
         EXPECT_EQ((part.get()->*get)(&name), kHostOk);
         texts += name + L"|";
     }

@@ -204,6 +204,12 @@ TEST(NcReader, RefusesMoreThanItsLimits) {
     EXPECT_EQ(ReadError(NcSample().With(rounds)),
               "part.nc1:27: outline \"v 0 0 900000000 0l 1 1 0\": "
               "expected at most 200000 points in one file");
+    std::string line = "PU\n  v 0 0\n";
+    for (std::size_t i = 0; i < dstv::kMaxOutlinePoints; ++i)
+        line += i % 2 == 0 ? "1 1\n" : "0 0\n";
+    EXPECT_EQ(ReadError(NcSample().With(line)), "read");
+    EXPECT_EQ(ReadError(NcSample().With(line + "2 2\n")),
+              "part.nc1:200027: outline \"0 0\": expected at most 200000 points in one file");
     std::string holes = "BO\n";
     for (std::size_t i = 0; i < dstv::kMaxHoles; ++i)
         holes += "  v 1 2 3\n";
@@ -242,6 +248,49 @@ TEST(NcReader, RefusesMoreThanItsLimits) {
     for (int i = 0; i < 1500; ++i)
         bad += "TO\n  x\n";
     EXPECT_EQ(ReadPart(NcSample().With(bad)).notes.size(), dstv::kMaxNotes + 1500);
+}
+
+/// A thousand times the same slot, and so as many holes in slots as may be: one hole more is one
+/// too many wherever it could touch the slot, by rows of 1 mm along it and 2 mm beside and beyond
+/// it.
+TEST(NcReader, CountsAHoleForEachSlotThatItIsNear) {
+    struct Case {
+        const char* start;
+        const char* slot;  ///< width, height, angle
+        std::vector<const char*> counted, others;
+    };
+    const std::vector<const char*> beside = {
+        "1500 78.01", "1500 82.99", "1398.01 80", "1601.99 80"};
+    const std::vector<const char*> off = {"1500 77.99", "1500 83.01", "1397.99 80", "1602.01 80"};
+    // clang-format off
+    const Case cases[] = {
+        {"1500 80.25", "100 0 0", beside, off},
+        {"1500 80.25", "0 100 90", beside, off},
+        {"1500 80.5", "100 0 0", {"1601.99 80.2"}, {"1602.01 80.2"}},
+        {"1500 80", "0 100 0", {"1498.01 100", "1500 181.99"}, {"1497.99 100", "1500 182.01"}},
+        {"1500.5 80", "100 0 90", {"1500.2 181.99"}, {"1500.2 182.01"}},
+        {"1500.25 80", "100 0 -90", {"1502.99 100"}, {"1503.01 100"}},
+        {"1500 80.25", "100 0 30", {"1494.98 80.7", "1505.89 80.7", "1425.7 40.1", "1436.61 40.1"},
+                                   {"1494.96 80.7", "1505.91 80.7", "1425.68 40.1", "1436.63 40.1"}},
+        {"1500 80.25", "100 0 120", {"1497.01 80.7", "1502.99 80.7", "1520.01 40.1", "1525.99 40.1"},
+                                    {"1496.99 80.7", "1503.01 80.7", "1519.99 40.1", "1526.01 40.1"}},
+        {"1500 80", "0.05 0 0", {"1502.04 80"}, {"1502.06 80"}},
+        {"1500 80", "0 0.05 0", {"1500 82.04"}, {"1500 82.06"}},
+    };
+    // clang-format on
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.start + std::string(" ") + c.slot);
+        std::string slots = "BO\n";
+        for (int i = 0; i < 1'000; ++i)
+            slots += std::string("  v ") + c.start + " 18 0l " + c.slot + "\n";
+        const auto isRead = [&](const char* place) {
+            return ReadError(NcSample().With(slots + "  v " + place + " 5\n")) == "read";
+        };
+        for (const char* place : c.counted)
+            EXPECT_FALSE(isRead(place)) << place;
+        for (const char* place : c.others)
+            EXPECT_TRUE(isRead(place)) << place;
+    }
 }
 
 TEST(NcReader, TellsWhichFileCannotBeRead) {

@@ -122,6 +122,15 @@ TEST(NcWriter, WhatIsWrittenReadsBackAsThePart) {
     }
 }
 
+TEST(NcWriter, WritesTheHeaderAsItWasRead) {
+    const std::string text =
+        "ST\n  order\n  drawing\n  phase\n  mark\n  steel\n  7\n  name\n  I\n    3000.00,  2999.50\n"
+        "     175.00\n      81.25\n       3.00\n       1.50\n       4.00\n      4.416\n"
+        "      0.753\n       1.00\n      -2.00\n       3.50\n      -4.00\n"
+        "  text 1\n  text 2\n  text 3\n  text 4\n** remark\nEN\n";
+    EXPECT_EQ(Written(PartOf(text)), text);
+}
+
 TEST(NcWriter, EncodingLineEndsAndWhatIsKept) {
     const std::string bytes = NcSample{.mark = "\xC1\xE0"}.With(
         "BO\n  v 10.00o 20.00 14.00\n  v 60.1234567891 20.00 18.00\n"
