@@ -1,7 +1,9 @@
 #include "dstv/NcGeometry.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
+#include <cstddef>
 #include <numbers>
 
 namespace dstv {
@@ -35,16 +37,13 @@ void AppendArc(const ZetGeomPoint2d& centre,
 }  // namespace
 
 ZetGeomVector2d DirectionAt(double degrees) {
-    constexpr ZetGeomVector2d kQuarters[] = {
-        {1.0,  0.0 },
-        {0.0,  1.0 },
-        {-1.0, 0.0 },
-        {0.0,  -1.0}
+    static constexpr std::array<ZetGeomVector2d, 4> kQuarters = {
+        {{1.0, 0.0}, {0.0, 1.0}, {-1.0, 0.0}, {0.0, -1.0}}
     };
     const double turned = degrees - 360.0 * std::floor(degrees / 360.0);
     const double quarter = turned / 90.0;
     if (quarter == std::floor(quarter))
-        return kQuarters[static_cast<int>(quarter) % 4];
+        return kQuarters[static_cast<std::size_t>(quarter) % 4];
     return {std::cos(ToRadians(turned)), std::sin(ToRadians(turned))};
 }
 
@@ -85,7 +84,6 @@ Outline RectangleOutline(
     AppendEdge(at(-r, height), r, outline);
     AppendEdge(at(-r, 0.0), 0.0, outline);
     AppendEdge(at(0.0, -r), r, outline);
-    outline.back() = outline.front();
     return outline;
 }
 

@@ -6,6 +6,7 @@
 #include "camdata/platform/text/Unicode.h"
 
 #include <algorithm>
+#include <array>
 #include <charconv>
 #include <cmath>
 #include <cstdint>
@@ -21,15 +22,11 @@ constexpr std::string_view kBlanks = " \t";
 
 /// So many digits, and powers of ten up to that, are exact as doubles.
 constexpr std::ptrdiff_t kExactDigits = 15;
-constexpr double kPowersOfTen[kExactDigits + 1] = {
+constexpr std::array<double, kExactDigits + 1> kPowersOfTen = {
     1e0, 1e1, 1e2, 1e3, 1e4, 1e5, 1e6, 1e7, 1e8, 1e9, 1e10, 1e11, 1e12, 1e13, 1e14, 1e15};
 
 char LowerCase(char c) {
     return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
-}
-
-bool IsDigit(char c) {
-    return c >= '0' && c <= '9';
 }
 
 /// The number that a text begins with: sign, digits, point, digits.
@@ -84,8 +81,8 @@ LeadingNumber NumberAt(const char* const begin, const char* const end) {
     const auto length = static_cast<std::size_t>(at - begin);
     if (count > kExactDigits)
         return {length, std::numeric_limits<double>::quiet_NaN()};
-    const double magnitude =
-        static_cast<double>(static_cast<std::int64_t>(digits)) / kPowersOfTen[decimals];
+    const double magnitude = static_cast<double>(static_cast<std::int64_t>(digits)) /
+                             kPowersOfTen[static_cast<std::size_t>(decimals)];
     return {length, isNegative ? -magnitude : magnitude};
 }
 
@@ -149,7 +146,7 @@ NcTokens::NcTokens(const NcLine& line)
 }
 
 bool NcTokens::IsAtNumber() const {
-    return !IsAtEnd() && (IsDigit(*m_at) || NumberAt(m_at, m_end).length > 0);
+    return !IsAtEnd() && NumberAt(m_at, m_end).length > 0;
 }
 
 char NcTokens::TakeThisLetter() {

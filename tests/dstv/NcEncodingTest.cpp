@@ -119,14 +119,21 @@ TEST(NcReader, TakesTheMarkFromWhereItStands) {
     EXPECT_EQ(MarkOf("P1", {kDrawing}), "Z-1");
     EXPECT_EQ(MarkOf("P1", {kPhase}), "1");
     EXPECT_EQ(MarkOf("P1", {kFileName}), "W-7.x");
-    const auto pathMark = [](const wchar_t* name) {
+    const auto markOf = [](const wchar_t* name, dstv::NcMarkSource source) {
         const dstv::NcResult result = dstv::ParseNc(
-            NcSample{}.With("EN\n"), name, {kPath, std::string(dstv::kAutomaticEncoding), L"a/"});
-        return std::get<dstv::NcPart>(result).header.mark.toUtf8();
+            NcSample{}.With("EN\n"), name, {source, std::string(dstv::kAutomaticEncoding), L"a/"});
+        const auto* error = std::get_if<dstv::NcError>(&result);
+        return error != nullptr ? error->describe().toUtf8()
+                                : std::get<dstv::NcPart>(result).header.mark.toUtf8();
     };
-    EXPECT_EQ(pathMark(L"a/b/1.nc"), "b/1");
-    EXPECT_EQ(pathMark(L"a/../../c\\1.nc"), "c/1");
-    EXPECT_EQ(pathMark(L"1.nc"), "1");
+    EXPECT_EQ(markOf(L"a/b/1.nc", kPath), "b/1");
+    EXPECT_EQ(markOf(L"a/../../c\\1.nc", kPath), "c/1");
+    EXPECT_EQ(markOf(L"1.nc", kPath), "1");
+    EXPECT_EQ(markOf(L"b/a/.nc", kPath), "b/a/.nc");
+    EXPECT_EQ(markOf(L"a.b/name", kFileName), "name");
+    EXPECT_EQ(markOf(L"a\\n\x1b.nc", kFileName),
+              "a\\n\x1B.nc: file \"a\\n\x1B.nc\": expected a name without control "
+              "characters, for it is the mark");
 }
 
 }  // namespace

@@ -194,40 +194,65 @@ TEST(NcHost, OffersTheCutsThatNoOutlineHas) {
     }
 }
 
-/// A tube of diameter 175, whose header has a mitre of 30 degrees at the end: its unrolled surface
-/// ends in a wave of as many points, `off` mm away from where the mitre ends it.
+/// A tube of diameter 175 with a mitre of 30 degrees: its unrolled surface ends in a wave through
+/// points at these angles round the tube, degrees, `off` mm away from where the mitre ends it.
 TEST(NcHost, ARoundTubeHasItsMitreWhereItsSurfaceEndsInTheWave) {
+    enum Where { kEnd, kStart, kSawn };
     struct Case {
-        int points;
+        std::vector<double> degrees;
+        double highest;  ///< where the wave is longest, degrees
         double off;
+        Where where;
+        std::string more;  ///< points behind the wave
         const char* cuts;
-        bool isSawn;
     };
     const char* const kOffered = "end web 30.000 at 3000.0 line 19\n";
     const char* const kNoted = "noted line 19\n";
+    const std::vector<double> seven = {0, 60, 120, 180, 240, 300, 360};
+    const std::vector<double> eight = {0, 40, 90, 135, 180, 230, 290, 360};
+    std::vector<double> many;
+    for (int i = 0; i < 99; ++i)
+        many.push_back(360.0 * i / 98.0);
+    // clang-format off
     const Case cases[] = {
-        {8,  0.0,  kNoted,            false},
-        {7,  0.0,  kOffered,          false},
-        {99, 0.49, kNoted,            false},
-        {99, 0.51, kOffered,          false},
-        {8,  0.0,  "noted line 39\n", true },
+        {eight, 0.0, 0.0, kEnd, "", kNoted},
+        {seven, 0.0, 0.0, kEnd, "", kOffered},
+        {many, 0.0, 0.49, kEnd, "", kNoted},
+        {many, 0.0, 0.51, kEnd, "", kOffered},
+        {many, 0.0, -0.49, kEnd, "", kNoted},
+        {eight, 70.0, 0.0, kEnd, "", kNoted},
+        {eight, 0.0, 0.0, kEnd, " 2898.45 549.7787\n", kNoted},
+        {eight, 0.0, 0.0, kEnd, " 2898.48 549.7787\n", kOffered},
+        {eight, 250.0, 0.0, kStart, "", "noted line 18\n"},
+        {many, 250.0, 0.51, kStart, "", "start web 30.000 at 0.0 line 18\n"},
+        {many, 250.0, -0.51, kStart, "", "start web 30.000 at 0.0 line 18\n"},
+        {eight, 70.0, 0.0, kSawn, "", "noted line %d\n"},
+        {{0, 360}, 0.0, 0.0, kEnd, " 2999 549.7787\n 2998 549.7787\n 2997 549.7787\n 2996 549.7787\n"
+                                   " 2995 549.7787\n 2994 549.7787\n 2993 549.7787\n", kOffered},
     };
+    // clang-format on
     const double height = 87.5 * std::tan(std::numbers::pi / 6.0);
     for (const Case& c : cases) {
-        SCOPED_TRACE(c.points);
-        std::string blocks = "AK\n v 0 0\n";
-        for (int i = 0; i < c.points; ++i) {
-            const double turn = 2.0 * std::numbers::pi * i / (c.points - 1);
-            const double x = 3000.0 - c.off - height + height * std::cos(turn);
-            blocks += ZetString::format(L" %.6f %.6f\n", x, 87.5 * turn).toUtf8();
+        SCOPED_TRACE(&c - cases);
+        const std::string other = c.where == kStart ? "3000" : "0";
+        std::string blocks = "AK\n v " + other + " 0\n";
+        for (const double degrees : c.degrees) {
+            const double wave = std::cos((degrees - c.highest) * std::numbers::pi / 180.0);
+            const double length = 3000.0 - c.off - height + height * wave;
+            blocks += ZetString::format(L" v %.6f %.6f\n",
+                                        c.where == kStart ? 3000.0 - length : length,
+                                        87.5 * degrees * std::numbers::pi / 180.0)
+                          .toUtf8();
         }
+        blocks += c.more + " " + other + " 549.7787\n " + other + " 0\n";
         NcSample sample;
         sample.code = "RO";
-        sample.webEndCut = c.isSawn ? "0" : "30";
+        (c.where == kStart ? sample.webStartCut : sample.webEndCut) = c.where == kSawn ? "0" : "30";
         // Slanted to both sides alike, through the middle of the mitre.
-        const std::string sawCut =
-            c.isSawn ? "SC\n 2949.482 87.5 87.5 1 0.4082483 0.4082483\n" : "";
-        EXPECT_EQ(CutsIn(EntityOf(sample, blocks + " 0 549.779\n 0 0\n" + sawCut)), c.cuts);
+        if (c.where == kSawn)
+            blocks += "SC\n 2949.482 87.5 87.5 1 0.4082483 0.4082483\n";
+        const std::string line = std::to_string(LinesOf(sample.With(blocks)).size());
+        EXPECT_EQ(CutsIn(EntityOf(sample, blocks)), Replaced(c.cuts, "%d", line));
     }
 }
 

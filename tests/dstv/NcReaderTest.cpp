@@ -54,7 +54,21 @@ TEST(NcReader, ReadsEveryBlock) {
     EXPECT_EQ(part.cambers[0].q, 5.0);
     EXPECT_EQ(part.information[0].value, L"X");
     EXPECT_EQ(part.comments[0].value, L"comment");
-    EXPECT_EQ(part.comments[0].line, 26);
+    const std::vector<long> lines = {part.comments[0].line,
+                                     part.holes[0].line,
+                                     part.numerations[0].line,
+                                     part.contours[0].line,
+                                     part.contours[0].notchLines[0].line,
+                                     part.contours[1].line,
+                                     part.marks[0].line,
+                                     part.bends[0].line,
+                                     part.sawCuts[0].line,
+                                     part.tolerances[0].line,
+                                     part.cambers[0].line,
+                                     part.sections[1].line,
+                                     part.information[0].line,
+                                     part.planes[0].line};
+    EXPECT_EQ(lines, (std::vector<long>{26, 28, 33, 35, 39, 43, 47, 52, 54, 56, 58, 64, 67, 68}));
 }
 
 TEST(NcReader, ReadsHoleLines) {
@@ -101,6 +115,25 @@ TEST(NcReader, ReadsHoleLines) {
     }
 }
 
+/// Columns count from 1; 0 is told of what is not in the line.
+TEST(NcReader, TellsTheColumnOfWhatIsWrong) {
+    const std::pair<const char*, long> cases[] = {
+        {"BO\n  v 1.0 2.0 -3.0\n",                   13},
+        {"BO\n  v 1.0 2.0\n",                        3 },
+        {"BO\nx\n",                                  1 },
+        {"E1\n 0 0 0 1 0 0\n",                       1 },
+        {"SI\n  v 1 2 0 10 \x01\n",                  14},
+        {"AK\n  v 0 0\n  50 0 20\n  50 90\n  0 0\n", 3 },
+    };
+    for (const auto& [blocks, column] : cases) {
+        SCOPED_TRACE(blocks);
+        const dstv::NcResult result = dstv::ParseNc(NcSample().With(blocks), L"part.nc1");
+        EXPECT_EQ(std::get<dstv::NcError>(result).column, column);
+    }
+    const dstv::NcResult ended = dstv::ParseNc("ST\n a\n", L"part.nc1");
+    EXPECT_EQ(std::get<dstv::NcError>(ended).column, 0);
+}
+
 /// Forms of one file that differ in nothing that counts.
 TEST(NcReader, ForgivesTheFormOfLines) {
     const std::string blocks =
@@ -114,7 +147,7 @@ TEST(NcReader, ForgivesTheFormOfLines) {
         {"byte order mark", "\xEF\xBB\xBF" + plain},
         {"no last line end", plain.substr(0, plain.size() - 1)},
         {"no EN", plain.substr(0, plain.size() - 3)},
-        {"old end of file", plain + "\x1A"},
+        {"old end of file", plain.substr(0, plain.size() - 1) + "\x1A"},
         {"comments in the header", Replaced(plain, "  Order\n", "** a\n  Order\n** b\n")},
         {"not indented", NcSample().Header() + Replaced(blocks, "\n  ", "\n")},
         {"tabs", NcSample().Header() + Replaced(blocks, " ", "\t\t")},
@@ -127,6 +160,7 @@ TEST(NcReader, ForgivesTheFormOfLines) {
     for (const auto& [name, text] : cases) {
         SCOPED_TRACE(name);
         const NcPart part = ReadPart(text);
+        EXPECT_EQ(ToldOf(text), "");
         EXPECT_EQ(part.header.order, L"Order");
         ASSERT_EQ(part.contours.size(), 1u);
         EXPECT_EQ(part.contours[0].outline.size(), 4u);
@@ -233,6 +267,18 @@ TEST(NcReader, RefusesMoreThanItsLimits) {
             "part.nc1:1026: holes in slots \"with this slot more than 1000000\": expected at most "
             "1000000 in one file, a hole counted once for each slot that it lies in");
     }
+    std::string planes;
+    for (std::size_t i = 0; i < dstv::kMaxPlanes; ++i)
+        planes += "E1\n 0 0 0 1 0 0 0 1 0\n";
+    EXPECT_EQ(ReadError(NcSample().With(planes)), "read");
+    EXPECT_EQ(ReadError(NcSample().With(planes + "E1\n 0 0 0 1 0 0 0 1 0\n")),
+              "part.nc1:2026: plane \"E1\": expected at most 1000 planes in one file");
+    for (const std::size_t errors : {dstv::kMaxErrors, dstv::kMaxErrors + 1}) {
+        std::string bad = "BO\n";
+        for (std::size_t i = 0; i < errors; ++i)
+            bad += "x\n";
+        EXPECT_EQ(LinesOf(ToldOf(NcSample().With(bad))).size(), dstv::kMaxErrors);
+    }
     const std::string blank(static_cast<std::size_t>(dstv::kMaxLines) - 25, '\n');
     EXPECT_EQ(ReadError(NcSample().With(blank)), "read");
     EXPECT_EQ(ReadError(NcSample().With(blank + "EN\n")),
@@ -307,6 +353,30 @@ TEST(NcReader, TellsWhichFileCannotBeRead) {
     EXPECT_TRUE(part.file.contains(L"Tr\u00E4ger \u0394"));
     EXPECT_EQ(part.holes.size(), 5u);
     std::filesystem::remove(wide);
+}
+
+/// A file is read in pieces of 16 KiB; a line "EN" at the end of the first one is not its end.
+TEST(NcReader, ReadsFilesOfAllSizes) {
+    const std::filesystem::path path = std::filesystem::path(testing::TempDir()) / "sizes.nc1";
+    const auto told = [&](const std::string& text) {
+        std::ofstream(path, std::ios::binary) << text;
+        const dstv::NcResult result = dstv::ReadNcFile(path);
+        const auto* error = std::get_if<dstv::NcError>(&result);
+        return error != nullptr ? error->expected.toUtf8()
+                                : std::to_string(std::get<NcPart>(result).holes.size());
+    };
+    std::string piece = NcSample().With("BO\n v 1 2 3\n** ");
+    piece.append((1u << 14) - piece.size() - 3, '*').append("\nEN");
+    EXPECT_EQ(told(""), "a file that can be read, and is not empty");
+    for (const char* end : {"", "\n", "\r\n", "\nBO\n"})
+        EXPECT_EQ(told(NcSample().With(std::string("BO\n v 1 2 3\nEN") + end)), "1");
+    EXPECT_EQ(told(piece), "1");
+    EXPECT_EQ(told(piece + "\nBO\n v 4 5 6\n"), "2");
+    EXPECT_EQ(told(piece + std::string(40'000, '\n') + "BO\n v 4 5 6"), "2");
+    std::filesystem::resize_file(path, dstv::kMaxFileBytes + 1);
+    EXPECT_EQ(std::get<dstv::NcError>(dstv::ReadNcFile(path)).expected,
+              L"a file of at most 64 MiB");
+    std::filesystem::remove(path);
 }
 
 void RunFuzzer(const std::string& text) {
