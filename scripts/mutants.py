@@ -8,7 +8,7 @@ true for false, a statement that is missing, or two rows of a table that have ch
 refuses are passed over. A fault survives when all tests of all programs that could notice it pass, the quickest first.
 What is changed is compiled with the assertions of the standard library. What survives is printed as it ends.
 mutants-equivalent.txt beside this script lists faults that change nothing anybody can see, with the reason; they count
-for nothing.
+for nothing. Nor are faults planted in statements that only make room ahead (reserve).
 
 mutants.py --again FILE plants those that FILE, the output of an earlier run, tells have survived.
 Without SEED another choice is made each time; the choice is of the whole project, so it changes with its sources.
@@ -67,7 +67,8 @@ NUMBER = re.compile(r"(?<![\w.])\d+(?:\.\d+)?(?![\w.])")
 CONDITION = re.compile(r"\b(?:if|while) \((?!constexpr)")
 STATEMENT = re.compile(r"^\s+[^{}#/]*;$")
 DECLARATION = re.compile(r"^\s+const\b|^\s+(?!return\b)[\w:]+(?:<.*>)?[&*]* [&*]*(?:\w+(?: = |;|\(|\{)|\[)|^\s+using |^\s+return [^;]*$")
-NOT_CODE = re.compile(r"^\s*(?:#|//|static_assert|using |namespace |template)")
+NOT_CODE = re.compile(r"^\s*(?:#|//|static_assert|using |namespace |template|[\w.]+\.reserve\(.*\);$)")
+TABLE = re.compile(r"\b(k\w+)\b[^()]*\{$")
 
 
 class Mutant:
@@ -76,6 +77,14 @@ class Mutant:
     def __init__(self, path, source, number, kind, lines, changed):
         self.path, self.source, self.number, self.kind = path, source, number, kind
         self.lines, self.changed = lines, changed
+
+    def is_among(self, names):
+        """Whether the names have this one, or the order of the rows of its table."""
+        return self.name() in names or self.kind == "rows" and f"{self.path}: rows of {self.table()}" in names
+
+    def table(self):
+        above = (TABLE.search(line) for line in reversed(self.source[:self.number]))
+        return next((found[1] for found in above if found), None)
 
     def text(self):
         begin = self.number - 1
@@ -238,7 +247,8 @@ class Tree:
 
 
 def equivalent():
-    """Names of mutants that change nothing; each line but remarks is one, behind it a tab and the reason."""
+    """Names of mutants that change nothing; each line but remarks is one, behind it a tab and the reason. "PATH: rows of
+    TABLE" are all that change the order of its rows."""
     lines = EQUIVALENT.read_text(encoding="utf-8").splitlines() if EQUIVALENT.exists() else []
     return {line.split("\t")[0] for line in lines if line and not line.startswith("#")}
 
@@ -302,7 +312,7 @@ class Planting:
             if self.is_stopped or self.tally.tried() == self.wanted:
                 return None
             for mutant in self.mutants:
-                if mutant.name() not in self.unseen:
+                if not mutant.is_among(self.unseen):
                     self.under_way += 1
                     return mutant
                 self.tally.equivalent += 1

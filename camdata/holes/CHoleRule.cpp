@@ -43,8 +43,6 @@ bool CHoleRule::LookInAnotherRule(ZetString memberName, ZetString& suffix) const
 }
 
 ZetString CHoleRule::KeyOf(const ZetString& memberName) const {
-    if (m_memNameLength == 0)
-        return memberName;
     return memberName.left(m_memNameLength > 0 ? m_memNameLength
                                                : memberName.length() + m_memNameLength);
 }

@@ -45,9 +45,9 @@ double FaceWidthOf(const CMemTypeAndAttrib& memType, eHoleFace face) {
 
 /// What distances are measured from; 0: from the origin of the coordinates.
 struct Origins {
-    double zero = 0.0;
-    double farEdge = 0.0;
-    double farEnd = 0.0;
+    double zero;
+    double farEdge;
+    double farEnd;
 };
 
 /// A far side that is not known, or no number, leaves only the origin to measure from.

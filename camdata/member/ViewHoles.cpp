@@ -48,8 +48,7 @@ bool IsOrdered(const Holes& holes) {
     const auto isNotBehind = [](const ViewHole& a, const ViewHole& b) {
         return !(a.place.x < b.place.x || (a.place.x == b.place.x && a.place.y < b.place.y));
     };
-    return holes.size() > 1 &&
-           std::adjacent_find(holes.begin(), holes.end(), isNotBehind) == holes.end();
+    return std::adjacent_find(holes.begin(), holes.end(), isNotBehind) == holes.end();
 }
 
 Holes Ordered(Holes holes) {

@@ -9,9 +9,9 @@ namespace {
 struct Control {
     ControlKind kind = ControlKind::kLabel;
     DialogRect place;
-    bool isShown = false;
-    bool isEnabled = true;
-    bool isReadOnly = false;
+    bool isShown;
+    bool isEnabled;
+    bool isReadOnly;
     ZetString text;
     CalendarDate date;
     ZetArray<ZetString> tabs;

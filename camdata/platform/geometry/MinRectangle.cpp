@@ -30,6 +30,10 @@ constexpr double kRounding = 1e-12;
 /// Edges whose directions differ by less, in radians, go on in one.
 constexpr double kSameDirection = 1e-9;
 
+bool IsBefore(const ZetGeomPoint2d& a, const ZetGeomPoint2d& b) {
+    return a.x < b.x || (a.x == b.x && a.y < b.y);
+}
+
 /// Appends the lower hull of sorted points, without its last point.
 template <typename Iterator>
 void AppendHalfHull(Points& hull, Iterator first, Iterator last) {
@@ -45,9 +49,7 @@ void AppendHalfHull(Points& hull, Iterator first, Iterator last) {
 
 /// The convex hull, counter-clockwise, without vertices on straight edges (Andrew's chains).
 Points ConvexHull(Points points) {
-    std::sort(points.begin(), points.end(), [](const ZetGeomPoint2d& a, const ZetGeomPoint2d& b) {
-        return a.x < b.x || (a.x == b.x && a.y < b.y);
-    });
+    std::sort(points.begin(), points.end(), IsBefore);
     points.erase(std::unique(points.begin(), points.end()), points.end());
     if (points.size() < 3)
         return points;
@@ -61,10 +63,10 @@ Points ConvexHull(Points points) {
 /// A rectangle along a direction u of length 1, as ranges along u and along its left normal v.
 struct Frame {
     ZetGeomVector2d u;
-    double minU = 0.0;
-    double maxU = 0.0;
-    double minV = 0.0;
-    double maxV = 0.0;
+    double minU;
+    double maxU;
+    double minV;
+    double maxV;
 
     double Area() const { return (maxU - minU) * (maxV - minV); }
     double Perimeter() const { return 2.0 * ((maxU - minU) + (maxV - minV)); }
@@ -108,8 +110,6 @@ std::vector<Frame> FramesAlongEdges(const Points& hull) {
         const double length = edge.length();
         const ZetGeomVector2d u = {edge.x / length, edge.y / length};
         const ZetGeomVector2d v = {-u.y, u.x};
-        if (i == 0)
-            right = top = left = 1;
         AdvanceTo(hull, right, u);
         if (i == 0)
             top = right;
@@ -128,8 +128,8 @@ std::vector<Frame> FramesAlongEdges(const Points& hull) {
 /// Edges of the hull that go on in one direction. Whether a vertex between them is there at all is
 /// up to the last digit of its numbers.
 struct Side {
-    std::size_t first = 0;  ///< edge
-    double length = 0.0;
+    std::size_t first;  ///< edge
+    double length;
 };
 
 bool GoesOn(const ZetGeomVector2d& edge, const ZetGeomVector2d& next) {
@@ -154,21 +154,19 @@ std::vector<Side> SidesOf(const Points& hull) {
 
 /// The side that the outline comes to first, by the vertices where the sides begin.
 std::size_t FirstOf(const std::vector<Side>& sides, const Points& hull, const Outline& outline) {
-    const auto isBefore = [&](const ZetGeomPoint2d& a, const ZetGeomPoint2d& b) {
-        return a.x < b.x || (a.x == b.x && a.y < b.y);
-    };
     Points starts;
     starts.reserve(sides.size());
     for (const Side& side : sides)
         starts.push_back(hull[side.first]);
-    std::sort(starts.begin(), starts.end(), isBefore);
+    std::sort(starts.begin(), starts.end(), IsBefore);
     const auto first = std::find_if(outline.begin(), outline.end(), [&](const auto& point) {
-        return std::binary_search(starts.begin(), starts.end(), point, isBefore);
+        return std::binary_search(starts.begin(), starts.end(), point, IsBefore);
     });
-    const auto side = std::find_if(sides.begin(), sides.end(), [&](const Side& each) {
-        return first != outline.end() && hull[each.first] == *first;
-    });
-    return (side == sides.end() ? sides.front() : *side).first;
+    // There is one: the hull's vertices are the outline's.
+    return std::find_if(sides.begin(),
+                        sides.end(),
+                        [&](const Side& side) { return hull[side.first] == *first; })
+        ->first;
 }
 
 /// The smallest of the rectangles along the edges of the hull. Of equal ones that along the longest
@@ -181,9 +179,10 @@ Frame SmallestOf(const std::vector<Frame>& frames, const Points& hull, const Out
     std::erase_if(sides, [&](const Side& side) {
         return frames[side.first].Area() > least * (1.0 + kEqual);
     });
-    double longest = 0.0;
-    for (const Side& side : sides)
-        longest = std::max(longest, side.length);
+    const double longest =
+        std::max_element(sides.begin(), sides.end(), [](const Side& a, const Side& b) {
+            return a.length < b.length;
+        })->length;
     std::erase_if(sides, [&](const Side& side) { return side.length < longest * (1.0 - kEqual); });
     return frames[FirstOf(sides, hull, outline)];
 }
@@ -213,54 +212,54 @@ bool IsTaken(const Frame& upright, double least) {
     return upright.Area() - least <= kUprightAllowance * upright.Perimeter();
 }
 
+/// What values have come to.
+struct Range {
+    double low = std::numeric_limits<double>::infinity();
+    double high = -std::numeric_limits<double>::infinity();
+
+    void Widen(double value) {
+        low = std::min(low, value);
+        high = std::max(high, value);
+    }
+};
+
 /// Vertices on the sides of the upright rectangle, the first and the last on each,
 /// counter-clockwise from the lower side: a convex polygon inside the hull.
 using Octagon = std::array<ZetGeomPoint2d, 8>;
 
 Octagon OctagonOf(const Outline& points, const Frame& upright) {
-    double bottom[2] = {upright.maxU, upright.minU};
-    double right[2] = {upright.maxV, upright.minV};
-    double top[2] = {upright.maxU, upright.minU};
-    double left[2] = {upright.maxV, upright.minV};
-    const auto widen = [](double(&range)[2], double value) {
-        range[0] = std::min(range[0], value);
-        range[1] = std::max(range[1], value);
-    };
+    Range bottom, right, top, left;
     for (const ZetGeomPoint2d& p : points) {
         if (p.y == upright.minV)
-            widen(bottom, p.x);
+            bottom.Widen(p.x);
         if (p.x == upright.maxU)
-            widen(right, p.y);
+            right.Widen(p.y);
         if (p.y == upright.maxV)
-            widen(top, p.x);
+            top.Widen(p.x);
         if (p.x == upright.minU)
-            widen(left, p.y);
+            left.Widen(p.y);
     }
     return {
-        {{bottom[0], upright.minV},
-         {bottom[1], upright.minV},
-         {upright.maxU, right[0]},
-         {upright.maxU, right[1]},
-         {top[1], upright.maxV},
-         {top[0], upright.maxV},
-         {upright.minU, left[1]},
-         {upright.minU, left[0]}}
+        {{bottom.low, upright.minV},
+         {bottom.high, upright.minV},
+         {upright.maxU, right.low},
+         {upright.maxU, right.high},
+         {top.high, upright.maxV},
+         {top.low, upright.maxV},
+         {upright.minU, left.high},
+         {upright.minU, left.low}}
     };
 }
 
 /// Of the rectangle along an edge of the octagon; 0.0 for an edge too short to divide by.
 double AreaAlong(const Octagon& octagon, const ZetGeomPoint2d& from, const ZetGeomVector2d& edge) {
-    double low = 0.0;
-    double high = 0.0;
-    double wide = 0.0;
+    Range along, across;
     for (const ZetGeomPoint2d& p : octagon) {
-        const double along = edge.dot(p - from);
-        low = std::min(low, along);
-        high = std::max(high, along);
-        wide = std::max(wide, edge.cross(p - from));
+        along.Widen(edge.dot(p - from));
+        across.Widen(edge.cross(p - from));
     }
     const double square = edge.dot(edge);
-    return square > kShortestSquare ? (high - low) * wide / square : 0.0;
+    return square > kShortestSquare ? (along.high - along.low) * across.high / square : 0.0;
 }
 
 /// True only when no rectangle around the outline is so small that it would be taken instead: none
@@ -272,9 +271,9 @@ bool IsSurelyTaken(const Frame& upright, const Outline& points) {
     const Octagon octagon = OctagonOf(points, upright);
     const double rounding = kRounding * magnitude * upright.Perimeter();
     for (std::size_t i = 1; i < octagon.size(); i += 2) {
-        const ZetGeomVector2d edge = octagon[(i + 1) % octagon.size()] - octagon[i];
-        const bool isUpright = edge.x == 0.0 || edge.y == 0.0;
-        if (!isUpright && !IsTaken(upright, AreaAlong(octagon, octagon[i], edge) - rounding))
+        const ZetGeomPoint2d& from = octagon[i];
+        const ZetGeomPoint2d& to = octagon[(i + 1) % octagon.size()];
+        if (from != to && !IsTaken(upright, AreaAlong(octagon, from, to - from) - rounding))
             return false;
     }
     return true;

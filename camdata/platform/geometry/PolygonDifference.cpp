@@ -25,8 +25,8 @@ constexpr double kRounding = 1e-6;
 
 /// Where a vertex lies on the border of the rectangle.
 struct Contact {
-    unsigned sides = 0;     ///< bit i: touches the side from corner i to corner i + 1
-    double position = 0.0;  ///< i + the fraction of side i; whole at corner i
+    unsigned sides;   ///< bit i: touches the side from corner i to corner i + 1
+    double position;  ///< i + the fraction of side i; whole at corner i
 
     bool IsTouching() const { return sides != 0; }
 };
@@ -66,7 +66,7 @@ class Border {
     struct Side {
         ZetGeomPoint2d corner;  ///< where it begins
         ZetGeomVector2d direction;
-        double length = 0.0;
+        double length;
     };
 
     Side& SideAt(int i) { return m_sides[static_cast<std::size_t>(i)]; }

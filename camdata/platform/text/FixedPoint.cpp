@@ -114,7 +114,7 @@ ParsedNumber ParseUnsigned(std::wstring_view text) {
 }  // namespace
 
 std::optional<double> ScaledToWhole(double value, int decimals) {
-    if (decimals < 0 || decimals > kFastDecimals || !(std::abs(value) < kFastLimit))
+    if (decimals > kFastDecimals || !(std::abs(value) < kFastLimit))
         return std::nullopt;
     const double scale = kPowersOfTen[static_cast<std::size_t>(decimals)];
     const double product = value * scale;
@@ -129,8 +129,7 @@ std::optional<double> ScaledToWhole(double value, int decimals) {
 }
 
 double RoundToDecimals(double value, int decimals) {
-    if (decimals < 0)
-        decimals = 0;
+    decimals = std::max(decimals, 0);
     if (const auto whole = ScaledToWhole(value, decimals))
         return *whole / kPowersOfTen[static_cast<std::size_t>(decimals)];
     const bool hasFraction = std::abs(value) < 0x1p53;

@@ -9,8 +9,8 @@
 namespace camdata::detail {
 
 /// value * 10^decimals as a whole number, rounded half to even on the exact value of the double, as
-/// `printf` does; keeps the sign of zero. Nothing where the fast arithmetic is not exact: outside
-/// 0 to 6 decimals, from 1e9 on, and for NaN.
+/// `printf` does; keeps the sign of zero. Nothing where the fast arithmetic is not exact: beyond 6
+/// decimals (0 is the least), from 1e9 on, and for NaN.
 std::optional<double> ScaledToWhole(double value, int decimals);
 
 /// The double nearest to what `printf("%.*f")` prints of `value`. Decimals below 0 count as 0.

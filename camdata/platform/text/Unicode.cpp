@@ -9,8 +9,6 @@
 namespace camdata::detail {
 namespace {
 
-constexpr bool kWideIsUtf16 = sizeof(wchar_t) == 2;
-
 constexpr bool IsHighSurrogate(char32_t c) {
     return c >= 0xD800 && c <= 0xDBFF;
 }
@@ -94,13 +92,18 @@ void AppendAscii(std::wstring& text, std::string_view bytes) {
 /// Reads one code point of wide text at `at` and moves past it.
 char32_t NextCodePoint(std::wstring_view text, std::size_t& at) {
     const char32_t first = static_cast<char32_t>(text[at++]);
-    if (kWideIsUtf16 && IsHighSurrogate(first) && at < text.size()) {
+#if defined(_WIN32)  // wide text is UTF-16
+    static_assert(sizeof(wchar_t) == 2);
+    if (IsHighSurrogate(first) && at < text.size()) {
         const char32_t second = static_cast<char32_t>(text[at]);
         if (IsLowSurrogate(second)) {
             ++at;
             return 0x10000 + ((first - 0xD800) << 10) + (second - 0xDC00);
         }
     }
+#else
+    static_assert(sizeof(wchar_t) == 4);
+#endif
     return IsCodePoint(first) ? first : kReplacementCharacter;
 }
 
@@ -125,11 +128,13 @@ DecodedCharacter DecodeUtf8(std::string_view bytes) {
 }
 
 void AppendWide(std::wstring& text, char32_t codePoint) {
-    if (kWideIsUtf16 && codePoint > 0xFFFF) {
+#if defined(_WIN32)
+    if (codePoint > 0xFFFF) {
         text.push_back(static_cast<wchar_t>(0xD800 + ((codePoint - 0x10000) >> 10)));
         text.push_back(static_cast<wchar_t>(0xDC00 + ((codePoint - 0x10000) & 0x3FF)));
         return;
     }
+#endif
     text.push_back(static_cast<wchar_t>(codePoint));
 }
 

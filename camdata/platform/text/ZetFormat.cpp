@@ -167,12 +167,10 @@ void PrintGeneral(NumberText& number, double magnitude, int precision, bool keep
 
 /// Without its last bits, rounded half to even.
 std::uint64_t WithoutBits(std::uint64_t value, int count) {
-    if (count == 0)
-        return value;
-    const std::uint64_t half = std::uint64_t{1} << (count - 1);
-    const std::uint64_t rest = value & (2 * half - 1);
-    const std::uint64_t kept = value >> count;
-    return rest > half || (rest == half && kept % 2 == 1) ? kept + 1 : kept;
+    const std::uint64_t step = std::uint64_t{1} << count;
+    const std::uint64_t rest = value % step;
+    const std::uint64_t kept = value / step;
+    return 2 * rest > step || (2 * rest == step && kept % 2 == 1) ? kept + 1 : kept;
 }
 
 /// `%a`: the leading bit, a fraction and a power of two, as the value is stored; below 0 the
@@ -244,9 +242,8 @@ void AppendDouble(std::wstring& text, double value, const FormatConversion& conv
 
 void AppendText(std::wstring& text, std::wstring_view part, const FormatConversion& conversion) {
     const std::size_t start = text.size();
-    text.append(conversion.precision < 0
-                    ? part
-                    : part.substr(0, static_cast<std::size_t>(conversion.precision)));
+    // Below 0, without a precision, that is more characters than any text has.
+    text.append(part.substr(0, static_cast<std::size_t>(conversion.precision)));
     PadTo(text, start, conversion);
 }
 

@@ -85,6 +85,7 @@ TEST(CMxHolesTest, ReportsAMissingHole) {
         {"diameter and position", L"no hole %.1f at %.1f", {250.0}, L"no hole 18.0 at 250.0"},
         {"wrong conversion", L"%s at %.0f", {250.0}, L"%s at 250"},
         {"within the tolerance", L"%.0f at %.1f", {-0.1}, L"18 at -0.1"},
+        {"hardly beyond it", L"%.0f at %.2f", {-0.15}, L"18 at 5999.85"},
         {"fractions stay", L"%.0f at %.1f", {0.5}, L"18 at 0.5"},
         {"alternatives as stored", L"%.0f at %.0f", {-100, -200.25, 40},
          L"18 at 5900 or -200.2 or 40.0"},

@@ -310,6 +310,11 @@ TEST(CMxPeilaibTest, BeamEndPointsLieOnTheReferenceAxis) {
     EXPECT_EQ(dir, (ZetGeomVector3d{0.0, 0.0, 1.0}));
 
     EXPECT_FALSE(endPoints(nullptr));
+    beam.m_length = 0.05;
+    EXPECT_TRUE(endPoints(&beam));
+    EXPECT_EQ(dir, (ZetGeomVector3d{0.0, 0.0, 1.0}));
+    beam.m_length = 10.0;
+    endPoints(&beam);
     beam.m_length = 0.0;
     EXPECT_FALSE(endPoints(&beam));
     beam.m_offsetResult = kHostFail;

@@ -174,6 +174,7 @@ TEST(ViewFacesTest, XIsNegatedInPlanesThatLookBackAlongThePiece) {
         {"looks forward",       {0.8, -0.6, 0.0},    1.0},
         {"looks back",          {0.8, 0.6, 0.0},     -1.0},
         {"looks back a little", {0.9968, 0.08, 0.0}, 1.0},
+        {"looks nearly along",  {44.0 / 485, -483.0 / 485, 0.0}, 1.0},
     };
     // clang-format on
     const ZetGeomPoint3d origin = {0, 200, 60};
@@ -183,6 +184,7 @@ TEST(ViewFacesTest, XIsNegatedInPlanesThatLookBackAlongThePiece) {
                 HolesOf(code, {ViewIn({origin, xAxis, kToBack}, code, 900, 20)})[0];
             EXPECT_EQ(hole.GetXPos(), 900.0 * xNegate) << name;
             EXPECT_NEAR(hole.GetViewData().GetFaceWidth(), kWidth / xAxis.x, 0.001) << name;
+            EXPECT_EQ(hole.GetViewData().GetFaceStr(), L"TOP") << name;
         }
     }
 }

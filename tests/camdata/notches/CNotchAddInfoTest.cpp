@@ -125,6 +125,10 @@ TEST(CNotchAddInfoTest, TakesWhatAContourCutsOrShows) {
     }
 }
 
+TEST(CNotchAddInfoTest, AnOutlineThatCutsNothingIsHeldItself) {
+    EXPECT_TRUE(NotchOf(kRectangle, kExternal).CheckPosAreaVert(500, 100, 200000, 4));
+}
+
 TEST(CNotchAddInfoTest, OnlyFurtherPiecesComeCorrected) {
     CViewData view = ViewOn(eHoleFaceWebBack);
     view.SetFaceStr(L"BACK");
@@ -154,6 +158,8 @@ TEST(CNotchAddInfoTest, FewerThanTwoPointsLeaveNoPosition) {
 
 TEST(CNotchAddInfoTest, UnclosedOrIncompleteContours) {
     ExpectNotch(NotchOf(kTriangle, kInternal), {15, 0, 3, 0, 0});  // without its last point
+    const OutlinePoints twoPoints = {kTriangle[1], kTriangle[2]};
+    ExpectNotch(NotchOf(twoPoints, kInternal), {30, 0, 2, 0, 0});
     ZetNCContour contour = ContourOf(kExternal, kLShape);
     contour.yValues.removeAt(0);
     EXPECT_EQ(AssertionOf([&] {
@@ -285,6 +291,8 @@ TEST(CNotchAddInfoTest, ChecksVerticesThenPositionThenArea) {
         {"smaller area beyond",          10.0, 25.0, 997.5,  4, false, 2.0   },
         {"larger area near",             10.0, 25.0, 1004.5, 4, true,  5.0   },
         {"larger area beyond",           10.0, 25.0, 1005.5, 4, false, 5.0   },
+        {"hardly larger area",           10.0, 25.0, 1000.05, 4, true, 5.0   },
+        {"hardly smaller area",          10.0, 25.0, 999.95, 4, true,  2.0   },
     };
     // clang-format on
     const CNotchAddInfo counterClockwise = NotchOf(kSmallRectangle, kInternal);

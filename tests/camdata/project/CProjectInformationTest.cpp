@@ -148,6 +148,8 @@ TEST_F(CProjectInformationTest, WhatIsSavedCanBeReadBack) {
     project.SetMxComments(ZetString(L'x', CProjectInformation::kMaxSettingsLength - kOthers));
     EXPECT_FALSE(project.WriteSettings());
     EXPECT_TRUE(project.GetDetailFromFile());
+    m_folder.Write("set.txt", m_folder.Read("set.txt") + "+");
+    EXPECT_FALSE(project.GetDetailFromFile());
 
     m_folder.Write("set.txt", "as it was");
     project.SetMxComments(project.GetMxComments() + L"x");

@@ -89,6 +89,7 @@ TEST(CMxGeomTest, ComparesWithinTheCurrentTolerance) {
 TEST(CMxGeomTest, FindsTheFirstElementWithinTolerance) {
     EXPECT_EQ(CMxGeom::find({}, 5.0), -1);
     EXPECT_EQ(CMxGeom::find({1.0, 5.05, 5.0}, 5.0), 1);
+    EXPECT_EQ(CMxGeom::find({5.05, 5.0}, 5.0), 0);
     EXPECT_EQ(CMxGeom::find({1.0, kNaN, 5.2}, 5.0), -1);
 }
 

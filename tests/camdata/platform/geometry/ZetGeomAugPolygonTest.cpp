@@ -10,10 +10,12 @@
 #include <initializer_list>
 #include <iterator>
 #include <limits>
+#include <optional>
 #include <random>
 #include <set>
 #include <string>
 #include <tuple>
+#include <vector>
 
 #include <gtest/gtest.h>
 
@@ -267,6 +269,57 @@ TEST(ZetGeomAugPolygonTest, TheLeastRectangleTurnsWithItsOutline) {
     }
 }
 
+/// Of the rectangles along lines through two of the points.
+double LeastAreaAround(const OutlinePoints& points) {
+    double least = std::numeric_limits<double>::infinity();
+    for (const ZetGeomPoint2d& from : points)
+        for (const ZetGeomPoint2d& to : points) {
+            const ZetGeomVector2d along = to - from;
+            double low = 0.0, high = 0.0, left = 0.0, right = 0.0;
+            for (const ZetGeomPoint2d& p : points) {
+                low = std::min(low, along.dot(p - from));
+                high = std::max(high, along.dot(p - from));
+                left = std::max(left, along.cross(p - from));
+                right = std::min(right, along.cross(p - from));
+            }
+            if (from != to)
+                least = std::min(least, (high - low) * (left - right) / along.dot(along));
+        }
+    return least;
+}
+
+/// Few places and steps of which the allowance for the upright rectangle lets some pass.
+TEST(ZetGeomAugPolygonTest, TheLeastRectangleIsThatOfAPlainSearch) {
+    std::mt19937_64 random(21);
+    int crooked = 0;
+    for (int i = 0; i < 12000; ++i) {
+        const std::uint64_t places = 3 + random() % 28;
+        const double step = 0.2 + 0.1 * static_cast<double>(random() % 20);
+        double low[2] = {1e9, 1e9}, high[2] = {0.0, 0.0};
+        OutlinePoints points;
+        for (int k = 0; k < 3 + i % 9; ++k) {
+            const double at[2] = {step * static_cast<double>(random() % places),
+                                  step * static_cast<double>(random() % places)};
+            for (int axis = 0; axis < 2; ++axis) {
+                low[axis] = std::min(low[axis], at[axis]);
+                high[axis] = std::max(high[axis], at[axis]);
+            }
+            points.append({at[0], at[1]});
+        }
+        const double width = high[0] - low[0], height = high[1] - low[1];
+        const double least = LeastAreaAround(points);
+        if (least <= 0.0 || std::abs(width * height - least - 0.1 * (width + height)) < 1e-9)
+            continue;
+        const bool isCrooked = width * height - least > 0.1 * (width + height);
+        crooked += isCrooked ? 1 : 0;
+        ASSERT_NEAR(
+            Polygon(points).getMinRectangle().getArea(), isCrooked ? least : width * height, 1e-9)
+            << i << Text({Polygon(points)});
+    }
+    EXPECT_GT(crooked, 2000);
+    EXPECT_LT(crooked, 10000);
+}
+
 TEST(ZetGeomAugPolygonTest, LawsHoldForStars) {
     constexpr unsigned kSeed = 99;
     std::mt19937_64 random(kSeed);
@@ -314,6 +367,9 @@ TEST(ZetGeomAugPolygonTest, EqualityKnowsNoStartDirectionOrStraightVertices) {
     // clang-format off
     const OutlinePoints rectangle = {{0, 0}, {100, 0}, {100, 50}, {0, 50}};
     const OutlinePoints nearly = {{0, 0}, {60, 0}, {100, 0}, {100, 50}, {0, 50.0009}};
+    // Within the tolerance both, but their lowest vertices are those of other corners.
+    const OutlinePoints leaningRight = {{0, 0}, {100, 0}, {100, 50}, {0.0005, 50}};
+    const OutlinePoints leaningLeft = {{0.0005, 0}, {100, 0}, {100, 50}, {0, 50}};
     const OutlinePoints higher = {{0, 0}, {100, 0}, {100, 50}, {0, 50.01}};
     const OutlinePoints triangle = {{0, 0}, {100, 0}, {100, 50}};
     // clang-format on
@@ -322,6 +378,8 @@ TEST(ZetGeomAugPolygonTest, EqualityKnowsNoStartDirectionOrStraightVertices) {
     };
     EXPECT_TRUE(isEqual(Reversed(StartingAt(rectangle, 2))) && isEqual(nearly));
     EXPECT_FALSE(isEqual(higher) || isEqual(triangle));
+    EXPECT_TRUE(Polygon(leaningRight).isEqualTo(Polygon(leaningLeft), 0.001));
+    EXPECT_TRUE(Polygon(leaningLeft).isEqualTo(Polygon(leaningRight), 0.001));
 }
 
 std::string ShortText(const ZetArray<ZetGeomPoint2d>& points) {
@@ -462,13 +520,24 @@ bool CrossesItself(const OutlinePoints& points) {
 /// Where points are few, they lie on each other and on edges, and edges on edges.
 TEST(SelfCrossingTest, EqualsPlainWindingNumbers) {
     std::mt19937_64 random(7);
-    for (const std::uint64_t places : {3u, 4u, 6u, 9u, 1'000'003u}) {
+    struct Grid {
+        std::uint64_t places;
+        double step;
+    };
+    for (const auto& [places, step] : {
+             Grid{3,         0.2},
+             {3,         10 },
+             {4,         10 },
+             {6,         10 },
+             {9,         10 },
+             {1'000'003, 10 }
+    }) {
         int crossing = 0;
         for (int i = 0; i < 4000; ++i) {
             OutlinePoints points;
             for (int k = 0; k < 3 + i % 7; ++k) {
                 const auto x = static_cast<double>(random() % places);
-                points.append({10.0 * x, 10.0 * static_cast<double>(random() % places)});
+                points.append({step * x, step * static_cast<double>(random() % places)});
             }
             const bool crosses = CrossesItself(points);
             crossing += crosses ? 1 : 0;
@@ -477,6 +546,71 @@ TEST(SelfCrossingTest, EqualsPlainWindingNumbers) {
         }
         EXPECT_GT(crossing, 400);
         EXPECT_LT(crossing, 3600);
+    }
+}
+
+/// So many edges that they are sorted; some cross where two vertices have changed places.
+TEST(SelfCrossingTest, ManyEdgesEqualPlainWindingNumbers) {
+    std::mt19937_64 random(11);
+    int crossing = 0;
+    for (int i = 0; i < 400; ++i) {
+        OutlinePoints points = RandomStar(random);
+        if (i % 2 == 0)
+            std::swap(points[0], points[1 + static_cast<long>(random() % 2)]);
+        for (ZetGeomPoint2d& p : points)
+            p = {10.0 * std::round(0.1 * p.x), 10.0 * std::round(0.1 * p.y)};
+        const bool crosses = CrossesItself(points);
+        crossing += crosses ? 1 : 0;
+        ASSERT_EQ(FindSelfCrossing({points.begin(), points.end()}).has_value(), crosses)
+            << i << ": " << Text({Polygon(points)});
+    }
+    EXPECT_GT(crossing, 50);
+    EXPECT_LT(crossing, 350);
+}
+
+/// A comb, askew, whose teeth are so long that each stands beside most others along either axis.
+OutlinePoints Comb(int teeth) {
+    OutlinePoints points;
+    for (int i = 0; i < teeth; ++i)
+        for (const ZetGeomPoint2d& p : {
+                 ZetGeomPoint2d{10.0 * i,     0    },
+                 {10.0 * i,     -4000},
+                 {10.0 * i + 5, -4000},
+                 {10.0 * i + 5, 0    }
+        })
+            points.append(p);
+    points.append({10.0 * teeth, 10});
+    points.append({0, 10});
+    return points;
+}
+
+/// Beyond the number of edges up to which touching is judged, each contact counts.
+TEST(SelfCrossingTest, OfVeryManyEdgesTheOneThatTouchesIsTold) {
+    const OutlinePoints comb = Comb(300);
+    constexpr long kAt = 4 * 150;
+    struct Case {
+        const char* name;
+        std::vector<ZetGeomPoint2d> instead;  ///< of the lower left corner of a tooth
+        std::optional<std::size_t> from, to;  ///< the edge that is told is one of these
+    };
+    const Case cases[] = {
+        {"apart",                {{1500, -4000}},                               {},      {}     },
+        {"a corner on a corner", {{1495, -4000}},                               kAt + 1, kAt + 1},
+        {"a corner on an edge",  {{1495, -2000}},                               kAt,     kAt + 1},
+        {"through an edge",      {{1492, -2000}},                               kAt,     kAt + 1},
+        {"nearly on an edge",    {{1495.002, -2000}},                           {},      {}     },
+        {"out and back",         {{1500, -4100}, {1500, -4000}},                kAt,     kAt + 1},
+        {"back and out",         {{1500, -4000}, {1500, -3900}, {1501, -4000}}, kAt,     kAt + 1},
+    };
+    for (const Case& c : cases) {
+        OutlinePoints points = comb;
+        points[kAt + 1] = c.instead[0];
+        for (std::size_t i = 1; i < c.instead.size(); ++i)
+            points.insertAt(kAt + 1 + static_cast<long>(i), c.instead[i]);
+        for (ZetGeomPoint2d& p : points)
+            p = {4.0 * p.x - 3.0 * p.y, 3.0 * p.x + 4.0 * p.y};
+        const auto told = FindSelfCrossing({points.begin(), points.end()});
+        EXPECT_TRUE(told >= c.from && told <= c.to) << c.name << ": " << told.value_or(0);
     }
 }
 

@@ -42,6 +42,8 @@ TEST(ClockTest, DatesAreWrittenAsTheSystemsShortDate) {
 TEST(ClockTest, DatesAreWrittenYearFirst) {
     EXPECT_EQ(FormatDate({2024, 3, 5}), L"2024-03-05");
     EXPECT_EQ(FormatDate({987, 12, 31}), L"0987-12-31");
+    EXPECT_TRUE(ParseDate(L"1601-01-01"));
+    EXPECT_FALSE(ParseDate(L"1600-12-31") || ParseDate(L"2023-02-29") || ParseDate(L"2023-2-3"));
 }
 #endif
 

@@ -55,9 +55,11 @@ TEST_F(ZetFileAccessTest, OverwritesFromAnEarlierPosition) {
     file.Write(L"###");
     EXPECT_TRUE(file.SetPosition(end));
     file.Write(L"tail");
+    EXPECT_TRUE(file.SetPosition(0));
+    file.Write(L"H");
     EXPECT_TRUE(file.Close());
     EXPECT_FALSE(file.Close());
-    EXPECT_EQ(m_folder.Read("a.txt"), "head\n###3456789\ntail");
+    EXPECT_EQ(m_folder.Read("a.txt"), "Head\n###3456789\ntail");
 }
 
 TEST_F(ZetFileAccessTest, KnowsItsPositionBehindMoreThanItsBuffer) {

@@ -30,11 +30,11 @@ TEST(ZetFormatTest, NumbersAreThoseOfTheCLibrary) {
         "%f", "%.0f", "%.1f", "%.2f", "%.3f", "%3.1f", "%-5.1f|", "%8.3f", "%08.2f", "%+.2f",
         "% .2f", "%#.0f", "%-+8.1f", "%e", "%.0e", "%12.4e", "%g", "%.3g", "%#.3g", "%.0g",
         "%-0.1f", "%0.7f", "%015.6g", "%.20f", "%.9f", "%#.10g", "%+09.1f", "%#e", "%#.0e",
-        "%-12g|", "%F", "%.3E", "%G", "%+012.3G", "%#.3G"};
+        "%-12g|", "%F", "%.3E", "%G", "%+012.3G", "%#.3G", "%#.15g"};
     const double values[] = {
         0.0, -0.0, 1.0, -1.0, 0.5, 1.5, 2.5, 0.05, 0.15, 2.675, 1.005, 1e-7, 123456.789, 999999.5,
         0.000123, -250.0, 1e15 / 3, 1e9, 999999999, 1e22, 1e300, -5e-324, 99.995, 0.9999995,
-        1234567, 6000.05, 0.0005, 0.0015, 0.125, 1.0625, kInfinity, -kInfinity};
+        1234567, 6000.05, 0.0000375, 0.0005, 0.0015, 0.125, 1.0625, kInfinity, -kInfinity};
     // clang-format on
     for (const char* format : formats) {
         for (const double value : values) {
@@ -104,9 +104,10 @@ TEST(ZetFormatTest, HexadecimalDoubles) {
 }
 
 TEST(ZetFormatTest, TextsAreWideAndPaddedByCharacters) {
-    EXPECT_EQ(ZetString::format(
-                  L"%s|%-6s|%6s|%.2s|%ls", L"Träger", ZetString(L"öß"), L"öß", L"äöü", L"x"),
-              L"Träger|öß    |    öß|äö|x");
+    EXPECT_EQ(
+        ZetString::format(
+            L"%s|%-6s|%6s|%.2s%.0s|%ls", L"Träger", ZetString(L"öß"), L"öß", L"äöü", L"ä", L"x"),
+        L"Träger|öß    |    öß|äö|x");
     EXPECT_EQ(ZetString::format(L"%c%c|%3c|%-3c|", L'ä', L'\x20AC', L'x', L'y'),
               L"ä\x20AC|  x|y  |");
     EXPECT_EQ(ZetString::format(L"100%% of %s", L"%d %s"), L"100% of %d %s");

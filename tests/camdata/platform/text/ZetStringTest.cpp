@@ -68,6 +68,9 @@ TEST(ZetStringTest, ReadsTheNumberAtItsBeginning) {
     EXPECT_EQ((ZetString(L"0.") + ZetString(L'0', 400) + L"1").toDouble(), 0.0);
     EXPECT_EQ(ZetString(L" 12 ").toDouble(true), 12.0);
     EXPECT_EQ(ZetString(L"12mm").toDouble(true), 0.0);
+    EXPECT_EQ(ZetString(L" -Inf ").toDouble(true), -std::numeric_limits<double>::infinity());
+    EXPECT_TRUE(std::isnan(ZetString(L"NaN").toDouble(true)));
+    EXPECT_EQ(ZetString(L"infx").toDouble(true), 0.0);
 }
 
 TEST(ZetStringTest, ConvertsFromAndToUtf8) {
@@ -76,6 +79,7 @@ TEST(ZetStringTest, ConvertsFromAndToUtf8) {
     struct Case { const char* name; std::string bytes; std::wstring wide; std::string back; };
     const Case cases[] = {
         {"plain", "Z20", L"Z20", "Z20"},
+        {"least of two bytes", "\xC2\x80 \xDF\xBF", L"\x80 \x7FF", "\xC2\x80 \xDF\xBF"},
         {"two bytes", "Tr\xC3\xA4ger", L"Träger", "Tr\xC3\xA4ger"},
         {"three bytes", "\xE2\x82\xAC", L"\x20AC", "\xE2\x82\xAC"},
         {"four bytes", "\xF0\x9F\x94\xA9", L"\U0001F529", "\xF0\x9F\x94\xA9"},
@@ -94,6 +98,7 @@ TEST(ZetStringTest, ConvertsFromAndToUtf8) {
         EXPECT_EQ(text.toUtf8(), c.back);
     }
     EXPECT_EQ(ZetString(std::wstring(1, static_cast<wchar_t>(0xD800))).toUtf8(), replaced);
+    EXPECT_EQ(ZetString(L'\x80', 40).toUtf8().size(), 80U);  // read many at a time
 }
 
 TEST(ZetStringTest, NarrowCharactersAreThePlatforms) {
