@@ -38,63 +38,42 @@ std::size_t SizeFor(std::size_t bytes) {
     return (bytes + kNoted + kStep - 1) / kStep;
 }
 
-/// Those of one thread.
-class FreeBlocks {
-  public:
-    FreeBlocks() = default;
-    FreeBlocks(const FreeBlocks&) = delete;
-    FreeBlocks& operator=(const FreeBlocks&) = delete;
-    ~FreeBlocks() {
-        for (List& list : m_lists) {
-            while (void* const block = Take(list))
-                std::free(block);
-            list.room = 0;
-        }
-    }
-
-    /// Null when there is none.
-    void* Take(std::size_t size) { return size < kSizes ? Take(m_lists[size]) : nullptr; }
-
-    /// False when the block is not kept.
-    bool Keep(void* block, std::size_t size) {
-        if (size >= kSizes || m_lists[size].room == 0)
-            return false;
-        List& list = m_lists[size];
-        --list.room;
-        list.first = new (block) Block{list.first};
-        return true;
-    }
-
-  private:
-    struct Block {
-        Block* next;
-    };
-    struct List {
-        Block* first = nullptr;
-        unsigned room = kMaxOfOneSize;
-    };
-    static void* Take(List& list) {
-        if (list.first == nullptr)
-            return nullptr;
-        ++list.room;
-        return std::exchange(list.first, list.first->next);
-    }
-
-    std::array<List, kSizes> m_lists{};
+struct Block {
+    Block* next;
 };
 
-thread_local constinit FreeBlocks t_freeBlocks;
+/// Of one size.
+struct List {
+    Block* first;
+    unsigned room;
+};
 
-void GiveBack(void* block, std::size_t size) {
-    if (!t_freeBlocks.Keep(block, size))
-        std::free(block);
-}
+/// Those of one thread, by size. There is room from its first Keeping to the end of that: what has
+/// neither beginning nor end is not asked for both each time.
+thread_local constinit std::array<List, kSizes> t_lists{};
 
-}  // namespace
+class Keeping {
+  public:
+    Keeping() {
+        for (List& list : t_lists)
+            list.room = kMaxOfOneSize;
+    }
+    Keeping(const Keeping&) = delete;
+    Keeping& operator=(const Keeping&) = delete;
+    ~Keeping() {
+        for (List& list : t_lists) {
+            list.room = 0;
+            while (Block* const block = list.first) {
+                list.first = block->next;
+                std::free(block);
+            }
+        }
+    }
+};
 
-void* operator new(std::size_t bytes) {
-    if (void* const block = t_freeBlocks.Take(SizeFor(bytes)))
-        return block;
+/// Apart from the usual way, which then needs no registers saved.
+[[gnu::noinline]] void* NewBlock(std::size_t bytes) {
+    static thread_local const Keeping keeping;
     for (;;) {
         if (void* const block = std::malloc(bytes))
             return block;
@@ -103,6 +82,25 @@ void* operator new(std::size_t bytes) {
             throw std::bad_alloc();
         handler();
     }
+}
+
+void GiveBack(void* block, std::size_t size) {
+    if (size >= kSizes || t_lists[size].room == 0)
+        return std::free(block);
+    List& list = t_lists[size];
+    --list.room;
+    list.first = new (block) Block{list.first};
+}
+
+}  // namespace
+
+void* operator new(std::size_t bytes) {
+    const std::size_t size = SizeFor(bytes);
+    if (size >= kSizes || t_lists[size].first == nullptr)
+        return NewBlock(bytes);
+    List& list = t_lists[size];
+    ++list.room;
+    return std::exchange(list.first, list.first->next);
 }
 
 void operator delete(void* block, std::size_t bytes) noexcept {

@@ -23,6 +23,10 @@ constexpr wchar_t kAside[] = L"kept beside the NC data, which have no place for 
 /// The centre of a hole, a mark or a text may lie beyond its face by this, mm.
 constexpr double kHoleSlack = 0.5;
 
+bool IsBlank(std::string_view text) {
+    return std::all_of(text.begin(), text.end(), [](char c) { return c == ' ' || c == '\t'; });
+}
+
 bool IsComment(const NcLine& line) {
     return line.text.substr(0, 2) == "**";
 }
@@ -175,7 +179,7 @@ void NcParser::ReadHeaderLines(NcLines& lines, std::vector<NcLine>& values) {
 }
 
 void NcParser::ReadLine(const NcLine& line) {
-    if (m_isAfterSecondStart || Trimmed(line.text).empty())
+    if (m_isAfterSecondStart || IsBlank(line.text))
         return;
     // Nearly all lines are data behind blanks.
     const bool isBehindBlanks = line.text.front() == ' ' || line.text.front() == '\t';

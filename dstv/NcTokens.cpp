@@ -25,10 +25,6 @@ constexpr std::ptrdiff_t kExactDigits = 15;
 constexpr std::array<double, kExactDigits + 1> kPowersOfTen = {
     1e0, 1e1, 1e2, 1e3, 1e4, 1e5, 1e6, 1e7, 1e8, 1e9, 1e10, 1e11, 1e12, 1e13, 1e14, 1e15};
 
-char LowerCase(char c) {
-    return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
-}
-
 /// The number that a text begins with: sign, digits, point, digits.
 struct LeadingNumber {
     std::size_t length = 0;  ///< 0: the text begins with none
@@ -61,7 +57,7 @@ const char* TakeDigits(const char* at, const char* end, std::uint64_t& digits) {
 
 /// In one pass. Digits and power of ten of nearly all numbers are exact as doubles, so that their
 /// quotient is the nearest double.
-LeadingNumber NumberAt(const char* const begin, const char* const end) {
+inline LeadingNumber NumberAt(const char* const begin, const char* const end) {
     if (begin == end)
         return {};
     const bool isNegative = *begin == '-';
@@ -142,37 +138,18 @@ NcTokens::NcTokens(const NcLine& line)
       m_at(line.text.data()),
       m_end(line.text.data() + line.text.size()),
       m_tokenEnd(m_at) {
-    SkipBlanks();
+    MoveTo(m_at);
 }
 
 bool NcTokens::IsAtNumber() const {
     return !IsAtEnd() && NumberAt(m_at, m_end).length > 0;
 }
 
-char NcTokens::TakeThisLetter() {
-    const char letter = LowerCase(*m_at);
-    m_tokenEnd = ++m_at;
-    SkipBlanks();
-    return letter;
-}
-
-char NcTokens::TakeThisLetterOf(std::string_view letters,
-                                const wchar_t* what,
-                                const wchar_t* expected) {
-    const char letter = LowerCase(*m_at);
-    // Of so few letters quicker than std::find.
-    for (const char each : letters)
-        if (each == letter)
-            return TakeThisLetter();
-    FailFrom(m_at, what, expected);
-}
-
 char NcTokens::TakeSign() {
     if (IsAtEnd() || (*m_at != '+' && *m_at != '-'))
         return 0;
     const char sign = *m_at;
-    m_tokenEnd = ++m_at;
-    SkipBlanks();
+    MoveTo(m_at + 1);
     return sign;
 }
 
@@ -181,25 +158,25 @@ bool NcTokens::TakeIfNumber(const wchar_t* what, double& value) {
     if (number.length == 0)
         return false;
     const char* const end = m_at + number.length;
+    if (!IsInRange(number.value) || (end != m_end && (*end == '.' || *end == ',')))
+        return TakeUnusualNumber(end, what, value);
     value = number.value;
-    if (!IsInRange(value) || (end != m_end && (*end == '.' || *end == ',')))
-        value = UnusualNumber({m_at, number.length}, what);
-    m_tokenEnd = m_at = end;
-    SkipBlanks();
+    MoveTo(end);
     return true;
 }
 
-double NcTokens::UnusualNumber(std::string_view number, const wchar_t* what) const {
-    const double value = LongValueOf(number);
+bool NcTokens::TakeUnusualNumber(const char* end, const wchar_t* what, double& value) {
+    const std::string_view number(m_at, static_cast<std::size_t>(end - m_at));
+    value = LongValueOf(number);
     if (!IsInRange(value))
         FailAt(m_line, what, number, L"a number up to 1000000000");
     // "12.5.0" and "1,5" are typing faults, not two numbers.
-    const char* const end = number.data() + number.size();
     if (end != m_end && *end == '.')
         Fail(what, L"a number with at most one point");
     if (end != m_end && *end == ',')
         Fail(what, L"a number with a decimal point, not a comma");
-    return value;
+    MoveTo(end);
+    return true;
 }
 
 double NcTokens::TakeNumber(const wchar_t* what, const wchar_t* expected) {
@@ -223,10 +200,8 @@ double NcTokens::TakeNumberOr(double missing) {
     return value;
 }
 
-char NcTokens::TakeGlued(std::string_view letters) {
-    if (IsAtEnd() || m_at != m_tokenEnd || letters.find(LowerCase(*m_at)) == std::string_view::npos)
-        return 0;
-    return TakeLetter();
+char NcTokens::TakeGlued(NcLetters letters) {
+    return IsAtLetter() && m_at == m_tokenEnd && letters.Has(*m_at) ? TakeThisLetter() : '\0';
 }
 
 std::string_view NcTokens::GetRest() const {

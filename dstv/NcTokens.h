@@ -2,6 +2,7 @@
 
 #include "dstv/NcNote.h"
 
+#include <cstdint>
 #include <exception>
 #include <optional>
 #include <string_view>
@@ -46,6 +47,26 @@ class NcLines {
     long m_number = 0;
 };
 
+/// Some letters, of which a and A count as one.
+class NcLetters {
+  public:
+    /// Of lower case.
+    consteval NcLetters(const char* letters) {
+        for (; *letters != '\0'; ++letters)
+            m_bits |= BitOf(*letters);
+    }
+
+    bool Has(char letter) const { return (m_bits & BitOf(letter)) != 0; }
+
+  private:
+    /// In ASCII the five last bits tell which letter it is.
+    static constexpr std::uint32_t BitOf(char letter) {
+        return std::uint32_t{1} << (static_cast<unsigned char>(letter) % 32);
+    }
+
+    std::uint32_t m_bits = 0;
+};
+
 /// The tokens of one line of geometry: single letters and numbers.
 ///
 /// Blanks and tabs separate; so does every change between letter and number, and a sign after a
@@ -61,8 +82,12 @@ class NcTokens {
     char TakeLetter() { return IsAtLetter() ? TakeThisLetter() : '\0'; }
     /// Takes the next token when it is a letter of `letters`; fails on another letter, 0 when it is
     /// none.
-    char TakeLetterOf(std::string_view letters, const wchar_t* what, const wchar_t* expected) {
-        return IsAtLetter() ? TakeThisLetterOf(letters, what, expected) : '\0';
+    char TakeLetterOf(NcLetters letters, const wchar_t* what, const wchar_t* expected) {
+        if (!IsAtLetter())
+            return '\0';
+        if (!letters.Has(*m_at))
+            Fail(what, expected);
+        return TakeThisLetter();
     }
     /// Takes a + or -; 0 when neither is next.
     char TakeSign();
@@ -76,7 +101,7 @@ class NcTokens {
     std::string_view GetRest() const;
     /// Takes a letter of `letters` that follows the token taken last without a blank; 0 when there
     /// is none.
-    char TakeGlued(std::string_view letters);
+    char TakeGlued(NcLetters letters);
     void ExpectEnd() const;
     [[noreturn]] void Fail(const wchar_t* what, const wchar_t* expected) const;
 
@@ -84,16 +109,24 @@ class NcTokens {
     bool IsAtLetter() const {
         return !IsAtEnd() && ((*m_at >= 'a' && *m_at <= 'z') || (*m_at >= 'A' && *m_at <= 'Z'));
     }
-    char TakeThisLetter();
-    char TakeThisLetterOf(std::string_view letters, const wchar_t* what, const wchar_t* expected);
-    void SkipBlanks() {
-        while (m_at != m_end && (*m_at == ' ' || *m_at == '\t'))
-            ++m_at;
+    char TakeThisLetter() {
+        // In ASCII one bit makes a letter lower case.
+        const char letter = static_cast<char>(*m_at | 0x20);
+        MoveTo(m_at + 1);
+        return letter;
+    }
+    /// Takes all up to `end`, and the blanks behind it.
+    void MoveTo(const char* end) {
+        m_tokenEnd = end;
+        while (end != m_end && (*end == ' ' || *end == '\t'))
+            ++end;
+        m_at = end;
     }
     /// Takes the next token when it is a number; false when it is none.
     bool TakeIfNumber(const wchar_t* what, double& value);
-    /// A number of many digits; fails when it is too large, or another point or a comma follows.
-    double UnusualNumber(std::string_view number, const wchar_t* what) const;
+    /// Takes a number of many digits; fails when it is too large, or another point or a comma
+    /// follows. True.
+    bool TakeUnusualNumber(const char* end, const wchar_t* what, double& value);
     [[noreturn]] void FailFrom(const char* at, const wchar_t* what, const wchar_t* expected) const;
 
     NcLine m_line;
