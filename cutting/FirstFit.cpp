@@ -11,9 +11,6 @@ namespace {
 /// Of more kinds only those without limit are tried as the first.
 constexpr std::size_t kMaxKindsTried = 8;
 
-/// Pieces of so many sizes go on most bars.
-constexpr std::size_t kUsualSizes = 4;
-
 /// The first bar that has enough room: a tree whose leaves are the bars and whose nodes hold the
 /// most that a bar below them has.
 class RoomTree {
@@ -100,7 +97,6 @@ class Fitting {
             {kind, {}},
             1
         });
-        m_bars.back().pattern.takes.reserve(kUsualSizes);
     }
 
     /// As many pieces as go on the bar; returns their number.

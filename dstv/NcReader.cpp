@@ -21,9 +21,11 @@
 namespace dstv {
 namespace {
 
+using NativeName = std::filesystem::path::string_type;
+
 #if defined(_WIN32)
-int OpenToRead(const std::filesystem::path& path) {
-    return _wopen(path.c_str(), _O_RDONLY | _O_BINARY | _O_NOINHERIT);
+int OpenToRead(const NativeName& name) {
+    return _wopen(name.c_str(), _O_RDONLY | _O_BINARY | _O_NOINHERIT);
 }
 
 std::ptrdiff_t ReadSome(int file, char* bytes, std::size_t count) {
@@ -35,8 +37,8 @@ void Close(int file) {
 }
 #else
 /// A pipe that nobody writes to is opened, and has no byte.
-int OpenToRead(const std::filesystem::path& path) {
-    return open(path.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
+int OpenToRead(const NativeName& name) {
+    return open(name.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
 }
 
 std::ptrdiff_t ReadSome(int file, char* bytes, std::size_t count) {
@@ -63,7 +65,7 @@ bool IsWhole(std::string_view bytes) {
 /// A file that is read. Most are smaller than the buffer of a stream, which would only cost.
 class File {
   public:
-    explicit File(const std::filesystem::path& path) : m_file(OpenToRead(path)) {}
+    explicit File(const NativeName& name) : m_file(OpenToRead(name)) {}
     ~File() {
         if (IsOpen())
             Close(m_file);
@@ -81,18 +83,26 @@ class File {
     int m_file;
 };
 
-NcError FileError(const std::filesystem::path& path, const ZetString& expected) {
-    return {PathText(path), 0, 0, L"file", PathText(path), expected};
+ZetString TextOf(const NativeName& name) {
+#if defined(_WIN32)
+    return ZetString(name);
+#else
+    return ZetString::fromUtf8(name);
+#endif
+}
+
+NcError FileError(const NativeName& name, const ZetString& expected) {
+    return {TextOf(name), 0, 0, L"file", TextOf(name), expected};
 }
 
 /// Some systems open folders, others do not; none reads them.
-NcError UnreadError(const std::filesystem::path& path, const ZetString& expected) {
+NcError UnreadError(const NativeName& name, const ZetString& expected) {
     std::error_code ignored;
-    const std::filesystem::file_type type = std::filesystem::status(path, ignored).type();
+    const std::filesystem::file_type type = std::filesystem::status(name, ignored).type();
     if (type == std::filesystem::file_type::directory)
-        return FileError(path, L"a file, not a folder");
+        return FileError(name, L"a file, not a folder");
     return FileError(
-        path,
+        name,
         type == std::filesystem::file_type::fifo ? ZetString(L"a file, not a pipe") : expected);
 }
 
@@ -147,33 +157,33 @@ ZetString MarkOf(const NcPart& part, const NcReading& reading) {
 }  // namespace
 
 ZetString PathText(const std::filesystem::path& path) {
-#if defined(_WIN32)
-    return ZetString(path.native());
-#else
-    return ZetString::fromUtf8(path.native());
-#endif
+    return TextOf(path.native());
 }
 
 NcResult ReadNcFile(const std::filesystem::path& path, const NcReading& reading) {
-    const File file(path);
+    return ReadNcFileOfName(path.native(), reading);
+}
+
+NcResult ReadNcFileOfName(const NativeName& name, const NcReading& reading) {
+    const File file(name);
     if (!file.IsOpen())
-        return UnreadError(path, L"a file that can be opened (" + ErrorText(errno) + L")");
+        return UnreadError(name, L"a file that can be opened (" + ErrorText(errno) + L")");
     std::array<char, 1u << 14> piece;
     std::ptrdiff_t count = file.Read(piece.data(), piece.size());
     // Of a short file one reading is all there is.
     const std::string_view first(piece.data(),
                                  static_cast<std::size_t>(std::max(count, std::ptrdiff_t{0})));
     if (first.size() < piece.size() && IsWhole(first))
-        return ParseNc(first, PathText(path), reading);
+        return ParseNc(first, TextOf(name), reading);
     std::string bytes;
     for (; count > 0 && bytes.size() <= kMaxFileBytes;
          count = file.Read(piece.data(), piece.size()))
         bytes.append(piece.data(), static_cast<std::size_t>(count));
     if (count < 0 || bytes.empty())
-        return UnreadError(path, L"a file that can be read, and is not empty");
+        return UnreadError(name, L"a file that can be read, and is not empty");
     if (bytes.size() > kMaxFileBytes)
-        return FileError(path, L"a file of at most 64 MiB");
-    return ParseNc(bytes, PathText(path), reading);
+        return FileError(name, L"a file of at most 64 MiB");
+    return ParseNc(bytes, TextOf(name), reading);
 }
 
 NcResult ParseNc(std::string_view bytes, const ZetString& name, const NcReading& reading) {

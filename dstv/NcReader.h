@@ -52,6 +52,9 @@ using NcResult = std::variant<NcPart, NcError>;
 
 /// Reads one file. A folder, and a file that cannot be opened or read, is an error with line 0.
 NcResult ReadNcFile(const std::filesystem::path& path, const NcReading& reading = {});
+/// The same of a name as the system has it: of many files, paths would be a part of the work.
+NcResult ReadNcFileOfName(const std::filesystem::path::string_type& name,
+                          const NcReading& reading = {});
 
 /// Reads the bytes of a file in one pass; `name` is for messages, and for a mark that is the file's
 /// name. Time grows as n log n.

@@ -25,7 +25,7 @@ std::variant<dstv::NcFileEntity, dstv::NcError> ReadEntity(const std::string& na
                                                            const job::Job& job) {
     if (name == "-")
         return dstv::NcError{L"-", 0, 0, L"standard input", L"-", L"the name of a file"};
-    dstv::NcResult result = ReadFileOfJob(PathFromUtf8(name), ReadingOf(job));
+    dstv::NcResult result = ReadFileOfJob(name, ReadingOf(job));
     if (auto* error = std::get_if<dstv::NcError>(&result))
         return std::move(*error);
     return dstv::NcFileEntity(std::get<dstv::NcPart>(std::move(result)));

@@ -32,8 +32,8 @@ dstv::NcReading ReadingOf(const job::Job& job) {
             FolderOf(job.file)};
 }
 
-dstv::NcResult ReadFileOfJob(const std::filesystem::path& file, const dstv::NcReading& reading) {
-    dstv::NcResult result = dstv::ReadNcFile(file, reading);
+dstv::NcResult ReadFileOfJob(const std::string& file, const dstv::NcReading& reading) {
+    dstv::NcResult result = dstv::ReadNcFileOfName(job::NativeFromUtf8(file), reading);
     if (auto* error = std::get_if<dstv::NcError>(&result); error != nullptr && error->isOfEncoding)
         error->expected += L"; \"encoding\" in [nc] of the job says how the files are written";
     return result;

@@ -4,7 +4,7 @@
 #include "dstv/NcReader.h"
 #include "job/Job.h"
 
-#include <filesystem>
+#include <string>
 #include <vector>
 
 namespace camjob {
@@ -13,7 +13,7 @@ namespace camjob {
 dstv::NcReading ReadingOf(const job::Job& job);
 
 /// Reads an NC file of a job. Errors say what the job can change about them.
-dstv::NcResult ReadFileOfJob(const std::filesystem::path& file, const dstv::NcReading& reading);
+dstv::NcResult ReadFileOfJob(const std::string& file, const dstv::NcReading& reading);
 
 /// What is fixed to what, as the job says it.
 std::vector<dstv::NcAssembly> AssembliesOf(const job::Job& job);

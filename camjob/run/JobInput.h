@@ -28,7 +28,7 @@ class JobInput {
     JobInput(const job::Job& job, plugin::JobRun& run, MemberDrawings* drawings);
 
     /// Reads a file, and judges it unless it waits for others. Several threads may each read one.
-    ReadPart Read(const std::filesystem::path& file) const { return m_reading.Read(file); }
+    ReadPart Read(const std::string& file) const { return m_reading.Read(file); }
     /// The next file.
     void Take(ReadPart read);
     /// After the last file.

@@ -187,7 +187,7 @@ bool JobRunner::ReadFiles(JobInput& input) {
     m_progress.Begin("reading", static_cast<long>(m_ncFiles.size()), "files");
     threads::ResultsInOrder<ReadPart> parts(
         m_ncFiles.size(), m_options.threads, [&](std::size_t i) {
-            return input.Read(PathFromUtf8(m_ncFiles[i].name));
+            return input.Read(m_ncFiles[i].name);
         });
     for (const job::NamedNcFile& file : m_ncFiles) {
         if (m_system.isCancelled())

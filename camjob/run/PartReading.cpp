@@ -1,6 +1,5 @@
 #include "camjob/run/PartReading.h"
 
-#include "camjob/console/Paths.h"
 #include "camjob/input/JobReading.h"
 #include "camjob/show/PartDrawing.h"
 #include "job/JobFile.h"
@@ -60,8 +59,8 @@ PartReading::PartReading(const job::Job& job,
       m_assemblies(assemblies),
       m_areDrawingsTold(areDrawingsTold) {}
 
-ReadPart PartReading::Read(const std::filesystem::path& file) const {
-    ReadPart part{Utf8FromPath(file)};
+ReadPart PartReading::Read(const std::string& file) const {
+    ReadPart part{file};
     dstv::NcResult result = ReadFileOfJob(file, m_reading);
     if (const auto* error = std::get_if<dstv::NcError>(&result)) {
         part.faults = FaultsOfReading(*error);

@@ -10,7 +10,6 @@
 #include "job/Job.h"
 #include "plugin/output/JobRun.h"
 
-#include <filesystem>
 #include <memory>
 #include <optional>
 #include <string>
@@ -55,7 +54,8 @@ class PartReading {
                 const dstv::NcAssemblies& assemblies,
                 bool areDrawingsTold);
 
-    ReadPart Read(const std::filesystem::path& file) const;
+    /// `file`: UTF-8.
+    ReadPart Read(const std::string& file) const;
     /// Lets go of the features of the entity.
     JudgedPart Judge(dstv::NcFileEntity& entity, const std::string& file) const;
 

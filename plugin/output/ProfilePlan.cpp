@@ -6,7 +6,7 @@
 
 #include <algorithm>
 #include <cmath>
-#include <map>
+#include <set>
 #include <string>
 #include <utility>
 
@@ -105,16 +105,21 @@ std::optional<cutting::Cost> CostOfAll(const cutting::Plan& plan) {
 /// All of it but its bound.
 cutting::Plan MakeGivenPlan(const ProfilePlan& plan, const NestMaker& makeNests) {
     cutting::Plan given;
-    std::map<std::vector<cutting::Cut>, std::size_t> known;
+    const auto isCutBefore = [&](std::size_t a, std::size_t b) {
+        return given.bars[a].cuts < given.bars[b].cuts;
+    };
+    std::set<std::size_t, decltype(isCutBefore)> known(isCutBefore);
     for (const CMxNestParts& nest : makeNests(PartsToNest(plan))) {
         cutting::PlannedBars bars = BarsOf(nest, plan);
         given.cost += bars.bars * plan.cutStocks[bars.stock].cost;
         // A nest is one bar or two; a large quantity gives many nests that are cut alike.
-        const auto [at, isNew] = known.insert({bars.cuts, given.bars.size()});
-        if (isNew)
-            given.bars.push_back(std::move(bars));
-        else
-            given.bars[at->second].bars += bars.bars;
+        const cutting::Count count = bars.bars;
+        given.bars.push_back(std::move(bars));
+        const auto [alike, isNew] = known.insert(given.bars.size() - 1);
+        if (!isNew) {
+            given.bars[*alike].bars += count;
+            given.bars.pop_back();
+        }
     }
     given.uncut = cutting::FindTooLong(plan.demand, plan.cutStocks);
     return given;
