@@ -59,7 +59,9 @@ TEST(CMxNestPartsTest, ListsTheMarksOfABar) {
 }
 
 TEST(CMxNestPartsTest, AnEmptyNestIsAWholeBar) {
-    const CMxNestParts nest;
+    CMxNestParts nest;
+    CMxParts none = PartOf({L"M1", 0, 100.0});
+    EXPECT_FALSE(nest.SetNestMainPart(none) || nest.AppendNestPart(none) || nest.InsertNest(none));
     EXPECT_EQ(nest.GetQty(), 0);
     EXPECT_EQ(nest.GenerateOffCutLength(), 4000.0);
     EXPECT_EQ(WastageOf(nest), "0 No @  4000 long   Cut from Mark ");

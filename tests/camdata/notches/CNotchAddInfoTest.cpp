@@ -27,6 +27,8 @@ const OutlinePoints kTrapezoid = {{0, 0}, {100, 0}, {80, 50}, {20, 50}, {0, 0}};
 const OutlinePoints kSkewed = {{0, 0}, {100, 0}, {300, 200}, {200, 200}, {0, 0}};
 /// A cut-away corner of 100 x 50 around (50, 175).
 const OutlinePoints kLShape = {{0, 0}, {1000, 0}, {1000, 200}, {100, 200}, {100, 150}, {0, 150}, {0, 0}};
+const OutlinePoints kChamferedLShape =
+    {{0, 0}, {1000, 0}, {1000, 200}, {100, 200}, {100, 150.1}, {99.9, 150}, {0, 150}, {0, 0}};
 /// Cut-aways of 100 x 50 around (50, 25) and of 100 x 60 around (950, 30).
 const OutlinePoints kBothEndsNotched =
     {{100, 0}, {900, 0}, {900, 60}, {1000, 60}, {1000, 200}, {0, 200}, {0, 50}, {100, 50}, {100, 0}};
@@ -113,6 +115,7 @@ TEST(CNotchAddInfoTest, TakesWhatAContourCutsOrShows) {
         {"trapezoid", 0, kTrapezoid, eNotchValid, {20.0 / 3, 100.0 / 3, 4, 0, 0}, {{280.0 / 3, 100.0 / 3, 4, 0, 0}}},
         // The smallest rectangle stands at 45 degrees: it adds the corners (50, -50) and (250, 250).
         {"both ends skewed", 0, kSkewed, eNotchValid, {50, -50.0 / 3, 4, 0, 0}, {{250, 650.0 / 3, 4, 0, 0}}},
+        {"L with a chamfer of 0.1", 0, kChamferedLShape, eNotchValid, {59.98, 170.02, 6, 0, 0}, {}},
         {"internal rectangle", 1, kSmallRectangle, eNotchValid, {10, 25, 5, 20, 50}, {}},
         {"internal L", 1, kLShape, eNotchValid, {2200.0 / 6, 700.0 / 6, 7, 0, 0}, {}},
         {"L of another type", 2, kLShape, eNotchValid, {2200.0 / 6, 700.0 / 6, 7, 0, 0}, {}},
@@ -127,6 +130,16 @@ TEST(CNotchAddInfoTest, TakesWhatAContourCutsOrShows) {
 
 TEST(CNotchAddInfoTest, AnOutlineThatCutsNothingIsHeldItself) {
     EXPECT_TRUE(NotchOf(kRectangle, kExternal).CheckPosAreaVert(500, 100, 200000, 4));
+    const OutlinePoints shortEdge = {
+        {0,  0   },
+        {20, 0   },
+        {20, 0.05},
+        {20, 50  },
+        {0,  50  },
+        {0,  0   }
+    };
+    for (const int type : {kExternal, kInternal})
+        EXPECT_TRUE(NotchOf(shortEdge, type).CheckPosAreaVert(12, 20.01, 1000, 5));
 }
 
 TEST(CNotchAddInfoTest, OnlyFurtherPiecesComeCorrected) {
@@ -188,6 +201,7 @@ TEST(CNotchAddInfoTest, ResetKeepsOutlinePolygonLengthAndWidth) {
     EXPECT_FALSE(HasShape(notch) || notch.GetIsInternal());
     EXPECT_EQ(notch.GetViewData().GetHoleFace(), eHoleFaceNone);
     EXPECT_EQ(notch.GetOutMsg(), L"");
+    EXPECT_TRUE(notch.GetXPos() == 0.0 && notch.GetYPos() == 0.0);
     EXPECT_TRUE(notch.CheckPosAreaVert(0, 0, 1000, 4));
     SetData(notch, ContourOf(kInternal, kOnePoint));
     EXPECT_TRUE(notch.GetIsRect()) << "judged by the outline that was there";

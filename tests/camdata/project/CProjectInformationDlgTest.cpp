@@ -8,6 +8,7 @@
 #include "camdata/platform/system/Clock.h"
 #include "camdata/platform/system/Modules.h"
 #include "camdata/project/CProjectInformation.h"
+#include "camdata/project/ProjectDialogGuide.h"
 
 #include <algorithm>
 #include <cerrno>
@@ -349,11 +350,45 @@ TEST_P(CProjectInformationDlgTest, ErrorsComeOutOfTheDialog) {
     EXPECT_EQ(AssertionOf([&] { m_project.ShowDialog(); }), "control exists");
 
     m_project.SetProjInfoArrInFile({L"+"});
-    BeTheUser([](DialogWindow& window) { window.Click(kSaveSettings); });
+    BeTheUser([](DialogWindow& window) {
+        window.Click(kSaveSettings);
+        EXPECT_TRUE(window.IsClosed());
+    });
     EXPECT_EQ(AssertionOf([&] { m_project.ShowDialog(); }), "isValid( index )");
     EXPECT_FALSE(std::filesystem::exists(m_folder.PathOf("settings.txt")));
 
     EXPECT_EQ(Show([](DialogWindow& window) { window.Click(kCancel); }), DialogOutcome::kCancelled);
+}
+
+/// Counts what it hears of.
+struct CountingGuide final : ProjectDialogGuide {
+    void OnFilled(DialogWindow& window) override {
+        editsBefore = edits;
+        focusBefore = window.Focus();
+    }
+    void OnEdited(DialogWindow&, int) override { ++edits; }
+    ZetString FindFault(DialogWindow&, const CProjectInformation&) override { return {}; }
+    void OnSaved() override { ++saves; }
+
+    int edits = 0;
+    int saves = 0;
+    int editsBefore = -1;
+    int focusBefore = -1;
+};
+
+TEST_P(CProjectInformationDlgTest, AGuideHearsWhatTheUserDoes) {
+    CountingGuide guide;
+    BeTheUser([](DialogWindow& window) {
+        window.SetText(1101, L"Shed");
+        window.Click(kSaveSettings);
+    });
+    m_project.ShowGuidedDialog(guide);
+    EXPECT_EQ(guide.editsBefore, 0);
+    EXPECT_EQ(guide.edits, 1);
+    EXPECT_EQ(guide.saves, 1);
+    if (GetParam() == Backend::kMemory) {
+        EXPECT_EQ(guide.focusBefore, 0);
+    }
 }
 
 TEST_P(CProjectInformationDlgTest, TheAccumulatorShowsTheDialogOfItsProject) {
