@@ -29,6 +29,7 @@ TEST(NcEncoding, TheSameBytesInSeveral) {
         {"\xA3\xF3" "d\xBC", "iso-8859-2", "Łódź"},
         {"\xEB\xDC", "windows-1253", "λά"},
         {"1\x80", "windows-1252", "1€"},
+        {"1\x80", "windows-1251", "1Ђ"},
         {"1\x9F\xA0" "1", "auto", "1Ÿ\u00A0" "1"},
         {"1\xA4", "iso-8859-15", "1€"},
         {utf8, "auto", "Träger"},
@@ -46,6 +47,18 @@ TEST(NcEncoding, TheSameBytesInSeveral) {
     for (const Case& row : cases) {
         SCOPED_TRACE(row.encoding + ": " + row.mark);
         EXPECT_EQ(MarkOf(row.bytes, {kMark, row.encoding}), row.mark);
+    }
+    for (const auto& [bytes, line] : {
+             std::pair("\xE4\n", 1), {"ST\n\xE4",      2},
+               {"ST\r\n\n \xE4", 3}
+    }) {
+        const dstv::NcResult refused = dstv::ParseNc(bytes, L"x", {kMark, "utf-8"});
+        const auto& error = std::get<dstv::NcError>(refused);
+        EXPECT_EQ(error.describe().toUtf8(),
+                  "x:" + std::to_string(line) +
+                      ": text \"ä\": expected text in utf-8, which has no such byte");
+        EXPECT_EQ(error.column, 0);
+        EXPECT_TRUE(error.isOfEncoding);
     }
     // A file that begins with the mark of UTF-8 is that.
     const dstv::NcResult marked = dstv::ParseNc(
@@ -123,8 +136,11 @@ TEST(NcReader, TakesTheMarkFromWhereItStands) {
         const dstv::NcResult result = dstv::ParseNc(
             NcSample{}.With("EN\n"), name, {source, std::string(dstv::kAutomaticEncoding), L"a/"});
         const auto* error = std::get_if<dstv::NcError>(&result);
-        return error != nullptr ? error->describe().toUtf8()
-                                : std::get<dstv::NcPart>(result).header.mark.toUtf8();
+        if (error == nullptr)
+            return std::get<dstv::NcPart>(result).header.mark.toUtf8();
+        EXPECT_EQ(error->line, 0);
+        EXPECT_EQ(error->column, 0);
+        return error->describe().toUtf8();
     };
     EXPECT_EQ(markOf(L"a/b/1.nc", kPath), "b/1");
     EXPECT_EQ(markOf(L"a/../../c\\1.nc", kPath), "c/1");

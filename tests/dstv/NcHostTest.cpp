@@ -197,7 +197,7 @@ TEST(NcHost, OffersTheCutsThatNoOutlineHas) {
 /// A tube of diameter 175 with a mitre of 30 degrees: its unrolled surface ends in a wave through
 /// points at these angles round the tube, degrees, `off` mm away from where the mitre ends it.
 TEST(NcHost, ARoundTubeHasItsMitreWhereItsSurfaceEndsInTheWave) {
-    enum Where { kEnd, kStart, kSawn };
+    enum Where { kEnd, kStart, kSawn, kSawnStart };
     struct Case {
         std::vector<double> degrees;
         double highest;  ///< where the wave is longest, degrees
@@ -227,6 +227,7 @@ TEST(NcHost, ARoundTubeHasItsMitreWhereItsSurfaceEndsInTheWave) {
         {many, 250.0, 0.51, kStart, "", "start web 30.000 at 0.0 line 18\n"},
         {many, 250.0, -0.51, kStart, "", "start web 30.000 at 0.0 line 18\n"},
         {eight, 70.0, 0.0, kSawn, "", "noted line %d\n"},
+        {eight, 70.0, 100.0, kSawnStart, "", "noted line %d\n"},
         {{0, 360}, 0.0, 0.0, kEnd, " 2999 549.7787\n 2998 549.7787\n 2997 549.7787\n 2996 549.7787\n"
                                    " 2995 549.7787\n 2994 549.7787\n 2993 549.7787\n", kOffered},
     };
@@ -234,23 +235,26 @@ TEST(NcHost, ARoundTubeHasItsMitreWhereItsSurfaceEndsInTheWave) {
     const double height = 87.5 * std::tan(std::numbers::pi / 6.0);
     for (const Case& c : cases) {
         SCOPED_TRACE(&c - cases);
-        const std::string other = c.where == kStart ? "3000" : "0";
+        const bool isAtStart = c.where == kStart || c.where == kSawnStart;
+        const bool isSawn = c.where == kSawn || c.where == kSawnStart;
+        const std::string other = isAtStart ? "3000" : "0";
         std::string blocks = "AK\n v " + other + " 0\n";
         for (const double degrees : c.degrees) {
             const double wave = std::cos((degrees - c.highest) * std::numbers::pi / 180.0);
             const double length = 3000.0 - c.off - height + height * wave;
             blocks += ZetString::format(L" v %.6f %.6f\n",
-                                        c.where == kStart ? 3000.0 - length : length,
+                                        isAtStart ? 3000.0 - length : length,
                                         87.5 * degrees * std::numbers::pi / 180.0)
                           .toUtf8();
         }
         blocks += c.more + " " + other + " 549.7787\n " + other + " 0\n";
         NcSample sample;
         sample.code = "RO";
-        (c.where == kStart ? sample.webStartCut : sample.webEndCut) = c.where == kSawn ? "0" : "30";
+        (isAtStart ? sample.webStartCut : sample.webEndCut) = isSawn ? "0" : "30";
         // Slanted to both sides alike, through the middle of the mitre.
-        if (c.where == kSawn)
-            blocks += "SC\n 2949.482 87.5 87.5 1 0.4082483 0.4082483\n";
+        if (isSawn)
+            blocks += isAtStart ? "SC\n 150.518 87.5 87.5 -1 0.4082483 0.4082483\n"
+                                : "SC\n 2949.482 87.5 87.5 1 0.4082483 0.4082483\n";
         const std::string line = std::to_string(LinesOf(sample.With(blocks)).size());
         EXPECT_EQ(CutsIn(EntityOf(sample, blocks)), Replaced(c.cuts, "%d", line));
     }

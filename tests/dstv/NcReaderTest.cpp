@@ -54,6 +54,8 @@ TEST(NcReader, ReadsEveryBlock) {
     EXPECT_EQ(part.cambers[0].q, 5.0);
     EXPECT_EQ(part.information[0].value, L"X");
     EXPECT_EQ(part.comments[0].value, L"comment");
+    EXPECT_EQ(part.header.lineOf(dstv::NcHeaderValue::kDrawing), 3);
+    EXPECT_EQ(part.header.lineOf(dstv::NcHeaderValue::kLength), 10);
     const std::vector<long> lines = {part.comments[0].line,
                                      part.holes[0].line,
                                      part.numerations[0].line,
@@ -252,6 +254,9 @@ TEST(NcReader, RefusesMoreThanItsLimits) {
     EXPECT_EQ(ToldOf(NcSample().With("BO\n  x\n" + holes + "  v 4 5 6\n  v 7 8 9\nE1\n")),
               "refused 27: face \"x\": expected v, o, u or h\n"
               "refused 100029: hole \"v 4 5 6\": expected at most 100000 holes in one file\n");
+    const std::string crowd =
+        ": holes in slots \"with this slot more than 1000000\": expected at most 1000000 in one file, "
+        "a hole counted once for each slot that it lies in";
     for (const bool isUpright : {false, true}) {
         const auto slot = [&](int i) {
             const std::string at = std::to_string(i);
@@ -262,10 +267,9 @@ TEST(NcReader, RefusesMoreThanItsLimits) {
         for (int i = 0; i < 1'000; ++i)
             slots += slot(i);
         EXPECT_EQ(ReadError(NcSample().With(slots)), "read");
-        EXPECT_EQ(
-            ReadError(NcSample().With(slots + slot(2))),
-            "part.nc1:1026: holes in slots \"with this slot more than 1000000\": expected at most "
-            "1000000 in one file, a hole counted once for each slot that it lies in");
+        EXPECT_EQ(ReadError(NcSample().With(slots + slot(2))), "part.nc1:1026" + crowd);
+        // One that only itself lies in.
+        EXPECT_EQ(ReadError(NcSample().With(slots + slot(9'000))), "part.nc1:1027" + crowd);
     }
     std::string planes;
     for (std::size_t i = 0; i < dstv::kMaxPlanes; ++i)
@@ -313,7 +317,7 @@ TEST(NcReader, CountsAHoleForEachSlotThatItIsNear) {
         {"1500 80.25", "100 0 0", beside, off},
         {"1500 80.25", "0 100 90", beside, off},
         {"1500 80.5", "100 0 0", {"1601.99 80.2"}, {"1602.01 80.2"}},
-        {"1500 80", "0 100 0", {"1498.01 100", "1500 181.99"}, {"1497.99 100", "1500 182.01"}},
+        {"1500 80", "0 100 0", {"1498.01 100", "1500 181.99", "1500 -21.99"}, {"1497.99 100", "1500 182.01", "1500 -22.01"}},
         {"1500.5 80", "100 0 90", {"1500.2 181.99"}, {"1500.2 182.01"}},
         {"1500.25 80", "100 0 -90", {"1502.99 100"}, {"1503.01 100"}},
         {"1500 80.25", "100 0 30", {"1494.98 80.7", "1505.89 80.7", "1425.7 40.1", "1436.61 40.1"},

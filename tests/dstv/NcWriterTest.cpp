@@ -123,12 +123,14 @@ TEST(NcWriter, WhatIsWrittenReadsBackAsThePart) {
 }
 
 TEST(NcWriter, WritesTheHeaderAsItWasRead) {
-    const std::string text =
-        "ST\n  order\n  drawing\n  phase\n  mark\n  steel\n  7\n  name\n  I\n    3000.00,  2999.50\n"
-        "     175.00\n      81.25\n       3.00\n       1.50\n       4.00\n      4.416\n"
-        "      0.753\n       1.00\n      -2.00\n       3.50\n      -4.00\n"
-        "  text 1\n  text 2\n  text 3\n  text 4\n** remark\nEN\n";
-    EXPECT_EQ(Written(PartOf(text)), text);
+    for (const std::string lengths : {"  3000.00,  2999.50", "  3000.00", "  3000.00,     0.10"}) {
+        const std::string text =
+            "ST\n  order\n  drawing\n  phase\n  mark\n  steel\n  7\n  name\n  I\n  " + lengths +
+            "\n     175.00\n      81.25\n       3.00\n       1.50\n       4.00\n      4.416\n"
+            "      0.753\n       1.00\n      -2.00\n       3.50\n      -4.00\n"
+            "  text 1\n  text 2\n  text 3\n  text 4\n** remark\nEN\n";
+        EXPECT_EQ(Written(PartOf(text)), text);
+    }
 }
 
 TEST(NcWriter, EncodingLineEndsAndWhatIsKept) {
