@@ -297,7 +297,12 @@ TEST(NcReader, RefusesMoreThanItsLimits) {
     std::string bad;
     for (int i = 0; i < 1500; ++i)
         bad += "TO\n  x\n";
-    EXPECT_EQ(ReadPart(NcSample().With(bad)).notes.size(), dstv::kMaxNotes + 1500);
+    const auto notes = ReadPart(NcSample().With(bad)).notes;
+    EXPECT_EQ(notes.size(), dstv::kMaxNotes + 1500);
+    EXPECT_EQ(std::count_if(notes.begin(),
+                            notes.end(),
+                            [](const auto& note) { return note.text.contains(L"left out"); }),
+              1);
 }
 
 /// A thousand times the same slot, and so as many holes in slots as may be: one hole more is one
@@ -347,6 +352,7 @@ TEST(NcReader, TellsWhichFileCannotBeRead) {
     const std::filesystem::path folder = std::filesystem::path(testing::TempDir());
     const auto missing = std::get<dstv::NcError>(dstv::ReadNcFile(folder / "no such file.nc"));
     EXPECT_EQ(missing.line, 0);
+    EXPECT_EQ(missing.column, 0);
     EXPECT_TRUE(missing.expected.contains(L"a file that can be opened ("))
         << missing.expected.toUtf8();
     EXPECT_EQ(std::get<dstv::NcError>(dstv::ReadNcFile(folder)).expected, L"a file, not a folder");
@@ -372,6 +378,8 @@ TEST(NcReader, ReadsFilesOfAllSizes) {
     std::string piece = NcSample().With("BO\n v 1 2 3\n** ");
     piece.append((1u << 14) - piece.size() - 3, '*').append("\nEN");
     EXPECT_EQ(told(""), "a file that can be read, and is not empty");
+    for (const char* text : {"x", "\n"})
+        EXPECT_EQ(told(text), "ST");
     for (const char* end : {"", "\n", "\r\n", "\nBO\n"})
         EXPECT_EQ(told(NcSample().With(std::string("BO\n v 1 2 3\nEN") + end)), "1");
     EXPECT_EQ(told(piece), "1");
