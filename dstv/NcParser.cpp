@@ -75,12 +75,9 @@ NcPart NcParser::Parse(std::string_view bytes) {
     FindStart(lines);
     ReadHeader(lines);
     SetLimits();
-    while (m_errors.size() < kMaxErrors && !m_isBeyondLimit) {
-        const std::optional<NcLine> line = lines.Next();
-        if (!line)
-            break;
-        ReadLine(*line);
-    }
+    NcLine line;
+    while (m_errors.size() < kMaxErrors && !m_isBeyondLimit && lines.Next(line))
+        ReadLine(line);
     if (!m_isBeyondLimit)
         Try([this] { EndBlock(); });
     FailWithAll();
@@ -115,8 +112,7 @@ bool NcParser::KeepComment(const NcLine& line) {
 
 void NcParser::FindStart(NcLines& lines) {
     NcLine line = {1, {}};
-    while (const std::optional<NcLine> next = lines.Next()) {
-        line = *next;
+    while (lines.Next(line)) {
         if (Trimmed(line.text).empty())
             continue;
         if (!KeepComment(line))
@@ -146,30 +142,25 @@ void NcParser::ReadHeader(NcLines& lines) {
 /// A line that is missing or too many is found some lines later: the values behind show it.
 void NcParser::TellShift(NcLines& lines, std::vector<NcLine>& values, NcError& error) const {
     const std::size_t wrong = values.size() - 1;
-    while (values.size() < NcHeaderReader::kRequired) {
-        const std::optional<NcLine> line = lines.Next();
-        if (!line)
-            break;
-        if (!IsComment(*line))
-            values.push_back(*line);
-    }
+    NcLine line;
+    while (values.size() < NcHeaderReader::kRequired && lines.Next(line))
+        if (!IsComment(line))
+            values.push_back(line);
     if (wrong < values.size())
         error.expected += HintOfShiftedHeader(values, wrong);
 }
 
 void NcParser::ReadHeaderLines(NcLines& lines, std::vector<NcLine>& values) {
     long last = m_part.header.line;
-    while (!m_header.IsComplete()) {
-        const std::optional<NcLine> line = lines.Next();
-        if (!line)
-            break;
-        last = line->number;
-        if (KeepComment(*line))
+    NcLine line;
+    while (!m_header.IsComplete() && lines.Next(line)) {
+        last = line.number;
+        if (KeepComment(line))
             continue;
-        if (m_header.CanEnd() && !BlockCodeOf(line->text).text.empty())
-            return ReadLine(*line);
-        values.push_back(*line);
-        m_header.Read(*line);
+        if (m_header.CanEnd() && !BlockCodeOf(line.text).text.empty())
+            return ReadLine(line);
+        values.push_back(line);
+        m_header.Read(line);
     }
     if (!m_header.CanEnd())
         FailAt({last, {}},

@@ -115,9 +115,9 @@ NcLines::NcLines(std::string_view bytes)
       m_end(bytes.data() + bytes.size()),
       m_lineEnd(bytes.find('\n') == std::string_view::npos ? '\r' : '\n') {}
 
-std::optional<NcLine> NcLines::Next() {
+bool NcLines::Next(NcLine& line) {
     if (m_at == m_end)
-        return std::nullopt;
+        return false;
     const char* const begin = m_at;
     const void* const found =
         std::memchr(begin, m_lineEnd, static_cast<std::size_t>(m_end - begin));
@@ -125,12 +125,12 @@ std::optional<NcLine> NcLines::Next() {
     m_at = found == nullptr ? m_end : end + 1;
     while (end != begin && end[-1] == '\r')
         --end;
-    const NcLine line = {
+    line = {
         ++m_number, {begin, static_cast<std::size_t>(end - begin)}
     };
     if (line.number > kMaxLines)
         FailAt(line, L"line", Trimmed(line.text), L"at most 1000000 lines in one file");
-    return line;
+    return true;
 }
 
 NcTokens::NcTokens(const NcLine& line)
@@ -142,7 +142,9 @@ NcTokens::NcTokens(const NcLine& line)
 }
 
 bool NcTokens::IsAtNumber() const {
-    return !IsAtEnd() && NumberAt(m_at, m_end).length > 0;
+    // Of each hole: mostly the first character tells, and the number is read only once.
+    const bool isAtDigit = !IsAtEnd() && *m_at >= '0' && *m_at <= '9';
+    return isAtDigit || NumberAt(m_at, m_end).length > 0;
 }
 
 char NcTokens::TakeSign() {

@@ -37,8 +37,8 @@ class NcLines {
   public:
     explicit NcLines(std::string_view bytes);
 
-    /// The next line; nothing at the end. Fails beyond kMaxLines.
-    std::optional<NcLine> Next();
+    /// Takes the next line; false at the end. Fails beyond kMaxLines.
+    bool Next(NcLine& line);
 
   private:
     const char* m_at;
