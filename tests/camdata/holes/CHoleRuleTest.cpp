@@ -32,6 +32,7 @@ TEST(CHoleRuleTest, SetsEachFieldFromItsArgument) {
                          rule.GetGroupCode().GetPairCode(), rule.GetLookInAnotherSuffix()};
     // clang-format on
     EXPECT_EQ(codes, (Texts{L"B", L"C", L"G", L"_B"}));
+    EXPECT_EQ(rule.GetHoleShapeType(), eHoleShapeSlot);
     EXPECT_EQ(rule.GetBackMarkArr(), Numbers{1.0});
     EXPECT_EQ(rule.GetOtherFaceArr(), Numbers{2.0});
     EXPECT_EQ(rule.GetDiameters(), Numbers{3.0});

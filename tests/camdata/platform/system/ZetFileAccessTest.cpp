@@ -100,6 +100,7 @@ TEST_F(ZetFileAccessTest, ReadsCharactersAcrossItsBufferAndBadBytes) {
 TEST_F(ZetFileAccessTest, KeepsTheFirstFault) {
     ZetFileAccess closed;
     EXPECT_FALSE(closed.IsOpen());
+    EXPECT_EQ(closed.GetPosition(), -1);
     EXPECT_EQ(closed.ReadChar(), ZetFileAccess::kEndOfFile);
     ASSERT_TRUE(closed.GetFault());
     EXPECT_EQ(closed.GetFault()->operation, Operation::kRead);

@@ -52,7 +52,7 @@ TEST(ZetFormatTest, Integers) {
     EXPECT_EQ(ZetString::format(L"%d %d", std::numeric_limits<long long>::min(), ~0ULL),
               L"-9223372036854775808 18446744073709551615");
     EXPECT_EQ(ZetString::format(L"%u %u %+u", -1, -1L, 9U), L"4294967295 4294967295 9");
-    EXPECT_EQ(ZetString::format(L"%08.3d|%-08d|", 5, 5), L"     005|5       |");
+    EXPECT_EQ(ZetString::format(L"%08.3d|%-08d|%05.0d", 5, 5, 5), L"     005|5       |    5");
 }
 
 TEST(ZetFormatTest, IntegersToOtherBases) {
@@ -94,6 +94,7 @@ TEST(ZetFormatTest, HexadecimalDoubles) {
         {L"%a", 5e-324, L"0x0.0000000000001p-1022"}, {L"%A", 0.1, L"0X1.999999999999AP-4"},
         {L"%.0a", 1.5, L"0x2p+0"},            {L"%.0a", 2.5, L"0x1p+1"},
         {L"%.1a", 1.96875, L"0x2.0p+0"},      {L"%.1a", 1.53125, L"0x1.8p+0"},
+        {L"%.1a", 1.09375, L"0x1.2p+0"},      {L"%.1a", 0.1, L"0x1.ap-4"},
         {L"%.15a", 1.5, L"0x1.800000000000000p+0"}, {L"%#.0a", 1.0, L"0x1.p+0"},
         {L"%020.2a|", 2.5, L"0x000000000001.40p+1|"}, {L"%-12.1A|", 1.5, L"0X1.8P+0    |"},
         {L"%A", kInfinity, L"INF"},           {L"%+10a", kInfinity, L"      +inf"},
