@@ -8,7 +8,8 @@ true for false, a statement that is missing, or two rows of a table that have ch
 refuses are passed over. A fault survives when all tests of all programs that could notice it pass, the quickest first.
 What is changed is compiled with the assertions of the standard library. What survives is printed as it ends.
 mutants-equivalent.txt beside this script lists faults that change nothing anybody can see, with the reason; they count
-for nothing. Nor are faults planted in statements that only make room ahead (reserve).
+for nothing. Nor are faults planted in statements that only make room ahead (reserve) or only keep others from being
+compiled (= delete).
 
 mutants.py --again FILE plants those that FILE, the output of an earlier run, tells have survived.
 Without SEED another choice is made each time; the choice is of the whole project, so it changes with its sources.
@@ -67,7 +68,7 @@ NUMBER = re.compile(r"(?<![\w.])\d+(?:\.\d+)?(?![\w.])")
 CONDITION = re.compile(r"\b(?:if|while) \((?!constexpr)")
 STATEMENT = re.compile(r"^\s+[^{}#/]*;$")
 DECLARATION = re.compile(r"^\s+const\b|^\s+(?!return\b)[\w:]+(?:<.*>)?[&*]* [&*]*(?:\w+(?: = |;|\(|\{)|\[)|^\s+using |^\s+return [^;]*$")
-NOT_CODE = re.compile(r"^\s*(?:#|//|static_assert|using |namespace |template|[\w.]+\.reserve\(.*\);$)")
+NOT_CODE = re.compile(r"^\s*(?:#|//|static_assert|using |namespace |template|[\w.]+\.reserve\(.*\);$|.*= delete;$)")
 TABLE = re.compile(r"\b(k\w+)\b[^()]*\{$")
 
 

@@ -22,17 +22,15 @@ class Cone {
   public:
     Cone(const ZetGeomPoint2d& apex, double tolerance) : m_apex(apex), m_tolerance(tolerance) {}
 
-    /// True when the line to `point` passes near all points so far.
+    /// True when the line to `point` passes near all points so far, of which there is one.
     bool Holds(const ZetGeomPoint2d& point) const {
         const ZetGeomVector2d direction = point - m_apex;
-        return m_isOpen || (m_right.cross(direction) >= 0.0 && direction.cross(m_left) >= 0.0);
+        return m_right.cross(direction) >= 0.0 && direction.cross(m_left) >= 0.0;
     }
+    /// The point is farther away than the tolerance.
     void Narrow(const ZetGeomPoint2d& point) {
         const ZetGeomVector2d direction = point - m_apex;
-        const double length = direction.length();
-        if (length <= m_tolerance)
-            return;
-        const double sine = m_tolerance / length;
+        const double sine = m_tolerance / direction.length();
         const double cosine = std::sqrt(1.0 - sine * sine);
         const ZetGeomVector2d right = Turned(direction, cosine, -sine);
         const ZetGeomVector2d left = Turned(direction, cosine, sine);
@@ -60,7 +58,9 @@ bool GoesOn(const ZetGeomPoint2d& last, const ZetGeomPoint2d& middle, const ZetG
     return (middle - last).dot(next - middle) > 0.0;
 }
 
-/// The corners of a closed chain that begins with a corner.
+/// The corners of a closed chain that begins with a corner, each point farther from the next than
+/// the tolerance. While points are left out they go away from the last corner, so that all are
+/// farther from it, too.
 ZetArray<ZetGeomPoint2d> WithoutStraightVertices(const ZetArray<ZetGeomPoint2d>& chain,
                                                  double tolerance) {
     ZetArray<ZetGeomPoint2d> corners = {chain.first()};

@@ -149,10 +149,13 @@ TEST(CNotchAddInfoTest, OnlyFurtherPiecesComeCorrected) {
     view.SetDimFromOtherFace(-1.0);
     CNotchAddInfo notch;
     ZetArray<CNotchAddInfo> notches = {OpeningAt(0, 0)};
-    notch.SetNotchData(ContourOf(kExternal, kBothEndsNotched), view, notches);
+    ZetNCContour contour = ContourOf(kExternal, kBothEndsNotched);
+    contour.hostTag = 7;
+    notch.SetNotchData(contour, view, notches);
     EXPECT_TRUE(notch.CheckPosAreaVert(50, 25, 5000, 4));
     ASSERT_EQ(notches.length(), 2) << "appended to what is there";
     EXPECT_TRUE(notches[1].CheckPosAreaVert(950, 170, 6000, 4));
+    EXPECT_EQ(notch.GetContour().hostTag + notches[1].GetContour().hostTag, 14);
     EXPECT_EQ(notch.GetViewData().GetFaceStr() + notches[1].GetViewData().GetFaceStr(), L"WEBWEB");
 }
 

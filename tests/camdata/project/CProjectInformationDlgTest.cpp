@@ -381,6 +381,9 @@ TEST_P(CProjectInformationDlgTest, AGuideHearsWhatTheUserDoes) {
     BeTheUser([](DialogWindow& window) {
         window.SetText(1101, L"Shed");
         window.Click(kSaveSettings);
+        if (GetParam() == Backend::kMemory)
+            window.SetFocus(0);
+        window.SelectTab(kTabs, 1);
     });
     m_project.ShowGuidedDialog(guide);
     EXPECT_EQ(guide.editsBefore, 0);

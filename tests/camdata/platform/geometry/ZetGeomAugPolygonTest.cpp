@@ -100,6 +100,8 @@ TEST(ZetGeomAugPolygonTest, CutsTheNotchesThatAFabricatorDraws) {
         {"opening joined to the edge by a cut",
          {{0, 0}, {50, 0}, {50, 10}, {50, 20}, {40, 20}, {40, 30}, {60, 30}, {60, 20}, {50, 20}, {50, 10}, {50, 0}, {100, 0}, {100, 50}, {0, 50}},
          "(40,20)(50,20)(60,20)(60,30)(40,30) "},
+        {"pocket whose edge goes out and back", {{0, 0}, {100, 0}, {100, 50}, {60, 50}, {60, 30}, {60, 50}, {40, 50}, {40, 80}, {0, 80}},
+         "(40,50)(60,50)(100,50)(100,80)(40,80) "},
         {"edge that goes out and back", {{0, 0}, {100, 0}, {100, 50}, {50, 50}, {50, 20}, {50, 50}, {0, 50}}, ""},
         {"corners off by 0.05", {{0.02, 0.03}, {100, -0.02}, {99.96, 50.01}, {0, 50}}, ""},
         {"chamfer of 0.05", {{0, 0}, {100, 0}, {100, 49.95}, {99.95, 50}, {0, 50}}, ""},
@@ -350,6 +352,7 @@ TEST(ZetGeomAugPolygonTest, NormalisingDropsWhatLiesOnStraightEdges) {
     for (const ZetGeomAugPolygon& polygon : {clockwise, bulgingLeft})
         EXPECT_EQ(Text({polygon.getNormalised(0.01)}), "(0,0)(10,0)(10,5)(0,5) ");
     EXPECT_EQ(clockwise.getNormalised(0.001).getLength(), 6);
+    EXPECT_EQ(clockwise.getNormalised(0.0).getLength(), 6);
     const ZetGeomAugPolygon smallClockwise = Polygon({
         {0,    0   },
         {0,    0.25},
@@ -437,12 +440,17 @@ TEST(SelfCrossingTest, TouchingIsNoCrossing) {
         {"opening joined to the edge",
          {{0, 0}, {50, 0}, {50, 10}, {40, 10}, {40, 20}, {60, 20}, {60, 10}, {50, 10}, {50, 0}, {100, 0}, {100, 50}, {0, 50}},
          false},
+        {"0.01 through an edge", {{0, 0}, {10, 0}, {10, 10}, {5, -0.01}, {0, 10}}, false},
+        {"0.011 through an edge", {{0, 0}, {10, 0}, {10, 10}, {5, -0.011}, {0, 10}}, true},
         {"too large", {{0, 0}, {1e300, 0}, {0, 1e300}}, true},
     };
     // clang-format on
     for (const Case& c : cases)
-        EXPECT_EQ(FindSelfCrossing({c.outline.begin(), c.outline.end()}).has_value(), c.crosses)
-            << c.name;
+        for (long first = 0; first < c.outline.length(); ++first) {
+            const OutlinePoints outline = StartingAt(c.outline, first);
+            EXPECT_EQ(FindSelfCrossing({outline.begin(), outline.end()}).has_value(), c.crosses)
+                << c.name << " from " << first;
+        }
     // An inner turn and one around it that touch: the first edge of the inner one is told.
     const OutlinePoints turns = {
         {0,  0  },
