@@ -201,6 +201,7 @@ TEST(ViewFacesTest, AWebInAPlaneOfItsOwnKeepsTheFaceOfTheViewBefore) {
     const ZetArray<CHoleAddlInfo> holes = HolesOf(L"C", {ViewAt(2), web});
     EXPECT_EQ(holes[1].GetViewData().GetHoleFace(), eHoleFaceBottomFlange);
     EXPECT_EQ(holes[1].GetViewData().GetFaceStr(), L"WEB");
+    EXPECT_EQ(HolesOf(L"C", {ViewAt(-1)})[0].GetViewData().GetFaceStr(), L"NON");
 }
 
 }  // namespace

@@ -149,7 +149,7 @@ TEST(CMxCamGlobAccTest, ProjectInformationEndsWithItsLastOwner) {
 
 TEST(CMxCamGlobAccTest, AssigningTakesAllSettings) {
     CMxCamGlobAcc accumulator;
-    accumulator.SetManuFacturerDetails(L"prefix", L"folder", L"name");
+    EXPECT_TRUE(accumulator.SetManuFacturerDetails(L"prefix", L"folder", L"name"));
     accumulator.SetMinEdgeDist(1.0);
     accumulator.SetMinGaugeLine(2.0);
     accumulator.SetHanding(eHandingLeft);

@@ -383,6 +383,10 @@ TEST(ZetGeomAugPolygonTest, EqualityKnowsNoStartDirectionOrStraightVertices) {
     EXPECT_FALSE(isEqual(higher) || isEqual(triangle));
     EXPECT_TRUE(Polygon(leaningRight).isEqualTo(Polygon(leaningLeft), 0.001));
     EXPECT_TRUE(Polygon(leaningLeft).isEqualTo(Polygon(leaningRight), 0.001));
+    const OutlinePoints ends = {{0, 0}, {3, 4}};
+    const ZetGeomAugPolygon line = Polygon(ends), nothing = Polygon(OutlinePoints());
+    EXPECT_EQ(line.getArea() + nothing.getArea() + nothing.getPerimeter(), 0.0);
+    EXPECT_EQ(line.getPerimeter(), 10.0);
 }
 
 std::string ShortText(const ZetArray<ZetGeomPoint2d>& points) {

@@ -124,7 +124,8 @@ TEST_F(ZetFileAccessTest, KeepsTheFirstFault) {
     EXPECT_FALSE(file.IsOpen());
     EXPECT_TRUE(file.Open(m_folder.NameOf("x.txt"), L"w"));
     EXPECT_FALSE(file.GetFault());
-    EXPECT_TRUE(file.Close());
+    EXPECT_FALSE(file.SetPosition(-1));
+    EXPECT_FALSE(file.Write(L"behind a fault") || file.SetPosition(0) || file.Close());
     ASSERT_TRUE(file.Open(m_folder.NameOf("x.txt"), L"r"));
     EXPECT_FALSE(file.Write(L"read only"));
 }
