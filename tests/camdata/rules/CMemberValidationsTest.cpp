@@ -50,6 +50,7 @@ TEST(CMemberValidationsTest, LimitsKeepTheirOrder) {
     EXPECT_EQ(limits, (Numbers{4, 5}));
     EXPECT_EQ(validations.GetNoOfInternalContours(), 2);
     EXPECT_EQ(validations.GetNoOfExternalContours(), 3);
+    EXPECT_EQ(validations.GetLinearDimOrg(), 6);
 }
 
 }  // namespace

@@ -26,6 +26,9 @@ TEST(ZetStringTest, PartsOutsideTheTextAreEmpty) {
     EXPECT_EQ(text[-1], L'\0');
     EXPECT_EQ(text[6], L'\0');
     EXPECT_EQ(ZetString(L'-', -3), L"");
+    ZetString longer = text;
+    longer += L'9';
+    EXPECT_EQ(longer += L"!", L"Z20-159!");
 }
 
 TEST(ZetStringTest, FindStartsWhereItIsTold) {
