@@ -51,6 +51,12 @@ for name in de_DE tr_TR; do
 done
 export LOCPATH=$disk/locales WINEDEBUG=${WINEDEBUG:--all}
 
+# The first start in a prefix says so, between the words of the tool.
+if [[ "${tools[*]}" == *.exe* ]]; then
+    export WINEPREFIX=$disk/wine
+    CAMDATA_WINEPREFIX=$WINEPREFIX cmake/wine-run.sh cmd /c exit
+fi
+
 # run TOOL PLACE LOCALE ZONE THREADS RESULT: all that the jobs write and say, in the folder RESULT.
 run() {
     local tool place=$2 result=$6 job
