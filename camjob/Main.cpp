@@ -43,6 +43,12 @@ std::vector<std::string> TakeArguments() {
     return texts;
 }
 
+/// Without memory: not even an exception can be made.
+int SayShortLastWords() {
+    std::fputs("camjob: out of memory\n", stderr);
+    return camjob::kExitNotWritten;
+}
+
 /// By now the reserve is there to be used.
 int SayLastWords() {
     camjob::StandardStream out(camjob::StandardOutput::kReport);
@@ -50,14 +56,16 @@ int SayLastWords() {
     try {
         return camjob::EndWithoutMemory(TakeArguments(), s_hasReported, out, err);
     } catch (const std::bad_alloc&) {
-        std::fputs("camjob: out of memory\n", stderr);
-        return camjob::kExitNotWritten;
+        return SayShortLastWords();
     }
 }
 
 /// What needs memory where no exception may pass, and finds none, ends here. The output stays old
 /// or new: the next run finishes what this one began.
 [[noreturn]] void EndAtOnce() {
+    static std::atomic<bool> s_isEnding = false;
+    if (s_isEnding.exchange(true))
+        std::_Exit(SayShortLastWords());
     camjob::RevocableFiles::TakeBackWhatIsThere();
     if (s_reserve == nullptr)
         std::_Exit(SayLastWords());

@@ -13,7 +13,7 @@ function(camdata_header_library name folder package)
     add_library(third_party::${name} ALIAS third_party_${name})
     target_include_directories(third_party_${name} SYSTEM INTERFACE
         ${CMAKE_BINARY_DIR}/third_party/${name})
-    set_property(GLOBAL APPEND PROPERTY CAMDATA_HEADER_PACKAGES ${package})
+    set_property(GLOBAL APPEND PROPERTY CAMDATA_THIRD_PARTY_PACKAGES ${package})
 endfunction()
 
 camdata_header_library(CLI11 CLI libcli11-dev)

@@ -47,11 +47,11 @@ contents() {
     holds libcamdata-dev lib/libcamdata.so lib/libcamdata_dstv.a lib/libcamdata_codepages.a include/camdata/camdata.h include/dstv/NcHost.h \
         lib/cmake/camdata/camdataConfig.cmake lib/pkgconfig/camdata.pc lib/pkgconfig/camdata-dstv.pc
     local documents=share/doc/camdata
-    holds camjob bin/camjob share/man/man1/camjob.1 share/bash-completion/completions/camjob \
+    holds camjob bin/camjob lib/camdata/libmimalloc.so.2 share/man/man1/camjob.1 share/bash-completion/completions/camjob \
         share/zsh/vendor-completions/_camjob $documents/docs/{first-job,plugin-guide,job-file}.md \
         $documents/README.md $documents/CHANGELOG.md $documents/examples/warehouse/warehouse.toml \
         $documents/examples/minimal-plugin/CMakeLists.txt \
-        $documents/third-party-notices/{00-overview,libcli11-dev,libfmt-dev,nlohmann-json3-dev,libtomlplusplus-dev}.txt
+        $documents/third-party-notices/{00-overview,libcli11-dev,libfmt-dev,libmimalloc-dev,nlohmann-json3-dev,libtomlplusplus-dev}.txt
     [ -z "$(find "$debian" -path '*/build/*' -o -name '*.h.in' -o -name '*gtest*')" ] || fail "files too many are packed"
 }
 

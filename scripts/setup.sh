@@ -10,7 +10,7 @@ set -euo pipefail
 
 declare -A packages=(
     [build]="cmake ninja-build g++ googletest libcli11-dev libtomlplusplus-dev libfmt-dev
-        nlohmann-json3-dev qt6-base-dev"
+        nlohmann-json3-dev libmimalloc-dev qt6-base-dev"
     [windows]="g++-mingw-w64-x86-64-posix wine wine64 fonts-wine"
     [bench]="libbenchmark-dev libpolyclipping-dev"
     [pictures]="xvfb xauth imagemagick"
