@@ -2,15 +2,24 @@
 
 #include "camdata/platform/base/ZetArray.h"
 #include "camdata/platform/geometry/ZetGeomPoint2d.h"
+#include "camdata/platform/text/ZetString.h"
 
 #include <algorithm>
 #include <cmath>
 #include <random>
+#include <string>
 #include <vector>
 
 /// Outlines for tests of polygons and notches, and ways to turn one into another.
 
 using OutlinePoints = ZetArray<ZetGeomPoint2d>;
+
+inline std::string TextOf(const OutlinePoints& points) {
+    std::string text;
+    for (const ZetGeomPoint2d& p : points)
+        text += ZetString::format(L"(%g,%g)", p.x, p.y).toUtf8();
+    return text;
+}
 
 inline OutlinePoints Reversed(OutlinePoints points) {
     std::reverse(points.begin(), points.end());
