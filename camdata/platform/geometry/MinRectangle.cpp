@@ -1,3 +1,4 @@
+#include "camdata/platform/geometry/PointChain.h"
 #include "camdata/platform/geometry/ZetGeomAugPolygon.h"
 
 #include <algorithm>
@@ -7,6 +8,8 @@
 #include <vector>
 
 namespace {
+
+using camdata::detail::IsBefore;
 
 using Points = std::vector<ZetGeomPoint2d>;
 using Outline = ZetArray<ZetGeomPoint2d>;
@@ -29,10 +32,6 @@ constexpr double kRounding = 1e-12;
 
 /// Edges whose directions differ by less, in radians, go on in one.
 constexpr double kSameDirection = 1e-9;
-
-bool IsBefore(const ZetGeomPoint2d& a, const ZetGeomPoint2d& b) {
-    return a.x < b.x || (a.x == b.x && a.y < b.y);
-}
 
 /// Appends the lower hull of sorted points, without its last point.
 template <typename Iterator>

@@ -1,3 +1,4 @@
+#include "camdata/platform/geometry/PointChain.h"
 #include "camdata/platform/geometry/SelfCrossing.h"
 #include "camdata/platform/geometry/ZetGeomAugPolygon.h"
 
@@ -5,7 +6,10 @@
 #include <array>
 #include <bit>
 #include <cmath>
+#include <iterator>
+#include <span>
 #include <tuple>
+#include <utility>
 #include <vector>
 
 // A rectangle minus an outline inside it, where the rectangle is the outline's own bounding
@@ -15,8 +19,12 @@
 
 namespace {
 
-using Points = ZetArray<ZetGeomPoint2d>;
-using Pieces = ZetArray<ZetGeomAugPolygon>;
+using camdata::detail::AreaOf;
+using camdata::detail::IsBefore;
+using camdata::detail::PerimeterOf;
+
+using Points = std::vector<ZetGeomPoint2d>;
+using Outline = ZetArray<ZetGeomPoint2d>;
 
 constexpr int kSides = 4;
 
@@ -33,7 +41,7 @@ struct Contact {
 
 class Border {
   public:
-    Border(const Points& corners, double touch) : m_touch(touch + kRounding) {
+    Border(const Outline& corners, double touch) : m_touch(touch + kRounding) {
         for (int i = 0; i < kSides; ++i) {
             const ZetGeomVector2d along = corners[(i + 1) % kSides] - corners[i];
             Side& side = SideAt(i);
@@ -59,7 +67,7 @@ class Border {
             return;
         const double end = to.position > from.position ? to.position : to.position + kSides;
         for (int corner = static_cast<int>(from.position) + 1; corner < end; ++corner)
-            chain.append(SideAt(corner % kSides).corner);
+            chain.push_back(SideAt(corner % kSides).corner);
     }
 
   private:
@@ -73,11 +81,9 @@ class Border {
     const Side& SideAt(int i) const { return m_sides[static_cast<std::size_t>(i)]; }
 
     double PositionOf(unsigned sides, const ZetGeomPoint2d& point) const {
-        for (int corner = 0; corner < kSides && !std::has_single_bit(sides); ++corner) {
-            const unsigned both = 1U << corner | 1U << ((corner + kSides - 1) % kSides);
-            if ((sides & both) == both)
-                return corner;
-        }
+        // At corner i sides i and i - 1 meet.
+        if (const unsigned corners = sides & (sides << 1 | sides >> (kSides - 1)); corners != 0)
+            return std::countr_zero(corners);
         const int first = std::countr_zero(sides);
         return first + FractionOf(SideAt(first), point);
     }
@@ -89,69 +95,73 @@ class Border {
     std::array<Side, kSides> m_sides;
 };
 
-bool IsBefore(const ZetGeomPoint2d& a, const ZetGeomPoint2d& b) {
-    return a.x < b.x || (a.x == b.x && a.y < b.y);
-}
-
 /// A vertex of the outline, walked counter-clockwise, and where it touches the border.
 struct Step {
     ZetGeomPoint2d at;
     Contact contact;
 };
 
-/// Shortens a closed chain to the points from `first` to before `last`.
-void KeepRange(Points& chain, long first, long last) {
-    std::rotate(chain.begin(), chain.begin() + first, chain.end());
-    chain.setLength(last - first);
-}
-
 /// Drops from a closed chain every point that repeats the one before.
 void DropRepeats(Points& chain) {
     const auto areOne = [](const ZetGeomPoint2d& a, const ZetGeomPoint2d& b) {
         return (b - a).dot(b - a) <= 0.0;
     };
-    auto last = static_cast<long>(std::unique(chain.begin(), chain.end(), areOne) - chain.begin());
-    while (last > 1 && areOne(chain[last - 1], chain[0]))
-        --last;
-    chain.setLength(last);
+    chain.erase(std::unique(chain.begin(), chain.end(), areOne), chain.end());
+    while (chain.size() > 1 && areOne(chain.back(), chain.front()))
+        chain.pop_back();
 }
 
-/// Drops from a closed chain the ways out and back on one line, as the cut is that joins an opening
-/// to the edge. The chain begins on the border.
-void DropSpurs(Points& chain) {
-    long last = 0;
-    for (long i = 0; i < chain.length(); ++i) {
+/// What is left of a closed chain without the ways out and back on one line, as the cut is that
+/// joins an opening to the edge. The chain begins on the border and repeats no point; nor does what
+/// is left: behind a point follows what followed the same point before.
+std::span<const ZetGeomPoint2d> WithoutSpurs(Points& chain) {
+    std::size_t last = 0;
+    for (std::size_t i = 0; i < chain.size(); ++i) {
         if (last >= 2 && chain[last - 2] == chain[i])
             --last;
         else
             chain[last++] = chain[i];
     }
-    long first = 0;
+    std::size_t first = 0;
     while (last - first > 2 && chain[first + 1] == chain[last - 1]) {
         ++first;
         --last;
     }
-    KeepRange(chain, first, last);
+    return std::span(chain).subspan(first, last - first);
 }
+
+/// A piece that is cut from the rectangle.
+struct Piece {
+    double minX;
+    double minY;
+    double first;  ///< breaks ties between boxes: Y of the first vertex
+    double area;
+    std::size_t begin;  ///< among the vertices of all pieces
+    std::size_t end;
+};
 
 /// Collects the pieces while the outline is walked.
 class PieceCollector {
   public:
-    PieceCollector(const Border& border, double offset, std::size_t expected)
+    PieceCollector(const Border& border, double offset, std::size_t steps)
         : m_border(border), m_offset(offset) {
-        m_pieces.reserve(expected);
+        m_chain.reserve(kUsualChain);
+        // Most have four vertices of their own.
+        m_pieces.reserve(steps / 4);
+        m_vertices.reserve(steps + steps / 4);
     }
 
     /// Takes the way from one contact to the next.
     void Cut(const Step* from, const Step* to) {
         if (to - from == 1 && (from->contact.sides & to->contact.sides) != 0)
             return;
-        m_chain.removeAll();
-        m_chain.append(from->at);
+        m_chain.clear();
+        m_chain.push_back(from->at);
         m_border.AppendCornersBetween(from->contact, to->contact, m_chain);
         for (const Step* step = to; step != from; --step)
-            m_chain.append(step->at);
-        Keep();
+            m_chain.push_back(step->at);
+        DropRepeats(m_chain);
+        Keep(WithoutSpurs(m_chain));
     }
 
     double TotalArea() const {
@@ -167,48 +177,45 @@ class PieceCollector {
         });
     }
 
-    Pieces Take() {
-        Pieces polygons;
-        polygons.reserve(static_cast<long>(m_pieces.size()));
-        for (Piece& piece : m_pieces)
-            polygons.append(std::move(piece.polygon));
-        return polygons;
+    const std::vector<Piece>& GetPieces() const { return m_pieces; }
+
+    Outline OutlineOf(const Piece& piece) const {
+        return {m_vertices.data() + piece.begin, m_vertices.data() + piece.end};
     }
 
   private:
-    struct Piece {
-        double minX;
-        double minY;
-        double first;  ///< breaks ties between boxes: Y of the first vertex
-        double area;
-        ZetGeomAugPolygon polygon;
-    };
+    static constexpr std::size_t kUsualChain = 16;
 
-    void Keep() {
-        DropRepeats(m_chain);
-        DropSpurs(m_chain);
-        std::rotate(m_chain.begin(),
-                    std::min_element(m_chain.begin(), m_chain.end(), IsBefore),
-                    m_chain.end());
-        ZetGeomAugPolygon polygon(m_chain, 0.0);
-        const double area = polygon.getArea();
-        if (!(area > 0.5 * m_offset * polygon.getPerimeter()))
+    /// Unless it is too thin.
+    void Keep(std::span<const ZetGeomPoint2d> chain) {
+        const std::size_t begin = m_vertices.size();
+        std::rotate_copy(chain.begin(),
+                         std::min_element(chain.begin(), chain.end(), IsBefore),
+                         chain.end(),
+                         std::back_inserter(m_vertices));
+        const std::span vertices = std::span(m_vertices).subspan(begin);
+        const double area = AreaOf(vertices);
+        if (!(area > 0.5 * m_offset * PerimeterOf(vertices))) {
+            m_vertices.resize(begin);
             return;
-        double minY = m_chain.first().y;
-        for (const ZetGeomPoint2d& point : m_chain)
+        }
+        const ZetGeomPoint2d first = vertices.front();
+        double minY = first.y;
+        for (const ZetGeomPoint2d& point : vertices)
             minY = std::min(minY, point.y);
-        m_pieces.push_back({m_chain.first().x, minY, m_chain.first().y, area, std::move(polygon)});
+        m_pieces.push_back({first.x, minY, first.y, area, begin, m_vertices.size()});
     }
 
     const Border& m_border;
     double m_offset;
-    Points m_chain;
+    Points m_chain;     ///< what is being cut
+    Points m_vertices;  ///< of all pieces
     std::vector<Piece> m_pieces;
 };
 
 /// The outline counter-clockwise, from a vertex that touches the border and back to it; nothing
 /// when none does.
-std::vector<Step> WalkFromBorder(const Points& vertices, bool isClockwise, const Border& border) {
+std::vector<Step> WalkFromBorder(const Outline& vertices, bool isClockwise, const Border& border) {
     std::vector<Step> walk;
     walk.reserve(static_cast<std::size_t>(vertices.length()) + 1);
     for (const ZetGeomPoint2d& vertex : vertices)
@@ -226,8 +233,7 @@ std::vector<Step> WalkFromBorder(const Points& vertices, bool isClockwise, const
 
 /// The pieces that the walk cuts from its rectangle; those thinner than about `thin` vanish.
 PieceCollector CutPieces(const std::vector<Step>& walk, const Border& border, double thin) {
-    // Most have four vertices of their own.
-    PieceCollector pieces(border, thin, walk.size() / 4);
+    PieceCollector pieces(border, thin, walk.size());
     const Step* from = walk.data();
     for (const Step& to : walk) {
         if (!to.contact.IsTouching() || &to == from)
@@ -252,10 +258,18 @@ ZetArray<ZetGeomAugPolygon> ZetGeomAugPolygon::subtract(const ZetGeomAugPolygon&
     // its piece to cover one of the parts: then only real contacts count.
     for (const double touch : {-offset, 0.0}) {
         const Border border(m_vertices, touch);
-        PieceCollector pieces =
+        const PieceCollector pieces =
             CutPieces(WalkFromBorder(outline.m_vertices, area < 0.0, border), border, -offset);
-        if (pieces.TotalArea() <= most)
-            return pieces.Take();
+        if (pieces.TotalArea() > most)
+            continue;
+        ZetArray<ZetGeomAugPolygon> polygons;
+        polygons.reserve(static_cast<long>(pieces.GetPieces().size()));
+        for (const Piece& piece : pieces.GetPieces()) {
+            ZetGeomAugPolygon polygon;
+            polygon.m_vertices = pieces.OutlineOf(piece);
+            polygons.append(std::move(polygon));
+        }
+        return polygons;
     }
     return {};
 }

@@ -1,20 +1,20 @@
 #include "camdata/platform/geometry/ZetGeomAugPolygon.h"
 
+#include "camdata/platform/geometry/PointChain.h"
+
 #include <algorithm>
 #include <cmath>
 #include <utility>
 
 namespace {
 
+using camdata::detail::IsBefore;
+
 /// More than rounding adds to an area, by the square of the perimeter.
 constexpr double kRounding = 1e-10;
 
 bool AreNear(const ZetGeomPoint2d& a, const ZetGeomPoint2d& b, double tolerance) {
     return (b - a).length() <= tolerance;
-}
-
-bool IsBefore(const ZetGeomPoint2d& a, const ZetGeomPoint2d& b) {
-    return a.x < b.x || (a.x == b.x && a.y < b.y);
 }
 
 /// The directions from a fixed point whose lines pass within a tolerance of some points.
@@ -122,26 +122,11 @@ ZetGeomAugPolygon::ZetGeomAugPolygon(const ZetArray<ZetGeomPoint2d>& points, dou
 }
 
 double ZetGeomAugPolygon::getArea() const {
-    if (getLength() < 3)
-        return 0.0;
-    const ZetGeomPoint2d& first = m_vertices.first();
-    double twice = 0.0;
-    ZetGeomVector2d last = m_vertices[1] - first;
-    for (auto vertex = m_vertices.begin() + 2; vertex != m_vertices.end(); ++vertex) {
-        const ZetGeomVector2d next = *vertex - first;
-        twice += last.cross(next);
-        last = next;
-    }
-    return twice * 0.5;
+    return camdata::detail::AreaOf({m_vertices.begin(), m_vertices.end()});
 }
 
 double ZetGeomAugPolygon::getPerimeter() const {
-    if (m_vertices.isEmpty())
-        return 0.0;
-    double perimeter = 0.0;
-    for (auto vertex = m_vertices.begin() + 1; vertex != m_vertices.end(); ++vertex)
-        perimeter += (*vertex - *(vertex - 1)).length();
-    return perimeter + (m_vertices.first() - m_vertices.last()).length();
+    return camdata::detail::PerimeterOf({m_vertices.begin(), m_vertices.end()});
 }
 
 bool ZetGeomAugPolygon::isEqualTo(const ZetGeomAugPolygon& other, double tolerance) const {
