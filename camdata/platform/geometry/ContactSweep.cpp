@@ -25,6 +25,12 @@ bool IsBelow(const GridEdge& a, const GridEdge& b) {
     return a.index < b.index;
 }
 
+std::span<const ZetGeomPoint2d> WithoutClosingPoint(std::span<const ZetGeomPoint2d> outline) {
+    while (outline.size() > 1 && outline.back() == outline.front())
+        outline = outline.first(outline.size() - 1);
+    return outline;
+}
+
 class Sweep {
   public:
     Sweep(const std::vector<GridVertex>& vertices, const std::vector<GridEdge>& edges)
@@ -122,11 +128,12 @@ std::optional<std::size_t> Sweep::FindContact() {
 }  // namespace
 
 std::optional<std::size_t> FindContact(std::span<const ZetGeomPoint2d> outline) {
+    if (!MayBeInContact(WithoutClosingPoint(outline)))
+        return std::nullopt;
     const std::vector<GridVertex> vertices = VerticesOnGrid(outline);
     if (vertices.size() < 3)
         return std::nullopt;
-    const std::vector<GridEdge> edges = EdgesOf(vertices);
-    return MayBeInContact(edges) ? Sweep(vertices, edges).FindContact() : std::nullopt;
+    return Sweep(vertices, EdgesOf(vertices)).FindContact();
 }
 
 }  // namespace camdata::detail

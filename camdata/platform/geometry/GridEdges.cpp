@@ -40,14 +40,25 @@ bool FoldBack(const GridEdge& a, const GridEdge& b) {
 
 }  // namespace
 
-std::vector<GridVertex> VerticesOnGrid(std::span<const ZetGeomPoint2d> outline) {
-    ZetGeomPoint2d low = outline[0];
-    ZetGeomPoint2d high = outline[0];
+Extent ExtentOf(std::span<const ZetGeomPoint2d> outline) {
+    Extent extent = {outline[0], outline[0]};
+    auto& [low, high] = extent;
     for (const ZetGeomPoint2d& p : outline) {
         low = {std::min(low.x, p.x), std::min(low.y, p.y)};
         high = {std::max(high.x, p.x), std::max(high.y, p.y)};
     }
-    const double step = std::max(kGrid, std::max(high.x - low.x, high.y - low.y) / kMaxCells);
+    return extent;
+}
+
+double GridStepOf(const Extent& extent) {
+    const ZetGeomVector2d size = extent.high - extent.low;
+    return std::max(kGrid, std::max(size.x, size.y) / kMaxCells);
+}
+
+std::vector<GridVertex> VerticesOnGrid(std::span<const ZetGeomPoint2d> outline) {
+    const Extent extent = ExtentOf(outline);
+    const ZetGeomPoint2d& low = extent.low;
+    const double step = GridStepOf(extent);
     std::vector<GridVertex> grid;
     grid.reserve(outline.size());
     for (std::size_t i = 0; i < outline.size(); ++i) {
@@ -67,8 +78,7 @@ std::vector<GridEdge> EdgesOf(const std::vector<GridVertex>& vertices) {
     for (std::size_t i = 0; i < vertices.size(); ++i) {
         const std::size_t next = i + 1 < vertices.size() ? i + 1 : 0;
         const auto [left, right] = std::minmax(vertices[i].at, vertices[next].at);
-        const auto [low, high] = std::minmax(left.y, right.y);
-        edges.push_back({left, right, low, high, i, vertices[i].source});
+        edges.push_back({left, right, i, vertices[i].source});
     }
     return edges;
 }

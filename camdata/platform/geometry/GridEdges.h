@@ -34,14 +34,23 @@ struct GridVertex {
 struct GridEdge {
     GridPoint left;
     GridPoint right;
-    std::int64_t low;  ///< the smaller Y
-    std::int64_t high;
     std::size_t index;   ///< among the edges on the grid, in the outline's order
     std::size_t source;  ///< in the outline
 };
 
-/// The vertices of an outline on a grid of 0.001 mm, coarser for one larger than a million mm,
-/// without repeats, the closing point excluded. All coordinates must be finite.
+/// The upright rectangle around an outline.
+struct Extent {
+    ZetGeomPoint2d low;
+    ZetGeomPoint2d high;
+};
+
+Extent ExtentOf(std::span<const ZetGeomPoint2d> outline);
+
+/// Of the grid of an outline, in mm: 0.001, more for one larger than a million mm.
+double GridStepOf(const Extent& extent);
+
+/// The vertices of an outline on its grid without repeats, the closing point excluded. All
+/// coordinates must be finite.
 std::vector<GridVertex> VerticesOnGrid(std::span<const ZetGeomPoint2d> outline);
 
 std::vector<GridEdge> EdgesOf(const std::vector<GridVertex>& vertices);
