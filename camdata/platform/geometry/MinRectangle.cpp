@@ -228,14 +228,15 @@ using Octagon = std::array<ZetGeomPoint2d, 8>;
 
 Octagon OctagonOf(const Outline& points, const Frame& upright) {
     Range bottom, right, top, left;
+    // None is beyond a side. Asking for == would also ask whether it is a number.
     for (const ZetGeomPoint2d& p : points) {
-        if (p.y == upright.minV)
+        if (p.y <= upright.minV)
             bottom.Widen(p.x);
-        if (p.x == upright.maxU)
+        if (p.x >= upright.maxU)
             right.Widen(p.y);
-        if (p.y == upright.maxV)
+        if (p.y >= upright.maxV)
             top.Widen(p.x);
-        if (p.x == upright.minU)
+        if (p.x <= upright.minU)
             left.Widen(p.y);
     }
     return {
