@@ -165,7 +165,7 @@ TEST(SelfCrossingTest, ManyEdgesEqualPlainWindingNumbers) {
     EXPECT_LT(crossing, 350);
 }
 
-/// A comb, askew, whose teeth are so long that each stands beside most others along either axis.
+/// A comb with long teeth.
 OutlinePoints Comb(int teeth) {
     OutlinePoints points;
     for (int i = 0; i < teeth; ++i)
@@ -181,7 +181,9 @@ OutlinePoints Comb(int teeth) {
     return points;
 }
 
-/// Beyond the number of edges up to which touching is judged, each contact counts.
+/// Beyond the number of edges up to which touching is judged, each contact counts. The comb lies
+/// askew: of its full length each tooth stands beside most others along either axis, of parts of it
+/// beside a few.
 TEST(SelfCrossingTest, OfVeryManyEdgesTheOneThatTouchesIsTold) {
     const OutlinePoints comb = Comb(300);
     constexpr long kAt = 4 * 150;
@@ -196,19 +198,22 @@ TEST(SelfCrossingTest, OfVeryManyEdgesTheOneThatTouchesIsTold) {
         {"a corner on an edge",  {{1495, -2000}},                               kAt,     kAt + 1},
         {"through an edge",      {{1492, -2000}},                               kAt,     kAt + 1},
         {"nearly on an edge",    {{1495.002, -2000}},                           {},      {}     },
+        {"off it by a hair",     {{1495.00005, -2000}},                         kAt,     kAt + 1},
         {"out and back",         {{1500, -4100}, {1500, -4000}},                kAt,     kAt + 1},
         {"back and out",         {{1500, -4000}, {1500, -3900}, {1501, -4000}}, kAt,     kAt + 1},
     };
-    for (const Case& c : cases) {
-        OutlinePoints points = comb;
-        points[kAt + 1] = c.instead[0];
-        for (std::size_t i = 1; i < c.instead.size(); ++i)
-            points.insertAt(kAt + 1 + static_cast<long>(i), c.instead[i]);
-        for (ZetGeomPoint2d& p : points)
-            p = {4.0 * p.x - 3.0 * p.y, 3.0 * p.x + 4.0 * p.y};
-        const auto told = FindSelfCrossing({points.begin(), points.end()});
-        EXPECT_TRUE(told >= c.from && told <= c.to) << c.name << ": " << told.value_or(0);
-    }
+    for (const Case& c : cases)
+        for (const double length : {1.0, 0.03, 0.01}) {
+            OutlinePoints points = comb;
+            points[kAt + 1] = c.instead[0];
+            for (std::size_t i = 1; i < c.instead.size(); ++i)
+                points.insertAt(kAt + 1 + static_cast<long>(i), c.instead[i]);
+            for (ZetGeomPoint2d& p : points)
+                p = {4.0 * p.x - 3.0 * length * p.y, 3.0 * p.x + 4.0 * length * p.y};
+            const auto told = FindSelfCrossing({points.begin(), points.end()});
+            EXPECT_TRUE(told >= c.from && told <= c.to)
+                << c.name << ", " << length << ": " << told.value_or(0);
+        }
 }
 
 }  // namespace
