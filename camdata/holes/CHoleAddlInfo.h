@@ -12,6 +12,7 @@
 #include "camdata/platform/text/ZetString.h"
 #include "camdata/rules/CMemTypeAndAttrib.h"
 
+#include <iterator>
 #include <utility>
 
 /// One hole of a member: the host's NC hole, the view it lies on, its position in the member's
@@ -143,7 +144,7 @@ class CAMDATA_API CHoleAddlInfo {
     void SetHoleCode(ZetString code) {
         // Nearly all holes have one: room for that, not for several.
         if (m_holeCodes.isEmpty())
-            m_holeCodes = {std::move(code)};
+            m_holeCodes = {std::make_move_iterator(&code), std::make_move_iterator(&code + 1)};
         else
             m_holeCodes.append(std::move(code));
     }

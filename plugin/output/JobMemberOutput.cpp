@@ -218,7 +218,7 @@ void JobMember::MakeMachineMember() {
     m_judging->machineMember.profile = GetProfileName();
     m_judging->machineMember.length = GetLength();
     m_judging->machineMember.group = GetGroup().id;
-    m_judging->machineMember.material = m_material;
+    m_judging->machineMember.material = GetMaterial();
     m_judging->machineMember.height = GetWebWidth();
     m_judging->machineMember.width = GetProfileWidth();
     m_judging->machineMember.thickness = GetProfileThick();

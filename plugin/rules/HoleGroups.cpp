@@ -32,6 +32,8 @@ void JobMember::FindGroups() {
 /// The holes that may form groups: those of one rule together, of these those of one face, along
 /// the member.
 std::vector<long> JobMember::GroupCandidates() const {
+    if (!m_rules.GetHoleRules().HasGroups())
+        return {};
     std::vector<long> candidates;
     for (long i = 0; i < m_holes.length(); ++i) {
         const HoleRuleMatcher::Entry* entry = EntryOfHole(i);

@@ -15,6 +15,8 @@ bool IsUnsettled(const CHoleAddlInfo& hole) {
 }  // namespace
 
 void JobMember::FindPairs() {
+    if (!m_rules.GetHoleRules().HasPairs())
+        return;
     for (long i = 0; i < m_holes.length(); ++i) {
         const HoleRuleMatcher::Entry* entry = EntryOfHole(i);
         if (entry != nullptr && !entry->job->pairs.empty() && IsUnsettled(m_holes[i]))

@@ -163,6 +163,14 @@ bool IsRectangular(const job::HoleRule& rule) {
     return rule.shape == eHoleShapeSquare || rule.shape == eHoleShapeRectangular;
 }
 
+bool IsPaired(const job::HoleRule& rule) {
+    return !rule.pairs.empty();
+}
+
+bool IsGrouped(const job::HoleRule& rule) {
+    return !rule.group.code.isEmpty();
+}
+
 }  // namespace
 
 CHoleCode StandardCode(const ZetString& text) {
@@ -172,7 +180,9 @@ CHoleCode StandardCode(const ZetString& text) {
 }
 
 HoleRuleMatcher::HoleRuleMatcher(const std::vector<job::HoleRule>& rules)
-    : m_hasRectangles(std::any_of(rules.begin(), rules.end(), IsRectangular)) {
+    : m_hasRectangles(std::any_of(rules.begin(), rules.end(), IsRectangular)),
+      m_hasPairs(std::any_of(rules.begin(), rules.end(), IsPaired)),
+      m_hasGroups(std::any_of(rules.begin(), rules.end(), IsGrouped)) {
     m_entries.reserve(rules.size());
     for (const job::HoleRule& rule : rules)
         m_entries.push_back(

@@ -50,12 +50,16 @@ class HoleRuleMatcher {
     Miss FindNearest(const CHoleAddlInfo& hole) const;
     /// There is a rule for square or rectangular holes.
     bool HasRectangles() const { return m_hasRectangles; }
+    bool HasPairs() const { return m_hasPairs; }
+    bool HasGroups() const { return m_hasGroups; }
 
   private:
     const Entry* FindById(const ZetString& id) const;
 
     std::vector<Entry> m_entries;
     bool m_hasRectangles = false;
+    bool m_hasPairs = false;
+    bool m_hasGroups = false;
 };
 
 /// A code that pairs, as the library keeps it.

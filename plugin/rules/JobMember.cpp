@@ -48,7 +48,6 @@ ZetArray<ZetString> BlockOf(ZetArray<ZetString> heading,
 JobMember::JobMember(const JudgingRules& rules, const job::MemberType& type, ZetNCCreator& creator)
     : m_rules(rules), m_type(type) {
     const ZetNCHeaderData& header = creator.getHeader();
-    m_material = header.material;
     CMemberValidations limits = type.limits;
     limits.SetPartofAssy(rules.IsPartOfAssembly(header.mark));
     for (int check = 0; check < job::kUncoveredHole; ++check)

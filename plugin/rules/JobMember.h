@@ -148,8 +148,8 @@ class JobMember : public CMxPeilaib {
     /// It is cut from bars with others.
     bool IsNested() const { return GetGroup().isNested; }
     /// Whom it is cut from bars with.
-    NestedMembers GetNestedMembers() const { return {GetGroup(), GetProfileName(), m_material}; }
-    const ZetString& GetMaterial() const { return m_material; }
+    NestedMembers GetNestedMembers() const { return {GetGroup(), GetProfileName(), GetMaterial()}; }
+    const ZetString& GetMaterial() const { return m_memType.GetHeaderData().material; }
     /// The name of its profile, lent.
     std::wstring_view SeeProfileName() const {
         return m_memType.GetHeaderData().profileName.view();
@@ -180,7 +180,6 @@ class JobMember : public CMxPeilaib {
     virtual std::string_view GetRecordText() const { return m_records.text; }
 
   private:
-    ZetString m_material;
     double m_weightPerMetre = 0.0;
 
     class HoleSettlement;
