@@ -111,6 +111,19 @@ ParsedNumber ParseUnsigned(std::wstring_view text) {
     return ReadDecimal(text);
 }
 
+/// Nothing but digits, so few that they are exact: nearly all that is read of the name of a profile.
+std::optional<double> FewDigits(std::wstring_view text) {
+    if (text.empty() || text.size() > kExactDigits)
+        return std::nullopt;
+    std::int64_t whole = 0;
+    for (const wchar_t c : text) {
+        if (c < L'0' || c > L'9')
+            return std::nullopt;
+        whole = whole * 10 + (c - L'0');
+    }
+    return static_cast<double>(whole);
+}
+
 }  // namespace
 
 std::optional<double> ScaledToWhole(double value, int decimals) {
@@ -137,6 +150,8 @@ double RoundToDecimals(double value, int decimals) {
 }
 
 ParsedNumber ParseNumber(std::wstring_view text) {
+    if (const std::optional<double> whole = FewDigits(text))
+        return {*whole, text.size()};
     const std::size_t start = text.find_first_not_of(L' ');
     if (start == std::wstring_view::npos)
         return {};
