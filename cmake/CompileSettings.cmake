@@ -13,8 +13,8 @@ else()
         $<$<BOOL:${CAMDATA_WERROR}>:-Werror>
         # The same bits on every processor: no fused multiply-add behind the program's back.
         -ffp-contract=off
-        # Calls of other modules go through their address, not through a table of jumps.
-        $<$<NOT:$<BOOL:${WIN32}>>:-fno-plt>
+        # Calls of other modules go straight to their address, not through a table of jumps.
+        $<$<NOT:$<PLATFORM_ID:Windows>>:-fno-plt>
         # __FILE__ in assertions is relative to the source tree.
         -ffile-prefix-map=${PROJECT_SOURCE_DIR}/=)
 endif()
