@@ -11,19 +11,15 @@
 // at where they are, with a margin. Why that is enough:
 //
 // A vertex goes to the grid by at most half a step along each axis, and every other point of an
-// edge by no more, as it lies between two vertices; rounding adds less than a millionth of a step.
-// So a contact on the grid is one of points that are less than 1.01 steps apart along each axis,
-// and less than 1.5 in all. Edges that are further apart have none.
+// edge by no more, as it lies between two vertices. So edges with a common point on the grid have
+// points that are at most a step apart along each axis, and less than 1.5 steps in all; two steps
+// leave enough for rounding, which takes less than a hundredth of one, as no outline is longer than
+// 2^30 steps and a product is right to 2^-51. Edges that are farther apart have none.
 //
-// The way from one point to another becomes another by less than 1.01 steps along each axis, the
-// cross or dot product of two edges e and f therefore by less than 1.01 (|e| + |f|) + 2.1 steps,
-// times a step, where |(x, y)| is |x| + |y|. One that is larger than 2 (|e| + |f|) steps is one of
-// edges that are longer than two steps both, as it is no larger than the product of their lengths:
-// |e| + |f| is more than four steps, and what it becomes has its sign and is not 0. No such edge
-// vanishes on the grid, none gets other neighbours there, and none lies on its neighbour.
-//
-// Rounding takes less from all this than a hundredth of a step: no outline is longer than 2^30
-// steps, and a product is right to 2^-51.
+// Neighbours are not looked at, and need not be where there are more than three edges. Where one
+// lies on the next on the grid, the end of one lies on the other, and there begins a third edge,
+// which is no neighbour of that other. Where an edge vanishes on the grid, it is its two neighbours
+// that meet, and they are none of each other.
 
 namespace camdata::detail {
 namespace {
@@ -32,6 +28,8 @@ using Outline = std::span<const ZetGeomPoint2d>;
 
 /// Steps of the grid.
 constexpr double kMargin = 2.0;
+/// Of less all are neighbours.
+constexpr std::size_t kLeastEdges = 4;
 /// Pairs of boxes that are looked at for each edge, at most.
 constexpr std::size_t kPairsPerEdge = 64;
 /// Up to so many edges it is quicker to look at all pairs than to sort.
@@ -44,19 +42,6 @@ class Edges {
   public:
     Edges(Outline outline, double step) : m_outline(outline), m_margin(kMargin * step) {}
 
-    /// True when each surely goes on to the next, straight or with a bend.
-    bool GoOn() const {
-        ZetGeomVector2d last = Along(m_outline.size() - 1);
-        for (std::size_t i = 0; i < m_outline.size(); ++i) {
-            const ZetGeomVector2d next = Along(i);
-            if (!(std::max(std::abs(last.cross(next)), last.dot(next)) >
-                  MarginOf(last) + MarginOf(next)))
-                return false;
-            last = next;
-        }
-        return true;
-    }
-
     /// Unless they are neighbours.
     bool MayMeet(std::size_t a, std::size_t b) const {
         return After(a) != b && After(b) != a && !IsBeside(a, b) && !IsBeside(b, a);
@@ -67,18 +52,15 @@ class Edges {
     ZetGeomVector2d Along(std::size_t edge) const {
         return m_outline[After(edge)] - m_outline[edge];
     }
-    double MarginOf(const ZetGeomVector2d& edge) const {
-        return m_margin * (std::abs(edge.x) + std::abs(edge.y));
-    }
     /// True when `edge` lies on one side of the line along `line`, surely farther away than the
     /// margin: the cross product is that distance times the length, which |x| + |y| is not below.
     bool IsBeside(std::size_t line, std::size_t edge) const {
         const ZetGeomPoint2d& from = m_outline[line];
         const ZetGeomVector2d along = Along(line);
+        const double margin = m_margin * (std::abs(along.x) + std::abs(along.y));
         const double first = along.cross(m_outline[edge] - from);
         const double second = along.cross(m_outline[After(edge)] - from);
-        return std::max(first, second) < -MarginOf(along) ||
-               std::min(first, second) > MarginOf(along);
+        return std::max(first, second) < -margin || std::min(first, second) > margin;
     }
 
     Outline m_outline;
@@ -184,11 +166,11 @@ bool MayAnySortedMeet(const std::vector<EdgeBox>& boxes, const Edges& edges) {
 }  // namespace
 
 bool MayBeInContact(std::span<const ZetGeomPoint2d> outline) {
+    if (outline.size() < kLeastEdges)
+        return true;
     const Extent extent = ExtentOf(outline);
     const double step = GridStepOf(extent);
     const Edges edges(outline, step);
-    if (!edges.GoOn())
-        return true;
     const std::vector<EdgeBox> boxes = BoxesAround(outline, extent, step);
     return boxes.size() <= kFewEdges ? MayAnyMeet(boxes, edges)
                                      : MayAnySortedMeet(SortedByStart(boxes), edges);

@@ -203,7 +203,7 @@ TEST(SelfCrossingTest, OfVeryManyEdgesTheOneThatTouchesIsTold) {
         {"back and out",         {{1500, -4000}, {1500, -3900}, {1501, -4000}}, kAt,     kAt + 1},
     };
     for (const Case& c : cases)
-        for (const double length : {1.0, 0.03, 0.01}) {
+        for (const double length : {1.0, 0.08, 0.01}) {
             OutlinePoints points = comb;
             points[kAt + 1] = c.instead[0];
             for (std::size_t i = 1; i < c.instead.size(); ++i)
