@@ -173,7 +173,7 @@ TEST(GatheringEqualsPlainTest, DuplicatesOfMovedHoles) {
         const int count = round % 4 == 1 ? round % 3 : 60;
         for (int i = 0; i < count; ++i) {
             const double x = round % 3 == 0 ? 25.0 * i : number(count < 3 ? 20 : 4000);
-            ZetNCHoleData data = {.x = x, .y = number(40), .size = 1.0 + number(20)};
+            ZetNCHoleData data = {.x = x, .y = number(40), .size = 1.75 + number(20)};
             data.depth = i;
             CHoleAddlInfo hole;
             hole.SetHoleData(data);

@@ -102,6 +102,7 @@ constexpr LimitCase kLimitCases[] = {
     {"off", 0.1, 0.1, -kFar, true},             {"negative off", -0.1, 0.1, -kFar, true},
     {"small multiple", -0.11, 0.1, 1.5, false}, {"off, other tolerance", 0.4, 0.5, -kFar, true},
     {"even the default", -1.5, 2.0, -kFar, true}, {"not a number", -1.5, 0.1, kNaN, false},
+    {"hardly on", 0.05, 0.01, 0.03, false},
 };
 // clang-format on
 

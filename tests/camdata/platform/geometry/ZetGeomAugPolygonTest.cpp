@@ -369,12 +369,13 @@ TEST(ZetGeomAugPolygonTest, EqualityKnowsNoStartDirectionOrStraightVertices) {
     const OutlinePoints leaningLeft = {{0.0005, 0}, {100, 0}, {100, 50}, {0, 50}};
     const OutlinePoints higher = {{0, 0}, {100, 0}, {100, 50}, {0, 50.01}};
     const OutlinePoints triangle = {{0, 0}, {100, 0}, {100, 50}};
+    const OutlinePoints chamfered = {{0, 0}, {100, 0}, {100, 49.9}, {99.9, 50}, {0, 50}};
     // clang-format on
     const auto isEqual = [&](const OutlinePoints& other) {
         return Polygon(rectangle).isEqualTo(Polygon(other), 0.001);
     };
     EXPECT_TRUE(isEqual(Reversed(StartingAt(rectangle, 2))) && isEqual(nearly));
-    EXPECT_FALSE(isEqual(higher) || isEqual(triangle));
+    EXPECT_FALSE(isEqual(higher) || isEqual(triangle) || isEqual(chamfered));
     EXPECT_TRUE(Polygon(leaningRight).isEqualTo(Polygon(leaningLeft), 0.001));
     EXPECT_TRUE(Polygon(leaningLeft).isEqualTo(Polygon(leaningRight), 0.001));
     const OutlinePoints ends = {
