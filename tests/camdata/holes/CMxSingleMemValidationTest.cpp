@@ -62,6 +62,8 @@ TEST(CMxSingleMemValidationTest, CountsAndRenamesTheExpectedHoles) {
     validation.replaceHoleCode(L"H18");
     for (const CMxHoles& hole : validation.GetMxHoles())
         EXPECT_EQ(hole.GetHoleCode(), L"H18");
+    validation.SetValues(0.0, {CMxHoles()}, true);
+    EXPECT_TRUE(validation.GetMxHoles()[0].GetIsMirrApplicable());
 }
 
 TEST(CMxHolesTest, SetsEachFieldFromItsArgument) {

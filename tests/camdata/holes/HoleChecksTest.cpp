@@ -90,6 +90,8 @@ TEST(HoleChecks, WarnsOfDistancesThatAreTooSmall) {
          {kIndent + L"End distance (-5.5) is less than standard"}},
         {"no length", Round18(20, 100), plain, 0, twice},
         {"no number as length", Round18(20, 100), plain, kNaN, twice},
+        {"hardly a length", Round18(20, 100), plain, 0.06,
+         {kStartWarning, kIndent + L"End distance (-19.9) is less than standard"}},
         {"slot at the start", Slot18(50, 100, 180), plain, 3000, {slotAtEnd}},
         {"slot at the far end", Slot18(2950, 100, 0), plain, 3000, {slotAtEnd}},
         {"upright slot", Slot18(100, 150, 90), plain, 3000, {nearTop}},

@@ -274,7 +274,8 @@ TEST(CNotchAddInfoTest, CorrectsYOnly) {
     constexpr Case kCases[] = {
         {"as it stands", 1.0, 1.0, 25.0},      {"negated", -1.0, 1.0, -25.0},
         {"from other edge", 1.0, -1.0, 175.0}, {"both, in order", -1.0, -1.0, 225.0},
-        {"zero is positive", 0.0, 0.0, 25.0},
+        {"zero is positive", 0.0, 0.0, 25.0},  {"hardly positive", 0.05, 0.05, 25.0},
+        {"hardly negative", -0.05, -0.05, 225.0},
     };
     // clang-format on
     for (const Case& each : kCases) {
