@@ -55,8 +55,8 @@ TEST(CHoleAddlInfoTest, MapsViewToOutputCoordinates) {
         {"offset, then sign",   -1, 1,  1,  10, {100, -40} },
         {"from the other edge", 1,  -1, 1,  10, {100, 160} },
         {"everything",          -1, -1, -1, 10, {-100, 240}},
-        {"hardly positive",     1,  1,  0.05, 0, {100, 30} },
-        {"hardly negative",     1,  1, -0.05, 0, {-100, 30}},
+        {"hardly positive",     0.05, 0.05, 0.05, 0, {100, 30} },
+        {"hardly negative",     -0.05, -0.05, -0.05, 10, {-100, 240}},
     };
     // clang-format on
     for (const Case& each : cases) {
