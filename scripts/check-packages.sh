@@ -69,10 +69,10 @@ dependencies() {
     done
 }
 
-# Every library whose headers are compiled in has a row in the overview and its licence in full.
+# Every library that is compiled in or packed has a row in the overview and its licence in full.
 notices() {
     local folder=$debian/share/doc/camdata/third-party-notices package
-    for package in $(sed -n 's/^camdata_header_library(.* \([a-z0-9-]*\))$/\1/p' cmake/HeaderOnlyLibraries.cmake); do
+    for package in $(sed -n 's/^camdata_header_library(.* \([a-z0-9-]*\))$/\1/p' cmake/HeaderOnlyLibraries.cmake) libmimalloc-dev; do
         grep -q "^$package " "$folder/00-overview.txt" || fail "the overview of notices lacks $package"
         [ "$(wc -c <"$folder/$package.txt")" -gt 500 ] || fail "the notice of $package is not there in full"
     done

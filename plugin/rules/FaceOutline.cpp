@@ -1,5 +1,7 @@
 #include "plugin/rules/FaceOutline.h"
 
+#include "camdata/platform/geometry/PointChain.h"
+
 #include <algorithm>
 #include <cmath>
 #include <iterator>
@@ -49,10 +51,7 @@ FaceBox BoxOf(std::span<const ZetGeomPoint2d> corners) {
 }
 
 double AreaOf(std::span<const ZetGeomPoint2d> corners) {
-    double twice = 0.0;
-    for (std::size_t i = 1; i + 1 < corners.size(); ++i)
-        twice += (corners[i] - corners[0]).cross(corners[i + 1] - corners[0]);
-    return std::abs(twice) * 0.5;
+    return std::abs(camdata::detail::AreaOf(corners));
 }
 
 bool ReachesBeyond(const FaceBox& box, const FaceBox& face, const FaceTolerance& tolerance) {

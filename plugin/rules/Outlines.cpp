@@ -5,6 +5,7 @@
 #include "plugin/rules/JobMember.h"
 #include "profiles/SectionWalls.h"
 
+#include "camdata/platform/geometry/PointChain.h"
 #include "camdata/tolerance/CMxGeom.h"
 
 #include <algorithm>
@@ -67,15 +68,8 @@ std::vector<ZetGeomPoint2d> CornersOf(const CNotchAddInfo& notch) {
     return corners;
 }
 
-double PerimeterOf(const std::vector<ZetGeomPoint2d>& corners) {
-    double perimeter = 0.0;
-    for (std::size_t i = 0; i < corners.size(); ++i)
-        perimeter += (corners[(i + 1) % corners.size()] - corners[i]).length();
-    return perimeter;
-}
-
 bool HasNoArea(const std::vector<ZetGeomPoint2d>& corners) {
-    return 2.0 * AreaOf(corners) <= kNarrow * PerimeterOf(corners);
+    return 2.0 * AreaOf(corners) <= kNarrow * camdata::detail::PerimeterOf(corners);
 }
 
 bool IsWithin(const FaceBox& inner, const FaceBox& outer) {
