@@ -29,6 +29,18 @@ std::error_code FlushFile(const std::filesystem::path& file) {
     return Flush(file, O_RDONLY);
 }
 
+void BeginFlush(const std::filesystem::path& file) {
+#if defined(__linux__)
+    const int descriptor = ::open(file.c_str(), O_RDONLY | O_CLOEXEC);
+    if (descriptor < 0)
+        return;
+    ::sync_file_range(descriptor, 0, 0, SYNC_FILE_RANGE_WRITE);
+    ::close(descriptor);
+#else
+    static_cast<void>(file);
+#endif
+}
+
 std::error_code FlushFolder(const std::filesystem::path& folder) {
     return Flush(folder, O_RDONLY | O_DIRECTORY);
 }

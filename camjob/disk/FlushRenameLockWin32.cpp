@@ -41,6 +41,8 @@ std::error_code FlushFile(const std::filesystem::path& file) {
     return error;
 }
 
+void BeginFlush(const std::filesystem::path&) {}
+
 std::error_code FlushFolder(const std::filesystem::path&) {
     return {};
 }

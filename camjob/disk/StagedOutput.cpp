@@ -127,6 +127,14 @@ void StagedOutput::Begin() {
     Check(m_disk.MakeFolder(m_staging), m_staging, "the folder cannot be made");
 }
 
+void StagedOutput::BeginFlush() {
+    std::vector<std::string> names;
+    if (m_disk.ListFolder(m_staging, names))
+        return;
+    for (const std::string& name : names)
+        m_disk.BeginFlush(m_staging / PathFromUtf8(name));
+}
+
 void StagedOutput::Commit() {
     const Record record = MakeRecord();
     for (const auto* names : {&record.placed, &record.removed})

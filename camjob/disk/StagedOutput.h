@@ -40,6 +40,9 @@ class StagedOutput {
     void Begin();
     /// Where files are to be written between Begin and Commit, or in folders of it.
     const std::filesystem::path& GetStagingFolder() const { return m_staging; }
+    /// Lets the disk begin with the files that are whole in the staging folder, while others are
+    /// made. Never fails.
+    void BeginFlush();
     /// Replaces the last output by all files of the staging folder. Raises OutputFailure: the last
     /// output is then as it was, unless the text says that the next run finishes the work.
     void Commit();

@@ -42,6 +42,10 @@ std::error_code StagingDisk::FlushFile(const std::filesystem::path& file) {
     return camjob::FlushFile(file);
 }
 
+void StagingDisk::BeginFlush(const std::filesystem::path& file) {
+    camjob::BeginFlush(file);
+}
+
 std::error_code StagingDisk::FlushFolder(const std::filesystem::path& folder) {
     return camjob::FlushFolder(folder);
 }

@@ -24,8 +24,9 @@ namespace camjob {
 /// assembly, and those behind it with it.
 class JobInput {
   public:
-    /// Job, run and drawings must outlive the input. `drawings` null: none are needed.
-    JobInput(const job::Job& job, plugin::JobRun& run, MemberDrawings* drawings);
+    /// Job, run and drawings must outlive the input. `files`: how many will be taken at most.
+    /// `drawings` null: none are needed.
+    JobInput(const job::Job& job, plugin::JobRun& run, std::size_t files, MemberDrawings* drawings);
 
     /// Reads a file, and judges it unless it waits for others. Several threads may each read one.
     ReadPart Read(const std::string& file) const { return m_reading.Read(file); }

@@ -149,7 +149,7 @@ bool JobRunner::ReadInput(plugin::JobRun& run) {
     const bool isTold = m_options.asJson || m_job.reports.hasPage || m_job.reports.hasRunDocument ||
                         !m_options.against.empty();
     run.SetRecordsKept(isTold);
-    JobInput input(m_job, run, isTold ? &m_report.drawings : nullptr);
+    JobInput input(m_job, run, m_ncFiles.size(), isTold ? &m_report.drawings : nullptr);
     if (!ReadFiles(input))
         return false;
     input.Finish();

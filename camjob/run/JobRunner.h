@@ -53,7 +53,7 @@ class JobRunner {
     void TakeLeftOut(JobInput& input, plugin::JobRun& run);
     std::vector<std::string> InputsReplacedBy(const ZetString& fileName) const;
     std::string FindNameFault(const ZetString& fileName) const;
-    bool Write(plugin::JobRun& run, const StagedOutput& output);
+    bool Write(plugin::JobRun& run, StagedOutput& output);
     void TakeMembers(plugin::JobRun& run);
     bool AddsUp();
     void TakeResults(plugin::JobRun& run, const std::filesystem::path& staging);

@@ -36,7 +36,9 @@ std::string JobRunner::TextOf(const FileFault& fault) const {
            job::ReasonBehind(fault.systemError);
 }
 
-bool JobRunner::Write(plugin::JobRun& run, const StagedOutput& output) {
+/// The disk has most of the output while plans are made.
+bool JobRunner::Write(plugin::JobRun& run, StagedOutput& output) {
+    run.SetOnMembersWritten([&] { output.BeginFlush(); });
     m_progress.Begin("writing", run.GetCount(), "members");
     const bool isWritten = run.Write(output.GetStagingFolder(), [&] {
         m_progress.Step({});

@@ -19,8 +19,11 @@
 #include <cstddef>
 #include <filesystem>
 #include <functional>
+#include <map>
 #include <memory>
 #include <optional>
+#include <string_view>
+#include <tuple>
 #include <utility>
 #include <vector>
 
@@ -147,6 +150,9 @@ class JobRun {
     /// Files of the job that take no part, a line each; the additional information lists them.
     void SetLeftOut(std::vector<ZetString> lines) { m_leftOut = std::move(lines); }
 
+    /// Called when the files of the members are whole and closed, before plans are made.
+    void SetOnMembersWritten(std::function<void()> call) { m_onMembersWritten = std::move(call); }
+
     /// Asked before each member that is written; true ends the run.
     using CancelCheck = std::function<bool()>;
     /// Writes all files into `folder`, which must be there; the names end as job::OutputEndings.
@@ -211,6 +217,7 @@ class JobRun {
     void SetUpAdditionalInfo();
     void EndLines(const std::filesystem::path& folder);
     bool IsAnyGroupNested() const;
+    std::optional<std::size_t> NumberOfPlan(const Member& member);
     void MakePlans();
     /// Several threads may each make one.
     ProfilePlan PlanFor(const std::vector<std::size_t>& members, unsigned threads) const;
@@ -228,6 +235,14 @@ class JobRun {
     JudgingRules m_rules;
     DateOfLife m_date;
     std::vector<std::unique_ptr<Member>> m_members;
+    /// Members with the same group, profile name and material are planned together. The names are
+    /// lent by the first of them.
+    using PlanKey = std::tuple<std::size_t, std::wstring_view, std::wstring_view>;
+    struct PlannedTogether {
+        std::size_t number = 0;
+        const Member* first = nullptr;
+    };
+    std::map<PlanKey, PlannedTogether> m_numberOfPlan;
     GroupSections m_sections;  ///< from Write on
     CMxCamGlobAcc m_accumulator;
     bool m_areRecordsKept = true;
@@ -243,6 +258,7 @@ class JobRun {
     std::vector<FormatConflict> m_formatConflicts;
     std::vector<std::size_t> m_written;  ///< positions of members, as they were written
     CancelCheck m_isCancelled;
+    std::function<void()> m_onMembersWritten;
 };
 
 }  // namespace plugin

@@ -63,6 +63,8 @@ bool JobRun::Write(const std::filesystem::path& folder, const CancelCheck& isCan
         WriteTotals(folderText);
     EndLines(folder);
     WriteFormattedFiles(folder);
+    if (m_onMembersWritten)
+        m_onMembersWritten();
     MakePlans();
     // A wrong plan reaches no file.
     if (!m_planFaults.empty() || !m_formatConflicts.empty())

@@ -6,6 +6,7 @@
 #include "plugin/rules/JobMember.h"
 
 #include <cstddef>
+#include <optional>
 #include <string_view>
 
 namespace plugin {
@@ -24,7 +25,10 @@ class JobRun::Member final : public JobMember {
     void Join(JobRun& run, std::size_t position) {
         m_run = &run;
         m_position = position;
+        m_numberOfPlan = run.NumberOfPlan(*this);
     }
+    /// Of those that the run makes; nothing when it is not cut from bars.
+    const std::optional<std::size_t>& GetNumberOfPlan() const { return m_numberOfPlan; }
 
     void WriteMemOutPut(const ZetArray<ZetFileAccess*>& files,
                         ZetArray<CMxPeilaib*>& secondaryParts) override {
@@ -70,6 +74,7 @@ class JobRun::Member final : public JobMember {
     TextBlocks::Place m_storedRecords;  ///< unless the member keeps them
     ZetString m_fileName;
     std::size_t m_position = 0;
+    std::optional<std::size_t> m_numberOfPlan;
 };
 
 }  // namespace plugin

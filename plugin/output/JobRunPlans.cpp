@@ -17,14 +17,6 @@ namespace plugin {
 
 namespace {
 
-/// Members with the same group, profile name and material are planned together. Lent by one of
-/// them.
-using PlanKey = std::tuple<std::size_t, std::wstring_view, std::wstring_view>;
-
-PlanKey KeyOf(const JobMember& member) {
-    return {member.GetGroupPosition(), member.SeeProfileName(), member.GetMaterial().view()};
-}
-
 /// Why the given plan is not for this stock, and what to do.
 ZetString DescribeConflict(const NestedMembers& members, const BarStock& stock) {
     const bool isNamed = members.group.plan.has_value();
@@ -47,16 +39,27 @@ bool JobRun::IsAnyGroupNested() const {
     });
 }
 
+/// Its number, when it is cut from bars.
+std::optional<std::size_t> JobRun::NumberOfPlan(const Member& member) {
+    if (!member.IsNested())
+        return std::nullopt;
+    const PlanKey key = {
+        member.GetGroupPosition(), member.SeeProfileName(), member.GetMaterial().view()};
+    return m_numberOfPlan.try_emplace(key, PlannedTogether{m_numberOfPlan.size(), &member})
+        .first->second.number;
+}
+
 void JobRun::MakePlans() {
-    std::map<PlanKey, std::vector<std::size_t>> together;
+    std::vector<std::vector<std::size_t>> together(m_numberOfPlan.size());
     for (const std::size_t position : m_written) {
         const Member& member = *m_members[position];
-        if (member.IsNested() && member.IsMade())
-            together[KeyOf(member)].push_back(position);
+        if (member.GetNumberOfPlan() && member.IsMade())
+            together[*member.GetNumberOfPlan()].push_back(position);
     }
     std::vector<const std::vector<std::size_t>*> profiles;
-    for (const auto& [key, members] : together)
-        profiles.push_back(&members);
+    for (const auto& [key, planned] : m_numberOfPlan)
+        if (!together[planned.number].empty())
+            profiles.push_back(&together[planned.number]);
     const unsigned atATime = m_bars.AreLimited() ? 1 : m_threads;
     // A single profile is shared out itself.
     const unsigned forEach = profiles.size() == 1 ? GetThreadsForMembers() : 1;
@@ -160,11 +163,8 @@ void JobRun::WriteRemnants(const ZetString& name) {
 /// The library knows nothing but lengths, and one of them only.
 std::vector<ZetString> JobRun::FindPlanConflicts() const {
     std::set<ZetString> conflicts;
-    std::set<PlanKey> known;
-    for (const auto& member : m_members) {
-        if (!member->IsNested() || !known.insert(KeyOf(*member)).second)
-            continue;
-        const NestedMembers members = member->GetNestedMembers();
+    for (const auto& [key, planned] : m_numberOfPlan) {
+        const NestedMembers members = planned.first->GetNestedMembers();
         if (PlanOf(m_job, members) != job::BarPlan::kGiven)
             continue;
         for (const BarStock& stock : StocksFor(m_job, members))
