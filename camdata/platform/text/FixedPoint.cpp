@@ -23,15 +23,13 @@ constexpr double kFastLimit = 1e9;
 /// No double has more decimals than this.
 constexpr int kMaxDecimals = 1100;
 
-/// a * b - product, exactly, for a product that neither overflows nor underflows. Not std::fma:
-/// some C libraries compute that with too few bits.
+/// a * b - product, exactly, for a `b` of at most 26 bits and a product that neither overflows nor
+/// underflows (Dekker). Not std::fma: some C libraries compute that with too few bits.
 double ProductError(double a, double b, double product) {
     constexpr double kSplit = 134217729.0;  // 2^27 + 1
-    const double aHigh = kSplit * a - (kSplit * a - a);
-    const double bHigh = kSplit * b - (kSplit * b - b);
-    const double aLow = a - aHigh;
-    const double bLow = b - bHigh;
-    return ((aHigh * bHigh - product) + aHigh * bLow + aLow * bHigh) + aLow * bLow;
+    const double high = kSplit * a - (kSplit * a - a);
+    const double low = a - high;
+    return (high * b - product) + low * b;
 }
 
 /// The double that a run of digits with at most one point stands for.

@@ -197,6 +197,38 @@ TEST(GatheringEqualsPlainTest, DuplicatesOfMovedHoles) {
     }
 }
 
+/// Two holes are duplicates up to the mean of their diameters and the tolerance, however large they
+/// are, in a row or moved, alone or among many.
+TEST(GatheringEqualsPlainTest, HolesOfAllSizesAreDuplicatesAsFarAsTheyTouch) {
+    const auto countOf = [](double first, double second, double apart, int variant) {
+        ZetArray<CHoleAddlInfo> holes;
+        const auto add = [&](double x, double y, double size) {
+            CHoleAddlInfo hole;
+            hole.SetHoleData({.x = x, .y = y, .size = size});
+            if (variant % 2 == 1)
+                hole.SetXPosFrom(3.0 * x + 0.5 * y);
+            holes.append(hole);
+        };
+        add(100.0, 7.0, first);
+        add(100.0 + (variant < 4 ? apart : 0.0), 7.0 + (variant < 4 ? 0.0 : apart), second);
+        for (int i = 0; i < (variant % 4 < 2 ? 0 : 30); ++i)
+            add(200.0 + 40.0 * i, 10.0 + i, 16.0);
+        TestMember member;
+        member.MakeDupHoleArr(holes);
+        return member.m_duplicateHoles.length();
+    };
+    CMxGeom::SetEPS(0.1);
+    for (double first = 0.25; first < 20.0; first += 0.5)
+        for (double second = 0.25; second < 20.0; second += 0.5)
+            for (int variant = 0; variant < 8; ++variant) {
+                const double mean = 0.5 * (first + second);
+                ASSERT_EQ(countOf(first, second, mean + 0.05, variant), 1)
+                    << first << ", " << second << ", " << variant;
+                ASSERT_EQ(countOf(first, second, mean + 0.15, variant), 0)
+                    << first << ", " << second << ", " << variant;
+            }
+}
+
 /// Orders the holes of a view both ways.
 TEST(GatheringEqualsPlainTest, OrderOfHolesAndNotches) {
     constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();

@@ -95,6 +95,10 @@ TEST(ViewFacesTest, StandardPositions) {
 TEST(ViewFacesTest, FacesOfPlanesOfTheirOwn) {
     constexpr ZetGeomVector3d kDownToFront = {0.0, -0.6, 0.8};
     constexpr ZetGeomVector3d kUpToBack = {0.0, 0.6, -0.8};
+    // Both normals point down a little.
+    constexpr ZetGeomVector3d kNearlyUp = {0.0, 483.0 / 485, 44.0 / 485};
+    constexpr ZetGeomVector3d kNearlyDown = {0.0, -483.0 / 485, 44.0 / 485};
+    constexpr double kSteep = 60 * 485.0 / 44;
     constexpr auto kWeb = eHoleFaceWeb;
     constexpr auto kTop = eHoleFaceTopFlange, kSlopedTop = eHoleFaceSlopedTopFlange;
     constexpr auto kBottom = eHoleFaceBottomFlange, kSlopedBottom = eHoleFaceSlopedBottomFlange;
@@ -115,6 +119,8 @@ TEST(ViewFacesTest, FacesOfPlanesOfTheirOwn) {
         {"sloped top, normal up",      {0, 155, 60}, kUpToBack,    kSlopedTop,    L"TOP", 75, 72},
         {"sloped bottom, normal down", {0, 0, 0},    kDownToFront, kSlopedBottom, L"BOT", 75, 62},
         {"sloped bottom, normal up",   {0, -45, 60}, kUpToBack,    kSlopedBottom, L"BOT", 75, 62},
+        {"nearly a web, to the front", {0, 200, 0},  kNearlyUp,    kSlopedTop,    L"TOP", kSteep, 72},
+        {"nearly a web, to the back",  {0, 200, 0},  kNearlyDown,  kSlopedTop,    L"TOP", kSteep, 72},
     };
     // clang-format on
     for (const wchar_t* code : {L"SO", L"B", L"C"}) {
@@ -174,7 +180,9 @@ TEST(ViewFacesTest, XIsNegatedInPlanesThatLookBackAlongThePiece) {
         {"looks forward",       {0.8, -0.6, 0.0},    1.0},
         {"looks back",          {0.8, 0.6, 0.0},     -1.0},
         {"looks back a little", {0.9968, 0.08, 0.0}, 1.0},
+        {"looks back more",     {60.0 / 61, 11.0 / 61, 0.0}, -1.0},
         {"looks nearly along",  {44.0 / 485, -483.0 / 485, 0.0}, 1.0},
+        {"looks nearly back",   {44.0 / 485, 483.0 / 485, 0.0}, -1.0},
     };
     // clang-format on
     const ZetGeomPoint3d origin = {0, 200, 60};

@@ -31,6 +31,14 @@ TEST(SelfCrossingTest, TouchingIsNoCrossing) {
          false},
         {"0.01 through an edge", {{0, 0}, {10, 0}, {10, 10}, {5, -0.01}, {0, 10}}, false},
         {"0.011 through an edge", {{0, 0}, {10, 0}, {10, 10}, {5, -0.011}, {0, 10}}, true},
+        {"0.009 through an edge, near its start", {{0, 0}, {10, 0}, {10, 10}, {0.5, -0.009}, {0, 10}}, false},
+        {"0.009 through an edge, near its end", {{0, 0}, {10, 0}, {10, 10}, {9.5, -0.009}, {0, 10}}, false},
+        {"0.009 through a short edge", {{0, 0}, {0.3, 0}, {0.3, 10}, {0.15, -0.009}, {0, 10}}, false},
+        {"0.031 are twice inside",
+         {{0, 0}, {40, 0}, {40, 0.031}, {0, 0.031}, {0, 0}, {-10, -20}, {60, -20}, {60, 20}, {-10, 20}}, true},
+        {"0.029 are twice inside",
+         {{0, 0}, {40, 0}, {40, 0.029}, {0, 0.029}, {0, 0}, {-10, -20}, {60, -20}, {60, 20}, {-10, 20}}, false},
+        {"as large as can be", {{0, 0}, {1e12, 0}, {0, 1e12}}, false},
         {"too large", {{0, 0}, {1e300, 0}, {0, 1e300}}, true},
     };
     // clang-format on
@@ -202,21 +210,111 @@ TEST(SelfCrossingTest, OfVeryManyEdgesTheOneThatTouchesIsTold) {
         {"through an edge",      {{1492, -2000}},                               kAt,     kAt + 1},
         {"nearly on an edge",    {{1495.002, -2000}},                           {},      {}     },
         {"off it by a hair",     {{1495.00005, -2000}},                         kAt,     kAt + 1},
-        {"out and back",         {{1500, -4100}, {1500, -4000}},                kAt,     kAt + 1},
-        {"back and out",         {{1500, -4000}, {1500, -3900}, {1501, -4000}}, kAt,     kAt + 1},
+        {"out and back",         {{1500, -4100}, {1500, -4000}},                kAt,     kAt + 2},
+        {"back and out",         {{1500, -4000}, {1500, -3900}, {1501, -4000}}, kAt,     kAt + 2},
     };
     for (const Case& c : cases)
-        for (const double length : {1.0, 0.08, 0.01}) {
+        for (const double length : {1.0, 0.08, 0.01, -0.01}) {
             OutlinePoints points = comb;
             points[kAt + 1] = c.instead[0];
             for (std::size_t i = 1; i < c.instead.size(); ++i)
                 points.insertAt(kAt + 1 + static_cast<long>(i), c.instead[i]);
             for (ZetGeomPoint2d& p : points)
-                p = {4.0 * p.x - 3.0 * length * p.y, 3.0 * p.x + 4.0 * length * p.y};
+                p = {4.0 * p.x - 3.0 * std::abs(length) * p.y, 3.0 * p.x + 4.0 * std::abs(length) * p.y};
+            if (length < 0.0)
+                points = TurnedBy90(TurnedBy90(points));
             const auto told = FindSelfCrossing({points.begin(), points.end()});
             EXPECT_TRUE(told >= c.from && told <= c.to)
                 << c.name << ", " << length << ": " << told.value_or(0);
         }
+}
+
+/// A comb with teeth of random depth up to `deepest`, and a long edge above them.
+OutlinePoints RandomComb(std::mt19937_64& random, int teeth, std::uint64_t deepest) {
+    OutlinePoints points = Comb(teeth);
+    for (long i = 0; i < teeth; ++i) {
+        const double depth = 5.0 + static_cast<double>(random() % deepest);
+        points[4 * i + 1].y = points[4 * i + 2].y = -depth;
+    }
+    return points;
+}
+
+/// Wherever the two edges are, however the outline lies, and in whatever order its edges come.
+TEST(SelfCrossingTest, OneCrossingAmongManyEdgesIsFound) {
+    std::mt19937_64 random(5);
+    for (int i = 0; i < 3000; ++i) {
+        const int teeth = 5 + static_cast<int>(random() % 40);
+        OutlinePoints comb = RandomComb(random, teeth, 4ULL << random() % 8);
+        const double degrees = static_cast<double>(random() % 3600) * 0.1;
+        const long first = static_cast<long>(random() % static_cast<unsigned>(comb.length()));
+        const auto crosses = [&](const OutlinePoints& points) {
+            const OutlinePoints turned = TurnedBy(StartingAt(points, first), degrees);
+            const OutlinePoints outline = i % 2 == 0 ? turned : Reversed(turned);
+            return FindSelfCrossing({outline.begin(), outline.end()}).has_value();
+        };
+        ASSERT_FALSE(crosses(comb)) << i;
+        // Through the tooth beside it, or through the long edge.
+        const long tooth = 1 + static_cast<long>(random() % static_cast<unsigned>(teeth - 1));
+        const ZetGeomPoint2d corner = comb[4 * tooth];
+        const double depth = std::min(-comb[4 * tooth - 3].y, -comb[4 * tooth + 1].y);
+        comb[4 * tooth + (random() % 2 == 0 ? 0 : 1)] =
+            random() % 2 == 0 ? ZetGeomPoint2d{corner.x - 8.0, -0.5 * depth}
+                              : ZetGeomPoint2d{corner.x, 11.0};
+        ASSERT_TRUE(crosses(comb)) << i;
+    }
+}
+
+TEST(SelfCrossingTest, TouchingIsJudgedUpToANumberOfEdges) {
+    OutlinePoints points = Comb(249);
+    points[401] = {1000 - 5, -4000};
+    for (double x = 1.0; points.length() <= static_cast<long>(kMaxTouchingEdges); x += 1.0) {
+        EXPECT_FALSE(FindSelfCrossing({points.begin(), points.end()}).has_value());
+        points.append({x - 10.0, 5});
+    }
+    EXPECT_TRUE(FindSelfCrossing({points.begin(), points.end()}).has_value());
+}
+
+/// Beyond the number of edges up to which touching is judged contacts are told on the grid of
+/// outlines: of 0.001 mm, or of a size that makes it 0.002.
+TEST(SelfCrossingTest, ContactsOfVeryManyEdgesAreToldOnTheGrid) {
+    constexpr double kDoubleGrid = 2147483.648;
+    constexpr long kAt = 4 * 150;
+    // The wall of a tooth, moved right, and the next tooth's lower left corner: steps from 1495.
+    struct Case {
+        double wall, corner, width;
+        bool isContact;
+    };
+    for (const Case& c : {
+             Case{0.0, 0.45, 0.0,         true },
+             {0.0, 0.5,  0.0,         false},
+             {0.0, 0.55, 0.0,         false},
+             {0.0, 1.0,  0.0,         false},
+             {1.0, 0.55, 0.0,         true },
+             {0.0, 0.9,  kDoubleGrid, true },
+             {0.0, 1.5,  kDoubleGrid, false},
+    }) {
+        OutlinePoints points = Comb(300);
+        points[kAt - 2].x = points[kAt - 1].x = 1495.0 + 0.001 * c.wall;
+        points[kAt + 1] = {1495.0 + 0.001 * c.corner, -2000.0};
+        points[4 * 300].x = std::max(points[4 * 300].x, c.width);
+        EXPECT_EQ(FindSelfCrossing({points.begin(), points.end()}).has_value(), c.isContact)
+            << c.wall << ", " << c.corner << ", " << c.width;
+    }
+    // Neighbours meet, the last and the first as well.
+    for (long first = 0; first < 8; ++first) {
+        const OutlinePoints points = StartingAt(Comb(300), first);
+        EXPECT_FALSE(FindSelfCrossing({points.begin(), points.end()}).has_value()) << first;
+    }
+    // Edges of a step or two that cross.
+    OutlinePoints points = Comb(300);
+    long at = kAt + 1;
+    for (const ZetGeomPoint2d& p : {
+             ZetGeomPoint2d{1500.002, -3999.999},
+             {1500.001, -3999.999},
+             {1500.001, -4000}
+    })
+        points.insertAt(++at, p);
+    EXPECT_TRUE(FindSelfCrossing({points.begin(), points.end()}).has_value());
 }
 
 }  // namespace

@@ -123,6 +123,8 @@ TEST(ZetGeomAugPolygonTest, TakesTheSmallestRectangleUnlessAnUprightOneIsNearlyA
         {"diamond", {{10, 0}, {20, 10}, {10, 20}, {0, 10}}, 200.0, false},
         {"disc of chords", Disc(0, 0, 50, 72), 10000.0, true},
         {"line", {{0, 0}, {50, 50}}, 2500.0, true},
+        {"large diamond", {{1e13, 0}, {2e13, 1e13}, {1e13, 2e13}, {0, 1e13}}, 2e26, false},
+        {"huge diamond", {{1e120, 0}, {2e120, 1e120}, {1e120, 2e120}, {0, 1e120}}, 2e240, false},
     };
     // clang-format on
     for (const Case& c : cases) {
@@ -132,6 +134,12 @@ TEST(ZetGeomAugPolygonTest, TakesTheSmallestRectangleUnlessAnUprightOneIsNearlyA
         EXPECT_NEAR(rectangle.getArea(), c.area, 1e-9 * c.area);
         EXPECT_EQ(rectangle.getVertices()[0].y == rectangle.getVertices()[1].y, c.isUpright);
     }
+    constexpr double kNone = std::numeric_limits<double>::quiet_NaN();
+    for (const ZetGeomPoint2d& p : {
+             ZetGeomPoint2d{5, kNone},
+             {kNone, 5}
+    })
+        EXPECT_EQ(Polygon({{0, 0}, p, {9, 9}}).getMinRectangle().getLength(), 0);
     EXPECT_EQ(ZetGeomAugPolygon().getMinRectangle().getLength(), 0);
     // Three equal ones: along the side that comes first.
     const OutlinePoints equal = {
@@ -177,7 +185,7 @@ OutlinePoints PointsInside(const ZetGeomAugPolygon& polygon) {
 }
 
 /// What holds for every outline: areas add up, pieces lie in the rectangle and outside the outline,
-/// and no coordinate was made up.
+/// no coordinate was made up, and no corner is there twice.
 void ExpectLaws(const OutlinePoints& outline) {
     const ZetGeomAugPolygon polygon = Polygon(outline);
     const ZetGeomAugPolygon rectangle = polygon.getMinRectangle();
@@ -188,9 +196,13 @@ void ExpectLaws(const OutlinePoints& outline) {
     for (const ZetGeomAugPolygon& piece : rectangle.subtract(polygon, kOffset)) {
         area += piece.getArea();
         thinnest += 0.03 * piece.getPerimeter();
-        for (const ZetGeomPoint2d& vertex : piece.getVertices())
+        ZetGeomPoint2d before = piece.getVertices().last();
+        for (const ZetGeomPoint2d& vertex : piece.getVertices()) {
             EXPECT_TRUE(known.count({vertex.x + 0.0, vertex.y + 0.0}))
                 << vertex.x << ", " << vertex.y;
+            EXPECT_GT((vertex - before).length(), 1e-6) << vertex.x << ", " << vertex.y;
+            before = vertex;
+        }
         for (const ZetGeomPoint2d& p : PointsInside(piece)) {
             EXPECT_TRUE(IsInside(p, rectangle.getVertices()));
             EXPECT_FALSE(IsInside(p, outline)) << p.x << ", " << p.y;
@@ -256,11 +268,15 @@ TEST(ZetGeomAugPolygonTest, TheLeastRectangleTurnsWithItsOutline) {
     for (const Case& c : cases) {
         for (int degrees = 3; degrees < 360; degrees += 7) {
             SCOPED_TRACE(testing::Message() << c.name << " at " << degrees);
-            const OutlinePoints turned = TurnedBy(c.outline, degrees);
-            const OutlinePoints rectangle = Polygon(turned).getMinRectangle().getVertices();
-            EXPECT_NEAR((rectangle[1] - rectangle[0]).length(), c.width, 1e-6);
-            const ZetGeomPoint2d start = TurnedBy({c.start}, degrees)[0];
-            EXPECT_NEAR((rectangle[0] - start).length(), 0.0, 1e-6);
+            const double scale = degrees % 2 == 0 ? 1.0 : 1000.0;
+            const auto placed = [&](const OutlinePoints& points) {
+                return Mapped(TurnedBy(points, degrees), [&](const ZetGeomPoint2d& p) {
+                    return ZetGeomPoint2d{scale * p.x, scale * p.y};
+                });
+            };
+            const OutlinePoints rectangle = Polygon(placed(c.outline)).getMinRectangle().getVertices();
+            EXPECT_NEAR((rectangle[1] - rectangle[0]).length(), scale * c.width, 1e-6);
+            EXPECT_NEAR((rectangle[0] - placed({c.start})[0]).length(), 0.0, 1e-6);
         }
     }
 }
@@ -347,12 +363,13 @@ TEST(ZetGeomAugPolygonTest, NormalisingDropsWhatLiesOnStraightEdges) {
         EXPECT_EQ(Text({polygon.getNormalised(0.01)}), "(0,0)(10,0)(10,5)(0,5) ");
     EXPECT_EQ(clockwise.getNormalised(0.001).getLength(), 6);
     EXPECT_EQ(clockwise.getNormalised(0.0).getLength(), 6);
-    const ZetGeomAugPolygon smallClockwise = Polygon({
+    const OutlinePoints small = {
         {0,    0   },
         {0,    0.25},
         {0.25, 0   }
-    });
-    EXPECT_EQ(Text({smallClockwise.getNormalised(0.01)}), "(0,0)(0.25,0)(0,0.25) ");
+    };
+    for (const OutlinePoints& points : {small, Reversed(small)})
+        EXPECT_EQ(Text({Polygon(points).getNormalised(0.01)}), "(0,0)(0.25,0)(0,0.25) ");
 
     // So fine a disc that each vertex lies on the line between its neighbours: it must stay a disc.
     const ZetGeomAugPolygon disc = Polygon(Disc(0, 0, 100, 5000));
@@ -375,6 +392,8 @@ TEST(ZetGeomAugPolygonTest, EqualityKnowsNoStartDirectionOrStraightVertices) {
         return Polygon(rectangle).isEqualTo(Polygon(other), 0.001);
     };
     EXPECT_TRUE(isEqual(Reversed(StartingAt(rectangle, 2))) && isEqual(nearly));
+    const OutlinePoints disc = Disc(0, 0, 10'000, 71);
+    EXPECT_TRUE(Polygon(disc).isEqualTo(Polygon(Reversed(StartingAt(disc, 5))), 0.0));
     EXPECT_FALSE(isEqual(higher) || isEqual(triangle) || isEqual(chamfered));
     EXPECT_TRUE(Polygon(leaningRight).isEqualTo(Polygon(leaningLeft), 0.001));
     EXPECT_TRUE(Polygon(leaningLeft).isEqualTo(Polygon(leaningRight), 0.001));

@@ -32,6 +32,8 @@ TEST_F(ZetFileAccessTest, WritesBytesWithoutTranslation) {
     EXPECT_FALSE(file.GetFault());
     EXPECT_EQ(m_folder.Read("Maß.txt"), "Tr\xC3\xA4ger\n\r\n\xC3\xB6\xC3\x9F    |2.5\n");
 
+    ASSERT_TRUE(file.Open(m_folder.NameOf("new.txt"), L"a"));
+    EXPECT_EQ(file.GetPosition(), 0);
     ASSERT_TRUE(file.Open(m_folder.NameOf("Maß.txt"), L"a"));
     EXPECT_EQ(file.GetPosition(), 23);
     file.Write(L"+");
@@ -52,6 +54,7 @@ TEST_F(ZetFileAccessTest, OverwritesFromAnEarlierPosition) {
     file.Write(L"0123456789\n");
     const std::int64_t end = file.GetPosition();
     EXPECT_TRUE(file.SetPosition(start));
+    EXPECT_EQ(file.GetPosition(), start);
     file.Write(L"###");
     EXPECT_TRUE(file.SetPosition(end));
     file.Write(L"tail");
@@ -70,8 +73,9 @@ TEST_F(ZetFileAccessTest, KnowsItsPositionBehindMoreThanItsBuffer) {
         ASSERT_EQ(file.GetPosition(), 10 * i);
         ASSERT_TRUE(file.Write(L"012345678\n"));
     }
+    EXPECT_TRUE(file.Write(ZetString(L'x', 10 * kLines)));
     EXPECT_TRUE(file.Close());
-    EXPECT_EQ(m_folder.Read("big.txt").size(), 10U * kLines);
+    EXPECT_EQ(m_folder.Read("big.txt").size(), 20U * kLines);
 }
 
 TEST_F(ZetFileAccessTest, ReadsCharactersAcrossItsBufferAndBadBytes) {
@@ -95,6 +99,15 @@ TEST_F(ZetFileAccessTest, ReadsCharactersAcrossItsBufferAndBadBytes) {
     EXPECT_EQ(file.ReadChar(), L'\x20AC');
     EXPECT_FALSE(file.SetPosition(-1));
     EXPECT_EQ(file.ReadChar(), ZetFileAccess::kEndOfFile);
+
+    for (std::size_t inside = 1; inside < 4; ++inside) {
+        m_folder.Write("parted.txt",
+                       std::string(64 * 1024 - inside, 'x') + "\xF0\x9F\x94\xA9");
+        ASSERT_TRUE(file.Open(m_folder.NameOf("parted.txt"), L"r"));
+        for (std::size_t i = 0; i < 64 * 1024 - inside; ++i)
+            ASSERT_EQ(file.ReadChar(), L'x');
+        EXPECT_EQ(file.ReadChar(), L"\U0001F529"[0]) << inside;
+    }
 }
 
 TEST_F(ZetFileAccessTest, KeepsTheFirstFault) {
@@ -105,6 +118,10 @@ TEST_F(ZetFileAccessTest, KeepsTheFirstFault) {
     ASSERT_TRUE(closed.GetFault());
     EXPECT_EQ(closed.GetFault()->operation, Operation::kRead);
     EXPECT_EQ(closed.GetFault()->systemError, 0);
+    ZetFileAccess neverOpen;
+    EXPECT_FALSE(neverOpen.SetPosition(0));
+    EXPECT_EQ(neverOpen.GetFault()->operation, Operation::kSeek);
+    EXPECT_EQ(neverOpen.GetFault()->systemError, 0);
     ZetFileAccess file;
     EXPECT_FALSE(file.Write(L"nowhere"));
     ASSERT_TRUE(file.GetFault());

@@ -58,13 +58,15 @@ TEST(ZetStringTest, ReadsTheNumberAtItsBeginning) {
         {L"200", 200.0}, {L"  -12.5mm", -12.5}, {L"+12", 12.0}, {L".5", 0.5}, {L"5.", 5.0},
         {L"1.2.3", 1.2}, {L"1e3", 1.0}, {L"0x10", 0.0}, {L"1,5", 1.0}, {L"", 0.0}, {L"-", 0.0},
         {L".", 0.0}, {L"- 5", 0.0}, {L"--5", 0.0}, {L"\t5", 0.0}, {L"Z200", 0.0}, {L"٣", 0.0},
+        {L"xan", 0.0}, {L"xnf", 0.0},
         {L"INFinite", std::numeric_limits<double>::infinity()},
         {L"-inf", -std::numeric_limits<double>::infinity()},
     };
     // clang-format on
     for (const Case& c : cases)
         EXPECT_EQ(ZetString(c.text).toDouble(), c.expected) << ZetString(c.text).toUtf8();
-    EXPECT_TRUE(std::isnan(ZetString(L"nan").toDouble()));
+    for (const wchar_t* none : {L"nan", L"NAN"})
+        EXPECT_TRUE(std::isnan(ZetString(none).toDouble()));
     EXPECT_TRUE(std::signbit(ZetString(L"-0.0").toDouble()));
     EXPECT_FALSE(std::signbit(ZetString(L"-x").toDouble()));
     EXPECT_EQ(ZetString(L'9', 400).toDouble(), std::numeric_limits<double>::infinity());
