@@ -68,7 +68,8 @@ TEST(ZetStringTest, ReadsTheNumberAtItsBeginning) {
     for (const wchar_t* none : {L"nan", L"NAN"})
         EXPECT_TRUE(std::isnan(ZetString(none).toDouble()));
     EXPECT_TRUE(std::signbit(ZetString(L"-0.0").toDouble()));
-    EXPECT_FALSE(std::signbit(ZetString(L"-x").toDouble()));
+    for (const wchar_t* none : {L"-x", L"-."})
+        EXPECT_FALSE(std::signbit(ZetString(none).toDouble()));
     EXPECT_EQ(ZetString(L'9', 400).toDouble(), std::numeric_limits<double>::infinity());
     EXPECT_EQ((ZetString(L"0.") + ZetString(L'0', 400) + L"1").toDouble(), 0.0);
     EXPECT_EQ(ZetString(L" 12 ").toDouble(true), 12.0);
