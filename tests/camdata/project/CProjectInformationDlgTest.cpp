@@ -188,9 +188,11 @@ TEST_P(CProjectInformationDlgTest, AtMostSixOutputFilesHaveARowAndTheLocationFol
 
 TEST_P(CProjectInformationDlgTest, ConfirmedItWritesTheSettingsAndChangesWhatMayBeEdited) {
     m_project.SetClient(L"Client");
+    const ZetString location = m_project.GetLocation();
     EXPECT_EQ(Show([](DialogWindow& window) {
                   window.SetText(1101, L"Shed");
-                  window.SetText(1204, L"Other");
+                  for (const int id : {1102, 1201, 1202, 1203, 1204, 1205, 1208, 1209, 1210})
+                      window.SetText(id, L"Other");
                   window.SetText(1206, L"CR-2");
                   window.SetDate(1207, {1999, 12, 31});
                   window.SetText(1211, L"new\r\nlast\r\n");
@@ -209,7 +211,12 @@ TEST_P(CProjectInformationDlgTest, ConfirmedItWritesTheSettingsAndChangesWhatMay
     EXPECT_FALSE(m_project.GetSettingsFault());
     EXPECT_FALSE(m_project.GetIsCancelled());
     EXPECT_EQ(m_project.GetFileName(), L"Shed");
+    EXPECT_EQ(m_project.GetLocation(), location);
     EXPECT_EQ(m_project.GetClient(), L"Client");
+    EXPECT_EQ(m_project.GetModelRef() + m_project.GetProjectName() + m_project.GetProjectNo() +
+                  m_project.GetColdRolledCust() + m_project.GetContractor() +
+                  m_project.GetDesigner() + m_project.GetDetailer(),
+              L"");
     EXPECT_EQ(m_project.GetColdRolledOrderNo() + m_project.GetRevision(), L"CR-2C");
     EXPECT_EQ(m_project.GetColdRolledOrderDate(), dates[0]);
     EXPECT_EQ(m_project.GetComments(), (ZetArray<ZetString>{L"new", L"last", L""}));
