@@ -74,6 +74,7 @@ TEST(HoleChecks, WarnsOfDistancesThatAreTooSmall) {
         {"web, lower", Round18(100, 17.8), plain, 3000,
          {kIndent + L"Distance (17.8) from bottom flange is insufficient"}},
         {"web, high up", Round18(100, 190), plain, 3000, {nearTop}},
+        {"web, high up at the start", Round18(20, 190), plain, 3000, {nearTop, kStartWarning}},
         {"web back, one diameter down", Round18(100, 182, eHoleFaceWebBack), plain, 3000, {}},
         {"web back, high up", Round18(100, 190, eHoleFaceWebBack), plain, 3000, {nearTop}},
         {"unknown height", Round18(100, 10), CMemTypeAndAttrib(), 3000, {kFaceWarning, nearTop}},

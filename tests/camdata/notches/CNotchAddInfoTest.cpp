@@ -22,6 +22,8 @@ constexpr double kOther = 7.0;
 const OutlinePoints kRectangle = {{0, 0}, {1000, 0}, {1000, 200}, {0, 200}, {0, 0}};
 const OutlinePoints kStraightVertex = {{0, 0}, {500, 0}, {1000, 0}, {1000, 200}, {0, 200}, {0, 0}};
 const OutlinePoints kThinStep = {{0, 0}, {1000, 0}, {1000, 200}, {500, 200}, {500, 199.96}, {0, 199.96}, {0, 0}};
+/// 0.1005 high.
+const OutlinePoints kStep = {{0, 0}, {1000, 0}, {1000, 200}, {500, 200}, {500, 199.8995}, {0, 199.8995}, {0, 0}};
 const OutlinePoints kCrossing = {{0, 0}, {100, 0}, {100, 80}, {50, -20}, {0, 80}, {0, 0}};
 const OutlinePoints kTrapezoid = {{0, 0}, {100, 0}, {80, 50}, {20, 50}, {0, 0}};
 const OutlinePoints kSkewed = {{0, 0}, {100, 0}, {300, 200}, {200, 200}, {0, 0}};
@@ -29,6 +31,8 @@ const OutlinePoints kSkewed = {{0, 0}, {100, 0}, {300, 200}, {200, 200}, {0, 0}}
 const OutlinePoints kLShape = {{0, 0}, {1000, 0}, {1000, 200}, {100, 200}, {100, 150}, {0, 150}, {0, 0}};
 const OutlinePoints kChamferedLShape =
     {{0, 0}, {1000, 0}, {1000, 200}, {100, 200}, {100, 150.1}, {99.9, 150}, {0, 150}, {0, 0}};
+const OutlinePoints kHardlyChamferedLShape =
+    {{0, 0}, {1000, 0}, {1000, 200}, {100, 200}, {100, 150.05}, {99.95, 150}, {0, 150}, {0, 0}};
 /// Cut-aways of 100 x 50 around (50, 25) and of 100 x 60 around (950, 30).
 const OutlinePoints kBothEndsNotched =
     {{100, 0}, {900, 0}, {900, 60}, {1000, 60}, {1000, 200}, {0, 200}, {0, 50}, {100, 50}, {100, 0}};
@@ -109,6 +113,7 @@ TEST(CNotchAddInfoTest, TakesWhatAContourCutsOrShows) {
         // Every point of the contour counts for its position, the one in the middle of an edge too.
         {"a straight vertex", 0, kStraightVertex, eNotchNone, {500, 80, 6, 0, 0}, {}},
         {"step too thin for a notch", 0, kThinStep, eNotchNone, {500, 799.92 / 6, 7, 0, 0}, {}},
+        {"step just thick enough", 0, kStep, eNotchValid, {250, 199.94975, 5, 500, 0.1005}, {}},
         {"crossing itself", 0, kCrossing, eNotchNone, {50, 28, 6, 0, 0}, {}},
         {"L", 0, kLShape, eNotchValid, {50, 175, 5, 100, 50}, {}},
         {"both ends notched", 0, kBothEndsNotched, eNotchValid, {50, 25, 5, 100, 50}, {{950, 30, 5, 100, 60}}},
@@ -126,6 +131,11 @@ TEST(CNotchAddInfoTest, TakesWhatAContourCutsOrShows) {
         ExpectNotchesOf(each, each.points);
         ExpectNotchesOf(each, Reversed(each.points));
     }
+}
+
+TEST(CNotchAddInfoTest, CornersNearEachOtherAreOne) {
+    for (const OutlinePoints& points : {kHardlyChamferedLShape, Reversed(kHardlyChamferedLShape)})
+        EXPECT_EQ(NotchOf(points, kExternal).GetNoOfVertices(), 5);
 }
 
 TEST(CNotchAddInfoTest, AnOutlineThatCutsNothingIsHeldItself) {

@@ -154,8 +154,8 @@ TEST(SelfCrossingTest, EqualsPlainWindingNumbers) {
     }
 }
 
-/// So many edges that they are sorted; some cross where two vertices have changed places, or one lies
-/// on the other side.
+/// So many edges that they are sorted; some cross where two vertices have changed places, or one
+/// lies on the other side.
 TEST(SelfCrossingTest, ManyEdgesEqualPlainWindingNumbers) {
     std::mt19937_64 random(11);
     int crossing = 0;
@@ -220,7 +220,8 @@ TEST(SelfCrossingTest, OfVeryManyEdgesTheOneThatTouchesIsTold) {
             for (std::size_t i = 1; i < c.instead.size(); ++i)
                 points.insertAt(kAt + 1 + static_cast<long>(i), c.instead[i]);
             for (ZetGeomPoint2d& p : points)
-                p = {4.0 * p.x - 3.0 * std::abs(length) * p.y, 3.0 * p.x + 4.0 * std::abs(length) * p.y};
+                p = {4.0 * p.x - 3.0 * std::abs(length) * p.y,
+                     3.0 * p.x + 4.0 * std::abs(length) * p.y};
             if (length < 0.0)
                 points = TurnedBy90(TurnedBy90(points));
             const auto told = FindSelfCrossing({points.begin(), points.end()});
@@ -311,7 +312,7 @@ TEST(SelfCrossingTest, ContactsOfVeryManyEdgesAreToldOnTheGrid) {
     for (const ZetGeomPoint2d& p : {
              ZetGeomPoint2d{1500.002, -3999.999},
              {1500.001, -3999.999},
-             {1500.001, -4000}
+             {1500.001, -4000    }
     })
         points.insertAt(++at, p);
     EXPECT_TRUE(FindSelfCrossing({points.begin(), points.end()}).has_value());

@@ -138,10 +138,16 @@ TEST(ZetGeomAugPolygonTest, TakesTheSmallestRectangleUnlessAnUprightOneIsNearlyA
     }
     constexpr double kNone = std::numeric_limits<double>::quiet_NaN();
     for (const ZetGeomPoint2d& p : {
-             ZetGeomPoint2d{5, kNone},
-             {kNone, 5}
+             ZetGeomPoint2d{5,     kNone},
+             {kNone, 5    }
     })
-        EXPECT_EQ(Polygon({{0, 0}, p, {9, 9}}).getMinRectangle().getLength(), 0);
+        EXPECT_EQ(Polygon({
+                              {0, 0},
+                              p, {9, 9}
+        })
+                      .getMinRectangle()
+                      .getLength(),
+                  0);
     EXPECT_EQ(ZetGeomAugPolygon().getMinRectangle().getLength(), 0);
     // Three equal ones: along the side that comes first.
     const OutlinePoints equal = {
@@ -276,7 +282,8 @@ TEST(ZetGeomAugPolygonTest, TheLeastRectangleTurnsWithItsOutline) {
                     return ZetGeomPoint2d{scale * p.x, scale * p.y};
                 });
             };
-            const OutlinePoints rectangle = Polygon(placed(c.outline)).getMinRectangle().getVertices();
+            const OutlinePoints rectangle =
+                Polygon(placed(c.outline)).getMinRectangle().getVertices();
             EXPECT_NEAR((rectangle[1] - rectangle[0]).length(), scale * c.width, 1e-6);
             EXPECT_NEAR((rectangle[0] - placed({c.start})[0]).length(), 0.0, 1e-6);
         }

@@ -101,8 +101,7 @@ TEST_F(ZetFileAccessTest, ReadsCharactersAcrossItsBufferAndBadBytes) {
     EXPECT_EQ(file.ReadChar(), ZetFileAccess::kEndOfFile);
 
     for (std::size_t inside = 1; inside < 4; ++inside) {
-        m_folder.Write("parted.txt",
-                       std::string(64 * 1024 - inside, 'x') + "\xF0\x9F\x94\xA9");
+        m_folder.Write("parted.txt", std::string(64 * 1024 - inside, 'x') + "\xF0\x9F\x94\xA9");
         ASSERT_TRUE(file.Open(m_folder.NameOf("parted.txt"), L"r"));
         for (std::size_t i = 0; i < 64 * 1024 - inside; ++i)
             ASSERT_EQ(file.ReadChar(), L'x');
