@@ -61,7 +61,9 @@ TEST(MemberSortingTest, SortingEqualsPlainSteps) {
         const auto expected = PlainSorted({list.begin(), list.end()});
         for (long i = 1; i < list.length(); ++i) {
             const CMxPeilaib* const pair[] = {list[i - 1], list[i]};
-            ASSERT_EQ(CMxPeilaib::compare(&pair[0], &pair[1]), PlainCompare(*pair[0], *pair[1]));
+            CMxGeom::SetTol(static_cast<eToleranceType>(5), kOther);
+            const int compared = CMxPeilaib::compare(&pair[0], &pair[1]);
+            ASSERT_EQ(compared, PlainCompare(*pair[0], *pair[1]));
         }
         CMxGeom::SetTol(static_cast<eToleranceType>(5), kOther);
         camdata::detail::SortMembers(list);

@@ -85,8 +85,9 @@ class JobRun {
     /// host was told, the faults, and all files; there "$" is a line feed.
     std::string Outcome() {
         // As good as the one that was filled.
-        m_accumulator = CMxCamGlobAcc(std::move(m_accumulator));
-        const std::string assertion = AssertionOf([&] { m_accumulator.WriteOutPut(); });
+        CMxCamGlobAcc accumulator(std::move(m_accumulator));
+        EXPECT_EQ(accumulator.GetCount(), static_cast<long>(m_members.size()));
+        const std::string assertion = AssertionOf([&] { accumulator.WriteOutPut(); });
         std::string text = assertion == "none" ? "" : "assertion " + assertion + "\n";
         for (const std::string& line : m_log)
             text += line + "\n";
@@ -94,9 +95,9 @@ class JobRun {
             text += member.NestText();
         for (const HostPrint& print : HostPrints())
             text += "host: " + ZetString(print.text).toUtf8();
-        for (const FileFault& fault : m_accumulator.GetFileFaults())
+        for (const FileFault& fault : accumulator.GetFileFaults())
             text += "cannot open " + WritingMember::PlainName(fault.fileName) + "\n";
-        m_accumulator = CMxCamGlobAcc();
+        accumulator = CMxCamGlobAcc();
         return text + Files();
     }
 
