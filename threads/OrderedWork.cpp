@@ -4,9 +4,9 @@
 
 namespace threads {
 
-OrderedWork::OrderedWork(std::size_t count, unsigned threads, Work work)
+OrderedWork::OrderedWork(std::size_t count, unsigned threads, Work work, Taker taker)
     : m_count(count), m_work(std::move(work)), m_states(WindowOf(threads)) {
-    Start(threads);
+    Start(threads, taker);
 }
 
 OrderedWork::~OrderedWork() {
@@ -25,8 +25,9 @@ std::size_t OrderedWork::WindowOf(unsigned threads) {
     return threads > 1 ? kPiecesAThread * threads : 1;
 }
 
-void OrderedWork::Start(unsigned threads) {
-    const std::size_t useful = std::min<std::size_t>(threads, m_count);
+void OrderedWork::Start(unsigned threads, Taker taker) {
+    const std::size_t atWork = m_count + (taker == Taker::kComesLater ? 1 : 0);
+    const std::size_t useful = std::min<std::size_t>(threads, atWork);
     try {
         m_threads.reserve(useful);
         while (m_threads.size() + 1 < useful)

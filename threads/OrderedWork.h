@@ -20,10 +20,15 @@ namespace threads {
 class OrderedWork {
   public:
     using Work = std::function<void(std::size_t piece)>;
+    /// The thread that takes the pieces.
+    enum class Taker {
+        kWaits,       ///< for the first of them, at once
+        kComesLater,  ///< has other work before: the others begin without it
+    };
 
     /// `work` is called once for each piece, in several threads at a time. Where the system has no
     /// more threads to give, those that there are do it.
-    OrderedWork(std::size_t count, unsigned threads, Work work);
+    OrderedWork(std::size_t count, unsigned threads, Work work, Taker taker = Taker::kWaits);
     /// What is begun is ended, nothing more is begun.
     ~OrderedWork();
     OrderedWork(const OrderedWork&) = delete;
@@ -43,7 +48,7 @@ class OrderedWork {
     };
     using Lock = std::unique_lock<std::mutex>;
 
-    void Start(unsigned threads);
+    void Start(unsigned threads, Taker taker);
     void Serve();
     bool IsAnyToBegin() const;
     void DoOne(Lock& lock);
@@ -66,10 +71,17 @@ class ResultsInOrder {
   public:
     using Make = std::function<Result(std::size_t piece)>;
 
-    ResultsInOrder(std::size_t count, unsigned threads, Make make)
+    ResultsInOrder(std::size_t count,
+                   unsigned threads,
+                   Make make,
+                   OrderedWork::Taker taker = OrderedWork::Taker::kWaits)
         : m_make(std::move(make)),
           m_results(OrderedWork::WindowOf(threads)),
-          m_work(count, threads, [this](std::size_t piece) { PlaceOf(piece) = m_make(piece); }) {}
+          m_work(
+              count,
+              threads,
+              [this](std::size_t piece) { PlaceOf(piece) = m_make(piece); },
+              taker) {}
 
     /// Of the next piece; once for each.
     Result Next() {

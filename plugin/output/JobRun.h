@@ -144,13 +144,13 @@ class JobRun {
     /// That make plans and lists; one without it.
     void SetThreads(unsigned threads) { m_threads = threads; }
     /// For what takes little time for each member: a few are done sooner than a thread is started.
-    /// After Write.
+    /// When all are taken.
     unsigned GetThreadsForMembers() const;
 
     /// Files of the job that take no part, a line each; the additional information lists them.
     void SetLeftOut(std::vector<ZetString> lines) { m_leftOut = std::move(lines); }
 
-    /// Called when the files of the members are whole and closed, before plans are made.
+    /// Called when the files of the members are whole and closed, while plans are made.
     void SetOnMembersWritten(std::function<void()> call) { m_onMembersWritten = std::move(call); }
 
     /// Asked before each member that is written; true ends the run.
@@ -186,6 +186,7 @@ class JobRun {
 
   private:
     class Writing;
+    class Planning;
     struct Cancelled {};
 
     /// Makes the date of a job today, as long as it lives.
@@ -213,12 +214,13 @@ class JobRun {
                                   std::vector<FormatFault>& faults);
     std::vector<FormattedGroup> GroupsOf(std::size_t file) const;
     void SetUpGroups();
+    void OrderMembers();
+    bool AreAllSettled() const;
     void WriteTotals(const ZetString& folder);
     void SetUpAdditionalInfo();
     void EndLines(const std::filesystem::path& folder);
     bool IsAnyGroupNested() const;
     std::optional<std::size_t> NumberOfPlan(const Member& member);
-    void MakePlans();
     /// Several threads may each make one.
     ProfilePlan PlanFor(const std::vector<std::size_t>& members, unsigned threads) const;
     void TakePlan(ProfilePlan plan);
@@ -243,7 +245,8 @@ class JobRun {
         const Member* first = nullptr;
     };
     std::map<PlanKey, PlannedTogether> m_numberOfPlan;
-    GroupSections m_sections;  ///< from Write on
+    GroupSections m_sections;          ///< from Write on
+    std::vector<std::size_t> m_order;  ///< from Write on: positions of members, as they are written
     CMxCamGlobAcc m_accumulator;
     bool m_areRecordsKept = true;
     TextBlocks m_records;  ///< of each member until it is written; unless they are kept
@@ -256,7 +259,6 @@ class JobRun {
     long m_nextBar = 1;
     std::vector<ZetString> m_planFaults;
     std::vector<FormatConflict> m_formatConflicts;
-    std::vector<std::size_t> m_written;  ///< positions of members, as they were written
     CancelCheck m_isCancelled;
     std::function<void()> m_onMembersWritten;
 };

@@ -2,9 +2,11 @@
 #include "job/FileNames.h"
 #include "job/Utf8Path.h"
 #include "plugin/output/JobRunMember.h"
+#include "plugin/output/JobRunPlanning.h"
 #include "plugin/output/LineEnds.h"
 #include "plugin/rules/ArrayFromVector.h"
 
+#include "camdata/member/MemberSorting.h"
 #include "camdata/util/CMxUtil.h"
 
 #include <algorithm>
@@ -26,7 +28,7 @@ CMxGroups GroupOf(const job::Group& source, const GroupSection& section, std::si
     group.setValues(static_cast<long>(position),
                     std::move(files),
                     ArrayFromVector(section.headerLines),
-                    ArrayFromVector(source.sortKeys));
+                    {});  // the run has its members in order
     // Whether the group is nested or not: plans are made profile by profile.
     group.SetNesting(false);
     return group;
@@ -54,6 +56,13 @@ class JobRun::Writing {
 
 bool JobRun::Write(const std::filesystem::path& folder, const CancelCheck& isCancelled) {
     const ZetString folderText = TextOf(folder / "");
+    SetUpGroups();
+    OrderMembers();
+    std::optional<Planning> plans;
+    if (AreAllSettled())
+        plans.emplace(
+            *this,
+            GetThreadsForMembers() > 1 ? Planning::Taker::kComesLater : Planning::Taker::kWaits);
     try {
         WriteMembers(folderText, isCancelled);
     } catch (const Cancelled&) {
@@ -65,7 +74,9 @@ bool JobRun::Write(const std::filesystem::path& folder, const CancelCheck& isCan
     WriteFormattedFiles(folder);
     if (m_onMembersWritten)
         m_onMembersWritten();
-    MakePlans();
+    if (!plans)
+        plans.emplace(*this, Planning::Taker::kWaits);
+    plans->Finish(*this);
     // A wrong plan reaches no file.
     if (!m_planFaults.empty() || !m_formatConflicts.empty())
         return true;
@@ -79,10 +90,9 @@ bool JobRun::Write(const std::filesystem::path& folder, const CancelCheck& isCan
 void JobRun::WriteMembers(const ZetString& folder, const CancelCheck& isCancelled) {
     const Writing writing(*this, isCancelled);
     SetUpFiles(folder);
-    SetUpGroups();
     SetUpAdditionalInfo();
-    for (const auto& member : m_members)
-        m_accumulator.Append(member.get());
+    for (const std::size_t position : m_order)
+        m_accumulator.Append(m_members[position].get());
     m_accumulator.WriteOutPut();
     m_faults = m_accumulator.GetFileFaults();
     // Its lines, of all members, are written, too.
@@ -126,6 +136,29 @@ void JobRun::SetUpGroups() {
         groups.append(GroupOf(m_job.groups[section.group], section, position));
     }
     m_accumulator.appendGroups(std::move(indexMap), std::move(groups));
+}
+
+/// As the library would sort them, so that plans need not wait until it has written them.
+void JobRun::OrderMembers() {
+    std::vector<ZetArray<CMxPeilaib*>> sections(m_sections.GetSections().size());
+    for (const auto& member : m_members) {
+        const job::Group& group = m_job.groups[member->GetGroupPosition()];
+        member->SetSortOrderArr(ArrayFromVector(group.sortKeys));
+        sections[static_cast<std::size_t>(member->GetGroupID())].append(member.get());
+    }
+    m_order.reserve(m_members.size());
+    for (ZetArray<CMxPeilaib*>& section : sections) {
+        camdata::detail::SortMembers(section);
+        for (const CMxPeilaib* member : section)
+            m_order.push_back(static_cast<const Member*>(member)->GetPosition());
+    }
+}
+
+/// Parts of assemblies are settled while they are written.
+bool JobRun::AreAllSettled() const {
+    return std::none_of(m_members.begin(), m_members.end(), [](const auto& member) {
+        return member->getIsPartOfAssy();
+    });
 }
 
 void JobRun::SetUpAdditionalInfo() {
@@ -192,16 +225,16 @@ void JobRun::EndLines(const std::filesystem::path& folder) {
 std::vector<FormattedGroup> JobRun::GroupsOf(std::size_t file) const {
     std::map<std::size_t, std::size_t> placeOfSection;
     std::vector<FormattedGroup> groups;
-    for (const std::size_t written : m_written) {
-        const Member& member = *m_members[written];
+    for (const std::size_t position : m_order) {
+        const Member& member = *m_members[position];
         const job::Group& group = m_job.groups[member.GetGroupPosition()];
         const bool isInFile =
             std::find(group.files.begin(), group.files.end(), file) != group.files.end();
         if (!isInFile || !member.IsMade())
             continue;
-        const std::size_t position = m_sections.PositionOf(member);
-        const GroupSection& section = m_sections.GetSections()[position];
-        const auto [at, isNew] = placeOfSection.insert({position, groups.size()});
+        const std::size_t ofSection = m_sections.PositionOf(member);
+        const GroupSection& section = m_sections.GetSections()[ofSection];
+        const auto [at, isNew] = placeOfSection.insert({ofSection, groups.size()});
         if (isNew)
             groups.push_back({group.id, section.name, section.headerLines, {}});
         groups[at->second].members.push_back(member.GetFormatted(*m_job.files[file].format));

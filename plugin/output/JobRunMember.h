@@ -35,12 +35,13 @@ class JobRun::Member final : public JobMember {
         if (m_run->m_isCancelled && m_run->m_isCancelled())
             throw Cancelled();
         JobMember::WriteMemOutPut(files, secondaryParts);
-        m_run->m_written.push_back(m_position);
         if (!m_run->m_areRecordsKept)
             m_run->m_records.Drop(m_storedRecords);
     }
 
     void StoreRecords(TextBlocks& blocks) { m_storedRecords = blocks.Add(TakeRecords().text); }
+    /// Among the members of the run.
+    std::size_t GetPosition() const { return m_position; }
     /// Of its NC file, without folder; "" when it was not told.
     const ZetString& GetFileName() const { return m_fileName; }
     /// When it is made.

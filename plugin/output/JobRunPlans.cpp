@@ -2,7 +2,7 @@
 #include "job/Remnants.h"
 #include "plugin/output/CuttingList.h"
 #include "plugin/output/JobRunMember.h"
-#include "threads/OrderedWork.h"
+#include "plugin/output/JobRunPlanning.h"
 
 #include <algorithm>
 #include <map>
@@ -49,24 +49,36 @@ std::optional<std::size_t> JobRun::NumberOfPlan(const Member& member) {
         .first->second.number;
 }
 
-void JobRun::MakePlans() {
-    std::vector<std::vector<std::size_t>> together(m_numberOfPlan.size());
-    for (const std::size_t position : m_written) {
-        const Member& member = *m_members[position];
+/// Bars in hand that one plan takes are not there for the next. A single profile is shared out
+/// itself, among those that are not busy.
+JobRun::Planning::Planning(const JobRun& run, Taker taker)
+    : m_profiles(ProfilesOf(run)),
+      m_plans(
+          m_profiles.size(),
+          run.m_bars.AreLimited() ? 1 : run.m_threads,
+          [this, &run, busy = taker == Taker::kComesLater ? 1U : 0U](std::size_t profile) {
+              const unsigned forOne = std::max(run.GetThreadsForMembers(), busy + 1) - busy;
+              return run.PlanFor(m_profiles[profile], m_profiles.size() == 1 ? forOne : 1);
+          },
+          taker) {}
+
+JobRun::Planning::Profiles JobRun::Planning::ProfilesOf(const JobRun& run) {
+    Profiles together(run.m_numberOfPlan.size());
+    for (const std::size_t position : run.m_order) {
+        const Member& member = *run.m_members[position];
         if (member.GetNumberOfPlan() && member.IsMade())
             together[*member.GetNumberOfPlan()].push_back(position);
     }
-    std::vector<const std::vector<std::size_t>*> profiles;
-    for (const auto& [key, planned] : m_numberOfPlan)
+    Profiles profiles;
+    for (const auto& [key, planned] : run.m_numberOfPlan)
         if (!together[planned.number].empty())
-            profiles.push_back(&together[planned.number]);
-    const unsigned atATime = m_bars.AreLimited() ? 1 : m_threads;
-    // A single profile is shared out itself.
-    const unsigned forEach = profiles.size() == 1 ? GetThreadsForMembers() : 1;
-    threads::ResultsInOrder<ProfilePlan> plans(
-        profiles.size(), atATime, [&](std::size_t i) { return PlanFor(*profiles[i], forEach); });
-    for (std::size_t i = 0; i < profiles.size(); ++i)
-        TakePlan(plans.Next());
+            profiles.push_back(std::move(together[planned.number]));
+    return profiles;
+}
+
+void JobRun::Planning::Finish(JobRun& run) {
+    for (std::size_t i = 0; i < m_profiles.size(); ++i)
+        run.TakePlan(m_plans.Next());
 }
 
 void JobRun::TakePlan(ProfilePlan plan) {
@@ -83,7 +95,7 @@ void JobRun::TakePlan(ProfilePlan plan) {
 
 unsigned JobRun::GetThreadsForMembers() const {
     constexpr std::size_t kWorthAThread = 500;
-    return m_written.size() < kWorthAThread ? 1 : m_threads;
+    return m_members.size() < kWorthAThread ? 1 : m_threads;
 }
 
 ProfilePlan JobRun::PlanFor(const std::vector<std::size_t>& members, unsigned threads) const {
