@@ -59,18 +59,18 @@ bool JobRunner::Write(plugin::JobRun& run, StagedOutput& output) {
 }
 
 void JobRunner::TakeMembers(plugin::JobRun& run) {
-    std::vector<plugin::MemberResult> members = run.TakeMemberResults();
-    m_report.members.reserve(members.size());
-    for (std::size_t i = 0; i < members.size(); ++i) {
-        for (plugin::FeatureNote& note : members[i].notes) {
+    m_report.members.reserve(m_memberFiles.size());
+    for (std::size_t i = 0; i < m_memberFiles.size(); ++i) {
+        plugin::MemberResult member = run.TakeMemberResult(i);
+        for (plugin::FeatureNote& note : member.notes) {
             ++m_report.input.notes;
             m_report.notes.push_back({
                 m_memberFiles[i].name,
                 {dstv::NcNote::Severity::kNote, note.feature.tag, std::move(note.text)}
             });
         }
-        NoteUnprinted(m_memberFiles[i].name, members[i]);
-        m_report.members.push_back({std::move(members[i]),
+        NoteUnprinted(m_memberFiles[i].name, member);
+        m_report.members.push_back({std::move(member),
                                     std::move(m_memberFiles[i]),
                                     m_memberAccounts[i].numbers,
                                     std::move(m_memberAccounts[i].features)});
@@ -117,8 +117,8 @@ void JobRunner::TakeResults(plugin::JobRun& run, const fs::path& staging) {
     for (const plugin::GroupResult& group : run.GetGroupResults())
         m_report.groups.push_back({m_job.groups[group.group].id, group});
     m_report.profiles = run.GetProfileResults();
-    for (const plugin::ProfilePlan& plan : run.GetPlans())
-        m_report.plans.push_back({m_job.groups[plan.group].id, plan});
+    for (plugin::ProfilePlan& plan : run.TakePlans())
+        m_report.plans.push_back({m_job.groups[plan.group].id, std::move(plan)});
     for (const fs::path& name : FileNames(run.GetProjectInfo().GetFileName())) {
         m_report.files.push_back({OutputName(name), SizeOf(staging / name, OutputName(name))});
     }

@@ -144,17 +144,14 @@ JobRun::Added JobRun::Add(ZetNCEntity& entity) {
 
 // ---- results ------------------------------------------------------------------------------------
 
-std::vector<MemberResult> JobRun::TakeMemberResults() {
-    std::vector<MemberResult> results;
-    results.reserve(m_members.size());
-    for (const auto& member : m_members) {
-        results.push_back(member->GetResult());
-        results.back().findings = member->TakeFindings();
-        results.back().setAside = member->TakeSetAside();
-        results.back().notes = member->TakeNotes();
-        results.back().records = member->TakeRecords();
-    }
-    return results;
+MemberResult JobRun::TakeMemberResult(std::size_t position) {
+    Member& member = *m_members[position];
+    MemberResult result = member.GetResult();
+    result.findings = member.TakeFindings();
+    result.setAside = member.TakeSetAside();
+    result.notes = member.TakeNotes();
+    result.records = member.TakeRecords();
+    return result;
 }
 
 std::vector<GroupResult> JobRun::GetGroupResults() const {
@@ -172,7 +169,7 @@ std::vector<GroupResult> JobRun::GetGroupResults() const {
     return results;
 }
 
-std::vector<ProfileResult> JobRun::GetProfileResults() const {
+std::vector<ProfileResult> JobRun::SumProfiles() const {
     std::map<std::wstring_view, SteelTotals> profiles;
     for (const auto& member : m_members)
         if (member->GetOutcome().IsMade())

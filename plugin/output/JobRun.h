@@ -162,12 +162,12 @@ class JobRun {
     /// What could not be opened, written or closed.
     const ZetArray<FileFault>& GetFileFaults() const { return m_faults; }
 
-    /// In the order in which they were added. After Write; their lists once.
-    std::vector<MemberResult> TakeMemberResults();
+    /// `position`: in the order in which they were added. After Write; the lists of each once.
+    MemberResult TakeMemberResult(std::size_t position);
     /// By position. After Write.
     std::vector<GroupResult> GetGroupResults() const;
     /// By name. After Write.
-    std::vector<ProfileResult> GetProfileResults() const;
+    const std::vector<ProfileResult>& GetProfileResults() const { return m_profiles; }
     /// Why members that were added cannot be cut as the job says; one sentence each.
     std::vector<ZetString> FindPlanConflicts() const;
     /// Why a file as a whole, or one of its groups, cannot be written in its format; a sentence.
@@ -180,6 +180,8 @@ class JobRun {
     /// By group, then by profile and material; empty without nested groups that have valid members.
     /// After Write.
     const std::vector<ProfilePlan>& GetPlans() const { return m_plans; }
+    /// The same, once: the run has none then.
+    std::vector<ProfilePlan> TakePlans() { return std::move(m_plans); }
     /// What was wrong with a plan, one sentence each: a fault of the program. What Write has
     /// written is of no use then.
     const std::vector<ZetString>& GetPlanFaults() const { return m_planFaults; }
@@ -216,6 +218,7 @@ class JobRun {
     void SetUpGroups();
     void OrderMembers();
     bool AreAllSettled() const;
+    std::vector<ProfileResult> SumProfiles() const;
     void WriteTotals(const ZetString& folder);
     void SetUpAdditionalInfo();
     void EndLines(const std::filesystem::path& folder);
@@ -255,6 +258,7 @@ class JobRun {
     BarsInHand m_bars;
     unsigned m_threads = 1;
     cutting::Planner m_planner = &cutting::MakeLeastPlan;
+    std::vector<ProfileResult> m_profiles;
     std::vector<ProfilePlan> m_plans;
     long m_nextBar = 1;
     std::vector<ZetString> m_planFaults;

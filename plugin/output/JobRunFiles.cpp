@@ -68,6 +68,7 @@ bool JobRun::Write(const std::filesystem::path& folder, const CancelCheck& isCan
     } catch (const Cancelled&) {
         return false;
     }
+    m_profiles = SumProfiles();
     if (m_job.hasInfoTotals && m_faults.isEmpty())
         WriteTotals(folderText);
     EndLines(folder);
@@ -200,7 +201,7 @@ void JobRun::WriteTotals(const ZetString& folder) {
     }
     lines.append(line(L"all", all));
     lines.append(head(L"Profiles"));
-    for (const ProfileResult& profile : GetProfileResults())
+    for (const ProfileResult& profile : m_profiles)
         lines.append(line(job::EscapeControls(profile.profileName), profile.steel));
     const ZetString name = folder + GetFileName(m_job.files[job::kInfoFile].ending);
     m_faults.appendAll(

@@ -68,11 +68,13 @@ TEST(JobRun, MembersPartsAndMainPartsInTheirFiles) {
     EXPECT_TRUE(MatchesGoldenFolder(PLUGIN_GOLDEN_FOLDER "/assembly", folder.PathOf("")));
 
     std::string results;
-    for (const plugin::MemberResult& result : run.TakeMemberResults())
+    for (std::size_t i = 0; i < 6; ++i) {
+        const plugin::MemberResult result = run.TakeMemberResult(i);
         results += result.mark.toUtf8() + " " + std::to_string(result.group) + " x" +
                    std::to_string(result.quantity) + (result.outcome.isValid ? "" : " invalid") +
                    (result.outcome.hasWarnings ? " warned" : "") +
                    (result.outcome.isNonStandard ? " non-standard" : "") + ";";
+    }
     EXPECT_EQ(
         results,
         "M 2 x4 invalid;E 2 x1;D 2 x51 warned non-standard;C 1 x2 invalid;B 1 x1 warned;A 1 x6 warned;");
