@@ -22,7 +22,7 @@ ZetString NameOf(job::GroupSplit split, double thickness, const ZetString& text)
 }  // namespace
 
 GroupSections::Key GroupSections::KeyOf(const JobMember& member) const {
-    const std::optional<job::GroupSplit> split = m_job->groups[member.GetGroupPosition()].split;
+    const std::optional<job::GroupSplit> split = m_job.groups[member.GetGroupPosition()].split;
     if (split == job::GroupSplit::kThickness)
         return {member.GetProfileThick(), {}};
     if (split == job::GroupSplit::kProfile)
@@ -32,7 +32,7 @@ GroupSections::Key GroupSections::KeyOf(const JobMember& member) const {
 
 void GroupSections::Number() {
     for (std::size_t group = 0; group < m_positions.size(); ++group) {
-        const job::Group& source = m_job->groups[group];
+        const job::Group& source = m_job.groups[group];
         if (m_positions[group].empty())
             m_sections.push_back({group, {}, source.headerLines});
         for (auto& [key, position] : m_positions[group]) {

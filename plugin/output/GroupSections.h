@@ -22,15 +22,14 @@ struct GroupSection {
 /// without members has one, too.
 class GroupSections {
   public:
-    GroupSections() = default;
     /// The job must outlive it.
-    template <typename Members>
-    GroupSections(const job::Job& job, const Members& members)
-        : m_job(&job), m_positions(job.groups.size()) {
-        for (const auto& member : members)
-            m_positions[member->GetGroupPosition()][KeyOf(*member)] = 0;
-        Number();
+    explicit GroupSections(const job::Job& job) : m_job(job), m_positions(job.groups.size()) {}
+
+    void Add(const JobMember& member) {
+        m_positions[member.GetGroupPosition()].try_emplace(KeyOf(member));
     }
+    /// When all members are added; once.
+    void Number();
 
     const std::vector<GroupSection>& GetSections() const { return m_sections; }
     std::size_t PositionOf(const JobMember& member) const {
@@ -42,9 +41,8 @@ class GroupSections {
     using Key = std::pair<double, ZetString>;
 
     Key KeyOf(const JobMember& member) const;
-    void Number();
 
-    const job::Job* m_job = nullptr;
+    const job::Job& m_job;
     std::vector<std::map<Key, std::size_t>> m_positions;  ///< by group
     std::vector<GroupSection> m_sections;
 };

@@ -3,6 +3,7 @@
 #include "job/ControlCharacters.h"
 #include "job/Utf8Path.h"
 #include "plugin/output/JobRunMember.h"
+#include "plugin/rules/ArrayFromVector.h"
 #include "plugin/rules/MemberTypeSearch.h"
 
 #include "camdata/platform/system/Clock.h"
@@ -59,7 +60,7 @@ ZetString JobRun::TextOf(const std::filesystem::path& path) {
 }
 
 JobRun::JobRun(const job::Job& job, const std::filesystem::path& folder)
-    : m_job(job), m_rules(job), m_date(job.date), m_bars(job) {
+    : m_job(job), m_rules(job), m_date(job.date), m_sections(job), m_bars(job) {
     UseTolerances(job.tolerances);
     const ZetString location = TextOf(AbsoluteOf(folder) / "");
     m_accumulator.SetProjectInfo(new JobProjectInformation(job, location));
@@ -127,9 +128,14 @@ JobRun::Judged JobRun::Judge(ZetNCEntity& entity,
 void JobRun::Take(Judged judged) {
     if (judged.m_added != Added::kAdded)
         return;
-    judged.m_member->Join(*this, m_members.size());
+    // All that can be done while other threads judge the next ones.
+    Member& member = *judged.m_member;
+    member.Join(*this, m_members.size());
+    member.SetSortOrderArr(ArrayFromVector(m_job.groups[member.GetGroupPosition()].sortKeys));
     if (!m_areRecordsKept)
-        judged.m_member->StoreRecords(m_records);
+        member.StoreRecords(m_records);
+    m_sections.Add(member);
+    m_hasPartsOfAssemblies |= member.getIsPartOfAssy();
     m_members.push_back(std::move(judged.m_member));
 }
 

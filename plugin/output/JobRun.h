@@ -217,7 +217,6 @@ class JobRun {
     std::vector<FormattedGroup> GroupsOf(std::size_t file) const;
     void SetUpGroups();
     void OrderMembers();
-    bool AreAllSettled() const;
     std::vector<ProfileResult> SumProfiles() const;
     void WriteTotals(const ZetString& folder);
     void SetUpAdditionalInfo();
@@ -248,7 +247,8 @@ class JobRun {
         const Member* first = nullptr;
     };
     std::map<PlanKey, PlannedTogether> m_numberOfPlan;
-    GroupSections m_sections;          ///< from Write on
+    bool m_hasPartsOfAssemblies = false;
+    GroupSections m_sections;          ///< numbered from Write on
     std::vector<std::size_t> m_order;  ///< from Write on: positions of members, as they are written
     CMxCamGlobAcc m_accumulator;
     bool m_areRecordsKept = true;

@@ -59,7 +59,8 @@ bool JobRun::Write(const std::filesystem::path& folder, const CancelCheck& isCan
     SetUpGroups();
     OrderMembers();
     std::optional<Planning> plans;
-    if (AreAllSettled())
+    // Parts of assemblies are settled while they are written.
+    if (!m_hasPartsOfAssemblies)
         plans.emplace(
             *this,
             GetThreadsForMembers() > 1 ? Planning::Taker::kComesLater : Planning::Taker::kWaits);
@@ -126,9 +127,7 @@ ZetArray<ZetString> JobRun::MakeHeaderOf(const job::OutputFile& file) {
 
 /// To the library each section is a group, whose ID is its position everywhere.
 void JobRun::SetUpGroups() {
-    m_sections = GroupSections(m_job, m_members);
-    for (const auto& member : m_members)
-        member->SetGroupID(static_cast<long>(m_sections.PositionOf(*member)));
+    m_sections.Number();
     ZetArray<int> indexMap;
     ZetArray<CMxGroups> groups;
     for (const GroupSection& section : m_sections.GetSections()) {
@@ -143,9 +142,9 @@ void JobRun::SetUpGroups() {
 void JobRun::OrderMembers() {
     std::vector<ZetArray<CMxPeilaib*>> sections(m_sections.GetSections().size());
     for (const auto& member : m_members) {
-        const job::Group& group = m_job.groups[member->GetGroupPosition()];
-        member->SetSortOrderArr(ArrayFromVector(group.sortKeys));
-        sections[static_cast<std::size_t>(member->GetGroupID())].append(member.get());
+        const std::size_t section = m_sections.PositionOf(*member);
+        member->SetGroupID(static_cast<long>(section));
+        sections[section].append(member.get());
     }
     m_order.reserve(m_members.size());
     for (ZetArray<CMxPeilaib*>& section : sections) {
@@ -153,13 +152,6 @@ void JobRun::OrderMembers() {
         for (const CMxPeilaib* member : section)
             m_order.push_back(static_cast<const Member*>(member)->GetPosition());
     }
-}
-
-/// Parts of assemblies are settled while they are written.
-bool JobRun::AreAllSettled() const {
-    return std::none_of(m_members.begin(), m_members.end(), [](const auto& member) {
-        return member->getIsPartOfAssy();
-    });
 }
 
 void JobRun::SetUpAdditionalInfo() {
