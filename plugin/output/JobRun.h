@@ -217,6 +217,7 @@ class JobRun {
     std::vector<FormattedGroup> GroupsOf(std::size_t file) const;
     void SetUpGroups();
     void OrderMembers();
+    bool ArePlansMadeMeanwhile() const;
     std::vector<ProfileResult> SumProfiles() const;
     void WriteTotals(const ZetString& folder);
     void SetUpAdditionalInfo();

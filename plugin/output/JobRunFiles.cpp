@@ -59,8 +59,7 @@ bool JobRun::Write(const std::filesystem::path& folder, const CancelCheck& isCan
     SetUpGroups();
     OrderMembers();
     std::optional<Planning> plans;
-    // Parts of assemblies are settled while they are written.
-    if (!m_hasPartsOfAssemblies)
+    if (ArePlansMadeMeanwhile())
         plans.emplace(
             *this,
             GetThreadsForMembers() > 1 ? Planning::Taker::kComesLater : Planning::Taker::kWaits);
@@ -87,6 +86,13 @@ bool JobRun::Write(const std::filesystem::path& folder, const CancelCheck& isCan
     if (!m_job.cutting.remnants.empty())
         WriteRemnants(folderText + GetFileName(job::kRemnantsEnding));
     return true;
+}
+
+/// Parts of assemblies are settled only as they are written. Of very many members the plans would
+/// take memory beside all records.
+bool JobRun::ArePlansMadeMeanwhile() const {
+    constexpr std::size_t kMost = 20000;
+    return !m_hasPartsOfAssemblies && m_members.size() <= kMost;
 }
 
 void JobRun::WriteMembers(const ZetString& folder, const CancelCheck& isCancelled) {
