@@ -3,7 +3,6 @@
 #include "job/ControlCharacters.h"
 #include "job/Utf8Path.h"
 #include "plugin/output/JobRunMember.h"
-#include "plugin/rules/ArrayFromVector.h"
 #include "plugin/rules/MemberTypeSearch.h"
 
 #include "camdata/platform/system/Clock.h"
@@ -131,7 +130,6 @@ void JobRun::Take(Judged judged) {
     // All that can be done while other threads judge the next ones.
     Member& member = *judged.m_member;
     member.Join(*this, m_members.size());
-    member.SetSortOrderArr(ArrayFromVector(m_job.groups[member.GetGroupPosition()].sortKeys));
     if (!m_areRecordsKept)
         member.StoreRecords(m_records);
     m_sections.Add(member);

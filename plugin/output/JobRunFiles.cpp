@@ -153,10 +153,16 @@ void JobRun::OrderMembers() {
         sections[section].append(member.get());
     }
     m_order.reserve(m_members.size());
-    for (ZetArray<CMxPeilaib*>& section : sections) {
-        camdata::detail::SortMembers(section);
-        for (const CMxPeilaib* member : section)
+    for (std::size_t i = 0; i < sections.size(); ++i) {
+        const job::Group& group = m_job.groups[m_sections.GetSections()[i].group];
+        for (CMxPeilaib* member : sections[i])
+            member->SetSortOrderArr(ArrayFromVector(group.sortKeys));
+        camdata::detail::SortMembers(sections[i]);
+        // The library keeps the order: its groups have no keys.
+        for (CMxPeilaib* member : sections[i]) {
+            member->SetSortOrderArr({});
             m_order.push_back(static_cast<const Member*>(member)->GetPosition());
+        }
     }
 }
 
