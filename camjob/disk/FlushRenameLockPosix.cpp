@@ -14,11 +14,11 @@ std::error_code LastError() {
     return {errno, std::generic_category()};
 }
 
-std::error_code Flush(const std::filesystem::path& path, int flags) {
+std::error_code Flush(const std::filesystem::path& path, int flags, int (*flush)(int) = ::fsync) {
     const int file = ::open(path.c_str(), flags | O_CLOEXEC);
     if (file < 0)
         return LastError();
-    const std::error_code error = ::fsync(file) == 0 ? std::error_code() : LastError();
+    const std::error_code error = flush(file) == 0 ? std::error_code() : LastError();
     ::close(file);
     return error;
 }
@@ -30,15 +30,9 @@ std::error_code FlushFile(const std::filesystem::path& file) {
 }
 
 void BeginFlush(const std::filesystem::path& file) {
-#if defined(__linux__)
-    const int descriptor = ::open(file.c_str(), O_RDONLY | O_CLOEXEC);
-    if (descriptor < 0)
-        return;
-    ::sync_file_range(descriptor, 0, 0, SYNC_FILE_RANGE_WRITE);
-    ::close(descriptor);
-#else
-    static_cast<void>(file);
-#endif
+    Flush(file, O_RDONLY, [](int descriptor) {
+        return ::sync_file_range(descriptor, 0, 0, SYNC_FILE_RANGE_WRITE);
+    });
 }
 
 std::error_code FlushFolder(const std::filesystem::path& folder) {

@@ -38,12 +38,13 @@ std::string JobRunner::TextOf(const FileFault& fault) const {
 
 /// The disk has most of the output while plans are made.
 bool JobRunner::Write(plugin::JobRun& run, StagedOutput& output) {
-    run.SetOnMembersWritten([&] { output.BeginFlush(); });
     m_progress.Begin("writing", run.GetCount(), "members");
-    const bool isWritten = run.Write(output.GetStagingFolder(), [&] {
+    const auto isCancelled = [&] {
         m_progress.Step({});
         return m_system.isCancelled();
-    });
+    };
+    const bool isWritten =
+        run.Write(output.GetStagingFolder(), isCancelled, [&] { output.BeginFlush(); });
     if (!isWritten || m_system.isCancelled())
         return Cancel();
     for (const auto& [file, text] : run.GetFormatConflicts()) {

@@ -150,15 +150,15 @@ class JobRun {
     /// Files of the job that take no part, a line each; the additional information lists them.
     void SetLeftOut(std::vector<ZetString> lines) { m_leftOut = std::move(lines); }
 
-    /// Called when the files of the members are whole and closed, while plans are made.
-    void SetOnMembersWritten(std::function<void()> call) { m_onMembersWritten = std::move(call); }
-
     /// Asked before each member that is written; true ends the run.
     using CancelCheck = std::function<bool()>;
     /// Writes all files into `folder`, which must be there; the names end as job::OutputEndings.
     /// False when it was cancelled: all files are closed then, and what they hold is of no use.
-    /// Once per run.
-    bool Write(const std::filesystem::path& folder, const CancelCheck& isCancelled = {});
+    /// `onMembersWritten` is called when the files of the members are whole and closed, while plans
+    /// are made. Once per run.
+    bool Write(const std::filesystem::path& folder,
+               const CancelCheck& isCancelled = {},
+               const std::function<void()>& onMembersWritten = {});
     /// What could not be opened, written or closed.
     const ZetArray<FileFault>& GetFileFaults() const { return m_faults; }
 
@@ -265,7 +265,6 @@ class JobRun {
     std::vector<ZetString> m_planFaults;
     std::vector<FormatConflict> m_formatConflicts;
     CancelCheck m_isCancelled;
-    std::function<void()> m_onMembersWritten;
 };
 
 }  // namespace plugin

@@ -54,7 +54,9 @@ class JobRun::Writing {
     JobRun& m_run;
 };
 
-bool JobRun::Write(const std::filesystem::path& folder, const CancelCheck& isCancelled) {
+bool JobRun::Write(const std::filesystem::path& folder,
+                   const CancelCheck& isCancelled,
+                   const std::function<void()>& onMembersWritten) {
     const ZetString folderText = TextOf(folder / "");
     SetUpGroups();
     OrderMembers();
@@ -73,8 +75,8 @@ bool JobRun::Write(const std::filesystem::path& folder, const CancelCheck& isCan
         WriteTotals(folderText);
     EndLines(folder);
     WriteFormattedFiles(folder);
-    if (m_onMembersWritten)
-        m_onMembersWritten();
+    if (onMembersWritten)
+        onMembersWritten();
     if (!plans)
         plans.emplace(*this, Planning::Taker::kWaits);
     plans->Finish(*this);
@@ -155,8 +157,9 @@ void JobRun::OrderMembers() {
     m_order.reserve(m_members.size());
     for (std::size_t i = 0; i < sections.size(); ++i) {
         const job::Group& group = m_job.groups[m_sections.GetSections()[i].group];
+        const auto sortKeys = ArrayFromVector(group.sortKeys);
         for (CMxPeilaib* member : sections[i])
-            member->SetSortOrderArr(ArrayFromVector(group.sortKeys));
+            member->SetSortOrderArr(sortKeys);
         camdata::detail::SortMembers(sections[i]);
         // The library keeps the order: its groups have no keys.
         for (CMxPeilaib* member : sections[i]) {

@@ -68,8 +68,8 @@ TEST(JobRun, MembersPartsAndMainPartsInTheirFiles) {
     EXPECT_TRUE(MatchesGoldenFolder(PLUGIN_GOLDEN_FOLDER "/assembly", folder.PathOf("")));
 
     std::string results;
-    for (std::size_t i = 0; i < 6; ++i) {
-        const plugin::MemberResult result = run.TakeMemberResult(i);
+    for (long i = 0; i < run.GetCount(); ++i) {
+        const plugin::MemberResult result = run.TakeMemberResult(static_cast<std::size_t>(i));
         results += result.mark.toUtf8() + " " + std::to_string(result.group) + " x" +
                    std::to_string(result.quantity) + (result.outcome.isValid ? "" : " invalid") +
                    (result.outcome.hasWarnings ? " warned" : "") +

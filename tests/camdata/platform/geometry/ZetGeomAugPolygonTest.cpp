@@ -274,9 +274,10 @@ TEST(ZetGeomAugPolygonTest, TheLeastRectangleTurnsWithItsOutline) {
     };
     // clang-format on
     for (const Case& c : cases) {
-        for (int degrees = 3; degrees < 360; degrees += 7) {
-            SCOPED_TRACE(testing::Message() << c.name << " at " << degrees);
-            const double scale = degrees % 2 == 0 ? 1.0 : 1000.0;
+        for (int i = 0; i < 102; ++i) {
+            const int degrees = 3 + i / 2 * 7;
+            const double scale = i % 2 == 0 ? 1.0 : 1000.0;
+            SCOPED_TRACE(testing::Message() << c.name << " at " << degrees << " times " << scale);
             const auto placed = [&](const OutlinePoints& points) {
                 return Mapped(TurnedBy(points, degrees), [&](const ZetGeomPoint2d& p) {
                     return ZetGeomPoint2d{scale * p.x, scale * p.y};

@@ -74,8 +74,10 @@ TEST(Modules, FindsOnlyFunctionsThatTheModuleItselfExports) {
 
 TEST(Modules, OwnModuleIsTheLibraryNotTheProgram) {
 #if defined(_WIN32)
+    EXPECT_EQ(OwnModule(), FindLoadedModule(L"camdata.dll"));
     EXPECT_EQ(OwnModule(), FindLoadedModule(L"CAMDATA.dll"));
 #else
+    EXPECT_EQ(OwnModule(), FindLoadedModule(L"libcamdata.so.1"));
     EXPECT_EQ(OwnModule(), FindLoadedModule(L"libCAMDATA.so.1"));
 #endif
     EXPECT_NE(OwnModule(), nullptr);
