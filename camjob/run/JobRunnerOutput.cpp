@@ -44,7 +44,7 @@ bool JobRunner::Write(plugin::JobRun& run, StagedOutput& output) {
         return m_system.isCancelled();
     };
     const bool isWritten =
-        run.Write(output.GetStagingFolder(), isCancelled, [&] { output.BeginFlush(); });
+        run.Write(output.GetStagingFolder(), isCancelled, [&] { output.BeginFlush(run.GetThreadsForMembers()); });
     if (!isWritten || m_system.isCancelled())
         return Cancel();
     for (const auto& [file, text] : run.GetFormatConflicts()) {
