@@ -1,3 +1,5 @@
+#include "camdata/member/MemberNesting.h"
+
 #include "camdata/member/CMxPeilaib.h"
 #include "camdata/nesting/NestMaker.h"
 #include "camdata/util/MergeSort.h"
@@ -36,8 +38,15 @@ void CMxPeilaib::AppendNestQtyLen(long qty, double length, ZetString mark) {
 }
 
 void CMxPeilaib::Nesting() {
-    camdata::detail::NestMaker maker(PartsByLength(std::exchange(m_partsToNest, {})),
-                                     m_reserveLength);
+    camdata::detail::MakeNests(std::exchange(m_partsToNest, {}),
+                               m_reserveLength,
+                               [&](CMxNestParts nest) { m_nests.append(std::move(nest)); });
+}
+
+void camdata::detail::MakeNests(ZetArray<CMxParts> parts,
+                                double reserveLength,
+                                const NestTaker& take) {
+    NestMaker maker(PartsByLength(std::move(parts)), reserveLength);
     while (maker.HasParts())
-        m_nests.append(maker.Next());
+        take(maker.Next());
 }

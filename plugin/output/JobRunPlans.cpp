@@ -99,7 +99,7 @@ unsigned JobRun::GetThreadsForMembers() const {
 }
 
 ProfilePlan JobRun::PlanFor(const std::vector<std::size_t>& members, unsigned threads) const {
-    Member& first = *m_members[members.front()];
+    const Member& first = *m_members[members.front()];
     PartsOfProfile parts;
     parts.group = first.GetGroupPosition();
     parts.profileName = first.GetProfileName();
@@ -121,7 +121,10 @@ ProfilePlan JobRun::PlanFor(const std::vector<std::size_t>& members, unsigned th
         std::move(parts),
         PlanOf(m_job, together),
         std::move(stocks),
-        {m_planner, [&](ZetArray<CMxParts> pieces) { return first.MakeNests(std::move(pieces)); }},
+        {m_planner,
+         [&](ZetArray<CMxParts> pieces, const camdata::detail::NestTaker& take) {
+             first.MakeNests(std::move(pieces), take);
+         }},
         threads);
 }
 

@@ -109,7 +109,7 @@ cutting::Plan MakeGivenPlan(const ProfilePlan& plan, const NestMaker& makeNests)
         return given.bars[a].cuts < given.bars[b].cuts;
     };
     std::set<std::size_t, decltype(isCutBefore)> known(isCutBefore);
-    for (const CMxNestParts& nest : makeNests(PartsToNest(plan))) {
+    makeNests(PartsToNest(plan), [&](const CMxNestParts& nest) {
         cutting::PlannedBars bars = BarsOf(nest, plan);
         given.cost += bars.bars * plan.cutStocks[bars.stock].cost;
         // A nest is one bar or two; a large quantity gives many nests that are cut alike.
@@ -120,7 +120,7 @@ cutting::Plan MakeGivenPlan(const ProfilePlan& plan, const NestMaker& makeNests)
             given.bars[*alike].bars += count;
             given.bars.pop_back();
         }
-    }
+    });
     given.uncut = cutting::FindTooLong(plan.demand, plan.cutStocks);
     return given;
 }

@@ -3,7 +3,7 @@
 #include "cutting/Planner.h"
 #include "plugin/rules/BarStock.h"
 
-#include "camdata/nesting/CMxNestParts.h"
+#include "camdata/member/MemberNesting.h"
 #include "camdata/nesting/CMxParts.h"
 #include "camdata/platform/base/ZetArray.h"
 #include "camdata/platform/text/ZetString.h"
@@ -58,7 +58,7 @@ struct ProfilePlan : PartsOfProfile {
 };
 
 /// Makes the library's nests of some parts.
-using NestMaker = std::function<ZetArray<CMxNestParts>(ZetArray<CMxParts>)>;
+using NestMaker = std::function<void(ZetArray<CMxParts>, const camdata::detail::NestTaker&)>;
 
 /// Who makes the plans of each kind.
 struct PlanMakers {

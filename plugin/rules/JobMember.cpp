@@ -285,12 +285,10 @@ void JobMember::WriteMemWarnings(ZetFileAccess* file) {
 
 // ---- nesting ------------------------------------------------------------------------------------
 
-ZetArray<CMxNestParts> JobMember::MakeNests(ZetArray<CMxParts> parts) {
-    m_partsToNest = std::move(parts);
+void JobMember::MakeNests(ZetArray<CMxParts> parts, const camdata::detail::NestTaker& take) const {
     // With one kind of part, nesting reads what is there.
     CMxGeom::SetTol(eTolEPS);
-    Nesting();
-    return std::exchange(m_nests, {});
+    camdata::detail::MakeNests(std::move(parts), m_reserveLength, take);
 }
 
 }  // namespace plugin

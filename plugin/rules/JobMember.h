@@ -11,6 +11,7 @@
 #include "plugin/rules/ReachIndex.h"
 
 #include "camdata/member/CMxPeilaib.h"
+#include "camdata/member/MemberNesting.h"
 
 #include <algorithm>
 #include <array>
@@ -144,7 +145,7 @@ class JobMember : public CMxPeilaib {
     std::size_t GetGroupPosition() const;
 
     /// The library's nests of these parts, with the reserve of the member's group.
-    ZetArray<CMxNestParts> MakeNests(ZetArray<CMxParts> parts);
+    void MakeNests(ZetArray<CMxParts> parts, const camdata::detail::NestTaker& take) const;
     /// It is cut from bars with others.
     bool IsNested() const { return GetGroup().isNested; }
     /// Whom it is cut from bars with.
