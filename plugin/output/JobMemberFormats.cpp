@@ -40,7 +40,9 @@ ZetString Describe(const job::MachineFormat& format) {
 }  // namespace
 
 const FormattedMember* JobMember::GetFormatted(std::size_t format) const {
-    const auto at = m_formatted.find(format);
+    const auto at = std::find_if(m_formatted.begin(), m_formatted.end(), [&](const auto& each) {
+        return each.first == format;
+    });
     return at == m_formatted.end() ? nullptr : &at->second;
 }
 
@@ -60,8 +62,9 @@ void JobMember::WriteFormats() {
     MakeOperations();
     // What is taken out for one is taken out for all.
     const auto write = [&](std::size_t format) { return WriteFormat(format); };
-    while (!std::all_of(formats.begin(), formats.end(), write)) {
-    }
+    do
+        m_formatted.clear();
+    while (!std::all_of(formats.begin(), formats.end(), write));
     NoteSilent();
 }
 
@@ -94,8 +97,8 @@ void JobMember::NoteSilent() {
 bool JobMember::WriteFormat(std::size_t position) {
     std::vector<FormatFault> faults;
     const FormatWriter& writer = m_rules.GetFormats()[position];
-    m_formatted[position] =
-        writer.WriteMember(m_judging->machineMember, m_rules.GetFormatTexts(), faults);
+    m_formatted.emplace_back(
+        position, writer.WriteMember(m_judging->machineMember, m_rules.GetFormatTexts(), faults));
     return !FileFormatFaults(writer.GetFormat(), faults);
 }
 

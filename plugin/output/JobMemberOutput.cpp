@@ -140,7 +140,7 @@ void JobMember::GenerateOutPutStringForNotches() {
 /// Of trims that are the same, one is made for all.
 void JobMember::MakeTrims() {
     std::map<std::string, long> tags;  // by record
-    for (const Trim& trim : m_trims) {
+    for (const Trim& trim : m_judging->trims) {
         MachineOperation operation;
         operation.kind = MachineOperationKind::kTrim;
         operation.face = trim.face;
@@ -156,7 +156,7 @@ void JobMember::MakeTrims() {
 }
 
 void JobMember::MakeMitres() {
-    for (const ZetNCCut& cut : m_mitres) {
+    for (const ZetNCCut& cut : m_judging->mitres) {
         MachineOperation& operation = AddOperation(cut.hostTag);
         operation.kind = MachineOperationKind::kMitre;
         operation.end = cut.end;

@@ -93,7 +93,7 @@ bool JobRun::Write(const std::filesystem::path& folder,
 /// Parts of assemblies are settled only as they are written. Of very many members the plans would
 /// take memory beside all records.
 bool JobRun::ArePlansMadeMeanwhile() const {
-    constexpr std::size_t kMost = 2000000;
+    constexpr std::size_t kMost = 20000;
     return !m_hasPartsOfAssemblies && m_members.size() <= kMost;
 }
 

@@ -108,11 +108,15 @@ cutting::Plan MakeGivenPlan(const ProfilePlan& plan, const NestMaker& makeNests)
     const auto isCutBefore = [&](std::size_t a, std::size_t b) {
         return given.bars[a].cuts < given.bars[b].cuts;
     };
+    const auto mainPartOf = [&](std::size_t bars) { return given.bars[bars].cuts.front().part; };
     std::set<std::size_t, decltype(isCutBefore)> known(isCutBefore);
     makeNests(PartsToNest(plan), [&](const CMxNestParts& nest) {
         cutting::PlannedBars bars = BarsOf(nest, plan);
         given.cost += bars.bars * plan.cutStocks[bars.stock].cost;
-        // A nest is one bar or two; a large quantity gives many nests that are cut alike.
+        // A nest is one bar or two; a large quantity gives many nests that are cut alike. They begin
+        // with the same part, the first that is left.
+        if (!known.empty() && mainPartOf(*known.begin()) != bars.cuts.front().part)
+            known.clear();
         const cutting::Count count = bars.bars;
         given.bars.push_back(std::move(bars));
         const auto [alike, isNew] = known.insert(given.bars.size() - 1);

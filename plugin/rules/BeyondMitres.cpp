@@ -29,18 +29,18 @@ Shortening LeastShorteningBy(const ZetNCCut& cut,
 /// A web that stands anywhere between the edges of the flanges: a cut that only these show takes
 /// nothing from it for certain.
 bool JobMember::IsBeyondMitre(const ZetGeomPoint2d& centre, int viewPosition, double reach) const {
-    if (m_mitres.empty())
+    if (m_judging->mitres.empty())
         return false;
     const bool isPlane = m_judging->planes.count(viewPosition) != 0;
     if (IsRound() || (viewPosition > profiles::kBehind && !isPlane))
         return false;
     const SectionPlace place = SectionPlaceOf(centre, viewPosition);
     const bool isWeb = viewPosition == profiles::kFront || viewPosition == profiles::kBehind;
-    for (const ZetNCCut& mitre : m_mitres) {
+    for (const ZetNCCut& mitre : m_judging->mitres) {
         // A cut may be told twice, by the header and by itself.
         Shortening web;
         Shortening flange;
-        for (const ZetNCCut& cut : m_mitres) {
+        for (const ZetNCCut& cut : m_judging->mitres) {
             const bool isOnWeb = cut.face == ZetNCCut::eFaceWeb;
             const Shortening shortening =
                 isOnWeb ? LeastShorteningBy(cut, place.y, m_memType.GetHeaderData().height)
@@ -63,11 +63,11 @@ bool JobMember::IsBeyondMitre(const ZetGeomPoint2d& centre, int viewPosition, do
 bool JobMember::IsAtMitre(double minX, double maxX) const {
     const double height = m_memType.GetHeaderData().height;
     std::array<double, 2> slopes = {};  // by ZetNCCut::End; cuts across each other go deeper
-    for (const ZetNCCut& cut : m_mitres) {
+    for (const ZetNCCut& cut : m_judging->mitres) {
         double& slope = slopes[static_cast<std::size_t>(cut.end)];
         slope = std::hypot(slope, ShorteningBy(cut, 0.0, height).tangent);
     }
-    return std::any_of(m_mitres.begin(), m_mitres.end(), [&](const ZetNCCut& cut) {
+    return std::any_of(m_judging->mitres.begin(), m_judging->mitres.end(), [&](const ZetNCCut& cut) {
         const bool isAtStart = cut.end == ZetNCCut::eEndStart;
         const double toEnd = isAtStart ? minX - cut.x : cut.x - maxX;
         return toEnd < height * slopes[static_cast<std::size_t>(cut.end)];

@@ -36,7 +36,7 @@ void JobMember::CheckCuts() {
         const double end = isAtStart ? 0.0 : GetLength();
         const bool isInward = isAt(cut.x, isAtStart ? GetLength() : 0.0);
         if (isAt(cut.x, end))
-            m_mitres.push_back(cut);
+            m_judging->mitres.push_back(cut);
         else if (refused.insert(cut.hostTag).second)
             FileFinding({.type = job::kUnclearCut,
                          .text = isInward ? ZetString::format(kInwardFormat, cut.x)
@@ -59,7 +59,7 @@ double JobMember::RunOutOf(int cutFace) const {
     double most = 0.0;
     for (const double across : {0.0, width}) {
         std::array<double, 2> taken = {};  // by ZetNCCut::End
-        for (const ZetNCCut& cut : m_mitres) {
+        for (const ZetNCCut& cut : m_judging->mitres) {
             double& atEnd = taken[static_cast<std::size_t>(cut.end)];
             if (cut.face == cutFace)
                 atEnd = std::max(atEnd, ShorteningBy(cut, across, width).amount);
@@ -75,9 +75,9 @@ void JobMember::DropMitresThatRunOut() {
         if (runOut <= GetLength() + std::abs(CMxGeom::GetXTol()))
             continue;
         const ZetString word = face == ZetNCCut::eFaceWeb ? L"web" : L"flange";
-        for (const ZetNCCut& cut : std::exchange(m_mitres, {})) {
+        for (const ZetNCCut& cut : std::exchange(m_judging->mitres, {})) {
             if (cut.face != face)
-                m_mitres.push_back(cut);
+                m_judging->mitres.push_back(cut);
             else
                 FileFinding({.type = job::kUnclearCut,
                              .text = ZetString::format(kRunOutFormat, runOut, word),
@@ -92,14 +92,14 @@ void JobMember::DropMitresThatRunOut() {
 /// One is made for all that are the same: the header and a saw cut tell an angle with roundings of
 /// their own.
 void JobMember::JoinEqualMitres() {
-    for (const ZetNCCut& cut : std::exchange(m_mitres, {})) {
+    for (const ZetNCCut& cut : std::exchange(m_judging->mitres, {})) {
         const auto first =
-            std::find_if(m_mitres.begin(), m_mitres.end(), [&](const ZetNCCut& each) {
+            std::find_if(m_judging->mitres.begin(), m_judging->mitres.end(), [&](const ZetNCCut& each) {
                 return each.end == cut.end && each.face == cut.face &&
                        profiles::IsSameAngle(each.angle, cut.angle);
             });
-        if (first == m_mitres.end())
-            m_mitres.push_back(cut);
+        if (first == m_judging->mitres.end())
+            m_judging->mitres.push_back(cut);
         else
             m_ledger.Join(cut.hostTag, first->hostTag);
     }

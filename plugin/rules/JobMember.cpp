@@ -249,8 +249,6 @@ void JobMember::ReleaseSources() {
     m_holes = {};
     m_cskHoles = {};
     m_duplicateHoles = {};
-    Release(m_mitres);
-    Release(m_trims);
     m_notches = {};
     m_duplicateNotches = {};
     m_textList1 = {};

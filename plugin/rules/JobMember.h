@@ -112,9 +112,9 @@ class JobMember : public CMxPeilaib {
     const ZetArray<CHoleAddlInfo>& GetHoles() const { return m_holes; }
     const ZetArray<CNotchAddInfo>& GetNotches() const { return m_notches; }
     const ZetArray<CNotchAddInfo>& GetDuplicateNotches() const { return m_duplicateNotches; }
-    /// The trims and mitres to be made. Empty after MakeOutput.
-    const std::vector<Trim>& GetTrims() const { return m_trims; }
-    const std::vector<ZetNCCut>& GetMitres() const { return m_mitres; }
+    /// The trims and mitres to be made. Until MakeOutput.
+    const std::vector<Trim>& GetTrims() const { return m_judging->trims; }
+    const std::vector<ZetNCCut>& GetMitres() const { return m_judging->mitres; }
     /// What was found, in the order in which it was found; also what the job leaves unprinted.
     const std::vector<Finding>& GetFindings() const { return m_findings; }
     std::vector<Finding> TakeFindings() { return std::move(m_findings); }
@@ -476,6 +476,8 @@ class JobMember : public CMxPeilaib {
         OpeningsOfViews circles;                   ///< by view position; those that are holes
         std::vector<SetAside> reasons;             ///< by duplicate hole
         std::map<HolePlace, CHoleAddlInfo> sinks;  ///< by the place of their holes
+        std::vector<Trim> trims;
+        std::vector<ZetNCCut> mitres;
         MachineMember machineMember;               ///< what is made; its operations
         std::vector<long> operationTags;           ///< by operation
         bool hasOperations = false;
@@ -485,10 +487,11 @@ class JobMember : public CMxPeilaib {
     const job::MemberType& m_type;
     std::unique_ptr<Judging> m_judging = std::make_unique<Judging>();
     Section m_section = Section::kOther;
+    MemberOutcome m_outcome;
+    bool m_isSettled = false;
     long m_ordered = 0;
-    std::vector<Trim> m_trims;
-    std::vector<ZetNCCut> m_mitres;
-    std::map<std::size_t, FormattedMember> m_formatted;  ///< by position in Job::formats
+    /// By position in Job::formats. Few or none: a list takes half of what a map does.
+    std::vector<std::pair<std::size_t, FormattedMember>> m_formatted;
     std::vector<Finding> m_findings;
     std::vector<SetAsideFeature> m_setAside;
     std::vector<FeatureNote> m_notes;
@@ -496,8 +499,6 @@ class JobMember : public CMxPeilaib {
     ZetString m_source;
     long m_notedFeatures = 0;
     long m_unmadeFeatures = 0;  ///< of a member that is not made
-    MemberOutcome m_outcome;
-    bool m_isSettled = false;
     /// UTF-8: of many members this is most of what is kept.
     MemberRecords m_records;
 };

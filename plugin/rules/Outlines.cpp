@@ -395,7 +395,7 @@ void JobMember::TakeTrim(Trim trim, double whole) {
                                   {.face = job::NameOf(trim.face),
                                    .x = IsAcross(trim.side) ? 0.0 : at,
                                    .y = IsAcross(trim.side) ? at : 0.0});
-        m_trims.push_back(std::move(trim));
+        m_judging->trims.push_back(std::move(trim));
         return;
     }
     FileFinding(
