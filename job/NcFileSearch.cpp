@@ -1,4 +1,5 @@
 #include "job/FileNames.h"
+#include "job/FolderEntries.h"
 #include "job/JobFile.h"
 #include "job/MessageTexts.h"
 #include "job/SystemError.h"
@@ -11,7 +12,6 @@
 #include <string>
 #include <string_view>
 #include <system_error>
-#include <type_traits>
 #include <utility>
 
 // Finding the NC files of a job: names are compared byte by byte on every system.
@@ -28,15 +28,6 @@ std::string Utf8Of(const fs::path& path) {
     return {text.begin(), text.end()};
 }
 
-/// The same of a single name. Where the system has it in bytes, these are taken as they are.
-template <typename Character>
-std::string Utf8OfName(const std::basic_string<Character>& name) {
-    if constexpr (std::is_same_v<Character, char>)
-        return name;
-    else
-        return Utf8Of(name);
-}
-
 bool HasWildcard(std::string_view text) {
     return text.find_first_of("*?") != std::string_view::npos;
 }
@@ -48,12 +39,14 @@ bool HasEnding(std::string_view pattern) {
            !HasWildcard(pattern.substr(point));
 }
 
+bool IsAscii(std::string_view text) {
+    return std::all_of(
+        text.begin(), text.end(), [](char c) { return static_cast<unsigned char>(c) < 0x80; });
+}
+
 /// For comparing by whole characters: bytes that are no UTF-8 are one each, and so are the two
 /// halves of a character on Windows.
 std::u32string CharactersOf(const std::string& name) {
-    const auto isAscii = [](char c) { return static_cast<unsigned char>(c) < 0x80; };
-    if (std::all_of(name.begin(), name.end(), isAscii))
-        return {name.begin(), name.end()};
     const ZetString text = ZetString::fromUtf8(name);
     std::u32string characters;
     for (const wchar_t c : text.view()) {
@@ -66,13 +59,30 @@ std::u32string CharactersOf(const std::string& name) {
     return characters;
 }
 
-/// Whether a file's name fits, by whole characters; one that begins with a dot only fits a pattern
-/// that does.
-bool FitsName(const std::u32string& wanted, const std::string& name) {
-    const std::u32string text = CharactersOf(name);
-    return (text.front() != U'.' || wanted.front() == U'.') &&
-           MatchesPattern<char32_t>(text, wanted);
-}
+/// What the names of files have to fit, by whole characters. One that begins with a dot only fits a
+/// pattern that does.
+class NamePattern {
+  public:
+    explicit NamePattern(std::string pattern)
+        : m_pattern(std::move(pattern)),
+          m_characters(CharactersOf(m_pattern)),
+          m_isAscii(IsAscii(m_pattern)) {}
+
+    bool Fits(const std::string& name) const {
+        return (name.front() != '.' || m_pattern.front() == '.') && FitsText(name);
+    }
+
+  private:
+    bool FitsText(const std::string& name) const {
+        return m_isAscii && IsAscii(name)
+                   ? MatchesPattern<char>(name, m_pattern)
+                   : MatchesPattern<char32_t>(CharactersOf(name), m_characters);
+    }
+
+    std::string m_pattern;
+    std::u32string m_characters;
+    bool m_isAscii;
+};
 
 std::string InSmallLetters(const std::string& name) {
     return ZetString(SmallLetters(ZetString::fromUtf8(name))).toUtf8();
@@ -182,18 +192,12 @@ class NcFileSearch {
     std::vector<std::string> TakeFaults() { return std::exchange(m_faults, {}); }
 
   private:
-    struct Entry {
-        std::string name;
-        bool isPlain;  ///< a file and no link, as far as the folder tells without a look at it
-
-        bool operator<(const Entry& other) const { return name < other.name; }
-    };
     struct Listing {
-        std::vector<Entry> entries;  ///< by name
+        std::vector<FolderEntry> entries;  ///< by name
         std::error_code error;
 
         bool Has(const std::string& name) const {
-            return std::binary_search(entries.begin(), entries.end(), Entry{name, false});
+            return std::binary_search(entries.begin(), entries.end(), FolderEntry{name, false});
         }
     };
 
@@ -215,13 +219,13 @@ class NcFileSearch {
         const Listing& listing = ListFolder(folder);
         if (listing.error)
             return where + " is no folder that can be listed";
-        const std::u32string wanted = CharactersOf(InSmallLetters(segment));
+        const NamePattern wanted(InSmallLetters(segment));
         for (const auto& [name, isPlain] : listing.entries)
-            if (FitsName(wanted, InSmallLetters(name)))
+            if (wanted.Fits(InSmallLetters(name)))
                 return where + " holds " + Quoted(name) + ", and capitals count";
         // Hidden ones are seldom meant.
         const auto other =
-            std::find_if(listing.entries.begin(), listing.entries.end(), [](const Entry& entry) {
+            std::find_if(listing.entries.begin(), listing.entries.end(), [](const FolderEntry& entry) {
                 return !entry.name.starts_with('.');
             });
         return where + (other == listing.entries.end()
@@ -235,10 +239,10 @@ class NcFileSearch {
         const Listing& listing = ListFolder(folder);
         if (listing.error && !IsNoFolder(listing.error))
             m_faults.push_back(TextOf(folder, "cannot be listed", listing.error));
-        const std::u32string wanted = CharactersOf(pattern);
+        const NamePattern wanted(pattern);
         const std::string prefix = PrefixOf(folder);
         for (const auto& [name, isPlain] : listing.entries)
-            if (FitsName(wanted, name))
+            if (wanted.Fits(name))
                 found.push_back({prefix + name, isPlain});
     }
 
@@ -267,14 +271,9 @@ class NcFileSearch {
         const auto [entry, isNew] = m_folders.try_emplace(folder);
         auto& [entries, error] = entry->second;
         if (isNew) {
-            const fs::path listed = folder.empty() ? fs::path(".") : folder;
-            const std::size_t beginOfName = (listed / "").native().size();
-            fs::directory_iterator file(listed, error);
-            std::error_code ignored;
-            for (; !error && file != fs::directory_iterator(); file.increment(error))
-                entries.push_back({Utf8OfName(file->path().native().substr(beginOfName)),
-                                   !file->is_symlink(ignored) && file->is_regular_file(ignored)});
+            entries = EntriesOf(folder.empty() ? fs::path(".") : folder, error);
             std::sort(entries.begin(), entries.end());
+            std::error_code ignored;
             if (IsNoFolder(error) && KindOf(folder, ignored) == Kind::kLinkToNothing)
                 m_faults.push_back(TextOf(folder, "is a link to nothing"));
         }
