@@ -10,17 +10,24 @@
 namespace camdata::detail {
 namespace {
 
-using Comparison = int (*)(const MemberKeys&, const MemberKeys&);
+/// One of the values that members are ordered by.
+struct SortKey {
+    void (*read)(const CMxPeilaib& member, MemberKeys& keys);
+    int (*compare)(const MemberKeys& a, const MemberKeys& b);
+};
 
+/// A text, which the keys refer to.
 template <const ZetString* MemberKeys::*Value>
-int Texts(const MemberKeys& a, const MemberKeys& b) {
-    return (a.*Value)->compare(*(b.*Value));
-}
+constexpr SortKey kText = {
+    [](const CMxPeilaib&, MemberKeys&) {},
+    [](const MemberKeys& a, const MemberKeys& b) { return (a.*Value)->compare(*(b.*Value)); }};
 
-template <double MemberKeys::*Value>
-int Numbers(const MemberKeys& a, const MemberKeys& b) {
-    return CMxGeom::Compare_Mx(a.*Value, b.*Value);
-}
+template <double MemberKeys::*Value, double (CMxPeilaib::*Get)() const>
+constexpr SortKey kNumber = {
+    [](const CMxPeilaib& member, MemberKeys& keys) { keys.*Value = (member.*Get)(); },
+    [](const MemberKeys& a, const MemberKeys& b) {
+        return CMxGeom::Compare_Mx(a.*Value, b.*Value);
+    }};
 
 template <std::int64_t MemberKeys::*Value>
 int Difference(const MemberKeys& a, const MemberKeys& b) {
@@ -28,54 +35,39 @@ int Difference(const MemberKeys& a, const MemberKeys& b) {
 }
 
 /// By eSortOrder.
-constexpr std::array<Comparison, 8> kComparisons = {
-    Texts<&MemberKeys::mark>,
-    Texts<&MemberKeys::profileName>,
-    Numbers<&MemberKeys::height>,
-    Numbers<&MemberKeys::width>,
-    Numbers<&MemberKeys::thick>,
-    Numbers<&MemberKeys::length>,
-    Difference<&MemberKeys::profileNameLength>,
-    Difference<&MemberKeys::groupID>,
+constexpr std::array<SortKey, 8> kSortKeys = {
+    kText<&MemberKeys::mark>,
+    kText<&MemberKeys::profileName>,
+    kNumber<&MemberKeys::height, &CMxPeilaib::GetWebWidth>,
+    kNumber<&MemberKeys::width, &CMxPeilaib::GetProfileWidth>,
+    kNumber<&MemberKeys::thick, &CMxPeilaib::GetProfileThick>,
+    kNumber<&MemberKeys::length, &CMxPeilaib::GetLength>,
+    SortKey{[](const CMxPeilaib&, MemberKeys& keys) {
+                keys.profileNameLength = keys.profileName->length();
+            }, Difference<&MemberKeys::profileNameLength>},
+    SortKey{[](const CMxPeilaib& member, MemberKeys& keys) { keys.groupID = member.GetGroupID(); },
+            Difference<&MemberKeys::groupID>          },
 };
-static_assert(kComparisons.size() == eSortGroupID + 1);
+static_assert(kSortKeys.size() == eSortGroupID + 1);
 
-}  // namespace
-
-MemberKeys::MemberKeys(const CMxPeilaib& member)
-    : order(&member.m_sortOrder),
-      mark(&member.m_memType.GetHeaderData().mark),
-      profileName(&member.m_memType.GetHeaderData().profileName),
-      height(member.GetWebWidth()),
-      width(member.GetProfileWidth()),
-      thick(member.GetProfileThick()),
-      length(member.GetLength()),
-      profileNameLength(profileName->length()),
-      groupID(member.GetGroupID()) {}
-
-int MemberKeys::Compare(const MemberKeys& other) const {
-    for (const eSortOrder key : *order) {
-        const auto index = static_cast<std::size_t>(key);
-        const int result = index < kComparisons.size() ? kComparisons[index](*this, other) : 0;
-        if (result != 0)
-            return result;
-    }
-    return 0;
+/// Null for a value outside the enumeration, which tells no members apart.
+const SortKey* KeyOf(eSortOrder value) {
+    const auto index = static_cast<std::size_t>(value);
+    return index < kSortKeys.size() ? &kSortKeys[index] : nullptr;
 }
 
-void SortMembers(ZetArray<CMxPeilaib*>& members) {
+/// By `keysOf` each of them; two members or more.
+template <typename KeysOf>
+void Sort(ZetArray<CMxPeilaib*>& members, const KeysOf& keysOf) {
     struct Entry {
         MemberKeys keys;
         CMxPeilaib* member;
     };
-    // A lone member is compared with none, and the tolerance stays.
-    if (members.length() < 2)
-        return;
     CMxGeom::SetTol(eTolEPS);
     std::vector<Entry> entries;
     entries.reserve(static_cast<std::size_t>(members.length()));
     for (CMxPeilaib* member : members)
-        entries.push_back({MemberKeys(*member), member});
+        entries.push_back({keysOf(*member), member});
     std::vector<const Entry*> order;
     order.reserve(entries.size());
     for (const Entry& entry : entries)
@@ -84,6 +76,55 @@ void SortMembers(ZetArray<CMxPeilaib*>& members) {
     std::transform(order.begin(), order.end(), members.begin(), [](const Entry* entry) {
         return entry->member;
     });
+}
+
+}  // namespace
+
+MemberKeys::MemberKeys(const CMxPeilaib& member) : MemberKeys(member, member.m_sortOrder) {
+    // The other may come first, with other keys.
+    for (const SortKey& key : kSortKeys)
+        key.read(member, *this);
+}
+
+MemberKeys::MemberKeys(const CMxPeilaib& member, const ZetArray<eSortOrder>& keys)
+    : order(&keys),
+      mark(&member.m_memType.GetHeaderData().mark),
+      profileName(&member.m_memType.GetHeaderData().profileName) {
+    for (const eSortOrder value : keys)
+        if (const SortKey* const key = KeyOf(value))
+            key->read(member, *this);
+}
+
+bool MemberKeys::AreIn(const CMxPeilaib& member) {
+    return !member.m_sortOrder.isEmpty();
+}
+
+int MemberKeys::Compare(const MemberKeys& other) const {
+    for (const eSortOrder value : *order) {
+        const SortKey* const key = KeyOf(value);
+        const int result = key != nullptr ? key->compare(*this, other) : 0;
+        if (result != 0)
+            return result;
+    }
+    return 0;
+}
+
+// A lone member is compared with none, and the tolerance stays.
+
+void SortMembers(ZetArray<CMxPeilaib*>& members) {
+    if (members.length() < 2)
+        return;
+    // Members that nothing tells apart stay as they are.
+    const auto hasKeys = [](const CMxPeilaib* member) { return MemberKeys::AreIn(*member); };
+    if (std::any_of(members.begin(), members.end(), hasKeys))
+        Sort(members, [](const CMxPeilaib& member) { return MemberKeys(member); });
+    else
+        CMxGeom::SetTol(eTolEPS);
+}
+
+void SortMembersBy(const ZetArray<eSortOrder>& keys, ZetArray<CMxPeilaib*>& members) {
+    if (members.length() >= 2)
+        Sort(members, [&](const CMxPeilaib& member) { return MemberKeys(member, keys); });
 }
 
 }  // namespace camdata::detail

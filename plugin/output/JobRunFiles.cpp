@@ -157,15 +157,10 @@ void JobRun::OrderMembers() {
     m_order.reserve(m_members.size());
     for (std::size_t i = 0; i < sections.size(); ++i) {
         const job::Group& group = m_job.groups[m_sections.GetSections()[i].group];
-        const auto sortKeys = ArrayFromVector(group.sortKeys);
-        for (CMxPeilaib* member : sections[i])
-            member->SetSortOrderArr(sortKeys);
-        camdata::detail::SortMembers(sections[i]);
-        // The library keeps the order: its groups have no keys.
-        for (CMxPeilaib* member : sections[i]) {
-            member->SetSortOrderArr({});
+        // The library keeps the order: neither its groups nor the members have keys.
+        camdata::detail::SortMembersBy(ArrayFromVector(group.sortKeys), sections[i]);
+        for (const CMxPeilaib* member : sections[i])
             m_order.push_back(static_cast<const Member*>(member)->GetPosition());
-        }
     }
 }
 

@@ -69,6 +69,16 @@ TEST(MemberSortingTest, SortingEqualsPlainSteps) {
         camdata::detail::SortMembers(list);
         ASSERT_EQ(std::vector(list.begin(), list.end()), expected);
         ASSERT_TRUE(CurrentToleranceIs(members.size() < 2 ? kOther : CMxGeom::GetEPS()));
+        // By the keys of one, as if each had them.
+        const auto keys =
+            members.empty() ? ZetArray<eSortOrder>() : members.back().GetSortOrderArr();
+        for (TestMember& member : members)
+            member.SetSortOrderArr(keys);
+        const auto expectedByOne = PlainSorted({list.begin(), list.end()});
+        CMxGeom::SetTol(static_cast<eToleranceType>(5), kOther);
+        camdata::detail::SortMembersBy(keys, list);
+        ASSERT_EQ(std::vector(list.begin(), list.end()), expectedByOne);
+        ASSERT_TRUE(CurrentToleranceIs(members.size() < 2 ? kOther : CMxGeom::GetEPS()));
     }
 }
 
