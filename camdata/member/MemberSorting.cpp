@@ -5,6 +5,8 @@
 
 #include <algorithm>
 #include <array>
+#include <string_view>
+#include <unordered_map>
 #include <vector>
 
 namespace camdata::detail {
@@ -20,7 +22,9 @@ struct SortKey {
 template <const ZetString* MemberKeys::*Value>
 constexpr SortKey kText = {
     [](const CMxPeilaib&, MemberKeys&) {},
-    [](const MemberKeys& a, const MemberKeys& b) { return (a.*Value)->compare(*(b.*Value)); }};
+    [](const MemberKeys& a, const MemberKeys& b) {
+        return a.*Value == b.*Value ? 0 : (a.*Value)->compare(*(b.*Value));
+    }};
 
 template <double MemberKeys::*Value, double (CMxPeilaib::*Get)() const>
 constexpr SortKey kNumber = {
@@ -66,8 +70,13 @@ void Sort(ZetArray<CMxPeilaib*>& members, const KeysOf& keysOf) {
     CMxGeom::SetTol(eTolEPS);
     std::vector<Entry> entries;
     entries.reserve(static_cast<std::size_t>(members.length()));
-    for (CMxPeilaib* member : members)
-        entries.push_back({keysOf(*member), member});
+    // Many have one profile: where its name is one and the same text, no two texts are looked at.
+    std::unordered_map<std::wstring_view, const ZetString*> names;
+    for (CMxPeilaib* member : members) {
+        MemberKeys& keys = entries.emplace_back(Entry{keysOf(*member), member}).keys;
+        keys.profileName =
+            names.try_emplace(keys.profileName->view(), keys.profileName).first->second;
+    }
     std::vector<const Entry*> order;
     order.reserve(entries.size());
     for (const Entry& entry : entries)
