@@ -78,8 +78,8 @@ void JobRunner::RunInFolder() {
     m_hasBegun = true;
     output.Begin();
     if (!Write(run, output))
-        return;
-    TakeMembers(run);
+        return m_report.DropResults();
+    NoteMembers();
     if (!AddsUp())
         return m_report.DropResults();
     const fs::path& staging = output.GetStagingFolder();

@@ -72,7 +72,8 @@ class JobRunner {
                                                 const std::string& name);
     std::string TextOf(const FileFault& fault) const;
     /// About the input.
-    void NoteUnprinted(const std::string& file, const plugin::MemberResult& member);
+    void NoteMembers();
+    void NoteUnprinted(const RunMember& member);
     void Complain(const std::string& file, const std::string& text);
     void Complain(const job::JobError& error);
     bool Refuse(const std::vector<job::JobError>& errors);

@@ -44,7 +44,10 @@ bool JobRunner::Write(plugin::JobRun& run, StagedOutput& output) {
         return m_system.isCancelled();
     };
     const bool isWritten =
-        run.Write(output.GetStagingFolder(), isCancelled, [&] { output.BeginFlush(run.GetThreadsForMembers()); });
+        run.Write(output.GetStagingFolder(),
+                  isCancelled,
+                  {.onMembersWritten = [&] { output.BeginFlush(run.GetThreadsForMembers()); },
+                   .besideLists = [&] { TakeMembers(run); }});
     if (!isWritten || m_system.isCancelled())
         return Cancel();
     for (const auto& [file, text] : run.GetFormatConflicts()) {
@@ -61,33 +64,36 @@ bool JobRunner::Write(plugin::JobRun& run, StagedOutput& output) {
 
 void JobRunner::TakeMembers(plugin::JobRun& run) {
     m_report.members.reserve(m_memberFiles.size());
-    for (std::size_t i = 0; i < m_memberFiles.size(); ++i) {
-        plugin::MemberResult member = run.TakeMemberResult(i);
-        for (plugin::FeatureNote& note : member.notes) {
-            ++m_report.input.notes;
-            m_report.notes.push_back({
-                m_memberFiles[i].name,
-                {dstv::NcNote::Severity::kNote, note.feature.tag, std::move(note.text)}
-            });
-        }
-        NoteUnprinted(m_memberFiles[i].name, member);
-        m_report.members.push_back({std::move(member),
+    for (std::size_t i = 0; i < m_memberFiles.size(); ++i)
+        m_report.members.push_back({run.TakeMemberResult(i),
                                     std::move(m_memberFiles[i]),
                                     m_memberAccounts[i].numbers,
                                     std::move(m_memberAccounts[i].features)});
+}
+
+void JobRunner::NoteMembers() {
+    for (RunMember& member : m_report.members) {
+        for (plugin::FeatureNote& note : member.result.notes) {
+            ++m_report.input.notes;
+            m_report.notes.push_back({
+                member.file.name,
+                {dstv::NcNote::Severity::kNote, note.feature.tag, std::move(note.text)}
+            });
+        }
+        NoteUnprinted(member);
     }
 }
 
 /// A feature that is not made never vanishes: where the job leaves the finding unprinted, a note
 /// tells it.
-void JobRunner::NoteUnprinted(const std::string& file, const plugin::MemberResult& member) {
-    for (const plugin::Finding& finding : member.findings) {
+void JobRunner::NoteUnprinted(const RunMember& member) {
+    for (const plugin::Finding& finding : member.result.findings) {
         const bool isUnmade = finding.isRefusal || finding.isSetAside;
         if (!isUnmade || finding.IsPrinted() || !finding.feature)
             continue;
         const ZetString name = ZetString::fromUtf8(job::kFindingTypes[finding.type].name);
         m_report.notes.push_back({
-            file,
+            member.file.name,
             {dstv::NcNote::Severity::kNote,
               finding.feature->tag,
               ZetString::format(L"not made, unreported %s: %s", name, finding.text)}

@@ -152,17 +152,25 @@ class JobRun {
 
     /// Asked before each member that is written; true ends the run.
     using CancelCheck = std::function<bool()>;
+    /// What the caller does while a run is written.
+    struct Meanwhile {
+        /// The files of the members are whole and closed, while plans are made.
+        std::function<void()> onMembersWritten;
+        /// Nothing but lists is left to be made, beside which this is done: perhaps in another
+        /// thread. The results of members may be taken.
+        std::function<void()> besideLists;
+    };
     /// Writes all files into `folder`, which must be there; the names end as job::OutputEndings.
     /// False when it was cancelled: all files are closed then, and what they hold is of no use.
-    /// `onMembersWritten` is called when the files of the members are whole and closed, while plans
-    /// are made. Once per run.
+    /// Once per run.
     bool Write(const std::filesystem::path& folder,
                const CancelCheck& isCancelled = {},
-               const std::function<void()>& onMembersWritten = {});
+               const Meanwhile& meanwhile = {});
     /// What could not be opened, written or closed.
     const ZetArray<FileFault>& GetFileFaults() const { return m_faults; }
 
-    /// `position`: in the order in which they were added. After Write; the lists of each once.
+    /// `position`: in the order in which they were added. Beside the lists or after Write; the lists
+    /// of each once.
     MemberResult TakeMemberResult(std::size_t position);
     /// By position. After Write.
     std::vector<GroupResult> GetGroupResults() const;
@@ -228,7 +236,7 @@ class JobRun {
     ProfilePlan PlanFor(const std::vector<std::size_t>& members, unsigned threads) const;
     void TakePlan(ProfilePlan plan);
     using FileFaults = ZetArray<FileFault>;
-    void WriteCuttingFiles(const ZetString& folder);
+    void WriteCuttingFiles(const ZetString& folder, const std::function<void()>& beside);
     FileFaults WriteCuttingList(const ZetString& name) const;
     FileFaults WriteCuttingTable(const ZetString& name) const;
     void WriteRemnants(const ZetString& name);

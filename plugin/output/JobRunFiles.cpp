@@ -56,7 +56,7 @@ class JobRun::Writing {
 
 bool JobRun::Write(const std::filesystem::path& folder,
                    const CancelCheck& isCancelled,
-                   const std::function<void()>& onMembersWritten) {
+                   const Meanwhile& meanwhile) {
     const ZetString folderText = TextOf(folder / "");
     SetUpGroups();
     OrderMembers();
@@ -75,16 +75,15 @@ bool JobRun::Write(const std::filesystem::path& folder,
         WriteTotals(folderText);
     EndLines(folder);
     WriteFormattedFiles(folder);
-    if (onMembersWritten)
-        onMembersWritten();
+    if (meanwhile.onMembersWritten)
+        meanwhile.onMembersWritten();
     if (!plans)
         plans.emplace(*this, Planning::Taker::kWaits);
     plans->Finish(*this);
     // A wrong plan reaches no file.
     if (!m_planFaults.empty() || !m_formatConflicts.empty())
         return true;
-    if (IsAnyGroupNested())
-        WriteCuttingFiles(folderText);
+    WriteCuttingFiles(folderText, meanwhile.besideLists);
     if (!m_job.cutting.remnants.empty())
         WriteRemnants(folderText + GetFileName(job::kRemnantsEnding));
     return true;

@@ -142,14 +142,19 @@ JobRun::FileFaults JobRun::WriteFile(const ZetString& name,
     };
 }
 
-void JobRun::WriteCuttingFiles(const ZetString& folder) {
+void JobRun::WriteCuttingFiles(const ZetString& folder, const std::function<void()>& beside) {
     const ZetString list = folder + GetFileName(job::kCuttingListEnding);
     const ZetString table = folder + GetFileName(job::kCuttingTableEnding);
     FileFaults ofList;
     FileFaults ofTable;
-    threads::DoAll(
-        {[&] { ofTable = WriteCuttingTable(table); }, [&] { ofList = WriteCuttingList(list); }},
-        GetThreadsForMembers());
+    std::vector<std::function<void()>> pieces;  // what takes longest first
+    if (beside)
+        pieces.push_back(beside);
+    if (IsAnyGroupNested()) {
+        pieces.emplace_back([&] { ofTable = WriteCuttingTable(table); });
+        pieces.emplace_back([&] { ofList = WriteCuttingList(list); });
+    }
+    threads::DoAll(pieces, GetThreadsForMembers());
     m_faults.appendAll(ofList);
     m_faults.appendAll(ofTable);
 }
