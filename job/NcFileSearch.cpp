@@ -224,8 +224,8 @@ class NcFileSearch {
             if (wanted.Fits(InSmallLetters(name)))
                 return where + " holds " + Quoted(name) + ", and capitals count";
         // Hidden ones are seldom meant.
-        const auto other =
-            std::find_if(listing.entries.begin(), listing.entries.end(), [](const FolderEntry& entry) {
+        const auto other = std::find_if(
+            listing.entries.begin(), listing.entries.end(), [](const FolderEntry& entry) {
                 return !entry.name.starts_with('.');
             });
         return where + (other == listing.entries.end()

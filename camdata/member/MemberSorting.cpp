@@ -20,11 +20,10 @@ struct SortKey {
 
 /// A text, which the keys refer to.
 template <const ZetString* MemberKeys::*Value>
-constexpr SortKey kText = {
-    [](const CMxPeilaib&, MemberKeys&) {},
-    [](const MemberKeys& a, const MemberKeys& b) {
-        return a.*Value == b.*Value ? 0 : (a.*Value)->compare(*(b.*Value));
-    }};
+constexpr SortKey kText = {[](const CMxPeilaib&, MemberKeys&) {},
+                           [](const MemberKeys& a, const MemberKeys& b) {
+                               return a.*Value == b.*Value ? 0 : (a.*Value)->compare(*(b.*Value));
+                           }};
 
 template <double MemberKeys::*Value, double (CMxPeilaib::*Get)() const>
 constexpr SortKey kNumber = {
@@ -46,11 +45,11 @@ constexpr std::array<SortKey, 8> kSortKeys = {
     kNumber<&MemberKeys::width, &CMxPeilaib::GetProfileWidth>,
     kNumber<&MemberKeys::thick, &CMxPeilaib::GetProfileThick>,
     kNumber<&MemberKeys::length, &CMxPeilaib::GetLength>,
-    SortKey{[](const CMxPeilaib&, MemberKeys& keys) {
+    SortKey{[](const CMxPeilaib&,        MemberKeys& keys) {
                 keys.profileNameLength = keys.profileName->length();
-            }, Difference<&MemberKeys::profileNameLength>},
+            },                                                     Difference<&MemberKeys::profileNameLength>},
     SortKey{[](const CMxPeilaib& member, MemberKeys& keys) { keys.groupID = member.GetGroupID(); },
-            Difference<&MemberKeys::groupID>          },
+            Difference<&MemberKeys::groupID>                                                                                                  },
 };
 static_assert(kSortKeys.size() == eSortGroupID + 1);
 

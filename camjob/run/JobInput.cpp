@@ -36,8 +36,8 @@ JobInput::JobInput(const job::Job& job,
       m_assemblies(AssembliesOf(job)),
       m_reading(job, run, m_assemblies, drawings != nullptr),
       m_ncFiles(job) {
-    // Room for all at once, for to hash 100,000 marks anew takes longer than to add them; and much of
-    // it, for each mark of a chain is a look into far memory.
+    // Room for all at once, for to hash 100,000 marks anew takes longer than to add them; and much
+    // of it, for each mark of a chain is a look into far memory.
     m_memberOfMark.max_load_factor(0.25F);
     m_memberOfMark.reserve(files);
     m_memberFiles.reserve(files);

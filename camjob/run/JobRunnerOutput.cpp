@@ -95,8 +95,8 @@ void JobRunner::NoteUnprinted(const RunMember& member) {
         m_report.notes.push_back({
             member.file.name,
             {dstv::NcNote::Severity::kNote,
-              finding.feature->tag,
-              ZetString::format(L"not made, unreported %s: %s", name, finding.text)}
+                        finding.feature->tag,
+                        ZetString::format(L"not made, unreported %s: %s", name, finding.text)}
         });
         ++m_report.input.notes;
     }

@@ -169,8 +169,8 @@ class JobRun {
     /// What could not be opened, written or closed.
     const ZetArray<FileFault>& GetFileFaults() const { return m_faults; }
 
-    /// `position`: in the order in which they were added. Beside the lists or after Write; the lists
-    /// of each once.
+    /// `position`: in the order in which they were added. Beside the lists or after Write; the
+    /// lists of each once.
     MemberResult TakeMemberResult(std::size_t position);
     /// By position. After Write.
     std::vector<GroupResult> GetGroupResults() const;

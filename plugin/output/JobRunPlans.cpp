@@ -116,16 +116,15 @@ ProfilePlan JobRun::PlanFor(const std::vector<std::size_t>& members, unsigned th
     const NestedMembers together = first.GetNestedMembers();
     std::vector<BarStock> stocks = StocksFor(m_job, together);
     m_bars.Limit(stocks);
-    return MakeProfilePlan(
-        m_job,
-        std::move(parts),
-        PlanOf(m_job, together),
-        std::move(stocks),
-        {m_planner,
-         [&](ZetArray<CMxParts> pieces, const camdata::detail::NestTaker& take) {
-             first.MakeNests(std::move(pieces), take);
-         }},
-        threads);
+    return MakeProfilePlan(m_job,
+                           std::move(parts),
+                           PlanOf(m_job, together),
+                           std::move(stocks),
+                           {m_planner,
+                            [&](ZetArray<CMxParts> pieces, const camdata::detail::NestTaker& take) {
+                                first.MakeNests(std::move(pieces), take);
+                            }},
+                           threads);
 }
 
 JobRun::FileFaults JobRun::WriteFile(const ZetString& name,

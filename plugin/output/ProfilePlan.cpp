@@ -113,8 +113,8 @@ cutting::Plan MakeGivenPlan(const ProfilePlan& plan, const NestMaker& makeNests)
     makeNests(PartsToNest(plan), [&](const CMxNestParts& nest) {
         cutting::PlannedBars bars = BarsOf(nest, plan);
         given.cost += bars.bars * plan.cutStocks[bars.stock].cost;
-        // A nest is one bar or two; a large quantity gives many nests that are cut alike. They begin
-        // with the same part, the first that is left.
+        // A nest is one bar or two; a large quantity gives many nests that are cut alike. They
+        // begin with the same part, the first that is left.
         if (!known.empty() && mainPartOf(*known.begin()) != bars.cuts.front().part)
             known.clear();
         const cutting::Count count = bars.bars;

@@ -67,11 +67,12 @@ bool JobMember::IsAtMitre(double minX, double maxX) const {
         double& slope = slopes[static_cast<std::size_t>(cut.end)];
         slope = std::hypot(slope, ShorteningBy(cut, 0.0, height).tangent);
     }
-    return std::any_of(m_judging->mitres.begin(), m_judging->mitres.end(), [&](const ZetNCCut& cut) {
-        const bool isAtStart = cut.end == ZetNCCut::eEndStart;
-        const double toEnd = isAtStart ? minX - cut.x : cut.x - maxX;
-        return toEnd < height * slopes[static_cast<std::size_t>(cut.end)];
-    });
+    return std::any_of(
+        m_judging->mitres.begin(), m_judging->mitres.end(), [&](const ZetNCCut& cut) {
+            const bool isAtStart = cut.end == ZetNCCut::eEndStart;
+            const double toEnd = isAtStart ? minX - cut.x : cut.x - maxX;
+            return toEnd < height * slopes[static_cast<std::size_t>(cut.end)];
+        });
 }
 
 }  // namespace plugin

@@ -93,8 +93,8 @@ void JobMember::DropMitresThatRunOut() {
 /// their own.
 void JobMember::JoinEqualMitres() {
     for (const ZetNCCut& cut : std::exchange(m_judging->mitres, {})) {
-        const auto first =
-            std::find_if(m_judging->mitres.begin(), m_judging->mitres.end(), [&](const ZetNCCut& each) {
+        const auto first = std::find_if(
+            m_judging->mitres.begin(), m_judging->mitres.end(), [&](const ZetNCCut& each) {
                 return each.end == cut.end && each.face == cut.face &&
                        profiles::IsSameAngle(each.angle, cut.angle);
             });

@@ -478,8 +478,8 @@ class JobMember : public CMxPeilaib {
         std::map<HolePlace, CHoleAddlInfo> sinks;  ///< by the place of their holes
         std::vector<Trim> trims;
         std::vector<ZetNCCut> mitres;
-        MachineMember machineMember;               ///< what is made; its operations
-        std::vector<long> operationTags;           ///< by operation
+        MachineMember machineMember;      ///< what is made; its operations
+        std::vector<long> operationTags;  ///< by operation
         bool hasOperations = false;
     };
 
