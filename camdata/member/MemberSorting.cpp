@@ -12,44 +12,46 @@
 namespace camdata::detail {
 namespace {
 
-/// One of the values that members are ordered by.
-struct SortKey {
-    void (*read)(const CMxPeilaib& member, MemberKeys& keys);
-    int (*compare)(const MemberKeys& a, const MemberKeys& b);
-};
-
-/// A text, which the keys refer to.
-template <const ZetString* MemberKeys::*Value>
-constexpr SortKey kText = {[](const CMxPeilaib&, MemberKeys&) {},
-                           [](const MemberKeys& a, const MemberKeys& b) {
-                               return a.*Value == b.*Value ? 0 : (a.*Value)->compare(*(b.*Value));
-                           }};
+void ReadNothing(const CMxPeilaib&, MemberKeys&) {}
 
 template <double MemberKeys::*Value, double (CMxPeilaib::*Get)() const>
-constexpr SortKey kNumber = {
-    [](const CMxPeilaib& member, MemberKeys& keys) { keys.*Value = (member.*Get)(); },
-    [](const MemberKeys& a, const MemberKeys& b) {
-        return CMxGeom::Compare_Mx(a.*Value, b.*Value);
-    }};
+void Read(const CMxPeilaib& member, MemberKeys& keys) {
+    keys.*Value = (member.*Get)();
+}
+
+template <const ZetString* MemberKeys::*Value>
+int Texts(const MemberKeys& a, const MemberKeys& b) {
+    return a.*Value == b.*Value ? 0 : (a.*Value)->compare(*(b.*Value));
+}
+
+template <double MemberKeys::*Value>
+int Numbers(const MemberKeys& a, const MemberKeys& b) {
+    return CMxGeom::Compare_Mx(a.*Value, b.*Value);
+}
 
 template <std::int64_t MemberKeys::*Value>
 int Difference(const MemberKeys& a, const MemberKeys& b) {
     return static_cast<int>(a.*Value - b.*Value);
 }
 
+/// One of the values that members are ordered by.
+struct SortKey {
+    void (*read)(const CMxPeilaib& member, MemberKeys& keys);  ///< where it takes time to find
+    int (*compare)(const MemberKeys& a, const MemberKeys& b);
+};
+
 /// By eSortOrder.
 constexpr std::array<SortKey, 8> kSortKeys = {
-    kText<&MemberKeys::mark>,
-    kText<&MemberKeys::profileName>,
-    kNumber<&MemberKeys::height, &CMxPeilaib::GetWebWidth>,
-    kNumber<&MemberKeys::width, &CMxPeilaib::GetProfileWidth>,
-    kNumber<&MemberKeys::thick, &CMxPeilaib::GetProfileThick>,
-    kNumber<&MemberKeys::length, &CMxPeilaib::GetLength>,
-    SortKey{[](const CMxPeilaib&,        MemberKeys& keys) {
-                keys.profileNameLength = keys.profileName->length();
-            },                                                     Difference<&MemberKeys::profileNameLength>},
-    SortKey{[](const CMxPeilaib& member, MemberKeys& keys) { keys.groupID = member.GetGroupID(); },
-            Difference<&MemberKeys::groupID>                                                                                                  },
+    {
+     {ReadNothing, Texts<&MemberKeys::mark>},
+     {ReadNothing, Texts<&MemberKeys::profileName>},
+     {Read<&MemberKeys::height, &CMxPeilaib::GetWebWidth>, Numbers<&MemberKeys::height>},
+     {Read<&MemberKeys::width, &CMxPeilaib::GetProfileWidth>, Numbers<&MemberKeys::width>},
+     {Read<&MemberKeys::thick, &CMxPeilaib::GetProfileThick>, Numbers<&MemberKeys::thick>},
+     {Read<&MemberKeys::length, &CMxPeilaib::GetLength>, Numbers<&MemberKeys::length>},
+     {ReadNothing, Difference<&MemberKeys::profileNameLength>},
+     {ReadNothing, Difference<&MemberKeys::groupID>},
+     }
 };
 static_assert(kSortKeys.size() == eSortGroupID + 1);
 
@@ -97,7 +99,9 @@ MemberKeys::MemberKeys(const CMxPeilaib& member) : MemberKeys(member, member.m_s
 MemberKeys::MemberKeys(const CMxPeilaib& member, const ZetArray<eSortOrder>& keys)
     : order(&keys),
       mark(&member.m_memType.GetHeaderData().mark),
-      profileName(&member.m_memType.GetHeaderData().profileName) {
+      profileName(&member.m_memType.GetHeaderData().profileName),
+      profileNameLength(profileName->length()),
+      groupID(member.GetGroupID()) {
     for (const eSortOrder value : keys)
         if (const SortKey* const key = KeyOf(value))
             key->read(member, *this);

@@ -27,8 +27,8 @@ struct MemberKeys {
     double width = 0.0;
     double thick = 0.0;
     double length = 0.0;
-    std::int64_t profileNameLength = 0;
-    std::int64_t groupID = 0;
+    std::int64_t profileNameLength;
+    std::int64_t groupID;
 };
 
 /// Sorts members as MergeSort with CMxPeilaib::compare does. That sets the current tolerance to
