@@ -92,7 +92,6 @@ StagedOutput::StagedOutput(fs::path folder, StagingDisk& disk)
       m_lastRecord(m_own / kLastRecordFile) {}
 
 StagedOutput::~StagedOutput() {
-    m_earlyFlush.reset();
     if (m_isStaging)
         DropStaging();
 }
@@ -128,15 +127,7 @@ void StagedOutput::Begin() {
     Check(m_disk.MakeFolder(m_staging), m_staging, "the folder cannot be made");
 }
 
-void StagedOutput::BeginFlush(unsigned threads) {
-    using threads::OrderedWork;
-    const auto flush = [this](std::size_t) { FlushEarly(); };
-    m_earlyFlush.emplace(1, threads, flush, OrderedWork::Taker::kComesLater);
-    if (threads == 1)
-        m_earlyFlush->Await();
-}
-
-void StagedOutput::FlushEarly() {
+void StagedOutput::BeginFlush() {
     std::vector<std::string> names;
     if (m_disk.ListFolder(m_staging, names))
         return;
@@ -145,7 +136,6 @@ void StagedOutput::FlushEarly() {
 }
 
 void StagedOutput::Commit() {
-    m_earlyFlush.reset();
     const Record record = MakeRecord();
     for (const auto* names : {&record.placed, &record.removed})
         for (const std::string& name : *names)

@@ -2,10 +2,8 @@
 
 #include "camjob/disk/FlushRenameLock.h"
 #include "camjob/disk/StagingDisk.h"
-#include "threads/OrderedWork.h"
 
 #include <filesystem>
-#include <optional>
 #include <stdexcept>
 #include <string>
 #include <vector>
@@ -42,10 +40,9 @@ class StagedOutput {
     void Begin();
     /// Where files are to be written between Begin and Commit, or in folders of it.
     const std::filesystem::path& GetStagingFolder() const { return m_staging; }
-    /// Lets the disk begin with the files that are whole in the staging folder, while others are
-    /// made; in a thread of its own where there may be two, for a busy disk lets it wait. Once,
-    /// between Begin and Commit. Never fails.
-    void BeginFlush(unsigned threads);
+    /// Lets the disk begin with what the files of the staging folder hold so far, while more is
+    /// made. Waits only where the disk has enough to do already. Never fails.
+    void BeginFlush();
     /// Replaces the last output by all files of the staging folder. Raises OutputFailure: the last
     /// output is then as it was, unless the text says that the next run finishes the work.
     void Commit();
@@ -77,7 +74,6 @@ class StagedOutput {
     void CheckFolderOf(const std::filesystem::path& file) const;
     void CheckReplaceable(const std::string& name) const;
     void CheckStaged(const Record& record) const;
-    void FlushEarly();
     void FlushStaging(const Record& record);
     void WriteRecord(const Record& record);
     Moves MovesOf(const Record& record) const;
@@ -97,7 +93,6 @@ class StagedOutput {
     std::filesystem::path m_lastRecord;  ///< of the last output
     FileLock m_lock;
     bool m_isStaging = false;
-    std::optional<threads::OrderedWork> m_earlyFlush;
 };
 
 }  // namespace camjob

@@ -36,18 +36,21 @@ std::string JobRunner::TextOf(const FileFault& fault) const {
            job::ReasonBehind(fault.systemError);
 }
 
-/// The disk has most of the output while plans are made.
+/// The disk has most of the output while the rest is made.
 bool JobRunner::Write(plugin::JobRun& run, StagedOutput& output) {
+    constexpr long kMembersAtATime = 1000;
     m_progress.Begin("writing", run.GetCount(), "members");
+    long begun = 0;
     const auto isCancelled = [&] {
         m_progress.Step({});
+        if (++begun % kMembersAtATime == 0)
+            output.BeginFlush();
         return m_system.isCancelled();
     };
-    const bool isWritten =
-        run.Write(output.GetStagingFolder(),
-                  isCancelled,
-                  {.onMembersWritten = [&] { output.BeginFlush(run.GetThreadsForMembers()); },
-                   .besideLists = [&] { TakeMembers(run); }});
+    const bool isWritten = run.Write(output.GetStagingFolder(),
+                                     isCancelled,
+                                     {.onMembersWritten = [&] { output.BeginFlush(); },
+                                      .besideLists = [&] { TakeMembers(run); }});
     if (!isWritten || m_system.isCancelled())
         return Cancel();
     for (const auto& [file, text] : run.GetFormatConflicts()) {
