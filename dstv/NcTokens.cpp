@@ -31,6 +31,14 @@ struct LeadingNumber {
     double value = 0.0;      ///< not a number: there are too many digits, see LongValueOf
 };
 
+/// What most numbers of an outline are, which has neither radius nor bevel.
+constexpr std::string_view kPlainZero = "0.00";
+
+bool BeginsWithPlainZero(std::string_view text) {
+    return text.starts_with(kPlainZero) &&
+           (text.size() == kPlainZero.size() || text[kPlainZero.size()] == ' ');
+}
+
 /// Not what is no number either.
 bool IsInRange(double value) {
     return std::abs(value) <= kMaxNumber;
@@ -156,6 +164,11 @@ char NcTokens::TakeSign() {
 }
 
 bool NcTokens::TakeIfNumber(const wchar_t* what, double& value) {
+    if (BeginsWithPlainZero({m_at, static_cast<std::size_t>(m_end - m_at)})) {
+        value = 0.0;
+        MoveTo(m_at + kPlainZero.size());
+        return true;
+    }
     const LeadingNumber number = NumberAt(m_at, m_end);
     if (number.length == 0)
         return false;
