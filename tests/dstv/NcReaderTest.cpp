@@ -83,6 +83,7 @@ TEST(NcReader, ReadsHoleLines) {
         {"v100.00u50.00 18.0", kRound, Kind::kPlain, {18, 0, 0, 0, 0}},
         {"v+100.00+50.00+18.0", kRound, Kind::kPlain, {18, 0, 0, 0, 0}},
         {"v 100. 50.00 18.00 .5", kRound, Kind::kPlain, {18, 0.5, 0, 0, 0}},
+        {"v 100.00 50.00 18.00 0.005", kRound, Kind::kPlain, {18, 0.005, 0, 0, 0}},
         {"v 100.00o 50.00 18.00 12.0", kRound, Kind::kPlain, {18, 12, 0, 0, 0}},
         {"V 100.00o 50.00 18.00 0.0 0.0 0.0", kRound, Kind::kPlain, {18, 0, 0, 0, 0}},
         {"v 100.00u 50.00g18.0 0.0", kRound, Kind::kThreadRight, {18, 0, 0, 0, 0}},
@@ -122,6 +123,7 @@ TEST(NcReader, TellsTheColumnOfWhatIsWrong) {
     const std::pair<const char*, long> cases[] = {
         {"BO\n  v 1.0 2.0 -3.0\n",                   13},
         {"BO\n  v 1.0 2.0\n",                        3 },
+        {"BO\n  v 1.0 2.0 3.0 0.00.1\n",             17},
         {"BO\nx\n",                                  1 },
         {"E1\n 0 0 0 1 0 0\n",                       1 },
         {"SI\n  v 1 2 0 10 \x01\n",                  14},
