@@ -68,6 +68,8 @@ const char* TakeDigits(const char* at, const char* end, std::uint64_t& digits) {
 inline LeadingNumber NumberAt(const char* const begin, const char* const end) {
     if (begin == end)
         return {};
+    if (BeginsWithPlainZero({begin, static_cast<std::size_t>(end - begin)}))
+        return {kPlainZero.size(), 0.0};
     const bool isNegative = *begin == '-';
     const char* const first = isNegative || *begin == '+' ? begin + 1 : begin;
     std::uint64_t digits = 0;
@@ -164,11 +166,6 @@ char NcTokens::TakeSign() {
 }
 
 bool NcTokens::TakeIfNumber(const wchar_t* what, double& value) {
-    if (BeginsWithPlainZero({m_at, static_cast<std::size_t>(m_end - m_at)})) {
-        value = 0.0;
-        MoveTo(m_at + kPlainZero.size());
-        return true;
-    }
     const LeadingNumber number = NumberAt(m_at, m_end);
     if (number.length == 0)
         return false;

@@ -2,6 +2,7 @@
 
 #include <cerrno>
 #include <dirent.h>
+#include <memory>
 #include <string_view>
 
 // A path for each entry, as the standard library's iterators make it, takes longer than all else
@@ -11,19 +12,18 @@ namespace job {
 
 std::vector<FolderEntry> EntriesOf(const std::filesystem::path& folder, std::error_code& error) {
     std::vector<FolderEntry> entries;
-    errno = 0;
-    if (DIR* const listed = ::opendir(folder.c_str())) {
-        while (const dirent* const entry = ::readdir(listed)) {
+    const std::unique_ptr<DIR, int (*)(DIR*)> listed(::opendir(folder.c_str()), ::closedir);
+    const auto next = [&] {
+        errno = 0;
+        return ::readdir(listed.get());
+    };
+    if (listed)
+        while (const dirent* const entry = next()) {
             const std::string_view name = entry->d_name;
             if (name != "." && name != "..")
                 entries.push_back({std::string(name), entry->d_type == DT_REG});
-            errno = 0;
         }
-        error.assign(errno, std::generic_category());
-        ::closedir(listed);
-    } else {
-        error.assign(errno, std::generic_category());
-    }
+    error.assign(errno, std::generic_category());
     return entries;
 }
 

@@ -15,7 +15,7 @@ std::error_code FlushFile(const std::filesystem::path& file);
 std::error_code FlushFolder(const std::filesystem::path& folder);
 
 /// Lets the system begin to write a file to the disk, so that FlushFile waits less later. Where
-/// there is no way to ask for that without waiting, nothing happens.
+/// there is no way to ask for that without waiting for the whole file, nothing happens.
 void BeginFlush(const std::filesystem::path& file);
 
 /// Gives a file another name on the same volume, in place of the file that has it.

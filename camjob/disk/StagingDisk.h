@@ -22,7 +22,7 @@ class StagingDisk {
     /// Replaces the file's bytes.
     virtual std::error_code WriteFile(const std::filesystem::path& file, std::string_view bytes);
     virtual std::error_code FlushFile(const std::filesystem::path& file);
-    /// Does not wait; what fails, FlushFile tells.
+    /// Waits only where the disk has enough to do already; what fails, FlushFile tells.
     virtual void BeginFlush(const std::filesystem::path& file);
     virtual std::error_code FlushFolder(const std::filesystem::path& folder);
     virtual std::error_code Rename(const std::filesystem::path& from,

@@ -26,12 +26,6 @@ ZetString Indented(const ZetString& text) {
     return MemberLineIndent() + text;
 }
 
-/// Lets go of a string or vector with its memory, which an assignment of {} keeps.
-template <typename T>
-void Release(T& held) {
-    T().swap(held);
-}
-
 /// The lines under their heading; nothing without one.
 ZetArray<ZetString> BlockOf(ZetArray<ZetString> heading,
                             const ZetArray<ZetString>& lines,
