@@ -1,5 +1,7 @@
 #include "plugin/output/TextBlocks.h"
 
+#include "plugin/output/LargePages.h"
+
 #include <algorithm>
 #include <cstddef>
 
@@ -16,7 +18,9 @@ constexpr std::size_t kDoublings = 6;
 
 void TextBlocks::AddBlock(std::size_t least) {
     const std::size_t usual = kFirstBlock << std::min(m_blocks.size(), kDoublings);
-    m_blocks.emplace_back().text.reserve(std::max(usual, least));
+    std::string& text = m_blocks.emplace_back().text;
+    text.reserve(std::max(usual, least));
+    WishForLargePages(text.data(), text.capacity());
 }
 
 TextBlocks::Place TextBlocks::Add(std::string_view text) {
