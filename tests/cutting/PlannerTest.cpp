@@ -255,6 +255,39 @@ TEST(PlannerRandomTest, KeepsEveryRule) {
     EXPECT_GT(compared, 5'000);
 }
 
+/// Bars of one stock, filled piece by piece.
+Count FirstFitPieceByPiece(Demand demand, const Stock& stock) {
+    std::sort(demand.begin(), demand.end(), [](const Part& a, const Part& b) {
+        return a.length > b.length;
+    });
+    std::vector<Length> rooms;
+    for (const Part& part : demand)
+        for (Count piece = 0; piece < part.count; ++piece) {
+            const auto bar = std::find_if(
+                rooms.begin(), rooms.end(), [&](Length room) { return room >= part.length; });
+            Length& room = bar == rooms.end() ? rooms.emplace_back(stock.GetUsable()) : *bar;
+            room -= part.length + stock.kerf;
+        }
+    return static_cast<Count>(rooms.size());
+}
+
+TEST(FirstFitTest, FillsManyBarsAtATimeAsItWouldPieceByPiece) {
+    RandomLists random(7);
+    for (int i = 0; i < 2000; ++i) {
+        SCOPED_TRACE("list " + std::to_string(i));
+        const Stock stock = MakeStock(random.Between(6000, 12000), random.Between(0, 1) * 3);
+        Demand demand;
+        for (auto marks = random.Between(1, 12); marks > 0; --marks)
+            demand.push_back({random.Between(300, 5900) * kMm, random.Between(0, 60)});
+        ASSERT_EQ(MakeFirstFitPlan(demand, {stock}).cost, FirstFitPieceByPiece(demand, stock));
+    }
+    const Demand most = MillimetreParts({
+        {3500, 4'000'000},
+        {2500, 6'000'000}
+    });
+    EXPECT_EQ(MakeFirstFitPlan(most, {MakeStock(6000)}).cost, 5'000'000);
+}
+
 // ---- the same everywhere
 // -----------------------------------------------------------------------------
 
