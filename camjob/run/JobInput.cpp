@@ -35,11 +35,8 @@ JobInput::JobInput(const job::Job& job,
       m_drawings(drawings),
       m_assemblies(AssembliesOf(job)),
       m_reading(job, run, m_assemblies, drawings != nullptr),
-      m_ncFiles(job) {
-    // Room for all at once, for to hash 100,000 marks anew takes longer than to add them; and much
-    // of it, for each mark of a chain is a look into far memory.
-    m_memberOfMark.max_load_factor(0.25F);
-    m_memberOfMark.reserve(files);
+      m_ncFiles(job),
+      m_marks(files) {
     m_memberFiles.reserve(files);
     m_memberAccounts.reserve(files);
     run.BeginJudging();
@@ -78,9 +75,7 @@ void JobInput::AddMissingPart(const ZetString& mark) {
         for (const job::AssemblyPart& part : assembly.parts)
             look(part.mark, part.line, part.column);
     }
-    std::vector<std::string> marks;
-    for (const auto& [known, position] : m_memberOfMark)
-        marks.push_back(known);
+    std::vector<std::string> marks = m_marks.GetAll();
     std::sort(marks.begin(), marks.end());
     fault.text = "the assemblies name part " + job::Quoted(mark.toUtf8()) +
                  ", which no NC file has" + job::Suggest(mark.toUtf8(), marks) +
@@ -168,13 +163,12 @@ void JobInput::AddMember(Part& part) {
     const long line = part.markLine;
     if (part.mark.isEmpty())
         AddFault(part, line, L"the part has no mark to tell it by" + OtherSources(source));
-    const auto [at, isNew] = m_memberOfMark.insert({part.mark.toUtf8(), m_memberFiles.size()});
-    if (!isNew)
+    if (const auto other = m_marks.Add(part.mark.toUtf8()))
         AddFault(part,
                  line,
                  ZetString::format(L"mark \"%s\" is already that of the part in %s",
                                    part.mark,
-                                   ZetString::fromUtf8(m_memberFiles[at->second].name)) +
+                                   ZetString::fromUtf8(m_memberFiles[*other].name)) +
                      OtherSources(source));
     JudgedPart& judged = *part.judged;
     if (judged.drawing)

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "camjob/run/KnownMarks.h"
 #include "camjob/run/MemberDrawings.h"
 #include "camjob/run/NcFiles.h"
 #include "camjob/run/PartReading.h"
@@ -13,7 +14,6 @@
 #include <filesystem>
 #include <memory>
 #include <string>
-#include <unordered_map>
 #include <vector>
 
 namespace camjob {
@@ -87,7 +87,7 @@ class JobInput {
     std::size_t m_position = 0;
     std::deque<Part> m_held;
     std::vector<std::unique_ptr<dstv::NcFileEntity>> m_assemblyParts;
-    std::unordered_map<std::string, std::size_t> m_memberOfMark;  ///< position in m_memberFiles
+    KnownMarks m_marks;  ///< by member
     std::vector<MemberFile> m_memberFiles;
     std::vector<FeatureAccounts> m_memberAccounts;
     std::vector<Placed<RunUnmadeFile>> m_unmadeFiles;
