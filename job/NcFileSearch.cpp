@@ -289,8 +289,18 @@ struct NormalFile {
     NamedNcFile file;
 };
 
+/// Whether a pattern finds files of one folder, which come in order and once each.
+bool IsOfOneFolder(const fs::path& pattern) {
+    return !HasWildcard(Utf8Of(pattern.parent_path()));
+}
+
 /// Each once: as the first pattern that it fits names it.
-std::vector<NamedNcFile> InOrder(std::vector<NormalFile> files) {
+std::vector<NamedNcFile> InOrder(std::vector<std::vector<NamedNcFile>> found) {
+    std::vector<NormalFile> files;
+    NormalNames names;
+    for (std::vector<NamedNcFile>& ofPattern : found)
+        for (NamedNcFile& file : ofPattern)
+            files.push_back({names.Of(file.name), std::move(file)});
     const auto isBefore = [](const NormalFile& a, const NormalFile& b) { return a.name < b.name; };
     // One pattern gives them in order mostly.
     if (!std::is_sorted(files.begin(), files.end(), isBefore))
@@ -311,18 +321,17 @@ std::vector<NamedNcFile> InOrder(std::vector<NormalFile> files) {
 NcFilesResult ExpandNcFiles(const Job& job) {
     const fs::path folder = PathFromUtf8(job.file).parent_path();
     NcFileSearch search;
-    std::vector<NormalFile> files;
-    NormalNames names;
+    std::vector<std::vector<NamedNcFile>> found;  ///< by pattern
     std::vector<JobError> errors;
+    bool areInOrder = job.ncFiles.size() == 1;
     for (const NcFilePattern& pattern : job.ncFiles) {
         const fs::path path = PathFromUtf8(pattern.text);
         const fs::path root = path.has_root_path() ? path.root_path() : folder;
         const fs::path below = path.relative_path().lexically_normal();
-        std::vector<NamedNcFile> found = search.Find(root, below);
-        for (NamedNcFile& file : found)
-            files.push_back({names.Of(file.name), std::move(file)});
+        areInOrder = areInOrder && IsOfOneFolder(below);
+        found.push_back(search.Find(root, below));
         std::vector<std::string> faults = search.TakeFaults();
-        if (found.empty() && faults.empty()) {
+        if (found.back().empty() && faults.empty()) {
             const std::string why = search.WhyNone(root, below);
             faults.push_back("no file fits " + Quoted(pattern.text) + ": " +
                              (why.empty() ? AdviseOnFolder(path) : why));
@@ -332,7 +341,7 @@ NcFilesResult ExpandNcFiles(const Job& job) {
     }
     if (!errors.empty())
         return errors;
-    return InOrder(std::move(files));
+    return areInOrder ? std::move(found.front()) : InOrder(std::move(found));
 }
 
 }  // namespace job
