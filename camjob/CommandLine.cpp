@@ -44,6 +44,7 @@ struct Options {
     HostOptions host;
     CompareOptions compare;
     FormatsOptions formats;
+    std::shared_ptr<const void>* leftover = nullptr;  ///< of a run
 };
 
 void DescribeCheck(CLI::App& command, Options& options) {
@@ -133,7 +134,9 @@ int Run(const Options& options, OutputStream& out, OutputStream& err) {
     StagingDisk disk;
     const Interrupt interrupt;
     return RunJobs(options.run,
-                   {.disk = disk, .isCancelled = [&] { return interrupt.WasRequested(); }},
+                   {.disk = disk,
+                    .isCancelled = [&] { return interrupt.WasRequested(); },
+                    .leftover = options.leftover},
                    out,
                    err);
 }
@@ -259,8 +262,12 @@ const Command& Chosen(const CLI::App& app) {
     });
 }
 
-int Execute(std::vector<std::string> arguments, OutputStream& out, OutputStream& err) {
+int Execute(std::vector<std::string> arguments,
+            OutputStream& out,
+            OutputStream& err,
+            std::shared_ptr<const void>* leftover) {
     Options options;
+    options.leftover = leftover;
     CLI::App app("NC files of steel members: checked, reported, made into manufacturing files",
                  "camjob");
     Describe(app, options);
@@ -283,8 +290,11 @@ int Execute(std::vector<std::string> arguments, OutputStream& out, OutputStream&
 
 }  // namespace
 
-int RunCamjob(std::vector<std::string> arguments, OutputStream& out, OutputStream& err) {
-    int code = Execute(std::move(arguments), out, err);
+int RunCamjob(std::vector<std::string> arguments,
+              OutputStream& out,
+              OutputStream& err,
+              std::shared_ptr<const void>* leftover) {
+    int code = Execute(std::move(arguments), out, err, leftover);
     if (!out.Flush()) {
         err.Write("camjob: the output could not be written: " + out.GetFailure().message() + "\n");
         code = kExitNotWritten;

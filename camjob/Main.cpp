@@ -7,6 +7,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <exception>
+#include <memory>
 #include <new>
 #include <string>
 #include <string_view>
@@ -35,6 +36,13 @@ int s_argumentCount = 0;
 Character** s_arguments = nullptr;
 /// Something of the report is out: a document cannot begin anew.
 bool s_hasReported = false;
+/// What a run leaves behind. A union does not destroy it.
+union Leftover {
+    Leftover() : ofRun() {}
+    ~Leftover() {}
+    std::shared_ptr<const void> ofRun;
+};
+Leftover s_leftover;
 
 std::vector<std::string> TakeArguments() {
     std::vector<std::string> texts;
@@ -99,7 +107,7 @@ int RunProgram() {
     ReportStream out;
     camjob::StandardStream err(camjob::StandardOutput::kMessages);
     try {
-        return camjob::RunCamjob(TakeArguments(), out, err);
+        return camjob::RunCamjob(TakeArguments(), out, err, &s_leftover.ofRun);
     } catch (const std::bad_alloc&) {
         err.Flush();
         return SayLastWords();

@@ -10,13 +10,18 @@ OrderedWork::OrderedWork(std::size_t count, unsigned threads, Work work, Taker t
 }
 
 OrderedWork::~OrderedWork() {
+    Stop();
+    for (std::thread& thread : m_threads)
+        thread.join();
+}
+
+void OrderedWork::Stop() {
     {
         const Lock lock(m_mutex);
         m_isStopped = true;
     }
     m_hasRoom.notify_all();
-    for (std::thread& thread : m_threads)
-        thread.join();
+    m_isNextDone.notify_one();
 }
 
 /// Enough that a piece of a thousand times the usual work keeps the others busy for a while.
@@ -26,18 +31,18 @@ std::size_t OrderedWork::WindowOf(unsigned threads) {
 }
 
 void OrderedWork::Start(unsigned threads, Taker taker) {
-    const std::size_t atWork = m_count + (taker == Taker::kComesLater ? 1 : 0);
-    const std::size_t useful = std::min<std::size_t>(threads, atWork);
+    const std::size_t others = taker == Taker::kIsHelped ? 2 : 1;
+    const std::size_t useful = std::min<std::size_t>(threads, m_count + others - 1);
     try {
         m_threads.reserve(useful);
-        while (m_threads.size() + 1 < useful)
-            m_threads.emplace_back([this] { Serve(); });
+        while (m_threads.size() + others < useful)
+            m_threads.emplace_back([this] { Help(); });
     } catch (const std::exception&) {
         // The taking thread does alone what nobody helps with.
     }
 }
 
-void OrderedWork::Serve() {
+void OrderedWork::Help() {
     Lock lock(m_mutex);
     while (!m_isStopped && m_begun < m_count) {
         if (IsAnyToBegin())
@@ -70,7 +75,9 @@ std::size_t OrderedWork::Await() {
     Lock lock(m_mutex);
     State& state = m_states[m_next % m_states.size()];
     while (!state.isDone) {
-        if (IsAnyToBegin())
+        if (m_isStopped && m_begun == m_next)
+            throw Stopped();
+        if (!m_isStopped && IsAnyToBegin())
             DoOne(lock);
         else
             m_isNextDone.wait(lock);

@@ -22,13 +22,15 @@ class OrderedWork {
     using Work = std::function<void(std::size_t piece)>;
     /// The thread that takes the pieces.
     enum class Taker {
-        kWaits,       ///< for the first of them, at once
-        kComesLater,  ///< has other work before: the others begin without it
+        kAlone,     ///< apart from those that are started for the work
+        kIsHelped,  ///< later, by one more that has other work before
     };
+    /// Thrown in place of a piece that is not begun any more.
+    struct Stopped {};
 
     /// `work` is called once for each piece, in several threads at a time. Where the system has no
     /// more threads to give, those that there are do it.
-    OrderedWork(std::size_t count, unsigned threads, Work work, Taker taker = Taker::kWaits);
+    OrderedWork(std::size_t count, unsigned threads, Work work, Taker taker = Taker::kAlone);
     /// What is begun is ended, nothing more is begun.
     ~OrderedWork();
     OrderedWork(const OrderedWork&) = delete;
@@ -36,6 +38,10 @@ class OrderedWork {
 
     static std::size_t WindowOf(unsigned threads);
 
+    /// Works along, in a thread that takes nothing, until the last piece is begun or it is stopped.
+    void Help();
+    /// Nothing more is begun.
+    void Stop();
     /// Waits until the next piece is done. Throws what its work has thrown.
     std::size_t Await();
     /// Its result was taken: the piece that is a window behind it may begin.
@@ -49,7 +55,6 @@ class OrderedWork {
     using Lock = std::unique_lock<std::mutex>;
 
     void Start(unsigned threads, Taker taker);
-    void Serve();
     bool IsAnyToBegin() const;
     void DoOne(Lock& lock);
 
@@ -74,7 +79,7 @@ class ResultsInOrder {
     ResultsInOrder(std::size_t count,
                    unsigned threads,
                    Make make,
-                   OrderedWork::Taker taker = OrderedWork::Taker::kWaits)
+                   OrderedWork::Taker taker = OrderedWork::Taker::kAlone)
         : m_make(std::move(make)),
           m_results(OrderedWork::WindowOf(threads)),
           m_work(
@@ -89,6 +94,9 @@ class ResultsInOrder {
         m_work.Release();
         return result;
     }
+    /// As OrderedWork.
+    void Help() { m_work.Help(); }
+    void Stop() { m_work.Stop(); }
 
   private:
     std::optional<Result>& PlaceOf(std::size_t piece) {

@@ -15,6 +15,8 @@ NestMaker::NestMaker(ZetArray<CMxParts> parts, double reserveLength)
       m_markOfPart(static_cast<std::size_t>(m_parts.length())),
       m_nextOfMark(m_markOfPart.size()) {
     std::unordered_map<std::wstring_view, std::size_t> marks;
+    marks.reserve(m_markOfPart.size());
+    m_marks.reserve(m_markOfPart.size());
     // From the end, so that what is filed last is the first part of its mark.
     for (long part = m_parts.length() - 1; part >= 0; --part) {
         const auto at = static_cast<std::size_t>(part);

@@ -1,5 +1,7 @@
 #include "camjob/run/Accounts.h"
 
+#include <utility>
+
 namespace camjob {
 
 namespace {
@@ -19,25 +21,27 @@ FeatureAccounts SettleAccounts(const std::vector<dstv::NcEntry>& entries,
                                const plugin::Ledger& ledger,
                                bool areFeaturesKept) {
     FeatureAccounts accounts;
+    FeatureAccounts::Lists lists;
     if (areFeaturesKept)
-        accounts.features.reserve(entries.size());
+        lists.features.reserve(entries.size());
     for (const dstv::NcEntry& entry : entries) {
         const auto [whenMade, whenNotMade] = AccountsOf(entry, ledger);
         if (!whenMade)
-            accounts.lost.push_back(
+            lists.lost.push_back(
                 {entry.line,
                  ZetString::format(L"%s: neither made nor told", ZetString(entry.kind))});
         const AccountedFeature feature = {entry.kind,
                                           entry.line,
                                           whenMade.value_or(Account::kNotMade),
                                           whenNotMade.value_or(Account::kNotMade)};
-        ++accounts.numbers.whenMade[feature.whenMade];
-        ++accounts.numbers.whenNotMade[feature.whenNotMade];
+        accounts.numbers.Count(feature);
         if (areFeaturesKept)
-            accounts.features.push_back(feature);
+            lists.features.push_back(feature);
     }
     for (const long tag : ledger.GetStrangeTags())
-        accounts.lost.push_back({tag, L"an operation or a message belongs to no feature"});
+        lists.lost.push_back({tag, L"an operation or a message belongs to no feature"});
+    if (!lists.features.empty() || !lists.lost.empty())
+        accounts.lists = std::make_unique<FeatureAccounts::Lists>(std::move(lists));
     return accounts;
 }
 

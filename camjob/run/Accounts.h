@@ -5,6 +5,11 @@
 
 #include "camdata/platform/text/ZetString.h"
 
+#include <algorithm>
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <memory>
 #include <vector>
 
 namespace camjob {
@@ -26,20 +31,38 @@ struct AccountedFeature {
 };
 
 /// How many features of one file ended where.
-struct MemberAccounts {
-    plugin::AccountNumbers whenMade;  ///< when the member is made
-    plugin::AccountNumbers whenNotMade;
-
-    const plugin::AccountNumbers& Get(bool isMemberMade) const {
-        return isMemberMade ? whenMade : whenNotMade;
+class MemberAccounts {
+  public:
+    void Count(const AccountedFeature& feature) {
+        ++m_whenMade[static_cast<std::size_t>(feature.whenMade)];
+        ++m_whenNotMade[static_cast<std::size_t>(feature.whenNotMade)];
     }
+    plugin::AccountNumbers Get(bool isMemberMade) const {
+        const Numbers& numbers = isMemberMade ? m_whenMade : m_whenNotMade;
+        plugin::AccountNumbers accounts;
+        std::copy(numbers.begin(), numbers.end(), accounts.features.begin());
+        return accounts;
+    }
+
+  private:
+    /// By Account. Half the size of AccountNumbers: there may be very many members.
+    using Numbers = std::array<std::int32_t, plugin::kAccountCount>;
+
+    Numbers m_whenMade{};  ///< when the member is made
+    Numbers m_whenNotMade{};
 };
 
 /// Where the features of one file ended.
 struct FeatureAccounts {
+    struct Lists {
+        /// In the order of their lines; when they are kept.
+        std::vector<AccountedFeature> features;
+        /// When the member is made: a fault of the program.
+        std::vector<LostFeature> lost;
+    };
+
     MemberAccounts numbers;
-    std::vector<AccountedFeature> features;  ///< in the order of their lines; when they are kept
-    std::vector<LostFeature> lost;           ///< when the member is made: a fault of the program
+    std::unique_ptr<Lists> lists;  ///< null when both are empty, as those of very many members are
 };
 
 /// Joins what the reader has met with what the plug-in has made of it, feature by feature.

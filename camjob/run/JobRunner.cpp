@@ -25,10 +25,10 @@ RunReport ReportWithoutMemory(const RunOptions& options, bool hasBegun) {
     return report;
 }
 
-RunReport JobRunner::Run() {
+RunReport& JobRunner::Run() {
     try {
         if (!ReadJob())
-            return std::move(m_report);
+            return m_report;
         m_report.folder =
             m_options.folder.empty() ? Utf8FromPath(job::GetOutputFolder(m_job)) : m_options.folder;
         if (!RefuseFolder())
@@ -37,10 +37,11 @@ RunReport JobRunner::Run() {
         Fail(failure.what());
         m_report.DropResults();
     } catch (const std::bad_alloc&) {
+        m_run.reset();
         m_report = ReportWithoutMemory(m_options, m_hasBegun);
     }
     m_progress.Erase();
-    return std::move(m_report);
+    return m_report;
 }
 
 bool JobRunner::ReadJob() {
@@ -69,13 +70,14 @@ void JobRunner::RunInFolder() {
     const fs::path folder = PathFromUtf8(m_report.folder);
     StagedOutput output(folder, m_system.disk);
     m_report.hasFinishedEarlierOutput = output.Recover();
-    auto running = std::make_unique<plugin::JobRun>(m_job, folder);
-    plugin::JobRun& run = *running;
+    m_run = std::make_unique<plugin::JobRun>(m_job, folder);
+    plugin::JobRun& run = *m_run;
     run.SetPlanner(m_system.planLeast);
     run.SetThreads(m_options.threads);
     if (!PrepareProject(run) || !ReadInput(run))
         return;
     m_hasBegun = true;
+    std::vector<job::NamedNcFile>().swap(m_ncFiles);  // what follows takes much memory
     output.Begin();
     if (!Write(run, output))
         return m_report.DropResults();
@@ -85,15 +87,9 @@ void JobRunner::RunInFolder() {
     const fs::path& staging = output.GetStagingFolder();
     TakeResults(run, staging);
     if (WriteNcFiles(staging) && Compare(run) && WriteReports(run, staging))
-        Commit(output, std::move(running));
+        output.Commit();
     else
         m_report.DropResults();
-}
-
-/// The run is let go of meanwhile: what takes time there is the disk.
-void JobRunner::Commit(StagedOutput& output, std::unique_ptr<plugin::JobRun> run) {
-    const unsigned threads = run->GetThreadsForMembers();
-    threads::DoAll({[&] { output.Commit(); }, [&] { run.reset(); }}, threads);
 }
 
 /// The project information of the job, of earlier dialogs, and of the user.

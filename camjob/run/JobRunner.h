@@ -38,7 +38,8 @@ class JobRunner {
         m_report.job = options.job;
     }
 
-    RunReport Run();
+    /// Once. What is reported is the runner's, until it is moved away.
+    RunReport& Run();
 
   private:
     bool ReadJob();
@@ -55,6 +56,9 @@ class JobRunner {
     std::string FindNameFault(const ZetString& fileName) const;
     bool Write(plugin::JobRun& run, StagedOutput& output);
     void TakeMembers(plugin::JobRun& run);
+    void TakeSums(const plugin::JobRun& run);
+    /// By position.
+    void TakeMembers(plugin::JobRun& run, std::size_t begin, std::size_t end);
     bool AddsUp();
     void TakeResults(plugin::JobRun& run, const std::filesystem::path& staging);
     std::vector<std::filesystem::path> FileNames(const ZetString& fileName) const;
@@ -63,7 +67,6 @@ class JobRunner {
     bool WriteReports(plugin::JobRun& run, const std::filesystem::path& staging);
     bool WriteReport(const std::filesystem::path& staged,
                      const std::function<void(OutputStream&)>& write);
-    void Commit(StagedOutput& output, std::unique_ptr<plugin::JobRun> run);
 
     std::string OutputName(const std::filesystem::path& file) const {
         return NameIn(m_report.folder, Utf8FromPath(file));
@@ -89,6 +92,7 @@ class JobRunner {
     RunReport m_report;
     bool m_hasBegun = false;  ///< to make the output
     job::Job m_job;
+    std::unique_ptr<plugin::JobRun> m_run;
     std::vector<job::NamedNcFile> m_ncFiles;
     std::vector<MemberFile> m_memberFiles;
     std::vector<FeatureAccounts> m_memberAccounts;

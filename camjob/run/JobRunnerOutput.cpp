@@ -47,12 +47,10 @@ bool JobRunner::Write(plugin::JobRun& run, StagedOutput& output) {
             output.BeginFlush();
         return m_system.isCancelled();
     };
-    const bool isWritten = run.Write(output.GetStagingFolder(),
-                                     isCancelled,
-                                     {.onMembersWritten = [&] { output.BeginFlush(); },
-                                      .besideLists = [&] { TakeMembers(run); }});
-    if (!isWritten || m_system.isCancelled())
+    if (!run.Write(output.GetStagingFolder(), isCancelled, [&] { output.BeginFlush(); }) ||
+        m_system.isCancelled())
         return Cancel();
+    TakeMembers(run);
     for (const auto& [file, text] : run.GetFormatConflicts()) {
         const job::OutputFile& at = m_job.files[file];
         Complain(job::JobError{m_options.job, at.formatLine, at.formatColumn, text.toUtf8()});
@@ -65,13 +63,33 @@ bool JobRunner::Write(plugin::JobRun& run, StagedOutput& output) {
     return m_report.status == RunStatus::kDone;
 }
 
+/// In shares, for each look at all members of a large run takes long.
 void JobRunner::TakeMembers(plugin::JobRun& run) {
-    m_report.members.reserve(m_memberFiles.size());
-    for (std::size_t i = 0; i < m_memberFiles.size(); ++i)
-        m_report.members.push_back({run.TakeMemberResult(i),
-                                    std::move(m_memberFiles[i]),
-                                    m_memberAccounts[i].numbers,
-                                    std::move(m_memberAccounts[i].features)});
+    const std::size_t count = m_memberFiles.size();
+    const std::size_t shares = std::size_t{2} * run.GetThreadsForMembers();
+    m_report.members.resize(count);
+    std::vector<std::function<void()>> pieces = {[&] { TakeSums(run); }};
+    for (std::size_t share = 0; share < shares; ++share)
+        pieces.emplace_back(
+            [&, share] { TakeMembers(run, count * share / shares, count * (share + 1) / shares); });
+    threads::DoAll(pieces, run.GetThreadsForMembers());
+}
+
+void JobRunner::TakeSums(const plugin::JobRun& run) {
+    for (const plugin::GroupResult& group : run.GetGroupResults())
+        m_report.groups.push_back({m_job.groups[group.group].id, group});
+    m_report.profiles = run.GetProfileResults();
+}
+
+void JobRunner::TakeMembers(plugin::JobRun& run, std::size_t begin, std::size_t end) {
+    for (std::size_t i = begin; i < end; ++i) {
+        RunMember& member = m_report.members[i];
+        member.result = run.TakeMemberResult(i);
+        member.file = std::move(m_memberFiles[i]);
+        member.accounts = m_memberAccounts[i].numbers;
+        if (m_memberAccounts[i].lists != nullptr)
+            member.features = std::move(m_memberAccounts[i].lists->features);
+    }
 }
 
 void JobRunner::NoteMembers() {
@@ -109,9 +127,9 @@ void JobRunner::NoteUnprinted(const RunMember& member) {
 bool JobRunner::AddsUp() {
     for (std::size_t i = 0; i < m_report.members.size(); ++i) {
         const RunMember& member = m_report.members[i];
-        if (!member.result.IsMade())
+        if (!member.result.IsMade() || m_memberAccounts[i].lists == nullptr)
             continue;
-        for (const LostFeature& lost : m_memberAccounts[i].lost)
+        for (const LostFeature& lost : m_memberAccounts[i].lists->lost)
             m_report.faults.push_back(
                 {member.file.name,
                  lost.line,
@@ -124,9 +142,6 @@ bool JobRunner::AddsUp() {
 }
 
 void JobRunner::TakeResults(plugin::JobRun& run, const fs::path& staging) {
-    for (const plugin::GroupResult& group : run.GetGroupResults())
-        m_report.groups.push_back({m_job.groups[group.group].id, group});
-    m_report.profiles = run.GetProfileResults();
     for (plugin::ProfilePlan& plan : run.TakePlans())
         m_report.plans.push_back({m_job.groups[plan.group].id, std::move(plan)});
     for (const fs::path& name : FileNames(run.GetProjectInfo().GetFileName())) {

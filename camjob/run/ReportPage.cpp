@@ -152,7 +152,7 @@ report::PlanBar BarOf(const plugin::ProfilePlan& plan,
     bar.offcut = plugin::Millimetres(bars.offCut);
     bar.isOffcutKept = IsKept(plan, bars);
     for (const plugin::PieceOnBar& piece : pieces)
-        bar.pieces.push_back({plan.parts[piece.part].mark.toUtf8(),
+        bar.pieces.push_back({plan.parts[piece.part].mark,
                               plugin::Millimetres(piece.position),
                               plugin::Millimetres(piece.length)});
     return bar;

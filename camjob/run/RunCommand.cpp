@@ -5,7 +5,9 @@
 #include "camjob/run/RunJson.h"
 #include "camjob/run/RunText.h"
 
+#include <memory>
 #include <new>
+#include <utility>
 
 namespace camjob {
 
@@ -63,13 +65,12 @@ void ReportAsText(RunReport& report,
     }
 }
 
-}  // namespace
-
-RunReport RunAndReport(const RunOptions& options,
-                       const RunSystem& system,
-                       OutputStream& out,
-                       OutputStream& err) {
-    RunReport report = JobRunner(options, system, err).Run();
+/// Returns the report, which is the runner's.
+RunReport& RunAndReport(JobRunner& runner,
+                        const RunOptions& options,
+                        OutputStream& out,
+                        OutputStream& err) {
+    RunReport& report = runner.Run();
     if (options.asJson)
         ReportAsJson(report, options, out);
     else
@@ -77,11 +78,25 @@ RunReport RunAndReport(const RunOptions& options,
     return report;
 }
 
+}  // namespace
+
+RunReport RunAndReport(const RunOptions& options,
+                       const RunSystem& system,
+                       OutputStream& out,
+                       OutputStream& err) {
+    JobRunner runner(options, system, err);
+    return std::move(RunAndReport(runner, options, out, err));
+}
+
 int RunJob(const RunOptions& options,
            const RunSystem& system,
            OutputStream& out,
            OutputStream& err) {
-    return RunAndReport(options, system, out, err).GetExitCode();
+    const auto runner = std::make_shared<JobRunner>(options, system, err);
+    const int code = RunAndReport(*runner, options, out, err).GetExitCode();
+    if (system.leftover != nullptr)
+        *system.leftover = runner;
+    return code;
 }
 
 void WriteRunWithoutMemory(bool isBegun, OutputStream& out) {

@@ -6,6 +6,7 @@
 #include "cutting/Planner.h"
 
 #include <functional>
+#include <memory>
 #include <string>
 
 namespace camjob {
@@ -30,6 +31,9 @@ struct RunSystem {
     cutting::Planner planLeast = &cutting::MakeLeastPlan;
     /// Why the output cannot go to a folder (UTF-8); "": it can. Null: it can go to any.
     std::function<std::string(const std::string& folder)> faultOfFolder = nullptr;
+    /// Takes what RunJob leaves behind, which may be much, and is let go of quicker by the end of
+    /// the process than piece by piece. It is not to be destroyed. Null: nothing is left.
+    std::shared_ptr<const void>* leftover = nullptr;
 };
 
 /// Runs a job from NC files to manufacturing files, and reports it. All inputs are read before

@@ -54,7 +54,7 @@ OutputCut ToCompare(const plugin::ProfilePlan& plan,
     cut.offCut = plugin::Millimetres(bars.offCut);
     cut.isKept = IsKept(plan, bars);
     for (const plugin::PieceOnBar& piece : pieces)
-        cut.pieces.push_back({plan.parts[piece.part].mark.toUtf8(),
+        cut.pieces.push_back({plan.parts[piece.part].mark,
                               plugin::Millimetres(piece.position),
                               plugin::Millimetres(piece.length)});
     return cut;

@@ -43,7 +43,7 @@ Json WeightJson(const plugin::SteelTotals& steel) {
 JsonText PieceJson(const plugin::ProfilePlan& plan, const plugin::PieceOnBar& piece) {
     JsonObject object;
     object.Set("position", plugin::Millimetres(piece.position));
-    object.Set("mark", plan.parts[piece.part].mark.toUtf8());
+    object.Set("mark", plan.parts[piece.part].mark);
     object.Set("member", plan.parts[piece.part].member);
     object.Set("piece", piece.number);
     object.Set("length", plugin::Millimetres(piece.length));
@@ -59,7 +59,7 @@ Json UncutJson(const plugin::ProfilePlan& plan) {
     for (std::size_t part = 0; part < plan.plan.uncut.size(); ++part)
         if (plan.plan.uncut[part] > 0)
             parts.push_back({
-                {"mark",   plan.parts[part].mark.toUtf8()               },
+                {"mark",   plan.parts[part].mark                        },
                 {"member", plan.parts[part].member                      },
                 {"pieces", plan.plan.uncut[part]                        },
                 {"length", plugin::Millimetres(plan.demand[part].length)},

@@ -71,7 +71,7 @@ struct RunMember {
     /// In the order of their lines; empty when nothing tells them.
     std::vector<AccountedFeature> features;
 
-    const plugin::AccountNumbers& CountAccounts() const { return accounts.Get(result.IsMade()); }
+    plugin::AccountNumbers CountAccounts() const { return accounts.Get(result.IsMade()); }
 };
 
 /// A file that could be read and takes no part: its member type is left out, or none takes it.

@@ -23,13 +23,6 @@ using numbers::TextBuffer;
 
 // ---- text ---------------------------------------------------------------------------------------
 
-/// As UTF-8.
-void Add(TextBuffer& text, const ZetString& wide) {
-    const auto isAscii = [](wchar_t c) { return (c & ~0x7F) == 0; };
-    if (!text.AddAscii(wide.view(), isAscii))
-        text.Add(wide.toUtf8());
-}
-
 void AddBarNumbers(TextBuffer& text, long first, long count) {
     text.Add(count == 1 ? "Bar " : "Bars ");
     text.AddWhole(first);
@@ -57,10 +50,14 @@ void AddCount(TextBuffer& text, long count, std::size_t width) {
 }
 
 /// At the beginning of a column.
-void AddMark(TextBuffer& text, const ZetString& mark) {
+void AddMark(TextBuffer& text, const std::string& mark) {
     constexpr long kWidth = 12;
-    Add(text, mark);
-    text.AddBlanks(static_cast<std::size_t>(std::max(kWidth - mark.length(), 0L)));
+    const bool isAscii =
+        std::all_of(mark.begin(), mark.end(), [](char c) { return (c & ~0x7F) == 0; });
+    const long width =
+        isAscii ? static_cast<long>(mark.size()) : ZetString::fromUtf8(mark).length();
+    text.Add(mark);
+    text.AddBlanks(static_cast<std::size_t>(std::max(kWidth - width, 0L)));
 }
 
 /// "6000.0, kerf 3.0, grips 20.0 and 30.0", "2350.0, remnant R-17, kerf 3.0"
@@ -113,7 +110,7 @@ void AddPiece(TextBuffer& text,
         AddCount(
             text, piece.number + static_cast<long>((bars.bars - 1) * CountOn(bars, piece.part)), 6);
     text.Add("  ");
-    Add(text, part.file);
+    text.Add(part.file);
     text.Add('\n');
 }
 
@@ -152,7 +149,7 @@ void AppendUncut(const ProfilePlan& plan, ZetArray<ZetString>& lines) {
         if (const auto count = static_cast<long>(plan.plan.uncut[part]); count > 0)
             lines.append(ZetString::format(L"\t%d of %s, %.1f",
                                            count,
-                                           plan.parts[part].mark,
+                                           ZetString::fromUtf8(plan.parts[part].mark),
                                            Millimetres(plan.demand[part].length)));
 }
 
@@ -221,7 +218,7 @@ std::string Field(cutting::Length length) {
 std::vector<std::string> MarkFields(const ProfilePlan& plan) {
     std::vector<std::string> fields;
     for (const BarPart& part : plan.parts)
-        fields.push_back(job::CsvField(part.mark));
+        fields.push_back(job::CsvField(ZetString::fromUtf8(part.mark)));
     return fields;
 }
 

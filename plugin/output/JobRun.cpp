@@ -160,28 +160,27 @@ MemberResult JobRun::TakeMemberResult(std::size_t position) {
 
 std::vector<GroupResult> JobRun::GetGroupResults() const {
     std::map<std::size_t, GroupResult> groups;
-    for (const auto& member : m_members) {
-        GroupResult& group = groups[member->GetGroupPosition()];
-        Count(member->GetOutcome(), group);
-        member->AddSteelTo(group.steel);
-    }
+    for (const auto& member : m_members)
+        Count(member->GetOutcome(), groups[member->GetGroupPosition()]);
     std::vector<GroupResult> results;
     for (auto& [position, group] : groups) {
         group.group = position;
+        group.steel = m_steelOfGroups.at(position);
         results.push_back(group);
     }
     return results;
 }
 
-std::vector<ProfileResult> JobRun::SumProfiles() const {
+/// When the members are settled; once.
+void JobRun::SumSteel() {
     std::map<std::wstring_view, SteelTotals> profiles;
-    for (const auto& member : m_members)
+    for (const auto& member : m_members) {
+        member->AddSteelTo(m_steelOfGroups[member->GetGroupPosition()]);
         if (member->GetOutcome().IsMade())
             member->AddSteelTo(profiles[member->SeeProfileName()]);
-    std::vector<ProfileResult> results;
+    }
     for (auto& [name, steel] : profiles)
-        results.push_back({ZetString(name), steel});
-    return results;
+        m_profiles.push_back({ZetString(name), steel});
 }
 
 }  // namespace plugin

@@ -69,7 +69,8 @@ struct ProfileResult {
 /// Sets the process-wide tolerances and, for a job with a date, the clock; at the end of its life
 /// the clock is the system's again. One at a time. What fails in the host raises HostComError.
 ///
-/// Members may be judged in several threads; all else is done in one.
+/// Members may be judged in several threads. Write makes plans, and what tells them, in others;
+/// all else is done in one.
 ///
 /// Writing is in JobRunFiles.cpp, plans and their lists in JobRunPlans.cpp.
 class JobRun {
@@ -141,7 +142,7 @@ class JobRun {
     /// Makes the plans "least" instead of the planner of `cutting/`.
     void SetPlanner(cutting::Planner planner) { m_planner = std::move(planner); }
 
-    /// That make plans and lists; one without it.
+    /// That Write may use, with the one that calls it; one without it.
     void SetThreads(unsigned threads) { m_threads = threads; }
     /// For what takes little time for each member: a few are done sooner than a thread is started.
     /// When all are taken.
@@ -152,25 +153,17 @@ class JobRun {
 
     /// Asked before each member that is written; true ends the run.
     using CancelCheck = std::function<bool()>;
-    /// What the caller does while a run is written.
-    struct Meanwhile {
-        /// The files of the members are whole and closed, while plans are made.
-        std::function<void()> onMembersWritten;
-        /// Nothing but lists is left to be made, beside which this is done: perhaps in another
-        /// thread. The results of members may be taken.
-        std::function<void()> besideLists;
-    };
     /// Writes all files into `folder`, which must be there; the names end as job::OutputEndings.
     /// False when it was cancelled: all files are closed then, and what they hold is of no use.
-    /// Once per run.
+    /// Once per run. `onMembersWritten` is called when the files of the members are whole and
+    /// closed, while there may be plans to be made.
     bool Write(const std::filesystem::path& folder,
                const CancelCheck& isCancelled = {},
-               const Meanwhile& meanwhile = {});
+               const std::function<void()>& onMembersWritten = {});
     /// What could not be opened, written or closed.
     const ZetArray<FileFault>& GetFileFaults() const { return m_faults; }
 
-    /// `position`: in the order in which they were added. Beside the lists or after Write; the
-    /// lists of each once.
+    /// `position`: in the order in which they were added. After Write; the lists of each once.
     MemberResult TakeMemberResult(std::size_t position);
     /// By position. After Write.
     std::vector<GroupResult> GetGroupResults() const;
@@ -196,7 +189,7 @@ class JobRun {
 
   private:
     class Writing;
-    class Planning;
+    class Cutting;
     struct Cancelled {};
 
     /// Makes the date of a job today, as long as it lives.
@@ -225,18 +218,18 @@ class JobRun {
     std::vector<FormattedGroup> GroupsOf(std::size_t file) const;
     void SetUpGroups();
     void OrderMembers();
-    bool ArePlansMadeMeanwhile() const;
-    std::vector<ProfileResult> SumProfiles() const;
+    void SumSteel();
     void WriteTotals(const ZetString& folder);
     void SetUpAdditionalInfo();
-    void EndLines(const std::filesystem::path& folder);
+    void EndLines(const std::filesystem::path& folder, const job::OutputFile& file);
     bool IsAnyGroupNested() const;
     std::optional<std::size_t> NumberOfPlan(const Member& member);
     /// Several threads may each make one.
     ProfilePlan PlanFor(const std::vector<std::size_t>& members, unsigned threads) const;
     void TakePlan(ProfilePlan plan);
+    void TellUncut(const ProfilePlan& plan);
     using FileFaults = ZetArray<FileFault>;
-    void WriteCuttingFiles(const ZetString& folder, const std::function<void()>& beside);
+    FileFaults WriteCuttingFiles(const ZetString& folder, unsigned threads);
     FileFaults WriteCuttingList(const ZetString& name) const;
     FileFaults WriteCuttingTable(const ZetString& name) const;
     void WriteRemnants(const ZetString& name);
@@ -267,6 +260,7 @@ class JobRun {
     BarsInHand m_bars;
     unsigned m_threads = 1;
     cutting::Planner m_planner = &cutting::MakeLeastPlan;
+    std::map<std::size_t, SteelTotals> m_steelOfGroups;  ///< of those that have members
     std::vector<ProfileResult> m_profiles;
     std::vector<ProfilePlan> m_plans;
     long m_nextBar = 1;

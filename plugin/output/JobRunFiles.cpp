@@ -56,44 +56,34 @@ class JobRun::Writing {
 
 bool JobRun::Write(const std::filesystem::path& folder,
                    const CancelCheck& isCancelled,
-                   const Meanwhile& meanwhile) {
+                   const std::function<void()>& onMembersWritten) {
     const ZetString folderText = TextOf(folder / "");
     SetUpGroups();
     OrderMembers();
-    std::optional<Planning> plans;
-    if (ArePlansMadeMeanwhile())
-        plans.emplace(
-            *this,
-            GetThreadsForMembers() > 1 ? Planning::Taker::kComesLater : Planning::Taker::kWaits);
+    std::optional<Cutting> cutting;
+    // Parts of assemblies are settled only as they are written.
+    if (!m_hasPartsOfAssemblies && GetThreadsForMembers() > 1)
+        cutting.emplace(*this, folderText, Cutting::Begin::kAtOnce);
     try {
         WriteMembers(folderText, isCancelled);
     } catch (const Cancelled&) {
         return false;
     }
-    m_profiles = SumProfiles();
+    for (std::size_t file = 0; file < m_job.files.size(); ++file)
+        if (file != job::kInfoFile)
+            EndLines(folder, m_job.files[file]);
+    WriteFormattedFiles(folder);
+    if (onMembersWritten)
+        onMembersWritten();
+    if (!cutting)
+        cutting.emplace(*this, folderText, Cutting::Begin::kInFinish);
+    cutting->Finish();
     if (m_job.hasInfoTotals && m_faults.isEmpty())
         WriteTotals(folderText);
-    EndLines(folder);
-    WriteFormattedFiles(folder);
-    if (meanwhile.onMembersWritten)
-        meanwhile.onMembersWritten();
-    if (!plans)
-        plans.emplace(*this, Planning::Taker::kWaits);
-    plans->Finish(*this);
-    // A wrong plan reaches no file.
-    if (!m_planFaults.empty() || !m_formatConflicts.empty())
-        return true;
-    WriteCuttingFiles(folderText, meanwhile.besideLists);
-    if (!m_job.cutting.remnants.empty())
+    EndLines(folder, m_job.files[job::kInfoFile]);
+    if (!m_job.cutting.remnants.empty() && m_planFaults.empty())
         WriteRemnants(folderText + GetFileName(job::kRemnantsEnding));
     return true;
-}
-
-/// Parts of assemblies are settled only as they are written. Of very many members the plans would
-/// take memory beside all records.
-bool JobRun::ArePlansMadeMeanwhile() const {
-    constexpr std::size_t kMost = 20000;
-    return !m_hasPartsOfAssemblies && m_members.size() <= kMost;
 }
 
 void JobRun::WriteMembers(const ZetString& folder, const CancelCheck& isCancelled) {
@@ -196,9 +186,9 @@ void JobRun::WriteTotals(const ZetString& folder) {
     };
     ZetArray<ZetString> lines = {L"  ", L"  ", L"  ", head(L"Groups")};
     SteelTotals all;
-    for (const GroupResult& group : GetGroupResults()) {
-        lines.append(line(m_job.groups[group.group].id, group.steel));
-        all += group.steel;
+    for (const auto& [group, steel] : m_steelOfGroups) {
+        lines.append(line(m_job.groups[group].id, steel));
+        all += steel;
     }
     lines.append(line(L"all", all));
     lines.append(head(L"Profiles"));
@@ -210,15 +200,13 @@ void JobRun::WriteTotals(const ZetString& folder) {
 }
 
 /// The library ends lines with LF: its files are changed when they are whole.
-void JobRun::EndLines(const std::filesystem::path& folder) {
-    for (const job::OutputFile& file : m_job.files) {
-        if (file.lineEnds == job::LineEnds::kLf || !file.IsOfRecords() || !m_faults.isEmpty())
-            continue;
-        const ZetString name = GetFileName(file.ending);
-        const std::filesystem::path path = folder / job::PathFromUtf8(name.toUtf8());
-        if (const std::error_code fault = EndLinesWithCrLf(path))
-            m_faults.append({TextOf(path), ZetFileFault::Operation::kWrite, fault.value()});
-    }
+void JobRun::EndLines(const std::filesystem::path& folder, const job::OutputFile& file) {
+    if (file.lineEnds == job::LineEnds::kLf || !file.IsOfRecords() || !m_faults.isEmpty())
+        return;
+    const ZetString name = GetFileName(file.ending);
+    const std::filesystem::path path = folder / job::PathFromUtf8(name.toUtf8());
+    if (const std::error_code fault = EndLinesWithCrLf(path))
+        m_faults.append({TextOf(path), ZetFileFault::Operation::kWrite, fault.value()});
 }
 
 // ---- formats ------------------------------------------------------------------------------------

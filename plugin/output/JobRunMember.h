@@ -7,6 +7,7 @@
 
 #include <cstddef>
 #include <optional>
+#include <string>
 #include <string_view>
 
 namespace plugin {
@@ -42,8 +43,8 @@ class JobRun::Member final : public JobMember {
     void StoreRecords(TextBlocks& blocks) { m_storedRecords = blocks.Add(TakeRecords().text); }
     /// Among the members of the run.
     std::size_t GetPosition() const { return m_position; }
-    /// Of its NC file, without folder; "" when it was not told.
-    const ZetString& GetFileName() const { return m_fileName; }
+    /// Of its NC file, without folder, UTF-8; "" when it was not told.
+    const std::string& GetFileName() const { return m_fileName; }
     /// When it is made.
     void AddSteelTo(SteelTotals& steel) const {
         if (GetOutcome().IsMade())
@@ -63,9 +64,9 @@ class JobRun::Member final : public JobMember {
 
   private:
     /// Without its folder: the same wherever the job lies.
-    static ZetString NameOf(const ZetString& file) {
+    static std::string NameOf(const ZetString& file) {
         const std::size_t slash = file.view().rfind(L'/');
-        return slash == std::wstring_view::npos ? file : ZetString(file.view().substr(slash + 1));
+        return ZetString(file.view().substr(slash + 1)).toUtf8();
     }
     std::string_view GetRecordText() const override {
         return m_run->m_areRecordsKept ? JobMember::GetRecordText() : m_storedRecords.View();
@@ -73,7 +74,7 @@ class JobRun::Member final : public JobMember {
 
     JobRun* m_run = nullptr;
     TextBlocks::Place m_storedRecords;  ///< unless the member keeps them
-    ZetString m_fileName;
+    std::string m_fileName;
     std::size_t m_position = 0;
     std::optional<std::size_t> m_numberOfPlan;
 };

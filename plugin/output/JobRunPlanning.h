@@ -5,29 +5,46 @@
 #include "threads/OrderedWork.h"
 
 #include <cstddef>
+#include <future>
 #include <vector>
 
 namespace plugin {
 
-/// Makes the plans of a run whose members are settled and in order. Further threads begin at once;
-/// they only read members.
-class JobRun::Planning {
+/// Makes all that tells of members together, when they are settled and in order: plans, the files
+/// that tell these, and how much steel it is.
+class JobRun::Cutting {
   public:
-    using Taker = threads::OrderedWork::Taker;
+    enum class Begin {
+        kAtOnce,  ///< beside other work, in threads that only read members; where there are any
+        kInFinish,
+    };
 
-    /// `taker` is the thread that calls Finish.
-    Planning(const JobRun& run, Taker taker);
+    /// `folder` of the files.
+    Cutting(JobRun& run, ZetString folder, Begin begin);
+    /// Before it is finished: nothing more is begun.
+    ~Cutting();
+    Cutting(const Cutting&) = delete;
+    Cutting& operator=(const Cutting&) = delete;
 
-    /// Gives the plans to the run.
-    void Finish(JobRun& run);
+    /// Waits until all is done, and works along. Tells members of the pieces that are not cut, and
+    /// the run of files that could not be written.
+    void Finish();
 
   private:
     using Profiles = std::vector<std::vector<std::size_t>>;
 
     static Profiles ProfilesOf(const JobRun& run);
+    void Cut();
+    void MakeAll();
 
+    JobRun& m_run;
+    const ZetString m_folder;
+    const unsigned m_threads;   ///< without one that has other work
     const Profiles m_profiles;  ///< positions of members, as they are written
     threads::ResultsInOrder<ProfilePlan> m_plans;
+    FileFaults m_faults;
+    bool m_isBeside = false;  ///< m_cutting goes on in a thread of its own
+    std::future<void> m_cutting;
 };
 
 }  // namespace plugin

@@ -50,19 +50,64 @@ std::optional<std::size_t> JobRun::NumberOfPlan(const Member& member) {
 }
 
 /// Bars in hand that one plan takes are not there for the next. A single profile is shared out
-/// itself, among those that are not busy.
-JobRun::Planning::Planning(const JobRun& run, Taker taker)
-    : m_profiles(ProfilesOf(run)),
+/// itself.
+JobRun::Cutting::Cutting(JobRun& run, ZetString folder, Begin begin)
+    : m_run(run),
+      m_folder(std::move(folder)),
+      m_threads(begin == Begin::kAtOnce ? run.GetThreadsForMembers() - 1
+                                        : run.GetThreadsForMembers()),
+      m_profiles(ProfilesOf(run)),
       m_plans(
           m_profiles.size(),
           run.m_bars.AreLimited() ? 1 : run.m_threads,
-          [this, &run, busy = taker == Taker::kComesLater ? 1U : 0U](std::size_t profile) {
-              const unsigned forOne = std::max(run.GetThreadsForMembers(), busy + 1) - busy;
-              return run.PlanFor(m_profiles[profile], m_profiles.size() == 1 ? forOne : 1);
+          [this](std::size_t profile) {
+              return m_run.PlanFor(m_profiles[profile], m_profiles.size() == 1 ? m_threads : 1);
           },
-          taker) {}
+          begin == Begin::kAtOnce ? threads::OrderedWork::Taker::kIsHelped
+                                  : threads::OrderedWork::Taker::kAlone) {
+    if (begin == Begin::kInFinish)
+        return;
+    try {
+        m_cutting = std::async(std::launch::async, [this] { Cut(); });
+        m_isBeside = true;
+    } catch (const std::exception&) {
+        // The system has no thread to give: in Finish.
+    }
+}
 
-JobRun::Planning::Profiles JobRun::Planning::ProfilesOf(const JobRun& run) {
+JobRun::Cutting::~Cutting() {
+    m_plans.Stop();
+}
+
+/// However it ends, nobody waits for plans that are not begun.
+void JobRun::Cutting::Cut() {
+    try {
+        MakeAll();
+    } catch (...) {
+        m_plans.Stop();
+        throw;
+    }
+}
+
+void JobRun::Cutting::MakeAll() {
+    for (std::size_t i = 0; i < m_profiles.size(); ++i)
+        m_run.TakePlan(m_plans.Next());
+    // A wrong plan reaches no file.
+    if (m_run.m_planFaults.empty())
+        m_faults = m_run.WriteCuttingFiles(m_folder, m_threads);
+    m_run.SumSteel();
+}
+
+void JobRun::Cutting::Finish() {
+    if (m_isBeside && !m_run.m_bars.AreLimited())
+        m_plans.Help();
+    m_isBeside ? m_cutting.get() : Cut();
+    m_run.m_faults.appendAll(m_faults);
+    for (const ProfilePlan& plan : m_run.m_plans)
+        m_run.TellUncut(plan);
+}
+
+JobRun::Cutting::Profiles JobRun::Cutting::ProfilesOf(const JobRun& run) {
     Profiles together(run.m_numberOfPlan.size());
     for (const std::size_t position : run.m_order) {
         const Member& member = *run.m_members[position];
@@ -76,21 +121,19 @@ JobRun::Planning::Profiles JobRun::Planning::ProfilesOf(const JobRun& run) {
     return profiles;
 }
 
-void JobRun::Planning::Finish(JobRun& run) {
-    for (std::size_t i = 0; i < m_profiles.size(); ++i)
-        run.TakePlan(m_plans.Next());
-}
-
 void JobRun::TakePlan(ProfilePlan plan) {
     plan.firstBar = m_nextBar;
     m_nextBar += TotalsOf(plan).bars;
     for (const std::string& fault : cutting::FindFaults(plan.demand, plan.cutStocks, plan.plan))
         m_planFaults.push_back(NameOfProfile(plan) + L": " + ZetString::fromUtf8(fault));
+    m_bars.Take(plan, GetProjectInfo().GetFileName());
+    m_plans.push_back(std::move(plan));
+}
+
+void JobRun::TellUncut(const ProfilePlan& plan) {
     for (std::size_t part = 0; part < plan.plan.uncut.size(); ++part)
         if (plan.plan.uncut[part] > 0)
             m_members[plan.parts[part].member]->TellUncut(static_cast<long>(plan.plan.uncut[part]));
-    m_bars.Take(plan, GetProjectInfo().GetFileName());
-    m_plans.push_back(std::move(plan));
 }
 
 unsigned JobRun::GetThreadsForMembers() const {
@@ -98,17 +141,16 @@ unsigned JobRun::GetThreadsForMembers() const {
     return m_members.size() < kWorthAThread ? 1 : m_threads;
 }
 
+/// What they are called comes last: the making of the plan takes much memory.
 ProfilePlan JobRun::PlanFor(const std::vector<std::size_t>& members, unsigned threads) const {
     const Member& first = *m_members[members.front()];
     PartsOfProfile parts;
     parts.group = first.GetGroupPosition();
     parts.profileName = first.GetProfileName();
     parts.material = first.GetMaterial();
-    parts.parts.reserve(members.size());
     parts.demand.reserve(members.size());
     for (const std::size_t position : members) {
         const Member& member = *m_members[position];
-        parts.parts.push_back({member.GetMark(), member.GetFileName(), position});
         parts.demand.push_back({PieceLength(member.GetLength()), std::max(member.GetQty(), 0L)});
         if (parts.weightPerMetre == 0.0)
             parts.weightPerMetre = member.GetWeightPerMetre();
@@ -116,15 +158,22 @@ ProfilePlan JobRun::PlanFor(const std::vector<std::size_t>& members, unsigned th
     const NestedMembers together = first.GetNestedMembers();
     std::vector<BarStock> stocks = StocksFor(m_job, together);
     m_bars.Limit(stocks);
-    return MakeProfilePlan(m_job,
-                           std::move(parts),
-                           PlanOf(m_job, together),
-                           std::move(stocks),
-                           {m_planner,
-                            [&](ZetArray<CMxParts> pieces, const camdata::detail::NestTaker& take) {
-                                first.MakeNests(std::move(pieces), take);
-                            }},
-                           threads);
+    ProfilePlan plan =
+        MakeProfilePlan(m_job,
+                        std::move(parts),
+                        PlanOf(m_job, together),
+                        std::move(stocks),
+                        {m_planner,
+                         [&](ZetArray<CMxParts> pieces, const camdata::detail::NestTaker& take) {
+                             first.MakeNests(std::move(pieces), take);
+                         }},
+                        threads);
+    plan.parts.reserve(members.size());
+    for (const std::size_t position : members)
+        plan.parts.push_back({m_members[position]->GetMark().toUtf8(),
+                              m_members[position]->GetFileName(),
+                              position});
+    return plan;
 }
 
 JobRun::FileFaults JobRun::WriteFile(const ZetString& name,
@@ -141,21 +190,18 @@ JobRun::FileFaults JobRun::WriteFile(const ZetString& name,
     };
 }
 
-void JobRun::WriteCuttingFiles(const ZetString& folder, const std::function<void()>& beside) {
+JobRun::FileFaults JobRun::WriteCuttingFiles(const ZetString& folder, unsigned threads) {
+    if (!IsAnyGroupNested())
+        return {};
     const ZetString list = folder + GetFileName(job::kCuttingListEnding);
     const ZetString table = folder + GetFileName(job::kCuttingTableEnding);
-    FileFaults ofList;
+    FileFaults faults;
     FileFaults ofTable;
-    std::vector<std::function<void()>> pieces;  // what takes longest first
-    if (beside)
-        pieces.push_back(beside);
-    if (IsAnyGroupNested()) {
-        pieces.emplace_back([&] { ofTable = WriteCuttingTable(table); });
-        pieces.emplace_back([&] { ofList = WriteCuttingList(list); });
-    }
-    threads::DoAll(pieces, GetThreadsForMembers());
-    m_faults.appendAll(ofList);
-    m_faults.appendAll(ofTable);
+    threads::DoAll(
+        {[&] { ofTable = WriteCuttingTable(table); }, [&] { faults = WriteCuttingList(list); }},
+        threads);
+    faults.appendAll(ofTable);
+    return faults;
 }
 
 JobRun::FileFaults JobRun::WriteCuttingList(const ZetString& name) const {

@@ -51,15 +51,22 @@ cutting::Stock StockOf(const BarStock& stock, PlanUnit unit) {
 
 // ---- the library's plan -------------------------------------------------------------------------
 
-/// A mark that stands for a position, and back.
+/// A mark that stands for a position, and back: the digits of a number to a large base. So few
+/// characters need no memory beside the text.
+constexpr std::size_t kBase = 0x4000;
+constexpr wchar_t kDigitZero = 0x4000;  ///< neither it nor a digit is half of a character
+
 ZetString MarkAt(std::size_t position) {
-    return ZetString::fromUtf8(std::to_string(position));
+    std::wstring mark;
+    for (std::size_t rest = position; rest > 0; rest /= kBase)
+        mark += static_cast<wchar_t>(kDigitZero + rest % kBase);
+    return ZetString(std::move(mark));
 }
 
 std::size_t PositionOf(const ZetString& mark) {
     std::size_t position = 0;
-    for (const wchar_t digit : mark.view())
-        position = position * 10 + static_cast<std::size_t>(digit - L'0');
+    for (auto digit = mark.view().rbegin(); digit != mark.view().rend(); ++digit)
+        position = position * kBase + static_cast<std::size_t>(*digit - kDigitZero);
     return position;
 }
 
@@ -110,6 +117,7 @@ cutting::Plan MakeGivenPlan(const ProfilePlan& plan, const NestMaker& makeNests)
     };
     const auto mainPartOf = [&](std::size_t bars) { return given.bars[bars].cuts.front().part; };
     std::set<std::size_t, decltype(isCutBefore)> known(isCutBefore);
+    given.bars.reserve(plan.demand.size());
     makeNests(PartsToNest(plan), [&](const CMxNestParts& nest) {
         cutting::PlannedBars bars = BarsOf(nest, plan);
         given.cost += bars.bars * plan.cutStocks[bars.stock].cost;
@@ -281,8 +289,10 @@ ZetString DescribeUncut(const ProfilePlan& plan) {
     for (std::size_t part = 0; part < plan.plan.uncut.size(); ++part)
         if (const auto count = static_cast<long>(plan.plan.uncut[part]);
             count > 0 && ++marks <= kMaxMarks)
-            text += ZetString::format(
-                L"%s%d of %s", marks == 1 ? L"" : L", ", count, plan.parts[part].mark);
+            text += ZetString::format(L"%s%d of %s",
+                                      marks == 1 ? L"" : L", ",
+                                      count,
+                                      ZetString::fromUtf8(plan.parts[part].mark));
     return marks > kMaxMarks ? text + ZetString::format(L" and %d more marks", marks - kMaxMarks)
                              : text;
 }

@@ -11,6 +11,7 @@
 #include <cstddef>
 #include <functional>
 #include <optional>
+#include <string>
 #include <vector>
 
 namespace plugin {
@@ -22,10 +23,10 @@ enum class PlanUnit {
     kPrice,   ///< their prices, in thousandths
 };
 
-/// Pieces of one member that are cut from bars.
+/// Pieces of one member that are cut from bars. Texts are UTF-8: all that goes by them is files.
 struct BarPart {
-    ZetString mark;
-    ZetString file;          ///< its NC file, without folder; "": not known
+    std::string mark;
+    std::string file;        ///< its NC file, without folder; "": not known
     std::size_t member = 0;  ///< its position in the run
 };
 

@@ -1,5 +1,5 @@
-#include "camjob/run/LedgerRun.h"
 #include "camjob/run/Accounts.h"
+#include "camjob/run/LedgerRun.h"
 #include "camjob/run/RunReport.h"
 
 #include <numbers>
@@ -387,8 +387,10 @@ TEST(Ledger, TellsWhatDoesNotAddUp) {
         ledger.Claim(23, Account::kMade);
         claim(ledger);
         std::string lines;
-        for (const camjob::LostFeature& lost : camjob::SettleAccounts(entries, ledger, false).lost)
-            lines += std::to_string(lost.line) + " ";
+        const auto accounts = camjob::SettleAccounts(entries, ledger, false);
+        if (accounts.lists != nullptr)
+            for (const camjob::LostFeature& lost : accounts.lists->lost)
+                lines += std::to_string(lost.line) + " ";
         return lines;
     };
     EXPECT_EQ(lostWith([](plugin::Ledger& ledger) { ledger.Claim(24, Account::kRefused); }), "");

@@ -6,7 +6,9 @@
 #include <atomic>
 #include <cstdio>
 #include <functional>
+#include <future>
 #include <stdexcept>
+#include <thread>
 
 namespace {
 
@@ -226,6 +228,53 @@ TEST(Threads, ResultsComeInOrderAndFaultsInTheirTurn) {
         EXPECT_THROW(results.Next(), std::runtime_error);
         EXPECT_FALSE(isAheadOfWindow);
         EXPECT_LE(begun, kFault + window);
+    }
+}
+
+/// Another thread takes the results, and this one works along when it has time; then it stops the
+/// work.
+TEST(Threads, WhoHelpsGetsNoResultsAndMayStop) {
+    for (const unsigned threads : kThreads) {
+        SCOPED_TRACE(threads);
+        constexpr std::size_t kCount = 2000;
+        constexpr std::size_t kStop = 300;
+        threads::ResultsInOrder<std::size_t> all(
+            kCount,
+            threads,
+            [](std::size_t piece) { return piece; },
+            threads::OrderedWork::Taker::kIsHelped);
+        std::size_t taken = 0;
+        std::thread taker([&] {
+            while (taken < kCount && all.Next() == taken)
+                ++taken;
+        });
+        all.Help();
+        taker.join();
+        EXPECT_EQ(taken, kCount);
+
+        std::promise<void> isThere;
+        threads::ResultsInOrder<std::size_t> some(
+            kCount,
+            threads,
+            [](std::size_t piece) { return piece; },
+            threads::OrderedWork::Taker::kIsHelped);
+        std::size_t before = 0;
+        const auto takeAll = [&] {
+            for (; before < kCount; ++before) {
+                if (before == kStop)
+                    isThere.set_value();
+                some.Next();
+            }
+        };
+        std::future<void> stopped = std::async(std::launch::async, takeAll);
+        isThere.get_future().wait();
+        some.Stop();
+        some.Help();
+        stopped.wait();
+        EXPECT_GE(before, kStop);
+        if (before < kCount) {
+            EXPECT_THROW(stopped.get(), threads::OrderedWork::Stopped);
+        }
     }
 }
 
