@@ -65,14 +65,16 @@ bool JobRunner::Write(plugin::JobRun& run, StagedOutput& output) {
 
 /// In shares, for each look at all members of a large run takes long.
 void JobRunner::TakeMembers(plugin::JobRun& run) {
+    constexpr std::size_t kWorthAThread = 4000;
     const std::size_t count = m_memberFiles.size();
-    const std::size_t shares = std::size_t{2} * run.GetThreadsForMembers();
+    const unsigned threads = count < kWorthAThread ? 1 : run.GetThreadsForMembers();
+    const std::size_t shares = std::size_t{2} * threads;
     m_report.members.resize(count);
     std::vector<std::function<void()>> pieces = {[&] { TakeSums(run); }};
     for (std::size_t share = 0; share < shares; ++share)
         pieces.emplace_back(
             [&, share] { TakeMembers(run, count * share / shares, count * (share + 1) / shares); });
-    threads::DoAll(pieces, run.GetThreadsForMembers());
+    threads::DoAll(pieces, threads);
 }
 
 void JobRunner::TakeSums(const plugin::JobRun& run) {
