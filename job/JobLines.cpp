@@ -1,5 +1,6 @@
 #include "job/JobLines.h"
 
+#include "job/Ascii.h"
 #include "job/TextFile.h"
 
 #include <algorithm>
@@ -22,10 +23,6 @@ constexpr const char* kGluedText =
 constexpr const char* kForeign =
     "this character can only stand in a text: texts stand in plain quotes, \" or '";
 constexpr const char* kTooManyDots = "too many dots: no table of a job lies so deep";
-
-bool IsPlain(char c) {
-    return static_cast<unsigned char>(c) < 0x80;
-}
 
 bool EndsKey(char c) {
     return c == '=' || c == ',' || c == '{' || c == '}' || c == '[' || c == ']';
@@ -66,7 +63,7 @@ class LineScan {
         m_dots = EndsKey(c) ? 0 : m_dots + (c == '.' ? 1 : 0);
         if (c == '"' || c == '\'')
             return BeginText(c);
-        if (!IsPlain(c))
+        if (!IsAscii(c))
             return kForeign;
         return m_dots > kMaxDots ? kTooManyDots : nullptr;
     }
@@ -90,7 +87,7 @@ class LineScan {
 
 void CheckLine(std::string_view line, long number, JobFaults& faults) {
     LineScan scan(line);
-    const bool isPlain = std::all_of(line.begin(), line.end(), IsPlain);
+    const bool isPlain = IsAscii(line);
     if (!isPlain && ZetString::fromUtf8(line).toUtf8() != line)
         faults.Add({number, 0}, kNotUtf8);
     else if (const char* fault = scan.FindFault())

@@ -1,3 +1,4 @@
+#include "job/Ascii.h"
 #include "job/FileNames.h"
 #include "job/FolderEntries.h"
 #include "job/JobFile.h"
@@ -37,11 +38,6 @@ bool HasEnding(std::string_view pattern) {
     const std::size_t point = pattern.rfind('.');
     return HasWildcard(pattern) && point != std::string_view::npos &&
            !HasWildcard(pattern.substr(point));
-}
-
-bool IsAscii(std::string_view text) {
-    return std::all_of(
-        text.begin(), text.end(), [](char c) { return static_cast<unsigned char>(c) < 0x80; });
 }
 
 /// For comparing by whole characters: bytes that are no UTF-8 are one each, and so are the two
@@ -289,9 +285,10 @@ struct NormalFile {
     NamedNcFile file;
 };
 
-/// Whether a pattern finds files of one folder, which come in order and once each.
-bool IsOfOneFolder(const fs::path& pattern) {
-    return !HasWildcard(Utf8Of(pattern.parent_path()));
+/// Whether all files are of one folder, whose listing gives them in order and once each.
+bool AreOfOneFolder(const std::vector<NcFilePattern>& patterns) {
+    return patterns.size() == 1 &&
+           !HasWildcard(Utf8Of(PathFromUtf8(patterns.front().text).parent_path()));
 }
 
 /// Each once: as the first pattern that it fits names it.
@@ -323,12 +320,10 @@ NcFilesResult ExpandNcFiles(const Job& job) {
     NcFileSearch search;
     std::vector<std::vector<NamedNcFile>> found;  ///< by pattern
     std::vector<JobError> errors;
-    bool areInOrder = job.ncFiles.size() == 1;
     for (const NcFilePattern& pattern : job.ncFiles) {
         const fs::path path = PathFromUtf8(pattern.text);
         const fs::path root = path.has_root_path() ? path.root_path() : folder;
         const fs::path below = path.relative_path().lexically_normal();
-        areInOrder = areInOrder && IsOfOneFolder(below);
         found.push_back(search.Find(root, below));
         std::vector<std::string> faults = search.TakeFaults();
         if (found.back().empty() && faults.empty()) {
@@ -341,7 +336,7 @@ NcFilesResult ExpandNcFiles(const Job& job) {
     }
     if (!errors.empty())
         return errors;
-    return areInOrder ? std::move(found.front()) : InOrder(std::move(found));
+    return AreOfOneFolder(job.ncFiles) ? std::move(found.front()) : InOrder(std::move(found));
 }
 
 }  // namespace job

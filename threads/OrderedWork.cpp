@@ -53,7 +53,7 @@ void OrderedWork::Help() {
 }
 
 bool OrderedWork::IsAnyToBegin() const {
-    return m_begun < m_count && m_begun < m_next + m_states.size();
+    return !m_isStopped && m_begun < m_count && m_begun < m_next + m_states.size();
 }
 
 void OrderedWork::DoOne(Lock& lock) {
@@ -75,10 +75,10 @@ std::size_t OrderedWork::Await() {
     Lock lock(m_mutex);
     State& state = m_states[m_next % m_states.size()];
     while (!state.isDone) {
-        if (m_isStopped && m_begun == m_next)
-            throw Stopped();
-        if (!m_isStopped && IsAnyToBegin())
+        if (IsAnyToBegin())
             DoOne(lock);
+        else if (m_isStopped && m_begun == m_next)
+            throw Stopped();
         else
             m_isNextDone.wait(lock);
     }

@@ -1,5 +1,6 @@
 #include "plugin/output/CuttingList.h"
 
+#include "job/Ascii.h"
 #include "job/CsvTable.h"
 #include "numbers/TextBuffer.h"
 
@@ -52,10 +53,8 @@ void AddCount(TextBuffer& text, long count, std::size_t width) {
 /// At the beginning of a column.
 void AddMark(TextBuffer& text, const std::string& mark) {
     constexpr long kWidth = 12;
-    const bool isAscii =
-        std::all_of(mark.begin(), mark.end(), [](char c) { return (c & ~0x7F) == 0; });
     const long width =
-        isAscii ? static_cast<long>(mark.size()) : ZetString::fromUtf8(mark).length();
+        job::IsAscii(mark) ? static_cast<long>(mark.size()) : ZetString::fromUtf8(mark).length();
     text.Add(mark);
     text.AddBlanks(static_cast<std::size_t>(std::max(kWidth - width, 0L)));
 }

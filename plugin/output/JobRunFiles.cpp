@@ -1,8 +1,8 @@
 #include "job/ControlCharacters.h"
 #include "job/FileNames.h"
 #include "job/Utf8Path.h"
+#include "plugin/output/JobRunCutting.h"
 #include "plugin/output/JobRunMember.h"
-#include "plugin/output/JobRunPlanning.h"
 #include "plugin/output/LineEnds.h"
 #include "plugin/rules/ArrayFromVector.h"
 

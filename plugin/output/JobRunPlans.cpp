@@ -1,8 +1,8 @@
 #include "cutting/Verification.h"
 #include "job/Remnants.h"
 #include "plugin/output/CuttingList.h"
+#include "plugin/output/JobRunCutting.h"
 #include "plugin/output/JobRunMember.h"
-#include "plugin/output/JobRunPlanning.h"
 
 #include <algorithm>
 #include <map>
@@ -69,7 +69,6 @@ JobRun::Cutting::Cutting(JobRun& run, ZetString folder, Begin begin)
         return;
     try {
         m_cutting = std::async(std::launch::async, [this] { Cut(); });
-        m_isBeside = true;
     } catch (const std::exception&) {
         // The system has no thread to give: in Finish.
     }
@@ -99,9 +98,10 @@ void JobRun::Cutting::MakeAll() {
 }
 
 void JobRun::Cutting::Finish() {
-    if (m_isBeside && !m_run.m_bars.AreLimited())
+    const bool isBeside = m_cutting.valid();
+    if (isBeside && !m_run.m_bars.AreLimited())
         m_plans.Help();
-    m_isBeside ? m_cutting.get() : Cut();
+    isBeside ? m_cutting.get() : Cut();
     m_run.m_faults.appendAll(m_faults);
     for (const ProfilePlan& plan : m_run.m_plans)
         m_run.TellUncut(plan);

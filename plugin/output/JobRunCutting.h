@@ -43,8 +43,7 @@ class JobRun::Cutting {
     const Profiles m_profiles;  ///< positions of members, as they are written
     threads::ResultsInOrder<ProfilePlan> m_plans;
     FileFaults m_faults;
-    bool m_isBeside = false;  ///< m_cutting goes on in a thread of its own
-    std::future<void> m_cutting;
+    std::future<void> m_cutting;  ///< of a thread beside the caller's; not valid: there is none
 };
 
 }  // namespace plugin
