@@ -1,7 +1,8 @@
 #!/usr/bin/env python3
-"""mutants.py COUNT [SEED] [--jobs N] tells whether the tests notice faults: it plants COUNT faults, one at a time, each
-in one place of the sources of the library and the NC reader, compiles and links what has changed in build/mutants, a
-copy of build/release for each of N jobs, and runs the tests, with their folders in memory where the system has such.
+"""mutants.py COUNT [SEED] [--in PATH...] [--jobs N] tells whether the tests notice faults: it plants COUNT faults, one
+at a time, each in one place of the sources, those below the PATHs or those of the library and the NC reader, compiles
+and links what has changed in build/mutants, a copy of build/release for each of N jobs, and runs the tests, with their
+folders in memory where the system has such.
 
 A fault is a comparison or a constant that is a little off, a condition turned round, "and" for "or", plus for minus,
 true for false, a statement that is missing, or two rows of a table that have changed places. Faults that the compiler
@@ -12,7 +13,7 @@ for nothing. Nor are faults planted in statements that only make room ahead (res
 compiled (= delete).
 
 mutants.py --again FILE plants those that FILE, the output of an earlier run, tells have survived.
-Without SEED another choice is made each time; the choice is of the whole project, so it changes with its sources.
+Without SEED another choice is made each time; the choice is of all these sources, so it changes with them.
 Ends with 1 where fewer than 95 in 100 die. Ctrl-C ends it with what it knows by then."""
 
 import argparse
@@ -48,6 +49,14 @@ ROOMS = {
     "camdata": Room("camdata", False, ["camdata_tests", "plugin_tests", "camjob_tests", "dialog_tests",
                                        "camdata_outside_host_tests"]),
     "dstv": Room("dstv", True, ["dstv_tests", "camjob_tests"]),
+    "numbers": Room("numbers", True, ["numbers_tests", "plugin_tests", "camjob_tests"]),
+    "threads": Room("threads", True, ["plugin_tests", "camjob_thread_tests", "camjob_tests"]),
+    "cutting": Room("cutting", True, ["cutting_tests", "plugin_tests", "camjob_tests"]),
+    "job": Room("job", True, ["job_tests", "camjob_tests"]),
+    "plugin": Room("plugin", True, ["plugin_tests", "camjob_thread_tests", "camjob_tests"]),
+    "report": Room("report", True, ["camjob_tests"]),
+    "camjob": Room("camjob_core", True, ["camjob_fault_tests", "camjob_thread_tests", "camjob_dialog_tests",
+                                         "camjob_tests"]),
 }
 # Of other systems, and what belongs to no library of these.
 NOT_HERE = re.compile(r"(?:Win32|DialogQt)\.cpp$")
@@ -148,12 +157,13 @@ def mutants_of(path):
             yield Mutant(path, lines, at + 1, "rows", [line, lines[at + 1]], [lines[at + 1], line])
 
 
-def all_mutants():
+def all_mutants(places):
     found = []
-    for room in ROOMS:
-        for path in sorted((TOP / room).rglob("*.cpp")):
-            if not NOT_HERE.search(path.name):
-                found += mutants_of(path.relative_to(TOP).as_posix())
+    for place in places:
+        path = TOP / place
+        for source in sorted(path.rglob("*.cpp")) if path.is_dir() else [path]:
+            if not NOT_HERE.search(source.name):
+                found += mutants_of(source.relative_to(TOP).as_posix())
     return found
 
 
@@ -255,7 +265,7 @@ def equivalent():
 
 
 def chosen(options):
-    everything = all_mutants()
+    everything = all_mutants(options.places)
     if options.again:
         told = options.again.read_text(encoding="utf-8").splitlines()
         names = {line.split(" ", 1)[1].split(": ", 1)[1] for line in told if line.startswith("survived ")}
@@ -354,6 +364,7 @@ def main():
     parser = argparse.ArgumentParser(description=__doc__, formatter_class=argparse.RawTextHelpFormatter)
     parser.add_argument("count", type=int, nargs="?", help="how many faults; without: all that were chosen")
     parser.add_argument("seed", type=int, nargs="?")
+    parser.add_argument("--in", dest="places", nargs="+", default=["camdata", "dstv"], metavar="PATH")
     parser.add_argument("--again", type=pathlib.Path, metavar="FILE")
     parser.add_argument("--jobs", type=int, default=1, metavar="N")
     options = parser.parse_args()
