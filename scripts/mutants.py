@@ -12,7 +12,7 @@ mutants-equivalent.txt beside this script lists faults that change nothing anybo
 for nothing. Nor are faults planted in statements that only make room ahead (reserve) or only keep others from being
 compiled (= delete).
 
-mutants.py --again FILE plants those that FILE, the output of an earlier run, tells have survived.
+mutants.py --again FILE [--in PATH...] plants those that FILE, the output of an earlier run, tells have survived.
 Without SEED another choice is made each time; the choice is of all these sources, so it changes with them.
 Ends with 1 where fewer than 95 in 100 die. Ctrl-C ends it with what it knows by then."""
 
@@ -91,6 +91,9 @@ class Mutant:
     def is_among(self, names):
         """Whether the names have this one, or the order of the rows of its table."""
         return self.name() in names or self.kind == "rows" and f"{self.path}: rows of {self.table()}" in names
+
+    def room(self):
+        return self.path.split("/")[0]
 
     def table(self):
         above = (TABLE.search(line) for line in reversed(self.source[:self.number]))
@@ -180,17 +183,17 @@ def link_command(target):
 class Tree:
     """A copy of the built tree, in which one object at a time is another."""
 
-    def __init__(self, folder):
+    def __init__(self, folder, rooms):
         self.folder = folder
         shutil.copytree(BUILT, folder, symlinks=True)
         self.scratch = tempfile.TemporaryDirectory(dir="/dev/shm" if os.path.isdir("/dev/shm") else None)
         # Some tests give up the rights of root.
         os.chmod(self.scratch.name, 0o755)
         self.compiling = {row["file"]: row for row in json.loads(told("compdb"))
-                          if row["output"].split("/")[0] in ROOMS and " -c " in row["command"]}
-        programs = {each for room in ROOMS.values() for each in room.programs}
+                          if " -c " in row["command"]}
+        programs = {each for room in rooms for each in room.programs}
         self.linking = {target: link_command(target)
-                        for target in sorted({room.library for room in ROOMS.values()} | programs)}
+                        for target in sorted({room.library for room in rooms} | programs)}
         self.usual = {}
         for program in programs:
             begin = time.monotonic()
@@ -221,7 +224,7 @@ class Tree:
 
     def fate(self, mutant):
         """None where it does not compile, else the program that notices it, or ''."""
-        room = ROOMS[mutant.path.split("/")[0]]
+        room = ROOMS[mutant.room()]
         source = TOP / mutant.path
         row = self.compiling[str(source)]
         sound = {row["output"]: (self.folder / row["output"]).read_bytes()}
@@ -309,6 +312,7 @@ class Planting:
 
     def __init__(self, mutants, wanted):
         self.mutants, self.wanted = iter(mutants), wanted
+        self.rooms = [room for name, room in ROOMS.items() if any(each.room() == name for each in mutants)]
         self.unseen = equivalent()
         self.tally = Tally()
         self.under_way = 0
@@ -347,7 +351,7 @@ class Planting:
     def run(self, jobs):
         subprocess.run(["cmake", "--build", BUILT], check=True, stdout=subprocess.DEVNULL)
         shutil.rmtree(COPIES, ignore_errors=True)
-        workers = [threading.Thread(target=self.work, args=[Tree(COPIES / str(job))], daemon=True)
+        workers = [threading.Thread(target=self.work, args=[Tree(COPIES / str(job), self.rooms)], daemon=True)
                    for job in range(jobs)]
         try:
             for worker in workers:

@@ -224,6 +224,26 @@ TEST(Ledger, MitresThatARoundTubeHasAlready) {
         EXPECT_NE(shown(height).find("mitre end=end"), std::string::npos) << height;
 }
 
+// What the library does not know: plates that are no rectangles, the ends of round sections.
+TEST(Ledger, DistancesOfBothEndsOfASlot) {
+    const Ran ran(
+        {
+            {"1",
+             nc::Header("P1", kPlate, "1000") + "BO\n  v 500 160 18 0l 20 0 90\n  v 500 100 18\n"},
+            {"2",
+             nc::Header("P2", kTube,  "1000") + "BO\n  v 934 239 18 0l 40 0 0\n  v 26 239 18\n"  }
+    },
+        With(kJob, "check_distances = false", "edge_distance = 25.0"));
+    std::string told;
+    for (const Json& member : ran.document["members"])
+        for (const Json& finding : member["findings"])
+            told += finding["line"].dump() + ": " + finding["text"].get<std::string>() + "\n";
+    EXPECT_EQ(told,
+              "23: Distance (20.0) from the edge of the plate is less than 25.0\n"
+              "24: End distance (26.0) is less than 27.0\n"
+              "23: End distance (26.0) is less than 27.0\n");
+}
+
 // Whatever the job says of it: without pieces or length nothing of the member is in the machine
 // file.
 TEST(Ledger, QuantityOfNothing) {
