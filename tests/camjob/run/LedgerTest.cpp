@@ -3,6 +3,7 @@
 #include "camjob/run/RunReport.h"
 
 #include <numbers>
+#include <set>
 
 using namespace ledger;
 
@@ -74,6 +75,8 @@ const Case kCases[] = {
      "lone_countersink 25\nrefused=1 not_made=2 "},
     {"SinkOfARefusedHole", kZ, "1000", "BO\n  v 500 -20 13\n  v 500 -20s 26 6.5 0 0 90\n", "hole_outside 23\nhole_outside 24\nwarning 23\nwarning 24\nrefused=2 "},
     {"SinkNarrowerThanItsHole", kZ, "1000", "BO\n  v 500 100 13\n  v 500 100s 12 6.5 0 0 90\n", "lone_countersink 24\nrefused=1 not_made=1 "},
+    {"SinkAsWideAsItsHole", kZ, "1000", "BO\n  v 500 100 13\n  v 500 100s 13 6.5 0 0 90\n",
+     "countersunk face=web x=500.000 y=100.000 diameter=13.000 depth=0.000 sink_diameter=13.000 sink_depth=6.500 sink_angle=90.000 code=\"K\"\nmade=2 "},
     {"SinkThatIsASlot", kZ, "1000", "BO\n  v 500 100 13\n  v 490 100s 26 6.5l 20 0 0\n", "lone_countersink 24\nrefused=1 not_made=1 "},
     {"ThreadOfASlot", kZ, "1000", "BO\n  v 500 100g 18 0l 20 0 0\n", "slot face=web x=510.000 y=100.000 width=18.000 length=38.000 angle=0.000 depth=0.000 code=\"L\"\nwarning 23\nmade=1 "},
     {"SinkOfASlot", kZ, "1000", "BO\n  v 480 100 13 0l 40 0 0\n  v 500 100s 26 6.5 0 0 90\n", "lone_countersink 24\nrefused=1 not_made=1 "},
@@ -115,6 +118,9 @@ const Case kCases[] = {
      "hole face=top_flange x=500.000 y=30.000 diameter=18.000 depth=0.000 thread=none code=\"H\"\n"
      "hole face=top_flange x=120.000 y=30.000 diameter=18.000 depth=0.000 thread=none code=\"H\"\nunclear_plane 29\nnote 29\nmade=2 "},
     {"HolesOnASlope", kI, "1000", "E1\n  0 200 0\n  100 200 0\n  0 180 100\nB1\n  500 20 18\n  500 5000 18\n", "hole_outside 28\nrefused=1 not_made=1 "},
+    {"OpeningsOnASlope", kI, "1000", "E1\n  0 200 0\n  100 200 0\n  0 180 100\nI1\n  500 10\n  540 10\n  540 30\n  500 30\n  500 10\nI1\n  700 10\n  740 10\n  720 30\n  700 10\n",
+     "notch face=sloped_top_flange cut=internal x=520.000 y=46.287 length=40.000 width=20.000 code=\"N\"\n"
+     "outline face=sloped_top_flange cut=internal x=720.000 y=49.621 points=\"700.000,56.287 740.000,56.287 720.000,36.287\" code=\"N\"\nmade=2 "},
     {"OutlineOnASlopeOfAnI", kI, "1000", "E1\n  0 200 0\n  100 200 0\n  0 180 100\nA1\n  0 0\n  500 0\n  500 50\n  0 50\n  0 0\n", "unclear_cut 27\nrefused=1 "},
     {"EdgeOfAPlate", kPlate, "1000", "AK\n  o 0 0\n  500 0\n  500 50\n  0 50\n  0 0\nBO\n  o 500 1 2\n  o 500 50 18\n", "unclear_cut 23\nhole_outside 30\nuncovered_hole 29\nwarning 23\nwarning 30\nrefused=3 "},
     {"HolesAtAMitreOfAPlate", kPlate, "1000", "SC\n  1000 200 0 1 -1 0\nBO\n  v 810 20 18\n  v 840 20 18\n", "hole_outside 26\nrefused=1 not_made=2 "},
@@ -178,12 +184,30 @@ const Case kCases[] = {
 
 class Accounts : public ::testing::TestWithParam<Case> {};
 
+/// The job prints no finding of members.
+std::string SilentJob() {
+    std::string reports;
+    for (const job::FindingType& type : job::kFindingTypes)
+        reports += (reports.empty() ? "" : ", ") + std::string(type.name) + " = \"off\"";
+    return std::string(kJob) + "report = { " + reports + " }\n";
+}
+
 TEST_P(Accounts, AddUp) {
     const Case& c = GetParam();
-    const Ran ran({
+    const std::map<std::string, std::string> files = {
         {"1", nc::Header("P1", c.profile, c.length) + c.blocks + "EN\n"}
-    });
+    };
+    const Ran ran(files);
     EXPECT_EQ(Show(ran), c.shown) << ran.document.dump(1);
+
+    // What is refused or set aside is told where nothing is printed, too.
+    const Ran silent(files, SilentJob());
+    std::set<long> told;
+    for (const Json& note : silent.document["notes"])
+        told.insert(note["line"].get<long>());
+    for (const Json& feature : silent.document["members"][0]["features"])
+        if (feature["account"] == "refused" || feature["account"] == "set_aside")
+            EXPECT_TRUE(told.contains(feature["line"].get<long>())) << feature;
 }
 
 INSTANTIATE_TEST_SUITE_P(Ledger, Accounts, ::testing::ValuesIn(kCases), [](const auto& row) {
@@ -229,9 +253,10 @@ TEST(Ledger, DistancesOfBothEndsOfASlot) {
     const Ran ran(
         {
             {"1",
-             nc::Header("P1", kPlate, "1000") + "BO\n  v 500 160 18 0l 20 0 90\n  v 500 100 18\n"},
+             nc::Header("P1", kPlate, "1000") + "BO\n  v 500 160 18 0l 20 0 90\n  v 500 100 18\n"             },
             {"2",
-             nc::Header("P2", kTube,  "1000") + "BO\n  v 934 239 18 0l 40 0 0\n  v 26 239 18\n"  }
+             nc::Header("P2", kTube,  "1000") +
+                 "BO\n  v 934 239 18 0l 40 0 0\n  v 26 239 18 0l 40 0 0\n"}
     },
         With(kJob, "check_distances = false", "edge_distance = 25.0"));
     std::string told;

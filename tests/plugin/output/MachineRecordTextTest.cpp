@@ -63,7 +63,7 @@ TEST(MachineRecord, HoldsEveryKindOfOperation) {
     job.memberTypes[0].bottomFlange = {70.0, true};
     Part part(L"Z-1");
     part.Qty(4).Hole(kWebView, 100, 50, 18).Hole(kWebView, 200, 50, 12, 2);
-    part.Hole(kWebView, 500, 100, 13);
+    part.Hole(kWebView, 300, 50, 12, 1).Hole(kWebView, 500, 100, 13);
     ZetNCHoleData sink;
     sink.x = 500;
     sink.y = 100;
