@@ -306,27 +306,39 @@ std::uint64_t DigestOf(const Plan& plan, std::uint64_t digest) {
     return digest;
 }
 
-/// Lists that only the relaxation and the dives solve, one that is cut up into chunks, and one with
-/// so many lengths that they are rounded first. Another
+/// Lists that only the relaxation and the dives solve, and two that nothing solves at once: one
+/// that is cut up into chunks, and one with so many lengths that they are rounded first. Another
 /// compiler, processor or system must not make another plan: whoever changes the search changes
 /// this number, on all of them.
 TEST(PlannerRandomTest, MakesTheSamePlansEverywhere) {
+    struct Row {
+        int marks;
+        std::int64_t most;  ///< pieces of a mark
+        std::int64_t steps;
+        std::vector<Stock> stocks;
+        bool isLeast;
+    };
+    const std::vector<Stock> two = {MakeStock(12000, 3, 12), MakeStock(13500, 3, 13)};
+    const std::vector<Stock> one = {WithGrips(MakeStock(12000, 3), 50, 0)};
+    const Row rows[] = {
+        {30,   9, 100'000'000,    two, false},
+        {90,   9, 100'000'000,    two, true },
+        {1300, 1, 30'000'000'000, one, false},
+        {5200, 1, 20'000'000,     one, false},
+    };
     std::uint64_t digest = 14695981039346656037u;
-    for (const int marks : {30, 90, 1300, 6000}) {
-        RandomLists dice(static_cast<std::uint64_t>(marks));
-        CuttingCase made = {
-            {   },
-            { MakeStock(12000, 3, 12), MakeStock(13500, 3, 13)}
-        };
-        for (int i = 0; i < marks; ++i)
-            made.demand.push_back(
-                {dice.Between(2500, 7500) * kMm + 100 * i % 1000, dice.Between(1, 9)});
-        const Plan plan = MakeLeastPlan(made.demand, made.stocks, 100'000'000);
-        EXPECT_EQ(FindFaults(made.demand, made.stocks, plan), std::vector<std::string>());
-        EXPECT_LE(plan.bound, plan.cost);
+    for (const Row& row : rows) {
+        RandomLists dice(static_cast<std::uint64_t>(row.marks));
+        Demand demand;
+        for (int i = 0; i < row.marks; ++i)
+            demand.push_back({dice.Between(2500 * kMm, 7500 * kMm), dice.Between(1, row.most)});
+        const Plan plan = MakeLeastPlan(demand, row.stocks, row.steps);
+        EXPECT_EQ(FindFaults(demand, row.stocks, plan), std::vector<std::string>());
+        EXPECT_EQ(plan.IsProvedLeast(), row.isLeast) << row.marks;
+        EXPECT_LT(plan.cost, MakeFirstFitPlan(demand, row.stocks).cost);
         digest = DigestOf(plan, digest);
     }
-    EXPECT_EQ(digest, 9424088699353983049u);
+    EXPECT_EQ(digest, 10960783431736612027u);
 }
 
 }  // namespace
