@@ -149,6 +149,67 @@ TEST(StagedOutput, AFailureOfTheDiskAtAnyMomentLeavesOldOrNew) {
     }
 }
 
+/// Tells in which order what reaches the disk.
+class TellingDisk : public StagingDisk {
+  public:
+    explicit TellingDisk(fs::path folder) : m_folder(std::move(folder)) {}
+
+    std::error_code FlushFile(const fs::path& file) override { return Tell("flush", file); }
+    std::error_code FlushFolder(const fs::path& folder) override { return Tell("flush", folder); }
+    std::error_code Rename(const fs::path& from, const fs::path& to) override {
+        Tell("place", to);
+        return StagingDisk::Rename(from, to);
+    }
+    std::error_code RemoveFile(const fs::path& file) override {
+        Tell("remove", file);
+        return StagingDisk::RemoveFile(file);
+    }
+    std::error_code RemoveFolder(const fs::path& folder) override {
+        Tell("remove", folder);
+        return StagingDisk::RemoveFolder(folder);
+    }
+
+    std::string told;
+
+  private:
+    std::error_code Tell(const std::string& what, const fs::path& path) {
+        told += what + " " + path.lexically_relative(m_folder).generic_string() + "\n";
+        return {};
+    }
+
+    const fs::path m_folder;
+};
+
+/// The record takes its place when all that it tells of is on the disk, and leaves it when the disk
+/// has the output.
+TEST(StagedOutput, GoesOnWhenTheDiskHasWhatCameBefore) {
+    const TempFolder folder;
+    const fs::path path = folder.PathOf("out");
+    Produce(path,
+            {
+                {"a.txt",    "old"},
+                {"gone.txt", "old"}
+    });
+    TellingDisk disk(path);
+    {
+        StagedOutput output(path, disk);
+        output.Begin();
+        WriteFiles(output.GetStagingFolder(),
+                   {
+                       {"a.txt",    "new"},
+                       {"nc/b.nc1", "new"}
+        });
+        disk.told.clear();
+        output.Commit();
+    }
+    EXPECT_EQ(disk.told,
+              "flush .camjob/staging/a.txt\nflush .camjob/staging/nc/b.nc1\n"
+              "flush .camjob/staging/nc\nflush .camjob/staging\n"
+              "flush .camjob/commit.new\nplace .camjob/commit\nflush .camjob\n"
+              "remove gone.txt\nplace a.txt\nplace nc/b.nc1\nflush nc\nflush .\n"
+              "place .camjob/output\nflush .camjob\nremove .camjob/staging\n");
+}
+
 struct Refusal {
     const char* name;
     void (*prepare)(const fs::path&);
@@ -211,6 +272,22 @@ TEST(StagedOutput, RefusesWhatItMustNotReplace) {
         for (const auto& entry : fs::directory_iterator(path))
             fs::permissions(entry.path(), fs::perms::owner_write, fs::perm_options::add);
     }
+}
+
+TEST(StagedOutput, RefusesRecordsOfAnythingButItsFiles) {
+    const TempFolder folder;
+    for (const char* name : {"", ".", "..", ".camjob", "../x", "x/..", "x/", "/x", "a/b/c", "a\\b"})
+        for (const char* word : {"file ", "removed "}) {
+            SCOPED_TRACE(word + std::string(name));
+            const fs::path path = FolderWithOldOutput(folder);
+            WriteFiles(path / ".camjob",
+                       {
+                           {"commit", std::string("camjob-output/1\n") + word + name + "\nend\n"}
+            });
+            const std::string failure = FailureOf([&] { Produce(path, kNew); });
+            EXPECT_NE(failure.find("this record of camjob is damaged"), std::string::npos);
+            EXPECT_EQ(ContentOf(path), WithForeign(kOld));
+        }
 }
 
 TEST(StagedOutput, AnOpenFileIsReplacedOrRefused) {
