@@ -103,6 +103,37 @@ TEST(Formats, WhatNoFileSaysIsNotForTheMachine) {
     EXPECT_EQ(folder.Read("made/j.m"), "slot\nnotch\n");
 }
 
+// A mitre, a trim, a countersink with its hole, and a mark that is too long for its column.
+TEST(Formats, WhatAFormatCannotSayIsRefused) {
+    const TempFolder folder;
+    folder.Write("f.toml",
+                 "[format]\nfixed_columns = true\n[[line]]\nfor = [\"member\"]\n"
+                 "text = [\"{mark:>3}\"]\n[[line]]\nfor = [\"hole\"]\ntext = [\"{kind}\"]\n");
+    const std::string blocks =
+        "BO\n  v 500 100 13\n  v 500 100s 26 3\n  v 600 100 18\nAK\n  v 0 0\n  900 0\n  900 200\n"
+        "  0 200\n  0 0\nSC\n  0 200 0 -1 -1 0\nEN\n";
+    folder.Write("1.nc1", nc::Header("P1", "Z200x2.0\n  SO", "1000") + blocks);
+    folder.Write("2.nc1", nc::Header("LONG", "Z200x2.0\n  SO", "1000") + "EN\n");
+    folder.Write("job.toml",
+                 "[job]\nnc_files = [\"*.nc1\"]\n[project]\nfile_name = \"j\"\n[[trim]]\n"
+                 "id = \"saw\"\ncode = \"W\"\n[[file]]\nid = \"m\"\nending = \".m\"\n"
+                 "format = \"f.toml\"\n[[group]]\nid = \"g\"\n"
+                 "files = [\"m\"]\n[uncovered_holes]\naction = \"accept\"\ncode = \"H\"\n"
+                 "[[member_type]]\nid = \"t\"\ngroup = \"g\"\n");
+    const CurrentFolder current(folder.PathOf("."));
+    const CamjobRun run = RunTool({"run", "job.toml", "--out", "made"});
+    EXPECT_EQ(run.exitCode, 1);
+    const std::string none = " Format \"f\" (f.toml): the format has no line for it: ";
+    ExpectParts(run.out,
+                {"1.nc1:23:" + none + "countersunk on web at (X:500.0, Y:100.0)",
+                 "1.nc1:24:" + none + "countersunk on web at (X:500.0, Y:100.0)",
+                 "1.nc1:27:" + none + "trim of the end side of web at 900.0",
+                 "1.nc1:33:" + none + "mitre at the start",
+                 "2.nc1:5: Format \"f\" (f.toml): {mark}: \"LONG\": it has 4 characters and its "
+                 "column 3 [unwritable by t, job line 18: required 3, found 4]"});
+    EXPECT_EQ(folder.Read("made/j.m"), "");
+}
+
 // Files of one name in two folders, whose marks are their paths.
 TEST(Formats, NcFilesAreNamedByWhatTellsPartsApart) {
     struct Case {

@@ -67,7 +67,7 @@ const Case kCases[] = {
      "mitre end=end face=web angle=-45.000\nmitre end=end face=web angle=-45.143\nmade=4 "},
     {"SawCutInTheMiddle", kZ, "1000", "SC\n  500 0 0 1 0 0\n", "unclear_cut 23\nrefused=1 "},
     {"SawCutThatPointsInwards", kZ, "1000", "SC\n  1000 0 0 -1 0 0\n", "unclear_cut 23\nrefused=1 "},
-    {"MitresThatLeaveNothing", kZ, "150", "SC\n  0 0 0 -1 -0.8 0\nSC\n  150 0 0 1 -0.6 0\n", "unclear_cut 23\nunclear_cut 25\nrefused=2 "},
+    {"MitresThatLeaveNothing", kZ, "150", "SC\n  0 0 0 -1 0.8 0\nSC\n  150 0 0 1 0.6 0\n", "unclear_cut 23\nunclear_cut 25\nrefused=2 "},
     {"SinkWithinTheTolerance", kZ, "1000", "BO\n  v 500 100 13\n  v 500.01 100s 26 6.5 0 0 90\n",
      "countersunk face=web x=500.000 y=100.000 diameter=13.000 depth=0.000 sink_diameter=26.000 sink_depth=6.500 sink_angle=90.000 code=\"K\"\nmade=2 "},
     {"SinkWithoutHole", kZ, "1000", "BO\n  v 500 100 13\n  v 510 100s 26 6.5 0 0 90\n", "lone_countersink 24\nrefused=1 not_made=1 "},
@@ -327,6 +327,19 @@ TEST(Ledger, FlangeFromItsZeroLine) {
     EXPECT_EQ(
         besides("KO\n  o 100 30\n"),
         "mark face=top_flange kind=punch x=100.000 y=-10.000 angle=0.000 height=0.000 points=\"100.000,-10.000\" text=\"\"\nnote 23\nmade=1 ");
+}
+
+TEST(Ledger, MarksFromAReversedZeroLine) {
+    const Ran ran(
+        {
+            {"1", nc::Header("P1", kZ, "1000") + "KO\n  u 500 10\nSI\n  u 600 20 30 10r P1\n"}
+    },
+        std::string(kJob) + "marks = true\nbottom_flange = { zero = 40.0, reversed = true }\n");
+    EXPECT_EQ(Show(ran),
+              "mark face=bottom_flange kind=punch x=500.000 y=30.000 angle=0.000 height=0.000 "
+              "points=\"500.000,30.000\" text=\"\"\n"
+              "mark face=bottom_flange kind=text x=600.000 y=20.000 angle=-30.000 height=10.000 "
+              "points=\"\" text=\"P1\"\nmade=2 ");
 }
 
 TEST(Ledger, WhatIsRefusedWithoutALineIsNoted) {

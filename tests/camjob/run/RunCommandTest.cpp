@@ -111,6 +111,31 @@ TEST(RunCommand, NamesTheFilesOfMembersWithErrors) {
                  "          3 no of parts are not used in any assemblies\n"});
 }
 
+// Of four pieces a bar and a remnant hold three; the next run has another remnant.
+TEST(RunCommand, TellsBarsInHandAndPiecesWithoutOne) {
+    const TempFolder folder;
+    folder.Write("job.toml",
+                 "[job]\nnc_files = [\"*.nc1\"]\n[project]\nfile_name = \"s\"\n[cutting]\n"
+                 "remnants = \"rest.csv\"\n[[stock]]\nprofile = \"Z2*\"\nlength = 6000\n"
+                 "quantity = 1\n[[group]]\nid = \"g\"\nnesting = true\n[[member_type]]\n"
+                 "id = \"t\"\ngroup = \"g\"\nreport = { no_bar = \"warning\" }\n");
+    std::string part = nc::Header("P1", "Z200x2.0\n  SO", "3000");
+    part.replace(part.find("\n  12\n"), 6, "\n  4\n");
+    folder.Write("1.nc1", part + "EN\n");
+    const auto runWith = [&](const std::string& remnant) {
+        folder.Write("rest.csv",
+                     "profile,material,length,quantity,name\r\nZ200x2.0,S350GD,3100,1," + remnant);
+        return RunJobFile(folder);
+    };
+    ExpectParts(runWith("R-7").out,
+                {"1 piece of Z200x2.0, S350GD has no bar, none is long enough or left: 1 of P1\n"});
+    ExpectParts(folder.Read("out/s-report.html"),
+                {"remnant R-7", "7.5 m; no bar is long enough or left for 1 of P1"});
+    ExpectParts(runWith("R-8").out,
+                {"bars of g  2, used 98.9 %, 1 piece without a bar  2, used 98.9 %, 1 piece "
+                 "without a bar, cut differently\n"});
+}
+
 TEST(RunCommand, GoesOnWithoutFilesThatTheJobLeavesOut) {
     const TempFolder folder;
     SampleJob job;

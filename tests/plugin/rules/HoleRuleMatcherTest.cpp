@@ -101,21 +101,28 @@ TEST(HoleRuleMatcher, NearestHasTheSameDiameterOrAlmost) {
     web30.diameters = {30, 60};
     HoleRule web22 = Rule(L"22");
     web22.diameters = {22};
+    HoleRule row40 = Rule(L"40 in a row");
+    row40.diameters = {40};
+    row40.backMarks = {20};
+    row40.otherFaceDistances = {140};
     struct {
         double size;
         std::string rule;
         std::wstring what;
+        std::optional<double> required;
     } const cases[] = {
-        {14, "14 on the flange", L"face"    },
-        {27, "30",               L"diameter"},
-        {19, "22",               L"diameter"},
+        {14, "14 on the flange", L"face",     {}},
+        {27, "30",               L"diameter", 30},
+        {19, "22",               L"diameter", 22},
+        {40, "40 in a row",      L"row",      60},
     };
-    const std::vector<HoleRule> rules = {web30, web22, flange14};
+    const std::vector<HoleRule> rules = {web30, web22, flange14, row40};
     for (const auto& row : cases) {
         const auto miss = HoleRuleMatcher(rules).FindNearest(WebHole(50, row.size));
         ASSERT_NE(miss.rule, nullptr);
         EXPECT_EQ(miss.rule->id.toUtf8(), row.rule);
         EXPECT_EQ(miss.what, row.what);
+        EXPECT_EQ(miss.required, row.required);
     }
 }
 
