@@ -92,12 +92,13 @@ void SolveExactly(const Task& task, Effort& effort, Answer& answer) {
         answer.bound = CostOf(task, answer.solution);
 }
 
-Answer SolveWithin(const Task& task, std::int64_t steps) {
+Answer SolveWithin(const Task& task, const Effort& usual) {
+    const std::int64_t steps = usual.GetLeft();
     const bool isLong = task.sizes.size() > kMaxSizesOfDive;
     const Count pieces = CountPieces(task);
     const std::int64_t base = isLong ? steps / kShareOfBase : 0;
-    Effort effort(base +
-                  steps / kPiecesOfSteps * (isLong ? pieces : std::max(pieces, kPiecesOfSteps)));
+    Effort effort = usual.Of(base + steps / kPiecesOfSteps *
+                                        (isLong ? pieces : std::max(pieces, kPiecesOfSteps)));
     Answer answer = AnswerQuickly(task, effort);
     if (task.sizes.size() > kMaxSizesOfChunks && !answer.IsLeast(task))
         ImproveCoarsely(task, effort, answer);
@@ -114,8 +115,8 @@ Answer SolveWithin(const Task& task, std::int64_t steps) {
 
 }  // namespace
 
-Plan MakeLeastPlan(const Demand& demand, const std::vector<Stock>& stocks, std::int64_t steps) {
-    return MakePlan(demand, stocks, [&](const Task& task) { return SolveWithin(task, steps); });
+Plan MakeLeastPlan(const Demand& demand, const std::vector<Stock>& stocks, const Effort& effort) {
+    return MakePlan(demand, stocks, [&](const Task& task) { return SolveWithin(task, effort); });
 }
 
 Plan MakeFirstFitPlan(const Demand& demand, const std::vector<Stock>& stocks) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "cutting/Effort.h"
 #include "cutting/Plan.h"
 
 #include <functional>
@@ -10,16 +11,16 @@ namespace cutting {
 /// Steps that a plan of some thousand pieces may take: about four seconds on one core.
 constexpr std::int64_t kDefaultSteps = 4'000'000'000;
 
-/// The plan that leaves the fewest pieces uncut, then costs least, as far as these steps reach (a
+/// The plan that leaves the fewest pieces uncut, then costs least, as far as this effort reaches (a
 /// long list gets more, in proportion); of those found that cost the same the one with the fewest
 /// patterns, then with the longest off-cut. The same on every system. Of lists of some tens
 /// of pieces all plans are tried, as far as that goes.
 Plan MakeLeastPlan(const Demand& demand,
                    const std::vector<Stock>& stocks,
-                   std::int64_t steps = kDefaultSteps);
+                   const Effort& effort = kDefaultSteps);
 
 /// What makes such plans.
-using Planner = std::function<Plan(const Demand&, const std::vector<Stock>&, std::int64_t steps)>;
+using Planner = std::function<Plan(const Demand&, const std::vector<Stock>&, const Effort&)>;
 
 /// The plan of first-fit-decreasing, for comparison. Without a bound.
 Plan MakeFirstFitPlan(const Demand& demand, const std::vector<Stock>& stocks);

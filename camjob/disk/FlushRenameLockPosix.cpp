@@ -29,11 +29,16 @@ std::error_code FlushFile(const std::filesystem::path& file) {
     return Flush(file, O_RDONLY);
 }
 
+#ifdef __linux__
+/// What fails is told when the file is flushed.
 void BeginFlush(const std::filesystem::path& file) {
     Flush(file, O_RDONLY, [](int descriptor) {
         return ::sync_file_range(descriptor, 0, 0, SYNC_FILE_RANGE_WRITE);
     });
 }
+#else
+void BeginFlush(const std::filesystem::path&) {}
+#endif
 
 std::error_code FlushFolder(const std::filesystem::path& folder) {
     return Flush(folder, O_RDONLY | O_DIRECTORY);

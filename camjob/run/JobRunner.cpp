@@ -72,7 +72,9 @@ void JobRunner::RunInFolder() {
     m_report.hasFinishedEarlierOutput = output.Recover();
     m_run = std::make_unique<plugin::JobRun>(m_job, folder);
     plugin::JobRun& run = *m_run;
-    run.SetPlanner(m_system.planLeast);
+    run.SetPlanner([this](const auto& demand, const auto& stocks, const cutting::Effort& effort) {
+        return m_system.planLeast(demand, stocks, effort.Until(m_system.isCancelled));
+    });
     run.SetThreads(m_options.threads);
     if (!PrepareProject(run) || !ReadInput(run))
         return;

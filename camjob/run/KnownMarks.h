@@ -15,7 +15,7 @@ namespace camjob {
 /// positions, each with half of the hash of its mark. A map has a chain of nodes there.
 class KnownMarks {
   public:
-    /// `most`: so many are added at most.
+    /// `most`: no more are added, for each needs a place.
     explicit KnownMarks(std::size_t most);
 
     /// Adds the mark of the next part. The position of the part that has it already, from 0 and in

@@ -27,7 +27,9 @@ struct RunOptions {
 /// What a run does not do itself; tests put something else in its place.
 struct RunSystem {
     StagingDisk& disk;
-    std::function<bool()> isCancelled;  ///< asked before each file is read and each member written
+    /// Asked before each file is read and each member written, and while a least plan is made, in
+    /// the thread that makes it; from the first yes on, yes.
+    std::function<bool()> isCancelled;
     cutting::Planner planLeast = &cutting::MakeLeastPlan;
     /// Why the output cannot go to a folder (UTF-8); "": it can. Null: it can go to any.
     std::function<std::string(const std::string& folder)> faultOfFolder = nullptr;

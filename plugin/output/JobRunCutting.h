@@ -39,7 +39,10 @@ class JobRun::Cutting {
 
     JobRun& m_run;
     const ZetString m_folder;
-    const unsigned m_threads;   ///< without one that has other work
+    const unsigned m_threads;  ///< without one that has other work
+    /// Bars in hand that one plan takes are not there for the next: no thread may begin it before
+    /// they are taken.
+    const bool m_isOneByOne;
     const Profiles m_profiles;  ///< positions of members, as they are written
     threads::ResultsInOrder<ProfilePlan> m_plans;
     FileFaults m_faults;

@@ -49,17 +49,17 @@ std::optional<std::size_t> JobRun::NumberOfPlan(const Member& member) {
         .first->second.number;
 }
 
-/// Bars in hand that one plan takes are not there for the next. A single profile is shared out
-/// itself.
+/// A single profile is shared out itself.
 JobRun::Cutting::Cutting(JobRun& run, ZetString folder, Begin begin)
     : m_run(run),
       m_folder(std::move(folder)),
       m_threads(begin == Begin::kAtOnce ? run.GetThreadsForMembers() - 1
                                         : run.GetThreadsForMembers()),
+      m_isOneByOne(run.m_bars.AreLimited()),
       m_profiles(ProfilesOf(run)),
       m_plans(
           m_profiles.size(),
-          run.m_bars.AreLimited() ? 1 : run.m_threads,
+          m_isOneByOne ? 1 : run.m_threads,
           [this](std::size_t profile) {
               return m_run.PlanFor(m_profiles[profile], m_profiles.size() == 1 ? m_threads : 1);
           },
@@ -98,10 +98,13 @@ void JobRun::Cutting::MakeAll() {
 }
 
 void JobRun::Cutting::Finish() {
-    const bool isBeside = m_cutting.valid();
-    if (isBeside && !m_run.m_bars.AreLimited())
-        m_plans.Help();
-    isBeside ? m_cutting.get() : Cut();
+    if (m_cutting.valid()) {
+        if (!m_isOneByOne)
+            m_plans.Help();
+        m_cutting.get();
+    } else {
+        Cut();
+    }
     m_run.m_faults.appendAll(m_faults);
     for (const ProfilePlan& plan : m_run.m_plans)
         m_run.TellUncut(plan);

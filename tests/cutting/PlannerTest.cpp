@@ -271,6 +271,20 @@ Count FirstFitPieceByPiece(Demand demand, const Stock& stock) {
     return static_cast<Count>(rooms.size());
 }
 
+TEST(PlannerRandomTest, EndsSoonWhenItIsStopped) {
+    RandomLists dice(30);
+    Demand demand;
+    for (int i = 0; i < 30; ++i)
+        demand.push_back({dice.Between(2500 * kMm, 7500 * kMm), dice.Between(1, 9)});
+    const std::vector<Stock> stocks = {MakeStock(12000, 3, 12), MakeStock(13500, 3, 13)};
+    int asked = 0;
+    const Effort::Question isStopped = [&] { return ++asked >= 3; };
+    const Plan plan = MakeLeastPlan(demand, stocks, Effort(100'000'000).Until(isStopped));
+    EXPECT_EQ(FindFaults(demand, stocks, plan), std::vector<std::string>());
+    EXPECT_GE(asked, 3);
+    EXPECT_LT(asked, 10);
+}
+
 TEST(FirstFitTest, FillsManyBarsAtATimeAsItWouldPieceByPiece) {
     RandomLists random(7);
     for (int i = 0; i < 2000; ++i) {

@@ -299,8 +299,8 @@ TEST(RunCommand, RefusesAWrongPlan) {
             err);
         return CamjobRun{code, out.GetText(), err.GetText()};
     };
-    const CamjobRun wrong = run([](const auto& demand, const auto& stocks, std::int64_t steps) {
-        cutting::Plan plan = cutting::MakeLeastPlan(demand, stocks, steps);
+    const CamjobRun wrong = run([](const auto& demand, const auto& stocks, const auto& effort) {
+        cutting::Plan plan = cutting::MakeLeastPlan(demand, stocks, effort);
         plan.bars.pop_back();
         return plan;
     });
