@@ -206,8 +206,9 @@ TEST_P(Accounts, AddUp) {
     for (const Json& note : silent.document["notes"])
         told.insert(note["line"].get<long>());
     for (const Json& feature : silent.document["members"][0]["features"])
-        if (feature["account"] == "refused" || feature["account"] == "set_aside")
+        if (feature["account"] == "refused" || feature["account"] == "set_aside") {
             EXPECT_TRUE(told.contains(feature["line"].get<long>())) << feature;
+        }
 }
 
 INSTANTIATE_TEST_SUITE_P(Ledger, Accounts, ::testing::ValuesIn(kCases), [](const auto& row) {
