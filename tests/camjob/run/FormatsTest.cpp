@@ -73,20 +73,21 @@ TEST(Formats, FacesAreMirroredWhereTheyEnd) {
     }
 }
 
-// A countersink with its hole, which is there twice, and another hole. Of an outline the trim has no
-// line, but its notch has.
+// A countersink with its hole, which is there twice, and another hole. Of an outline the trim has
+// no line, but its notch has.
 TEST(Formats, WhatNoFileSaysIsNotForTheMachine) {
     const TempFolder folder;
-    folder.Write("f.toml",
-                 "[[line]]\nfor = [\"hole\", \"countersunk\", \"trim\"]\ntext = []\n[[line]]\nfor = "
-                 "[\"slot\", \"notch\"]\ntext = [\"{kind}\"]\n");
+    folder.Write(
+        "f.toml",
+        "[[line]]\nfor = [\"hole\", \"countersunk\", \"trim\"]\ntext = []\n[[line]]\nfor = "
+        "[\"slot\", \"notch\"]\ntext = [\"{kind} {number}\"]\n");
     folder.Write("part.nc1",
                  nc::Header("P1", "Z200x2.0\n  SO", "1000") +
                      "BO\n  v 500 100 13\n  v 500 100s 26 3\n  v 500 100 13\n  v 600 100 18\n"
                      "  v 700 100 18 0l 20 0 0\nAK\n  v 0 0\n  900 0\n  900 150\n  850 150\n"
                      "  850 200\n  0 200\n  0 0\nEN\n");
     folder.Write("job.toml",
-                 "[job]\nnc_files = [\"part.nc1\"]\n[project]\nfile_name = \"j\"\n"
+                 "[job]\nnc_files = [\"part.nc1\"]\n[project]\nfile_name = \"j\"\nnumber = \"26\"\n"
                  "[uncovered_notches]\naction = \"accept\"\ncode = \"N\"\n"
                  "[[trim]]\nid = \"saw\"\ncode = \"W\"\n[[file]]\n"
                  "id = \"m\"\nending = \".m\"\nformat = \"f.toml\"\n[[group]]\nid = \"g\"\n"
@@ -100,7 +101,7 @@ TEST(Formats, WhatNoFileSaysIsNotForTheMachine) {
         {"\"accounts\":{\"made\":2,\"refused\":0,\"not_made\":0,\"set_aside\":1,\"noted\":0,"
          "\"not_for_machine\":3}",
          "not for this machine: 3 features; "});
-    EXPECT_EQ(folder.Read("made/j.m"), "slot\nnotch\n");
+    EXPECT_EQ(folder.Read("made/j.m"), "slot 26\nnotch 26\n");
 }
 
 // A mitre, a trim, a countersink with its hole, and a mark that is too long for its column.

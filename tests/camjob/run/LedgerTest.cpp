@@ -205,6 +205,9 @@ TEST_P(Accounts, AddUp) {
     std::set<long> told;
     for (const Json& note : silent.document["notes"])
         told.insert(note["line"].get<long>());
+    const Json& input = silent.document["input"];
+    EXPECT_EQ(silent.document["notes"].size(),
+              input["notes"].get<std::size_t>() + input["warnings"].get<std::size_t>());
     for (const Json& feature : silent.document["members"][0]["features"])
         if (feature["account"] == "refused" || feature["account"] == "set_aside") {
             EXPECT_TRUE(told.contains(feature["line"].get<long>())) << feature;
