@@ -31,11 +31,11 @@ std::size_t OrderedWork::WindowOf(unsigned threads) {
 }
 
 void OrderedWork::Start(unsigned threads, Taker taker) {
-    const std::size_t others = taker == Taker::kIsHelped ? 2 : 1;
-    const std::size_t useful = std::min<std::size_t>(threads, m_count + others - 1);
+    const std::size_t ofCaller = taker == Taker::kIsHelped ? 2 : 1;
     try {
-        m_threads.reserve(useful);
-        while (m_threads.size() + others < useful)
+        m_threads.reserve(std::min<std::size_t>(threads, m_count));
+        // The taking thread does a piece, too.
+        while (m_threads.size() + ofCaller < threads && m_threads.size() + 1 < m_count)
             m_threads.emplace_back([this] { Help(); });
     } catch (const std::exception&) {
         // The taking thread does alone what nobody helps with.

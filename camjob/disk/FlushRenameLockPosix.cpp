@@ -14,11 +14,11 @@ std::error_code LastError() {
     return {errno, std::generic_category()};
 }
 
-std::error_code Flush(const std::filesystem::path& path, int flags, int (*flush)(int) = ::fsync) {
+std::error_code OnFile(const std::filesystem::path& path, int flags, int (*call)(int)) {
     const int file = ::open(path.c_str(), flags | O_CLOEXEC);
     if (file < 0)
         return LastError();
-    const std::error_code error = flush(file) == 0 ? std::error_code() : LastError();
+    const std::error_code error = call(file) == 0 ? std::error_code() : LastError();
     ::close(file);
     return error;
 }
@@ -26,13 +26,13 @@ std::error_code Flush(const std::filesystem::path& path, int flags, int (*flush)
 }  // namespace
 
 std::error_code FlushFile(const std::filesystem::path& file) {
-    return Flush(file, O_RDONLY);
+    return OnFile(file, O_RDONLY, ::fsync);
 }
 
 #ifdef __linux__
 /// What fails is told when the file is flushed.
 void BeginFlush(const std::filesystem::path& file) {
-    Flush(file, O_RDONLY, [](int descriptor) {
+    OnFile(file, O_RDONLY, [](int descriptor) {
         return ::sync_file_range(descriptor, 0, 0, SYNC_FILE_RANGE_WRITE);
     });
 }
@@ -41,7 +41,7 @@ void BeginFlush(const std::filesystem::path&) {}
 #endif
 
 std::error_code FlushFolder(const std::filesystem::path& folder) {
-    return Flush(folder, O_RDONLY | O_DIRECTORY);
+    return OnFile(folder, O_RDONLY | O_DIRECTORY, ::fsync);
 }
 
 std::error_code RenameOver(const std::filesystem::path& from, const std::filesystem::path& to) {

@@ -58,7 +58,7 @@ class JobRunner {
     void TakeMembers(plugin::JobRun& run);
     void TakeSums(const plugin::JobRun& run);
     /// By position.
-    void TakeMembers(plugin::JobRun& run, std::size_t begin, std::size_t end);
+    void TakeShare(plugin::JobRun& run, std::size_t begin, std::size_t end);
     bool AddsUp();
     void TakeResults(plugin::JobRun& run, const std::filesystem::path& staging);
     std::vector<std::filesystem::path> FileNames(const ZetString& fileName) const;

@@ -73,7 +73,7 @@ void JobRunner::TakeMembers(plugin::JobRun& run) {
     std::vector<std::function<void()>> pieces = {[&] { TakeSums(run); }};
     for (std::size_t share = 0; share < shares; ++share)
         pieces.emplace_back(
-            [&, share] { TakeMembers(run, count * share / shares, count * (share + 1) / shares); });
+            [&, share] { TakeShare(run, count * share / shares, count * (share + 1) / shares); });
     threads::DoAll(pieces, threads);
 }
 
@@ -83,7 +83,7 @@ void JobRunner::TakeSums(const plugin::JobRun& run) {
     m_report.profiles = run.GetProfileResults();
 }
 
-void JobRunner::TakeMembers(plugin::JobRun& run, std::size_t begin, std::size_t end) {
+void JobRunner::TakeShare(plugin::JobRun& run, std::size_t begin, std::size_t end) {
     for (std::size_t i = begin; i < end; ++i) {
         RunMember& member = m_report.members[i];
         member.result = run.TakeMemberResult(i);

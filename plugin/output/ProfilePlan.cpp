@@ -51,8 +51,8 @@ cutting::Stock StockOf(const BarStock& stock, PlanUnit unit) {
 
 // ---- the library's plan -------------------------------------------------------------------------
 
-/// A mark that stands for a position, and back: the digits of a number to a large base. So few
-/// characters need no memory beside the text.
+/// A mark that stands for a position, and back: the digits of a number to a large base, the lowest
+/// first; position 0 has none. So few characters need no memory beside the text.
 constexpr std::size_t kBase = 0x4000;
 constexpr wchar_t kDigitZero = 0x4000;  ///< neither it nor a digit is half of a character
 
