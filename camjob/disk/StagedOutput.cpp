@@ -6,7 +6,6 @@
 #include <algorithm>
 #include <new>
 #include <set>
-#include <sstream>
 #include <string_view>
 #include <utility>
 
@@ -73,11 +72,20 @@ std::string LinesOf(const char* word, const std::vector<std::string>& names) {
     return lines;
 }
 
+/// The first line of a text, which loses it. A stream would tell of memory that ends as of a line
+/// that is not there.
+std::string_view TakeLine(std::string_view& text) {
+    const std::size_t end = text.find('\n');
+    const std::string_view line = text.substr(0, end);
+    text.remove_prefix(end == std::string_view::npos ? text.size() : end + 1);
+    return line;
+}
+
 /// Adds the name on a line that begins with the word.
-bool TakeName(const std::string& line, const std::string& word, std::vector<std::string>& names) {
+bool TakeName(std::string_view line, std::string_view word, std::vector<std::string>& names) {
     if (!line.starts_with(word) || !IsOutputName(line.substr(word.size())))
         return false;
-    names.push_back(line.substr(word.size()));
+    names.emplace_back(line.substr(word.size()));
     return true;
 }
 
@@ -346,10 +354,10 @@ StagedOutput::Record StagedOutput::ReadRecord(const fs::path& file) const {
     std::string bytes;
     Check(m_disk.ReadFile(file, bytes), file, "this record of camjob cannot be read");
     Record record;
-    std::istringstream stream(bytes);
-    std::string line;
-    bool isSound = std::getline(stream, line) && line == kRecordBegin;
-    while (isSound && std::getline(stream, line) && line != kRecordEnd)
+    std::string_view left = bytes;
+    std::string_view line = TakeLine(left);
+    bool isSound = line == kRecordBegin;
+    while (isSound && !left.empty() && (line = TakeLine(left)) != kRecordEnd)
         isSound = TakeName(line, kPlacedWord, record.placed) ||
                   TakeName(line, kRemovedWord, record.removed);
     if (!isSound || line != kRecordEnd)
