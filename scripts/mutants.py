@@ -374,6 +374,9 @@ def main():
     options = parser.parse_args()
     if options.count is None and options.again is None:
         parser.error("COUNT or --again")
+    for place in options.places:
+        if pathlib.Path(place).parts[0] not in ROOMS or not (TOP / place).exists():
+            parser.error(f"{place} is none of the sources of {', '.join(ROOMS)}")
     signal.signal(signal.SIGTERM, signal.default_int_handler)
     sys.exit(0 if Planting(chosen(options), options.count).run(options.jobs) else 1)
 

@@ -93,15 +93,19 @@ TEST(RunCommand, RefusesFaultyInputWithAllFaultsAndWritesNothing) {
     }
 }
 
+/// A header that tells 12 pieces, with another number.
+std::string WithQuantity(const std::string& quantity, std::string header) {
+    return header.replace(header.find("\n  12\n"), 6, "\n  " + quantity + "\n");
+}
+
 TEST(RunCommand, NamesTheFilesOfMembersWithErrors) {
     const TempFolder folder;
     SampleJob job;
     job.reports = "sources = true\n";
     job.Write(folder);
     // More of the single part than its main part takes.
-    const std::string part = nc::Header("C1", "C100x1.5\n  C", "900.00");
     folder.Write("nc/2.nc1",
-                 std::string(part).replace(part.find("\n  12\n"), 6, "\n  15\n") + "EN\n");
+                 WithQuantity("15", nc::Header("C1", "C100x1.5\n  C", "900.00")) + "EN\n");
     EXPECT_EQ(RunJobFile(folder).exitCode, 1);
     ExpectParts(folder.Read("out/s-errors.txt"),
                 {"Part Number = L1\n          NC file    = ", "/nc/4.nc1\n          Section "});
@@ -119,9 +123,7 @@ TEST(RunCommand, TellsBarsInHandAndPiecesWithoutOne) {
                  "remnants = \"rest.csv\"\n[[stock]]\nprofile = \"Z2*\"\nlength = 6000\n"
                  "quantity = 1\n[[group]]\nid = \"g\"\nnesting = true\n[[member_type]]\n"
                  "id = \"t\"\ngroup = \"g\"\nreport = { no_bar = \"warning\" }\n");
-    std::string part = nc::Header("P1", "Z200x2.0\n  SO", "3000");
-    part.replace(part.find("\n  12\n"), 6, "\n  4\n");
-    folder.Write("1.nc1", part + "EN\n");
+    folder.Write("1.nc1", WithQuantity("4", nc::Header("P1", "Z200x2.0\n  SO", "3000")) + "EN\n");
     const auto runWith = [&](const std::string& remnant) {
         folder.Write("rest.csv",
                      "profile,material,length,quantity,name\r\nZ200x2.0,S350GD,3100,1," + remnant);

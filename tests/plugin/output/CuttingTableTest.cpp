@@ -122,6 +122,14 @@ struct Case {
     long bars;
 };
 
+/// The names of its files begin with "job".
+job::Job NestedJob() {
+    job::Job job = SampleJob();
+    job.project.fileName = L"job";
+    job.groups[job::kFirstOwnGroup].isNested = true;
+    return job;
+}
+
 struct Member {
     const wchar_t* mark;
     const wchar_t* profile;
@@ -146,9 +154,7 @@ class CuttingTable : public ::testing::TestWithParam<Case> {};
 TEST_P(CuttingTable, IsAPlanOfItself) {
     const Case& tested = GetParam();
     TempFolder folder;
-    job::Job job = SampleJob();
-    job.project.fileName = L"job";
-    job.groups[job::kFirstOwnGroup].isNested = true;
+    job::Job job = NestedJob();
     job.groups[job::kFirstOwnGroup].plan = tested.plan;
     job.stocks = tested.stocks;
     const std::vector<Member> members = {
@@ -211,8 +217,7 @@ INSTANTIATE_TEST_SUITE_P(Plans,
                          [](const auto& tested) { return std::string(tested.param.name); });
 
 TEST(CuttingPlans, GivenIsRefusedForOtherBarsThanTheLibraryKnows) {
-    job::Job job = SampleJob();
-    job.groups[job::kFirstOwnGroup].isNested = true;
+    job::Job job = NestedJob();
     job.groups[job::kFirstOwnGroup].plan = job::BarPlan::kGiven;
     Part part(L"A");
     for (const auto& [stock, isRefused] : std::vector<std::pair<job::Stock, bool>>{
@@ -231,13 +236,11 @@ TEST(CuttingPlans, GivenIsRefusedForOtherBarsThanTheLibraryKnows) {
 /// cut is told. An off-cut below 500 is not kept; the grip is still on one that is.
 TEST(CuttingPlans, LimitedBarsAreTakenOnce) {
     TempFolder folder;
-    job::Job job = SampleJob();
-    job.project.fileName = L"job";
+    job::Job job = NestedJob();
     for (job::OutputFile& file : job.files)
         file.hasProjectHeader = false;
     job.files[job::kOrderFile].lineEnds = job::LineEnds::kCrLf;
     job.memberTypes[0].reports[job::kLongerThanStock] = eReportingWarning;
-    job.groups[job::kFirstOwnGroup].isNested = true;
     job.groups[job::kFirstOwnGroup].sortKeys = {eSortMark};
     job.cutting.remnants = "rest.csv";
     job.remnants = {
@@ -273,9 +276,7 @@ TEST(CuttingPlans, LimitedBarsAreTakenOnce) {
 /// Other ways to cut are only told where they cut every piece, and a plan that lacks bars is
 /// compared with none.
 TEST(CuttingPlans, OnlyWholePlansAreCompared) {
-    job::Job job = SampleJob();
-    job.project.fileName = L"job";
-    job.groups[job::kFirstOwnGroup].isNested = true;
+    job::Job job = NestedJob();
     for (const auto& [shortBars, uncut] : std::vector<std::pair<long, const wchar_t*>>{
              {2, L""      },
              {0, L"2 of A"}
@@ -299,9 +300,7 @@ TEST(CuttingPlans, OnlyWholePlansAreCompared) {
 
 TEST(CuttingPlans, APieceLongerThanTheLongestStockIsAFinding) {
     TempFolder folder;
-    job::Job job = SampleJob();
-    job.project.fileName = L"job";
-    job.groups[job::kFirstOwnGroup].isNested = true;
+    job::Job job = NestedJob();
     job.stocks = {MakeStock(6000, 3), MakeStock(3000, 3)};
     Part fits(L"A"), tooLong(L"B");
     plugin::JobRun run(job, folder.PathOf(""));
